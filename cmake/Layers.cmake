@@ -1,0 +1,41 @@
+# The layers of the house. Each is a static library that links what its row says and nothing else.
+# The rows are also written to layers.txt in the build folder, against which a test compares the
+# #include lines: all layers share one include root, so the compiler alone would let them pass.
+
+if(MSVC)
+  set(TOPICSMITH_WARNINGS /W4 /WX)
+else()
+  set(TOPICSMITH_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
+                          -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual
+                          -Wnull-dereference -Wdouble-promotion -Wformat=2 -Werror)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    # GCC bug 105651: a short literal assigned to a std::string sets it off.
+    list(APPEND TOPICSMITH_WARNINGS -Wno-restrict)
+  endif()
+  if(TOPICSMITH_SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # The sanitizers' own branches mislead this warning.
+    list(APPEND TOPICSMITH_WARNINGS -Wno-null-dereference)
+  endif()
+endif()
+
+set(TOPICSMITH_LAYER_ROWS ${CMAKE_BINARY_DIR}/layers.txt)
+file(WRITE ${TOPICSMITH_LAYER_ROWS} "")
+
+# add_layer(NAME SOURCES file... [USES layer...] [FOLDER folder])
+# The target is called topicsmith_NAME. FOLDER is given where a folder of src/ holds more than one
+# library.
+function(add_layer name)
+  cmake_parse_arguments(LAYER "" "FOLDER" "SOURCES;USES" ${ARGN})
+  if(NOT LAYER_FOLDER)
+    set(LAYER_FOLDER ${name})
+  endif()
+  list(TRANSFORM LAYER_SOURCES PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/${LAYER_FOLDER}/)
+  add_library(topicsmith_${name} STATIC ${LAYER_SOURCES})
+  target_include_directories(topicsmith_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_compile_options(topicsmith_${name} PRIVATE ${TOPICSMITH_WARNINGS})
+  foreach(used IN LISTS LAYER_USES)
+    target_link_libraries(topicsmith_${name} PUBLIC topicsmith_${used})
+  endforeach()
+  list(JOIN LAYER_USES " " uses)
+  file(APPEND ${TOPICSMITH_LAYER_ROWS} "${LAYER_FOLDER}: ${LAYER_FOLDER} ${uses}\n")
+endfunction()

@@ -1,0 +1,36 @@
+# What the scripts share. Sourced, not run.
+
+step() { printf '\n== %s\n' "$*"; }
+
+# need PACKAGE...: installs those of the Debian packages that are missing.
+need() {
+    local missing=() package status
+    for package in "$@"; do
+        status=$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) || true
+        [ "$status" = installed ] || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    step "installing ${missing[*]}"
+    local root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || {
+            echo "These packages are missing, and there is no sudo to install them: ${missing[*]}" >&2
+            return 1
+        }
+        root=(sudo)
+    fi
+    "${root[@]}" apt-get update -q
+    "${root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -q -y --no-install-recommends "${missing[@]}"
+}
+
+BUILD_PACKAGES=(g++ cmake ninja-build)
+
+# build PRESET [TARGET...]: configures and builds, saying little.
+build() {
+    local preset=$1
+    shift
+    step "building ($preset)"
+    cmake --preset "$preset" >/dev/null
+    cmake --build --preset "$preset" ${1:+--target "$@"}
+}

@@ -1,0 +1,178 @@
+#include <algorithm>
+#include <string>
+
+#include "app/Batch.h"
+#include "generate/Documentation.h"
+#include "generate/GeneratedFile.h"
+#include "generate/GenerationRun.h"
+#include "model/Helper.h"
+#include "model/ProjectFile.h"
+
+namespace app {
+namespace {
+
+namespace fs = std::filesystem;
+using model::Project;
+
+constexpr const char* helpTitle = "Generate Help Files";
+constexpr const char* documentationTitle = "Generate Documentation";
+
+/// A person's path, made independent of the current folder. "." and ".." are resolved, on the
+/// disk, where links count; a link in the file's own place stays.
+fs::path fullPath(const fs::path& path) {
+    const fs::path absolute = fs::absolute(path);
+    if (absolute == absolute.lexically_normal()) {
+        return absolute;
+    }
+    std::error_code error;
+    const fs::path folder = fs::weakly_canonical(absolute.parent_path(), error);
+    return error ? absolute : folder / absolute.filename();
+}
+
+/// Loads a project that can be worked with; otherwise says why not. A project that was cut or has
+/// too many topics is refused: a script must not go on with a part of it.
+bool loadWhole(BatchSession& session, const fs::path& path, Project& project) {
+    if (!fs::exists(path)) {
+        session.console.message(model::fileNotFoundMessage(path));
+        return false;
+    }
+    const model::LoadOutcome outcome = model::loadProject(project, fullPath(path));
+    if (outcome.readError) {
+        session.console.failure("Error", path, outcome.readError.message());
+        return false;
+    }
+    if (const auto message = model::messageFor(outcome.stop)) {
+        session.console.message(*message);
+        return false;
+    }
+    if (outcome.stop != model::LoadStop::none) {
+        session.console.failure("Error", path, "the file ends before its first topic");
+        return false;
+    }
+    return true;
+}
+
+/// Where a command is to write: a file path with an extension, in a folder that exists. Says why
+/// when there can be no such file, or when it would take the project's own place.
+bool prepareOutput(BatchSession& session, const char* title, const char* extension,
+                   const fs::path& project, fs::path& output) {
+    if (output.filename().empty() || fs::is_directory(output)) {
+        session.console.failure(title, output, "names a folder, not a file");
+        return false;
+    }
+    if (!output.has_extension()) {
+        output += extension;
+    }
+    std::error_code error;
+    fs::create_directories(fs::absolute(output).parent_path(), error);
+    if (error) {
+        session.console.failure(title, output.parent_path(), error.message());
+        return false;
+    }
+    output = fullPath(output);
+    if (fs::equivalent(output, project, error)) {
+        session.console.failure(title, output, "is the project itself");
+        return false;
+    }
+    return true;
+}
+
+/// The generated files that lie beside the workshop project must neither be that file nor the
+/// help project.
+bool workshopNamesDiffer(BatchSession& session, const fs::path& workshopFile,
+                         const fs::path& project) {
+    for (const char* extension : {"hhc", "hhk"}) {
+        const fs::path sibling = generate::siblingFile(workshopFile, extension);
+        std::error_code error;
+        if (sibling == workshopFile || fs::equivalent(sibling, project, error)) {
+            session.console.failure(helpTitle, sibling,
+                                    "is the name of a generated file; choose another output");
+            return false;
+        }
+    }
+    return true;
+}
+
+/// True, and said so, when the project has no topics.
+bool isEmpty(BatchSession& session, const Project& project, const char* title) {
+    const auto message = generate::nothingToGenerate(project, title);
+    if (message) {
+        session.console.message(*message);
+    }
+    return message.has_value();
+}
+
+ExitCode runGenerate(BatchSession& session, const Arguments& arguments) {
+    fs::path output = arguments[1];
+    Project project;
+    if (!loadWhole(session, arguments[0], project) || isEmpty(session, project, helpTitle)
+        || !prepareOutput(session, helpTitle, ".hhp", project.projectPath(), output)
+        || !workshopNamesDiffer(session, output, project.projectPath())) {
+        return exitFailed;
+    }
+    const auto save = [&project] { return model::saveProject(project, project.projectPath()); };
+    const generate::GenerationReport report =
+        generate::generateHelp(project, {output, session.programFolder, save, {}});
+    session.console.result(report.text);
+    session.console.failures(helpTitle, report.failures);
+    return report.failures.empty() ? exitDone : exitFailed;
+}
+
+ExitCode runDocument(BatchSession& session, const Arguments& arguments) {
+    fs::path output = arguments[1];
+    Project project;
+    if (!loadWhole(session, arguments[0], project) || isEmpty(session, project, documentationTitle)
+        || !prepareOutput(session, documentationTitle, ".htm", project.projectPath(), output)) {
+        return exitFailed;
+    }
+    const generate::FileFailures failures = generate::generateDocumentation(
+        project.outline(), project.options(), output, project.projectPath().parent_path());
+    session.console.failures(documentationTitle, failures);
+    session.console.message(generate::documentationComplete());
+    return failures.empty() ? exitDone : exitFailed;
+}
+
+ExitCode runInfo(BatchSession& session, const Arguments& arguments) {
+    Project project;
+    if (!loadWhole(session, arguments[0], project)) {
+        return exitFailed;
+    }
+    const auto& topics = project.outline();
+    int deepest = 0;
+    for (const model::Topic& topic : topics) {
+        deepest = std::max(deepest, model::levelDepth(topic.level));
+    }
+    const auto fact = [&session](const char* name, std::ptrdiff_t number) {
+        session.console.result(name + std::to_string(number));
+    };
+    const auto topicsWith = [&topics](auto condition) {
+        return std::count_if(topics.begin(), topics.end(), condition);
+    };
+    const std::ptrdiff_t empty =
+        topicsWith([](const model::Topic& topic) { return topic.body.empty(); });
+    session.console.result("Name: " + project.options().projectName);
+    fact("Topics: ", topics.count());
+    fact("Levels: ", deepest);
+    fact("Bodies: ", topics.count() - empty);
+    fact("Empty topics: ", empty);
+    fact("Contexts: ",
+         topicsWith([](const model::Topic& topic) { return !topic.contextId.empty(); }));
+    return exitDone;
+}
+
+constexpr BatchCommand commands[] = {
+    {"generate", "PROJECT.tsp OUTPUT.hhp",
+     "Writes the help workshop's sources, saves the project, prints the report.", 2, 2,
+     runGenerate},
+    {"document", "PROJECT.tsp OUTPUT.htm", "Writes the whole outline as one HTML page.", 2, 2,
+     runDocument},
+    {"info", "PROJECT.tsp", "Prints facts about a project, one a line.", 1, 1, runInfo},
+};
+
+} // namespace
+
+std::span<const BatchCommand> batchCommands() {
+    return commands;
+}
+
+} // namespace app

@@ -1,0 +1,125 @@
+#include "generate/BodyLinks.h"
+
+#include <algorithm>
+
+namespace generate {
+
+using model::Text;
+using model::TextView;
+
+namespace {
+
+constexpr TextView linkStart = "<a href='";
+constexpr TextView linkEnd = "</a>";
+constexpr TextView pageLinkStart = R"(<a href='..\html\)";
+constexpr TextView imageStart = "<img src='";
+constexpr TextView projectImageStart = R"(<img src='..\images\)";
+
+/// Walks once over a body, copying what it passes to the output; handlers take over at each tag.
+class BodyCopier {
+public:
+    BodyCopier(Text& out, TextView body) : out_(out), rest_(body) {}
+
+    /// Copies up to the next "<"; false at the end of the body.
+    bool copyToTag() {
+        copy(std::min(rest_.find('<'), rest_.size()));
+        return !rest_.empty();
+    }
+
+    TextView rest() const { return rest_; }
+    bool at(TextView tag) const { return rest_.substr(0, tag.size()) == tag; }
+    void put(TextView text) { out_ += text; }
+    void skip(std::size_t length) { rest_.remove_prefix(length); }
+    void copy(std::size_t length) {
+        put(rest_.substr(0, length));
+        skip(length);
+    }
+
+private:
+    Text& out_;
+    TextView rest_;
+};
+
+/// "<a href='..\html\setup.htm'" becomes "<a href='#setup'".
+void turnIntoAnchorLink(BodyCopier& copier) {
+    constexpr TextView extension = ".htm";
+    copier.put(linkStart);
+    copier.put("#");
+    copier.skip(pageLinkStart.size());
+    const std::size_t quote = copier.rest().find('\'');
+    if (quote == TextView::npos) {
+        return;
+    }
+    const TextView page = copier.rest().substr(0, quote);
+    const bool isWholePage =
+        page.size() >= extension.size()
+        && model::equalIgnoringCase(page.substr(page.size() - extension.size()), extension);
+    copier.copy(isWholePage ? quote - extension.size() : quote);
+    copier.skip(isWholePage ? extension.size() : 0);
+}
+
+/// Takes the tags of links away; each opening tag takes one closing tag with it.
+class LinkRemover {
+public:
+    /// Handles the tag that the copier stands at; false when it is none of a link's.
+    bool handle(BodyCopier& copier) {
+        if (copier.at(linkStart) && !noTagEndLeft_) {
+            constexpr TextView tagEnd = "'>";
+            const std::size_t end = copier.rest().find(tagEnd, linkStart.size());
+            noTagEndLeft_ = end == TextView::npos;
+            if (noTagEndLeft_) {
+                return false;
+            }
+            copier.skip(end + tagEnd.size());
+            ++openLinks_;
+            return true;
+        }
+        if (copier.at(linkEnd) && openLinks_ > 0) {
+            copier.skip(linkEnd.size());
+            --openLinks_;
+            return true;
+        }
+        return false;
+    }
+
+private:
+    int openLinks_ = 0;
+    bool noTagEndLeft_ = false; ///< found once, so that damaged bodies are not searched again
+};
+
+} // namespace
+
+LinkCounts countLinks(TextView body) {
+    LinkCounts counts;
+    for (std::size_t at = body.find('<'); at != TextView::npos; at = body.find('<', at + 1)) {
+        if (!model::startsWithIgnoringCase(body.substr(at), linkStart)) {
+            continue;
+        }
+        const bool web = model::startsWithIgnoringCase(body.substr(at + linkStart.size()), "http");
+        ++(web ? counts.web : counts.pages);
+    }
+    return counts;
+}
+
+bool holdsImage(TextView body) {
+    return body.find(imageStart) != TextView::npos;
+}
+
+void appendDocumentationBody(Text& out, TextView body, TextView imageFolder, PageLinks links) {
+    BodyCopier copier(out, body);
+    LinkRemover remover;
+    while (copier.copyToTag()) {
+        if (copier.at(projectImageStart)) {
+            constexpr TextView parentFolder = "..";
+            copier.copy(imageStart.size());
+            copier.skip(parentFolder.size());
+            copier.put(imageFolder);
+        } else if (links == PageLinks::toAnchors && copier.at(pageLinkStart)) {
+            turnIntoAnchorLink(copier);
+        } else if (links == PageLinks::toAnchors || !remover.handle(copier)) {
+            copier.copy(1);
+        }
+    }
+}
+
+} // namespace generate

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "generate/FileFailure.h"
+#include "model/Message.h"
+#include "model/ProjectOptions.h"
+#include "model/TopicOutline.h"
+
+namespace generate {
+
+/// The whole outline as one HTML page. `imageFolder` is the folder whose images folder the page
+/// takes its pictures from: an absolute path without a slash at its end.
+model::Text documentationPage(const model::TopicOutline& outline,
+                              const model::ProjectOptions& options, model::TextView imageFolder);
+
+/// Writes that page; a failure is noted, and the command counts as complete all the same.
+FileFailures generateDocumentation(const model::TopicOutline& outline,
+                                   const model::ProjectOptions& options,
+                                   const std::filesystem::path& file,
+                                   const std::filesystem::path& imageFolder);
+
+/// Said at the end of the command.
+model::Message documentationComplete();
+
+} // namespace generate

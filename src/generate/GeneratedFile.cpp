@@ -1,0 +1,27 @@
+#include "generate/GeneratedFile.h"
+
+#include "platform/Files.h"
+
+namespace generate {
+
+namespace fs = std::filesystem;
+
+fs::path siblingFile(const fs::path& path, std::string_view extension) {
+    std::u8string name = path.filename().u8string();
+    name.erase(std::min(name.find(u8'.'), name.size()));
+    name += u8'.';
+    name.append(extension.begin(), extension.end());
+    return path.parent_path() / name;
+}
+
+void noteFailure(FileFailures& failures, const fs::path& path, const std::error_code& error) {
+    if (error) {
+        failures.push_back({path, error.message()});
+    }
+}
+
+void writeGenerated(const fs::path& path, model::TextView contents, FileFailures& failures) {
+    noteFailure(failures, path, platform::writeFile(path, contents));
+}
+
+} // namespace generate

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string_view>
+#include <system_error>
+
+#include "generate/FileFailure.h"
+#include "model/Text.h"
+
+namespace generate {
+
+/// A file beside `path`. Its name is that of `path` up to and including the first point, followed
+/// by `extension`: my.help.hhp and "chm" give my.chm. A name without a point gets one.
+std::filesystem::path siblingFile(const std::filesystem::path& path, std::string_view extension);
+
+/// Notes a failure; does nothing for a success.
+void noteFailure(FileFailures& failures, const std::filesystem::path& path,
+                 const std::error_code& error);
+
+/// Writes a file that can be made again, noting a failure.
+void writeGenerated(const std::filesystem::path& path, model::TextView contents,
+                    FileFailures& failures);
+
+} // namespace generate

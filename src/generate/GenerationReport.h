@@ -1,0 +1,16 @@
+#pragma once
+
+#include "generate/FileFailure.h"
+#include "generate/TopicPage.h"
+
+namespace generate {
+
+/// What a generation run has to say.
+struct GenerationReport {
+    model::Text text; ///< as shown to the author; no line break at its end
+    PageCounts pages;
+    int contexts = 0; ///< topics that an application can call up
+    FileFailures failures;
+};
+
+} // namespace generate

@@ -1,0 +1,179 @@
+#include "generate/GenerationRun.h"
+
+#include <algorithm>
+#include <string>
+
+#include "generate/ContentsFile.h"
+#include "generate/GeneratedFile.h"
+#include "generate/TopicValidation.h"
+#include "generate/WorkshopProject.h"
+#include "model/CodePage.h"
+#include "model/PagePath.h"
+#include "platform/Files.h"
+
+namespace generate {
+
+namespace fs = std::filesystem;
+using model::append;
+using model::lineBreak;
+using model::Project;
+using model::Text;
+using model::TextView;
+using model::Topic;
+
+namespace {
+
+constexpr const char* imageFolderName = "images";
+
+/// One run, step by step. The steps are called in the order in which they stand here.
+class GenerationRun {
+public:
+    GenerationRun(Project& project, const GenerationRequest& request)
+        : project_(project), request_(request), folder_(request.workshopFile.parent_path()) {
+        append(report_.text, "Output to:", lineBreak, model::displayText(request.workshopFile),
+               lineBreak);
+    }
+
+    void validate() {
+        ReportHeaders headers;
+        repairContexts(project_, report_.text, headers);
+        renameDuplicateFiles(project_, report_.text, headers);
+        reportDuplicateContexts(project_.outline(), report_.text, headers);
+    }
+
+    void writeWorkshopFiles() {
+        const fs::path contents = siblingFile(request_.workshopFile, "hhc");
+        const fs::path index = siblingFile(request_.workshopFile, "hhk");
+        const WorkshopFileNames names = {
+            model::displayText(siblingFile(request_.workshopFile, "chm").filename()),
+            model::displayText(contents.filename()), model::displayText(index.filename())};
+        writeGenerated(request_.workshopFile, workshopProject(project_.outline(), names),
+                       report_.failures);
+        writeGenerated(contents, contentsFile(project_.outline()), report_.failures);
+        // The index is made from the keywords in the pages; the help workshop only wants the file.
+        writeGenerated(index, {}, report_.failures);
+    }
+
+    void makeFolders() {
+        for (const char* name : {model::pageFolderName, "std", imageFolderName}) {
+            std::error_code error;
+            fs::create_directory(folder_ / name, error); // no error if it is there already
+            noteFailure(report_.failures, folder_ / name, error);
+        }
+    }
+
+    void copyPictures() {
+        copyPicture("Image.jpg");
+        const model::ProjectOptions& options = project_.options();
+        if (options.navigationType != model::NavigationType::graphicButtons) {
+            return;
+        }
+        if (options.navigationButtons[model::linkToFirst]) {
+            copyPicture("Home Button.jpg");
+        }
+        if (options.navigationButtons[model::linkToPrevious]) {
+            copyPicture("Prev Button.jpg");
+        }
+        if (options.navigationButtons[model::linkToNext]) {
+            copyPicture("Next Button.jpg");
+        }
+    }
+
+    void showReport() {
+        append(report_.text, lineBreak,
+               "Total Help Topics: ", std::to_string(project_.outline().count()), lineBreak);
+        if (request_.showReport) {
+            request_.showReport(report_.text);
+        }
+    }
+
+    void writePages() {
+        Text page;
+        for (int position = 1; position <= project_.outline().count(); ++position) {
+            makeTopicPage(project_.outline(), project_.options(), position, page, report_.pages);
+            writePage(project_.outline().at(position).fileName, page);
+        }
+    }
+
+    void updateStatus() {
+        for (int position = 1; position <= project_.outline().count(); ++position) {
+            const Topic& topic = project_.outline().at(position);
+            const TextView status = topic.status;
+            if (status == "C" || status == "N" || status == "S" || status == "M") {
+                project_.setField(position, &Topic::status, topic.body.empty() ? "E" : "");
+            }
+        }
+    }
+
+    /// The project counts as changed until the save has succeeded: the run may have renamed pages.
+    void save() {
+        project_.markChanged(model::projectChanged);
+        noteFailure(report_.failures, project_.projectPath(), request_.save());
+    }
+
+    void completeReport() {
+        const auto& topics = project_.outline();
+        report_.contexts = static_cast<int>(std::count_if(
+            topics.begin(), topics.end(), [](const Topic& t) { return !t.contextId.empty(); }));
+        const auto line = [this](TextView caption, int number) {
+            append(report_.text, lineBreak, caption, std::to_string(number));
+        };
+        line("Completed Help Topics: ", report_.pages.complete);
+        line("Incomplete Help Topics: ", report_.pages.incomplete);
+        line("Internet-Web Links: ", report_.pages.webLinks);
+        line("Help Topics with Context IDs: ", report_.contexts);
+        append(report_.text, lineBreak, lineBreak, "Generation Complete.");
+    }
+
+    GenerationReport takeReport() { return std::move(report_); }
+
+private:
+    void writePage(const Text& fileName, TextView page) {
+        const fs::path path = folder_ / model::pageFolderName / model::nativePath(fileName);
+        if (const TextView fault = model::pageNameFault(fileName); !fault.empty()) {
+            report_.failures.push_back({path, std::string(fault)});
+            return;
+        }
+        writeGenerated(path, page, report_.failures);
+    }
+
+    void copyPicture(const char* name) {
+        Text picture;
+        const fs::path source = request_.programFolder / name;
+        if (const std::error_code error = platform::readFile(source, picture)) {
+            noteFailure(report_.failures, source, error);
+            return;
+        }
+        writeGenerated(folder_ / imageFolderName / name, picture, report_.failures);
+    }
+
+    Project& project_;
+    const GenerationRequest& request_;
+    fs::path folder_;
+    GenerationReport report_;
+};
+
+} // namespace
+
+std::optional<model::Message> nothingToGenerate(const Project& project, Text title) {
+    if (!project.outline().empty()) {
+        return {};
+    }
+    return model::Message{"No Help Topic Files Found - Nothing to Generate", std::move(title)};
+}
+
+GenerationReport generateHelp(Project& project, const GenerationRequest& request) {
+    GenerationRun run(project, request);
+    run.validate();
+    run.writeWorkshopFiles();
+    run.makeFolders();
+    run.copyPictures();
+    run.showReport();
+    run.writePages();
+    run.updateStatus();
+    run.save();
+    run.completeReport();
+    return run.takeReport();
+}
+
+} // namespace generate

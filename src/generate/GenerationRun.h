@@ -1,0 +1,39 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "generate/GenerationReport.h"
+#include "model/Message.h"
+#include "model/Project.h"
+
+namespace generate {
+
+/// What a run needs to know, and what it leaves to its caller.
+struct GenerationRequest {
+    /// The help workshop's project file to write; everything else goes into its folder. A full
+    /// path, as it is reported.
+    std::filesystem::path workshopFile;
+
+    /// The program's pictures are copied from here.
+    std::filesystem::path programFolder;
+
+    /// Does what the Save command does, and tells what went wrong.
+    std::function<std::error_code()> save;
+
+    /// Called with the report so far, when the checks are done and the pages are still to be
+    /// written. May be empty.
+    std::function<void(const model::Text&)> showReport;
+};
+
+/// The message instead of a run for a project without topics; nothing for any other. `title` names
+/// the command.
+std::optional<model::Message> nothingToGenerate(const model::Project& project, model::Text title);
+
+/// Writes the sources of the compiled help for a project with at least one topic: repairs context
+/// values and file names, writes all files, gives every topic its resting status and saves the
+/// project. Goes on where a file cannot be made, and collects such failures. Files of earlier runs
+/// are overwritten; pages of topics that are gone stay.
+GenerationReport generateHelp(model::Project& project, const GenerationRequest& request);
+
+} // namespace generate

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "model/ProjectOptions.h"
+#include "model/TopicOutline.h"
+
+/// The parts of a topic's page that lead to other topics.
+namespace generate {
+
+/// How many links appendTopicLists() wrote, and whether the next topic is among them.
+struct ListedTopics {
+    int children = 0;
+    bool next = false;
+};
+
+/// Appends the lists of topics below this one: on the first page that of all chapters, on any page
+/// that of the topic's children.
+ListedTopics appendTopicLists(model::Text& page, const model::TopicOutline& outline,
+                              const model::ProjectOptions& options, int position);
+
+/// Appends the ways to the first, previous, next and parent topics that the options ask for.
+/// `nextListed`: a list on this page leads to the next topic already.
+void appendNavigation(model::Text& page, const model::TopicOutline& outline,
+                      const model::ProjectOptions& options, int position, bool nextListed);
+
+} // namespace generate

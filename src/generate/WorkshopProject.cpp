@@ -1,0 +1,63 @@
+#include "generate/WorkshopProject.h"
+
+#include <algorithm>
+
+namespace generate {
+
+using model::appendLine;
+using model::Text;
+using model::Topic;
+using model::TopicOutline;
+
+namespace {
+
+constexpr model::TextView pageFolder = "html\\";
+
+bool hasContext(const Topic& topic) {
+    return !topic.contextId.empty();
+}
+
+void appendContexts(Text& file, const TopicOutline& outline) {
+    appendLine(file);
+    appendLine(file, "[ALIAS]");
+    for (const Topic& topic : outline) {
+        if (hasContext(topic)) {
+            appendLine(file, topic.contextId, " = ", pageFolder, topic.fileName);
+        }
+    }
+    appendLine(file);
+    appendLine(file, "[MAP]");
+    for (const Topic& topic : outline) {
+        if (hasContext(topic)) {
+            appendLine(file, "#define ", topic.contextId, " ", topic.contextNumber);
+        }
+    }
+}
+
+} // namespace
+
+Text workshopProject(const TopicOutline& outline, const WorkshopFileNames& names) {
+    Text file;
+    appendLine(file, "[Options]");
+    appendLine(file, "Auto Index=Yes");
+    appendLine(file, "Compatibility=1.1 or later");
+    appendLine(file, "Compiled file=", names.compiled);
+    appendLine(file, "Contents file=", names.contents);
+    appendLine(file, "Default topic=", pageFolder, outline.at(1).fileName);
+    appendLine(file, "Display compile progress=No");
+    appendLine(file, "Index file=", names.index);
+    appendLine(file, "Language=0x409 English (United States)");
+    appendLine(file);
+    appendLine(file, "[Files]");
+    for (const Topic& topic : outline) {
+        appendLine(file, pageFolder, topic.fileName);
+    }
+    if (std::any_of(outline.begin(), outline.end(), hasContext)) {
+        appendContexts(file, outline);
+    }
+    appendLine(file);
+    appendLine(file, "[INFOTYPES]");
+    return file;
+}
+
+} // namespace generate

@@ -1,0 +1,120 @@
+#include "model/CodePage.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace model {
+namespace {
+
+constexpr unsigned firstSpecial = 0x80;
+
+/// The characters of the codes 128 to 159; all others are the Unicode character of the same number.
+constexpr std::array<char32_t, 32> specialCharacters = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+char32_t characterOf(unsigned char code) {
+    const unsigned index = code - firstSpecial;
+    return index < specialCharacters.size() ? specialCharacters[index] : code;
+}
+
+/// The byte of a character, or a question mark.
+char byteOf(char32_t character) {
+    const auto* special = std::find(specialCharacters.begin(), specialCharacters.end(), character);
+    if (special != specialCharacters.end()) {
+        return static_cast<char>(firstSpecial + (special - specialCharacters.begin()));
+    }
+    const bool sameNumber = character < firstSpecial || (character >= 0xA0 && character <= 0xFF);
+    return sameNumber ? static_cast<char>(character) : '?';
+}
+
+void appendUtf8(std::string& utf8, char32_t character) {
+    const auto byte = [&utf8](char32_t value) { utf8 += static_cast<char>(value); };
+    if (character < 0x80) {
+        byte(character);
+    } else if (character < 0x800) {
+        byte(0xC0 | character >> 6);
+        byte(0x80 | (character & 0x3F));
+    } else {
+        byte(0xE0 | character >> 12);
+        byte(0x80 | (character >> 6 & 0x3F));
+        byte(0x80 | (character & 0x3F));
+    }
+}
+
+/// How many bytes the sequence that begins with `lead` has, or 0 if none begins so.
+std::size_t sequenceLength(unsigned char lead) {
+    if (lead < 0x80) {
+        return 1;
+    }
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        return 2;
+    }
+    if (lead >= 0xE0 && lead <= 0xEF) {
+        return 3;
+    }
+    return lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
+}
+
+/// Takes one character off the front; a damaged sequence loses one byte and gives U+FFFD, which no
+/// code page has.
+char32_t takeCharacter(std::string_view& utf8) {
+    constexpr char32_t damaged = 0xFFFD;
+    const auto lead = static_cast<unsigned char>(utf8.front());
+    const std::size_t length = sequenceLength(lead);
+    if (length == 1) {
+        utf8.remove_prefix(1);
+        return lead;
+    }
+    if (length == 0 || utf8.size() < length) {
+        utf8.remove_prefix(1);
+        return damaged;
+    }
+    char32_t character = lead & (0xFFU >> (length + 1));
+    for (std::size_t i = 1; i < length; ++i) {
+        const auto byte = static_cast<unsigned char>(utf8[i]);
+        if ((byte & 0xC0) != 0x80) {
+            utf8.remove_prefix(1);
+            return damaged;
+        }
+        character = character << 6 | (byte & 0x3FU);
+    }
+    utf8.remove_prefix(length);
+    const bool overlong = length == 3 && character < 0x800;
+    return overlong ? damaged : character;
+}
+
+} // namespace
+
+std::string toUtf8(TextView text) {
+    std::string utf8;
+    utf8.reserve(text.size() + text.size() / 8);
+    for (const char character : text) {
+        appendUtf8(utf8, characterOf(static_cast<unsigned char>(character)));
+    }
+    return utf8;
+}
+
+Text fromUtf8(std::string_view utf8) {
+    Text text;
+    text.reserve(utf8.size());
+    while (!utf8.empty()) {
+        text += byteOf(takeCharacter(utf8));
+    }
+    return text;
+}
+
+std::filesystem::path nativePath(TextView text) {
+    std::string utf8 = toUtf8(text);
+    std::replace(utf8.begin(), utf8.end(), '\\', '/');
+    return {std::u8string(utf8.begin(), utf8.end())};
+}
+
+Text displayText(const std::filesystem::path& path) {
+    const std::u8string utf8 = path.u8string();
+    return fromUtf8({reinterpret_cast<const char*>(utf8.data()), utf8.size()});
+}
+
+} // namespace model

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <filesystem>
+
+#include "model/Text.h"
+
+/// The border between the project's texts (Windows-1252) and Unicode, for paths and for what is
+/// shown to a person.
+namespace model {
+
+/// Every byte has a character; the five that the code page leaves open become the control
+/// characters of the same code, as on Windows, and come back from there.
+std::string toUtf8(TextView text);
+
+/// Characters that the code page lacks, and bytes that are not UTF-8, become question marks.
+Text fromUtf8(std::string_view utf8);
+
+/// The path under which the file system knows a name or relative path that stands in a project.
+/// Both slashes end a folder.
+std::filesystem::path nativePath(TextView text);
+
+/// A path as text to show; not meant for opening the file again.
+Text displayText(const std::filesystem::path& path);
+
+} // namespace model

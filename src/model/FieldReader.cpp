@@ -1,0 +1,73 @@
+#include "model/FieldReader.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace model {
+namespace {
+
+Text withLineBreaks(TextView lines) {
+    Text converted;
+    converted.reserve(lines.size()
+                      + static_cast<std::size_t>(std::count(lines.begin(), lines.end(), '\n')));
+    for (const char character : lines) {
+        if (character == '\n') {
+            converted += '\r';
+        }
+        converted += character;
+    }
+    return converted;
+}
+
+} // namespace
+
+FieldReader::FieldReader(Text file) : file_(std::move(file)) {
+    if (file_.find('\r') == Text::npos) {
+        file_ = withLineBreaks(file_);
+    }
+}
+
+TextView FieldReader::next() {
+    skipBlanks();
+    const bool quoted = !atEnd() && file_[position_] == '"';
+    const TextView field = quoted ? quotedField() : plainField();
+    cutAtEnd_ = atEnd();
+    skipSeparator();
+    return field;
+}
+
+TextView FieldReader::quotedField() {
+    const std::size_t start = position_ + 1;
+    const std::size_t end = std::min(file_.find('"', start), file_.size());
+    position_ = std::min(end + 1, file_.size());
+    skipBlanks();
+    return TextView(file_).substr(start, end - start);
+}
+
+TextView FieldReader::plainField() {
+    const TextView rest = TextView(file_).substr(position_);
+    const TextView line = rest.substr(0, rest.find('\r'));
+    const TextView field = line.substr(0, line.find(','));
+    position_ += field.size();
+    return trim(field);
+}
+
+void FieldReader::skipBlanks() {
+    position_ = std::min(file_.find_first_not_of(' ', position_), file_.size());
+}
+
+void FieldReader::skipSeparator() {
+    if (atEnd()) {
+        return;
+    }
+    if (file_[position_] == ',') {
+        ++position_;
+    } else if (file_[position_] == '\r') {
+        ++position_;
+        if (!atEnd() && file_[position_] == '\n') {
+            ++position_;
+        }
+    }
+}
+
+} // namespace model

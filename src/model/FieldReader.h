@@ -1,0 +1,41 @@
+#pragma once
+
+#include "model/Text.h"
+
+namespace model {
+
+/// Takes the fields of a project file one after the other: comma-separated values over lines, where
+/// a field in double quotes may run over several lines.
+class FieldReader {
+public:
+    /// A file that holds a carriage return anywhere is one of ours: CR LF or a lone CR ends a line
+    /// and a bare LF is text. A file without any was converted by another tool: its LFs are line
+    /// ends, inside texts too, and become CR LF.
+    explicit FieldReader(Text file);
+
+    FieldReader(const FieldReader&) = delete;
+    FieldReader& operator=(const FieldReader&) = delete;
+
+    /// The next field, without the quotes or without the blanks around it; empty when nothing is
+    /// left. Valid as long as the reader.
+    TextView next();
+
+    /// Nothing is left to read.
+    bool atEnd() const { return position_ >= file_.size(); }
+
+    /// Not even the separator that ends a field stood behind the last one: the file was cut in it
+    /// or right behind it.
+    bool cutAtEnd() const { return cutAtEnd_; }
+
+private:
+    TextView quotedField();
+    TextView plainField();
+    void skipBlanks();
+    void skipSeparator();
+
+    Text file_;
+    std::size_t position_ = 0;
+    bool cutAtEnd_ = false;
+};
+
+} // namespace model

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <filesystem>
+
+#include "model/Text.h"
+
+/// Small operations on the texts of a topic that many commands share.
+namespace model {
+
+/// A page's file name, without extension, made from a title: characters that file systems refuse
+/// are removed or replaced, and so are runs of blanks. "Filename" when nothing is left.
+Text makeFileName(TextView title);
+
+/// A context string made from a title: "IDH_OPEN_A_FILE".
+Text makeContextId(TextView title);
+
+/// A text as it stands in a project file: without the blanks around it and, where it would
+/// otherwise not be read back as one field, in double quotes. Its own double quotes become
+/// apostrophes.
+Text quoteField(TextView text);
+
+/// The same, appended to `file`.
+void appendQuotedField(Text& file, TextView text);
+
+/// Every character above code 127 becomes a blank; then the blanks around the text go.
+Text stripHighChars(TextView text);
+
+/// Whether there are only the letters A to Z in either case; true for the empty text.
+bool isAllLetters(TextView text);
+
+/// Whether a path names an existing file. A folder is none.
+bool fileExists(const std::filesystem::path& path);
+
+} // namespace model

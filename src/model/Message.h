@@ -1,0 +1,17 @@
+#pragma once
+
+#include "model/Text.h"
+
+namespace model {
+
+enum class MessageIcon { none, information, question, exclamation, critical };
+
+/// Something to tell the author, with a single OK; the window shows it in a box, the batch program
+/// prints it.
+struct Message {
+    Text text;
+    Text title;
+    MessageIcon icon = MessageIcon::none;
+};
+
+} // namespace model

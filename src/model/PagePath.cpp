@@ -1,0 +1,52 @@
+#include "model/PagePath.h"
+
+#include <algorithm>
+
+#include "model/Helper.h"
+
+namespace model {
+namespace {
+
+constexpr TextView slashes = "/\\";
+
+bool startsWithDrive(TextView fileName) {
+    return fileName.size() >= 2 && fileName[1] == ':' && isAllLetters(fileName.substr(0, 1));
+}
+
+/// A part that names something in its folder, rather than the folder itself or the one above.
+bool isPlainPart(TextView part) {
+    return !part.empty() && part != "." && part != "..";
+}
+
+} // namespace
+
+TextView pageNameFault(TextView fileName) {
+    if (fileName.empty()) {
+        return "the topic has no file name";
+    }
+    if (fileName.find('\0') != TextView::npos) {
+        return "the file name holds a character that no file system takes";
+    }
+    constexpr TextView outside = "the file name does not stay inside the page folder";
+    if (startsWithDrive(fileName)) {
+        return outside;
+    }
+    for (TextView rest = fileName;;) {
+        const std::size_t slash = rest.find_first_of(slashes);
+        if (!isPlainPart(rest.substr(0, slash))) {
+            return outside;
+        }
+        if (slash == TextView::npos) {
+            return {};
+        }
+        rest.remove_prefix(slash + 1);
+    }
+}
+
+Text pageKey(TextView fileName) {
+    Text key = lowerCase(fileName);
+    std::replace(key.begin(), key.end(), '/', '\\');
+    return key;
+}
+
+} // namespace model

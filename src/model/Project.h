@@ -1,0 +1,100 @@
+#pragma once
+
+#include <filesystem>
+
+#include "model/ProjectOptions.h"
+#include "model/TopicOutline.h"
+
+namespace model {
+
+/// Learns of every change of a project, so that a command never tells a window what to show.
+class ProjectObserver {
+public:
+    virtual ~ProjectObserver() = default;
+
+    virtual void topicChanged(int /*position*/) {}
+    virtual void topicInserted(int /*position*/) {}
+    virtual void topicRemoved(int /*position*/) {}
+    /// Every row may be another one now; the options too.
+    virtual void projectReplaced() {}
+    virtual void dataChangedToggled(bool /*dataChanged*/) {}
+};
+
+/// What Project::markChanged() takes. The first five stand for a status letter.
+enum StatusCode {
+    statusChanged = 0,      ///< C: a field was edited
+    statusNew = 1,          ///< N: added or imported
+    statusEmpty = 2,        ///< E: has no body
+    statusSynchronised = 3, ///< S: the body was taken back from its page
+    statusMoved = 4,        ///< M: moved up or down
+    projectChanged = 99     ///< no letter; only the project counts as changed
+};
+
+/// The open project: its outline and options, the file it belongs to, and what has become of it
+/// since it was loaded or saved. Commands change it through the operations here, which tell the
+/// observer.
+class Project {
+public:
+    static constexpr const char* newFileName = "New.tsp";
+
+    const TopicOutline& outline() const { return outline_; }
+    const ProjectOptions& options() const { return options_; }
+
+    /// "New.tsp" as long as the project has no file.
+    const std::filesystem::path& projectPath() const { return projectPath_; }
+    void setProjectPath(std::filesystem::path path) { projectPath_ = std::move(path); }
+    bool hasFile() const { return projectPath_ != newFileName; }
+
+    /// The path's last component.
+    Text projectFileTitle() const;
+
+    /// True from the first change after a load or save until the next one.
+    bool dataChanged() const { return dataChanged_; }
+
+    /// The position of the topic that the author works on; -1 for none.
+    int currentIndex() const { return currentIndex_; }
+    void setCurrentIndex(int position) { currentIndex_ = position; }
+
+    /// Puts other contents in place of all there is. The first topic becomes current, and the
+    /// project counts as unchanged.
+    void replace(TopicOutline outline, ProjectOptions options, std::filesystem::path path);
+
+    /// An empty project without a file.
+    void reset() { replace({}, {}, newFileName); }
+
+    // The following change what they say and nothing else: the status rule is for the command to
+    // apply.
+    void setField(int position, Text Topic::*field, Text value);
+    void setOptions(ProjectOptions options) { options_ = std::move(options); }
+    void insertTopic(int position, Topic topic);
+    void removeTopic(int position);
+
+    /// Exchanges two topics as wholes. The current topic is marked as moved first, so that the
+    /// letter travels with it; currentIndex() stays.
+    void swapTopics(int a, int b);
+
+    /// The project counts as changed, and the current topic, if there is one, gets the letter of
+    /// the code (see StatusCode) unless it has been changed since the last generation already.
+    void markChanged(int code);
+
+    /// The project counts as unchanged.
+    void markSaved() { setDataChanged(false); }
+
+    /// Not owned; null for none.
+    void setObserver(ProjectObserver* observer);
+
+private:
+    /// Stands in for a missing observer.
+    static ProjectObserver& nobody();
+
+    void setDataChanged(bool changed);
+
+    TopicOutline outline_;
+    ProjectOptions options_;
+    std::filesystem::path projectPath_ = newFileName;
+    bool dataChanged_ = false;
+    int currentIndex_ = -1;
+    ProjectObserver* observer_ = &nobody();
+};
+
+} // namespace model

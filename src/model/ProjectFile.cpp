@@ -1,0 +1,235 @@
+#include "model/ProjectFile.h"
+
+#include <charconv>
+
+#include "model/CodePage.h"
+#include "model/FieldReader.h"
+#include "model/Helper.h"
+#include "platform/Files.h"
+
+namespace model {
+namespace {
+
+constexpr TextView header = "HTML Topicsmith Format 1";
+constexpr TextView topicMarker = "++";
+
+/// A topic's fields in the order of the file; the body follows them.
+constexpr Text Topic::*topicFields[] = {&Topic::level,
+                                        &Topic::status,
+                                        &Topic::title,
+                                        &Topic::fileName,
+                                        &Topic::contextId,
+                                        &Topic::contextNumber,
+                                        &Topic::shortDescription,
+                                        &Topic::image,
+                                        &Topic::keywords};
+
+NavigationType navigationTypeOf(TextView field) {
+    int value = 0;
+    std::from_chars(field.data(), field.data() + field.size(), value);
+    return value == static_cast<int>(NavigationType::graphicButtons)
+               ? NavigationType::graphicButtons
+               : NavigationType::textLinks;
+}
+
+/// Reads the option fields, each of which has to be there.
+class OptionReader {
+public:
+    explicit OptionReader(FieldReader& fields) : fields_(fields) {}
+
+    /// False when the file ended before the last field.
+    bool complete() const { return complete_; }
+
+    Text text() {
+        complete_ = complete_ && !fields_.atEnd();
+        return Text(fields_.next());
+    }
+    Text trimmedText() { return Text(trim(text())); }
+    bool flag() { return lowerCase(text()) == "true"; }
+    NavigationType navigationType() { return navigationTypeOf(trim(text())); }
+
+private:
+    FieldReader& fields_;
+    bool complete_ = true;
+};
+
+bool readOptions(FieldReader& fields, ProjectOptions& options) {
+    OptionReader reader(fields);
+    options.projectName = reader.text();
+    options.cssFile = reader.trimmedText();
+    options.backgroundImage = reader.trimmedText();
+    options.templateFile = reader.trimmedText();
+    options.additionalText = reader.trimmedText();
+    options.showCopyright = reader.flag();
+    options.copyrightText = reader.trimmedText();
+    for (bool& button : options.navigationButtons) {
+        button = reader.flag();
+    }
+    options.navigationType = reader.navigationType();
+    options.indentedContents = reader.flag();
+    options.numbering = reader.flag();
+    options.documentationLinks = reader.flag();
+    options.underlineLinks = reader.flag();
+    return reader.complete();
+}
+
+/// Reads what follows a topic's marker; false when the file ends in it. A body may be cut.
+bool readTopic(FieldReader& fields, Topic& topic) {
+    for (Text Topic::*field : topicFields) {
+        topic.*field = fields.next();
+        if (fields.cutAtEnd()) {
+            return false;
+        }
+    }
+    topic.body = fields.next();
+    if (topic.status.empty() && topic.body.empty()) {
+        topic.status = "E";
+    }
+    return true;
+}
+
+LoadStop readTopics(FieldReader& fields, TopicOutline& outline) {
+    // The marker is read before the end is tested, so a single stray last line ends the outline
+    // without complaint.
+    TextView marker = fields.next();
+    while (!fields.atEnd()) {
+        if (outline.full()) {
+            return LoadStop::topicLimit;
+        }
+        if (marker != topicMarker) {
+            return LoadStop::corrupted;
+        }
+        Topic topic;
+        if (!readTopic(fields, topic)) {
+            return LoadStop::unexpectedEnd;
+        }
+        outline.append(std::move(topic));
+        marker = fields.next();
+    }
+    return LoadStop::none;
+}
+
+TextView flagText(bool flag) {
+    return flag ? "True" : "False";
+}
+
+void formatOptions(Text& file, const ProjectOptions& options) {
+    const auto text = [&file](TextView field) {
+        appendQuotedField(file, field);
+        file += lineBreak;
+    };
+    const auto flag = [&file](bool value) { appendLine(file, flagText(value)); };
+    text(options.projectName);
+    text(options.cssFile);
+    text(options.backgroundImage);
+    text(options.templateFile);
+    text(options.additionalText);
+    flag(options.showCopyright);
+    text(options.copyrightText);
+    for (const bool button : options.navigationButtons) {
+        flag(button);
+    }
+    appendLine(file, std::to_string(static_cast<int>(options.navigationType)));
+    flag(options.indentedContents);
+    flag(options.numbering);
+    flag(options.documentationLinks);
+    flag(options.underlineLinks);
+}
+
+void formatTopic(Text& file, const Topic& topic) {
+    appendLine(file, topicMarker);
+    for (Text Topic::*field : topicFields) {
+        appendQuotedField(file, topic.*field);
+        file += lineBreak;
+    }
+    appendQuotedField(file, topic.body);
+    file += lineBreak;
+}
+
+/// Room for everything, so that a large project is not copied again and again while it is put
+/// together.
+std::size_t sizeBound(const TopicOutline& outline, const ProjectOptions& options) {
+    constexpr std::size_t perField = 4; // quotes and line break
+    constexpr std::size_t fixedPart = 1000;
+    std::size_t size = fixedPart + options.projectName.size() + options.cssFile.size()
+                       + options.backgroundImage.size() + options.templateFile.size()
+                       + options.additionalText.size() + options.copyrightText.size();
+    for (const Topic& topic : outline) {
+        size += topicMarker.size() + topic.body.size() + 2 * perField;
+        for (Text Topic::*field : topicFields) {
+            size += (topic.*field).size() + perField;
+        }
+    }
+    return size;
+}
+
+} // namespace
+
+std::optional<Message> messageFor(LoadStop stop) {
+    switch (stop) {
+    case LoadStop::unknownFormat:
+        return Message{"Unknown File Format, Loading Stopped", "Error", MessageIcon::critical};
+    case LoadStop::corrupted:
+        return Message{"Corrupted Input File, Loading Stopped", "Error", MessageIcon::critical};
+    case LoadStop::unexpectedEnd:
+        return Message{"Unexpected EOF, Loading Stopped", "Error", MessageIcon::critical};
+    case LoadStop::topicLimit:
+        return Message{"Maximum Number of Help Topics Reached (500), Loading Stopped",
+                       "Topic Limit", MessageIcon::none};
+    case LoadStop::none:
+    case LoadStop::endInOptions:
+        break;
+    }
+    return {};
+}
+
+Message fileNotFoundMessage(const std::filesystem::path& path) {
+    return {"File \"" + displayText(path) + "\" Not Found", "File Open Error",
+            MessageIcon::information};
+}
+
+ParsedProject parseProject(Text file) {
+    ParsedProject project;
+    FieldReader fields(std::move(file));
+    if (fields.next() != header) {
+        project.stop = LoadStop::unknownFormat;
+    } else if (!readOptions(fields, project.options)) {
+        project.stop = LoadStop::endInOptions;
+    } else {
+        project.stop = readTopics(fields, project.outline);
+    }
+    return project;
+}
+
+Text formatProject(const TopicOutline& outline, const ProjectOptions& options) {
+    Text file;
+    file.reserve(sizeBound(outline, options));
+    appendLine(file, header);
+    formatOptions(file, options);
+    for (const Topic& topic : outline) {
+        formatTopic(file, topic);
+    }
+    return file;
+}
+
+LoadOutcome loadProject(Project& project, const std::filesystem::path& path) {
+    Text file;
+    if (const std::error_code error = platform::readFile(path, file)) {
+        return {error, LoadStop::none};
+    }
+    ParsedProject parsed = parseProject(std::move(file));
+    project.replace(std::move(parsed.outline), std::move(parsed.options), path);
+    return {{}, parsed.stop};
+}
+
+std::error_code saveProject(Project& project, const std::filesystem::path& path) {
+    const Text file = formatProject(project.outline(), project.options());
+    if (const std::error_code error = platform::replaceFile(path, file)) {
+        return error;
+    }
+    project.setProjectPath(path);
+    project.markSaved();
+    return {};
+}
+
+} // namespace model

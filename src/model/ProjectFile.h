@@ -1,0 +1,53 @@
+#pragma once
+
+#include <optional>
+#include <system_error>
+
+#include "model/Message.h"
+#include "model/Project.h"
+
+/// The project file (`.tsp`), described in docs/file-formats.md.
+namespace model {
+
+/// Why reading a project file ended before its end. What was read until then is kept.
+enum class LoadStop {
+    none,
+    unknownFormat, ///< not a project file; nothing was read
+    endInOptions,  ///< cut before the first topic
+    corrupted,     ///< something else where a topic should begin
+    unexpectedEnd, ///< cut inside a topic, which is left out
+    topicLimit     ///< more topics than a project can hold
+};
+
+/// What the author is told; nothing for a file that was read whole, and nothing for endInOptions,
+/// of which the window has no message.
+std::optional<Message> messageFor(LoadStop stop);
+
+struct ParsedProject {
+    TopicOutline outline;
+    ProjectOptions options;
+    LoadStop stop = LoadStop::none;
+};
+
+ParsedProject parseProject(Text file);
+
+Text formatProject(const TopicOutline& outline, const ProjectOptions& options);
+
+/// How loading went. After a read error the project is as it was.
+struct LoadOutcome {
+    std::error_code readError;
+    LoadStop stop = LoadStop::none;
+};
+
+/// Puts the file's contents, as far as they can be read, in place of the project's. The project
+/// belongs to the file from then on and counts as unchanged.
+LoadOutcome loadProject(Project& project, const std::filesystem::path& path);
+
+/// Writes the project to a file, as a whole or not at all. The project belongs to that file and
+/// counts as unchanged only when the writing succeeded.
+std::error_code saveProject(Project& project, const std::filesystem::path& path);
+
+/// Said instead of opening a file that is not there.
+Message fileNotFoundMessage(const std::filesystem::path& path);
+
+} // namespace model

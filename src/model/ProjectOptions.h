@@ -1,0 +1,45 @@
+#pragma once
+
+#include <array>
+
+#include "model/Text.h"
+
+namespace model {
+
+/// Which links a page gets; the values are the places in ProjectOptions::navigationButtons.
+enum NavigationSwitch {
+    linkToNext,
+    linkToPrevious,
+    linksToChildren,
+    linkToNextParent,
+    linkToPreviousParent,
+    linkToFirst,
+    navigationSwitchCount
+};
+
+/// How the links to the first, previous and next topic look; the values are those of the project
+/// file.
+enum class NavigationType { textLinks = 0, graphicButtons = 1 };
+
+/// What shapes the generated pages and documentation. Saved with the project; the values here are
+/// those of a new one.
+struct ProjectOptions {
+    Text projectName;
+    Text cssFile;         ///< as linked from a page in the `html` folder; empty for none
+    Text backgroundImage; ///< likewise
+    Text templateFile;    ///< page template for new bodies; empty for none
+    Text additionalText;  ///< HTML for the first topic only
+    bool showCopyright = false;
+    Text copyrightText;
+    std::array<bool, navigationSwitchCount> navigationButtons = {true,  false, true,
+                                                                 false, false, true};
+    NavigationType navigationType = NavigationType::textLinks;
+    bool indentedContents = true; ///< this and the following shape the documentation
+    bool numbering = true;
+    bool documentationLinks = true;
+    bool underlineLinks = false;
+
+    bool operator==(const ProjectOptions&) const = default;
+};
+
+} // namespace model

@@ -1,0 +1,212 @@
+#include "platform/Files.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::error_code lastError() {
+    return {errno, std::generic_category()};
+}
+
+std::error_code failure(std::errc code) {
+    return std::make_error_code(code);
+}
+
+/// An open file that closes itself. Opened without waiting, so that a pipe in a file's place gives
+/// an error instead of a hang.
+class File {
+public:
+    File(const fs::path& path, int flags, mode_t mode = 0)
+        : descriptor_(::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, mode)) {}
+    ~File() { close(); }
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+
+    bool isOpen() const { return descriptor_ >= 0; }
+    int descriptor() const { return descriptor_; }
+
+    std::error_code write(std::string_view bytes) const {
+        while (!bytes.empty()) {
+            const ssize_t written = ::write(descriptor_, bytes.data(), bytes.size());
+            if (written < 0) {
+                if (errno == EINTR) {
+                    continue;
+                }
+                return lastError();
+            }
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        }
+        return {};
+    }
+
+    /// Some file systems report a failed write only here.
+    std::error_code close() {
+        if (!isOpen()) {
+            return {};
+        }
+        return ::close(std::exchange(descriptor_, -1)) == 0 ? std::error_code() : lastError();
+    }
+
+private:
+    int descriptor_;
+};
+
+std::error_code requireRegular(const struct stat& status) {
+    if (S_ISDIR(status.st_mode)) {
+        return failure(std::errc::is_a_directory);
+    }
+    return S_ISREG(status.st_mode) ? std::error_code() : failure(std::errc::not_supported);
+}
+
+/// The file that a path stands for in the end, also when that file does not exist yet.
+std::error_code followLinks(fs::path& path) {
+    constexpr int linkLimit = 40;
+    for (int links = 0; links < linkLimit; ++links) {
+        std::error_code error;
+        const fs::path target = fs::read_symlink(path, error);
+        if (error) {
+            return {}; // not a link: this is the place
+        }
+        path = path.parent_path() / target; // an absolute target replaces the folder
+    }
+    return failure(std::errc::too_many_symbolic_link_levels);
+}
+
+std::error_code flush(const File& file) {
+    return ::fsync(file.descriptor()) == 0 ? std::error_code() : lastError();
+}
+
+/// Writes, flushes and closes the new contents, with the owner and permissions of the file that
+/// they are to replace (`old` is null when there is none).
+std::error_code fill(File& file, std::string_view bytes, const struct stat* old) {
+    if (old != nullptr) {
+        // Giving a file away is the superuser's right; for everybody else the file is their own
+        // already, or becomes it.
+        if (::fchown(file.descriptor(), old->st_uid, old->st_gid) != 0 && errno != EPERM) {
+            return lastError();
+        }
+        if (::fchmod(file.descriptor(), old->st_mode & 07777) != 0) {
+            return lastError();
+        }
+    }
+    if (const std::error_code error = file.write(bytes)) {
+        return error;
+    }
+    if (const std::error_code error = flush(file)) {
+        return error;
+    }
+    return file.close();
+}
+
+/// A name beside `path` that no file has. Independent of the file's own name, which may be as long
+/// as names can be.
+fs::path temporaryName(const fs::path& path, int attempt) {
+    return path.parent_path()
+           / (".topicsmith-" + std::to_string(::getpid()) + "-" + std::to_string(attempt));
+}
+
+} // namespace
+
+std::error_code readFile(const fs::path& path, std::string& bytes) {
+    bytes.clear();
+    const File file(path, O_RDONLY);
+    struct stat status {};
+    if (!file.isOpen() || ::fstat(file.descriptor(), &status) != 0) {
+        return lastError();
+    }
+    if (const std::error_code error = requireRegular(status)) {
+        return error;
+    }
+    bytes.resize(static_cast<std::size_t>(status.st_size));
+    std::size_t filled = 0;
+    while (filled < bytes.size()) {
+        const ssize_t count =
+            ::read(file.descriptor(), bytes.data() + filled, bytes.size() - filled);
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count < 0) {
+            const std::error_code error = lastError();
+            bytes.clear();
+            return error;
+        }
+        if (count == 0) {
+            break; // another program has shortened the file meanwhile
+        }
+        filled += static_cast<std::size_t>(count);
+    }
+    bytes.resize(filled);
+    return {};
+}
+
+std::error_code writeFile(const fs::path& path, std::string_view bytes) {
+    constexpr mode_t everybody = 0666; // less what the person's mask withholds
+    File file(path, O_WRONLY | O_CREAT | O_TRUNC, everybody);
+    if (!file.isOpen()) {
+        return lastError();
+    }
+    const std::error_code error = file.write(bytes);
+    const std::error_code closeError = file.close();
+    return error ? error : closeError;
+}
+
+std::error_code replaceFile(const fs::path& path, std::string_view bytes) {
+    fs::path target = path;
+    if (const std::error_code error = followLinks(target)) {
+        return error;
+    }
+    struct stat old {};
+    const bool exists = ::stat(target.c_str(), &old) == 0;
+    if (exists) {
+        if (const std::error_code error = requireRegular(old)) {
+            return error;
+        }
+        if (::access(target.c_str(), W_OK) != 0) {
+            return lastError(); // renaming over it would succeed against the owner's will
+        }
+    }
+
+    constexpr int attemptLimit =
+        1000; // leftovers of interrupted saves with the same process number
+    for (int attempt = 0; attempt < attemptLimit; ++attempt) {
+        const fs::path temporary = temporaryName(target, attempt);
+        File file(temporary, O_WRONLY | O_CREAT | O_EXCL, exists ? 0600 : 0666);
+        if (!file.isOpen()) {
+            if (errno == EEXIST) {
+                continue;
+            }
+            return lastError();
+        }
+        std::error_code error = fill(file, bytes, exists ? &old : nullptr);
+        if (!error && ::rename(temporary.c_str(), target.c_str()) != 0) {
+            error = lastError();
+        }
+        if (error) {
+            ::unlink(temporary.c_str());
+            return error;
+        }
+        // The new name is in place; flushing the folder only makes it survive a power cut, and not
+        // every file system can do that.
+        const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+        if (const File handle(folder, O_RDONLY | O_DIRECTORY); handle.isOpen()) {
+            static_cast<void>(flush(handle));
+        }
+        return {};
+    }
+    return failure(std::errc::file_exists);
+}
+
+fs::path programFolder() {
+    std::error_code error;
+    const fs::path program = fs::read_symlink("/proc/self/exe", error);
+    return error ? fs::path() : program.parent_path();
+}
+
+} // namespace platform
