@@ -13,8 +13,8 @@ else()
     list(APPEND TOPICSMITH_WARNINGS -Wno-restrict)
   endif()
   if(TOPICSMITH_SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # The sanitizers' own branches mislead this warning.
-    list(APPEND TOPICSMITH_WARNINGS -Wno-null-dereference)
+    # The sanitizers' own branches mislead these warnings.
+    list(APPEND TOPICSMITH_WARNINGS -Wno-null-dereference -Wno-maybe-uninitialized)
   endif()
 endif()
 

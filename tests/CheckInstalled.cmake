@@ -1,0 +1,20 @@
+# Installs the build BUILD into SCRATCH and generates the manual MANUAL with the installed program.
+cmake_minimum_required(VERSION 3.25)
+
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "${ARGN}: ${result}\n${output}")
+  endif()
+endfunction()
+
+file(REMOVE_RECURSE ${SCRATCH})
+run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${SCRATCH}/usr)
+file(COPY ${MANUAL} DESTINATION ${SCRATCH})
+get_filename_component(name ${MANUAL} NAME)
+run(${SCRATCH}/usr/bin/topicsmith-batch generate ${SCRATCH}/${name} ${SCRATCH}/out/manual.hhp)
+foreach(file manual.hhp manual.hhc html images/Image.jpg)
+  if(NOT EXISTS ${SCRATCH}/out/${file})
+    message(FATAL_ERROR "missing: ${file}")
+  endif()
+endforeach()

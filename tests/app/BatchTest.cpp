@@ -1,0 +1,150 @@
+#include "app/Batch.h"
+
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+
+#include "support/TestFiles.h"
+
+using namespace app;
+using test::topic;
+namespace fs = std::filesystem;
+
+namespace {
+
+class BatchTest : public testing::Test {
+protected:
+    ExitCode run(const Arguments& arguments) {
+        std::ostringstream out;
+        std::ostringstream err;
+        Console console(out, err);
+        BatchSession session{console, TOPICSMITH_PROGRAM_FOLDER};
+        const ExitCode code = runBatch(session, arguments);
+        output = out.str();
+        errors = err.str();
+        return code;
+    }
+
+    std::string save(const char* name, const model::TopicOutline& outline,
+                     const model::ProjectOptions& options = {}) {
+        test::writeBytes(folder / name, model::formatProject(outline, options));
+        return folder / name;
+    }
+
+    test::TemporaryFolder folder;
+    std::string output;
+    std::string errors;
+};
+
+} // namespace
+
+TEST_F(BatchTest, WrongUsageDoesNothingAndSaysHow) {
+    for (const Arguments& wrong : {Arguments{},
+                                   {"publish"},
+                                   {"info"},
+                                   {"info", "a", "b"},
+                                   {"generate", "a"},
+                                   {"generate", "--fast", "a", "b"},
+                                   {"--helpless"}}) {
+        EXPECT_EQ(run(wrong), exitUsage);
+        EXPECT_NE(errors.find("Usage:"), std::string::npos);
+        EXPECT_EQ(output, "");
+    }
+    EXPECT_EQ(run({"--help"}), exitDone);
+    for (const BatchCommand& command : batchCommands()) {
+        EXPECT_NE(output.find(command.name), std::string::npos);
+    }
+    EXPECT_EQ(run({"--version"}), exitDone);
+    EXPECT_TRUE(output.starts_with("topicsmith-batch "));
+}
+
+TEST_F(BatchTest, InfoPrintsOneFactALine) {
+    auto outline = test::outlineOf({topic(1, "A", "a.htm"), topic(3, "B", "b.htm", "")});
+    outline.at(1).contextId = "IDH_A";
+    model::ProjectOptions options;
+    options.projectName = "Caf\xE9";
+    EXPECT_EQ(run({"info", save("p.tsp", outline, options)}), exitDone);
+    EXPECT_EQ(output,
+              "Name: Café\nTopics: 2\nLevels: 3\nBodies: 1\nEmpty topics: 1\nContexts: 1\n");
+    EXPECT_EQ(errors, "");
+}
+
+TEST_F(BatchTest, GeneratePrintsTheReportAndSavesTheProject) {
+    auto outline = test::outlineOf({topic(1, "A", "a.htm"), topic(1, "B", "a.htm")});
+    const std::string project = save("p.tsp", outline);
+    EXPECT_EQ(run({"generate", project, folder / "new/folder/help"}), exitDone) << errors;
+    EXPECT_TRUE(fs::exists(folder / "new/folder/help.hhp"));
+    EXPECT_TRUE(output.starts_with("Output to:\n" + (folder / "new/folder/help.hhp\n").string()));
+    EXPECT_TRUE(output.ends_with("\n\nGeneration Complete.\n"));
+    EXPECT_NE(test::bytesOf(project).find("a 1.htm"), std::string::npos);
+}
+
+TEST_F(BatchTest, FailuresAreNamedAndExitWithOne) {
+    const std::string project = save("p.tsp", test::outlineOf({topic(1, "A", "../a.htm")}));
+    EXPECT_EQ(run({"generate", project, folder / "out/p.hhp"}), exitFailed);
+    EXPECT_NE(output.find("Generation Complete."), std::string::npos);
+    EXPECT_EQ(errors, "Generate Help Files: " + (folder / "out/html/../a.htm").string()
+                          + ": the file name does not stay inside the page folder\n");
+    EXPECT_FALSE(fs::exists(folder / "out/a.htm"));
+}
+
+TEST_F(BatchTest, DocumentTakesPicturesFromTheProjectsFolder) {
+    const std::string project =
+        save("p.tsp", test::outlineOf({topic(1, "A", "a.htm", "<img src='..\\images\\x.jpg'>")}));
+    EXPECT_EQ(run({"document", project, folder / "out.htm"}), exitDone);
+    EXPECT_EQ(errors, "Documentation: HTML Documentation Generation is Complete\n");
+    EXPECT_NE(test::bytesOf(folder / "out.htm")
+                  .find("<img src='" + folder.path().string() + "\\images\\x.jpg'>"),
+              std::string::npos);
+    fs::create_directory(folder / "taken.htm");
+    EXPECT_EQ(run({"document", project, folder / "taken.htm"}), exitFailed);
+    EXPECT_EQ(run({"document", save("empty.tsp", {}), folder / "e.htm"}), exitFailed);
+    EXPECT_EQ(errors, "Generate Documentation: No Help Topic Files Found - Nothing to Generate\n");
+}
+
+TEST_F(BatchTest, InputThatIsNotAWholeProjectChangesNothing) {
+    const std::string good = model::formatProject(test::flatOutline(500), {});
+    const std::tuple<const char*, std::string, const char*> cases[] = {
+        {"foreign.tsp", "something else", "Error: Unknown File Format, Loading Stopped\n"},
+        {"cut.tsp", good.substr(0, good.size() - 20), "Error: Unexpected EOF, Loading Stopped\n"},
+        {"broken.tsp", good + "x\r\ny\r\n",
+         "Topic Limit: Maximum Number of Help Topics Reached (500), Loading Stopped\n"},
+        {"header.tsp", good.substr(0, 60), "the file ends before its first topic\n"},
+    };
+    for (const auto& [name, bytes, message] : cases) {
+        test::writeBytes(folder / name, bytes);
+        for (const Arguments& command : {Arguments{"info", folder / name},
+                                         {"generate", folder / name, folder / "o/o.hhp"},
+                                         {"document", folder / name, folder / "o/o.htm"}}) {
+            EXPECT_EQ(run(command), exitFailed) << name;
+            EXPECT_TRUE(errors.ends_with(message)) << errors;
+        }
+        EXPECT_EQ(test::bytesOf(folder / name), bytes);
+    }
+    const std::string missing = folder / "missing.tsp";
+    EXPECT_EQ(run({"info", missing}), exitFailed);
+    EXPECT_EQ(errors, "File Open Error: File \"" + missing + "\" Not Found\n");
+    EXPECT_EQ(run({"info", folder.path()}), exitFailed);
+    EXPECT_FALSE(fs::exists(folder / "o"));
+}
+
+TEST_F(BatchTest, TheProjectIsNeverTheOutput) {
+    const std::string project = save("p.tsp", test::flatOutline(1));
+    const std::string before = test::bytesOf(project);
+    fs::create_symlink("p.tsp", folder / "link.hhp");
+    fs::create_hard_link(project, folder / "other.hhc");
+    EXPECT_EQ(run({"generate", project, project}), exitFailed);
+    EXPECT_EQ(run({"generate", project, folder / "link.hhp"}), exitFailed);
+    EXPECT_EQ(run({"generate", project, folder / "other.hhp"}), exitFailed);
+    EXPECT_EQ(run({"generate", project, folder / "x.hhk"}), exitFailed);
+    EXPECT_EQ(run({"document", project, project}), exitFailed);
+    EXPECT_EQ(test::bytesOf(project), before);
+}
+
+TEST_F(BatchTest, OutputThatDoesNotArriveIsAFailure) {
+    std::ofstream full("/dev/full");
+    std::ostringstream err;
+    Console console(full, err);
+    BatchSession session{console, {}};
+    EXPECT_EQ(runBatch(session, {"--version"}), exitFailed);
+}

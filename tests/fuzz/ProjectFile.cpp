@@ -1,0 +1,65 @@
+#include "model/Helper.h"
+#include "model/ProjectFile.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+
+using namespace model;
+
+namespace {
+
+/// What saving does to a text by design: blanks around it go, and double quotes become apostrophes.
+void settle(Text& text) {
+    text = Text(trim(text));
+    std::replace(text.begin(), text.end(), '"', '\'');
+}
+
+ParsedProject settled(ParsedProject project) {
+    ProjectOptions& o = project.options;
+    for (Text* text : {&o.projectName, &o.cssFile, &o.backgroundImage, &o.templateFile,
+                       &o.additionalText, &o.copyrightText}) {
+        settle(*text);
+    }
+    for (int position = 1; position <= project.outline.count(); ++position) {
+        Topic& t = project.outline.at(position);
+        for (Text* text : {&t.level, &t.status, &t.title, &t.fileName, &t.contextId,
+                           &t.contextNumber, &t.shortDescription, &t.image, &t.keywords, &t.body}) {
+            settle(*text);
+        }
+        if (t.status.empty() && t.body.empty()) {
+            t.status = "E"; // a body of blanks counts as empty from now on
+        }
+    }
+    return project;
+}
+
+void require(bool condition, const char* what) {
+    if (!condition) {
+        std::fprintf(stderr, "%s\n", what);
+        std::abort();
+    }
+}
+
+} // namespace
+
+/// Any input is read without a crash; and what is read without a message is the same project after
+/// it was saved and read again, as often as one likes.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const ParsedProject first = parseProject(Text(reinterpret_cast<const char*>(data), size));
+    require(first.outline.count() <= TopicOutline::maxTopics, "too many topics");
+    if (first.stop != LoadStop::none) {
+        return 0;
+    }
+    const Text saved = formatProject(first.outline, first.options);
+    const ParsedProject second = parseProject(saved);
+    const ParsedProject expected = settled(first);
+    require(second.stop == LoadStop::none, "a saved project does not load");
+    require(second.options == expected.options, "options differ after saving");
+    require(second.outline == expected.outline, "topics differ after saving");
+    const ParsedProject third = parseProject(formatProject(second.outline, second.options));
+    require(third.outline == second.outline && third.options == second.options,
+            "saving twice is not saving once");
+    return 0;
+}

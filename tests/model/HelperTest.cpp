@@ -1,0 +1,88 @@
+#include "model/Helper.h"
+
+#include <gtest/gtest.h>
+
+#include "model/PagePath.h"
+#include "model/Topic.h"
+#include "support/TestFiles.h"
+
+using namespace model;
+
+TEST(Helper, MakeFileNameRemovesWhatFileSystemsRefuse) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"Open: a file", "Open a file"},
+        {"a''b", "a'b"}, // the character behind a removed quote is not looked at
+        {"\"':x", "' x"},
+        {"a':b", "a:b"},
+        {"a/b\\c", "a-b-c"},
+        {"What? Why:", "What Why"},
+        {"???", "Filename"},
+        {"", "Filename"},
+        {"'", "Filename"},
+        {"  two   blanks  ", "two blanks"},
+        {"\xDC"
+         "ber *uns*",
+         "\xDC"
+         "ber uns"},
+    };
+    for (const auto& [title, name] : cases) {
+        EXPECT_EQ(makeFileName(title), name) << title;
+    }
+}
+
+TEST(Helper, MakeContextIdIsInCapitals) {
+    EXPECT_EQ(makeContextId("Open a file?"), "IDH_OPEN_A_FILE");
+    EXPECT_EQ(makeContextId("\xE4ndern"), "IDH_\xC4NDERN");
+}
+
+TEST(Helper, QuoteFieldKeepsAFieldInOnePiece) {
+    EXPECT_EQ(quoteField("  plain text "), "plain text");
+    EXPECT_EQ(quoteField(" a,b "), "\"a,b\"");
+    EXPECT_EQ(quoteField("say \"hi\""), "\"say 'hi'\"");
+    EXPECT_EQ(quoteField("a\r\nb"), "\"a\r\nb\"");
+    EXPECT_EQ(quoteField("a\nb"), "a\nb");
+    EXPECT_EQ(quoteField(" "), "");
+}
+
+TEST(Helper, HighCharactersAndLetters) {
+    EXPECT_EQ(stripHighChars("\xE9"
+                             "a\x80"
+                             "b\xFF"),
+              "a b");
+    EXPECT_EQ(stripHighChars("\x7F"), "\x7F");
+    EXPECT_TRUE(isAllLetters("azAZ"));
+    EXPECT_TRUE(isAllLetters(""));
+    EXPECT_FALSE(isAllLetters("a\xE9"));
+    EXPECT_FALSE(isAllLetters("a1"));
+}
+
+TEST(Helper, OnlyFilesExist) {
+    const test::TemporaryFolder folder;
+    test::writeBytes(folder / "file", "");
+    EXPECT_TRUE(fileExists(folder / "file"));
+    EXPECT_FALSE(fileExists(folder.path()));
+    EXPECT_FALSE(fileExists(folder / "file/below"));
+}
+
+TEST(Topic, LevelTextsHoldTheirDepth) {
+    EXPECT_EQ(levelText(1), "1");
+    EXPECT_EQ(levelText(3), "....3");
+    for (int depth = 1; depth <= maxDepth; ++depth) {
+        EXPECT_EQ(levelDepth(levelText(depth)), depth);
+    }
+    EXPECT_EQ(levelDepth("anything 5"), 5);
+    EXPECT_EQ(levelDepth("..x"), 0);
+    EXPECT_EQ(levelDepth(""), 0);
+}
+
+TEST(PagePath, NamesThatLeaveThePageFolderAreRefused) {
+    for (const TextView fine : {"a.htm", "..a.htm", "sub/a.htm", "sub\\a.htm", "page: b.htm"}) {
+        EXPECT_EQ(pageNameFault(fine), "") << fine;
+    }
+    using namespace std::string_view_literals;
+    for (const TextView bad : {""sv, "../a.htm"sv, "..\\a.htm"sv, "/a.htm"sv, "\\a.htm"sv,
+                               "C:a.htm"sv, "x/../../a.htm"sv, "x\\..\\a.htm"sv, ".."sv, "."sv,
+                               "./a.htm"sv, "a.htm/"sv, "//host/a.htm"sv, "a\0.htm"sv}) {
+        EXPECT_NE(pageNameFault(bad), "") << bad;
+    }
+}

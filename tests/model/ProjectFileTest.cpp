@@ -1,0 +1,245 @@
+#include <gtest/gtest.h>
+
+#include "model/FieldReader.h"
+#include "support/TestFiles.h"
+
+using namespace model;
+using test::lines;
+
+namespace {
+
+/// Header and options of a new project.
+Text emptyProject() {
+    return formatProject({}, {});
+}
+
+ParsedProject parse(const Text& afterOptions) {
+    return parseProject(emptyProject() + afterOptions);
+}
+
+Text record(TextView title, TextView body = "text") {
+    return lines({"++", "1", "C", title, "a.htm", "", "", "", "Auto", "", body});
+}
+
+Text withLfOnly(Text text) {
+    std::erase(text, '\r');
+    return text;
+}
+
+} // namespace
+
+TEST(FieldReader, TakesFieldsByTheRulesOfCommaSeparatedValues) {
+    FieldReader fields("  a b  ,\" c, \"\"d\r\ne\"  \r\nx\"y\r\r\n\"open");
+    EXPECT_EQ(fields.next(), "a b");
+    EXPECT_EQ(fields.next(), " c, "); // a second quote starts the next field
+    EXPECT_EQ(fields.next(), "d\r\ne");
+    EXPECT_EQ(fields.next(), "x\"y"); // a quote inside is a character; a lone CR ends a line
+    EXPECT_EQ(fields.next(), "");
+    EXPECT_FALSE(fields.cutAtEnd());
+    EXPECT_EQ(fields.next(), "open");
+    EXPECT_TRUE(fields.cutAtEnd());
+    EXPECT_TRUE(fields.atEnd());
+    EXPECT_EQ(fields.next(), "");
+}
+
+TEST(ProjectFile, WritesEveryFieldInItsPlace) {
+    ProjectOptions options;
+    options.projectName = "Name";
+    options.cssFile = "style.css";
+    options.backgroundImage = "back.jpg";
+    options.templateFile = "page.htm";
+    options.additionalText = "<p>a, b</p>";
+    options.showCopyright = true;
+    options.copyrightText = "copyright";
+    options.navigationButtons = {false, true, false, true, true, false};
+    options.navigationType = NavigationType::graphicButtons;
+    options.indentedContents = false;
+    options.underlineLinks = true;
+    Topic topic = test::topic(2, "a, \"b\"", "a.htm", "line 1\r\nline 2");
+    topic.status = "C";
+    topic.contextId = "IDH_A";
+    topic.contextNumber = "10";
+    topic.shortDescription = " short ";
+    topic.image = "Leaf";
+    topic.keywords = "k1; k2";
+    const Text file = formatProject(test::outlineOf({topic}), options);
+    EXPECT_EQ(file, lines({"HTML Topicsmith Format 1",
+                           "Name",
+                           "style.css",
+                           "back.jpg",
+                           "page.htm",
+                           "\"<p>a, b</p>\"",
+                           "True",
+                           "copyright",
+                           "False",
+                           "True",
+                           "False",
+                           "True",
+                           "True",
+                           "False",
+                           "1",
+                           "False",
+                           "True",
+                           "True",
+                           "True",
+                           "++",
+                           "..2",
+                           "C",
+                           "\"a, 'b'\"",
+                           "a.htm",
+                           "IDH_A",
+                           "10",
+                           "short",
+                           "Leaf",
+                           "k1; k2",
+                           "\"line 1",
+                           "line 2\""}));
+
+    const ParsedProject read = parseProject(file);
+    EXPECT_EQ(read.stop, LoadStop::none);
+    EXPECT_EQ(read.options, options);
+    topic.title = "a, 'b'";
+    topic.shortDescription = "short";
+    EXPECT_EQ(read.outline, test::outlineOf({topic}));
+}
+
+TEST(ProjectFile, NewProjectsHaveTheirDefaults) {
+    EXPECT_EQ(emptyProject(),
+              lines({"HTML Topicsmith Format 1", "", "", "", "", "", "False", "", "True", "False",
+                     "True", "False", "False", "True", "0", "True", "True", "True", "False"}));
+    const ParsedProject read = parse("");
+    EXPECT_EQ(read.stop, LoadStop::none);
+    EXPECT_TRUE(read.outline.empty());
+}
+
+TEST(ProjectFile, OptionsAcceptBlanksLetterCaseAndQuotes) {
+    const ParsedProject read = parseProject(lines(
+        {"\"HTML Topicsmith Format 1\"", "\" name \"", "\" a.css \"", "", "", "", "  TRUE ", "",
+         "yes", "1", "true", "", "False", "\"True\"", " 1 ", "False", "False", "False", "False"}));
+    EXPECT_EQ(read.stop, LoadStop::none);
+    EXPECT_EQ(read.options.projectName, " name ");
+    EXPECT_EQ(read.options.cssFile, "a.css");
+    EXPECT_TRUE(read.options.showCopyright);
+    EXPECT_EQ(read.options.navigationButtons, (std::array{false, false, true, false, false, true}));
+    EXPECT_EQ(read.options.navigationType, NavigationType::graphicButtons);
+}
+
+TEST(ProjectFile, EveryByteSurvives) {
+    Text all;
+    for (int i = 0; i < 256; ++i) {
+        if (i != '"') {
+            all += static_cast<char>(i);
+        }
+    }
+    const TopicOutline outline =
+        test::outlineOf({test::topic(1,
+                                     "x\n\xFF"
+                                     "y",
+                                     "a.htm", "x" + all + "y"),
+                         test::topic(1, "bare\nfeed", "b.htm", "\n\xA0\t")});
+    EXPECT_EQ(parseProject(formatProject(outline, {})).outline, outline);
+}
+
+TEST(ProjectFile, FilesConvertedToLineFeedsReadTheSame) {
+    const TopicOutline outline =
+        test::outlineOf({test::topic(1, "A", "a.htm", "one\r\ntwo, three"), Topic()});
+    const ParsedProject read = parseProject(withLfOnly(formatProject(outline, {})));
+    EXPECT_EQ(read.stop, LoadStop::none);
+    EXPECT_EQ(read.outline.at(1).body, "one\r\ntwo, three");
+    EXPECT_EQ(read.outline.count(), 2);
+}
+
+TEST(ProjectFile, TopicsWithoutStatusAndBodyAreEmpty) {
+    const Text noStatus = lines({"++", "1", "", "t", "a.htm", "", "", "", "Auto", ""});
+    const ParsedProject read = parse(noStatus + "\r\n" + noStatus + "text\r\n" + record("t", ""));
+    ASSERT_EQ(read.outline.count(), 3);
+    EXPECT_EQ(read.outline.at(1).status, "E");
+    EXPECT_EQ(read.outline.at(2).status, "");
+    EXPECT_EQ(read.outline.at(3).status, "C");
+}
+
+TEST(ProjectFile, StopsWithTheMessageThatFits) {
+    struct Case {
+        Text file;
+        LoadStop stop;
+        int topics;
+        const char* text;
+    };
+    const Text options = emptyProject();
+    const Text good = options + record("A") + record("B");
+    const Case cases[] = {
+        {"", LoadStop::unknownFormat, 0, "Unknown File Format, Loading Stopped"},
+        {"HTML Topicsmith Format 2\r\n", LoadStop::unknownFormat, 0,
+         "Unknown File Format, Loading Stopped"},
+        {"html topicsmith format 1\r\n", LoadStop::unknownFormat, 0,
+         "Unknown File Format, Loading Stopped"},
+        {"HTML Topicsmith Format 1\r\nname\r\n", LoadStop::endInOptions, 0, nullptr},
+        {options.substr(0, options.size() - 9), LoadStop::endInOptions, 0, nullptr},
+        {good, LoadStop::none, 2, nullptr},
+        {good + "stray", LoadStop::none, 2, nullptr},
+        {good + "stray\r\n", LoadStop::none, 2, nullptr},
+        {good + "++\r\n", LoadStop::none, 2, nullptr},
+        {good + "stray\r\nlines\r\n", LoadStop::corrupted, 2,
+         "Corrupted Input File, Loading Stopped"},
+        {good + "+\r\n1\r\n", LoadStop::corrupted, 2, "Corrupted Input File, Loading Stopped"},
+        {good + lines({"++", "1", "C", "cut"}), LoadStop::unexpectedEnd, 2,
+         "Unexpected EOF, Loading Stopped"},
+        {good + lines({"++", "1", "C"}) + "\"cut\r\n", LoadStop::unexpectedEnd, 2,
+         "Unexpected EOF, Loading Stopped"},
+        {good + lines({"++", "1", "C", "t", "f", "", "", "", "Auto"}) + "keywords",
+         LoadStop::unexpectedEnd, 2, "Unexpected EOF, Loading Stopped"},
+        // the separator behind the last field is enough for an empty body
+        {good + lines({"++", "1", "C", "t", "f", "", "", "", "Auto", "keywords"}), LoadStop::none,
+         3, nullptr},
+        {good + lines({"++", "1", "C", "t", "f", "", "", "", "Auto", ""}) + "\"cut body",
+         LoadStop::none, 3, nullptr},
+    };
+    for (const Case& each : cases) {
+        const ParsedProject read = parseProject(each.file);
+        EXPECT_EQ(read.stop, each.stop) << each.file;
+        EXPECT_EQ(read.outline.count(), each.topics) << each.file;
+        const auto message = messageFor(read.stop);
+        ASSERT_EQ(message.has_value(), each.text != nullptr) << each.file;
+        if (message) {
+            EXPECT_EQ(message->text, each.text);
+            EXPECT_EQ(message->title, "Error");
+            EXPECT_EQ(message->icon, MessageIcon::critical);
+        }
+    }
+}
+
+TEST(ProjectFile, The501stTopicStopsLoading) {
+    const TopicOutline full = test::flatOutline(TopicOutline::maxTopics);
+    const Text file = formatProject(full, {});
+    EXPECT_EQ(parseProject(file).stop, LoadStop::none);
+    const ParsedProject read = parseProject(file + record("one more"));
+    EXPECT_EQ(read.stop, LoadStop::topicLimit);
+    EXPECT_EQ(read.outline, full);
+    const auto message = messageFor(read.stop);
+    EXPECT_EQ(message->text, "Maximum Number of Help Topics Reached (500), Loading Stopped");
+    EXPECT_EQ(message->title, "Topic Limit");
+    EXPECT_EQ(message->icon, MessageIcon::none);
+}
+
+TEST(ProjectFile, LoadingReplacesTheProjectAndAFailedSaveLeavesItChanged) {
+    const test::TemporaryFolder folder;
+    Project project;
+    project.replace(test::flatOutline(3), {}, "other.tsp");
+    test::writeBytes(folder / "p.tsp", emptyProject() + record("A"));
+    EXPECT_EQ(loadProject(project, folder / "none.tsp").readError,
+              std::errc::no_such_file_or_directory);
+    EXPECT_EQ(project.outline().count(), 3);
+    EXPECT_FALSE(loadProject(project, folder / "p.tsp").readError);
+    EXPECT_EQ(project.outline().count(), 1);
+    EXPECT_EQ(project.projectPath(), folder / "p.tsp");
+    EXPECT_FALSE(project.dataChanged());
+
+    project.markChanged(projectChanged);
+    EXPECT_TRUE(saveProject(project, folder / "missing/p.tsp"));
+    EXPECT_TRUE(project.dataChanged());
+    EXPECT_EQ(project.projectPath(), folder / "p.tsp");
+    EXPECT_FALSE(saveProject(project, folder / "q.tsp"));
+    EXPECT_FALSE(project.dataChanged());
+    EXPECT_EQ(project.projectFileTitle(), "q.tsp");
+    EXPECT_EQ(test::bytesOf(folder / "q.tsp"), test::bytesOf(folder / "p.tsp"));
+}

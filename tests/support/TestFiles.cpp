@@ -1,0 +1,84 @@
+#include "support/TestFiles.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/Files.h"
+
+namespace test {
+
+namespace fs = std::filesystem;
+
+TemporaryFolder::TemporaryFolder() {
+    const auto* info = testing::UnitTest::GetInstance()->current_test_info();
+    std::string pattern =
+        (fs::temp_directory_path() / (std::string("topicsmith-") + info->name() + "-XXXXXX"))
+            .string();
+    path_ = ::mkdtemp(pattern.data());
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code error;
+    fs::remove_all(path_, error);
+}
+
+std::size_t TemporaryFolder::fileCount() const {
+    return static_cast<std::size_t>(
+        std::distance(fs::directory_iterator(path_), fs::directory_iterator()));
+}
+
+std::string bytesOf(const fs::path& path) {
+    std::string bytes;
+    const std::error_code error = platform::readFile(path, bytes);
+    EXPECT_FALSE(error) << path << ": " << error.message();
+    return bytes;
+}
+
+void writeBytes(const fs::path& path, std::string_view bytes) {
+    const std::error_code error = platform::writeFile(path, bytes);
+    ASSERT_FALSE(error) << path << ": " << error.message();
+}
+
+model::Text lines(std::initializer_list<model::TextView> texts) {
+    model::Text joined;
+    for (const model::TextView text : texts) {
+        model::appendLine(joined, text);
+    }
+    return joined;
+}
+
+model::Topic topic(int depth, model::Text title, model::Text fileName, model::Text body) {
+    model::Topic topic;
+    topic.level = model::levelText(depth);
+    topic.title = std::move(title);
+    topic.fileName = std::move(fileName);
+    topic.body = std::move(body);
+    return topic;
+}
+
+model::TopicOutline flatOutline(int count) {
+    model::TopicOutline outline;
+    for (int i = 1; i <= count; ++i) {
+        const std::string number = std::to_string(i);
+        outline.append(topic(1, "Topic " + number, "t" + number + ".htm"));
+    }
+    return outline;
+}
+
+model::TopicOutline outlineOf(std::initializer_list<model::Topic> topics) {
+    model::TopicOutline outline;
+    for (const model::Topic& each : topics) {
+        outline.append(each);
+    }
+    return outline;
+}
+
+int occurrences(model::TextView text, model::TextView part) {
+    int count = 0;
+    for (std::size_t at = text.find(part); at != model::TextView::npos;
+         at = text.find(part, at + part.size())) {
+        ++count;
+    }
+    return count;
+}
+
+} // namespace test

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "model/ProjectFile.h"
+
+/// What the tests of all folders need.
+namespace test {
+
+/// A folder of the running test's own, empty at first and removed at the end.
+class TemporaryFolder {
+public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    const std::filesystem::path& path() const { return path_; }
+    std::filesystem::path operator/(const std::filesystem::path& name) const {
+        return path_ / name;
+    }
+
+    std::size_t fileCount() const;
+
+private:
+    std::filesystem::path path_;
+};
+
+/// A file's bytes; fails the test if it cannot be read.
+std::string bytesOf(const std::filesystem::path& path);
+void writeBytes(const std::filesystem::path& path, std::string_view bytes);
+
+/// Lines joined with CR LF, each ended by it.
+model::Text lines(std::initializer_list<model::TextView> texts);
+
+model::Topic topic(int depth, model::Text title, model::Text fileName, model::Text body = "text");
+
+/// Topics 1 to `count` of level 1, titled "Topic 1" and so on, in pages t1.htm and so on.
+model::TopicOutline flatOutline(int count);
+
+model::TopicOutline outlineOf(std::initializer_list<model::Topic> topics);
+
+/// How often a text stands in another, not counting overlaps.
+int occurrences(model::TextView text, model::TextView part);
+
+} // namespace test
