@@ -25,6 +25,8 @@ need() {
 }
 
 BUILD_PACKAGES=(g++ cmake ninja-build)
+# clang and its run-time library for the fuzz targets; fp-utils for a compiler of compiled help.
+TEST_PACKAGES=(libgtest-dev clang libclang-rt-14-dev fp-utils libchm-dev)
 
 # build PRESET [TARGET...]: configures and builds, saying little.
 build() {

@@ -20,7 +20,7 @@ constexpr const char* documentationTitle = "Generate Documentation";
 /// A person's path, made independent of the current folder. "." and ".." are resolved, on the
 /// disk, where links count; a link in the file's own place stays.
 fs::path fullPath(const fs::path& path) {
-    const fs::path absolute = fs::absolute(path);
+    fs::path absolute = fs::absolute(path);
     if (absolute == absolute.lexically_normal()) {
         return absolute;
     }

@@ -6,7 +6,6 @@
 
 namespace generate {
 
-using model::append;
 using model::appendLine;
 using model::ProjectOptions;
 using model::Text;

@@ -152,8 +152,12 @@ TEST(CompiledHelp, TheManualIsWholeAndItsLinksLeadSomewhere) {
         << "not as the program itself saves it";
 
     const test::TemporaryFolder folder;
+    fs::copy(manual.parent_path() / "topicsmith.css", folder.path());
     const CompiledHelp help(project, folder.path());
     expectEverythingArrived(help, project.outline());
+    for (const char* file : {"/topicsmith.css", "/images/Image.jpg", "/images/Home Button.jpg"}) {
+        EXPECT_TRUE(help.files().contains(file)) << file;
+    }
     int links = 0;
     for (const Topic& each : project.outline()) {
         EXPECT_FALSE(each.body.empty()) << each.title;

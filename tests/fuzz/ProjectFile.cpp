@@ -1,10 +1,11 @@
-#include "model/Helper.h"
 #include "model/ProjectFile.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+
+#include "model/Helper.h"
 
 using namespace model;
 
