@@ -158,67 +158,55 @@ TEST(ProjectFile, TopicsWithoutStatusAndBodyAreEmpty) {
     EXPECT_EQ(read.outline.at(3).status, "C");
 }
 
-TEST(ProjectFile, StopsWithTheMessageThatFits) {
-    struct Case {
-        Text file;
-        LoadStop stop;
-        int topics;
-        const char* text;
-    };
+TEST(ProjectFile, StopsWhereTheFileIsWrong) {
     const Text options = emptyProject();
     const Text good = options + record("A") + record("B");
-    const Case cases[] = {
-        {"", LoadStop::unknownFormat, 0, "Unknown File Format, Loading Stopped"},
-        {"HTML Topicsmith Format 2\r\n", LoadStop::unknownFormat, 0,
-         "Unknown File Format, Loading Stopped"},
-        {"html topicsmith format 1\r\n", LoadStop::unknownFormat, 0,
-         "Unknown File Format, Loading Stopped"},
-        {"HTML Topicsmith Format 1\r\nname\r\n", LoadStop::endInOptions, 0, nullptr},
-        {options.substr(0, options.size() - 9), LoadStop::endInOptions, 0, nullptr},
-        {good, LoadStop::none, 2, nullptr},
-        {good + "stray", LoadStop::none, 2, nullptr},
-        {good + "stray\r\n", LoadStop::none, 2, nullptr},
-        {good + "++\r\n", LoadStop::none, 2, nullptr},
-        {good + "stray\r\nlines\r\n", LoadStop::corrupted, 2,
-         "Corrupted Input File, Loading Stopped"},
-        {good + "+\r\n1\r\n", LoadStop::corrupted, 2, "Corrupted Input File, Loading Stopped"},
-        {good + lines({"++", "1", "C", "cut"}), LoadStop::unexpectedEnd, 2,
-         "Unexpected EOF, Loading Stopped"},
-        {good + lines({"++", "1", "C"}) + "\"cut\r\n", LoadStop::unexpectedEnd, 2,
-         "Unexpected EOF, Loading Stopped"},
-        {good + lines({"++", "1", "C", "t", "f", "", "", "", "Auto"}) + "keywords",
-         LoadStop::unexpectedEnd, 2, "Unexpected EOF, Loading Stopped"},
-        // the separator behind the last field is enough for an empty body
-        {good + lines({"++", "1", "C", "t", "f", "", "", "", "Auto", "keywords"}), LoadStop::none,
-         3, nullptr},
-        {good + lines({"++", "1", "C", "t", "f", "", "", "", "Auto", ""}) + "\"cut body",
-         LoadStop::none, 3, nullptr},
+    const Text eightFields = good + lines({"++", "1", "C", "t", "f", "", "", "", "Auto"});
+    const std::tuple<Text, LoadStop, int> cases[] = {
+        {"", LoadStop::unknownFormat, 0},
+        {"html topicsmith format 1\r\n", LoadStop::unknownFormat, 0},
+        {"HTML Topicsmith Format 1\r\nname\r\n", LoadStop::endInOptions, 0},
+        {options.substr(0, options.size() - 9), LoadStop::endInOptions, 0},
+        {good + "stray", LoadStop::none, 2},
+        {good + "++\r\n", LoadStop::none, 2},
+        {good + "stray\r\nlines\r\n", LoadStop::corrupted, 2},
+        {good + "+\r\n1\r\n", LoadStop::corrupted, 2},
+        {good + lines({"++", "1", "C", "cut"}), LoadStop::unexpectedEnd, 2},
+        {good + lines({"++", "1", "C"}) + "\"cut\r\n", LoadStop::unexpectedEnd, 2},
+        {eightFields + "keywords", LoadStop::unexpectedEnd, 2},
+        {eightFields + "keywords\r\n", LoadStop::none, 3}, // an empty body needs no line of its own
+        {eightFields + "\r\n\"cut body", LoadStop::none, 3},
     };
-    for (const Case& each : cases) {
-        const ParsedProject read = parseProject(each.file);
-        EXPECT_EQ(read.stop, each.stop) << each.file;
-        EXPECT_EQ(read.outline.count(), each.topics) << each.file;
-        const auto message = messageFor(read.stop);
-        ASSERT_EQ(message.has_value(), each.text != nullptr) << each.file;
-        if (message) {
-            EXPECT_EQ(message->text, each.text);
-            EXPECT_EQ(message->title, "Error");
-            EXPECT_EQ(message->icon, MessageIcon::critical);
-        }
+    for (const auto& [file, stop, topics] : cases) {
+        const ParsedProject read = parseProject(file);
+        EXPECT_EQ(read.stop, stop) << file;
+        EXPECT_EQ(read.outline.count(), topics) << file;
     }
+    const TopicOutline full = test::flatOutline(TopicOutline::maxTopics);
+    EXPECT_EQ(parseProject(formatProject(full, {})).stop, LoadStop::none);
+    const ParsedProject tooLong = parseProject(formatProject(full, {}) + record("one more"));
+    EXPECT_EQ(tooLong.stop, LoadStop::topicLimit);
+    EXPECT_EQ(tooLong.outline, full);
 }
 
-TEST(ProjectFile, The501stTopicStopsLoading) {
-    const TopicOutline full = test::flatOutline(TopicOutline::maxTopics);
-    const Text file = formatProject(full, {});
-    EXPECT_EQ(parseProject(file).stop, LoadStop::none);
-    const ParsedProject read = parseProject(file + record("one more"));
-    EXPECT_EQ(read.stop, LoadStop::topicLimit);
-    EXPECT_EQ(read.outline, full);
-    const auto message = messageFor(read.stop);
-    EXPECT_EQ(message->text, "Maximum Number of Help Topics Reached (500), Loading Stopped");
-    EXPECT_EQ(message->title, "Topic Limit");
-    EXPECT_EQ(message->icon, MessageIcon::none);
+TEST(ProjectFile, EveryStopHasItsMessage) {
+    const std::tuple<LoadStop, const char*, const char*, MessageIcon> messages[] = {
+        {LoadStop::unknownFormat, "Error", "Unknown File Format, Loading Stopped",
+         MessageIcon::critical},
+        {LoadStop::corrupted, "Error", "Corrupted Input File, Loading Stopped",
+         MessageIcon::critical},
+        {LoadStop::unexpectedEnd, "Error", "Unexpected EOF, Loading Stopped",
+         MessageIcon::critical},
+        {LoadStop::topicLimit, "Topic Limit",
+         "Maximum Number of Help Topics Reached (500), Loading Stopped", MessageIcon::none}};
+    for (const auto& [stop, title, text, icon] : messages) {
+        const Message message = messageFor(stop).value();
+        EXPECT_EQ(message.title, title);
+        EXPECT_EQ(message.text, text);
+        EXPECT_EQ(message.icon, icon);
+    }
+    EXPECT_FALSE(messageFor(LoadStop::none));
+    EXPECT_FALSE(messageFor(LoadStop::endInOptions));
 }
 
 TEST(ProjectFile, LoadingReplacesTheProjectAndAFailedSaveLeavesItChanged) {

@@ -1,6 +1,8 @@
 #include "support/TestFiles.h"
 
+#include <cerrno>
 #include <gtest/gtest.h>
+#include <system_error>
 
 #include "platform/Files.h"
 
@@ -9,11 +11,11 @@ namespace test {
 namespace fs = std::filesystem;
 
 TemporaryFolder::TemporaryFolder() {
-    const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-    std::string pattern =
-        (fs::temp_directory_path() / (std::string("topicsmith-") + info->name() + "-XXXXXX"))
-            .string();
-    path_ = ::mkdtemp(pattern.data());
+    std::string pattern = fs::temp_directory_path() / "topicsmith-test-XXXXXX";
+    if (::mkdtemp(pattern.data()) == nullptr) {
+        throw std::system_error(errno, std::generic_category(), pattern);
+    }
+    path_ = pattern;
 }
 
 TemporaryFolder::~TemporaryFolder() {
@@ -70,15 +72,6 @@ model::TopicOutline outlineOf(std::initializer_list<model::Topic> topics) {
         outline.append(each);
     }
     return outline;
-}
-
-int occurrences(model::TextView text, model::TextView part) {
-    int count = 0;
-    for (std::size_t at = text.find(part); at != model::TextView::npos;
-         at = text.find(part, at + part.size())) {
-        ++count;
-    }
-    return count;
 }
 
 } // namespace test

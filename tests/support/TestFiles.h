@@ -41,7 +41,4 @@ model::TopicOutline flatOutline(int count);
 
 model::TopicOutline outlineOf(std::initializer_list<model::Topic> topics);
 
-/// How often a text stands in another, not counting overlaps.
-int occurrences(model::TextView text, model::TextView part);
-
 } // namespace test
