@@ -28,11 +28,11 @@ BUILD_PACKAGES=(g++ cmake ninja-build)
 # clang and its run-time library for the fuzz targets; fp-utils for a compiler of compiled help.
 TEST_PACKAGES=(libgtest-dev clang libclang-rt-14-dev fp-utils libchm-dev)
 
-# build PRESET [TARGET...]: configures and builds, saying little.
+# build PRESET [CMAKE_OPTION...]: configures and builds, saying little.
 build() {
     local preset=$1
     shift
     step "building ($preset)"
-    cmake --preset "$preset" >/dev/null
-    cmake --build --preset "$preset" ${1:+--target "$@"}
+    cmake --preset "$preset" "$@" >/dev/null
+    cmake --build --preset "$preset"
 }
