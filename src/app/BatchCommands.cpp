@@ -5,7 +5,7 @@
 #include "generate/Documentation.h"
 #include "generate/GeneratedFile.h"
 #include "generate/GenerationRun.h"
-#include "model/Helper.h"
+#include "model/CodePage.h"
 #include "model/ProjectFile.h"
 
 namespace app {
@@ -20,11 +20,11 @@ constexpr const char* documentationTitle = "Generate Documentation";
 /// A person's path, made independent of the current folder. "." and ".." are resolved, on the
 /// disk, where links count; a link in the file's own place stays.
 fs::path fullPath(const fs::path& path) {
-    fs::path absolute = fs::absolute(path);
-    if (absolute == absolute.lexically_normal()) {
+    std::error_code error;
+    fs::path absolute = fs::absolute(path, error);
+    if (error || absolute == absolute.lexically_normal()) {
         return absolute;
     }
-    std::error_code error;
     const fs::path folder = fs::weakly_canonical(absolute.parent_path(), error);
     return error ? absolute : folder / absolute.filename();
 }
@@ -32,11 +32,11 @@ fs::path fullPath(const fs::path& path) {
 /// Loads a project that can be worked with; otherwise says why not. A project that was cut or has
 /// too many topics is refused: a script must not go on with a part of it.
 bool loadWhole(BatchSession& session, const fs::path& path, Project& project) {
-    if (!fs::exists(path)) {
+    const model::LoadOutcome outcome = model::loadProject(project, fullPath(path));
+    if (outcome.readError == std::errc::no_such_file_or_directory) {
         session.console.message(model::fileNotFoundMessage(path));
         return false;
     }
-    const model::LoadOutcome outcome = model::loadProject(project, fullPath(path));
     if (outcome.readError) {
         session.console.failure("Error", path, outcome.readError.message());
         return false;
@@ -46,7 +46,10 @@ bool loadWhole(BatchSession& session, const fs::path& path, Project& project) {
         return false;
     }
     if (outcome.stop != model::LoadStop::none) {
-        session.console.failure("Error", path, "the file ends before its first topic");
+        session.console.failure("Error", path,
+                                outcome.stop == model::LoadStop::endInBody
+                                    ? "the file ends inside the text of its last topic"
+                                    : "the file ends before its first topic");
         return false;
     }
     return true;
@@ -56,20 +59,22 @@ bool loadWhole(BatchSession& session, const fs::path& path, Project& project) {
 /// when there can be no such file, or when it would take the project's own place.
 bool prepareOutput(BatchSession& session, const char* title, const char* extension,
                    const fs::path& project, fs::path& output) {
-    if (output.filename().empty() || fs::is_directory(output)) {
+    std::error_code error;
+    if (output.filename().empty() || fs::is_directory(output, error)) {
         session.console.failure(title, output, "names a folder, not a file");
         return false;
     }
     if (!output.has_extension()) {
+        output += '.';
         output += extension;
     }
-    std::error_code error;
-    fs::create_directories(fs::absolute(output).parent_path(), error);
+    output = fullPath(output);
+    fs::create_directories(output.parent_path(), error);
     if (error) {
         session.console.failure(title, output.parent_path(), error.message());
         return false;
     }
-    output = fullPath(output);
+    output = fullPath(output); // now that the folder exists, links in it can be followed
     if (fs::equivalent(output, project, error)) {
         session.console.failure(title, output, "is the project itself");
         return false;
@@ -77,11 +82,16 @@ bool prepareOutput(BatchSession& session, const char* title, const char* extensi
     return true;
 }
 
-/// The generated files that lie beside the workshop project must neither be that file nor the
-/// help project.
-bool workshopNamesDiffer(BatchSession& session, const fs::path& workshopFile,
-                         const fs::path& project) {
-    for (const char* extension : {"hhc", "hhk"}) {
+/// Whether a workshop project can have this name: it has to stand in the workshop's own files, and
+/// the files beside it must neither be that file nor the help project.
+bool isWorkshopName(BatchSession& session, const fs::path& workshopFile, const fs::path& project) {
+    const fs::path name = workshopFile.filename();
+    if (model::nativePath(model::displayText(name)) != name) {
+        session.console.failure(helpTitle, workshopFile,
+                                "has a character in its name that the help workshop does not know");
+        return false;
+    }
+    for (const char* extension : {"chm", "hhc", "hhk"}) {
         const fs::path sibling = generate::siblingFile(workshopFile, extension);
         std::error_code error;
         if (sibling == workshopFile || fs::equivalent(sibling, project, error)) {
@@ -106,8 +116,8 @@ ExitCode runGenerate(BatchSession& session, const Arguments& arguments) {
     fs::path output = arguments[1];
     Project project;
     if (!loadWhole(session, arguments[0], project) || isEmpty(session, project, helpTitle)
-        || !prepareOutput(session, helpTitle, ".hhp", project.projectPath(), output)
-        || !workshopNamesDiffer(session, output, project.projectPath())) {
+        || !prepareOutput(session, helpTitle, "hhp", project.projectPath(), output)
+        || !isWorkshopName(session, output, project.projectPath())) {
         return exitFailed;
     }
     const auto save = [&project] { return model::saveProject(project, project.projectPath()); };
@@ -122,7 +132,7 @@ ExitCode runDocument(BatchSession& session, const Arguments& arguments) {
     fs::path output = arguments[1];
     Project project;
     if (!loadWhole(session, arguments[0], project) || isEmpty(session, project, documentationTitle)
-        || !prepareOutput(session, documentationTitle, ".htm", project.projectPath(), output)) {
+        || !prepareOutput(session, documentationTitle, "htm", project.projectPath(), output)) {
         return exitFailed;
     }
     const generate::FileFailures failures = generate::generateDocumentation(

@@ -25,8 +25,7 @@ void Console::message(const model::Message& message) {
 
 void Console::failure(std::string_view title, const std::filesystem::path& path,
                       std::string_view reason) {
-    const std::u8string utf8 = path.u8string();
-    err_ << title << ": " << std::string(utf8.begin(), utf8.end()) << ": " << reason << '\n';
+    err_ << title << ": " << model::utf8Of(path) << ": " << reason << '\n';
 }
 
 void Console::failures(std::string_view title, const generate::FileFailures& failures) {

@@ -7,8 +7,8 @@
 namespace generate {
 
 struct LinkCounts {
-    int pages = 0; ///< within the help
-    int web = 0;
+    int pages = 0; ///< whatever is not to the web
+    int web = 0;   ///< address begins with http
 };
 
 /// Letter case does not matter.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "generate/PageLines.h"
+
 namespace generate {
 
 using model::appendLine;
@@ -52,7 +54,7 @@ void closeLists(Text& file, int& depth, int downTo) {
 
 Text contentsFile(const model::TopicOutline& outline) {
     Text file;
-    appendLine(file, R"(<!DOCTYPE HTML PUBLIC "-//IETF//DTD HTML//EN">)");
+    appendLine(file, documentTypeLine);
     appendLine(file, "<HTML>");
     appendLine(file, "<HEAD>");
     appendLine(file, R"(<meta name="GENERATOR" content="Microsoft&reg; HTML Help Workshop 4.1">)");

@@ -10,7 +10,7 @@ namespace generate {
 /// program names it.
 struct FileFailure {
     std::filesystem::path path;
-    std::string reason; ///< in the system's words, without a full stop
+    std::string reason; ///< the system's or our own words, without a full stop
 };
 
 using FileFailures = std::vector<FileFailure>;

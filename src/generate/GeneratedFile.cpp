@@ -1,5 +1,7 @@
 #include "generate/GeneratedFile.h"
 
+#include <algorithm>
+
 #include "platform/Files.h"
 
 namespace generate {

@@ -91,7 +91,7 @@ public:
         Text page;
         for (int position = 1; position <= project_.outline().count(); ++position) {
             makeTopicPage(project_.outline(), project_.options(), position, page, report_.pages);
-            writePage(project_.outline().at(position).fileName, page);
+            writePage(position, page);
         }
     }
 
@@ -128,10 +128,12 @@ public:
     GenerationReport takeReport() { return std::move(report_); }
 
 private:
-    void writePage(const Text& fileName, TextView page) {
+    void writePage(int position, TextView page) {
+        const Text& fileName = project_.outline().at(position).fileName;
         const fs::path path = folder_ / model::pageFolderName / model::nativePath(fileName);
         if (const TextView fault = model::pageNameFault(fileName); !fault.empty()) {
-            report_.failures.push_back({path, std::string(fault)});
+            report_.failures.push_back(
+                {path, std::string(fault) + " (topic " + std::to_string(position) + ")"});
             return;
         }
         writeGenerated(path, page, report_.failures);

@@ -18,7 +18,7 @@ struct GenerationRequest {
     /// The program's pictures are copied from here.
     std::filesystem::path programFolder;
 
-    /// Does what the Save command does, and tells what went wrong.
+    /// Does what the Save command does, and tells what went wrong. Not empty.
     std::function<std::error_code()> save;
 
     /// Called with the report so far, when the checks are done and the pages are still to be
@@ -31,7 +31,7 @@ struct GenerationRequest {
 std::optional<model::Message> nothingToGenerate(const model::Project& project, model::Text title);
 
 /// Writes the sources of the compiled help for a project with at least one topic: repairs context
-/// values and file names, writes all files, gives every topic its resting status and saves the
+/// values and file names, writes all files, sets the letters C, N, S and M back and saves the
 /// project. Goes on where a file cannot be made, and collects such failures. Files of earlier runs
 /// are overwritten; pages of topics that are gone stay.
 GenerationReport generateHelp(model::Project& project, const GenerationRequest& request);

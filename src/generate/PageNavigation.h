@@ -6,10 +6,10 @@
 /// The parts of a topic's page that lead to other topics.
 namespace generate {
 
-/// How many links appendTopicLists() wrote, and whether the next topic is among them.
+/// What appendTopicLists() wrote.
 struct ListedTopics {
-    int children = 0;
-    bool next = false;
+    int children = 0;  ///< links in the list of children; the list of chapters does not count
+    bool next = false; ///< one of the lists leads to the next topic
 };
 
 /// Appends the lists of topics below this one: on the first page that of all chapters, on any page

@@ -86,18 +86,20 @@ Text renamedDuplicate(TextView fileName) {
                                     extension)) {
         stem.remove_suffix(extension.size());
     } else {
-        // Not the usual page: it keeps the ending it has.
-        stem = fileName.substr(0, fileName.rfind('.'));
+        // Not the usual page: it keeps the ending it has, if it has one.
+        const std::size_t point = fileName.find_last_of("./\\");
+        const bool hasEnding = point != TextView::npos && fileName[point] == '.';
+        stem = fileName.substr(0, hasEnding ? point : TextView::npos);
         ending = fileName.substr(stem.size());
     }
-    // Only the last digit counts, so "page10" is followed by "page10 1". A name grows longer or
-    // its number does, hence renaming comes to an end.
-    const int counter = 1 + (!stem.empty() && isDigit(stem.back()) ? stem.back() - '0' : 0);
-    if (counter >= 2) {
+    // Only the last digit counts, so "page10" is followed by "page10 1".
+    const int digit = !stem.empty() && isDigit(stem.back()) ? stem.back() - '0' : 0;
+    const bool counted = digit > 0;
+    if (counted) {
         stem.remove_suffix(1);
     }
     Text result(stem);
-    append(result, counter < 2 ? " " : "", std::to_string(counter), ending);
+    append(result, counted ? "" : " ", std::to_string(digit + 1), ending);
     return result;
 }
 
@@ -124,6 +126,7 @@ void renameDuplicateFiles(Project& project, Text& report, ReportHeaders& headers
     for (const Topic& topic : project.outline()) {
         keys.push_back(model::pageKey(topic.fileName));
     }
+    // Comes to an end: each renaming makes a name longer or its number larger.
     while (renameRound(project, keys, report, headers)) {
     }
 }

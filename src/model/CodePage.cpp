@@ -106,6 +106,20 @@ Text fromUtf8(std::string_view utf8) {
     return text;
 }
 
+Text htmlFromUtf8(std::string_view utf8) {
+    Text html;
+    while (!utf8.empty()) {
+        const char32_t character = takeCharacter(utf8);
+        const char byte = byteOf(character);
+        if (byte == '?' && character != U'?') {
+            append(html, "&#", std::to_string(static_cast<std::uint32_t>(character)), ";");
+        } else {
+            html += byte;
+        }
+    }
+    return html;
+}
+
 std::filesystem::path nativePath(TextView text) {
     std::string utf8 = toUtf8(text);
     std::replace(utf8.begin(), utf8.end(), '\\', '/');
@@ -113,8 +127,12 @@ std::filesystem::path nativePath(TextView text) {
 }
 
 Text displayText(const std::filesystem::path& path) {
+    return fromUtf8(utf8Of(path));
+}
+
+std::string utf8Of(const std::filesystem::path& path) {
     const std::u8string utf8 = path.u8string();
-    return fromUtf8({reinterpret_cast<const char*>(utf8.data()), utf8.size()});
+    return {utf8.begin(), utf8.end()};
 }
 
 } // namespace model

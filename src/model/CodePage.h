@@ -15,11 +15,17 @@ std::string toUtf8(TextView text);
 /// Characters that the code page lacks, and bytes that are not UTF-8, become question marks.
 Text fromUtf8(std::string_view utf8);
 
+/// For HTML, where nothing needs to be lost: characters that the code page lacks become decimal
+/// references ("&#937;").
+Text htmlFromUtf8(std::string_view utf8);
+
 /// The path under which the file system knows a name or relative path that stands in a project.
 /// Both slashes end a folder.
 std::filesystem::path nativePath(TextView text);
 
-/// A path as text to show; not meant for opening the file again.
+/// A path as text to show, with question marks as in fromUtf8().
 Text displayText(const std::filesystem::path& path);
+
+std::string utf8Of(const std::filesystem::path& path);
 
 } // namespace model

@@ -30,6 +30,7 @@ FieldReader::FieldReader(Text file) : file_(std::move(file)) {
 TextView FieldReader::next() {
     skipBlanks();
     const bool quoted = !atEnd() && file_[position_] == '"';
+    cutInQuotes_ = false;
     const TextView field = quoted ? quotedField() : plainField();
     cutAtEnd_ = atEnd();
     skipSeparator();
@@ -38,7 +39,9 @@ TextView FieldReader::next() {
 
 TextView FieldReader::quotedField() {
     const std::size_t start = position_ + 1;
-    const std::size_t end = std::min(file_.find('"', start), file_.size());
+    const std::size_t closingQuote = file_.find('"', start);
+    cutInQuotes_ = closingQuote == Text::npos;
+    const std::size_t end = std::min(closingQuote, file_.size());
     position_ = std::min(end + 1, file_.size());
     skipBlanks();
     return TextView(file_).substr(start, end - start);

@@ -27,6 +27,9 @@ public:
     /// or right behind it.
     bool cutAtEnd() const { return cutAtEnd_; }
 
+    /// The closing quote of the last field was missing; the field went on to the end of the file.
+    bool cutInQuotes() const { return cutInQuotes_; }
+
 private:
     TextView quotedField();
     TextView plainField();
@@ -36,6 +39,7 @@ private:
     Text file_;
     std::size_t position_ = 0;
     bool cutAtEnd_ = false;
+    bool cutInQuotes_ = false;
 };
 
 } // namespace model

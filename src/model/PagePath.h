@@ -1,7 +1,5 @@
 #pragma once
 
-#include <filesystem>
-
 #include "model/Text.h"
 
 /// Where the page of a topic lies.

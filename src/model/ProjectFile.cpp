@@ -104,6 +104,9 @@ LoadStop readTopics(FieldReader& fields, TopicOutline& outline) {
             return LoadStop::unexpectedEnd;
         }
         outline.append(std::move(topic));
+        if (fields.cutInQuotes()) {
+            return LoadStop::endInBody;
+        }
         marker = fields.next();
     }
     return LoadStop::none;
@@ -178,6 +181,7 @@ std::optional<Message> messageFor(LoadStop stop) {
                        "Topic Limit", MessageIcon::none};
     case LoadStop::none:
     case LoadStop::endInOptions:
+    case LoadStop::endInBody:
         break;
     }
     return {};

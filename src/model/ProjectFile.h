@@ -9,18 +9,19 @@
 /// The project file (`.tsp`), described in docs/file-formats.md.
 namespace model {
 
-/// Why reading a project file ended before its end. What was read until then is kept.
+/// How reading a project file ended. What was read until then is kept.
 enum class LoadStop {
-    none,
+    none,          ///< at its end
     unknownFormat, ///< not a project file; nothing was read
     endInOptions,  ///< cut before the first topic
     corrupted,     ///< something else where a topic should begin
     unexpectedEnd, ///< cut inside a topic, which is left out
+    endInBody,     ///< cut inside the quotes of a body, which is kept as far as it goes
     topicLimit     ///< more topics than a project can hold
 };
 
-/// What the author is told; nothing for a file that was read whole, and nothing for endInOptions,
-/// of which the window has no message.
+/// What the author is told. There are no words for none, endInOptions and endInBody: the window
+/// shows what there is.
 std::optional<Message> messageFor(LoadStop stop);
 
 struct ParsedProject {

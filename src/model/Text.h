@@ -17,8 +17,8 @@ inline constexpr TextView lineBreak = "\r\n";
 /// non-breaking space stay.
 TextView trim(TextView text);
 
-/// Small letters become capitals and the reverse, accented ones too. Letters that have no partner
-/// in the code page stay as they are.
+/// With all letters as capitals, or all as small letters, accented ones too. Letters that have no
+/// partner in the code page stay as they are.
 Text upperCase(TextView text);
 Text lowerCase(TextView text);
 

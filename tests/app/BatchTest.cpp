@@ -84,18 +84,20 @@ TEST_F(BatchTest, FailuresAreNamedAndExitWithOne) {
     EXPECT_EQ(run({"generate", project, folder / "out/p.hhp"}), exitFailed);
     EXPECT_NE(output.find("Generation Complete."), std::string::npos);
     EXPECT_EQ(errors, "Generate Help Files: " + (folder / "out/html/../a.htm").string()
-                          + ": the file name does not stay inside the page folder\n");
+                          + ": the file name does not stay inside the page folder (topic 1)\n");
     EXPECT_FALSE(fs::exists(folder / "out/a.htm"));
 }
 
 TEST_F(BatchTest, DocumentTakesPicturesFromTheProjectsFolder) {
-    const std::string project =
-        save("p.tsp", test::outlineOf({topic(1, "A", "a.htm", "<img src='..\\images\\x.jpg'>")}));
+    fs::create_directory(folder / fs::path(u8"é'Ω"));
+    const std::string project = save(
+        "é'Ω/p.tsp", test::outlineOf({topic(1, "A", "a.htm", "<img src='..\\images\\x.jpg'>")}));
     EXPECT_EQ(run({"document", project, folder / "out.htm"}), exitDone);
     EXPECT_EQ(errors, "Documentation: HTML Documentation Generation is Complete\n");
-    EXPECT_NE(test::bytesOf(folder / "out.htm")
-                  .find("<img src='" + folder.path().string() + "\\images\\x.jpg'>"),
-              std::string::npos);
+    EXPECT_NE(
+        test::bytesOf(folder / "out.htm")
+            .find("<img src='" + folder.path().string() + "/\xE9&#39;&#937;\\images\\x.jpg'>"),
+        std::string::npos);
     fs::create_directory(folder / "taken.htm");
     EXPECT_EQ(run({"document", project, folder / "taken.htm"}), exitFailed);
     EXPECT_EQ(run({"document", save("empty.tsp", {}), folder / "e.htm"}), exitFailed);
@@ -110,6 +112,7 @@ TEST_F(BatchTest, InputThatIsNotAWholeProjectChangesNothing) {
         {"broken.tsp", good + "x\r\ny\r\n",
          "Topic Limit: Maximum Number of Help Topics Reached (500), Loading Stopped\n"},
         {"header.tsp", good.substr(0, 60), "the file ends before its first topic\n"},
+        {"body.tsp", good.substr(0, good.size() - 6) + "\"cut", "the text of its last topic\n"},
     };
     for (const auto& [name, bytes, message] : cases) {
         test::writeBytes(folder / name, bytes);
@@ -137,6 +140,7 @@ TEST_F(BatchTest, TheProjectIsNeverTheOutput) {
     EXPECT_EQ(run({"generate", project, folder / "link.hhp"}), exitFailed);
     EXPECT_EQ(run({"generate", project, folder / "other.hhp"}), exitFailed);
     EXPECT_EQ(run({"generate", project, folder / "x.hhk"}), exitFailed);
+    EXPECT_EQ(run({"generate", project, folder / fs::path(u8"помощь.hhp")}), exitFailed);
     EXPECT_EQ(run({"document", project, project}), exitFailed);
     EXPECT_EQ(test::bytesOf(project), before);
 }

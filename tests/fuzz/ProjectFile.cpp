@@ -50,7 +50,7 @@ void require(bool condition, const char* what) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const ParsedProject first = parseProject(Text(reinterpret_cast<const char*>(data), size));
     require(first.outline.count() <= TopicOutline::maxTopics, "too many topics");
-    if (first.stop != LoadStop::none) {
+    if (first.stop != LoadStop::none && first.stop != LoadStop::endInBody) {
         return 0;
     }
     const Text saved = formatProject(first.outline, first.options);

@@ -74,7 +74,8 @@ TEST(TopicValidation, NewNamesFollowTheDigitBeforeTheExtension) {
                                                          {"1.htm", "2.htm"},
                                                          {".htm", " 1.htm"},
                                                          {"page.html", "page 1.html"},
-                                                         {"readme", "readme 1"}};
+                                                         {"readme", "readme 1"},
+                                                         {"v1.0\\setup", "v1.0\\setup 1"}};
     for (const auto& [name, next] : cases) {
         EXPECT_EQ(renamedDuplicate(name), next);
     }

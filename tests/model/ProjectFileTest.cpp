@@ -175,7 +175,7 @@ TEST(ProjectFile, StopsWhereTheFileIsWrong) {
         {good + lines({"++", "1", "C"}) + "\"cut\r\n", LoadStop::unexpectedEnd, 2},
         {eightFields + "keywords", LoadStop::unexpectedEnd, 2},
         {eightFields + "keywords\r\n", LoadStop::none, 3}, // an empty body needs no line of its own
-        {eightFields + "\r\n\"cut body", LoadStop::none, 3},
+        {eightFields + "\r\n\"cut body", LoadStop::endInBody, 3},
     };
     for (const auto& [file, stop, topics] : cases) {
         const ParsedProject read = parseProject(file);
@@ -207,6 +207,7 @@ TEST(ProjectFile, EveryStopHasItsMessage) {
     }
     EXPECT_FALSE(messageFor(LoadStop::none));
     EXPECT_FALSE(messageFor(LoadStop::endInOptions));
+    EXPECT_FALSE(messageFor(LoadStop::endInBody));
 }
 
 TEST(ProjectFile, LoadingReplacesTheProjectAndAFailedSaveLeavesItChanged) {
