@@ -22,7 +22,10 @@ constexpr const char* documentationTitle = "Generate Documentation";
 fs::path fullPath(const fs::path& path) {
     std::error_code error;
     fs::path absolute = fs::absolute(path, error);
-    if (error || absolute == absolute.lexically_normal()) {
+    if (error) {
+        return path;
+    }
+    if (absolute == absolute.lexically_normal()) {
         return absolute;
     }
     const fs::path folder = fs::weakly_canonical(absolute.parent_path(), error);
@@ -45,7 +48,7 @@ bool loadWhole(BatchSession& session, const fs::path& path, Project& project) {
         session.console.message(*message);
         return false;
     }
-    if (outcome.stop != model::LoadStop::none) {
+    if (outcome.stop != model::LoadStop::none) { // one of those that the window is silent about
         session.console.failure("Error", path,
                                 outcome.stop == model::LoadStop::endInBody
                                     ? "the file ends inside the text of its last topic"
@@ -60,7 +63,8 @@ bool loadWhole(BatchSession& session, const fs::path& path, Project& project) {
 bool prepareOutput(BatchSession& session, const char* title, const char* extension,
                    const fs::path& project, fs::path& output) {
     std::error_code error;
-    if (output.filename().empty() || fs::is_directory(output, error)) {
+    const fs::path name = output.filename();
+    if (name.empty() || name == "." || name == ".." || fs::is_directory(output, error)) {
         session.console.failure(title, output, "names a folder, not a file");
         return false;
     }
@@ -82,14 +86,15 @@ bool prepareOutput(BatchSession& session, const char* title, const char* extensi
     return true;
 }
 
-/// Whether a workshop project can have this name: it has to stand in the workshop's own files, and
-/// the files beside it must neither be that file nor the help project.
-bool isWorkshopName(BatchSession& session, const fs::path& workshopFile, const fs::path& project) {
+/// True, and said so, when a workshop project cannot have this name: it has to stand in the
+/// workshop's own files, and the files beside it must be neither that file nor the help project.
+bool refuseWorkshopName(BatchSession& session, const fs::path& workshopFile,
+                        const fs::path& project) {
     const fs::path name = workshopFile.filename();
     if (model::nativePath(model::displayText(name)) != name) {
         session.console.failure(helpTitle, workshopFile,
                                 "has a character in its name that the help workshop does not know");
-        return false;
+        return true;
     }
     for (const char* extension : {"chm", "hhc", "hhk"}) {
         const fs::path sibling = generate::siblingFile(workshopFile, extension);
@@ -97,14 +102,14 @@ bool isWorkshopName(BatchSession& session, const fs::path& workshopFile, const f
         if (sibling == workshopFile || fs::equivalent(sibling, project, error)) {
             session.console.failure(helpTitle, sibling,
                                     "is the name of a generated file; choose another output");
-            return false;
+            return true;
         }
     }
-    return true;
+    return false;
 }
 
 /// True, and said so, when the project has no topics.
-bool isEmpty(BatchSession& session, const Project& project, const char* title) {
+bool refuseEmpty(BatchSession& session, const Project& project, const char* title) {
     const auto message = generate::nothingToGenerate(project, title);
     if (message) {
         session.console.message(*message);
@@ -115,9 +120,9 @@ bool isEmpty(BatchSession& session, const Project& project, const char* title) {
 ExitCode runGenerate(BatchSession& session, const Arguments& arguments) {
     fs::path output = arguments[1];
     Project project;
-    if (!loadWhole(session, arguments[0], project) || isEmpty(session, project, helpTitle)
+    if (!loadWhole(session, arguments[0], project) || refuseEmpty(session, project, helpTitle)
         || !prepareOutput(session, helpTitle, "hhp", project.projectPath(), output)
-        || !isWorkshopName(session, output, project.projectPath())) {
+        || refuseWorkshopName(session, output, project.projectPath())) {
         return exitFailed;
     }
     const auto save = [&project] { return model::saveProject(project, project.projectPath()); };
@@ -131,7 +136,8 @@ ExitCode runGenerate(BatchSession& session, const Arguments& arguments) {
 ExitCode runDocument(BatchSession& session, const Arguments& arguments) {
     fs::path output = arguments[1];
     Project project;
-    if (!loadWhole(session, arguments[0], project) || isEmpty(session, project, documentationTitle)
+    if (!loadWhole(session, arguments[0], project)
+        || refuseEmpty(session, project, documentationTitle)
         || !prepareOutput(session, documentationTitle, "htm", project.projectPath(), output)) {
         return exitFailed;
     }
@@ -160,7 +166,7 @@ ExitCode runInfo(BatchSession& session, const Arguments& arguments) {
     };
     const std::ptrdiff_t empty =
         topicsWith([](const model::Topic& topic) { return topic.body.empty(); });
-    session.console.result("Name: " + project.options().projectName);
+    session.console.result("Name: " + model::oneLine(project.options().projectName));
     fact("Topics: ", topics.count());
     fact("Levels: ", deepest);
     fact("Bodies: ", topics.count() - empty);

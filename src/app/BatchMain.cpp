@@ -6,6 +6,7 @@
 
 int main(int argc, char* argv[]) {
     try {
+        platform::turnSizeLimitIntoError();
         std::ios::sync_with_stdio(false);
         app::Console console(std::cout, std::cerr);
         app::BatchSession session{console, platform::programFolder()};

@@ -7,25 +7,39 @@
 namespace app {
 namespace {
 
-std::string shown(model::TextView text) {
-    std::string utf8 = model::toUtf8(text);
-    utf8.erase(std::remove(utf8.begin(), utf8.end(), '\r'), utf8.end());
+/// Without carriage returns, and with question marks for characters that would steer a terminal.
+std::string shown(std::string utf8) {
+    std::erase(utf8, '\r');
+    std::replace_if(
+        utf8.begin(), utf8.end(),
+        [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\n' && c != '\t'; }, '?');
     return utf8;
+}
+
+std::string shownText(model::TextView text) {
+    return shown(model::toUtf8(text));
+}
+
+/// A path on one line, so that no name can pass for another message.
+std::string shownPath(const std::filesystem::path& path) {
+    std::string line = model::utf8Of(path);
+    std::replace(line.begin(), line.end(), '\n', '?');
+    return shown(std::move(line));
 }
 
 } // namespace
 
 void Console::result(model::TextView text) {
-    out_ << shown(text) << '\n';
+    out_ << shownText(text) << '\n';
 }
 
 void Console::message(const model::Message& message) {
-    err_ << shown(message.title) << ": " << shown(message.text) << '\n';
+    err_ << shownText(message.title) << ": " << shownText(message.text) << '\n';
 }
 
 void Console::failure(std::string_view title, const std::filesystem::path& path,
                       std::string_view reason) {
-    err_ << title << ": " << model::utf8Of(path) << ": " << reason << '\n';
+    err_ << title << ": " << shownPath(path) << ": " << reason << '\n';
 }
 
 void Console::failures(std::string_view title, const generate::FileFailures& failures) {

@@ -47,11 +47,10 @@ public:
         const WorkshopFileNames names = {
             model::displayText(siblingFile(request_.workshopFile, "chm").filename()),
             model::displayText(contents.filename()), model::displayText(index.filename())};
-        writeGenerated(request_.workshopFile, workshopProject(project_.outline(), names),
-                       report_.failures);
-        writeGenerated(contents, contentsFile(project_.outline()), report_.failures);
+        write(request_.workshopFile, workshopProject(project_.outline(), names));
+        write(contents, contentsFile(project_.outline()));
         // The index is made from the keywords in the pages; the help workshop only wants the file.
-        writeGenerated(index, {}, report_.failures);
+        write(index, {});
     }
 
     void makeFolders() {
@@ -130,13 +129,23 @@ public:
 private:
     void writePage(int position, TextView page) {
         const Text& fileName = project_.outline().at(position).fileName;
-        const fs::path path = folder_ / model::pageFolderName / model::nativePath(fileName);
+        const fs::path path = model::pagePath(folder_ / model::pageFolderName, fileName);
         if (const TextView fault = model::pageNameFault(fileName); !fault.empty()) {
             report_.failures.push_back(
                 {path, std::string(fault) + " (topic " + std::to_string(position) + ")"});
             return;
         }
-        writeGenerated(path, page, report_.failures);
+        write(path, page);
+    }
+
+    /// Whatever the names and links, no generated file takes the place of the project.
+    void write(const fs::path& path, TextView contents) {
+        std::error_code error;
+        if (fs::equivalent(path, project_.projectPath(), error)) {
+            report_.failures.push_back({path, "is the project itself"});
+        } else {
+            writeGenerated(path, contents, report_.failures);
+        }
     }
 
     void copyPicture(const char* name) {
@@ -146,7 +155,7 @@ private:
             noteFailure(report_.failures, source, error);
             return;
         }
-        writeGenerated(folder_ / imageFolderName / name, picture, report_.failures);
+        write(folder_ / imageFolderName / name, picture);
     }
 
     Project& project_;

@@ -11,6 +11,8 @@ using model::TopicOutline;
 
 namespace {
 
+using model::oneLine;
+
 constexpr model::TextView pageFolder = "html\\";
 
 bool hasContext(const Topic& topic) {
@@ -22,14 +24,15 @@ void appendContexts(Text& file, const TopicOutline& outline) {
     appendLine(file, "[ALIAS]");
     for (const Topic& topic : outline) {
         if (hasContext(topic)) {
-            appendLine(file, topic.contextId, " = ", pageFolder, topic.fileName);
+            appendLine(file, oneLine(topic.contextId), " = ", pageFolder, oneLine(topic.fileName));
         }
     }
     appendLine(file);
     appendLine(file, "[MAP]");
     for (const Topic& topic : outline) {
         if (hasContext(topic)) {
-            appendLine(file, "#define ", topic.contextId, " ", topic.contextNumber);
+            appendLine(file, "#define ", oneLine(topic.contextId), " ",
+                       oneLine(topic.contextNumber));
         }
     }
 }
@@ -43,14 +46,14 @@ Text workshopProject(const TopicOutline& outline, const WorkshopFileNames& names
     appendLine(file, "Compatibility=1.1 or later");
     appendLine(file, "Compiled file=", names.compiled);
     appendLine(file, "Contents file=", names.contents);
-    appendLine(file, "Default topic=", pageFolder, outline.at(1).fileName);
+    appendLine(file, "Default topic=", pageFolder, oneLine(outline.at(1).fileName));
     appendLine(file, "Display compile progress=No");
     appendLine(file, "Index file=", names.index);
     appendLine(file, "Language=0x409 English (United States)");
     appendLine(file);
     appendLine(file, "[Files]");
     for (const Topic& topic : outline) {
-        appendLine(file, pageFolder, topic.fileName);
+        appendLine(file, pageFolder, oneLine(topic.fileName));
     }
     if (std::any_of(outline.begin(), outline.end(), hasContext)) {
         appendContexts(file, outline);

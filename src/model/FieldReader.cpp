@@ -49,8 +49,9 @@ TextView FieldReader::quotedField() {
 
 TextView FieldReader::plainField() {
     const TextView rest = TextView(file_).substr(position_);
-    const TextView line = rest.substr(0, rest.find('\r'));
-    const TextView field = line.substr(0, line.find(','));
+    const auto* end =
+        std::find_if(rest.begin(), rest.end(), [](char c) { return c == ',' || c == '\r'; });
+    const TextView field(rest.begin(), end);
     position_ += field.size();
     return trim(field);
 }

@@ -6,7 +6,7 @@ namespace model {
 namespace {
 
 /// Removes quotes and replaces the other characters that file systems refuse. The character behind
-/// a removed quote is taken over unseen: names made by earlier versions have to come out the same.
+/// a removed quote is taken over unseen, on purpose: a title's name must never change.
 Text withoutFileSystemCharacters(TextView title) {
     Text name;
     name.reserve(title.size());

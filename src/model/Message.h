@@ -4,10 +4,10 @@
 
 namespace model {
 
-enum class MessageIcon { none, information, question, exclamation, critical };
+enum class MessageIcon { none, information, exclamation, critical };
 
-/// Something to tell the author, with a single OK; the window shows it in a box, the batch program
-/// prints it.
+/// Something to tell the author, who can only take note of it; the window shows it in a box, the
+/// batch program prints it.
 struct Message {
     Text text;
     Text title;

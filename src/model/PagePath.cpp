@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "model/CodePage.h"
 #include "model/Helper.h"
 
 namespace model {
@@ -13,6 +14,10 @@ bool startsWithDrive(TextView fileName) {
     return fileName.size() >= 2 && fileName[1] == ':' && isAllLetters(fileName.substr(0, 1));
 }
 
+bool isControlCharacter(char character) {
+    return static_cast<unsigned char>(character) < ' ';
+}
+
 /// A part that names something in its folder, rather than the folder itself or the one above.
 bool isPlainPart(TextView part) {
     return !part.empty() && part != "." && part != "..";
@@ -20,12 +25,16 @@ bool isPlainPart(TextView part) {
 
 } // namespace
 
+std::filesystem::path pagePath(const std::filesystem::path& pageFolder, TextView fileName) {
+    return pageFolder / nativePath(fileName);
+}
+
 TextView pageNameFault(TextView fileName) {
     if (fileName.empty()) {
         return "the topic has no file name";
     }
-    if (fileName.find('\0') != TextView::npos) {
-        return "the file name holds a character that no file system takes";
+    if (std::any_of(fileName.begin(), fileName.end(), isControlCharacter)) {
+        return "the file name holds a control character";
     }
     constexpr TextView outside = "the file name does not stay inside the page folder";
     if (startsWithDrive(fileName)) {

@@ -1,11 +1,17 @@
 #pragma once
 
+#include <filesystem>
+
 #include "model/Text.h"
 
-/// Where the page of a topic lies.
+/// The page of a topic as a file.
 namespace model {
 
+/// Lies beside the workshop project.
 inline constexpr const char* pageFolderName = "html";
+
+/// The page in a page folder. Ask pageNameFault() first.
+std::filesystem::path pagePath(const std::filesystem::path& pageFolder, TextView fileName);
 
 /// Why a topic's file name cannot be a page in the page folder; empty when it can. A project from
 /// elsewhere must not make the program touch a file outside that folder, so a name that climbs,

@@ -22,8 +22,8 @@ void Project::replace(TopicOutline outline, ProjectOptions options, std::filesys
     options_ = std::move(options);
     projectPath_ = std::move(path);
     currentIndex_ = outline_.empty() ? -1 : 1;
-    observer_->projectReplaced();
     markSaved();
+    observer_->projectReplaced();
 }
 
 void Project::setField(int position, Text Topic::*field, Text value) {
@@ -31,14 +31,30 @@ void Project::setField(int position, Text Topic::*field, Text value) {
     observer_->topicChanged(position);
 }
 
+void Project::setCurrentIndex(int position) {
+    if (currentIndex_ != position) {
+        currentIndex_ = position;
+        observer_->currentIndexChanged(position);
+    }
+}
+
 void Project::insertTopic(int position, Topic topic) {
     outline_.insert(position, std::move(topic));
     observer_->topicInserted(position);
+    if (currentIndex_ >= position) {
+        setCurrentIndex(currentIndex_ + 1);
+    }
 }
 
-void Project::removeTopic(int position) {
-    outline_.remove(position);
+Topic Project::removeTopic(int position) {
+    Topic topic = outline_.remove(position);
     observer_->topicRemoved(position);
+    if (outline_.empty()) {
+        setCurrentIndex(-1);
+    } else if (currentIndex_ > position || currentIndex_ > outline_.count()) {
+        setCurrentIndex(currentIndex_ - 1);
+    }
+    return topic;
 }
 
 void Project::swapTopics(int a, int b) {

@@ -7,7 +7,8 @@
 
 namespace model {
 
-/// Learns of every change of a project, so that a command never tells a window what to show.
+/// Learns of every change of a project's outline, current topic and changed flag, so that a command
+/// never tells a window what to show. Options and path change silently.
 class ProjectObserver {
 public:
     virtual ~ProjectObserver() = default;
@@ -17,6 +18,7 @@ public:
     virtual void topicRemoved(int /*position*/) {}
     /// Every row may be another one now; the options too.
     virtual void projectReplaced() {}
+    virtual void currentIndexChanged(int /*position*/) {}
     virtual void dataChangedToggled(bool /*dataChanged*/) {}
 };
 
@@ -37,6 +39,10 @@ class Project {
 public:
     static constexpr const char* newFileName = "New.tsp";
 
+    Project() = default;
+    Project(Project&&) = default;
+    Project& operator=(Project&&) = default;
+
     const TopicOutline& outline() const { return outline_; }
     const ProjectOptions& options() const { return options_; }
 
@@ -51,9 +57,10 @@ public:
     /// True from the first change after a load or save until the next one.
     bool dataChanged() const { return dataChanged_; }
 
-    /// The position of the topic that the author works on; -1 for none.
+    /// The position of the topic that the author works on; -1 for none. It stays with its topic
+    /// when others come and go above it.
     int currentIndex() const { return currentIndex_; }
-    void setCurrentIndex(int position) { currentIndex_ = position; }
+    void setCurrentIndex(int position);
 
     /// Puts other contents in place of all there is. The first topic becomes current, and the
     /// project counts as unchanged.
@@ -67,7 +74,10 @@ public:
     void setField(int position, Text Topic::*field, Text value);
     void setOptions(ProjectOptions options) { options_ = std::move(options); }
     void insertTopic(int position, Topic topic);
-    void removeTopic(int position);
+
+    /// Gives the topic back. When it was the current one, that at its position becomes current, or
+    /// else the last.
+    Topic removeTopic(int position);
 
     /// Exchanges two topics as wholes. The current topic is marked as moved first, so that the
     /// letter travels with it; currentIndex() stays.

@@ -32,7 +32,7 @@ NavigationType navigationTypeOf(TextView field) {
                : NavigationType::textLinks;
 }
 
-/// Reads the option fields, each of which has to be there.
+/// Reads the option fields. Those that a cut file lacks keep the values of a new project.
 class OptionReader {
 public:
     explicit OptionReader(FieldReader& fields) : fields_(fields) {}
@@ -40,36 +40,54 @@ public:
     /// False when the file ended before the last field.
     bool complete() const { return complete_; }
 
-    Text text() {
-        complete_ = complete_ && !fields_.atEnd();
-        return Text(fields_.next());
+    void text(Text& option) {
+        if (more()) {
+            option = fields_.next();
+        }
     }
-    Text trimmedText() { return Text(trim(text())); }
-    bool flag() { return lowerCase(text()) == "true"; }
-    NavigationType navigationType() { return navigationTypeOf(trim(text())); }
+    void trimmedText(Text& option) {
+        if (more()) {
+            option = trim(fields_.next());
+        }
+    }
+    void flag(bool& option) {
+        if (more()) {
+            option = lowerCase(fields_.next()) == "true";
+        }
+    }
+    void navigationType(NavigationType& option) {
+        if (more()) {
+            option = navigationTypeOf(trim(fields_.next()));
+        }
+    }
 
 private:
+    bool more() {
+        complete_ = !fields_.atEnd();
+        return complete_;
+    }
+
     FieldReader& fields_;
     bool complete_ = true;
 };
 
 bool readOptions(FieldReader& fields, ProjectOptions& options) {
     OptionReader reader(fields);
-    options.projectName = reader.text();
-    options.cssFile = reader.trimmedText();
-    options.backgroundImage = reader.trimmedText();
-    options.templateFile = reader.trimmedText();
-    options.additionalText = reader.trimmedText();
-    options.showCopyright = reader.flag();
-    options.copyrightText = reader.trimmedText();
+    reader.text(options.projectName);
+    reader.trimmedText(options.cssFile);
+    reader.trimmedText(options.backgroundImage);
+    reader.trimmedText(options.templateFile);
+    reader.trimmedText(options.additionalText);
+    reader.flag(options.showCopyright);
+    reader.trimmedText(options.copyrightText);
     for (bool& button : options.navigationButtons) {
-        button = reader.flag();
+        reader.flag(button);
     }
-    options.navigationType = reader.navigationType();
-    options.indentedContents = reader.flag();
-    options.numbering = reader.flag();
-    options.documentationLinks = reader.flag();
-    options.underlineLinks = reader.flag();
+    reader.navigationType(options.navigationType);
+    reader.flag(options.indentedContents);
+    reader.flag(options.numbering);
+    reader.flag(options.documentationLinks);
+    reader.flag(options.underlineLinks);
     return reader.complete();
 }
 
@@ -218,7 +236,13 @@ Text formatProject(const TopicOutline& outline, const ProjectOptions& options) {
 
 LoadOutcome loadProject(Project& project, const std::filesystem::path& path) {
     Text file;
-    if (const std::error_code error = platform::readFile(path, file)) {
+    // A large file of another kind is recognised before it is read whole.
+    constexpr std::size_t enoughForHeader = 4096;
+    std::error_code error = platform::readFile(path, file, enoughForHeader);
+    if (!error && FieldReader(file).next() == header) {
+        error = platform::readFile(path, file);
+    }
+    if (error) {
         return {error, LoadStop::none};
     }
     ParsedProject parsed = parseProject(std::move(file));

@@ -88,4 +88,11 @@ bool startsWithIgnoringCase(TextView text, TextView lowerPrefix) {
            && equalIgnoringCase(text.substr(0, lowerPrefix.size()), lowerPrefix);
 }
 
+Text oneLine(TextView text) {
+    Text line(text);
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    return line;
+}
+
 } // namespace model

@@ -27,6 +27,9 @@ bool equalIgnoringCase(TextView a, TextView b);
 /// Whether `text` begins with `lowerPrefix`, which is given in small letters.
 bool startsWithIgnoringCase(TextView text, TextView lowerPrefix);
 
+/// With blanks in place of carriage returns and line feeds, for formats of one line an entry.
+Text oneLine(TextView text);
+
 /// Appends every part in turn.
 template <typename... Parts>
 void append(Text& text, const Parts&... parts) {

@@ -1,7 +1,5 @@
 #include "model/TopicOutline.h"
 
-#include <cassert>
-
 namespace model {
 
 void TopicOutline::insert(int position, Topic topic) {
@@ -9,8 +7,10 @@ void TopicOutline::insert(int position, Topic topic) {
     topics_.insert(topics_.begin() + (position - 1), std::move(topic));
 }
 
-void TopicOutline::remove(int position) {
+Topic TopicOutline::remove(int position) {
+    Topic topic = std::move(at(position));
     topics_.erase(topics_.begin() + (position - 1));
+    return topic;
 }
 
 } // namespace model

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cassert>
 #include <utility>
 #include <vector>
 
@@ -25,7 +26,7 @@ public:
     /// Not to be called on a full outline.
     void insert(int position, Topic topic);
     void append(Topic topic) { insert(count() + 1, std::move(topic)); }
-    void remove(int position);
+    Topic remove(int position);
     void swap(int a, int b) { std::swap(at(a), at(b)); }
 
     auto begin() const { return topics_.begin(); }
@@ -34,7 +35,10 @@ public:
     bool operator==(const TopicOutline&) const = default;
 
 private:
-    static std::size_t index(int position) { return static_cast<std::size_t>(position - 1); }
+    std::size_t index(int position) const {
+        assert(position >= 1 && position <= count());
+        return static_cast<std::size_t>(position - 1);
+    }
 
     std::vector<Topic> topics_;
 };

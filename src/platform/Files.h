@@ -7,11 +7,13 @@
 
 /// What the program needs of the operating system's files beyond the standard library. The headers
 /// of this folder are the same everywhere; its sources are chosen by the build, one folder per
-/// system. No call here waits for a device or a pipe, so that none can hang.
+/// system. Only regular files are read and written: a device or a pipe in a file's place gives an
+/// error, never a hang.
 namespace platform {
 
-/// Reads a whole regular file. `bytes` is empty after a failure.
-std::error_code readFile(const std::filesystem::path& path, std::string& bytes);
+/// Reads a file, or its first `limit` bytes. `bytes` is empty after a failure.
+std::error_code readFile(const std::filesystem::path& path, std::string& bytes,
+                         std::size_t limit = std::string::npos);
 
 /// Creates or overwrites a file in place. A failure can leave it incomplete: for files that can be
 /// made again.
@@ -19,8 +21,13 @@ std::error_code writeFile(const std::filesystem::path& path, std::string_view by
 
 /// Replaces a file as a whole: an interruption at any moment leaves the old contents or the new
 /// ones. The bytes have reached the disk on return. A link keeps pointing where it pointed, an
-/// existing file keeps its permissions, and a file that is write-protected is left alone.
+/// existing file keeps its permissions, and a file that is write-protected is left alone. Other
+/// hard links to the old file keep the old contents.
 std::error_code replaceFile(const std::filesystem::path& path, std::string_view bytes);
+
+/// Makes a write beyond the size limit of the process fail like any other, instead of ending the
+/// program. To be called once, at the start.
+void turnSizeLimitIntoError();
 
 /// The folder of the running program, where its pictures lie; empty when it cannot be found out.
 std::filesystem::path programFolder();

@@ -78,6 +78,18 @@ TEST_F(GenerationRunTest, GoesOnWhereAFileCannotBeMadeAndSaysWhich) {
     EXPECT_TRUE(project.dataChanged()) << "the save failed";
 }
 
+TEST_F(GenerationRunTest, NothingTakesTheProjectsPlaceOrSlipsIntoTheWorkshopProject) {
+    fs::create_directory(folder / "html");
+    open(test::outlineOf({topic(1, "page", "project.tsp"), topic(1, "link", "link.htm"),
+                          topic(1, "lines", "x.htm\r\n[OPTIONS]\r\nCompiled file=y.chm")}));
+    project.setProjectPath(folder / "html/project.tsp");
+    test::writeBytes(project.projectPath(), "the project");
+    fs::create_symlink("project.tsp", folder / "html/link.htm");
+    EXPECT_EQ(run().failures.size(), 3U);
+    EXPECT_TRUE(test::bytesOf(folder / "html/project.tsp").starts_with("HTML Topicsmith Format"));
+    EXPECT_EQ(test::bytesOf(folder / "my.help.hhp").find("\r\nCompiled file=y"), Text::npos);
+}
+
 TEST_F(GenerationRunTest, FiveHundredTopicsAndNone) {
     EXPECT_EQ(generate::nothingToGenerate(project, "Title")->text,
               "No Help Topic Files Found - Nothing to Generate");

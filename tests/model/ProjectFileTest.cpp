@@ -182,6 +182,11 @@ TEST(ProjectFile, StopsWhereTheFileIsWrong) {
         EXPECT_EQ(read.stop, stop) << file;
         EXPECT_EQ(read.outline.count(), topics) << file;
     }
+    const ParsedProject cut = parseProject("HTML Topicsmith Format 1\r\nname\r\n");
+    ProjectOptions named;
+    named.projectName = "name";
+    EXPECT_EQ(cut.options, named) << "what is missing stays as in a new project";
+
     const TopicOutline full = test::flatOutline(TopicOutline::maxTopics);
     EXPECT_EQ(parseProject(formatProject(full, {})).stop, LoadStop::none);
     const ParsedProject tooLong = parseProject(formatProject(full, {}) + record("one more"));

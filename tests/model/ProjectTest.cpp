@@ -13,6 +13,7 @@ public:
     void topicInserted(int position) override { note("inserted", position); }
     void topicRemoved(int position) override { note("removed", position); }
     void projectReplaced() override { note("replaced", 0); }
+    void currentIndexChanged(int position) override { note("current", position); }
     void dataChangedToggled(bool changed) override { note("dataChanged", changed ? 1 : 0); }
 
     std::string take() { return std::exchange(notes_, {}); }
@@ -80,9 +81,14 @@ TEST(Project, TheObserverLearnsOfEveryChangeOnce) {
     EXPECT_EQ(recorder.take(), "dataChanged1 changed1 ");
     project.markChanged(statusChanged);
     EXPECT_EQ(recorder.take(), "");
-    project.insertTopic(2, Topic());
+    project.insertTopic(1, Topic()); // the current topic moves down with its place
+    project.setCurrentIndex(3);
+    EXPECT_EQ(recorder.take(), "inserted1 current2 current3 ");
+    EXPECT_EQ(project.removeTopic(3).title, "Topic 2");
     project.removeTopic(1);
-    EXPECT_EQ(recorder.take(), "inserted2 removed1 ");
+    project.removeTopic(1);
+    EXPECT_EQ(recorder.take(), "removed3 current2 removed1 current1 removed1 current-1 ");
+    project.markChanged(statusChanged);
     project.markSaved();
     project.markSaved();
     EXPECT_EQ(recorder.take(), "dataChanged0 ");

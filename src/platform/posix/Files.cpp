@@ -1,6 +1,8 @@
 #include "platform/Files.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -83,18 +85,24 @@ std::error_code flush(const File& file) {
     return ::fsync(file.descriptor()) == 0 ? std::error_code() : lastError();
 }
 
+/// Gives the file the owner, group and mode of another one, as far as the person may.
+bool takeOverPermissions(const File& file, const struct stat& old) {
+    mode_t mode = old.st_mode & 07777;
+    // Giving a file away is the superuser's right; for everybody else it becomes their own. A group
+    // can be given by its members.
+    if (::fchown(file.descriptor(), old.st_uid, old.st_gid) != 0
+        && ::fchown(file.descriptor(), static_cast<uid_t>(-1), old.st_gid) != 0) {
+        // The person's own group may do no more than everybody could.
+        mode = (mode & ~mode_t{S_IRWXG}) | (mode & S_IRWXG & (mode & S_IRWXO) << 3);
+    }
+    return ::fchmod(file.descriptor(), mode) == 0;
+}
+
 /// Writes, flushes and closes the new contents, with the owner and permissions of the file that
 /// they are to replace (`old` is null when there is none).
 std::error_code fill(File& file, std::string_view bytes, const struct stat* old) {
-    if (old != nullptr) {
-        // Giving a file away is the superuser's right; for everybody else the file is their own
-        // already, or becomes it.
-        if (::fchown(file.descriptor(), old->st_uid, old->st_gid) != 0 && errno != EPERM) {
-            return lastError();
-        }
-        if (::fchmod(file.descriptor(), old->st_mode & 07777) != 0) {
-            return lastError();
-        }
+    if (old != nullptr && !takeOverPermissions(file, *old)) {
+        return lastError();
     }
     if (const std::error_code error = file.write(bytes)) {
         return error;
@@ -114,7 +122,7 @@ fs::path temporaryName(const fs::path& path, int attempt) {
 
 } // namespace
 
-std::error_code readFile(const fs::path& path, std::string& bytes) {
+std::error_code readFile(const fs::path& path, std::string& bytes, std::size_t limit) {
     bytes.clear();
     const File file(path, O_RDONLY);
     struct stat status {};
@@ -124,7 +132,7 @@ std::error_code readFile(const fs::path& path, std::string& bytes) {
     if (const std::error_code error = requireRegular(status)) {
         return error;
     }
-    bytes.resize(static_cast<std::size_t>(status.st_size));
+    bytes.resize(std::min(static_cast<std::size_t>(status.st_size), limit));
     std::size_t filled = 0;
     while (filled < bytes.size()) {
         const ssize_t count =
@@ -148,8 +156,15 @@ std::error_code readFile(const fs::path& path, std::string& bytes) {
 
 std::error_code writeFile(const fs::path& path, std::string_view bytes) {
     constexpr mode_t everybody = 0666; // less what the person's mask withholds
-    File file(path, O_WRONLY | O_CREAT | O_TRUNC, everybody);
-    if (!file.isOpen()) {
+    File file(path, O_WRONLY | O_CREAT, everybody);
+    struct stat status {};
+    if (!file.isOpen() || ::fstat(file.descriptor(), &status) != 0) {
+        return lastError();
+    }
+    if (const std::error_code error = requireRegular(status)) {
+        return error;
+    }
+    if (status.st_size > 0 && ::ftruncate(file.descriptor(), 0) != 0) {
         return lastError();
     }
     const std::error_code error = file.write(bytes);
@@ -201,6 +216,10 @@ std::error_code replaceFile(const fs::path& path, std::string_view bytes) {
         return {};
     }
     return failure(std::errc::file_exists);
+}
+
+void turnSizeLimitIntoError() {
+    ::signal(SIGXFSZ, SIG_IGN);
 }
 
 fs::path programFolder() {
