@@ -69,8 +69,8 @@ public:
     /// An empty project without a file.
     void reset() { replace({}, {}, newFileName); }
 
-    // The following change what they say and nothing else: the status rule is for the command to
-    // apply.
+    // The following leave the status letters and the changed flag alone: the rule for them is for
+    // the command to apply, see markChanged().
     void setField(int position, Text Topic::*field, Text value);
     void setOptions(ProjectOptions options) { options_ = std::move(options); }
     void insertTopic(int position, Topic topic);
