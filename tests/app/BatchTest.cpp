@@ -109,7 +109,7 @@ TEST_F(BatchTest, InputThatIsNotAWholeProjectChangesNothing) {
     const std::tuple<const char*, std::string, const char*> cases[] = {
         {"foreign.tsp", "something else", "Error: Unknown File Format, Loading Stopped\n"},
         {"cut.tsp", good.substr(0, good.size() - 20), "Error: Unexpected EOF, Loading Stopped\n"},
-        {"broken.tsp", good + "x\r\ny\r\n",
+        {"limit.tsp", good + "x\r\ny\r\n",
          "Topic Limit: Maximum Number of Help Topics Reached (500), Loading Stopped\n"},
         {"header.tsp", good.substr(0, 60), "the file ends before its first topic\n"},
         {"body.tsp", good.substr(0, good.size() - 6) + "\"cut", "the text of its last topic\n"},
