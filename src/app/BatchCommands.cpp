@@ -32,6 +32,18 @@ fs::path fullPath(const fs::path& path) {
     return error ? absolute : folder / absolute.filename();
 }
 
+/// What to say of a cut file for which there is no message.
+std::string whyCut(model::LoadStop stop) {
+    switch (stop) {
+    case model::LoadStop::endInBody:
+        return "the file ends inside the text of its last topic; ";
+    case model::LoadStop::endInOptions:
+        return "the file ends before its first topic; ";
+    default:
+        return {};
+    }
+}
+
 /// Loads a project that can be worked with; otherwise says why not. A project that was cut or has
 /// too many topics is refused: a script must not go on with a part of it.
 bool loadWhole(BatchSession& session, const fs::path& path, Project& project) {
@@ -44,18 +56,17 @@ bool loadWhole(BatchSession& session, const fs::path& path, Project& project) {
         session.console.failure("Error", path, outcome.readError.message());
         return false;
     }
+    if (outcome.stop == model::LoadStop::none) {
+        return true;
+    }
     if (const auto message = model::messageFor(outcome.stop)) {
         session.console.message(*message);
-        return false;
     }
-    if (outcome.stop != model::LoadStop::none) { // one of those that the window is silent about
-        session.console.failure("Error", path,
-                                outcome.stop == model::LoadStop::endInBody
-                                    ? "the file ends inside the text of its last topic"
-                                    : "the file ends before its first topic");
-        return false;
-    }
-    return true;
+    session.console.failure("Error", path,
+                            whyCut(outcome.stop) + "stopped in line "
+                                + std::to_string(outcome.stopLine) + ", after "
+                                + std::to_string(project.outline().count()) + " topics");
+    return false;
 }
 
 /// Where a command is to write: a file path with an extension, in a folder that exists. Says why

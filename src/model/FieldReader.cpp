@@ -29,12 +29,22 @@ FieldReader::FieldReader(Text file) : file_(std::move(file)) {
 
 TextView FieldReader::next() {
     skipBlanks();
+    fieldStart_ = position_;
     const bool quoted = !atEnd() && file_[position_] == '"';
     cutInQuotes_ = false;
     const TextView field = quoted ? quotedField() : plainField();
     cutAtEnd_ = atEnd();
     skipSeparator();
     return field;
+}
+
+int FieldReader::line() const {
+    int line = 1;
+    for (std::size_t i = 0; i < fieldStart_; ++i) {
+        const bool secondOfPair = file_[i] == '\n' && i > 0 && file_[i - 1] == '\r';
+        line += file_[i] == '\r' || (file_[i] == '\n' && !secondOfPair) ? 1 : 0;
+    }
+    return line;
 }
 
 TextView FieldReader::quotedField() {

@@ -30,6 +30,9 @@ public:
     /// The closing quote of the last field was missing; the field went on to the end of the file.
     bool cutInQuotes() const { return cutInQuotes_; }
 
+    /// The line, from 1, in which the last field began.
+    int line() const;
+
 private:
     TextView quotedField();
     TextView plainField();
@@ -38,6 +41,7 @@ private:
 
     Text file_;
     std::size_t position_ = 0;
+    std::size_t fieldStart_ = 0;
     bool cutAtEnd_ = false;
     bool cutInQuotes_ = false;
 };

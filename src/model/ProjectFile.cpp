@@ -220,6 +220,7 @@ ParsedProject parseProject(Text file) {
     } else {
         project.stop = readTopics(fields, project.outline);
     }
+    project.stopLine = project.stop == LoadStop::none ? 0 : fields.line();
     return project;
 }
 
@@ -243,11 +244,11 @@ LoadOutcome loadProject(Project& project, const std::filesystem::path& path) {
         error = platform::readFile(path, file);
     }
     if (error) {
-        return {error, LoadStop::none};
+        return {error};
     }
     ParsedProject parsed = parseProject(std::move(file));
     project.replace(std::move(parsed.outline), std::move(parsed.options), path);
-    return {{}, parsed.stop};
+    return {{}, parsed.stop, parsed.stopLine};
 }
 
 std::error_code saveProject(Project& project, const std::filesystem::path& path) {

@@ -28,6 +28,7 @@ struct ParsedProject {
     TopicOutline outline;
     ProjectOptions options;
     LoadStop stop = LoadStop::none;
+    int stopLine = 0; ///< the line of the file, from 1, in which reading stopped; 0 for none
 };
 
 ParsedProject parseProject(Text file);
@@ -38,6 +39,7 @@ Text formatProject(const TopicOutline& outline, const ProjectOptions& options);
 struct LoadOutcome {
     std::error_code readError;
     LoadStop stop = LoadStop::none;
+    int stopLine = 0; ///< see ParsedProject
 };
 
 /// Puts the file's contents, as far as they can be read, in place of the project's. The project

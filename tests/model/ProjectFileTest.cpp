@@ -182,6 +182,9 @@ TEST(ProjectFile, StopsWhereTheFileIsWrong) {
         EXPECT_EQ(read.stop, stop) << file;
         EXPECT_EQ(read.outline.count(), topics) << file;
     }
+    EXPECT_EQ(parseProject(good + "stray\r\nlines\r\n").stopLine, 19 + 2 * 11 + 1);
+    EXPECT_EQ(parseProject(withLfOnly(good + "stray\r\nlines\r\n")).stopLine, 42);
+
     const ParsedProject cut = parseProject("HTML Topicsmith Format 1\r\nname\r\n");
     ProjectOptions named;
     named.projectName = "name";
