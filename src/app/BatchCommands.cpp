@@ -193,7 +193,7 @@ constexpr BatchCommand commands[] = {
      runGenerate},
     {"document", "PROJECT.tsp OUTPUT.htm", "Writes the whole outline as one HTML page.", 2, 2,
      runDocument},
-    {"info", "PROJECT.tsp", "Prints facts about a project, one a line.", 1, 1, runInfo},
+    {"info", "PROJECT.tsp", "Prints facts about a project, one per line.", 1, 1, runInfo},
 };
 
 } // namespace
