@@ -8,7 +8,8 @@
 namespace generate {
 
 /// The whole outline as one HTML page. `imageFolder` is the folder whose images folder the page
-/// takes its pictures from: an absolute path without a slash at its end.
+/// takes its pictures from: an absolute path without a slash at its end, as it may stand in an
+/// attribute in apostrophes.
 model::Text documentationPage(const model::TopicOutline& outline,
                               const model::ProjectOptions& options, model::TextView imageFolder);
 

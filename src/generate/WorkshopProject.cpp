@@ -5,13 +5,12 @@
 namespace generate {
 
 using model::appendLine;
+using model::oneLine;
 using model::Text;
 using model::Topic;
 using model::TopicOutline;
 
 namespace {
-
-using model::oneLine;
 
 constexpr model::TextView pageFolder = "html\\";
 

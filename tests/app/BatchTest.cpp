@@ -110,6 +110,8 @@ TEST_F(BatchTest, InputThatIsNotAWholeProjectChangesNothing) {
         {"foreign.tsp", "something else", "Error: Unknown File Format, Loading Stopped\n"},
         {"cut.tsp", good.substr(0, good.size() - 20),
          "Error: Unexpected EOF, Loading Stopped\nError: "},
+        {"broken.tsp", good.substr(0, good.rfind("++")) + "x\r\ny\r\n",
+         "Error: Corrupted Input File, Loading Stopped\n"},
         {"limit.tsp", good + "x\r\ny\r\n",
          "Topic Limit: Maximum Number of Help Topics Reached (500), Loading Stopped\n"},
         {"header.tsp", good.substr(0, 60),

@@ -100,23 +100,6 @@ TEST(TopicValidation, FiveHundredEqualNamesComeToAnEnd) {
               report.rfind("Duplicate Topic Filenames:"));
 }
 
-TEST(TopicValidation, OnlyImpossibleContextsAreChanged) {
-    Topic negative = topic(1, "A", "a");
-    negative.contextId = "-5";
-    negative.contextNumber = "1";
-    Topic numberOnly = topic(1, "B", "b");
-    numberOnly.contextNumber = "20";
-    Project project;
-    project.replace(test::outlineOf({negative, numberOnly, topic(1, "C", "c")}), {}, "p.tsp");
-    Text report;
-    ReportHeaders headers;
-    repairContexts(project, report, headers);
-    EXPECT_EQ(report, lines({"", "Problem with Topic Context:",
-                             "INCOMPLETE CONTEXT in 'B', Both Context Values Cleared"}));
-    EXPECT_EQ(project.outline().at(1), negative);
-    EXPECT_EQ(project.outline().at(2).contextNumber, "");
-}
-
 TEST(TopicValidation, DuplicateContextsWithoutRenamedFilesGetABlankLine) {
     TopicOutline outline = test::flatOutline(2);
     outline.at(1).contextId = "IDH_\xDC";

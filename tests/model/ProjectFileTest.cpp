@@ -197,27 +197,6 @@ TEST(ProjectFile, StopsWhereTheFileIsWrong) {
     EXPECT_EQ(tooLong.outline, full);
 }
 
-TEST(ProjectFile, EveryStopHasItsMessage) {
-    const std::tuple<LoadStop, const char*, const char*, MessageIcon> messages[] = {
-        {LoadStop::unknownFormat, "Error", "Unknown File Format, Loading Stopped",
-         MessageIcon::critical},
-        {LoadStop::corrupted, "Error", "Corrupted Input File, Loading Stopped",
-         MessageIcon::critical},
-        {LoadStop::unexpectedEnd, "Error", "Unexpected EOF, Loading Stopped",
-         MessageIcon::critical},
-        {LoadStop::topicLimit, "Topic Limit",
-         "Maximum Number of Help Topics Reached (500), Loading Stopped", MessageIcon::none}};
-    for (const auto& [stop, title, text, icon] : messages) {
-        const Message message = messageFor(stop).value();
-        EXPECT_EQ(message.title, title);
-        EXPECT_EQ(message.text, text);
-        EXPECT_EQ(message.icon, icon);
-    }
-    EXPECT_FALSE(messageFor(LoadStop::none));
-    EXPECT_FALSE(messageFor(LoadStop::endInOptions));
-    EXPECT_FALSE(messageFor(LoadStop::endInBody));
-}
-
 TEST(ProjectFile, LoadingReplacesTheProjectAndAFailedSaveLeavesItChanged) {
     const test::TemporaryFolder folder;
     Project project;
