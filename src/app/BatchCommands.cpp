@@ -7,6 +7,7 @@
 #include "generate/GenerationRun.h"
 #include "model/CodePage.h"
 #include "model/ProjectFile.h"
+#include "platform/Files.h"
 
 namespace app {
 namespace {
@@ -16,21 +17,6 @@ using model::Project;
 
 constexpr const char* helpTitle = "Generate Help Files";
 constexpr const char* documentationTitle = "Generate Documentation";
-
-/// A person's path, made independent of the current folder. "." and ".." are resolved, on the
-/// disk, where links count; a link in the file's own place stays.
-fs::path fullPath(const fs::path& path) {
-    std::error_code error;
-    fs::path absolute = fs::absolute(path, error);
-    if (error) {
-        return path;
-    }
-    if (absolute == absolute.lexically_normal()) {
-        return absolute;
-    }
-    const fs::path folder = fs::weakly_canonical(absolute.parent_path(), error);
-    return error ? absolute : folder / absolute.filename();
-}
 
 /// What to say of a cut file for which there is no message.
 std::string whyCut(model::LoadStop stop) {
@@ -47,7 +33,7 @@ std::string whyCut(model::LoadStop stop) {
 /// Loads a project that can be worked with; otherwise says why not. A project that was cut or has
 /// too many topics is refused: a script must not go on with a part of it.
 bool loadWhole(BatchSession& session, const fs::path& path, Project& project) {
-    const model::LoadOutcome outcome = model::loadProject(project, fullPath(path));
+    const model::LoadOutcome outcome = model::loadProject(project, platform::fullPath(path));
     if (outcome.readError == std::errc::no_such_file_or_directory) {
         session.console.message(model::fileNotFoundMessage(path));
         return false;
@@ -83,13 +69,13 @@ bool prepareOutput(BatchSession& session, const char* title, const char* extensi
         output += '.';
         output += extension;
     }
-    output = fullPath(output);
+    output = platform::fullPath(output);
     fs::create_directories(output.parent_path(), error);
     if (error) {
         session.console.failure(title, output.parent_path(), error.message());
         return false;
     }
-    output = fullPath(output); // now that the folder exists, links in it can be followed
+    output = platform::fullPath(output); // now that the folder exists, links in it can be followed
     if (fs::equivalent(output, project, error)) {
         session.console.failure(title, output, "is the project itself");
         return false;

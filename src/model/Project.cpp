@@ -1,5 +1,7 @@
 #include "model/Project.h"
 
+#include <algorithm>
+
 #include "model/CodePage.h"
 
 namespace model {
@@ -22,12 +24,14 @@ void Project::replace(TopicOutline outline, ProjectOptions options, std::filesys
     options_ = std::move(options);
     projectPath_ = std::move(path);
     currentIndex_ = outline_.empty() ? -1 : 1;
+    history_.clear();
     markSaved();
     observer_->projectReplaced();
 }
 
 void Project::setField(int position, Text Topic::*field, Text value) {
-    outline_.at(position).*field = std::move(value);
+    std::swap(outline_.at(position).*field, value);
+    history_.record(FieldChange{position, field, std::move(value)});
     observer_->topicChanged(position);
 }
 
@@ -39,33 +43,89 @@ void Project::setCurrentIndex(int position) {
 }
 
 void Project::insertTopic(int position, Topic topic) {
+    history_.record(TopicChange{position, {}});
+    insertAt(position, std::move(topic));
+}
+
+void Project::removeTopic(int position) {
+    history_.record(TopicChange{position, removeAt(position)});
+}
+
+void Project::insertAt(int position, Topic topic) {
     outline_.insert(position, std::move(topic));
+    const bool moved = currentIndex_ >= position;
+    currentIndex_ += moved ? 1 : 0;
     observer_->topicInserted(position);
-    if (currentIndex_ >= position) {
-        setCurrentIndex(currentIndex_ + 1);
+    if (moved) {
+        observer_->currentIndexChanged(currentIndex_);
     }
 }
 
-Topic Project::removeTopic(int position) {
+Topic Project::removeAt(int position) {
     Topic topic = outline_.remove(position);
-    observer_->topicRemoved(position);
+    const int before = currentIndex_;
     if (outline_.empty()) {
-        setCurrentIndex(-1);
+        currentIndex_ = -1;
     } else if (currentIndex_ > position || currentIndex_ > outline_.count()) {
-        setCurrentIndex(currentIndex_ - 1);
+        --currentIndex_;
+    }
+    observer_->topicRemoved(position);
+    if (currentIndex_ != before) {
+        observer_->currentIndexChanged(currentIndex_);
     }
     return topic;
 }
 
 void Project::swapTopics(int a, int b) {
     markChanged(statusMoved);
-    outline_.swap(a, b);
-    observer_->topicChanged(a);
-    observer_->topicChanged(b);
+    OutlineChange change = SwapChange{a, b};
+    apply(change);
+    history_.record(std::move(change));
+}
+
+void Project::apply(OutlineChange& change) {
+    if (auto* field = std::get_if<FieldChange>(&change)) {
+        std::swap(outline_.at(field->position).*field->field, field->value);
+        observer_->topicChanged(field->position);
+    } else if (auto* topic = std::get_if<TopicChange>(&change)) {
+        if (topic->absent) {
+            insertAt(topic->position, *std::exchange(topic->absent, std::nullopt));
+        } else {
+            topic->absent = removeAt(topic->position);
+        }
+    } else if (auto* swap = std::get_if<SwapChange>(&change)) {
+        outline_.swap(swap->a, swap->b);
+        observer_->topicChanged(swap->a);
+        observer_->topicChanged(swap->b);
+    }
+}
+
+void Project::undo() {
+    if (history_.canUndo()) {
+        UndoRecord& record = history_.stepBack();
+        std::for_each(record.changes.rbegin(), record.changes.rend(),
+                      [this](OutlineChange& change) { apply(change); });
+        finishStep(record.currentBefore);
+    }
+}
+
+void Project::redo() {
+    if (history_.canRedo()) {
+        UndoRecord& record = history_.stepForward();
+        std::for_each(record.changes.begin(), record.changes.end(),
+                      [this](OutlineChange& change) { apply(change); });
+        finishStep(record.currentAfter);
+    }
+}
+
+void Project::finishStep(int currentIndex) {
+    setCurrentIndex(currentIndex);
+    setDataChanged(!history_.atSaved());
 }
 
 void Project::markChanged(int code) {
     constexpr TextView letters = "CNESM";
+    history_.markChanged();
     setDataChanged(true);
     if (currentIndex_ < 1 || code < 0 || code >= static_cast<int>(letters.size())) {
         return;
@@ -74,6 +134,11 @@ void Project::markChanged(int code) {
     if (status.empty() || status == "E") {
         setField(currentIndex_, &Topic::status, Text(1, letters[static_cast<std::size_t>(code)]));
     }
+}
+
+void Project::markSaved() {
+    history_.markSaved();
+    setDataChanged(false);
 }
 
 void Project::setDataChanged(bool changed) {

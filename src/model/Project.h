@@ -4,6 +4,7 @@
 
 #include "model/ProjectOptions.h"
 #include "model/TopicOutline.h"
+#include "model/UndoHistory.h"
 
 namespace model {
 
@@ -75,9 +76,8 @@ public:
     void setOptions(ProjectOptions options) { options_ = std::move(options); }
     void insertTopic(int position, Topic topic);
 
-    /// Gives the topic back. When it was the current one, that at its position becomes current, or
-    /// else the last.
-    Topic removeTopic(int position);
+    /// When the topic was the current one, that at its position becomes current, or else the last.
+    void removeTopic(int position);
 
     /// Exchanges two topics as wholes. The current topic is marked as moved first, so that the
     /// letter travels with it; currentIndex() stays.
@@ -88,7 +88,16 @@ public:
     void markChanged(int code);
 
     /// The project counts as unchanged.
-    void markSaved() { setDataChanged(false); }
+    void markSaved();
+
+    // What was done within an UndoStep can be taken back, and done again, until the project is
+    // replaced. The letters, the current topic and the changed flag come back as well.
+    const UndoHistory& history() const { return history_; }
+    void undo();
+    void redo();
+
+    /// Further typing into a field is not taken back together with what was typed before.
+    void endTyping() { history_.endTyping(); }
 
     /// Not owned; null for none.
     void setObserver(ProjectObserver* observer);
@@ -97,14 +106,38 @@ private:
     /// Stands in for a missing observer.
     static ProjectObserver& nobody();
 
+    friend class UndoStep;
+
     void setDataChanged(bool changed);
+    void insertAt(int position, Topic topic);
+    Topic removeAt(int position);
+    void apply(OutlineChange& change);
+    void finishStep(int currentIndex);
 
     TopicOutline outline_;
     ProjectOptions options_;
     std::filesystem::path projectPath_ = newFileName;
     bool dataChanged_ = false;
     int currentIndex_ = -1;
+    UndoHistory history_;
     ProjectObserver* observer_ = &nobody();
+};
+
+/// Marks what happens during its life as one command that can be taken back.
+class UndoStep {
+public:
+    /// `name` is shown to the author. A `typedField` makes further typing into that field of the
+    /// current topic part of the same step.
+    UndoStep(Project& project, TextView name, Text Topic::*typedField = nullptr)
+        : project_(project) {
+        project_.history_.open(name, project_.currentIndex(), typedField);
+    }
+    ~UndoStep() { project_.history_.close(project_.currentIndex()); }
+    UndoStep(const UndoStep&) = delete;
+    UndoStep& operator=(const UndoStep&) = delete;
+
+private:
+    Project& project_;
 };
 
 } // namespace model

@@ -25,6 +25,10 @@ std::error_code writeFile(const std::filesystem::path& path, std::string_view by
 /// hard links to the old file keep the old contents.
 std::error_code replaceFile(const std::filesystem::path& path, std::string_view bytes);
 
+/// A person's path, made independent of the current folder. "." and ".." are resolved, on the disk,
+/// where links count; a link in the file's own place stays.
+std::filesystem::path fullPath(const std::filesystem::path& path);
+
 /// Makes a write beyond the size limit of the process fail like any other, instead of ending the
 /// program. To be called once, at the start.
 void turnSizeLimitIntoError();

@@ -84,7 +84,7 @@ TEST(Project, TheObserverLearnsOfEveryChangeOnce) {
     project.insertTopic(1, Topic()); // the current topic moves down with its place
     project.setCurrentIndex(3);
     EXPECT_EQ(recorder.take(), "inserted1 current2 current3 ");
-    EXPECT_EQ(project.removeTopic(3).title, "Topic 2");
+    project.removeTopic(3);
     project.removeTopic(1);
     project.removeTopic(1);
     EXPECT_EQ(recorder.take(), "removed3 current2 removed1 current1 removed1 current-1 ");

@@ -1,0 +1,127 @@
+#include "app/MainCommands.h"
+
+#include "app/frmMain.h"
+
+namespace app {
+
+namespace {
+
+using enum MainCommand::Kind;
+
+template <auto handler, auto... arguments>
+void run(frmMain& window) {
+    (window.*handler)(arguments...);
+}
+
+template <auto condition>
+bool when(const frmMain& window) {
+    return (window.*condition)();
+}
+
+constexpr MainCommand commands[] = {
+    {menu, "mnuFile", "&File"},
+    {command, "mnuFileNew", "&New", "New", "New Project", "New", "Ctrl+N",
+     run<&frmMain::mnuFileNew_Click>},
+    {command, "mnuFileOpen", "&Open", "Open", "Open File", "Open", "Ctrl+O",
+     run<&frmMain::mnuFileOpen_Click>},
+    {command, "mnuFileSave", "&Save", "Save", "Save the Current Data", "Save", "Ctrl+S",
+     run<&frmMain::mnuFileSave_Click, 0>},
+    {command, "mnuFileSave", "Save &As", nullptr, nullptr, nullptr, "Ctrl+Shift+S",
+     run<&frmMain::mnuFileSave_Click, 1>},
+    {separator, "mnuFileBar0"},
+    {menu, "mnuFileImport", "&Import"},
+    {command, "mnuFileImportText", "From &Text File", nullptr, nullptr, "Import"},
+    {command, "mnuFileImportHelp", "From &Topicsmith File"},
+    {command, "mnuFileImportProject", "From &VB Project"},
+    {end},
+    {separator, "mnuFileBar1"},
+    {menu, "mnuFileGenerate", "&Generate Files"},
+    {command, "mnuFileGenerateHelp", "Generate &Help Files", "MakeHelp", "Generate Help Files",
+     "MakeHelp", nullptr, run<&frmMain::mnuFileGenerateHelp_Click>},
+    {command, "mnuFileGenerateDoc", "Generate &Documentation", nullptr, nullptr, "MakeDocument",
+     nullptr, run<&frmMain::mnuFileGenerateDoc_Click>},
+    {end},
+    {command, "mnuFileSynch", "S&ynchronize Files", "Synch", "Synchronize Files", "Synch"},
+    {command, "mnuFileSpellChkAll", "Spell Check All", nullptr, nullptr, "Spelling"},
+    {separator, "mnuFileBar2"},
+    {command, "mnuFileProperties", "Properties", nullptr, nullptr, "Properties", nullptr,
+     run<&frmMain::mnuFileProperties_Click>},
+    {separator, "mnuFileBar3"},
+    {command, "mnuFileMRU", "", nullptr, nullptr, nullptr, nullptr,
+     run<&frmMain::mnuFileMRU_Click, 0>},
+    {command, "mnuFileMRU", "", nullptr, nullptr, nullptr, nullptr,
+     run<&frmMain::mnuFileMRU_Click, 1>},
+    {command, "mnuFileMRU", "", nullptr, nullptr, nullptr, nullptr,
+     run<&frmMain::mnuFileMRU_Click, 2>},
+    {command, "mnuFileMRU", "", nullptr, nullptr, nullptr, nullptr,
+     run<&frmMain::mnuFileMRU_Click, 3>},
+    {separator, "mnuFileBar4"},
+    {command, "mnuFileExit", "E&xit", nullptr, nullptr, nullptr, "Alt+F4",
+     run<&frmMain::mnuFileExit_Click>},
+    {end},
+
+    {menu, "mnuEdit", "&Edit"},
+    {command, "mnuEditCut", "C&ut", "Cut", "Cut", "Cut", "Ctrl+X", run<&frmMain::mnuEditCut_Click>,
+     when<&frmMain::canCut>},
+    {command, "mnuEditCopy", "&Copy", "Copy", "Copy", "Copy", "Ctrl+C",
+     run<&frmMain::mnuEditCopy_Click>, when<&frmMain::canCopy>},
+    {command, "mnuEditPaste", "&Paste", "Paste", "Paste", "Paste", "Ctrl+V",
+     run<&frmMain::mnuEditPaste_Click>, when<&frmMain::canPaste>},
+    {command, "mnuEditFind", "Find...", "Search", "Search All", "Search", "Ctrl+F"},
+    {separator, "mnuEditBar0"},
+    {listCommand, "mnuEditAdd", "&Add New Topic", "Insert", "Insert New Topic", "Insert", "Ins",
+     run<&frmMain::mnuEditAdd_Click>},
+    {listCommand, "mnuEditDelete", "&Delete Topic", "Delete", "Delete Current Topic", "Delete",
+     "Del", run<&frmMain::mnuEditDelete_Click>, when<&frmMain::hasTopic>},
+    {separator, "mnuEditBar1"},
+    {command, "mnuEditPromote", "Promote Topic", "Promote", "Promote", "Promote", "Alt+Right",
+     run<&frmMain::mnuEditPromote_Click>, when<&frmMain::canPromote>},
+    {command, "mnuEditDemote", "Demote Topic", "Demote", "Demote", "Demote", "Alt+Left",
+     run<&frmMain::mnuEditDemote_Click>, when<&frmMain::canDemote>},
+    {command, "mnuEditUp", "Move Topic Up", "MoveUp", "Move Up", "MoveUp", "Alt+Up",
+     run<&frmMain::mnuEditUp_Click>, when<&frmMain::canMoveUp>},
+    {command, "mnuEditDown", "Move Topic Down", "MoveDown", "Move Down", "MoveDown", "Alt+Down",
+     run<&frmMain::mnuEditDown_Click>, when<&frmMain::canMoveDown>},
+    {end},
+
+    {menu, "mnuHelp", "&Help"},
+    {command, "mnuHelpContents", "&Contents...", nullptr, nullptr, "Help", "F1"},
+    {command, "mnuHelpIndex", "Help &Index..."},
+    {separator, "mnuHelpBar0"},
+    {command, "mnuHelpAbout", "&About...", nullptr, nullptr, nullptr, nullptr,
+     run<&frmMain::mnuHelpAbout_Click>},
+    {end},
+
+    // Not in the menu bar.
+    {listCommand, "mnuListUndo", "&Undo", nullptr, nullptr, "Undo", "Ctrl+Z",
+     run<&frmMain::mnuListUndo_Click>, when<&frmMain::canUndo>},
+    {listCommand, "mnuListRedo", "&Redo", nullptr, nullptr, "Redo", "Ctrl+Y; Ctrl+Shift+Z",
+     run<&frmMain::mnuListRedo_Click>, when<&frmMain::canRedo>},
+};
+
+constexpr const char* keys[] = {
+    "New",    "Open",    "Save",   "Synch",    nullptr,  "Cut",   "Copy",
+    "Paste",  nullptr,   "Insert", "Delete",   nullptr,  "Demote", "Promote",
+    "MoveUp", "MoveDown", nullptr, "Search",   "MakeHelp",
+};
+
+constexpr const char* listMenu[] = {
+    "mnuListUndo",    "mnuListRedo",   nullptr,     "mnuEditAdd", "mnuEditDelete", nullptr,
+    "mnuEditPromote", "mnuEditDemote", "mnuEditUp", "mnuEditDown",
+};
+
+} // namespace
+
+std::span<const MainCommand> mainCommands() {
+    return commands;
+}
+
+std::span<const char* const> toolbarKeys() {
+    return keys;
+}
+
+std::span<const char* const> listMenuCommands() {
+    return listMenu;
+}
+
+} // namespace app

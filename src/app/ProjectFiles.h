@@ -1,0 +1,64 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+#include "model/Project.h"
+#include "model/RecentFiles.h"
+#include "ui/Prompter.h"
+#include "ui/Settings.h"
+
+namespace app {
+
+/// New, Open, Save and Save As with their questions, and the files used last.
+class ProjectFiles {
+public:
+    /// None is owned; all must outlive this.
+    ProjectFiles(ui::Window& window, model::Project& project, ui::Settings& settings);
+
+    /// Asks what to do with unsaved changes; false when the project is to stay as it is: the author
+    /// cancelled, or wanted them saved and that did not happen.
+    bool offerSave();
+
+    bool newProject(); ///< false as in offerSave()
+
+    /// Asks for the file, unless setPendingOpenPath() has named one.
+    void openProject();
+    void setPendingOpenPath(std::filesystem::path path) { pendingOpenPath_ = std::move(path); }
+
+    /// True when the project was written.
+    bool saveProject(bool saveAs);
+
+    /// Why reading or writing failed since the last call, if it did.
+    std::error_code takeError() { return std::exchange(lastError_, {}); }
+
+    /// Where the author last opened or saved a project; empty at first.
+    std::filesystem::path folder() const;
+
+    const model::RecentFiles& recentFiles() const { return recentFiles_; }
+    void openRecentFile(int slot);
+    void loadRecentFiles();
+    void saveRecentFiles();
+
+    /// Called when the list of recent files is another.
+    std::function<void()> recentFilesChanged;
+
+private:
+    std::optional<std::filesystem::path> chooseFile(ui::FileQuestion::Kind kind, model::Text title,
+                                                    std::filesystem::path fileName);
+    void load(const std::filesystem::path& path);
+    void rememberFolder();
+    void addRecentFile(const std::filesystem::path& path);
+    void removeRecentFile(const std::filesystem::path& path);
+
+    ui::Window& window_;
+    model::Project& project_;
+    ui::Settings& settings_;
+    model::RecentFiles recentFiles_;
+    std::filesystem::path pendingOpenPath_;
+    std::error_code lastError_;
+};
+
+} // namespace app

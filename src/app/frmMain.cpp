@@ -1,0 +1,458 @@
+#include "app/frmMain.h"
+
+#include <algorithm>
+#include <sstream>
+
+#include "app/Version.h"
+#include "model/Helper.h"
+#include "model/OutlineEditing.h"
+
+namespace app {
+
+namespace fs = std::filesystem;
+using model::Text;
+using model::TextView;
+using model::Topic;
+using ui::Prompter;
+
+frmMain::frmMain(ui::Settings& settings, fs::path programFolder)
+    : Window(Kind::main, "frmMain"), settings_(settings), programFolder_(std::move(programFolder)),
+      lvLevels(*this, OutlineRows::columns(), rows_) {
+    arrange();
+    makeCommands();
+    fillMenus();
+    connectControls();
+    restoreWindow();
+    const TextView full = version;
+    setCaption("HTML Topicsmith - " + Text(full.substr(0, full.rfind('.'))));
+    helpFile_ = programFolder_ / "HTML Topicsmith.chm";
+    if (!model::fileExists(helpFile_)) {
+        Prompter::current().ask(this, {"WARNING: Missing Help File", "HTML Topicsmith",
+                                       ui::Buttons::ok, ui::QuestionIcon::information});
+    }
+    project_.setObserver(this);
+    files_.recentFilesChanged = [this] { updateRecentFiles(); };
+    files_.loadRecentFiles();
+    showCurrent();
+    project_.markSaved();
+    lvLevels.setFocus();
+}
+
+frmMain::~frmMain() {
+    project_.setObserver(nullptr);
+    FocusChange.connect({}); // the focus goes as the controls do
+}
+
+void frmMain::openFile(const fs::path& path) {
+    files_.setPendingOpenPath(path);
+    mnuFileOpen_Click();
+}
+
+// ---- The window ----
+
+void frmMain::arrange() {
+    setMinimumSize(8850, 4680);
+    txtLevel.setReadOnly();
+    txtLevel.setFixedWidth(1050);
+    txtFilename.setForeignCharacters(ui::ForeignCharacters::refused);
+    txtHelpID.setForeignCharacters(ui::ForeignCharacters::refused);
+    txtHelpNum.setForeignCharacters(ui::ForeignCharacters::refused);
+    txtHelpNum.acceptOnly("0123456789.");
+    lvLevels.setAccessibleName("Topics");
+
+    auto fields = ui::Layout::row();
+    fields.withoutMargins().setSpacing(90);
+    const auto addField = [&fields](ui::Label& label, ui::TextBox& box, int stretch) {
+        auto column = ui::Layout::column();
+        column.setSpacing(15).add(label).add(box);
+        fields.add(std::move(column), stretch);
+    };
+    addField(lblLevel, txtLevel, 0);
+    addField(lblTitle, txtTitle, 6);
+    addField(lblFilename, txtFilename, 5);
+    addField(lblHelpID, txtHelpID, 5);
+    addField(lblHelpNum, txtHelpNum, 3);
+    pnlFields.setLayout(std::move(fields));
+}
+
+void frmMain::Resize() {
+    if (state() == ui::WindowState::minimised) {
+        return;
+    }
+    constexpr int margin = 180;
+    constexpr int gap = 75;
+    constexpr int statusHeight = 330;
+    const int bottom = height() - contentTop() - statusHeight;
+    const int listWidth = width() - 375;
+    const int listHeight = height() - 1785;
+    const int fieldsHeight = pnlFields.minimumHeight();
+    // Large fonts take their room from the list.
+    const int listTop = std::max(bottom - listHeight, fieldsHeight + 2 * gap);
+    pnlFields.place(margin, (listTop - fieldsHeight) / 2, listWidth, fieldsHeight);
+    lvLevels.place(margin, listTop, listWidth, bottom - listTop);
+    lblStatus.place(margin, bottom, listWidth, statusHeight);
+}
+
+void frmMain::restoreWindow() {
+    setSize(settings_.number("Main", "Width", 9650), settings_.number("Main", "Height", 5980));
+    const int state = settings_.number("Main", "Window State", 0);
+    if (state == 1 || state == 2) {
+        setState(static_cast<ui::WindowState>(state));
+    }
+    std::istringstream stored(settings_.get("Main", "Column Widths"));
+    std::vector<int> widths;
+    for (int width = 0; stored >> width;) {
+        widths.push_back(std::clamp(width, 300, 30000));
+    }
+    lvLevels.setColumnWidths(widths);
+}
+
+void frmMain::storeWindow() {
+    if (state() != ui::WindowState::minimised) {
+        settings_.setNumber("Main", "Window State", static_cast<int>(state()));
+    }
+    if (state() == ui::WindowState::normal) {
+        settings_.setNumber("Main", "Height", height());
+        settings_.setNumber("Main", "Width", width());
+    }
+    std::string widths;
+    for (const int width : lvLevels.columnWidths()) {
+        widths += std::to_string(width) + ' ';
+    }
+    settings_.set("Main", "Column Widths", widths);
+}
+
+bool frmMain::mayClose() {
+    leaveField();
+    if (!files_.offerSave()) {
+        return false;
+    }
+    storeWindow();
+    files_.saveRecentFiles();
+    closeAllBut(*this);
+    return true;
+}
+
+// ---- Commands, menus and toolbar ----
+
+void frmMain::makeCommands() {
+    const auto text = [](const char* part) { return part == nullptr ? Text() : Text(part); };
+    for (const MainCommand& row : mainCommands()) {
+        const bool inList = row.kind == MainCommand::Kind::listCommand;
+        if (row.kind != MainCommand::Kind::command && !inList) {
+            commands_.emplace_back();
+            continue;
+        }
+        auto command = std::make_unique<ui::Command>(
+            *this, ui::CommandLook{row.name, row.caption, text(row.key), text(row.toolTip),
+                                   text(row.image), text(row.shortcut)});
+        if (inList) {
+            command->limitShortcutTo(lvLevels);
+        }
+        command->Click.connect([this, &row] { runCommand(row); });
+        commands_.push_back(std::move(command));
+    }
+}
+
+void frmMain::fillMenus() {
+    std::vector<ui::Menu*> path{&menuBar()};
+    std::size_t index = 0;
+    for (const MainCommand& row : mainCommands()) {
+        ui::Command* command = commands_[index++].get();
+        switch (row.kind) {
+        case MainCommand::Kind::menu:
+            path.push_back(&path.back()->addMenu(row.name, row.caption));
+            break;
+        case MainCommand::Kind::end:
+            path.pop_back();
+            break;
+        case MainCommand::Kind::separator:
+            path.back()->addSeparator(row.name);
+            break;
+        case MainCommand::Kind::command:
+        case MainCommand::Kind::listCommand:
+            if (path.size() > 1) {
+                path.back()->add(*command);
+            }
+            break;
+        }
+        if (TextView(row.caption == nullptr ? "" : row.caption) == "&File") {
+            mnuFile_ = path.back();
+        }
+    }
+    for (const char* key : toolbarKeys()) {
+        if (key == nullptr) {
+            tbTools.addSeparator();
+            continue;
+        }
+        for (const auto& command : commands_) {
+            if (command && command->look().key == key) {
+                tbTools.add(*command);
+            }
+        }
+    }
+    for (const char* name : listMenuCommands()) {
+        if (name == nullptr) {
+            mnuList.addSeparator("");
+        } else {
+            mnuList.add(*command(name));
+        }
+    }
+    lvLevels.setContextMenu(mnuList);
+}
+
+ui::Command* frmMain::command(TextView name) const {
+    for (const auto& command : commands_) {
+        if (command && command->look().name == name) {
+            return command.get();
+        }
+    }
+    return nullptr;
+}
+
+void frmMain::runCommand(const MainCommand& row) {
+    if (row.run != nullptr && (row.possible == nullptr || row.possible(*this))) {
+        updateStatus();
+        row.run(*this);
+    }
+    updateCommands();
+}
+
+void frmMain::updateCommands() {
+    std::size_t index = 0;
+    for (const MainCommand& row : mainCommands()) {
+        if (const auto& command = commands_[index++]) {
+            command->setEnabled(row.run != nullptr
+                                && (row.possible == nullptr || row.possible(*this)));
+        }
+    }
+    const model::UndoHistory& history = project_.history();
+    command("mnuListUndo")->setCaption("&Undo " + Text(history.undoName()));
+    command("mnuListRedo")->setCaption("&Redo " + Text(history.redoName()));
+}
+
+void frmMain::updateRecentFiles() {
+    int slot = 0;
+    for (const auto& command : commands_) {
+        if (command && command->look().name == "mnuFileMRU") {
+            const bool used = slot < files_.recentFiles().count();
+            command->setVisible(used);
+            if (used) {
+                command->setPlainCaption(files_.recentFiles().caption(slot));
+            }
+            ++slot;
+        }
+    }
+    mnuFile_->setVisible("mnuFileBar3", files_.recentFiles().count() > 0);
+}
+
+// ---- The project ----
+
+void frmMain::topicChanged(int position) {
+    lvLevels.rowChanged(position);
+    if (position == project_.currentIndex()) {
+        fillFields(false);
+    }
+}
+
+void frmMain::topicInserted(int position) {
+    lvLevels.rowInserted(position);
+    showCurrent();
+}
+
+void frmMain::topicRemoved(int position) {
+    lvLevels.rowRemoved(position);
+    showCurrent();
+}
+
+void frmMain::projectReplaced() {
+    lvLevels.reset();
+    showCurrent();
+}
+
+void frmMain::currentIndexChanged(int /*position*/) {
+    showCurrent();
+}
+
+void frmMain::dataChangedToggled(bool dataChanged) {
+    tbTools.setImage("Save", dataChanged ? "SaveChanged" : "Save");
+    tbTools.setToolTip("Save", dataChanged ? "Save - Current Data Changed" : "Save the Current Data");
+    setChanged(dataChanged);
+}
+
+void frmMain::showCurrent() {
+    const int position = project_.currentIndex();
+    enableTopicFields(position > 0);
+    if (position > 0) {
+        lvLevels.select(position);
+    }
+    fillFields(true);
+    updateCommands();
+    updateStatus();
+}
+
+/// With `always`, another topic is shown: the fields forget what could be undone in them. Otherwise
+/// only what differs is filled in, so that a field keeps its caret while it is typed into.
+void frmMain::fillFields(bool always) {
+    Topic none;
+    none.level.clear();
+    const Topic& topic = hasTopic() ? project_.outline().at(project_.currentIndex()) : none;
+    const std::pair<ui::TextBox*, const Text*> fields[] = {{&txtLevel, &topic.level},
+                                                           {&txtTitle, &topic.title},
+                                                           {&txtFilename, &topic.fileName},
+                                                           {&txtHelpID, &topic.contextId},
+                                                           {&txtHelpNum, &topic.contextNumber}};
+    for (const auto& [box, text] : fields) {
+        if (always || box->text() != *text) {
+            box->setText(*text);
+        }
+    }
+}
+
+void frmMain::enableTopicFields(bool enabled) {
+    for (ui::TextBox* box : {&txtLevel, &txtTitle, &txtFilename, &txtHelpID, &txtHelpNum}) {
+        box->setEnabled(enabled);
+    }
+    if (!enabled) {
+        project_.setCurrentIndex(-1);
+    }
+}
+
+void frmMain::updateStatus() {
+    const int count = project_.outline().count();
+    notice(count == 0 ? "No topics"
+                      : "Topic " + std::to_string(project_.currentIndex()) + " of "
+                            + std::to_string(count));
+}
+
+void frmMain::notice(const Text& text) {
+    lblStatus.setCaption(project_.projectFileTitle() + "     " + text);
+}
+
+// ---- The fields ----
+
+void frmMain::connectControls() {
+    UI_ON(lvLevels, ItemClick);
+    UI_ON(lvLevels, DblClick);
+    UI_ON(lvLevels, RowDragged);
+    UI_ON(txtLevel, KeyDown);
+    UI_ON(txtTitle, Change);
+    UI_ON(txtTitle, GotFocus);
+    UI_ON(txtTitle, LostFocus);
+    UI_ON(txtTitle, KeyDown);
+    UI_ON(txtFilename, Change);
+    UI_ON(txtFilename, GotFocus);
+    UI_ON(txtFilename, LostFocus);
+    UI_ON(txtFilename, KeyDown);
+    UI_ON(txtHelpID, Change);
+    UI_ON(txtHelpID, LostFocus);
+    UI_ON(txtHelpID, KeyDown);
+    UI_ON(txtHelpNum, Change);
+    UI_ON(txtHelpNum, LostFocus);
+    UI_ON(txtHelpNum, KeyDown);
+    for (ui::TextBox* box : {&txtLevel, &txtTitle, &txtFilename, &txtHelpID, &txtHelpNum}) {
+        box->SelectionChange.connect([this] { updateCommands(); });
+    }
+    clipboard_.Change.connect([this] { updateCommands(); });
+    FocusChange.connect([this] { updateCommands(); });
+    FilesDropped.connect([this](const std::vector<fs::path>& files) { files_Dropped(files); });
+}
+
+void frmMain::editField(TextView name, const ui::TextBox& box, Text Topic::*field) {
+    model::editField(project_, name, field, box.text());
+    updateCommands();
+}
+
+void frmMain::txtTitle_Change() {
+    editField("Edit Topic Title", txtTitle, &Topic::title);
+}
+
+void frmMain::txtFilename_Change() {
+    editField("Edit Topic Filename", txtFilename, &Topic::fileName);
+}
+
+void frmMain::txtHelpID_Change() {
+    editField("Edit HelpCont ID", txtHelpID, &Topic::contextId);
+}
+
+void frmMain::txtHelpNum_Change() {
+    editField("Edit HelpCont #", txtHelpNum, &Topic::contextNumber);
+}
+
+void frmMain::leaveField() {
+    model::completeFileName(project_);
+    project_.endTyping();
+    updateCommands();
+}
+
+/// The caret goes to a fixed place: the end of any usual text.
+void frmMain::txtTitle_GotFocus() {
+    txtTitle.select(99, 0);
+}
+
+void frmMain::txtFilename_GotFocus() {
+    txtFilename.select(99, 0);
+}
+
+void frmMain::txtTitle_KeyDown(ui::Key& key) {
+    if (key.code == ui::KeyCode::enter) {
+        key.handled = true;
+        mnuEditAdd_Click();
+        updateCommands();
+        return;
+    }
+    moveByKey(key);
+}
+
+void frmMain::moveByKey(ui::Key& key) {
+    if (key.plain() && (key.code == ui::KeyCode::up || key.code == ui::KeyCode::down)) {
+        key.handled = true;
+        showNeighbour(key.code == ui::KeyCode::up ? -1 : 1);
+    }
+}
+
+void frmMain::moveByKeyOrEnter(ui::Key& key) {
+    if (key.code == ui::KeyCode::enter) {
+        key.handled = true;
+        showNeighbour(1);
+    } else {
+        moveByKey(key);
+    }
+}
+
+void frmMain::showNeighbour(int step) {
+    const int position = project_.currentIndex() + step;
+    if (hasTopic() && position >= 1 && position <= project_.outline().count()) {
+        leaveField();
+        showTopic(position);
+    }
+}
+
+// ---- The list ----
+
+void frmMain::showTopic(int position) {
+    project_.endTyping();
+    project_.setCurrentIndex(position);
+}
+
+void frmMain::openTopicEditor(int position) {
+    showTopic(position);
+}
+
+void frmMain::lvLevels_RowDragged(int from, int to) {
+    showTopic(from);
+    model::moveTopicTo(project_, to);
+    updateCommands();
+}
+
+void frmMain::files_Dropped(const std::vector<fs::path>& files) {
+    const auto isProject = [](const fs::path& file) {
+        return model::equalIgnoringCase(file.extension().string(), ".tsp");
+    };
+    if (const auto file = std::find_if(files.begin(), files.end(), isProject);
+        file != files.end()) {
+        openFile(*file);
+    }
+}
+
+} // namespace app

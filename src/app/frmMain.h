@@ -1,0 +1,161 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "app/MainCommands.h"
+#include "app/OutlineRows.h"
+#include "app/ProjectFiles.h"
+#include "app/dlgReport.h"
+#include "ui/Clipboard.h"
+#include "ui/ListView.h"
+#include "ui/Panel.h"
+#include "ui/Toolbar.h"
+#include "ui/Window.h"
+
+namespace app {
+
+/// The main window: the outline, the fields of the current topic, and every command. It owns the
+/// open project, watches it and shows what becomes of it.
+class frmMain : public ui::Window, private model::ProjectObserver {
+    // Before the controls, which show it.
+    ui::Settings& settings_;
+    std::filesystem::path programFolder_;
+    std::filesystem::path helpFile_;
+    model::Project project_;
+    OutlineRows rows_{project_};
+    ProjectFiles files_{*this, project_, settings_};
+
+public:
+    /// An empty project. Says so when the program's own help is missing from `programFolder`. The
+    /// settings are not owned.
+    frmMain(ui::Settings& settings, std::filesystem::path programFolder);
+    ~frmMain() override;
+
+    model::Project& project() { return project_; }
+
+    /// Opens a project without asking for its name.
+    void openFile(const std::filesystem::path& path);
+
+    /// Makes a topic current, as by a click on its row.
+    void showTopic(int position);
+
+    void enableTopicFields(bool enabled);
+
+    ui::Panel pnlFields{*this};
+    ui::TextBox txtLevel{pnlFields};
+    ui::TextBox txtTitle{pnlFields};
+    ui::TextBox txtFilename{pnlFields};
+    ui::TextBox txtHelpID{pnlFields};
+    ui::TextBox txtHelpNum{pnlFields};
+    ui::ListView lvLevels;
+    ui::Label lblStatus{*this, ""};
+
+    // The events of the controls.
+    void lvLevels_ItemClick(int row) { showTopic(row); }
+    void lvLevels_DblClick(int row) { openTopicEditor(row); }
+    void lvLevels_RowDragged(int from, int to);
+    void txtLevel_KeyDown(ui::Key& key) { moveByKey(key); }
+    void txtTitle_Change();
+    void txtTitle_GotFocus();
+    void txtTitle_LostFocus() { leaveField(); }
+    void txtTitle_KeyDown(ui::Key& key);
+    void txtFilename_Change();
+    void txtFilename_GotFocus();
+    void txtFilename_LostFocus() { leaveField(); }
+    void txtFilename_KeyDown(ui::Key& key) { moveByKey(key); }
+    void txtHelpID_Change();
+    void txtHelpID_KeyDown(ui::Key& key) { moveByKeyOrEnter(key); }
+    void txtHelpNum_Change();
+    void txtHelpNum_KeyDown(ui::Key& key) { moveByKeyOrEnter(key); }
+    void txtHelpID_LostFocus() { leaveField(); }
+    void txtHelpNum_LostFocus() { leaveField(); }
+    void files_Dropped(const std::vector<std::filesystem::path>& files);
+
+    // The commands, see MainCommands.cpp.
+    void mnuFileNew_Click();
+    void mnuFileOpen_Click();
+    void mnuFileSave_Click(int index); ///< 1 asks for the name
+    void mnuFileGenerateHelp_Click();
+    void mnuFileGenerateDoc_Click();
+    void mnuFileProperties_Click();
+    void mnuFileMRU_Click(int index);
+    void mnuFileExit_Click() { close(); }
+    void mnuEditCut_Click();
+    void mnuEditCopy_Click();
+    void mnuEditPaste_Click();
+    void mnuEditAdd_Click();
+    void mnuEditDelete_Click();
+    void mnuEditPromote_Click();
+    void mnuEditDemote_Click();
+    void mnuEditUp_Click();
+    void mnuEditDown_Click();
+    void mnuHelpAbout_Click();
+    void mnuListUndo_Click();
+    void mnuListRedo_Click();
+
+    // When they can be chosen.
+    bool hasTopic() const { return project_.currentIndex() > 0; }
+    bool canCut() const;
+    bool canCopy() const;
+    bool canPaste() const;
+    bool canPromote() const;
+    bool canDemote() const;
+    bool canMoveUp() const;
+    bool canMoveDown() const;
+    bool canUndo() const { return project_.history().canUndo(); }
+    bool canRedo() const { return project_.history().canRedo(); }
+
+    /// Null for a name that there is not; the first of several with the same name.
+    ui::Command* command(model::TextView name) const;
+
+    void Resize() override;
+    bool mayClose() override;
+
+private:
+    // What happens to the project.
+    void topicChanged(int position) override;
+    void topicInserted(int position) override;
+    void topicRemoved(int position) override;
+    void projectReplaced() override;
+    void currentIndexChanged(int position) override;
+    void dataChangedToggled(bool dataChanged) override;
+
+    void arrange();
+    void connectControls();
+    void makeCommands();
+    void fillMenus();
+    void restoreWindow();
+    void storeWindow();
+
+    void runCommand(const MainCommand& row);
+    void updateCommands();
+    void updateRecentFiles();
+    void updateStatus();
+    void notice(const model::Text& text);
+    void noticeFailure();
+
+    void showCurrent();
+    void fillFields(bool always);
+    void openTopicEditor(int position);
+    void editField(model::TextView name, const ui::TextBox& box, model::Text model::Topic::*field);
+    void leaveField();
+    void moveByKey(ui::Key& key);
+    void moveByKeyOrEnter(ui::Key& key);
+    void showNeighbour(int step);
+    model::Text outputName(const char* extension) const;
+
+    ui::Label lblLevel{pnlFields, "&Level", &txtLevel};
+    ui::Label lblTitle{pnlFields, "Topic &Title", &txtTitle};
+    ui::Label lblFilename{pnlFields, "Topic File&name", &txtFilename};
+    ui::Label lblHelpID{pnlFields, "HelpCont &ID", &txtHelpID};
+    ui::Label lblHelpNum{pnlFields, "HelpC&ont #", &txtHelpNum};
+    ui::Clipboard clipboard_;
+    std::vector<std::unique_ptr<ui::Command>> commands_; ///< one for each row that is a command
+    ui::Toolbar tbTools{*this};
+    ui::Menu mnuList{*this};
+    ui::Menu* mnuFile_ = nullptr; ///< holds the recent files
+    std::unique_ptr<dlgReport> report_;
+};
+
+} // namespace app

@@ -1,0 +1,239 @@
+#include <optional>
+
+#include "app/frmMain.h"
+#include "app/frmOptions.h"
+#include "app/frmSplash.h"
+#include "generate/Documentation.h"
+#include "generate/GenerationRun.h"
+#include "model/CodePage.h"
+#include "model/OutlineEditing.h"
+#include "platform/Files.h"
+#include "ui/WaitCursor.h"
+
+// What the main window does when a command is chosen.
+namespace app {
+
+namespace fs = std::filesystem;
+using model::Text;
+using ui::Prompter;
+
+namespace {
+
+Text failureNotice(const generate::FileFailures& failures) {
+    if (failures.empty()) {
+        return {};
+    }
+    return std::to_string(failures.size()) + (failures.size() == 1 ? " file" : " files")
+           + " could not be written: " + model::displayText(failures.front().path.filename()) + " ("
+           + model::fromUtf8(failures.front().reason) + ')';
+}
+
+} // namespace
+
+void frmMain::mnuFileNew_Click() {
+    leaveField();
+    files_.newProject();
+    noticeFailure();
+}
+
+void frmMain::mnuFileOpen_Click() {
+    leaveField();
+    files_.openProject();
+    noticeFailure();
+}
+
+void frmMain::mnuFileSave_Click(int index) {
+    leaveField();
+    files_.saveProject(index == 1);
+    noticeFailure();
+}
+
+void frmMain::mnuFileMRU_Click(int index) {
+    leaveField();
+    files_.openRecentFile(index);
+    noticeFailure();
+}
+
+/// There is no message for it, but an author should not be left in the dark.
+void frmMain::noticeFailure() {
+    updateStatus();
+    if (const std::error_code error = files_.takeError()) {
+        Prompter::current().beep();
+        notice("Not done: " + model::fromUtf8(error.message()));
+    }
+}
+
+/// The project's name up to its first point, with another extension.
+Text frmMain::outputName(const char* extension) const {
+    const Text title = project_.projectFileTitle();
+    return title.substr(0, title.find('.')) + '.' + extension;
+}
+
+void frmMain::mnuFileGenerateHelp_Click() {
+    constexpr const char* title = "Generate Help Files";
+    leaveField();
+    if (const auto message = generate::nothingToGenerate(project_, title)) {
+        Prompter::current().tell(this, *message);
+        return;
+    }
+    const auto file = Prompter::current().chooseFile(
+        this, {ui::FileQuestion::Kind::save, "Generate Help Workshop Files",
+               "Help Workshop Files (*.hhp)|*.hhp|Text Files (*.txt)|*.txt|All Files (*.*)|*.*", 1,
+               files_.folder(), model::nativePath(outputName("hhp")), "hhp"});
+    if (!file) {
+        return;
+    }
+    report_ = std::make_unique<dlgReport>(*this);
+    report_->Closed.connect([this] { discard(std::move(report_)); });
+    const model::UndoStep step(project_, title);
+    std::optional<ui::WaitCursor> busy(std::in_place);
+    const auto save = [this, &busy]() -> std::error_code {
+        busy.reset(); // it may ask for a name
+        files_.saveProject(false);
+        busy.emplace();
+        return files_.takeError();
+    };
+    const auto show = [this](const Text& text) {
+        report_->txtReport.setText(text);
+        report_->show();
+    };
+    const generate::GenerationReport report = generate::generateHelp(
+        project_, {platform::fullPath(*file), programFolder_, save, show});
+    report_->txtReport.setText(report.text);
+    updateStatus();
+    if (!report.failures.empty()) {
+        notice(failureNotice(report.failures));
+    }
+}
+
+void frmMain::mnuFileGenerateDoc_Click() {
+    leaveField();
+    if (const auto message = generate::nothingToGenerate(project_, "Generate Documentation")) {
+        Prompter::current().tell(this, *message);
+        return;
+    }
+    const fs::path folder = files_.folder();
+    const auto file = Prompter::current().chooseFile(
+        this, {ui::FileQuestion::Kind::save, "Generate Help Documentation as HTML",
+               "HTML Files (*.htm)|*.htm||All Files (*.*)|*.*", 1, folder,
+               model::nativePath(outputName("htm")), "htm"});
+    if (!file) {
+        return;
+    }
+    generate::FileFailures failures;
+    {
+        const ui::WaitCursor busy;
+        failures = generate::generateDocumentation(project_.outline(), project_.options(),
+                                                   platform::fullPath(*file), folder);
+    }
+    Prompter::current().tell(this, generate::documentationComplete());
+    if (!failures.empty()) {
+        notice(failureNotice(failures));
+    }
+}
+
+void frmMain::mnuFileProperties_Click() {
+    frmOptions options(*this, project_.options());
+    options.Apply.connect([this](const model::ProjectOptions& edited) {
+        project_.setOptions(edited);
+        project_.markChanged(model::projectChanged);
+    });
+    options.run();
+}
+
+bool frmMain::canCopy() const {
+    const ui::TextBox* box = focusedTextBox();
+    return box != nullptr && box->isEnabled() && box->selection().length > 0;
+}
+
+bool frmMain::canCut() const {
+    return canCopy() && !focusedTextBox()->isReadOnly();
+}
+
+bool frmMain::canPaste() const {
+    const ui::TextBox* box = focusedTextBox();
+    return box != nullptr && box->isEnabled() && !box->isReadOnly() && clipboard_.hasText();
+}
+
+void frmMain::mnuEditCopy_Click() {
+    const Text selected = focusedTextBox()->selectedText();
+    clipboard_.clear();
+    clipboard_.setText(selected);
+}
+
+void frmMain::mnuEditCut_Click() {
+    mnuEditCopy_Click();
+    focusedTextBox()->replaceSelection("");
+}
+
+void frmMain::mnuEditPaste_Click() {
+    focusedTextBox()->paste();
+}
+
+void frmMain::mnuEditAdd_Click() {
+    leaveField();
+    if (!model::addTopic(project_)) {
+        Prompter::current().ask(
+            this, {"Maximum Number of Help Topics Reached (500), New Topic Not Added",
+                   "Topic Limit"});
+        return;
+    }
+    txtTitle.setFocus();
+}
+
+void frmMain::mnuEditDelete_Click() {
+    const Text& title = project_.outline().at(project_.currentIndex()).title;
+    const ui::Answer answer = Prompter::current().ask(
+        this, {"Delete the Topic '" + (title.empty() ? "<No Title>" : title) + "'?", "Delete Topic",
+               ui::Buttons::yesNo, ui::QuestionIcon::question});
+    if (answer == ui::Answer::yes) {
+        model::deleteTopic(project_);
+    }
+}
+
+bool frmMain::canPromote() const {
+    return model::canPromote(project_);
+}
+
+void frmMain::mnuEditPromote_Click() {
+    model::promoteTopic(project_);
+}
+
+bool frmMain::canDemote() const {
+    return model::canDemote(project_);
+}
+
+void frmMain::mnuEditDemote_Click() {
+    model::demoteTopic(project_);
+}
+
+bool frmMain::canMoveUp() const {
+    return model::canMoveUp(project_);
+}
+
+void frmMain::mnuEditUp_Click() {
+    model::moveTopicUp(project_);
+}
+
+bool frmMain::canMoveDown() const {
+    return model::canMoveDown(project_);
+}
+
+void frmMain::mnuEditDown_Click() {
+    model::moveTopicDown(project_);
+}
+
+void frmMain::mnuHelpAbout_Click() {
+    frmSplash about(*this);
+    about.run();
+}
+
+void frmMain::mnuListUndo_Click() {
+    project_.undo();
+}
+
+void frmMain::mnuListRedo_Click() {
+    project_.redo();
+}
+
+} // namespace app

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <memory>
+
+#include "model/ProjectOptions.h"
+#include "ui/Button.h"
+#include "ui/CheckBox.h"
+#include "ui/OptionButton.h"
+#include "ui/TabStrip.h"
+#include "ui/Window.h"
+
+namespace app {
+
+/// Edits the options of a project, on pages. It changes a copy, and hands that over by Apply.
+class frmOptions : public ui::Window {
+public:
+    frmOptions(ui::Window& owner, const model::ProjectOptions& options);
+
+    /// Raised by Apply and OK when something was edited since.
+    ui::Event<const model::ProjectOptions&> Apply;
+
+    ui::TabStrip tbsOptions{*this};
+    ui::Panel pnlGeneration{tbsOptions};
+    ui::Panel pnlAdditional{tbsOptions};
+    ui::Panel pnlNavigation{tbsOptions};
+    ui::Panel pnlDocumentation{tbsOptions};
+
+    ui::TextBox txtProjectName{pnlGeneration};
+    ui::TextBox txtCSS{pnlGeneration};
+    ui::TextBox txtBImage{pnlGeneration};
+    ui::TextBox txtTemplate{pnlGeneration};
+    ui::CheckBox chkCopyright{pnlGeneration, "   Copyright String:"};
+    ui::TextBox txtCopyright{pnlGeneration};
+
+    ui::TextBox txtAdditional{pnlAdditional, ui::TextBox::Lines::many};
+
+    std::unique_ptr<ui::CheckBox> chkNavigation[model::navigationSwitchCount];
+    std::unique_ptr<ui::OptionButton> optNavType[2];
+
+    ui::CheckBox chkIndentedTOC{pnlDocumentation, "Indented TOC for Documentation"};
+    ui::CheckBox chkNumbering{pnlDocumentation, "Include Help Topic Numbering (e.g., 1.4.7)"};
+    ui::CheckBox chkDocLinks{pnlDocumentation, "Documentation includes Links to Help Topics"};
+    ui::CheckBox chkUnderline{pnlDocumentation, "Underline the Help Topic Titles"};
+
+    ui::Button cmdOK{*this, "OK"};
+    ui::Button cmdCancel{*this, "Cancel"};
+    ui::Button cmdApply{*this, "Apply"};
+
+    void chkCopyright_Click();
+    void cmdOK_Click();
+    void cmdCancel_Click() { close(); }
+    void cmdApply_Click();
+    void nextTab_Click();
+
+private:
+    void arrangeGeneration();
+    void arrangeAdditional();
+    void arrangeNavigation();
+    void arrangeDocumentation();
+    void fill();
+    void readBack();
+    void watch();
+
+    ui::Command nextTab{*this, {"nextTab", "", "", "", "", "Ctrl+Tab"}};
+    ui::Label lblProjectName{pnlGeneration, "Project Name:", &txtProjectName};
+    ui::Label lblCSS{pnlGeneration, "Cascading Style Sheet:", &txtCSS};
+    ui::Label lblBImage{pnlGeneration, "Background Image:", &txtBImage};
+    ui::Label lblTemplate{pnlGeneration, "Template Filename:", &txtTemplate};
+    ui::Label lblAdditional{pnlAdditional,
+                            "Any HTML code entered here will be displayed on the First (Overview) "
+                            "Help Topic only.  It will be positioned just before the copyright "
+                            "notice (if one is used)."};
+    model::ProjectOptions options_;
+    bool changed_ = false;
+};
+
+} // namespace app

@@ -1,0 +1,127 @@
+#include "model/OutlineEditing.h"
+
+#include "model/Helper.h"
+
+namespace model {
+
+namespace {
+
+bool hasCurrent(const Project& project) {
+    return project.currentIndex() > 0;
+}
+
+int currentDepth(const Project& project) {
+    return project.outline().depth(project.currentIndex());
+}
+
+void setDepth(Project& project, TextView name, int depth) {
+    const UndoStep step(project, name);
+    project.setField(project.currentIndex(), &Topic::level, levelText(depth));
+    project.markChanged(statusChanged);
+}
+
+} // namespace
+
+bool addTopic(Project& project) {
+    if (project.outline().full()) {
+        return false;
+    }
+    const UndoStep step(project, "Add New Topic");
+    const int position =
+        hasCurrent(project) ? project.currentIndex() + 1 : project.outline().count() + 1;
+    project.insertTopic(position, {});
+    project.setCurrentIndex(position);
+    project.markChanged(statusNew);
+    return true;
+}
+
+void deleteTopic(Project& project) {
+    if (!hasCurrent(project)) {
+        return;
+    }
+    const UndoStep step(project, "Delete Topic");
+    project.markChanged(projectChanged);
+    project.removeTopic(project.currentIndex());
+    if (project.outline().empty()) {
+        project.markSaved();
+    }
+}
+
+bool canPromote(const Project& project) {
+    return project.currentIndex() > 1 && currentDepth(project) < maxDepth
+           && currentDepth(project) <= project.outline().depth(project.currentIndex() - 1);
+}
+
+void promoteTopic(Project& project) {
+    if (canPromote(project)) {
+        setDepth(project, "Promote Topic", currentDepth(project) + 1);
+    }
+}
+
+bool canDemote(const Project& project) {
+    return hasCurrent(project) && currentDepth(project) > 1;
+}
+
+void demoteTopic(Project& project) {
+    if (canDemote(project)) {
+        setDepth(project, "Demote Topic", currentDepth(project) - 1);
+    }
+}
+
+bool canMoveUp(const Project& project) {
+    return project.currentIndex() > 1;
+}
+
+void moveTopicUp(Project& project) {
+    if (canMoveUp(project)) {
+        const UndoStep step(project, "Move Topic Up");
+        moveTopicTo(project, project.currentIndex() - 1);
+    }
+}
+
+bool canMoveDown(const Project& project) {
+    return hasCurrent(project) && project.currentIndex() < project.outline().count();
+}
+
+void moveTopicDown(Project& project) {
+    if (canMoveDown(project)) {
+        const UndoStep step(project, "Move Topic Down");
+        moveTopicTo(project, project.currentIndex() + 1);
+    }
+}
+
+void moveTopicTo(Project& project, int position) {
+    if (!hasCurrent(project) || position < 1 || position > project.outline().count()) {
+        return;
+    }
+    const UndoStep step(project, "Move Topic");
+    while (project.currentIndex() != position) {
+        const int from = project.currentIndex();
+        const int to = from < position ? from + 1 : from - 1;
+        project.swapTopics(from, to);
+        project.setCurrentIndex(to);
+    }
+}
+
+void editField(Project& project, TextView name, Text Topic::*field, const Text& value) {
+    if (hasCurrent(project)) {
+        const UndoStep step(project, name, field);
+        project.setField(project.currentIndex(), field, value);
+        project.markChanged(statusChanged);
+    }
+}
+
+void completeFileName(Project& project) {
+    if (!hasCurrent(project)) {
+        return;
+    }
+    const Topic& topic = project.outline().at(project.currentIndex());
+    if (topic.fileName.empty() && !topic.title.empty()) {
+        const UndoStep step(project, "Edit Topic Title", &Topic::title);
+        project.setField(project.currentIndex(), &Topic::fileName,
+                         makeFileName(topic.title) + ".htm");
+        project.markChanged(statusChanged);
+    }
+}
+
+} // namespace model

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "model/Project.h"
+
+/// The commands that edit the outline. Each works on the current topic, can be taken back as one
+/// step, and does nothing where it cannot apply.
+namespace model {
+
+/// A new topic after the current one, or at the end when none is current. It becomes current.
+/// False when the outline is full.
+bool addTopic(Project& project);
+
+/// A project whose last topic is gone counts as unchanged.
+void deleteTopic(Project& project);
+
+/// Promoting moves a topic one level deeper, at most one below the topic before it; demoting moves
+/// it one level up, whatever follows. Its subtopics stay where they are.
+bool canPromote(const Project& project);
+void promoteTopic(Project& project);
+bool canDemote(const Project& project);
+void demoteTopic(Project& project);
+
+bool canMoveUp(const Project& project);
+void moveTopicUp(Project& project);
+bool canMoveDown(const Project& project);
+void moveTopicDown(Project& project);
+
+/// Moves the topic to another position, place by place, past those in between.
+void moveTopicTo(Project& project, int position);
+
+/// What the author typed into a field of the current topic.
+void editField(Project& project, TextView name, Text Topic::*field, const Text& value);
+
+/// Gives a topic that has a title but no file name one made from the title; part of the typing of
+/// that title.
+void completeFileName(Project& project);
+
+} // namespace model

@@ -1,0 +1,115 @@
+#include "model/UndoHistory.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace model {
+
+namespace {
+
+/// While typing goes on, the text before its first letter is all that is needed.
+bool knowsOlderText(const UndoRecord& record, const OutlineChange& change) {
+    const auto* field = std::get_if<FieldChange>(&change);
+    return field != nullptr
+           && std::any_of(record.changes.begin(), record.changes.end(),
+                          [field](const OutlineChange& older) {
+                              const auto* other = std::get_if<FieldChange>(&older);
+                              return other != nullptr && other->position == field->position
+                                     && other->field == field->field;
+                          });
+}
+
+} // namespace
+
+void UndoHistory::record(OutlineChange change) {
+    if (depth_ == 0) {
+        clear();
+        return;
+    }
+    undone_.clear();
+    if (savedAt_ && *savedAt_ > done_.size()) {
+        savedAt_.reset(); // the state that was saved is changed or out of reach now
+    }
+    if (open_.typedField == nullptr || !knowsOlderText(open_, change)) {
+        open_.changes.push_back(std::move(change));
+    }
+}
+
+void UndoHistory::open(TextView name, int currentIndex, Text Topic::*typedField) {
+    if (depth_++ > 0) {
+        return;
+    }
+    const bool joins = typedField != nullptr && !done_.empty() && undone_.empty() && !atSaved()
+                       && done_.back().typedField == typedField
+                       && done_.back().currentAfter == currentIndex;
+    if (joins) {
+        open_ = std::move(done_.back());
+        done_.pop_back();
+    } else {
+        open_ = {Text(name), {}, currentIndex, currentIndex, typedField};
+    }
+}
+
+void UndoHistory::close(int currentIndex) {
+    if (--depth_ > 0) {
+        return;
+    }
+    const bool marked = std::exchange(markedInRecord_, false);
+    if (open_.changes.empty()) {
+        if (marked) {
+            savedAt_.reset();
+        }
+        return;
+    }
+    open_.currentAfter = currentIndex;
+    done_.push_back(std::move(open_));
+    open_ = {};
+    if (done_.size() > maxRecords) {
+        done_.pop_front();
+        if (savedAt_) {
+            savedAt_ = *savedAt_ == 0 ? std::nullopt : std::optional(*savedAt_ - 1);
+        }
+    }
+}
+
+void UndoHistory::endTyping() {
+    if (!done_.empty()) {
+        done_.back().typedField = nullptr;
+    }
+}
+
+void UndoHistory::clear() {
+    done_.clear();
+    undone_.clear();
+    open_.changes.clear();
+    savedAt_.reset();
+}
+
+UndoRecord& UndoHistory::stepBack() {
+    endTyping();
+    undone_.push_back(std::move(done_.back()));
+    done_.pop_back();
+    return undone_.back();
+}
+
+UndoRecord& UndoHistory::stepForward() {
+    done_.push_back(std::move(undone_.back()));
+    undone_.pop_back();
+    return done_.back();
+}
+
+void UndoHistory::markSaved() {
+    const bool open = depth_ > 0 && !open_.changes.empty();
+    savedAt_ = done_.size() + (open ? 1 : 0);
+    markedInRecord_ = false;
+}
+
+void UndoHistory::markChanged() {
+    if (depth_ > 0) {
+        markedInRecord_ = true;
+    } else {
+        savedAt_.reset();
+    }
+}
+
+} // namespace model

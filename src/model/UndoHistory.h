@@ -1,0 +1,93 @@
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <variant>
+#include <vector>
+
+#include "model/Topic.h"
+
+namespace model {
+
+// What can happen to an outline. Each change holds what is needed to apply it the other way round,
+// and is its own opposite after that.
+
+/// A field of a topic got another text; `value` is the one that it does not have now.
+struct FieldChange {
+    int position;
+    Text Topic::*field;
+    Text value;
+};
+
+/// A topic came or went; `absent` holds it while it is not in the outline.
+struct TopicChange {
+    int position;
+    std::optional<Topic> absent;
+};
+
+/// Two topics changed places.
+struct SwapChange {
+    int a;
+    int b;
+};
+
+using OutlineChange = std::variant<FieldChange, TopicChange, SwapChange>;
+
+/// What one command did, to be taken back as a whole.
+struct UndoRecord {
+    Text name; ///< of the command, as an author knows it
+    std::vector<OutlineChange> changes;
+    int currentBefore = -1;
+    int currentAfter = -1;
+    Text Topic::*typedField = nullptr; ///< not null while further typing joins this record
+};
+
+/// The commands that can be taken back, and those that were. Kept by a Project, which also knows
+/// how to apply a change.
+class UndoHistory {
+public:
+    static constexpr std::size_t maxRecords = 500;
+
+    /// A change outside of a record cannot be taken back, nor can what was before it.
+    void record(OutlineChange change);
+
+    /// Opens a record. While `typedField` is the same and `currentIndex` too, typing joins what was
+    /// typed before. Records nest: an inner one is part of the outer.
+    void open(TextView name, int currentIndex, Text Topic::*typedField);
+
+    /// Closes the record; one without changes is dropped.
+    void close(int currentIndex);
+
+    /// Further typing starts a record of its own.
+    void endTyping();
+
+    void clear();
+
+    bool canUndo() const { return depth_ == 0 && !done_.empty(); }
+    bool canRedo() const { return depth_ == 0 && !undone_.empty(); }
+
+    /// Empty when there is nothing.
+    TextView undoName() const { return canUndo() ? TextView(done_.back().name) : TextView(); }
+    TextView redoName() const { return canRedo() ? TextView(undone_.back().name) : TextView(); }
+
+    /// Moves the newest record over to the other side and gives it to be applied.
+    UndoRecord& stepBack();
+    UndoRecord& stepForward();
+
+    /// The project is now as its file.
+    void markSaved();
+    /// The project is not as its file. Unless the open record will show why, taking records back
+    /// does not lead to the saved state any more.
+    void markChanged();
+    bool atSaved() const { return savedAt_ == done_.size(); }
+
+private:
+    std::deque<UndoRecord> done_;
+    std::vector<UndoRecord> undone_;
+    UndoRecord open_;
+    int depth_ = 0;
+    bool markedInRecord_ = false;
+    std::optional<std::size_t> savedAt_; ///< how many records were done at the last save
+};
+
+} // namespace model

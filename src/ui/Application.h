@@ -1,0 +1,30 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+namespace ui {
+
+/// The program as the toolkit sees it. Made first, before any window, and kept until the end.
+class Application {
+public:
+    /// Takes the toolkit's own arguments away. `name` is shown to the person; `version` is for the
+    /// desktop.
+    Application(int& argc, char** argv, const char* name, const char* version);
+    ~Application();
+    Application(const Application&) = delete;
+    Application& operator=(const Application&) = delete;
+
+    /// What is left of the command line, without the program.
+    std::vector<std::filesystem::path> arguments() const;
+
+    /// Handles events until the last window is closed.
+    int run();
+
+private:
+    struct Native;
+    std::unique_ptr<Native> native_;
+};
+
+} // namespace ui

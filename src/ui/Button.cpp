@@ -1,0 +1,21 @@
+#include "ui/Button.h"
+
+#include <QPushButton>
+
+#include "ui/qt/Native.h"
+
+namespace ui {
+
+Button::Button(Container& container, TextView caption)
+    : Control(makeNative<QPushButton>(container)) {
+    auto& button = widgetOf<QPushButton>(*this);
+    button.setText(toQt(caption));
+    button.setAutoDefault(false);
+    QObject::connect(&button, &QPushButton::clicked, [this] { Click.raise(); });
+}
+
+void Button::setDefault() {
+    widgetOf<QPushButton>(*this).setDefault(true);
+}
+
+} // namespace ui

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "ui/Control.h"
+#include "ui/Event.h"
+
+namespace ui {
+
+class Button : public Control {
+public:
+    Button(Container& container, TextView caption);
+
+    /// Enter presses it, in a dialog whose focused control wants no Enter.
+    void setDefault();
+
+    Event<> Click;
+};
+
+} // namespace ui

@@ -1,0 +1,41 @@
+#include "ui/Clipboard.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+
+#include "ui/qt/Native.h"
+
+namespace ui {
+
+struct Clipboard::Native {
+    QMetaObject::Connection watch;
+};
+
+Clipboard::Clipboard() : native_(std::make_unique<Native>()) {
+    native_->watch = QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged,
+                                      [this] { Change.raise(); });
+}
+
+Clipboard::~Clipboard() {
+    QObject::disconnect(native_->watch);
+}
+
+bool Clipboard::hasText() const {
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    return data != nullptr && data->hasText();
+}
+
+model::Text Clipboard::text() const {
+    return fromQt(QGuiApplication::clipboard()->text());
+}
+
+void Clipboard::clear() {
+    QGuiApplication::clipboard()->clear();
+}
+
+void Clipboard::setText(model::TextView text) {
+    QGuiApplication::clipboard()->setText(toQt(text));
+}
+
+} // namespace ui

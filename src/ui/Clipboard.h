@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+
+#include "model/Text.h"
+#include "ui/Event.h"
+
+namespace ui {
+
+/// The system's clipboard, as plain text. For pasting into a box, see TextBox::paste().
+class Clipboard {
+public:
+    Clipboard();
+    ~Clipboard();
+    Clipboard(const Clipboard&) = delete;
+    Clipboard& operator=(const Clipboard&) = delete;
+
+    bool hasText() const;
+    model::Text text() const; ///< with question marks for characters that the code page lacks
+    void clear();
+    void setText(model::TextView text);
+
+    Event<> Change; ///< whoever did it
+
+private:
+    struct Native;
+    std::unique_ptr<Native> native_;
+};
+
+} // namespace ui

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <string>
+
+#include "ui/Control.h"
+#include "ui/Event.h"
+
+namespace ui {
+
+class Window;
+
+/// How a command shows itself. Empty parts are missing.
+struct CommandLook {
+    Text name;     ///< for tests and for whoever reads the code
+    Text caption;  ///< in menus; "&" marks the letter that chooses it
+    Text key;      ///< of its toolbar button
+    Text toolTip;  ///< of that button
+    Text image;    ///< see imageExists()
+    Text shortcut; ///< as in "Ctrl+Shift+S"; several are separated by "; ", the first is shown
+};
+
+/// Something that a person can choose from a menu, a toolbar or by its shortcut. One command is
+/// shared by all places that offer it; it must outlive none of them.
+class Command {
+public:
+    Command(Window& window, CommandLook look);
+    ~Command();
+    Command(const Command&) = delete;
+    Command& operator=(const Command&) = delete;
+
+    const CommandLook& look() const { return look_; }
+    void setEnabled(bool enabled);
+    bool isEnabled() const;
+    void setVisible(bool visible);
+    void setCaption(TextView caption);
+
+    /// A text of its own, in UTF-8, in which "&" is nothing special.
+    void setPlainCaption(const std::string& utf8);
+
+    void setImage(TextView name);
+    void setToolTip(TextView text);
+
+    /// The shortcut counts only while this control has the focus.
+    void limitShortcutTo(Control& control);
+
+    Event<> Click;
+
+    struct Native;
+    Native& native() const { return *native_; }
+
+private:
+    CommandLook look_;
+    std::unique_ptr<Native> native_;
+};
+
+} // namespace ui

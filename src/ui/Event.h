@@ -1,0 +1,40 @@
+#pragma once
+
+#include <functional>
+#include <utility>
+
+namespace ui {
+
+/// Tells the person of the exception that is being handled. No exception may travel on through the
+/// toolkit.
+void reportException() noexcept;
+
+/// Something that a person does to a control or window; what the program does raises no event. It
+/// has at most one handler.
+template <typename... Arguments>
+class Event {
+public:
+    void connect(std::function<void(Arguments...)> handler) { handler_ = std::move(handler); }
+
+    /// For this layer. An exception ends here.
+    void raise(Arguments... arguments) const noexcept {
+        const auto handler = handler_; // it may be gone before it returns
+        if (!handler) {
+            return;
+        }
+        try {
+            handler(arguments...);
+        } catch (...) {
+            reportException();
+        }
+    }
+
+private:
+    std::function<void(Arguments...)> handler_;
+};
+
+} // namespace ui
+
+/// UI_ON(lvLevels, DblClick) calls lvLevels_DblClick: a handler's name and its event cannot part.
+#define UI_ON(control, event)                                                                      \
+    (control).event.connect([this](auto&&... arguments) { control##_##event(arguments...); })

@@ -1,0 +1,27 @@
+#include "ui/ImageCombo.h"
+
+#include <QComboBox>
+
+#include "ui/qt/Icons.h"
+#include "ui/qt/Native.h"
+
+namespace ui {
+
+ImageCombo::ImageCombo(Container& container) : Control(makeNative<QComboBox>(container)) {
+    QObject::connect(&widgetOf<QComboBox>(*this), &QComboBox::activated, [this] { Change.raise(); });
+}
+
+void ImageCombo::add(TextView key, TextView text, TextView image) {
+    widgetOf<QComboBox>(*this).addItem(imageNamed(image), toQt(text), toQt(key));
+}
+
+Text ImageCombo::selectedKey() const {
+    return fromQt(widgetOf<QComboBox>(*this).currentData().toString());
+}
+
+void ImageCombo::select(TextView key) {
+    auto& combo = widgetOf<QComboBox>(*this);
+    combo.setCurrentIndex(combo.findData(toQt(key)));
+}
+
+} // namespace ui

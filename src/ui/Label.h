@@ -1,0 +1,23 @@
+#pragma once
+
+#include "ui/Control.h"
+
+namespace ui {
+
+class Label : public Control {
+public:
+    /// A "&" in the caption marks the letter that takes the focus to `labelled`.
+    Label(Container& container, TextView caption, Control* labelled = nullptr);
+
+    void setCaption(TextView caption);
+    Text caption() const;
+
+    /// Broken into lines where it is too wide.
+    void setWrapped();
+
+    enum class Size { normal, large, small };
+    void setSize(Size size);
+    void setCentred();
+};
+
+} // namespace ui

@@ -1,0 +1,245 @@
+#include "ui/ListView.h"
+
+#include <QDropEvent>
+#include <QHeaderView>
+#include <QStyledItemDelegate>
+#include <QTreeView>
+
+#include "ui/Twips.h"
+#include "ui/qt/ListModel.h"
+#include "ui/qt/MenuNative.h"
+#include "ui/qt/Native.h"
+
+namespace ui {
+
+namespace {
+
+/// Draws indented cells: the room of a picture that is not there moves the text in.
+class IndentingDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        constexpr int roomBetweenRows = 5;
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, roomBetweenRows);
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (const int indent = index.data(ListModel::indentRole).toInt(); indent > 0) {
+            option->features |= QStyleOptionViewItem::HasDecoration;
+            option->decorationSize = QSize(indent, 1);
+        }
+    }
+};
+
+/// A tree view that never lets the selection go, and that hands dragged rows to its owner.
+class ListWidget : public QTreeView {
+public:
+    ListWidget(QWidget* parent, ListView& owner, ListModel& model)
+        : QTreeView(parent), owner_(owner), model_(model) {
+        setModel(&model);
+        setItemDelegate(new IndentingDelegate(this));
+        setRootIsDecorated(false);
+        setItemsExpandable(false);
+        setUniformRowHeights(true);
+        setAllColumnsShowFocus(true);
+        setSelectionMode(QAbstractItemView::SingleSelection);
+        setEditTriggers(QAbstractItemView::NoEditTriggers);
+        setDragDropMode(QAbstractItemView::DragDrop);
+        setDragDropOverwriteMode(false);
+        setTabKeyNavigation(false);
+        header()->setStretchLastSection(false);
+        header()->setSectionsMovable(false);
+        header()->setSectionsClickable(false);
+    }
+
+protected:
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent*) const override {
+        return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+                               : QItemSelectionModel::NoUpdate;
+    }
+
+    void keyPressEvent(QKeyEvent* event) override {
+        Key key = keyOf(*event);
+        owner_.KeyDown.raise(key);
+        if (key.handled) {
+            event->accept();
+        } else if (key.code == KeyCode::enter && currentIndex().isValid()) {
+            owner_.DblClick.raise(currentIndex().row() + 1);
+        } else {
+            QTreeView::keyPressEvent(event);
+        }
+    }
+
+    void mouseDoubleClickEvent(QMouseEvent* event) override {
+        QTreeView::mouseDoubleClickEvent(event);
+        const QModelIndex index = indexAt(event->position().toPoint());
+        if (event->button() == Qt::LeftButton && index.isValid()) {
+            owner_.DblClick.raise(index.row() + 1);
+        }
+    }
+
+    // Anything but one of the own rows is for the window: it takes files.
+    void dragEnterEvent(QDragEnterEvent* event) override {
+        if (model_.draggedRow(*event->mimeData()) > 0) {
+            QTreeView::dragEnterEvent(event);
+        } else {
+            event->ignore();
+        }
+    }
+
+    void dropEvent(QDropEvent* event) override {
+        const int from = model_.draggedRow(*event->mimeData());
+        const int to = targetRow(from, event->position().toPoint());
+        event->setDropAction(Qt::CopyAction); // the view need not remove the row
+        event->accept();
+        setState(NoState);
+        viewport()->update();
+        if (from > 0 && to != from) {
+            owner_.RowDragged.raise(from, to);
+        }
+    }
+
+private:
+    /// The row whose place the dragged one takes, dropped above or below the row under the mouse.
+    int targetRow(int from, QPoint place) const {
+        const QModelIndex under = indexAt(place);
+        if (!under.isValid()) {
+            return model_.rowCount();
+        }
+        const bool below = place.y() > visualRect(under).center().y();
+        const int gap = under.row() + (below ? 1 : 0); // rows before the gap
+        return gap >= from ? gap : gap + 1;
+    }
+
+    ListView& owner_;
+    ListModel& model_;
+};
+
+} // namespace
+
+struct ListView::Native : NativeWidget {
+    Native(ListView& list, QWidget* parent, const std::vector<Column>& columns,
+           const ListSource& source)
+        : NativeWidget(nullptr), model(columns, source), view(new ListWidget(parent, list, model)) {
+        widget = view;
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            view->header()->resizeSection(static_cast<int>(i), toPixels(columns[i].width));
+        }
+        QObject::connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged,
+                         [this, &list](const QModelIndex& now) {
+                             if (!byProgram && now.isValid()) {
+                                 list.ItemClick.raise(now.row() + 1);
+                             }
+                         });
+    }
+    ~Native() override {
+        byProgram = true;
+        delete view; // before the model that it shows
+    }
+
+    ListModel model;
+    QPointer<ListWidget> view;
+
+    /// Set while the program changes rows or selection. The view itself needs every signal, so none
+    /// is blocked.
+    bool byProgram = false;
+};
+
+namespace {
+
+class WhileByProgram {
+public:
+    explicit WhileByProgram(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
+    ~WhileByProgram() { flag_ = before_; }
+    WhileByProgram(const WhileByProgram&) = delete;
+    WhileByProgram& operator=(const WhileByProgram&) = delete;
+
+private:
+    bool& flag_;
+    bool before_;
+};
+
+} // namespace
+
+std::unique_ptr<NativeWidget> ListView::make(ListView& list, Container& container,
+                                             const std::vector<Column>& columns,
+                                             const ListSource& source) {
+    return std::make_unique<Native>(list, container.client().widget, columns, source);
+}
+
+ListView::ListView(Container& container, const std::vector<Column>& columns,
+                   const ListSource& source)
+    : Control(make(*this, container, columns, source)) {}
+
+ListView::Native& ListView::list() const {
+    return static_cast<Native&>(native());
+}
+
+void ListView::rowChanged(int row) {
+    list().model.rowChanged(row);
+}
+
+void ListView::rowInserted(int row) {
+    const WhileByProgram guard(list().byProgram);
+    list().model.rowInserted(row);
+}
+
+void ListView::rowRemoved(int row) {
+    const WhileByProgram guard(list().byProgram);
+    list().model.rowRemoved(row);
+}
+
+void ListView::reset() {
+    const WhileByProgram guard(list().byProgram);
+    list().model.reset();
+}
+
+int ListView::selected() const {
+    const QModelIndex current = list().view->currentIndex();
+    return current.isValid() ? current.row() + 1 : -1;
+}
+
+void ListView::select(int row) {
+    const WhileByProgram guard(list().byProgram);
+    QTreeView& view = *list().view;
+    const QModelIndex index = list().model.index(row - 1, 0);
+    view.selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect
+                                                      | QItemSelectionModel::Rows);
+    if (index.isValid()) {
+        view.scrollTo(index.siblingAtColumn(view.header()->logicalIndexAt(0)));
+    }
+}
+
+std::vector<int> ListView::columnWidths() const {
+    std::vector<int> widths;
+    const QHeaderView& header = *list().view->header();
+    for (int i = 0; i < header.count(); ++i) {
+        widths.push_back(toTwips(header.sectionSize(i)));
+    }
+    return widths;
+}
+
+void ListView::setColumnWidths(const std::vector<int>& widths) {
+    QHeaderView& header = *list().view->header();
+    for (int i = 0; i < std::min(header.count(), static_cast<int>(widths.size())); ++i) {
+        header.resizeSection(i, toPixels(widths[static_cast<std::size_t>(i)]));
+    }
+}
+
+void ListView::setContextMenu(Menu& menu) {
+    QTreeView& view = *list().view;
+    view.setContextMenuPolicy(Qt::CustomContextMenu);
+    QObject::connect(&view, &QWidget::customContextMenuRequested, [&view, &menu](QPoint place) {
+        // From the keyboard the place is the middle of the view; the row is the better one.
+        const QRect row = view.visualRect(view.currentIndex());
+        const bool onRow = view.indexAt(place) == view.currentIndex();
+        const QPoint at = onRow || !row.isValid() ? place : row.bottomLeft();
+        menu.native().menu->popup(view.viewport()->mapToGlobal(at));
+    });
+}
+
+} // namespace ui

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <vector>
+
+#include "ui/Control.h"
+#include "ui/Event.h"
+#include "ui/Key.h"
+
+namespace ui {
+
+class Menu;
+
+/// Where a list takes what it shows. Rows count from 1, columns from 0.
+class ListSource {
+public:
+    virtual ~ListSource() = default;
+    virtual int rowCount() const = 0;
+    virtual Text cell(int row, int column) const = 0;
+    virtual Text toolTip(int /*row*/, int /*column*/) const { return {}; }
+
+    /// How far a cell's text is moved in, in twips.
+    virtual int indent(int /*row*/, int /*column*/) const { return 0; }
+};
+
+struct Column {
+    Text caption;
+    int width; ///< in twips
+    Text toolTip = {};
+};
+
+/// A list with columns and one selected row. It asks its source for the cells that are in view and
+/// must be told what happened there.
+class ListView : public Control {
+public:
+    /// The source is not owned and must outlive the list.
+    ListView(Container& container, const std::vector<Column>& columns, const ListSource& source);
+
+    // What happened in the source.
+    void rowChanged(int row);
+    void rowInserted(int row);
+    void rowRemoved(int row);
+    void reset();
+
+    /// -1 for none. A row that came or went above it takes the selection along.
+    int selected() const;
+    void select(int row); ///< brings it into view, too
+
+    std::vector<int> columnWidths() const; ///< in twips
+    void setColumnWidths(const std::vector<int>& widths);
+
+    void setContextMenu(Menu& menu);
+
+    Event<int> ItemClick; ///< a row was chosen, by mouse or key
+    Event<int> DblClick;  ///< or Enter
+    Event<Key&> KeyDown;
+    Event<int, int> RowDragged; ///< from one row to the place of another
+
+private:
+    struct Native;
+    Native& list() const;
+    static std::unique_ptr<NativeWidget> make(ListView& list, Container& container,
+                                              const std::vector<Column>& columns,
+                                              const ListSource& source);
+};
+
+} // namespace ui

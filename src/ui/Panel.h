@@ -1,0 +1,16 @@
+#pragma once
+
+#include "ui/Layout.h"
+
+namespace ui {
+
+/// A part of a window that holds other controls. Declare it before them.
+class Panel : public Control, public Container {
+public:
+    explicit Panel(Container& container);
+
+    NativeWidget& client() override { return native(); }
+    void setLayout(Layout layout);
+};
+
+} // namespace ui

@@ -1,0 +1,136 @@
+#include "ui/Prompter.h"
+
+#include <exception>
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+
+#include "ui/Event.h"
+#include "ui/Window.h"
+#include "ui/qt/Native.h"
+
+namespace ui {
+
+namespace {
+
+Prompter* replacement = nullptr;
+
+QMessageBox::Icon iconOf(QuestionIcon icon) {
+    switch (icon) {
+    case QuestionIcon::information:
+        return QMessageBox::Information;
+    case QuestionIcon::question:
+        return QMessageBox::Question;
+    case QuestionIcon::exclamation:
+        return QMessageBox::Warning;
+    case QuestionIcon::critical:
+        return QMessageBox::Critical;
+    case QuestionIcon::none:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons buttonsOf(Buttons buttons) {
+    switch (buttons) {
+    case Buttons::yesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::yesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case Buttons::ok:
+        break;
+    }
+    return QMessageBox::Ok;
+}
+
+/// "Text (*.txt)|*.txt|All (*.*)|*.*" as the toolkit wants it. Empty parts count for nothing.
+QStringList filtersOf(const Text& filter) {
+    const QStringList parts = toQt(filter).split('|', Qt::SkipEmptyParts);
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString pattern = parts[i + 1] == "*.*" ? QStringLiteral("*") : parts[i + 1];
+        QString description = parts[i].section('(', 0, 0).trimmed();
+        filters.append(description + " (" + QString(pattern).replace(';', ' ') + ')');
+    }
+    return filters;
+}
+
+} // namespace
+
+Answer Prompter::ask(Window* window, const MessageBox& box) {
+    QMessageBox message(window == nullptr ? nullptr : window->native().widget.data());
+    message.setIcon(iconOf(box.icon));
+    message.setWindowTitle(box.title.empty() ? QApplication::applicationName()
+                                             : toQt(box.title));
+    message.setTextFormat(Qt::PlainText);
+    message.setText(toQt(box.text));
+    message.setStandardButtons(buttonsOf(box.buttons));
+    switch (message.exec()) {
+    case QMessageBox::Yes:
+        return Answer::yes;
+    case QMessageBox::No:
+        return Answer::no;
+    case QMessageBox::Cancel:
+        return Answer::cancel;
+    default:
+        return box.buttons == Buttons::yesNo ? Answer::no : Answer::ok;
+    }
+}
+
+std::optional<std::filesystem::path> Prompter::chooseFile(Window* window,
+                                                          const FileQuestion& question) {
+    const bool save = question.kind == FileQuestion::Kind::save;
+    QFileDialog dialog(window == nullptr ? nullptr : window->native().widget.data(),
+                       toQt(question.title), pathToQt(question.folder));
+    dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    const QStringList filters = filtersOf(question.filter);
+    dialog.setNameFilters(filters);
+    dialog.selectNameFilter(filters.value(question.filterIndex - 1));
+    dialog.setDefaultSuffix(toQt(question.defaultExtension));
+    if (question.fileName.has_parent_path()) {
+        dialog.setDirectory(pathToQt(question.fileName.parent_path()));
+    }
+    dialog.selectFile(pathToQt(question.fileName.filename()));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+        return {};
+    }
+    return pathFromQt(dialog.selectedFiles().first());
+}
+
+void Prompter::beep() {
+    QApplication::beep();
+}
+
+void Prompter::tell(Window* window, const model::Message& message) {
+    constexpr QuestionIcon icons[] = {QuestionIcon::none, QuestionIcon::information,
+                                      QuestionIcon::exclamation, QuestionIcon::critical};
+    ask(window, {message.text, message.title, Buttons::ok,
+                 icons[static_cast<std::size_t>(message.icon)]});
+}
+
+Prompter& Prompter::current() {
+    static Prompter real;
+    return replacement == nullptr ? real : *replacement;
+}
+
+void Prompter::use(Prompter* prompter) {
+    replacement = prompter;
+}
+
+void reportException() noexcept {
+    try {
+        Text what = "Something unexpected went wrong.";
+        try {
+            throw;
+        } catch (const std::exception& exception) {
+            what += "\n\n" + Text(exception.what());
+        } catch (...) { // nothing more is known of it
+        }
+        Prompter::current().ask(nullptr, {what, {}, Buttons::ok, QuestionIcon::critical});
+    } catch (...) { // not even that can be said
+    }
+}
+
+} // namespace ui

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+#include "model/Message.h"
+
+namespace ui {
+
+using model::Text;
+using model::TextView;
+
+class Window;
+
+enum class Buttons { ok, yesNo, yesNoCancel };
+enum class Answer { ok, yes, no, cancel };
+enum class QuestionIcon { none, information, question, exclamation, critical };
+
+struct MessageBox {
+    Text text;
+    Text title; ///< empty for the program's name
+    Buttons buttons = Buttons::ok;
+    QuestionIcon icon = QuestionIcon::none;
+
+    bool operator==(const MessageBox&) const = default;
+};
+
+struct FileQuestion {
+    enum class Kind { open, save };
+
+    Kind kind = Kind::open;
+    Text title;
+    /// Descriptions and patterns in turn, all separated by "|".
+    Text filter;
+    int filterIndex = 1;
+    std::filesystem::path folder;   ///< shown first; empty for the current one
+    std::filesystem::path fileName; ///< preset; with a folder of its own, that one is shown
+    Text defaultExtension = {};     ///< for a name without one; without the point
+
+    bool operator==(const FileQuestion&) const = default;
+};
+
+/// Shows message boxes and file dialogs, and beeps: all that waits for a person. A test puts its
+/// own in the place of the real one.
+class Prompter {
+public:
+    Prompter() = default;
+    virtual ~Prompter() = default;
+    Prompter(const Prompter&) = delete;
+    Prompter& operator=(const Prompter&) = delete;
+
+    /// A box closed without a button counts as cancelled, or as No where nothing can be cancelled.
+    virtual Answer ask(Window* window, const MessageBox& box);
+
+    /// Empty when cancelled. Overwriting a file was confirmed.
+    virtual std::optional<std::filesystem::path> chooseFile(Window* window,
+                                                            const FileQuestion& question);
+    virtual void beep();
+
+    void tell(Window* window, const model::Message& message);
+
+    static Prompter& current();
+    /// Null for the real one. Not owned.
+    static void use(Prompter* prompter);
+};
+
+} // namespace ui

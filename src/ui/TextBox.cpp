@@ -1,0 +1,128 @@
+#include "ui/TextBox.h"
+
+#include <algorithm>
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QVariant>
+
+#include "model/CodePage.h"
+#include "ui/Prompter.h"
+#include "ui/qt/TextBoxNative.h"
+
+namespace ui {
+
+std::unique_ptr<NativeWidget> TextBox::make(TextBox& box, Container& container, Lines lines) {
+    QWidget* parent = container.client().widget;
+    return lines == Lines::one ? makeLineBox(box, parent) : makeAreaBox(box, parent);
+}
+
+namespace {
+constexpr const char* boxProperty = "textBox"; // how a widget knows its box
+} // namespace
+
+TextBox::TextBox(Container& container, Lines lines) : Control(make(*this, container, lines)) {
+    native().widget->setProperty(boxProperty, QVariant::fromValue(static_cast<void*>(this)));
+}
+
+TextBox* textBoxOf(const QWidget* widget) {
+    if (widget == nullptr) {
+        return nullptr;
+    }
+    return static_cast<TextBox*>(widget->property(boxProperty).value<void*>());
+}
+
+TextBox::Native& TextBox::box() const {
+    return static_cast<Native&>(native());
+}
+
+Text TextBox::text() const {
+    return box().text();
+}
+
+void TextBox::setText(TextView text) {
+    box().setText(text);
+}
+
+Selection TextBox::selection() const {
+    return box().selection();
+}
+
+Text TextBox::selectedText() const {
+    const Selection selected = selection();
+    return selected.length == 0 ? Text() : text().substr(selected.start, selected.length);
+}
+
+void TextBox::select(std::size_t start, std::size_t length) {
+    box().select(start, length);
+}
+
+void TextBox::replaceSelection(TextView text) {
+    box().replaceSelection(box().admit(toQt(text)));
+}
+
+void TextBox::paste() {
+    box().replaceSelection(box().admit(QGuiApplication::clipboard()->text()));
+}
+
+void TextBox::setReadOnly() {
+    box().setReadOnly();
+}
+
+bool TextBox::isReadOnly() const {
+    return box().isReadOnly();
+}
+
+void TextBox::setForeignCharacters(ForeignCharacters what) {
+    box().foreign = what;
+}
+
+void TextBox::acceptOnly(TextView characters) {
+    box().accepted = toQt(characters);
+}
+
+QString TextBox::Native::admit(const QString& entered) const {
+    const QString references = toQt(model::htmlFromUtf8(entered.toStdString()));
+    QString admitted;
+    if (foreign == ForeignCharacters::asReferences) {
+        admitted = references;
+    } else if (references == entered) {
+        admitted = entered;
+    } else {
+        for (const char32_t character : entered.toUcs4()) {
+            const QString one = QString::fromUcs4(&character, 1);
+            if (toQt(model::htmlFromUtf8(one.toStdString())) == one) {
+                admitted += one;
+            }
+        }
+    }
+    if (!accepted.isEmpty()) {
+        admitted.removeIf([this](QChar character) { return !accepted.contains(character); });
+    }
+    if (admitted.size() < entered.size()) {
+        Prompter::current().beep();
+    }
+    return admitted;
+}
+
+bool TextBox::Native::keyDown(const QKeyEvent& event) {
+    Key key = keyOf(event);
+    owner.KeyDown.raise(key);
+    return key.handled;
+}
+
+void TextBox::Native::focusOut(const QFocusEvent& event) {
+    if (event.reason() != Qt::PopupFocusReason && event.reason() != Qt::MenuBarFocusReason) {
+        owner.LostFocus.raise();
+    }
+}
+
+bool isTyping(const QKeyEvent& event) {
+    const auto orders = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    // AltGr arrives as Control and Alt together.
+    const bool order = (event.modifiers() & orders) != 0
+                       && (event.modifiers() & orders) != (Qt::ControlModifier | Qt::AltModifier);
+    return !order && !event.text().isEmpty() && event.text().at(0).isPrint();
+}
+
+} // namespace ui

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "ui/Control.h"
+#include "ui/Event.h"
+#include "ui/Key.h"
+
+namespace ui {
+
+/// Offsets and lengths are those of the text, in which a line break is two characters.
+struct Selection {
+    std::size_t start = 0;
+    std::size_t length = 0;
+};
+
+/// What becomes of typed or pasted characters that the code page lacks.
+enum class ForeignCharacters {
+    asReferences, ///< "&#937;": nothing is lost in HTML
+    refused       ///< with a beep, where a reference would make no sense
+};
+
+/// A box for one line or for many. A text that nobody has edited comes back as it was set, byte by
+/// byte.
+class TextBox : public Control {
+public:
+    enum class Lines { one, many };
+
+    explicit TextBox(Container& container, Lines lines = Lines::one);
+
+    Text text() const;
+
+    /// Forgets what could be undone.
+    void setText(TextView text);
+
+    Selection selection() const;
+    Text selectedText() const;
+
+    /// Positions beyond the end mean the end.
+    void select(std::size_t start, std::size_t length);
+
+    /// As if typed: raises Change and can be undone.
+    void replaceSelection(TextView text);
+
+    /// Replaces the selection with the clipboard's text, in the same way.
+    void paste();
+
+    void setReadOnly();
+    bool isReadOnly() const;
+    void setForeignCharacters(ForeignCharacters what);
+
+    /// Other characters than these are refused with a beep, typed or pasted.
+    void acceptOnly(TextView characters);
+
+    Event<> Change;
+    Event<> SelectionChange;
+    Event<> GotFocus;
+
+    /// Not raised when a menu opens over the box.
+    Event<> LostFocus;
+    Event<Key&> KeyDown;
+
+    struct Native;
+    Native& box() const;
+
+private:
+    static std::unique_ptr<NativeWidget> make(TextBox& box, Container& container, Lines lines);
+};
+
+} // namespace ui

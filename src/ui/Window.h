@@ -1,0 +1,88 @@
+#pragma once
+
+#include <filesystem>
+#include <vector>
+
+#include "ui/Command.h"
+#include "ui/Layout.h"
+#include "ui/Menu.h"
+#include "ui/TextBox.h"
+
+namespace ui {
+
+enum class WindowState { normal = 0, minimised = 1, maximised = 2 };
+
+/// A window with its controls, which are members of the class derived from this one.
+class Window : public Container {
+public:
+    enum class Kind { main, dialog, splash };
+
+    /// `name` is for isOpen(). A dialog stays above its owner, which must outlive it.
+    Window(Kind kind, TextView name, Window* owner = nullptr);
+    ~Window() override;
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+
+    NativeWidget& client() override;
+    NativeWidget& native() const;
+
+    void setCaption(TextView caption);
+    Text caption() const;
+
+    /// Shows the changed mark beside the caption, where the platform has one.
+    void setChanged(bool changed);
+
+    void show();
+    void run(); ///< shows it above all others until it is closed
+    void activate();
+
+    /// Closes as if by the person; false when mayClose() prevented it.
+    bool close();
+    bool isVisible() const;
+
+    static bool isOpen(TextView name);
+    static void closeAllBut(const Window& window);
+
+    /// Lets go of a window at the next quiet moment, so that its own handlers may order it.
+    static void discard(std::unique_ptr<Window> window);
+
+    // In twips, of the inside; frame and title bar are the system's.
+    int width() const;
+    int height() const;
+    void setSize(int width, int height);
+    void setMinimumSize(int width, int height);
+
+    /// How far the menu bar and the toolbar reach down.
+    int contentTop() const;
+
+    WindowState state() const;
+    void setState(WindowState state);
+
+    void setLayout(Layout layout);
+    Menu& menuBar();
+
+    /// The text box that has the focus, also while a menu is open; null for none.
+    TextBox* focusedTextBox() const;
+
+    /// Handles what is still waiting, so that a window being closed is gone.
+    static void letEventsRun();
+
+    Event<> Closed;
+    Event<> FocusChange; ///< another control, perhaps none, has the focus
+    Event<const std::vector<std::filesystem::path>&> FilesDropped;
+
+    // For this layer: what the person does to the window.
+    virtual void Resize() {}
+    virtual bool mayClose() { return true; }
+
+protected:
+    /// The size of a dialog follows its contents.
+    void fixSize();
+
+private:
+    struct Native;
+    std::unique_ptr<Native> native_;
+    std::unique_ptr<Menu> menuBar_;
+};
+
+} // namespace ui

@@ -1,0 +1,143 @@
+#include <algorithm>
+
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QTextBlock>
+
+#include "ui/qt/TextBoxNative.h"
+
+namespace ui {
+
+namespace {
+
+class TextArea : public QPlainTextEdit {
+public:
+    using QPlainTextEdit::QPlainTextEdit;
+    TextBox::Native* native = nullptr;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (native->keyDown(*event)) {
+            event->accept();
+        } else if (!isReadOnly() && isTyping(*event)) {
+            textCursor().insertText(native->admit(event->text()));
+            ensureCursorVisible();
+        } else {
+            QPlainTextEdit::keyPressEvent(event);
+        }
+    }
+
+    void inputMethodEvent(QInputMethodEvent* event) override {
+        native->admitCommit(*event);
+        QPlainTextEdit::inputMethodEvent(event);
+    }
+
+    void insertFromMimeData(const QMimeData* source) override {
+        native->replaceSelection(native->admit(source->text()));
+    }
+
+    void focusInEvent(QFocusEvent* event) override {
+        QPlainTextEdit::focusInEvent(event);
+        native->focusIn();
+    }
+
+    void focusOutEvent(QFocusEvent* event) override {
+        QPlainTextEdit::focusOutEvent(event);
+        native->focusOut(*event);
+    }
+};
+
+/// A document counts a line break as one character; the text of a box as two.
+struct AreaBox : TextBox::Native {
+    AreaBox(TextArea* shown, TextBox& box) : Native(shown, box), area(*shown) {
+        area.native = this;
+        area.setTabChangesFocus(true);
+        QObject::connect(&area, &QPlainTextEdit::textChanged, [this] {
+            if (!setting_) {
+                edited_ = true;
+                owner.Change.raise();
+            }
+        });
+        QObject::connect(&area, &QPlainTextEdit::selectionChanged,
+                         [this] { owner.SelectionChange.raise(); });
+    }
+
+    Text text() const override {
+        if (!edited_) {
+            return original_;
+        }
+        // Not toPlainText(), which turns non-breaking spaces into blanks.
+        QString raw = area.document()->toRawText();
+        raw.replace(QChar::ParagraphSeparator, QStringLiteral("\r\n"));
+        raw.replace(QChar::LineSeparator, QStringLiteral("\r\n"));
+        return fromQt(raw);
+    }
+
+    void setText(TextView text) override {
+        setting_ = true;
+        original_ = text;
+        edited_ = false;
+        area.setPlainText(toQt(text));
+        setting_ = false;
+    }
+
+    Selection selection() const override {
+        const QTextCursor cursor = area.textCursor();
+        const std::size_t start = offsetOf(cursor.selectionStart());
+        return {start, offsetOf(cursor.selectionEnd()) - start};
+    }
+
+    void select(std::size_t start, std::size_t length) override {
+        QTextCursor cursor = area.textCursor();
+        cursor.setPosition(positionOf(start));
+        cursor.setPosition(positionOf(start + length), QTextCursor::KeepAnchor);
+        area.setTextCursor(cursor);
+    }
+
+    void replaceSelection(const QString& text) override {
+        area.textCursor().insertText(text);
+        area.ensureCursorVisible();
+    }
+
+    void setReadOnly() override { area.setReadOnly(true); }
+    bool isReadOnly() const override { return area.isReadOnly(); }
+
+private:
+    std::size_t offsetOf(int position) const {
+        return static_cast<std::size_t>(position
+                                        + area.document()->findBlock(position).blockNumber());
+    }
+
+    int positionOf(std::size_t offset) const {
+        const QTextDocument& document = *area.document();
+        const int wanted = static_cast<int>(std::min(offset, offsetOf(document.characterCount() - 1)));
+        int first = 0;
+        int count = document.blockCount();
+        while (count > 1) { // the last block that begins at or before the offset
+            const int half = count / 2;
+            const int middle = first + half;
+            if (document.findBlockByNumber(middle).position() + middle <= wanted) {
+                first = middle;
+                count -= half;
+            } else {
+                count = half;
+            }
+        }
+        const QTextBlock block = document.findBlockByNumber(first);
+        // An offset between CR and LF is the end of the line.
+        return std::min(wanted - first, block.position() + block.length() - 1);
+    }
+
+    TextArea& area;
+    Text original_;
+    bool edited_ = false;
+    bool setting_ = false;
+};
+
+} // namespace
+
+std::unique_ptr<NativeWidget> makeAreaBox(TextBox& box, QWidget* parent) {
+    return std::make_unique<AreaBox>(new TextArea(parent), box);
+}
+
+} // namespace ui

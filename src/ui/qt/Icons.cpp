@@ -1,0 +1,85 @@
+#include "ui/qt/Icons.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QIconEngine>
+#include <QLabel>
+#include <QPainter>
+#include <QPalette>
+#include <QPixmap>
+#include <QSvgRenderer>
+
+#include "ui/Image.h"
+#include "ui/Twips.h"
+#include "ui/qt/Native.h"
+
+static void initialiseResources() {
+    Q_INIT_RESOURCE(icons);
+}
+
+namespace ui {
+
+namespace {
+
+QString fileOf(TextView name) {
+    initialiseResources();
+    return QStringLiteral(":/icons/%1.svg").arg(toQt(name));
+}
+
+/// Draws at the size that is asked for, with the text colour of the moment as ink.
+class DrawingEngine : public QIconEngine {
+public:
+    explicit DrawingEngine(QByteArray drawing) : drawing_(std::move(drawing)) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
+        const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+        const auto role = mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::WindowText;
+        const QColor ink = QGuiApplication::palette().color(group, role);
+        QByteArray drawing = drawing_;
+        drawing.replace("currentColor", ink.name().toLatin1());
+        QSvgRenderer renderer(drawing);
+        painter->save();
+        if (mode == QIcon::Disabled) {
+            painter->setOpacity(0.4);
+        }
+        renderer.render(painter, rect);
+        painter->restore();
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, QRect(QPoint(0, 0), size), mode, state);
+        return pixmap;
+    }
+
+    QIconEngine* clone() const override { return new DrawingEngine(drawing_); }
+
+private:
+    QByteArray drawing_;
+};
+
+} // namespace
+
+QIcon imageNamed(TextView name) {
+    QFile file(fileOf(name));
+    if (name.empty() || !file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    return QIcon(new DrawingEngine(file.readAll()));
+}
+
+bool imageExists(TextView name) {
+    return !name.empty() && QFile::exists(fileOf(name));
+}
+
+Image::Image(Container& container, TextView name, int twips)
+    : Control(makeNative<QLabel>(container)) {
+    auto& label = widgetOf<QLabel>(*this);
+    label.setPixmap(imageNamed(name).pixmap(QSize(toPixels(twips), toPixels(twips)),
+                                            label.devicePixelRatioF()));
+    label.setAlignment(Qt::AlignCenter);
+}
+
+} // namespace ui

@@ -1,0 +1,134 @@
+#include <algorithm>
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLineEdit>
+
+#include "ui/qt/TextBoxNative.h"
+
+namespace ui {
+
+namespace {
+
+class LineEdit : public QLineEdit {
+public:
+    using QLineEdit::QLineEdit;
+    TextBox::Native* native = nullptr;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (native->keyDown(*event)) {
+            event->accept();
+        } else if (!isReadOnly() && isTyping(*event)) {
+            insert(native->admit(event->text()));
+        } else if (!isReadOnly() && event->matches(QKeySequence::Paste)) {
+            insert(native->admit(oneLine(QGuiApplication::clipboard()->text())));
+        } else {
+            QLineEdit::keyPressEvent(event);
+        }
+    }
+
+    void inputMethodEvent(QInputMethodEvent* event) override {
+        native->admitCommit(*event);
+        QLineEdit::inputMethodEvent(event);
+    }
+
+    void focusInEvent(QFocusEvent* event) override {
+        QLineEdit::focusInEvent(event);
+        native->focusIn();
+    }
+
+    void focusOutEvent(QFocusEvent* event) override {
+        QLineEdit::focusOutEvent(event);
+        native->focusOut(*event);
+    }
+
+public:
+    /// Line breaks become blanks.
+    static QString oneLine(QString text) {
+        text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+        for (QChar& character : text) {
+            if (character == '\r' || character == '\n' || character == QChar::ParagraphSeparator
+                || character == QChar::LineSeparator) {
+                character = ' ';
+            }
+        }
+        return text;
+    }
+};
+
+struct LineBox : TextBox::Native {
+    LineBox(LineEdit* shown, TextBox& box) : Native(shown, box), line(*shown) {
+        line.native = this;
+        QObject::connect(&line, &QLineEdit::textEdited, [this](const QString& now) { edited(now); });
+        QObject::connect(&line, &QLineEdit::selectionChanged,
+                         [this] { owner.SelectionChange.raise(); });
+    }
+
+    Text text() const override { return edited_ ? fromQt(line.text()) : original_; }
+
+    void setText(TextView text) override {
+        original_ = text;
+        edited_ = false;
+        shown_ = toQt(text);
+        line.setText(shown_);
+        line.setCursorPosition(0);
+    }
+
+    Selection selection() const override {
+        const int start = line.hasSelectedText() ? line.selectionStart() : line.cursorPosition();
+        return {static_cast<std::size_t>(start), static_cast<std::size_t>(line.selectionLength())};
+    }
+
+    void select(std::size_t start, std::size_t length) override {
+        const auto size = static_cast<std::size_t>(line.text().size());
+        const std::size_t from = std::min(start, size);
+        line.setSelection(static_cast<int>(from), static_cast<int>(std::min(length, size - from)));
+    }
+
+    void replaceSelection(const QString& text) override { line.insert(LineEdit::oneLine(text)); }
+    void setReadOnly() override { line.setReadOnly(true); }
+    bool isReadOnly() const override { return line.isReadOnly(); }
+
+private:
+    /// Some ways in (a drop, the toolkit's own menu) bypass the key handler: what came in is looked
+    /// at once more.
+    void edited(const QString& now) {
+        const auto [start, length] = changedPart(now);
+        shown_ = now;
+        edited_ = true;
+        const QString entered = now.mid(start, length);
+        if (const QString admitted = admitLine(entered); admitted != entered) {
+            line.setSelection(static_cast<int>(start), static_cast<int>(length));
+            line.insert(admitted); // comes back here
+            return;
+        }
+        owner.Change.raise();
+    }
+
+    QString admitLine(const QString& entered) const { return admit(LineEdit::oneLine(entered)); }
+
+    /// Where `now` differs from what was shown before.
+    std::pair<qsizetype, qsizetype> changedPart(const QString& now) const {
+        const auto [oldStart, newStart] =
+            std::mismatch(shown_.begin(), shown_.end(), now.begin(), now.end());
+        const auto [oldEnd, newEnd] =
+            std::mismatch(shown_.rbegin(), std::make_reverse_iterator(oldStart), now.rbegin(),
+                          std::make_reverse_iterator(newStart));
+        const qsizetype start = newStart - now.begin();
+        return {start, newEnd.base() - now.begin() - start};
+    }
+
+    LineEdit& line;
+    Text original_;
+    QString shown_;
+    bool edited_ = false;
+};
+
+} // namespace
+
+std::unique_ptr<NativeWidget> makeLineBox(TextBox& box, QWidget* parent) {
+    return std::make_unique<LineBox>(new LineEdit(parent), box);
+}
+
+} // namespace ui

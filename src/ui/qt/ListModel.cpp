@@ -1,0 +1,98 @@
+#include "ui/qt/ListModel.h"
+
+#include <QMimeData>
+
+#include "ui/Twips.h"
+#include "ui/qt/Native.h"
+
+namespace ui {
+
+ListModel::ListModel(const std::vector<Column>& columns, const ListSource& source)
+    : columns_(columns), source_(source), count_(source.rowCount()) {}
+
+void ListModel::rowChanged(int row) {
+    emit dataChanged(index(row - 1, 0), index(row - 1, columnCount() - 1));
+}
+
+void ListModel::rowInserted(int row) {
+    beginInsertRows({}, row - 1, row - 1);
+    ++count_;
+    endInsertRows();
+}
+
+void ListModel::rowRemoved(int row) {
+    beginRemoveRows({}, row - 1, row - 1);
+    --count_;
+    endRemoveRows();
+}
+
+void ListModel::reset() {
+    beginResetModel();
+    count_ = source_.rowCount();
+    endResetModel();
+}
+
+int ListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : count_;
+}
+
+int ListModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+}
+
+QVariant ListModel::data(const QModelIndex& index, int role) const {
+    const int row = index.row() + 1;
+    switch (role) {
+    case Qt::DisplayRole:
+        // One line of the first few hundred characters is all that a row can show.
+        return toQt(model::oneLine(source_.cell(row, index.column()).substr(0, 300)));
+    case Qt::ToolTipRole:
+        return toQt(source_.toolTip(row, index.column()));
+    case indentRole:
+        return toPixels(source_.indent(row, index.column()));
+    default:
+        return {};
+    }
+}
+
+QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal) {
+        return {};
+    }
+    const Column& column = columns_[static_cast<std::size_t>(section)];
+    switch (role) {
+    case Qt::DisplayRole:
+        return toQt(column.caption);
+    case Qt::ToolTipRole:
+        return toQt(column.toolTip);
+    case Qt::TextAlignmentRole:
+        return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+    default:
+        return {};
+    }
+}
+
+Qt::ItemFlags ListModel::flags(const QModelIndex& index) const {
+    if (!index.isValid()) {
+        return Qt::ItemIsDropEnabled; // rows are dropped between rows
+    }
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled
+           | Qt::ItemNeverHasChildren;
+}
+
+QByteArray ListModel::listMark() const {
+    return QByteArray::number(reinterpret_cast<quintptr>(this)) + ':';
+}
+
+QMimeData* ListModel::mimeData(const QModelIndexList& indexes) const {
+    auto* data = new QMimeData;
+    data->setData(rowFormat, listMark() + QByteArray::number(indexes.value(0).row() + 1));
+    return data;
+}
+
+int ListModel::draggedRow(const QMimeData& data) const {
+    const QByteArray row = data.data(rowFormat);
+    return row.startsWith(listMark()) ? row.mid(listMark().size()).toInt() : 0;
+}
+
+} // namespace ui

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QAbstractTableModel>
+
+#include "ui/ListView.h"
+
+namespace ui {
+
+/// Hands the cells of a source to the toolkit.
+class ListModel : public QAbstractTableModel {
+public:
+    /// The index data role of a cell's indentation, in pixels.
+    static constexpr int indentRole = Qt::UserRole;
+    static constexpr const char* rowFormat = "application/x-topicsmith-row";
+
+    ListModel(const std::vector<Column>& columns, const ListSource& source);
+
+    void rowChanged(int row);
+    void rowInserted(int row);
+    void rowRemoved(int row);
+    void reset();
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
+    QStringList mimeTypes() const override { return {rowFormat}; }
+    QMimeData* mimeData(const QModelIndexList& indexes) const override;
+
+    /// The row that is dragged; 0 when it is something else, or from another list.
+    int draggedRow(const QMimeData& data) const;
+
+private:
+    QByteArray listMark() const;
+
+    std::vector<Column> columns_;
+    const ListSource& source_;
+    int count_; ///< what the view knows of
+};
+
+} // namespace ui

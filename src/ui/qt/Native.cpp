@@ -1,0 +1,59 @@
+#include "ui/qt/Native.h"
+
+#include <QDir>
+
+#include "model/CodePage.h"
+
+namespace ui {
+
+QString toQt(model::TextView text) {
+    return QString::fromStdString(model::toUtf8(text));
+}
+
+model::Text fromQt(const QString& text) {
+    return model::fromUtf8(text.toStdString());
+}
+
+QString pathToQt(const std::filesystem::path& path) {
+    return QFile::decodeName(QByteArray::fromStdString(path.string()));
+}
+
+std::filesystem::path pathFromQt(const QString& path) {
+    return QFile::encodeName(QDir::toNativeSeparators(path)).toStdString();
+}
+
+Key keyOf(const QKeyEvent& event) {
+    Key key;
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        key.code = KeyCode::enter;
+        break;
+    case Qt::Key_Up:
+        key.code = KeyCode::up;
+        break;
+    case Qt::Key_Down:
+        key.code = KeyCode::down;
+        break;
+    case Qt::Key_Left:
+        key.code = KeyCode::left;
+        break;
+    case Qt::Key_Right:
+        key.code = KeyCode::right;
+        break;
+    case Qt::Key_Tab:
+        key.code = KeyCode::tab;
+        break;
+    case Qt::Key_Escape:
+        key.code = KeyCode::escape;
+        break;
+    default:
+        break;
+    }
+    key.shift = event.modifiers().testFlag(Qt::ShiftModifier);
+    key.control = event.modifiers().testFlag(Qt::ControlModifier);
+    key.alt = event.modifiers().testFlag(Qt::AltModifier);
+    return key;
+}
+
+} // namespace ui

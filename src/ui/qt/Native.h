@@ -1,0 +1,46 @@
+#pragma once
+
+#include <filesystem>
+
+#include <QKeyEvent>
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+#include "model/Text.h"
+#include "ui/Control.h"
+#include "ui/Key.h"
+
+/// What the files of this layer share about the toolkit. Nothing outside src/ui includes it.
+namespace ui {
+
+struct NativeWidget {
+    explicit NativeWidget(QWidget* shown) : widget(shown) {}
+    virtual ~NativeWidget() = default;
+    NativeWidget(const NativeWidget&) = delete;
+    NativeWidget& operator=(const NativeWidget&) = delete;
+
+    QPointer<QWidget> widget; ///< null once the toolkit has deleted it
+};
+
+/// The border between the project's texts and the toolkit's.
+QString toQt(model::TextView text);
+model::Text fromQt(const QString& text);
+
+QString pathToQt(const std::filesystem::path& path);
+std::filesystem::path pathFromQt(const QString& path);
+
+Key keyOf(const QKeyEvent& event);
+
+/// A new widget for a control in a container.
+template <typename Widget>
+std::unique_ptr<NativeWidget> makeNative(Container& container) {
+    return std::make_unique<NativeWidget>(new Widget(container.client().widget));
+}
+
+template <typename Widget>
+Widget& widgetOf(const Control& control) {
+    return *static_cast<Widget*>(control.native().widget.data());
+}
+
+} // namespace ui

@@ -1,0 +1,120 @@
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <string>
+
+#include "ui/ListView.h"
+#include "ui/Prompter.h"
+#include "ui/Window.h"
+
+/// Acts as a person does, for tests: real clicks and keys in real windows. Texts are in UTF-8, as
+/// the tests are written.
+namespace ui::testing {
+
+/// A window on the screen that is not there, as large as it is. Call it once per test program.
+void startToolkit(int& argc, char** argv);
+
+/// Shows a window and waits until it is active.
+void show(Window& window);
+
+/// Lets everything happen that is waiting.
+void settle();
+
+void click(const Control& control);
+
+/// On one page of a tab strip.
+void clickTab(const Control& tabStrip, int page);
+
+/// On the row of a list, in its third column or in another.
+void clickRow(const ListView& list, int row, int column = 2);
+void doubleClickRow(const ListView& list, int row);
+
+/// Drags a row and drops it on the upper or lower half of another.
+void dragRow(const ListView& list, int from, int onto, bool lowerHalf);
+
+/// Drops a file from elsewhere on a window.
+void dropFile(Window& window, const std::filesystem::path& file);
+
+/// Types into what has the focus. Letters outside of ASCII are as good as others.
+void type(const std::string& utf8);
+
+/// A key like "Alt+Right" for what has the focus, or as a shortcut.
+void press(const char* key);
+
+/// Chooses from the menu bar with the mouse: "File", "Generate Files", … in their order, without
+/// "&". False when there is no such entry or it is disabled.
+bool choose(Window& window, std::initializer_list<const char*> captions);
+
+/// What the entries of a menu say, hidden ones left out, with their shortcuts: "New\tCtrl+N", "-"
+/// for a separator, "(…)" around a disabled one.
+std::string menuText(Window& window, std::initializer_list<const char*> captions);
+
+/// The same for the context menu that the list would show.
+std::string contextMenuText(Window& window, const ListView& list);
+
+/// Presses a toolbar button, found by its tool tip; false when there is none or it is disabled.
+bool pressButton(Window& window, const char* toolTip);
+
+/// The name of the picture on a toolbar button tells nothing; two buttons show the same picture
+/// when these are equal.
+std::string buttonPicture(Window& window, const char* toolTip);
+
+/// How many rows the list has been told to draw anew since the last call.
+int takeRowUpdates(const ListView& list);
+
+std::string cellText(const ListView& list, int row, int column);
+std::string cellToolTip(const ListView& list, int row, int column);
+int indentOf(const ListView& list, int row, int column);
+
+/// The position of a control in its window, in pixels: left, top, width, height.
+struct Place {
+    int left, top, width, height;
+    bool operator==(const Place&) const = default;
+};
+Place placeOf(const Control& control);
+
+/// Whatever a person can reach and no label or name tells about: one line each.
+std::string unnamedControls(Window& window);
+
+/// The letters of a window's labels and menus that are given twice.
+std::string doubledMnemonics(Window& window);
+
+/// Whether the window shows the changed mark.
+bool isMarkedChanged(Window& window);
+
+/// The box's caret, as a position in the text.
+int caretOf(const TextBox& box);
+
+/// Answers questions in the order in which they were foreseen. An unforeseen one, or one that did
+/// not come, fails the test.
+class ScriptedPrompter : public Prompter {
+public:
+    ScriptedPrompter();
+    ~ScriptedPrompter() override;
+
+    void expect(MessageBox box, Answer answer = Answer::ok);
+    void expect(FileQuestion question, std::optional<std::filesystem::path> answer);
+
+    /// Fails the test when a foreseen question did not come.
+    void verify();
+
+    int takeBeeps() { return std::exchange(beeps_, 0); }
+
+    Answer ask(Window* window, const MessageBox& box) override;
+    std::optional<std::filesystem::path> chooseFile(Window* window,
+                                                    const FileQuestion& question) override;
+    void beep() override { ++beeps_; }
+
+private:
+    struct Step {
+        std::optional<MessageBox> box;
+        Answer answer = Answer::ok;
+        std::optional<FileQuestion> question;
+        std::optional<std::filesystem::path> file;
+    };
+    std::deque<Step> steps_;
+    int beeps_ = 0;
+};
+
+} // namespace ui::testing
