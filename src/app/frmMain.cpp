@@ -80,8 +80,8 @@ void frmMain::Resize() {
         return;
     }
     constexpr int margin = 180;
-    constexpr int gap = 75;
-    constexpr int statusHeight = 330;
+    constexpr int gap = 60;
+    constexpr int statusHeight = 270;
     const int bottom = height() - contentTop() - statusHeight;
     const int listWidth = width() - 375;
     const int listHeight = height() - 1785;
@@ -125,6 +125,7 @@ void frmMain::storeWindow() {
 bool frmMain::mayClose() {
     leaveField();
     if (!files_.offerSave()) {
+        noticeFailure();
         return false;
     }
     storeWindow();

@@ -106,6 +106,9 @@ public:
     bool canUndo() const { return project_.history().canUndo(); }
     bool canRedo() const { return project_.history().canRedo(); }
 
+    /// Of the last generation run, as long as it is open; null otherwise.
+    dlgReport* report() const { return report_.get(); }
+
     /// Null for a name that there is not; the first of several with the same name.
     ui::Command* command(model::TextView name) const;
 

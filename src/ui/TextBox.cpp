@@ -111,8 +111,19 @@ bool TextBox::Native::keyDown(const QKeyEvent& event) {
     return key.handled;
 }
 
+/// A menu only borrows the focus.
+static bool isBorrowed(const QFocusEvent& event) {
+    return event.reason() == Qt::PopupFocusReason || event.reason() == Qt::MenuBarFocusReason;
+}
+
+void TextBox::Native::focusIn(const QFocusEvent& event) {
+    if (!isBorrowed(event)) {
+        owner.GotFocus.raise();
+    }
+}
+
 void TextBox::Native::focusOut(const QFocusEvent& event) {
-    if (event.reason() != Qt::PopupFocusReason && event.reason() != Qt::MenuBarFocusReason) {
+    if (!isBorrowed(event)) {
         owner.LostFocus.raise();
     }
 }

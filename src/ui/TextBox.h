@@ -52,9 +52,9 @@ public:
 
     Event<> Change;
     Event<> SelectionChange;
-    Event<> GotFocus;
 
-    /// Not raised when a menu opens over the box.
+    // Not raised when a menu opens over the box, and closes.
+    Event<> GotFocus;
     Event<> LostFocus;
     Event<Key&> KeyDown;
 

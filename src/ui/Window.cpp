@@ -121,6 +121,7 @@ struct Window::Native : NativeWidget {
     std::unique_ptr<NativeWidget> inside; ///< where the controls are placed
     Text name;
     QMetaObject::Connection focusWatch;
+    QPointer<QWidget> focused; ///< the last one but for the menu bar, which takes it for a while
 };
 
 Window::Window(Kind kind, TextView name, Window* owner) {
@@ -141,10 +142,13 @@ Window::Window(Kind kind, TextView name, Window* owner) {
     }
     native_->name = name;
     native_->focusWatch = QObject::connect(
-        qApp, &QApplication::focusChanged, [this](const QWidget* old, const QWidget* now) {
+        qApp, &QApplication::focusChanged, [this](QWidget* old, QWidget* now) {
             const QWidget* self = native_->widget;
-            if ((old != nullptr && old->window() == self)
-                || (now != nullptr && now->window() == self)) {
+            const bool came = now != nullptr && now->window() == self;
+            if (came && qobject_cast<const QMenuBar*>(now) == nullptr) {
+                native_->focused = now;
+            }
+            if (came || (old != nullptr && old->window() == self)) {
                 FocusChange.raise();
             }
         });
@@ -270,7 +274,8 @@ Menu& Window::menuBar() {
 }
 
 TextBox* Window::focusedTextBox() const {
-    return textBoxOf(native_->widget->focusWidget());
+    const QWidget* widget = native_->widget->focusWidget();
+    return textBoxOf(qobject_cast<const QMenuBar*>(widget) == nullptr ? widget : native_->focused);
 }
 
 void Window::letEventsRun() {

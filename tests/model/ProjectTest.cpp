@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <random>
+
+#include "model/OutlineEditing.h"
 #include "support/TestFiles.h"
 
 using namespace model;
@@ -92,4 +95,90 @@ TEST(Project, TheObserverLearnsOfEveryChangeOnce) {
     project.markSaved();
     project.markSaved();
     EXPECT_EQ(recorder.take(), "dataChanged0 ");
+}
+
+TEST(Project, WhateverWasDoneCanBeTakenBackAndDoneAgain) {
+    std::mt19937 random(3);
+    const auto pick = [&random](int from, int to) {
+        return std::uniform_int_distribution<int>(from, to)(random);
+    };
+    for (int round = 0; round < 200; ++round) {
+        Project project;
+        project.replace(test::flatOutline(pick(0, 4)), {}, "/folder/p.tsp");
+        std::vector<TopicOutline> states{project.outline()};
+        for (int i = 0; i < 30; ++i) {
+            switch (pick(0, 8)) {
+            case 0:
+            case 1:
+                addTopic(project);
+                break;
+            case 2:
+                if (project.outline().count() > 1) { // the last one counts as unchanged by rule
+                    deleteTopic(project);
+                }
+                break;
+            case 3:
+                promoteTopic(project);
+                break;
+            case 4:
+                demoteTopic(project);
+                break;
+            case 5:
+                moveTopicTo(project, pick(1, 6));
+                break;
+            case 6:
+                editField(project, "Edit", &Topic::body, std::to_string(i));
+                break;
+            case 7:
+                if (!project.outline().empty()) {
+                    project.endTyping();
+                    project.setCurrentIndex(pick(1, project.outline().count()));
+                }
+                break;
+            default:
+                editField(project, "Edit", &Topic::title, std::to_string(i));
+                project.endTyping();
+                break;
+            }
+            states.push_back(project.outline());
+        }
+        while (project.history().canUndo()) {
+            project.undo();
+            EXPECT_TRUE(std::any_of(states.begin(), states.end(), [&](const TopicOutline& known) {
+                return known == project.outline();
+            }));
+        }
+        EXPECT_EQ(project.outline(), states.front());
+        EXPECT_FALSE(project.dataChanged());
+        while (project.history().canRedo()) {
+            project.redo();
+        }
+        EXPECT_EQ(project.outline(), states.back());
+    }
+}
+
+TEST(Project, TakingBackKnowsTheSavedState) {
+    Project project;
+    project.replace(test::flatOutline(2), {}, "/folder/p.tsp");
+    editField(project, "Edit", &Topic::title, "x");
+    project.markSaved();
+    editField(project, "Edit", &Topic::title, "xy"); // not joined across the save
+    project.undo();
+    EXPECT_EQ(project.outline().at(1).title, "x");
+    EXPECT_FALSE(project.dataChanged());
+    project.undo();
+    EXPECT_TRUE(project.dataChanged());
+    project.redo();
+    EXPECT_FALSE(project.dataChanged());
+    project.markChanged(projectChanged); // the options, say: not to be taken back
+    project.undo();
+    project.redo();
+    EXPECT_TRUE(project.dataChanged());
+    project.markSaved();
+    project.undo();
+    editField(project, "Edit", &Topic::title, "other"); // the saved state is out of reach
+    project.undo();
+    EXPECT_TRUE(project.dataChanged());
+    project.setField(1, &Topic::body, "from elsewhere");
+    EXPECT_FALSE(project.history().canUndo());
 }

@@ -38,7 +38,7 @@ protected:
 
     void focusInEvent(QFocusEvent* event) override {
         QPlainTextEdit::focusInEvent(event);
-        native->focusIn();
+        native->focusIn(*event);
     }
 
     void focusOutEvent(QFocusEvent* event) override {

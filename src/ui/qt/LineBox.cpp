@@ -35,11 +35,14 @@ protected:
 
     void focusInEvent(QFocusEvent* event) override {
         QLineEdit::focusInEvent(event);
-        native->focusIn();
+        native->focusIn(*event);
     }
 
     void focusOutEvent(QFocusEvent* event) override {
-        QLineEdit::focusOutEvent(event);
+        // The menu bar takes the focus for a while; the selection is what its commands are for.
+        QFocusEvent popup(QEvent::FocusOut, Qt::PopupFocusReason);
+        const bool menu = event->reason() == Qt::MenuBarFocusReason;
+        QLineEdit::focusOutEvent(menu ? &popup : event);
         native->focusOut(*event);
     }
 

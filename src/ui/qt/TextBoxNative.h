@@ -32,7 +32,7 @@ struct TextBox::Native : NativeWidget {
                               event.replacementLength());
     }
 
-    void focusIn() { owner.GotFocus.raise(); }
+    void focusIn(const QFocusEvent& event);
     void focusOut(const QFocusEvent& event);
 
     TextBox& owner;

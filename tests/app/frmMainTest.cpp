@@ -1,0 +1,248 @@
+#include <set>
+
+#include "app/MainWindowFixture.h"
+#include "ui/Image.h"
+
+using namespace ui::testing;
+using test::titled;
+using ui::Answer;
+using ui::Buttons;
+using ui::QuestionIcon;
+
+using frmMain = test::MainWindow;
+
+TEST_F(frmMain, StartsEmptyWithTheDescribedMenus) {
+    EXPECT_EQ(window->caption(), "HTML Topicsmith - 0.1");
+    EXPECT_EQ(project().projectPath(), "New.tsp");
+    for (const ui::TextBox* field : {&window->txtLevel, &window->txtTitle, &window->txtFilename,
+                                     &window->txtHelpID, &window->txtHelpNum}) {
+        EXPECT_FALSE(field->isEnabled());
+    }
+    EXPECT_EQ(menuText(*window, {"File"}),
+              "&New\tCtrl+N\n&Open\tCtrl+O\n&Save\tCtrl+S\nSave &As\tCtrl+Shift+S\n-\n&Import\n-\n"
+              "&Generate Files\n(S&ynchronize Files)\n(Spell Check All)\n-\nProperties\n-\n"
+              "E&xit\tAlt+F4");
+    EXPECT_EQ(menuText(*window, {"File", "Import"}),
+              "(From &Text File)\n(From &Topicsmith File)\n(From &VB Project)");
+    EXPECT_EQ(menuText(*window, {"File", "Generate Files"}),
+              "Generate &Help Files\nGenerate &Documentation");
+    EXPECT_EQ(menuText(*window, {"Edit"}),
+              "(C&ut\tCtrl+X)\n(&Copy\tCtrl+C)\n(&Paste\tCtrl+V)\n(Find...\tCtrl+F)\n-\n"
+              "&Add New Topic\tIns\n(&Delete Topic\tDel)\n-\n(Promote Topic\tAlt+Right)\n"
+              "(Demote Topic\tAlt+Left)\n(Move Topic Up\tAlt+Up)\n(Move Topic Down\tAlt+Down)");
+    EXPECT_EQ(menuText(*window, {"Help"}), "(&Contents...\tF1)\n(Help &Index...)\n-\n&About...");
+    EXPECT_EQ(unnamedControls(*window), "");
+    EXPECT_EQ(doubledMnemonics(*window), "");
+}
+
+TEST_F(frmMain, WarnsOfAMissingHelpFileAndGoesOn) {
+    std::filesystem::remove(folder / "program" / "HTML Topicsmith.chm");
+    prompter.expect({"WARNING: Missing Help File", "HTML Topicsmith", Buttons::ok,
+                     QuestionIcon::information});
+    restart();
+    prompter.verify();
+}
+
+TEST_F(frmMain, ItsTableOfCommandsIsConsistent) {
+    std::set<std::string> names;
+    std::set<std::string> keys;
+    std::set<std::string> shortcuts;
+    for (const app::MainCommand& row : app::mainCommands()) {
+        const bool several = row.name != nullptr
+                             && (row.name == std::string("mnuFileSave")
+                                 || row.name == std::string("mnuFileMRU"));
+        if (row.name != nullptr && !several) {
+            EXPECT_TRUE(names.insert(row.name).second) << row.name;
+        }
+        if (row.key != nullptr) {
+            EXPECT_TRUE(keys.insert(row.key).second) << row.key;
+            EXPECT_TRUE(row.toolTip != nullptr && row.image != nullptr) << row.key;
+        }
+        if (row.image != nullptr) {
+            EXPECT_TRUE(ui::imageExists(row.image)) << row.image;
+        }
+        if (row.shortcut != nullptr) {
+            EXPECT_TRUE(shortcuts.insert(row.shortcut).second) << row.shortcut;
+        }
+    }
+    std::set<std::string> shown;
+    for (const char* key : app::toolbarKeys()) {
+        shown.insert(key == nullptr ? "" : key);
+    }
+    shown.erase("");
+    EXPECT_EQ(shown, keys);
+    for (const char* name : app::listMenuCommands()) {
+        EXPECT_TRUE(name == nullptr || names.contains(name)) << name;
+    }
+}
+
+TEST_F(frmMain, ShowingATopicChangesNothing) {
+    load(titled({"a", "b", "c"}));
+    clickRow(window->lvLevels, 3);
+    EXPECT_EQ(project().currentIndex(), 3);
+    EXPECT_EQ(window->txtTitle.text(), "c");
+    EXPECT_EQ(window->txtFilename.text(), "c.htm");
+    press("Up");
+    EXPECT_EQ(project().currentIndex(), 2);
+    EXPECT_EQ(titles(), "a: b: c:");
+    EXPECT_FALSE(project().dataChanged());
+}
+
+TEST_F(frmMain, TypingWritesIntoTheCurrentRowOnly) {
+    auto outline = titled({"a", "b", "c"});
+    outline.at(2).status = "E";
+    load(std::move(outline));
+    clickRow(window->lvLevels, 2);
+    enter(window->txtTitle);
+    takeRowUpdates(window->lvLevels);
+    type("\xC3\xA4"); // "ä" in UTF-8
+    EXPECT_LE(takeRowUpdates(window->lvLevels), 2);
+    EXPECT_EQ(titles(), "a: b\xE4:C c:");
+    EXPECT_EQ(cellText(window->lvLevels, 2, 2), "b\xC3\xA4");
+    EXPECT_TRUE(isMarkedChanged(*window));
+    enter(window->txtHelpID);
+    type("IDH_B");
+    enter(window->txtHelpNum);
+    type("12.x5");
+    EXPECT_EQ(prompter.takeBeeps(), 1);
+    EXPECT_EQ(topic(2).contextId, "IDH_B");
+    EXPECT_EQ(topic(2).contextNumber, "12.5");
+}
+
+TEST_F(frmMain, CharactersThatTheCodePageLacksBecomeReferencesOrAreRefused) {
+    load(titled({"a"}));
+    enter(window->txtTitle);
+    type("\xCE\xA9x"); // a capital omega
+    EXPECT_EQ(topic(1).title, "a&#937;x");
+    EXPECT_EQ(prompter.takeBeeps(), 0);
+    enter(window->txtFilename);
+    type("\xCE\xA9y");
+    EXPECT_EQ(topic(1).fileName, "a.htmy");
+    EXPECT_EQ(prompter.takeBeeps(), 1);
+}
+
+TEST_F(frmMain, AFileNameIsMadeOnLeavingTheTitle) {
+    load(titled({"a"}));
+    clickRow(window->lvLevels, 1);
+    press("Ins");
+    type("Open: a file");
+    EXPECT_EQ(topic(2).fileName, "");
+    press("Tab");
+    EXPECT_EQ(topic(2).fileName, "Open a file.htm");
+    EXPECT_EQ(window->txtFilename.text(), "Open a file.htm");
+    EXPECT_EQ(caretOf(window->txtFilename), 15);
+    // Typed by hand it stays.
+    enter(window->txtTitle);
+    type("2");
+    press("Tab");
+    EXPECT_EQ(topic(2).title, "Open: a file2");
+    EXPECT_EQ(topic(2).fileName, "Open a file.htm");
+    // The caret goes to character 99, also of a longer text.
+    project().setField(2, &model::Topic::title, model::Text(120, 'x'));
+    press("Shift+Tab");
+    EXPECT_EQ(caretOf(window->txtTitle), 99);
+}
+
+TEST_F(frmMain, KeysInTheFieldsWalkThroughTheList) {
+    load(titled({"a", "b", "c"}));
+    enter(window->txtHelpNum);
+    type("1");
+    press("Return");
+    type("2");
+    press("Return");
+    type("3");
+    press("Return"); // there is no further one
+    EXPECT_EQ(project().currentIndex(), 3);
+    EXPECT_TRUE(window->txtHelpNum.hasFocus());
+    EXPECT_EQ(topic(1).contextNumber + topic(2).contextNumber + topic(3).contextNumber, "123");
+    press("Down");
+    EXPECT_EQ(project().currentIndex(), 3);
+    press("Up");
+    EXPECT_EQ(project().currentIndex(), 2);
+    press("Alt+Right");
+    EXPECT_EQ(topic(2).level, "..2");
+    EXPECT_EQ(window->txtLevel.text(), "..2");
+    EXPECT_EQ(cellText(window->lvLevels, 2, 0), "..2");
+    EXPECT_GT(indentOf(window->lvLevels, 2, 2), indentOf(window->lvLevels, 1, 2));
+    press("Alt+Left");
+    EXPECT_EQ(topic(2).level, "1");
+    enter(window->txtTitle);
+    press("Return");
+    EXPECT_EQ(titles(), "a:C b:C :N c:C");
+    EXPECT_EQ(project().currentIndex(), 3);
+    EXPECT_TRUE(window->txtTitle.hasFocus());
+}
+
+TEST_F(frmMain, TheListExplainsStatusLetters) {
+    load(titled({"a"}));
+    project().setField(1, &model::Topic::status, "M");
+    EXPECT_EQ(cellToolTip(window->lvLevels, 1, 1), "M: moved since help was last generated");
+}
+
+TEST_F(frmMain, CutCopyAndPasteActOnTheFocusedField) {
+    load(titled({"abc"}));
+    enter(window->txtTitle);
+    window->txtTitle.select(1, 2);
+    EXPECT_TRUE(choose(*window, {"Edit", "Cut"}));
+    EXPECT_EQ(topic(1).title, "a");
+    EXPECT_EQ(titles(), "a:C");
+    enter(window->txtHelpID);
+    EXPECT_TRUE(pressButton(*window, "Paste"));
+    EXPECT_EQ(topic(1).contextId, "bc");
+    press("Ctrl+A");
+    press("Ctrl+C");
+    press("Ctrl+V");
+    press("Ctrl+V");
+    EXPECT_EQ(topic(1).contextId, "bcbc");
+    press("Ctrl+Z"); // in the field
+    EXPECT_EQ(topic(1).contextId, "bc");
+    enter(window->txtHelpNum);
+    press("Ctrl+V"); // letters are no number, however they come
+    EXPECT_EQ(topic(1).contextNumber, "");
+    EXPECT_EQ(prompter.takeBeeps(), 1);
+    window->lvLevels.setFocus();
+    EXPECT_FALSE(choose(*window, {"Edit", "Paste"}));
+}
+
+TEST_F(frmMain, KeepsItsSizesPerWindowState) {
+    EXPECT_EQ(window->width(), 9645); // 9650 in whole pixels
+    EXPECT_EQ(placeOf(window->lvLevels).width, window->width() / 15 - 25);
+    EXPECT_EQ(placeOf(window->lvLevels).height, window->height() / 15 - 119);
+    window->setSize(100, 100);
+    settle();
+    EXPECT_EQ(window->width(), 8850);
+    EXPECT_EQ(window->height(), 4680);
+    window->setSize(12000, 9000);
+    window->lvLevels.setColumnWidths({1500, 900});
+    window->close();
+    EXPECT_EQ(settings->get("Main", "Width"), "12000");
+    EXPECT_EQ(settings->get("Main", "Height"), "9000");
+    EXPECT_EQ(settings->get("Main", "Window State"), "0");
+    restart();
+    EXPECT_EQ(window->width(), 12000);
+    EXPECT_EQ(window->lvLevels.columnWidths()[1], 900);
+    window->setState(ui::WindowState::maximised);
+    settle();
+    window->close();
+    EXPECT_EQ(settings->get("Main", "Window State"), "2");
+    EXPECT_EQ(settings->get("Main", "Width"), "12000");
+    restart();
+    EXPECT_EQ(window->state(), ui::WindowState::maximised);
+    window->setState(ui::WindowState::minimised);
+    settle();
+    window->close();
+    EXPECT_EQ(settings->get("Main", "Window State"), "2");
+}
+
+TEST_F(frmMain, SaysWhenTheProjectIsChanged) {
+    load(titled({"a"}));
+    const std::string saved = buttonPicture(*window, "Save the Current Data");
+    project().markChanged(model::projectChanged);
+    const std::string changed = buttonPicture(*window, "Save - Current Data Changed");
+    EXPECT_FALSE(saved.empty());
+    EXPECT_FALSE(changed.empty());
+    EXPECT_NE(saved, changed);
+    project().markSaved();
+    EXPECT_EQ(buttonPicture(*window, "Save the Current Data"), saved);
+    EXPECT_FALSE(isMarkedChanged(*window));
+}

@@ -1,0 +1,126 @@
+#include "app/frmOptions.h"
+
+#include <gtest/gtest.h>
+
+#include "ui/testing/Driver.h"
+
+using namespace ui::testing;
+
+namespace {
+
+class frmOptions : public ::testing::Test {
+protected:
+    void open(const model::ProjectOptions& options) {
+        dialog.emplace(owner, options);
+        dialog->Apply.connect([this](const model::ProjectOptions& edited) {
+            applied = edited;
+            ++times;
+        });
+        show(*dialog);
+    }
+
+    ui::Window owner{ui::Window::Kind::main, "owner"};
+    std::optional<app::frmOptions> dialog;
+    model::ProjectOptions applied;
+    int times = 0;
+};
+
+} // namespace
+
+TEST_F(frmOptions, WithoutAnEditNothingIsApplied) {
+    open({});
+    EXPECT_EQ(dialog->caption(), "Properties");
+    click(dialog->cmdApply);
+    clickTab(dialog->tbsOptions, 2);
+    click(dialog->cmdOK);
+    EXPECT_EQ(times, 0);
+    EXPECT_FALSE(dialog->isVisible());
+}
+
+TEST_F(frmOptions, EveryControlEditsItsOption) {
+    open({});
+    const std::pair<ui::TextBox*, const char*> texts[] = {{&dialog->txtProjectName, "name"},
+                                                          {&dialog->txtCSS, "look.css"},
+                                                          {&dialog->txtBImage, "back.jpg"},
+                                                          {&dialog->txtTemplate, "page.htm"}};
+    for (const auto& [box, text] : texts) {
+        click(*box);
+        type(text);
+    }
+    EXPECT_FALSE(dialog->txtCopyright.isEnabled());
+    click(dialog->chkCopyright);
+    click(dialog->txtCopyright);
+    type("me");
+    clickTab(dialog->tbsOptions, 1);
+    click(dialog->txtAdditional);
+    type("<p>");
+    press("Return");
+    type("\xC2\xA0more"); // a non-breaking space stays one
+    clickTab(dialog->tbsOptions, 2);
+    for (const auto& box : dialog->chkNavigation) {
+        click(*box);
+    }
+    click(*dialog->optNavType[1]);
+    clickTab(dialog->tbsOptions, 3);
+    for (const ui::CheckBox* box : {&dialog->chkIndentedTOC, &dialog->chkNumbering,
+                                    &dialog->chkDocLinks, &dialog->chkUnderline}) {
+        click(*box);
+    }
+    click(dialog->cmdApply);
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(times, 1);
+    model::ProjectOptions expected;
+    expected.projectName = "name";
+    expected.cssFile = "look.css";
+    expected.backgroundImage = "back.jpg";
+    expected.templateFile = "page.htm";
+    expected.additionalText = "<p>\r\n\xA0more";
+    expected.showCopyright = true;
+    expected.copyrightText = "me";
+    expected.navigationButtons = {false, true, false, true, true, false};
+    expected.navigationType = model::NavigationType::graphicButtons;
+    expected.indentedContents = false;
+    expected.numbering = false;
+    expected.documentationLinks = false;
+    expected.underlineLinks = true;
+    EXPECT_EQ(applied, expected);
+    click(dialog->cmdOK); // nothing new
+    EXPECT_EQ(times, 1);
+
+    expected.additionalText = "a\nb\rc\r\n\x81"; // odd, but nobody edits it
+    open(expected);
+    clickTab(dialog->tbsOptions, 2);
+    click(*dialog->optNavType[0]);
+    click(dialog->cmdOK);
+    expected.navigationType = model::NavigationType::textLinks;
+    EXPECT_EQ(applied, expected);
+}
+
+TEST_F(frmOptions, UncheckingTheCopyrightKeepsItsText) {
+    model::ProjectOptions options;
+    options.showCopyright = true;
+    options.copyrightText = "me";
+    open(options);
+    click(dialog->chkCopyright);
+    EXPECT_FALSE(dialog->txtCopyright.isEnabled());
+    click(dialog->cmdOK);
+    EXPECT_FALSE(applied.showCopyright);
+    EXPECT_EQ(applied.copyrightText, "me");
+}
+
+TEST_F(frmOptions, CancelAndEscapeStoreNothingAndCtrlTabGoesRound) {
+    open({});
+    click(dialog->txtCSS);
+    type("x");
+    for (const int page : {1, 2, 3, 0}) {
+        press("Ctrl+Tab");
+        EXPECT_EQ(dialog->tbsOptions.selected(), page);
+    }
+    EXPECT_EQ(unnamedControls(*dialog), "");
+    press("Escape");
+    EXPECT_FALSE(dialog->isVisible());
+    open({});
+    click(dialog->chkCopyright);
+    click(dialog->cmdCancel);
+    EXPECT_EQ(times, 0);
+}

@@ -1,0 +1,9 @@
+#include <gtest/gtest.h>
+
+#include "ui/testing/Driver.h"
+
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    ui::testing::startToolkit(argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,77 @@
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "model/CodePage.h"
+#include "ui/testing/Driver.h"
+
+namespace ui::testing {
+
+namespace {
+
+std::string described(const MessageBox& box) {
+    std::ostringstream text;
+    text << "message \"" << model::toUtf8(box.text) << "\", title \"" << model::toUtf8(box.title)
+         << "\", buttons " << static_cast<int>(box.buttons) << ", icon "
+         << static_cast<int>(box.icon);
+    return text.str();
+}
+
+std::string described(const FileQuestion& question) {
+    std::ostringstream text;
+    text << (question.kind == FileQuestion::Kind::open ? "open" : "save") << " dialog \""
+         << question.title << "\", filter \"" << question.filter << "\" " << question.filterIndex
+         << ", folder " << question.folder << ", name " << question.fileName << ", extension \""
+         << question.defaultExtension << '"';
+    return text.str();
+}
+
+} // namespace
+
+ScriptedPrompter::ScriptedPrompter() {
+    use(this);
+}
+
+ScriptedPrompter::~ScriptedPrompter() {
+    use(nullptr);
+    verify();
+}
+
+void ScriptedPrompter::expect(MessageBox box, Answer answer) {
+    steps_.push_back({std::move(box), answer, {}, {}});
+}
+
+void ScriptedPrompter::expect(FileQuestion question, std::optional<std::filesystem::path> answer) {
+    steps_.push_back({{}, Answer::ok, std::move(question), std::move(answer)});
+}
+
+void ScriptedPrompter::verify() {
+    for (const Step& step : steps_) {
+        ADD_FAILURE() << "not asked: "
+                      << (step.box ? described(*step.box) : described(*step.question));
+    }
+    steps_.clear();
+}
+
+Answer ScriptedPrompter::ask(Window* /*window*/, const MessageBox& box) {
+    if (steps_.empty() || steps_.front().box != box) {
+        ADD_FAILURE() << "unforeseen " << described(box);
+        return box.buttons == Buttons::ok ? Answer::ok : Answer::no;
+    }
+    const Answer answer = steps_.front().answer;
+    steps_.pop_front();
+    return answer;
+}
+
+std::optional<std::filesystem::path> ScriptedPrompter::chooseFile(Window* /*window*/,
+                                                                  const FileQuestion& question) {
+    if (steps_.empty() || steps_.front().question != question) {
+        ADD_FAILURE() << "unforeseen " << described(question);
+        return {};
+    }
+    const auto file = steps_.front().file;
+    steps_.pop_front();
+    return file;
+}
+
+} // namespace ui::testing
