@@ -24,7 +24,8 @@ need() {
         apt-get install -q -y --no-install-recommends "${missing[@]}"
 }
 
-BUILD_PACKAGES=(g++ cmake ninja-build)
+# The fonts are for machines without a desktop.
+BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev fonts-dejavu-core)
 # clang and its run-time library for the fuzz targets; fp-utils for a compiler of compiled help.
 TEST_PACKAGES=(libgtest-dev clang libclang-rt-14-dev fp-utils libchm-dev)
 

@@ -100,14 +100,14 @@ constexpr MainCommand commands[] = {
 };
 
 constexpr const char* keys[] = {
-    "New",    "Open",    "Save",   "Synch",    nullptr,  "Cut",   "Copy",
-    "Paste",  nullptr,   "Insert", "Delete",   nullptr,  "Demote", "Promote",
-    "MoveUp", "MoveDown", nullptr, "Search",   "MakeHelp",
+    "New",    "Open",     "Save",   "Synch",  nullptr,    "Cut",    "Copy",
+    "Paste",  nullptr,    "Insert", "Delete", nullptr,    "Demote", "Promote",
+    "MoveUp", "MoveDown", nullptr,  "Search", "MakeHelp",
 };
 
 constexpr const char* listMenu[] = {
-    "mnuListUndo",    "mnuListRedo",   nullptr,     "mnuEditAdd", "mnuEditDelete", nullptr,
-    "mnuEditPromote", "mnuEditDemote", "mnuEditUp", "mnuEditDown",
+    "mnuListUndo", "mnuListRedo",    nullptr,         "mnuEditAdd", "mnuEditDelete",
+    nullptr,       "mnuEditPromote", "mnuEditDemote", "mnuEditUp",  "mnuEditDown",
 };
 
 } // namespace

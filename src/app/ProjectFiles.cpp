@@ -66,8 +66,7 @@ std::optional<fs::path> ProjectFiles::chooseFile(ui::FileQuestion::Kind kind, mo
         &window_,
         {kind, std::move(title),
          "Topicsmith Project Files (*.tsp)|*.tsp|Text Files (*.txt)|*.txt|All Files (*.*)|*.*", 1,
-         folder(), std::move(fileName),
-         kind == ui::FileQuestion::Kind::save ? "tsp" : ""});
+         folder(), std::move(fileName), kind == ui::FileQuestion::Kind::save ? "tsp" : ""});
     return chosen ? std::optional(platform::fullPath(*chosen)) : std::nullopt;
 }
 
@@ -77,8 +76,8 @@ void ProjectFiles::openProject() {
         return;
     }
     if (path.empty()) {
-        const auto chosen = chooseFile(ui::FileQuestion::Kind::open,
-                                       "Open HTML Topicsmith Project File", "*.tsp");
+        const auto chosen =
+            chooseFile(ui::FileQuestion::Kind::open, "Open HTML Topicsmith Project File", "*.tsp");
         if (!chosen) {
             return;
         }
@@ -121,8 +120,8 @@ bool ProjectFiles::saveProject(bool saveAs) {
     makeCurrent(folder());
     fs::path path = project_.projectPath();
     if (saveAs || !project_.hasFile()) {
-        const auto chosen = chooseFile(ui::FileQuestion::Kind::save,
-                                       "Save HTML Topicsmith Project File", path);
+        const auto chosen =
+            chooseFile(ui::FileQuestion::Kind::save, "Save HTML Topicsmith Project File", path);
         if (!chosen) {
             return false;
         }

@@ -258,12 +258,12 @@ void frmMain::topicChanged(int position) {
 
 void frmMain::topicInserted(int position) {
     lvLevels.rowInserted(position);
-    showCurrent();
+    selectCurrent();
 }
 
 void frmMain::topicRemoved(int position) {
     lvLevels.rowRemoved(position);
-    showCurrent();
+    selectCurrent();
 }
 
 void frmMain::projectReplaced() {
@@ -275,19 +275,27 @@ void frmMain::currentIndexChanged(int /*position*/) {
     showCurrent();
 }
 
+void frmMain::currentTopicMoved(int /*position*/) {
+    selectCurrent();
+}
+
 void frmMain::dataChangedToggled(bool dataChanged) {
     tbTools.setImage("Save", dataChanged ? "SaveChanged" : "Save");
-    tbTools.setToolTip("Save", dataChanged ? "Save - Current Data Changed" : "Save the Current Data");
+    tbTools.setToolTip("Save",
+                       dataChanged ? "Save - Current Data Changed" : "Save the Current Data");
     setChanged(dataChanged);
 }
 
 void frmMain::showCurrent() {
-    const int position = project_.currentIndex();
-    enableTopicFields(position > 0);
-    if (position > 0) {
-        lvLevels.select(position);
-    }
+    enableTopicFields(hasTopic());
     fillFields(true);
+    selectCurrent();
+}
+
+void frmMain::selectCurrent() {
+    if (hasTopic()) {
+        lvLevels.select(project_.currentIndex());
+    }
     updateCommands();
     updateStatus();
 }

@@ -122,6 +122,7 @@ private:
     void topicRemoved(int position) override;
     void projectReplaced() override;
     void currentIndexChanged(int position) override;
+    void currentTopicMoved(int position) override;
     void dataChangedToggled(bool dataChanged) override;
 
     void arrange();
@@ -139,6 +140,7 @@ private:
     void noticeFailure();
 
     void showCurrent();
+    void selectCurrent();
     void fillFields(bool always);
     void openTopicEditor(int position);
     void editField(model::TextView name, const ui::TextBox& box, model::Text model::Topic::*field);

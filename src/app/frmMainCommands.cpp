@@ -97,8 +97,8 @@ void frmMain::mnuFileGenerateHelp_Click() {
         report_->txtReport.setText(text);
         report_->show();
     };
-    const generate::GenerationReport report = generate::generateHelp(
-        project_, {platform::fullPath(*file), programFolder_, save, show});
+    const generate::GenerationReport report =
+        generate::generateHelp(project_, {platform::fullPath(*file), programFolder_, save, show});
     report_->txtReport.setText(report.text);
     updateStatus();
     if (!report.failures.empty()) {
@@ -174,8 +174,8 @@ void frmMain::mnuEditAdd_Click() {
     leaveField();
     if (!model::addTopic(project_)) {
         Prompter::current().ask(
-            this, {"Maximum Number of Help Topics Reached (500), New Topic Not Added",
-                   "Topic Limit"});
+            this,
+            {"Maximum Number of Help Topics Reached (500), New Topic Not Added", "Topic Limit"});
         return;
     }
     txtTitle.setFocus();

@@ -4,24 +4,6 @@ namespace app {
 
 using model::NavigationType;
 
-namespace {
-
-constexpr const char* navigationCaptions[] = {
-    "Generate Link to Next Help Topic",
-    "Generate Link to Previous Help Topic",
-    "Generate Links to Child Help Topics",
-    "Generate Link to Next Parent Help Topic",
-    "Generate Link to Previous Parent Help Topic",
-    "Generate Link to Overview (First) Help Topic on all Pages ",
-};
-
-constexpr const char* navigationTypeCaptions[] = {
-    "Generate Home, Previous and Next as Text Links",
-    "Generate Home, Previous and Next as Graphic Buttons",
-};
-
-} // namespace
-
 frmOptions::frmOptions(ui::Window& owner, const model::ProjectOptions& options)
     : Window(Kind::dialog, "frmOptions", &owner), options_(options) {
     setCaption("Properties");
@@ -43,6 +25,7 @@ frmOptions::frmOptions(ui::Window& owner, const model::ProjectOptions& options)
 
 void frmOptions::arrangeGeneration() {
     txtCopyright.setAccessibleName("Copyright String");
+    txtTemplate.setForeignCharacters(ui::ForeignCharacters::refused); // it is looked up on the disk
     auto form = ui::Layout::form();
     form.addField(lblProjectName, txtProjectName).addField(lblCSS, txtCSS);
     form.addField(lblBImage, txtBImage).addField(lblTemplate, txtTemplate);
@@ -63,16 +46,10 @@ void frmOptions::arrangeAdditional() {
 
 void frmOptions::arrangeNavigation() {
     auto column = ui::Layout::column();
-    for (std::size_t i = 0; i < std::size(chkNavigation); ++i) {
-        chkNavigation[i] = std::make_unique<ui::CheckBox>(pnlNavigation, navigationCaptions[i]);
-        column.add(*chkNavigation[i]);
+    for (ui::CheckBox& box : chkNavigation) {
+        column.add(box);
     }
-    column.addSpace(180);
-    for (std::size_t i = 0; i < std::size(optNavType); ++i) {
-        optNavType[i] =
-            std::make_unique<ui::OptionButton>(pnlNavigation, navigationTypeCaptions[i]);
-        column.add(*optNavType[i]);
-    }
+    column.addSpace(180).add(optNavType[0]).add(optNavType[1]);
     column.addStretch();
     pnlNavigation.setLayout(std::move(column));
     tbsOptions.add("Navigation", "Set Options for Help File Navigation", pnlNavigation);
@@ -95,11 +72,11 @@ void frmOptions::fill() {
     txtCopyright.setEnabled(options_.showCopyright);
     txtAdditional.setText(options_.additionalText);
     for (std::size_t i = 0; i < std::size(chkNavigation); ++i) {
-        chkNavigation[i]->setChecked(options_.navigationButtons[i]);
+        chkNavigation[i].setChecked(options_.navigationButtons[i]);
     }
     const auto type = static_cast<std::size_t>(options_.navigationType);
     if (type < std::size(optNavType)) { // a project file can hold any number
-        optNavType[type]->select();
+        optNavType[type].select();
     }
     chkIndentedTOC.setChecked(options_.indentedContents);
     chkNumbering.setChecked(options_.numbering);
@@ -109,18 +86,18 @@ void frmOptions::fill() {
 
 void frmOptions::watch() {
     const auto edited = [this] { changed_ = true; };
-    for (ui::TextBox* box : {&txtProjectName, &txtCSS, &txtBImage, &txtTemplate, &txtCopyright,
-                             &txtAdditional}) {
+    for (ui::TextBox* box :
+         {&txtProjectName, &txtCSS, &txtBImage, &txtTemplate, &txtCopyright, &txtAdditional}) {
         box->Change.connect(edited);
     }
     for (ui::CheckBox* box : {&chkIndentedTOC, &chkNumbering, &chkDocLinks, &chkUnderline}) {
         box->Click.connect(edited);
     }
-    for (const auto& box : chkNavigation) {
-        box->Click.connect(edited);
+    for (ui::CheckBox& box : chkNavigation) {
+        box.Click.connect(edited);
     }
-    for (const auto& button : optNavType) {
-        button->Click.connect(edited);
+    for (ui::OptionButton& button : optNavType) {
+        button.Click.connect(edited);
     }
     UI_ON(chkCopyright, Click);
     UI_ON(cmdOK, Click);
@@ -143,10 +120,10 @@ void frmOptions::readBack() {
     options_.copyrightText = txtCopyright.text();
     options_.additionalText = txtAdditional.text();
     for (std::size_t i = 0; i < std::size(chkNavigation); ++i) {
-        options_.navigationButtons[i] = chkNavigation[i]->checked();
+        options_.navigationButtons[i] = chkNavigation[i].checked();
     }
     options_.navigationType =
-        optNavType[0]->selected() ? NavigationType::textLinks : NavigationType::graphicButtons;
+        optNavType[0].selected() ? NavigationType::textLinks : NavigationType::graphicButtons;
     options_.indentedContents = chkIndentedTOC.checked();
     options_.numbering = chkNumbering.checked();
     options_.documentationLinks = chkDocLinks.checked();

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-
 #include "model/ProjectOptions.h"
 #include "ui/Button.h"
 #include "ui/CheckBox.h"
@@ -34,8 +32,18 @@ public:
 
     ui::TextBox txtAdditional{pnlAdditional, ui::TextBox::Lines::many};
 
-    std::unique_ptr<ui::CheckBox> chkNavigation[model::navigationSwitchCount];
-    std::unique_ptr<ui::OptionButton> optNavType[2];
+    ui::CheckBox chkNavigation[model::navigationSwitchCount] = {
+        {pnlNavigation, "Generate Link to Next Help Topic"},
+        {pnlNavigation, "Generate Link to Previous Help Topic"},
+        {pnlNavigation, "Generate Links to Child Help Topics"},
+        {pnlNavigation, "Generate Link to Next Parent Help Topic"},
+        {pnlNavigation, "Generate Link to Previous Parent Help Topic"},
+        {pnlNavigation, "Generate Link to Overview (First) Help Topic on all Pages "},
+    };
+    ui::OptionButton optNavType[2] = {
+        {pnlNavigation, "Generate Home, Previous and Next as Text Links"},
+        {pnlNavigation, "Generate Home, Previous and Next as Graphic Buttons"},
+    };
 
     ui::CheckBox chkIndentedTOC{pnlDocumentation, "Indented TOC for Documentation"};
     ui::CheckBox chkNumbering{pnlDocumentation, "Include Help Topic Numbering (e.g., 1.4.7)"};

@@ -5,7 +5,8 @@
 namespace app {
 
 frmSplash::frmSplash(ui::Window& owner)
-    : Window(Kind::splash, "frmSplash", &owner), lblVersion(*this, model::Text("Version ") + version) {
+    : Window(Kind::splash, "frmSplash", &owner),
+      lblVersion(*this, model::Text("Version ") + version) {
     setCaption("HTML Topicsmith");
     lblProduct.setSize(ui::Label::Size::large);
     for (ui::Label* label : {&lblProduct, &lblVersion, &lblPurpose}) {

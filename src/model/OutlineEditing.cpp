@@ -97,9 +97,7 @@ void moveTopicTo(Project& project, int position) {
     const UndoStep step(project, "Move Topic");
     while (project.currentIndex() != position) {
         const int from = project.currentIndex();
-        const int to = from < position ? from + 1 : from - 1;
-        project.swapTopics(from, to);
-        project.setCurrentIndex(to);
+        project.swapTopics(from, from < position ? from + 1 : from - 1);
     }
 }
 

@@ -57,21 +57,24 @@ void Project::insertAt(int position, Topic topic) {
     currentIndex_ += moved ? 1 : 0;
     observer_->topicInserted(position);
     if (moved) {
-        observer_->currentIndexChanged(currentIndex_);
+        observer_->currentTopicMoved(currentIndex_);
     }
 }
 
 Topic Project::removeAt(int position) {
     Topic topic = outline_.remove(position);
-    const int before = currentIndex_;
+    const bool wasCurrent = currentIndex_ == position;
+    const bool moved = currentIndex_ > position;
     if (outline_.empty()) {
         currentIndex_ = -1;
-    } else if (currentIndex_ > position || currentIndex_ > outline_.count()) {
+    } else if (moved || currentIndex_ > outline_.count()) {
         --currentIndex_;
     }
     observer_->topicRemoved(position);
-    if (currentIndex_ != before) {
+    if (wasCurrent) {
         observer_->currentIndexChanged(currentIndex_);
+    } else if (moved) {
+        observer_->currentTopicMoved(currentIndex_);
     }
     return topic;
 }
@@ -95,8 +98,13 @@ void Project::apply(OutlineChange& change) {
         }
     } else if (auto* swap = std::get_if<SwapChange>(&change)) {
         outline_.swap(swap->a, swap->b);
+        const bool moved = currentIndex_ == swap->a || currentIndex_ == swap->b;
+        currentIndex_ = moved ? swap->a + swap->b - currentIndex_ : currentIndex_;
         observer_->topicChanged(swap->a);
         observer_->topicChanged(swap->b);
+        if (moved) {
+            observer_->currentTopicMoved(currentIndex_);
+        }
     }
 }
 

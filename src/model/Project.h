@@ -19,7 +19,10 @@ public:
     virtual void topicRemoved(int /*position*/) {}
     /// Every row may be another one now; the options too.
     virtual void projectReplaced() {}
+    /// Another topic is current now, or none (-1). The number may be the same.
     virtual void currentIndexChanged(int /*position*/) {}
+    /// The current topic has another position.
+    virtual void currentTopicMoved(int /*position*/) {}
     virtual void dataChangedToggled(bool /*dataChanged*/) {}
 };
 
@@ -59,7 +62,7 @@ public:
     bool dataChanged() const { return dataChanged_; }
 
     /// The position of the topic that the author works on; -1 for none. It stays with its topic
-    /// when others come and go above it.
+    /// when others come and go above it, or when it changes places with another.
     int currentIndex() const { return currentIndex_; }
     void setCurrentIndex(int position);
 
@@ -80,7 +83,7 @@ public:
     void removeTopic(int position);
 
     /// Exchanges two topics as wholes. The current topic is marked as moved first, so that the
-    /// letter travels with it; currentIndex() stays.
+    /// letter travels with it.
     void swapTopics(int a, int b);
 
     /// The project counts as changed, and the current topic, if there is one, gets the letter of

@@ -1,6 +1,7 @@
 #include "model/RecentFiles.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "model/CodePage.h"
 
@@ -65,7 +66,7 @@ RecentFiles::Entry RecentFiles::entryOf(const fs::path& path) {
     return {path, caption, upperCase(htmlFromUtf8(caption))};
 }
 
-std::vector<RecentFiles::Entry>::iterator RecentFiles::find(const Entry& entry) {
+std::deque<RecentFiles::Entry>::iterator RecentFiles::find(const Entry& entry) {
     return std::find_if(entries_.begin(), entries_.end(),
                         [&entry](const Entry& other) { return other.key == entry.key; });
 }
@@ -75,7 +76,7 @@ void RecentFiles::add(const fs::path& path) {
     if (const auto known = find(entry); known != entries_.end()) {
         entries_.erase(known);
     }
-    entries_.insert(entries_.begin(), std::move(entry));
+    entries_.push_front(std::move(entry));
     if (count() > maxFiles) {
         entries_.pop_back();
     }

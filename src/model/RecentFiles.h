@@ -1,8 +1,8 @@
 #pragma once
 
+#include <deque>
 #include <filesystem>
 #include <string>
-#include <vector>
 
 #include "model/Text.h"
 
@@ -35,10 +35,10 @@ private:
     };
 
     static Entry entryOf(const std::filesystem::path& path);
-    std::vector<Entry>::iterator find(const Entry& entry);
+    std::deque<Entry>::iterator find(const Entry& entry);
     const Entry& entry(int slot) const { return entries_[static_cast<std::size_t>(slot)]; }
 
-    std::vector<Entry> entries_;
+    std::deque<Entry> entries_;
 };
 
 } // namespace model

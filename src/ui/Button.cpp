@@ -10,7 +10,6 @@ Button::Button(Container& container, TextView caption)
     : Control(makeNative<QPushButton>(container)) {
     auto& button = widgetOf<QPushButton>(*this);
     button.setText(toQt(caption));
-    button.setAutoDefault(false);
     QObject::connect(&button, &QPushButton::clicked, [this] { Click.raise(); });
 }
 

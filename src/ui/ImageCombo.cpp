@@ -8,7 +8,8 @@
 namespace ui {
 
 ImageCombo::ImageCombo(Container& container) : Control(makeNative<QComboBox>(container)) {
-    QObject::connect(&widgetOf<QComboBox>(*this), &QComboBox::activated, [this] { Change.raise(); });
+    QObject::connect(&widgetOf<QComboBox>(*this), &QComboBox::activated,
+                     [this] { Change.raise(); });
 }
 
 void ImageCombo::add(TextView key, TextView text, TextView image) {

@@ -55,6 +55,8 @@ public:
         header()->setSectionsClickable(false);
     }
 
+    QMenu* menu = nullptr;
+
 protected:
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                          const QEvent*) const override {
@@ -69,8 +71,22 @@ protected:
             event->accept();
         } else if (key.code == KeyCode::enter && currentIndex().isValid()) {
             owner_.DblClick.raise(currentIndex().row() + 1);
+        } else if (event->matches(QKeySequence::Copy)) {
+            event->ignore(); // the toolkit would copy a cell
         } else {
             QTreeView::keyPressEvent(event);
+        }
+    }
+
+    void contextMenuEvent(QContextMenuEvent* event) override {
+        if (menu == nullptr) {
+            return;
+        }
+        if (event->reason() == QContextMenuEvent::Mouse) {
+            menu->popup(event->globalPos());
+        } else {
+            scrollTo(currentIndex());
+            menu->popup(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
         }
     }
 
@@ -231,15 +247,7 @@ void ListView::setColumnWidths(const std::vector<int>& widths) {
 }
 
 void ListView::setContextMenu(Menu& menu) {
-    QTreeView& view = *list().view;
-    view.setContextMenuPolicy(Qt::CustomContextMenu);
-    QObject::connect(&view, &QWidget::customContextMenuRequested, [&view, &menu](QPoint place) {
-        // From the keyboard the place is the middle of the view; the row is the better one.
-        const QRect row = view.visualRect(view.currentIndex());
-        const bool onRow = view.indexAt(place) == view.currentIndex();
-        const QPoint at = onRow || !row.isValid() ? place : row.bottomLeft();
-        menu.native().menu->popup(view.viewport()->mapToGlobal(at));
-    });
+    list().view->menu = menu.native().menu;
 }
 
 } // namespace ui

@@ -24,8 +24,8 @@ Menu::~Menu() {
 }
 
 Menu& Menu::addMenu(TextView name, TextView caption) {
-    QMenu* menu = native_->bar ? native_->bar->addMenu(toQt(caption))
-                               : native_->menu->addMenu(toQt(caption));
+    QMenu* menu =
+        native_->bar ? native_->bar->addMenu(toQt(caption)) : native_->menu->addMenu(toQt(caption));
     menu->menuAction()->setObjectName(toQt(name));
     menus_.push_back(std::make_unique<Menu>(std::make_unique<Native>(Native{{}, menu})));
     return *menus_.back();

@@ -50,8 +50,7 @@ QStringList filtersOf(const Text& filter) {
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         const QString pattern = parts[i + 1] == "*.*" ? QStringLiteral("*") : parts[i + 1];
-        QString description = parts[i].section('(', 0, 0).trimmed();
-        filters.append(description + " (" + QString(pattern).replace(';', ' ') + ')');
+        filters.append(parts[i] + " (" + QString(pattern).replace(';', ' ') + ')');
     }
     return filters;
 }
@@ -61,8 +60,7 @@ QStringList filtersOf(const Text& filter) {
 Answer Prompter::ask(Window* window, const MessageBox& box) {
     QMessageBox message(window == nullptr ? nullptr : window->native().widget.data());
     message.setIcon(iconOf(box.icon));
-    message.setWindowTitle(box.title.empty() ? QApplication::applicationName()
-                                             : toQt(box.title));
+    message.setWindowTitle(box.title.empty() ? QApplication::applicationName() : toQt(box.title));
     message.setTextFormat(Qt::PlainText);
     message.setText(toQt(box.text));
     message.setStandardButtons(buttonsOf(box.buttons));
@@ -86,6 +84,7 @@ std::optional<std::filesystem::path> Prompter::chooseFile(Window* window,
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     const QStringList filters = filtersOf(question.filter);
+    dialog.setOption(QFileDialog::HideNameFilterDetails); // the description names the pattern
     dialog.setNameFilters(filters);
     dialog.selectNameFilter(filters.value(question.filterIndex - 1));
     dialog.setDefaultSuffix(toQt(question.defaultExtension));
@@ -106,8 +105,8 @@ void Prompter::beep() {
 void Prompter::tell(Window* window, const model::Message& message) {
     constexpr QuestionIcon icons[] = {QuestionIcon::none, QuestionIcon::information,
                                       QuestionIcon::exclamation, QuestionIcon::critical};
-    ask(window, {message.text, message.title, Buttons::ok,
-                 icons[static_cast<std::size_t>(message.icon)]});
+    ask(window,
+        {message.text, message.title, Buttons::ok, icons[static_cast<std::size_t>(message.icon)]});
 }
 
 Prompter& Prompter::current() {

@@ -49,8 +49,7 @@ Selection TextBox::selection() const {
 }
 
 Text TextBox::selectedText() const {
-    const Selection selected = selection();
-    return selected.length == 0 ? Text() : text().substr(selected.start, selected.length);
+    return box().selectedText();
 }
 
 void TextBox::select(std::size_t start, std::size_t length) {
@@ -62,7 +61,7 @@ void TextBox::replaceSelection(TextView text) {
 }
 
 void TextBox::paste() {
-    box().replaceSelection(box().admit(QGuiApplication::clipboard()->text()));
+    box().enter(QGuiApplication::clipboard()->text());
 }
 
 void TextBox::setReadOnly() {
@@ -105,15 +104,23 @@ QString TextBox::Native::admit(const QString& entered) const {
     return admitted;
 }
 
+void TextBox::Native::enter(const QString& entered) {
+    const QString admitted = admit(entered);
+    if (!admitted.isEmpty() || entered.isEmpty()) {
+        replaceSelection(admitted);
+    }
+}
+
 bool TextBox::Native::keyDown(const QKeyEvent& event) {
     Key key = keyOf(event);
     owner.KeyDown.raise(key);
     return key.handled;
 }
 
-/// A menu only borrows the focus.
+/// A menu, a dialog and another program only borrow the focus.
 static bool isBorrowed(const QFocusEvent& event) {
-    return event.reason() == Qt::PopupFocusReason || event.reason() == Qt::MenuBarFocusReason;
+    return event.reason() == Qt::PopupFocusReason || event.reason() == Qt::MenuBarFocusReason
+           || event.reason() == Qt::ActiveWindowFocusReason;
 }
 
 void TextBox::Native::focusIn(const QFocusEvent& event) {

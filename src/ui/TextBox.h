@@ -53,7 +53,7 @@ public:
     Event<> Change;
     Event<> SelectionChange;
 
-    // Not raised when a menu opens over the box, and closes.
+    // Not raised when a menu or another window has the focus for a while.
     Event<> GotFocus;
     Event<> LostFocus;
     Event<Key&> KeyDown;

@@ -108,9 +108,7 @@ protected:
     /// No window manager places a splash window.
     void showEvent(QShowEvent* event) override {
         Shell::showEvent(event);
-        const QRect around = parentWidget() != nullptr ? parentWidget()->frameGeometry()
-                                                       : screen()->availableGeometry();
-        move(around.center() - rect().center());
+        move(screen()->availableGeometry().center() - rect().center());
     }
 };
 
@@ -141,8 +139,8 @@ Window::Window(Kind kind, TextView name, Window* owner) {
         native_->widget->setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
     }
     native_->name = name;
-    native_->focusWatch = QObject::connect(
-        qApp, &QApplication::focusChanged, [this](QWidget* old, QWidget* now) {
+    native_->focusWatch =
+        QObject::connect(qApp, &QApplication::focusChanged, [this](QWidget* old, QWidget* now) {
             const QWidget* self = native_->widget;
             const bool came = now != nullptr && now->window() == self;
             if (came && qobject_cast<const QMenuBar*>(now) == nullptr) {
@@ -222,9 +220,8 @@ void Window::closeAllBut(const Window& window) {
 }
 
 void Window::discard(std::unique_ptr<Window> window) {
-    QTimer::singleShot(0, qApp, [kept = std::shared_ptr<Window>(std::move(window))]() mutable {
-        kept.reset();
-    });
+    QTimer::singleShot(
+        0, qApp, [kept = std::shared_ptr<Window>(std::move(window))]() mutable { kept.reset(); });
 }
 
 int Window::width() const {

@@ -97,9 +97,9 @@ TEST_F(OutlineCommands, DeletedTopicsComeBackAsTheyWere) {
 
 TEST_F(OutlineCommands, DeleteNamesTheTopicAndTakesNoForAnAnswer) {
     load(titled({""}));
-    prompter.expect({"Delete the Topic '<No Title>'?", "Delete Topic", Buttons::yesNo,
-                     QuestionIcon::question},
-                    Answer::no);
+    prompter.expect(
+        {"Delete the Topic '<No Title>'?", "Delete Topic", Buttons::yesNo, QuestionIcon::question},
+        Answer::no);
     press("Del");
     prompter.verify();
     EXPECT_EQ(project().outline().count(), 1);
@@ -145,7 +145,10 @@ TEST_F(OutlineCommands, MovedTopicsKeepBodyAndLevelAndCarryTheLetter) {
     EXPECT_EQ(current(), "b");
     EXPECT_EQ(window->lvLevels.selected(), 1);
     clickRow(window->lvLevels, 3);
+    enter(window->txtTitle);
+    window->txtTitle.select(1, 0);
     press("Alt+Up");
+    EXPECT_EQ(caretOf(window->txtTitle), 1); // typing can go on
     EXPECT_EQ(titles(), "b:M c:C a:");
     press("Alt+Down");
     EXPECT_FALSE(pressButton(*window, "Move Down"));

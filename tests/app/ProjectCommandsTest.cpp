@@ -150,8 +150,8 @@ TEST_F(ProjectCommands, EachAnswerToTheSaveQuestionOfExit) {
 }
 
 TEST_F(ProjectCommands, SaveAsksForANameOnlyWhenThereIsNone) {
-    prompter.expect({"You need to have at least 1 Help Topic to Save", "", Buttons::ok,
-                     QuestionIcon::none});
+    prompter.expect(
+        {"You need to have at least 1 Help Topic to Save", "", Buttons::ok, QuestionIcon::none});
     press("Ctrl+S");
     prompter.verify();
     EXPECT_TRUE(choose(*window, {"Edit", "Add New Topic"}));
@@ -246,9 +246,13 @@ TEST_F(ProjectCommands, GenerationRepairsReportsAndSaves) {
     open(folder / "my.first.tsp");
     clickRow(window->lvLevels, 2);
     const FileQuestion question{
-        FileQuestion::Kind::save, "Generate Help Workshop Files",
-        "Help Workshop Files (*.hhp)|*.hhp|Text Files (*.txt)|*.txt|All Files (*.*)|*.*", 1,
-        folder.path(), "my.hhp", "hhp"};
+        FileQuestion::Kind::save,
+        "Generate Help Workshop Files",
+        "Help Workshop Files (*.hhp)|*.hhp|Text Files (*.txt)|*.txt|All Files (*.*)|*.*",
+        1,
+        folder.path(),
+        "my.hhp",
+        "hhp"};
     prompter.expect(question, std::nullopt);
     EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Help Files"}));
     EXPECT_FALSE(fs::exists(folder / "html"));

@@ -37,8 +37,8 @@ TEST_F(frmMain, StartsEmptyWithTheDescribedMenus) {
 
 TEST_F(frmMain, WarnsOfAMissingHelpFileAndGoesOn) {
     std::filesystem::remove(folder / "program" / "HTML Topicsmith.chm");
-    prompter.expect({"WARNING: Missing Help File", "HTML Topicsmith", Buttons::ok,
-                     QuestionIcon::information});
+    prompter.expect(
+        {"WARNING: Missing Help File", "HTML Topicsmith", Buttons::ok, QuestionIcon::information});
     restart();
     prompter.verify();
 }
@@ -48,9 +48,9 @@ TEST_F(frmMain, ItsTableOfCommandsIsConsistent) {
     std::set<std::string> keys;
     std::set<std::string> shortcuts;
     for (const app::MainCommand& row : app::mainCommands()) {
-        const bool several = row.name != nullptr
-                             && (row.name == std::string("mnuFileSave")
-                                 || row.name == std::string("mnuFileMRU"));
+        const bool several =
+            row.name != nullptr
+            && (row.name == std::string("mnuFileSave") || row.name == std::string("mnuFileMRU"));
         if (row.name != nullptr && !several) {
             EXPECT_TRUE(names.insert(row.name).second) << row.name;
         }
@@ -106,6 +106,9 @@ TEST_F(frmMain, TypingWritesIntoTheCurrentRowOnly) {
     type("12.x5");
     EXPECT_EQ(prompter.takeBeeps(), 1);
     EXPECT_EQ(topic(2).contextId, "IDH_B");
+    EXPECT_EQ(topic(2).contextNumber, "12.5");
+    press("Ctrl+A");
+    type("x"); // refused: nothing is replaced
     EXPECT_EQ(topic(2).contextNumber, "12.5");
 }
 
@@ -176,7 +179,9 @@ TEST_F(frmMain, KeysInTheFieldsWalkThroughTheList) {
 TEST_F(frmMain, TheListExplainsStatusLetters) {
     load(titled({"a"}));
     project().setField(1, &model::Topic::status, "M");
-    EXPECT_EQ(cellToolTip(window->lvLevels, 1, 1), "M: moved since help was last generated");
+    EXPECT_EQ(cellToolTip(window->lvLevels, 1, 1), "<p>M: moved since help was last generated</p>");
+    project().setField(1, &model::Topic::title, "The <b> tag");
+    EXPECT_EQ(cellToolTip(window->lvLevels, 1, 2), "<p>The &lt;b&gt; tag</p>");
 }
 
 TEST_F(frmMain, CutCopyAndPasteActOnTheFocusedField) {
@@ -202,6 +207,8 @@ TEST_F(frmMain, CutCopyAndPasteActOnTheFocusedField) {
     EXPECT_EQ(prompter.takeBeeps(), 1);
     window->lvLevels.setFocus();
     EXPECT_FALSE(choose(*window, {"Edit", "Paste"}));
+    press("Ctrl+C"); // topics never go to the clipboard
+    EXPECT_EQ(ui::Clipboard().text(), "bc");
 }
 
 TEST_F(frmMain, KeepsItsSizesPerWindowState) {

@@ -57,10 +57,10 @@ TEST_F(frmOptions, EveryControlEditsItsOption) {
     press("Return");
     type("\xC2\xA0more"); // a non-breaking space stays one
     clickTab(dialog->tbsOptions, 2);
-    for (const auto& box : dialog->chkNavigation) {
-        click(*box);
+    for (const ui::CheckBox& box : dialog->chkNavigation) {
+        click(box);
     }
-    click(*dialog->optNavType[1]);
+    click(dialog->optNavType[1]);
     clickTab(dialog->tbsOptions, 3);
     for (const ui::CheckBox* box : {&dialog->chkIndentedTOC, &dialog->chkNumbering,
                                     &dialog->chkDocLinks, &dialog->chkUnderline}) {
@@ -90,7 +90,7 @@ TEST_F(frmOptions, EveryControlEditsItsOption) {
     expected.additionalText = "a\nb\rc\r\n\x81"; // odd, but nobody edits it
     open(expected);
     clickTab(dialog->tbsOptions, 2);
-    click(*dialog->optNavType[0]);
+    click(dialog->optNavType[0]);
     click(dialog->cmdOK);
     expected.navigationType = model::NavigationType::textLinks;
     EXPECT_EQ(applied, expected);
@@ -121,6 +121,8 @@ TEST_F(frmOptions, CancelAndEscapeStoreNothingAndCtrlTabGoesRound) {
     EXPECT_FALSE(dialog->isVisible());
     open({});
     click(dialog->chkCopyright);
-    click(dialog->cmdCancel);
+    dialog->cmdCancel.setFocus();
+    press("Return");
+    EXPECT_FALSE(dialog->isVisible());
     EXPECT_EQ(times, 0);
 }

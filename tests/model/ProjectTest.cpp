@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-
 #include <random>
 
 #include "model/OutlineEditing.h"
@@ -17,6 +16,7 @@ public:
     void topicRemoved(int position) override { note("removed", position); }
     void projectReplaced() override { note("replaced", 0); }
     void currentIndexChanged(int position) override { note("current", position); }
+    void currentTopicMoved(int position) override { note("moved", position); }
     void dataChangedToggled(bool changed) override { note("dataChanged", changed ? 1 : 0); }
 
     std::string take() { return std::exchange(notes_, {}); }
@@ -86,11 +86,11 @@ TEST(Project, TheObserverLearnsOfEveryChangeOnce) {
     EXPECT_EQ(recorder.take(), "");
     project.insertTopic(1, Topic()); // the current topic moves down with its place
     project.setCurrentIndex(3);
-    EXPECT_EQ(recorder.take(), "inserted1 current2 current3 ");
+    EXPECT_EQ(recorder.take(), "inserted1 moved2 current3 ");
     project.removeTopic(3);
     project.removeTopic(1);
     project.removeTopic(1);
-    EXPECT_EQ(recorder.take(), "removed3 current2 removed1 current1 removed1 current-1 ");
+    EXPECT_EQ(recorder.take(), "removed3 current2 removed1 moved1 removed1 current-1 ");
     project.markChanged(statusChanged);
     project.markSaved();
     project.markSaved();

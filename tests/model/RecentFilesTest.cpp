@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "model/RecentFiles.h"
+
+#include <gtest/gtest.h>
 
 using model::RecentFiles;
 using model::shortenPath;
@@ -56,5 +56,6 @@ TEST(RecentFiles, ShortensLongPaths) {
         accents += "ä";
     }
     EXPECT_EQ(shortenPath("/home/" + accents), "/home/" + accents);
-    EXPECT_EQ(shortenPath("/\xFF" + std::string(60, 'a')).substr(0, 6), "/\xFF" "a…");
+    EXPECT_EQ(shortenPath("/\xFF" + std::string(60, 'a')).substr(0, 6), "/\xFF"
+                                                                        "a…");
 }

@@ -4,6 +4,6 @@
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
-    ui::testing::startToolkit(argc, argv);
+    const ui::testing::Toolkit toolkit(argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -20,8 +20,10 @@ protected:
         if (native->keyDown(*event)) {
             event->accept();
         } else if (!isReadOnly() && isTyping(*event)) {
-            textCursor().insertText(native->admit(event->text()));
-            ensureCursorVisible();
+            native->enter(event->text());
+        } else if (!isReadOnly() && keyOf(*event).code == KeyCode::enter) {
+            // With Shift, too: there is one kind of line break.
+            native->replaceSelection(QStringLiteral("\n"));
         } else {
             QPlainTextEdit::keyPressEvent(event);
         }
@@ -33,7 +35,16 @@ protected:
     }
 
     void insertFromMimeData(const QMimeData* source) override {
-        native->replaceSelection(native->admit(source->text()));
+        QString text = source->text();
+        text.replace(QChar::ParagraphSeparator, '\n').replace(QChar::LineSeparator, '\n');
+        native->enter(text);
+    }
+
+    /// The toolkit's own would make blanks of non-breaking spaces.
+    QMimeData* createMimeDataFromSelection() const override {
+        auto* copied = new QMimeData;
+        copied->setText(textCursor().selectedText().replace(QChar::ParagraphSeparator, '\n'));
+        return copied;
     }
 
     void focusInEvent(QFocusEvent* event) override {
@@ -67,10 +78,7 @@ struct AreaBox : TextBox::Native {
             return original_;
         }
         // Not toPlainText(), which turns non-breaking spaces into blanks.
-        QString raw = area.document()->toRawText();
-        raw.replace(QChar::ParagraphSeparator, QStringLiteral("\r\n"));
-        raw.replace(QChar::LineSeparator, QStringLiteral("\r\n"));
-        return fromQt(raw);
+        return withLineBreaks(area.document()->toRawText());
     }
 
     void setText(TextView text) override {
@@ -86,6 +94,8 @@ struct AreaBox : TextBox::Native {
         const std::size_t start = offsetOf(cursor.selectionStart());
         return {start, offsetOf(cursor.selectionEnd()) - start};
     }
+
+    Text selectedText() const override { return withLineBreaks(area.textCursor().selectedText()); }
 
     void select(std::size_t start, std::size_t length) override {
         QTextCursor cursor = area.textCursor();
@@ -103,6 +113,10 @@ struct AreaBox : TextBox::Native {
     bool isReadOnly() const override { return area.isReadOnly(); }
 
 private:
+    static Text withLineBreaks(QString raw) {
+        return fromQt(raw.replace(QChar::ParagraphSeparator, QStringLiteral("\r\n")));
+    }
+
     std::size_t offsetOf(int position) const {
         return static_cast<std::size_t>(position
                                         + area.document()->findBlock(position).blockNumber());
@@ -110,7 +124,8 @@ private:
 
     int positionOf(std::size_t offset) const {
         const QTextDocument& document = *area.document();
-        const int wanted = static_cast<int>(std::min(offset, offsetOf(document.characterCount() - 1)));
+        const int wanted =
+            static_cast<int>(std::min(offset, offsetOf(document.characterCount() - 1)));
         int first = 0;
         int count = document.blockCount();
         while (count > 1) { // the last block that begins at or before the offset

@@ -33,7 +33,8 @@ public:
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
         const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        const auto role = mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::WindowText;
+        const auto role =
+            mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::WindowText;
         const QColor ink = QGuiApplication::palette().color(group, role);
         QByteArray drawing = drawing_;
         drawing.replace("currentColor", ink.name().toLatin1());

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <limits>
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -20,9 +21,9 @@ protected:
         if (native->keyDown(*event)) {
             event->accept();
         } else if (!isReadOnly() && isTyping(*event)) {
-            insert(native->admit(event->text()));
+            native->enter(event->text());
         } else if (!isReadOnly() && event->matches(QKeySequence::Paste)) {
-            insert(native->admit(oneLine(QGuiApplication::clipboard()->text())));
+            native->enter(QGuiApplication::clipboard()->text());
         } else {
             QLineEdit::keyPressEvent(event);
         }
@@ -63,7 +64,9 @@ public:
 struct LineBox : TextBox::Native {
     LineBox(LineEdit* shown, TextBox& box) : Native(shown, box), line(*shown) {
         line.native = this;
-        QObject::connect(&line, &QLineEdit::textEdited, [this](const QString& now) { edited(now); });
+        line.setMaxLength(std::numeric_limits<int>::max());
+        QObject::connect(&line, &QLineEdit::textEdited,
+                         [this](const QString& now) { edited(now); });
         QObject::connect(&line, &QLineEdit::selectionChanged,
                          [this] { owner.SelectionChange.raise(); });
     }
@@ -82,6 +85,8 @@ struct LineBox : TextBox::Native {
         const int start = line.hasSelectedText() ? line.selectionStart() : line.cursorPosition();
         return {static_cast<std::size_t>(start), static_cast<std::size_t>(line.selectionLength())};
     }
+
+    Text selectedText() const override { return fromQt(line.selectedText()); }
 
     void select(std::size_t start, std::size_t length) override {
         const auto size = static_cast<std::size_t>(line.text().size());

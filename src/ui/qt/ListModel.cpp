@@ -7,6 +7,19 @@
 
 namespace ui {
 
+namespace {
+
+/// More of a text is of no use in one row.
+constexpr std::size_t shownLength = 300;
+
+/// The toolkit takes what looks like HTML for HTML, and a topic may well be about it.
+QString plainToolTip(const Text& text) {
+    const QString plain = toQt(text.substr(0, shownLength)).toHtmlEscaped();
+    return plain.isEmpty() ? plain : "<p>" + plain + "</p>";
+}
+
+} // namespace
+
 ListModel::ListModel(const std::vector<Column>& columns, const ListSource& source)
     : columns_(columns), source_(source), count_(source.rowCount()) {}
 
@@ -44,10 +57,9 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     const int row = index.row() + 1;
     switch (role) {
     case Qt::DisplayRole:
-        // One line of the first few hundred characters is all that a row can show.
-        return toQt(model::oneLine(source_.cell(row, index.column()).substr(0, 300)));
+        return toQt(model::oneLine(source_.cell(row, index.column()).substr(0, shownLength)));
     case Qt::ToolTipRole:
-        return toQt(source_.toolTip(row, index.column()));
+        return plainToolTip(source_.toolTip(row, index.column()));
     case indentRole:
         return toPixels(source_.indent(row, index.column()));
     default:

@@ -15,6 +15,7 @@ struct TextBox::Native : NativeWidget {
     virtual Text text() const = 0;
     virtual void setText(TextView text) = 0;
     virtual Selection selection() const = 0;
+    virtual Text selectedText() const = 0;
     virtual void select(std::size_t start, std::size_t length) = 0;
     virtual void replaceSelection(const QString& text) = 0;
     virtual void setReadOnly() = 0;
@@ -22,6 +23,9 @@ struct TextBox::Native : NativeWidget {
 
     /// What may come in of a typed or pasted text; beeps when something has to stay out.
     QString admit(const QString& entered) const;
+
+    /// What is typed or pasted takes the place of the selection, unless nothing of it may come in.
+    void enter(const QString& entered);
 
     /// Handles a key before the widget does; true when the widget is not to see it.
     bool keyDown(const QKeyEvent& event);

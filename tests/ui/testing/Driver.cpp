@@ -122,11 +122,18 @@ bool clickEntry(QWidget& menu, const char* caption) {
 
 } // namespace
 
-void startToolkit(int& argc, char** argv) {
+struct Toolkit::Native {
+    Native(int& argc, char** argv) : application(argc, argv) {}
+    QApplication application;
+};
+
+Toolkit::Toolkit(int& argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    static QApplication application(argc, argv);
+    native_ = std::make_unique<Native>(argc, argv);
     QApplication::setApplicationName("HTML Topicsmith");
 }
+
+Toolkit::~Toolkit() = default;
 
 void show(Window& window) {
     window.show();
@@ -248,8 +255,10 @@ std::string menuText(Window& window, std::initializer_list<const char*> captions
 }
 
 std::string contextMenuText(Window& window, const ListView& list) {
-    const QPoint place = viewOf(list).visualRect(viewOf(list).currentIndex()).center();
-    emit widgetOf(list).customContextMenuRequested(place);
+    QTreeView& view = viewOf(list);
+    const QPoint place = view.visualRect(view.currentIndex()).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place, view.viewport()->mapToGlobal(place));
+    QApplication::sendEvent(view.viewport(), &event);
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     if (menu == nullptr) {
         return "no menu";
@@ -324,9 +333,9 @@ std::string unnamedControls(Window& window) {
                                && qobject_cast<const QTabWidget*>(widget) == nullptr
                                && qobject_cast<const QMenuBar*>(widget) == nullptr;
         const auto* button = qobject_cast<const QAbstractButton*>(widget);
-        const bool named = !widget->accessibleName().isEmpty()
-                           || (button != nullptr && (!button->text().isEmpty()
-                                                     || !button->toolTip().isEmpty()));
+        const bool named =
+            !widget->accessibleName().isEmpty()
+            || (button != nullptr && (!button->text().isEmpty() || !button->toolTip().isEmpty()));
         if (reachable && !named) {
             unnamed.append(widget->metaObject()->className());
         }

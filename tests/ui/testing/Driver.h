@@ -12,8 +12,18 @@
 /// the tests are written.
 namespace ui::testing {
 
-/// A window on the screen that is not there, as large as it is. Call it once per test program.
-void startToolkit(int& argc, char** argv);
+/// The toolkit on a screen that is not there. Made first in a test program, and kept to its end.
+class Toolkit {
+public:
+    Toolkit(int& argc, char** argv);
+    ~Toolkit();
+    Toolkit(const Toolkit&) = delete;
+    Toolkit& operator=(const Toolkit&) = delete;
+
+private:
+    struct Native;
+    std::unique_ptr<Native> native_;
+};
 
 /// Shows a window and waits until it is active.
 void show(Window& window);
