@@ -75,6 +75,33 @@ void frmMain::arrange() {
     pnlFields.setLayout(std::move(fields));
 }
 
+void frmMain::connectControls() {
+    UI_ON(lvLevels, ItemClick);
+    UI_ON(lvLevels, DblClick);
+    UI_ON(lvLevels, RowDragged);
+    UI_ON(txtLevel, KeyDown);
+    UI_ON(txtTitle, Change);
+    UI_ON(txtTitle, GotFocus);
+    UI_ON(txtTitle, LostFocus);
+    UI_ON(txtTitle, KeyDown);
+    UI_ON(txtFilename, Change);
+    UI_ON(txtFilename, GotFocus);
+    UI_ON(txtFilename, LostFocus);
+    UI_ON(txtFilename, KeyDown);
+    UI_ON(txtHelpID, Change);
+    UI_ON(txtHelpID, LostFocus);
+    UI_ON(txtHelpID, KeyDown);
+    UI_ON(txtHelpNum, Change);
+    UI_ON(txtHelpNum, LostFocus);
+    UI_ON(txtHelpNum, KeyDown);
+    for (ui::TextBox* box : {&txtLevel, &txtTitle, &txtFilename, &txtHelpID, &txtHelpNum}) {
+        box->SelectionChange.connect([this] { updateCommands(); });
+    }
+    clipboard_.Change.connect([this] { updateCommands(); });
+    FocusChange.connect([this] { updateCommands(); });
+    FilesDropped.connect([this](const std::vector<fs::path>& files) { files_Dropped(files); });
+}
+
 void frmMain::Resize() {
     if (state() == ui::WindowState::minimised) {
         return;
@@ -300,33 +327,6 @@ void frmMain::selectCurrent() {
     updateStatus();
 }
 
-/// With `always`, another topic is shown: the fields forget what could be undone in them. Otherwise
-/// only what differs is filled in, so that a field keeps its caret while it is typed into.
-void frmMain::fillFields(bool always) {
-    Topic none;
-    none.level.clear();
-    const Topic& topic = hasTopic() ? project_.outline().at(project_.currentIndex()) : none;
-    const std::pair<ui::TextBox*, const Text*> fields[] = {{&txtLevel, &topic.level},
-                                                           {&txtTitle, &topic.title},
-                                                           {&txtFilename, &topic.fileName},
-                                                           {&txtHelpID, &topic.contextId},
-                                                           {&txtHelpNum, &topic.contextNumber}};
-    for (const auto& [box, text] : fields) {
-        if (always || box->text() != *text) {
-            box->setText(*text);
-        }
-    }
-}
-
-void frmMain::enableTopicFields(bool enabled) {
-    for (ui::TextBox* box : {&txtLevel, &txtTitle, &txtFilename, &txtHelpID, &txtHelpNum}) {
-        box->setEnabled(enabled);
-    }
-    if (!enabled) {
-        project_.setCurrentIndex(-1);
-    }
-}
-
 void frmMain::updateStatus() {
     const int count = project_.outline().count();
     notice(count == 0 ? "No topics"
@@ -336,105 +336,6 @@ void frmMain::updateStatus() {
 
 void frmMain::notice(const Text& text) {
     lblStatus.setCaption(project_.projectFileTitle() + "     " + text);
-}
-
-// ---- The fields ----
-
-void frmMain::connectControls() {
-    UI_ON(lvLevels, ItemClick);
-    UI_ON(lvLevels, DblClick);
-    UI_ON(lvLevels, RowDragged);
-    UI_ON(txtLevel, KeyDown);
-    UI_ON(txtTitle, Change);
-    UI_ON(txtTitle, GotFocus);
-    UI_ON(txtTitle, LostFocus);
-    UI_ON(txtTitle, KeyDown);
-    UI_ON(txtFilename, Change);
-    UI_ON(txtFilename, GotFocus);
-    UI_ON(txtFilename, LostFocus);
-    UI_ON(txtFilename, KeyDown);
-    UI_ON(txtHelpID, Change);
-    UI_ON(txtHelpID, LostFocus);
-    UI_ON(txtHelpID, KeyDown);
-    UI_ON(txtHelpNum, Change);
-    UI_ON(txtHelpNum, LostFocus);
-    UI_ON(txtHelpNum, KeyDown);
-    for (ui::TextBox* box : {&txtLevel, &txtTitle, &txtFilename, &txtHelpID, &txtHelpNum}) {
-        box->SelectionChange.connect([this] { updateCommands(); });
-    }
-    clipboard_.Change.connect([this] { updateCommands(); });
-    FocusChange.connect([this] { updateCommands(); });
-    FilesDropped.connect([this](const std::vector<fs::path>& files) { files_Dropped(files); });
-}
-
-void frmMain::editField(TextView name, const ui::TextBox& box, Text Topic::*field) {
-    model::editField(project_, name, field, box.text());
-    updateCommands();
-}
-
-void frmMain::txtTitle_Change() {
-    editField("Edit Topic Title", txtTitle, &Topic::title);
-}
-
-void frmMain::txtFilename_Change() {
-    editField("Edit Topic Filename", txtFilename, &Topic::fileName);
-}
-
-void frmMain::txtHelpID_Change() {
-    editField("Edit HelpCont ID", txtHelpID, &Topic::contextId);
-}
-
-void frmMain::txtHelpNum_Change() {
-    editField("Edit HelpCont #", txtHelpNum, &Topic::contextNumber);
-}
-
-void frmMain::leaveField() {
-    model::completeFileName(project_);
-    project_.endTyping();
-    updateCommands();
-}
-
-/// The caret goes to a fixed place: the end of any usual text.
-void frmMain::txtTitle_GotFocus() {
-    txtTitle.select(99, 0);
-}
-
-void frmMain::txtFilename_GotFocus() {
-    txtFilename.select(99, 0);
-}
-
-void frmMain::txtTitle_KeyDown(ui::Key& key) {
-    if (key.code == ui::KeyCode::enter) {
-        key.handled = true;
-        mnuEditAdd_Click();
-        updateCommands();
-        return;
-    }
-    moveByKey(key);
-}
-
-void frmMain::moveByKey(ui::Key& key) {
-    if (key.plain() && (key.code == ui::KeyCode::up || key.code == ui::KeyCode::down)) {
-        key.handled = true;
-        showNeighbour(key.code == ui::KeyCode::up ? -1 : 1);
-    }
-}
-
-void frmMain::moveByKeyOrEnter(ui::Key& key) {
-    if (key.code == ui::KeyCode::enter) {
-        key.handled = true;
-        showNeighbour(1);
-    } else {
-        moveByKey(key);
-    }
-}
-
-void frmMain::showNeighbour(int step) {
-    const int position = project_.currentIndex() + step;
-    if (hasTopic() && position >= 1 && position <= project_.outline().count()) {
-        leaveField();
-        showTopic(position);
-    }
 }
 
 // ---- The list ----

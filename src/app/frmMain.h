@@ -48,8 +48,15 @@ public:
     ui::TextBox txtFilename{pnlFields};
     ui::TextBox txtHelpID{pnlFields};
     ui::TextBox txtHelpNum{pnlFields};
+    ui::Label lblLevel{pnlFields, "&Level", &txtLevel};
+    ui::Label lblTitle{pnlFields, "Topic &Title", &txtTitle};
+    ui::Label lblFilename{pnlFields, "Topic File&name", &txtFilename};
+    ui::Label lblHelpID{pnlFields, "HelpCont &ID", &txtHelpID};
+    ui::Label lblHelpNum{pnlFields, "HelpC&ont #", &txtHelpNum};
     ui::ListView lvLevels;
     ui::Label lblStatus{*this, ""};
+    ui::Toolbar tbTools{*this};
+    ui::Menu mnuList{*this}; ///< the list's context menu
 
     // The events of the controls.
     void lvLevels_ItemClick(int row) { showTopic(row); }
@@ -150,16 +157,9 @@ private:
     void showNeighbour(int step);
     model::Text outputName(const char* extension) const;
 
-    ui::Label lblLevel{pnlFields, "&Level", &txtLevel};
-    ui::Label lblTitle{pnlFields, "Topic &Title", &txtTitle};
-    ui::Label lblFilename{pnlFields, "Topic File&name", &txtFilename};
-    ui::Label lblHelpID{pnlFields, "HelpCont &ID", &txtHelpID};
-    ui::Label lblHelpNum{pnlFields, "HelpC&ont #", &txtHelpNum};
     ui::Clipboard clipboard_;
     std::vector<std::unique_ptr<ui::Command>> commands_; ///< one for each row that is a command
-    ui::Toolbar tbTools{*this};
-    ui::Menu mnuList{*this};
-    ui::Menu* mnuFile_ = nullptr; ///< holds the recent files
+    ui::Menu* mnuFile_ = nullptr;                        ///< holds the recent files
     std::unique_ptr<dlgReport> report_;
 };
 

@@ -54,6 +54,16 @@ public:
     ui::Button cmdCancel{*this, "Cancel"};
     ui::Button cmdApply{*this, "Apply"};
 
+    ui::Command nextTab{*this, {"nextTab", "", "", "", "", "Ctrl+Tab"}};
+    ui::Label lblProjectName{pnlGeneration, "Project Name:", &txtProjectName};
+    ui::Label lblCSS{pnlGeneration, "Cascading Style Sheet:", &txtCSS};
+    ui::Label lblBImage{pnlGeneration, "Background Image:", &txtBImage};
+    ui::Label lblTemplate{pnlGeneration, "Template Filename:", &txtTemplate};
+    ui::Label lblAdditional{pnlAdditional,
+                            "Any HTML code entered here will be displayed on the First (Overview) "
+                            "Help Topic only.  It will be positioned just before the copyright "
+                            "notice (if one is used)."};
+
     void chkCopyright_Click();
     void cmdOK_Click();
     void cmdCancel_Click() { close(); }
@@ -69,15 +79,6 @@ private:
     void readBack();
     void watch();
 
-    ui::Command nextTab{*this, {"nextTab", "", "", "", "", "Ctrl+Tab"}};
-    ui::Label lblProjectName{pnlGeneration, "Project Name:", &txtProjectName};
-    ui::Label lblCSS{pnlGeneration, "Cascading Style Sheet:", &txtCSS};
-    ui::Label lblBImage{pnlGeneration, "Background Image:", &txtBImage};
-    ui::Label lblTemplate{pnlGeneration, "Template Filename:", &txtTemplate};
-    ui::Label lblAdditional{pnlAdditional,
-                            "Any HTML code entered here will be displayed on the First (Overview) "
-                            "Help Topic only.  It will be positioned just before the copyright "
-                            "notice (if one is used)."};
     model::ProjectOptions options_;
     bool changed_ = false;
 };

@@ -21,7 +21,7 @@ struct FieldChange {
 
 /// A topic came or went; `absent` holds it while it is not in the outline.
 struct TopicChange {
-    int position;
+    int position = 0;
     std::optional<Topic> absent;
 };
 

@@ -233,6 +233,7 @@ void ListView::select(int row) {
 std::vector<int> ListView::columnWidths() const {
     std::vector<int> widths;
     const QHeaderView& header = *list().view->header();
+    widths.reserve(static_cast<std::size_t>(header.count()));
     for (int i = 0; i < header.count(); ++i) {
         widths.push_back(toTwips(header.sectionSize(i)));
     }

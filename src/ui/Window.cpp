@@ -220,8 +220,9 @@ void Window::closeAllBut(const Window& window) {
 }
 
 void Window::discard(std::unique_ptr<Window> window) {
-    QTimer::singleShot(
-        0, qApp, [kept = std::shared_ptr<Window>(std::move(window))]() mutable { kept.reset(); });
+    static std::vector<std::unique_ptr<Window>> discarded;
+    discarded.push_back(std::move(window));
+    QTimer::singleShot(0, qApp, [] { discarded.clear(); });
 }
 
 int Window::width() const {

@@ -60,16 +60,16 @@ protected:
 
 /// A document counts a line break as one character; the text of a box as two.
 struct AreaBox : TextBox::Native {
-    AreaBox(TextArea* shown, TextBox& box) : Native(shown, box), area(*shown) {
-        area.native = this;
-        area.setTabChangesFocus(true);
-        QObject::connect(&area, &QPlainTextEdit::textChanged, [this] {
+    AreaBox(TextArea* shown, TextBox& box) : Native(shown, box), area_(*shown) {
+        area_.native = this;
+        area_.setTabChangesFocus(true);
+        QObject::connect(&area_, &QPlainTextEdit::textChanged, [this] {
             if (!setting_) {
                 edited_ = true;
                 owner.Change.raise();
             }
         });
-        QObject::connect(&area, &QPlainTextEdit::selectionChanged,
+        QObject::connect(&area_, &QPlainTextEdit::selectionChanged,
                          [this] { owner.SelectionChange.raise(); });
     }
 
@@ -78,39 +78,39 @@ struct AreaBox : TextBox::Native {
             return original_;
         }
         // Not toPlainText(), which turns non-breaking spaces into blanks.
-        return withLineBreaks(area.document()->toRawText());
+        return withLineBreaks(area_.document()->toRawText());
     }
 
     void setText(TextView text) override {
         setting_ = true;
         original_ = text;
         edited_ = false;
-        area.setPlainText(toQt(text));
+        area_.setPlainText(toQt(text));
         setting_ = false;
     }
 
     Selection selection() const override {
-        const QTextCursor cursor = area.textCursor();
+        const QTextCursor cursor = area_.textCursor();
         const std::size_t start = offsetOf(cursor.selectionStart());
         return {start, offsetOf(cursor.selectionEnd()) - start};
     }
 
-    Text selectedText() const override { return withLineBreaks(area.textCursor().selectedText()); }
+    Text selectedText() const override { return withLineBreaks(area_.textCursor().selectedText()); }
 
     void select(std::size_t start, std::size_t length) override {
-        QTextCursor cursor = area.textCursor();
+        QTextCursor cursor = area_.textCursor();
         cursor.setPosition(positionOf(start));
         cursor.setPosition(positionOf(start + length), QTextCursor::KeepAnchor);
-        area.setTextCursor(cursor);
+        area_.setTextCursor(cursor);
     }
 
     void replaceSelection(const QString& text) override {
-        area.textCursor().insertText(text);
-        area.ensureCursorVisible();
+        area_.textCursor().insertText(text);
+        area_.ensureCursorVisible();
     }
 
-    void setReadOnly() override { area.setReadOnly(true); }
-    bool isReadOnly() const override { return area.isReadOnly(); }
+    void setReadOnly() override { area_.setReadOnly(true); }
+    bool isReadOnly() const override { return area_.isReadOnly(); }
 
 private:
     static Text withLineBreaks(QString raw) {
@@ -119,11 +119,11 @@ private:
 
     std::size_t offsetOf(int position) const {
         return static_cast<std::size_t>(position
-                                        + area.document()->findBlock(position).blockNumber());
+                                        + area_.document()->findBlock(position).blockNumber());
     }
 
     int positionOf(std::size_t offset) const {
-        const QTextDocument& document = *area.document();
+        const QTextDocument& document = *area_.document();
         const int wanted =
             static_cast<int>(std::min(offset, offsetOf(document.characterCount() - 1)));
         int first = 0;
@@ -143,7 +143,7 @@ private:
         return std::min(wanted - first, block.position() + block.length() - 1);
     }
 
-    TextArea& area;
+    TextArea& area_;
     Text original_;
     bool edited_ = false;
     bool setting_ = false;

@@ -62,41 +62,41 @@ public:
 };
 
 struct LineBox : TextBox::Native {
-    LineBox(LineEdit* shown, TextBox& box) : Native(shown, box), line(*shown) {
-        line.native = this;
-        line.setMaxLength(std::numeric_limits<int>::max());
-        QObject::connect(&line, &QLineEdit::textEdited,
+    LineBox(LineEdit* shown, TextBox& box) : Native(shown, box), line_(*shown) {
+        line_.native = this;
+        line_.setMaxLength(std::numeric_limits<int>::max());
+        QObject::connect(&line_, &QLineEdit::textEdited,
                          [this](const QString& now) { edited(now); });
-        QObject::connect(&line, &QLineEdit::selectionChanged,
+        QObject::connect(&line_, &QLineEdit::selectionChanged,
                          [this] { owner.SelectionChange.raise(); });
     }
 
-    Text text() const override { return edited_ ? fromQt(line.text()) : original_; }
+    Text text() const override { return edited_ ? fromQt(line_.text()) : original_; }
 
     void setText(TextView text) override {
         original_ = text;
         edited_ = false;
         shown_ = toQt(text);
-        line.setText(shown_);
-        line.setCursorPosition(0);
+        line_.setText(shown_);
+        line_.setCursorPosition(0);
     }
 
     Selection selection() const override {
-        const int start = line.hasSelectedText() ? line.selectionStart() : line.cursorPosition();
-        return {static_cast<std::size_t>(start), static_cast<std::size_t>(line.selectionLength())};
+        const int start = line_.hasSelectedText() ? line_.selectionStart() : line_.cursorPosition();
+        return {static_cast<std::size_t>(start), static_cast<std::size_t>(line_.selectionLength())};
     }
 
-    Text selectedText() const override { return fromQt(line.selectedText()); }
+    Text selectedText() const override { return fromQt(line_.selectedText()); }
 
     void select(std::size_t start, std::size_t length) override {
-        const auto size = static_cast<std::size_t>(line.text().size());
+        const auto size = static_cast<std::size_t>(line_.text().size());
         const std::size_t from = std::min(start, size);
-        line.setSelection(static_cast<int>(from), static_cast<int>(std::min(length, size - from)));
+        line_.setSelection(static_cast<int>(from), static_cast<int>(std::min(length, size - from)));
     }
 
-    void replaceSelection(const QString& text) override { line.insert(LineEdit::oneLine(text)); }
-    void setReadOnly() override { line.setReadOnly(true); }
-    bool isReadOnly() const override { return line.isReadOnly(); }
+    void replaceSelection(const QString& text) override { line_.insert(LineEdit::oneLine(text)); }
+    void setReadOnly() override { line_.setReadOnly(true); }
+    bool isReadOnly() const override { return line_.isReadOnly(); }
 
 private:
     /// Some ways in (a drop, the toolkit's own menu) bypass the key handler: what came in is looked
@@ -107,8 +107,8 @@ private:
         edited_ = true;
         const QString entered = now.mid(start, length);
         if (const QString admitted = admitLine(entered); admitted != entered) {
-            line.setSelection(static_cast<int>(start), static_cast<int>(length));
-            line.insert(admitted); // comes back here
+            line_.setSelection(static_cast<int>(start), static_cast<int>(length));
+            line_.insert(admitted); // comes back here
             return;
         }
         owner.Change.raise();
@@ -127,7 +127,7 @@ private:
         return {start, newEnd.base() - now.begin() - start};
     }
 
-    LineEdit& line;
+    LineEdit& line_;
     Text original_;
     QString shown_;
     bool edited_ = false;
