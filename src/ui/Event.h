@@ -9,6 +9,16 @@ namespace ui {
 /// toolkit.
 void reportException() noexcept;
 
+/// Calls what the toolkit has called for; an exception ends here.
+template <typename Function>
+void guarded(const Function& function) noexcept {
+    try {
+        function();
+    } catch (...) {
+        reportException();
+    }
+}
+
 /// Something that a person does to a control or window; what the program does raises no event. It
 /// has at most one handler.
 template <typename... Arguments>
@@ -16,17 +26,14 @@ class Event {
 public:
     void connect(std::function<void(Arguments...)> handler) { handler_ = std::move(handler); }
 
-    /// For this layer. An exception ends here.
+    /// For this layer.
     void raise(Arguments... arguments) const noexcept {
-        const auto handler = handler_; // it may be gone before it returns
-        if (!handler) {
-            return;
-        }
-        try {
-            handler(arguments...);
-        } catch (...) {
-            reportException();
-        }
+        guarded([&] {
+            const auto handler = handler_; // it may be gone before it returns
+            if (handler) {
+                handler(arguments...);
+            }
+        });
     }
 
 private:

@@ -44,6 +44,7 @@ void Toolbar::addDropDown(TextView toolTip, const std::vector<Entry>& entries, T
     auto* button = new QToolButton(native_->bar);
     auto* menu = new QMenu(button);
     auto* face = new QAction(button);
+    face->setToolTip(toQt(toolTip)); // the button follows its action
     const auto show = [face](const Entry& entry) {
         face->setIcon(imageNamed(entry.key));
         face->setData(toQt(entry.key));
@@ -61,7 +62,6 @@ void Toolbar::addDropDown(TextView toolTip, const std::vector<Entry>& entries, T
     QObject::connect(face, &QAction::triggered,
                      [this, face] { ButtonClick.raise(fromQt(face->data().toString())); });
     button->setDefaultAction(face);
-    button->setToolTip(toQt(toolTip));
     button->setMenu(menu);
     button->setPopupMode(QToolButton::MenuButtonPopup);
     native_->bar->addWidget(button);

@@ -36,7 +36,9 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override {
-        if (!owner_.mayClose()) {
+        bool mayClose = false;
+        guarded([&] { mayClose = owner_.mayClose(); });
+        if (!mayClose) {
             event->ignore();
             return;
         }
@@ -48,13 +50,13 @@ protected:
 
     void resizeEvent(QResizeEvent* event) override {
         Base::resizeEvent(event);
-        owner_.Resize();
+        guarded([this] { owner_.Resize(); });
     }
 
     bool event(QEvent* event) override {
         const bool handled = Base::event(event);
         if (event->type() == QEvent::LayoutRequest) { // a font or scale has changed
-            owner_.Resize();
+            guarded([this] { owner_.Resize(); });
         }
         return handled;
     }

@@ -279,6 +279,15 @@ bool pressButton(Window& window, const char* toolTip) {
     return true;
 }
 
+bool chooseFromButton(Window& window, const char* toolTip, const char* caption) {
+    const QToolButton* button = buttonOf(window, toolTip);
+    if (button == nullptr || button->menu() == nullptr) {
+        return false;
+    }
+    button->menu()->popup(button->mapToGlobal(button->rect().bottomLeft()));
+    return clickEntry(*button->menu(), caption);
+}
+
 std::string buttonPicture(Window& window, const char* toolTip) {
     const QToolButton* button = buttonOf(window, toolTip);
     if (button == nullptr) {

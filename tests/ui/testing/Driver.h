@@ -66,6 +66,9 @@ std::string contextMenuText(Window& window, const ListView& list);
 /// Presses a toolbar button, found by its tool tip; false when there is none or it is disabled.
 bool pressButton(Window& window, const char* toolTip);
 
+/// Chooses from the menu of a drop-down button.
+bool chooseFromButton(Window& window, const char* toolTip, const char* caption);
+
 /// The name of the picture on a toolbar button tells nothing; two buttons show the same picture
 /// when these are equal.
 std::string buttonPicture(Window& window, const char* toolTip);

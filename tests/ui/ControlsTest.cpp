@@ -1,0 +1,105 @@
+#include <gtest/gtest.h>
+
+#include "support/TestFiles.h"
+#include "ui/ImageCombo.h"
+#include "ui/Settings.h"
+#include "ui/Toolbar.h"
+#include "ui/testing/Driver.h"
+
+using namespace ui::testing;
+using ui::TextBox;
+
+namespace {
+
+class Controls : public ::testing::Test {
+protected:
+    ui::Window window{ui::Window::Kind::main, "window"};
+};
+
+} // namespace
+
+TEST_F(Controls, OffsetsInABoxOfManyLinesAreThoseOfItsText) {
+    TextBox box(window, TextBox::Lines::many);
+    const model::Text text = "ab\r\n\r\nc\xA0\xE4\r\n";
+    box.setText(text);
+    for (std::size_t start = 0; start <= text.size(); ++start) {
+        for (std::size_t length = 0; start + length <= text.size(); ++length) {
+            const bool insideBreak =
+                (start > 0 && text[start - 1] == '\r')
+                || (start + length > 0 && text[start + length - 1] == '\r');
+            if (insideBreak) {
+                continue;
+            }
+            box.select(start, length);
+            EXPECT_EQ(box.selection().start, start);
+            EXPECT_EQ(box.selection().length, length);
+            EXPECT_EQ(box.selectedText(), text.substr(start, length));
+        }
+    }
+    box.select(1000, 5);
+    EXPECT_EQ(box.selection().start, text.size());
+    int changes = 0;
+    box.Change.connect([&changes] { ++changes; });
+    box.select(4, 2);
+    box.replaceSelection("x\r\ny");
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(box.text(), "ab\r\nx\r\nyc\xA0\xE4\r\n");
+    box.setText("set");
+    EXPECT_EQ(changes, 1); // the program's own doing
+}
+
+TEST_F(Controls, ADropDownButtonKeepsTheLastChoice) {
+    ui::Toolbar bar(window);
+    bar.addDropDown("Insert", {{"First", "Cut"}, {"Second", "Copy"}}, "Copy");
+    std::string pressed;
+    bar.ButtonClick.connect([&pressed](const model::Text& key) { pressed += key + ' '; });
+    show(window);
+    EXPECT_TRUE(pressButton(window, "Insert"));
+    EXPECT_TRUE(chooseFromButton(window, "Insert", "First"));
+    EXPECT_TRUE(pressButton(window, "Insert"));
+    EXPECT_EQ(pressed, "Copy Cut Cut ");
+}
+
+TEST_F(Controls, AnImageComboKnowsItsKeys) {
+    ui::ImageCombo combo(window);
+    combo.add("Auto", "Automatic", "Help");
+    combo.add("New", "New topic", "New");
+    combo.select("New");
+    EXPECT_EQ(combo.selectedKey(), "New");
+    combo.select("unknown");
+    EXPECT_EQ(combo.selectedKey(), "");
+    int changes = 0;
+    combo.Change.connect([&changes] { ++changes; });
+    show(window);
+    combo.setFocus();
+    press("Down");
+    EXPECT_EQ(combo.selectedKey(), "Auto");
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(Controls, AnExceptionEndsWhereTheEventWasRaised) {
+    ScriptedPrompter prompter;
+    ui::Event<> event;
+    event.connect([] { throw std::runtime_error("no more room"); });
+    prompter.expect({"Something unexpected went wrong.\n\nno more room", "", ui::Buttons::ok,
+                     ui::QuestionIcon::critical});
+    event.raise();
+}
+
+TEST(Settings, AreKeptBySectionAndKey) {
+    const test::TemporaryFolder folder;
+    const std::filesystem::path path = folder / "\xC3\xA4 b\\c,d";
+    {
+        ui::Settings settings(folder / "settings.ini");
+        settings.set("Main", "Window State", "2");
+        settings.setNumber("Main", "Height", 5980);
+        settings.set("Edit", "Height", "tall");
+        settings.setPath("Open", "File Path", path);
+    }
+    const ui::Settings settings(folder / "settings.ini");
+    EXPECT_EQ(settings.get("Main", "Window State", "0"), "2");
+    EXPECT_EQ(settings.number("Main", "Height", 1), 5980);
+    EXPECT_EQ(settings.number("Edit", "Height", 5850), 5850);
+    EXPECT_EQ(settings.get("Main", "Missing", "fallback"), "fallback");
+    EXPECT_EQ(settings.path("Open", "File Path"), path);
+}
