@@ -24,9 +24,8 @@ TEST_F(Controls, OffsetsInABoxOfManyLinesAreThoseOfItsText) {
     box.setText(text);
     for (std::size_t start = 0; start <= text.size(); ++start) {
         for (std::size_t length = 0; start + length <= text.size(); ++length) {
-            const bool insideBreak =
-                (start > 0 && text[start - 1] == '\r')
-                || (start + length > 0 && text[start + length - 1] == '\r');
+            const bool insideBreak = (start > 0 && text[start - 1] == '\r')
+                                     || (start + length > 0 && text[start + length - 1] == '\r');
             if (insideBreak) {
                 continue;
             }
