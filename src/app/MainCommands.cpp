@@ -6,17 +6,13 @@ namespace app {
 
 namespace {
 
-using enum MainCommand::Kind;
+using enum ui::CommandKind;
 
-template <auto handler, auto... arguments>
-void run(frmMain& window) {
-    (window.*handler)(arguments...);
-}
+template <auto... handlerAndArguments>
+constexpr auto run = ui::runHandler<frmMain, handlerAndArguments...>;
 
 template <auto condition>
-bool when(const frmMain& window) {
-    return (window.*condition)();
-}
+constexpr auto when = ui::askCondition<frmMain, condition>;
 
 constexpr MainCommand commands[] = {
     {menu, "mnuFile", "&File"},

@@ -12,14 +12,12 @@ namespace app {
 namespace fs = std::filesystem;
 using model::Text;
 using model::TextView;
-using model::Topic;
 using ui::Prompter;
 
 frmMain::frmMain(ui::Settings& settings, fs::path programFolder)
     : Window(Kind::main, "frmMain"), settings_(settings), programFolder_(std::move(programFolder)),
       lvLevels(*this, OutlineRows::columns(), rows_) {
     arrange();
-    makeCommands();
     fillMenus();
     connectControls();
     restoreWindow();
@@ -161,117 +159,35 @@ bool frmMain::mayClose() {
     return true;
 }
 
-// ---- Commands, menus and toolbar ----
-
-void frmMain::makeCommands() {
-    const auto text = [](const char* part) { return part == nullptr ? Text() : Text(part); };
-    for (const MainCommand& row : mainCommands()) {
-        const bool inList = row.kind == MainCommand::Kind::listCommand;
-        if (row.kind != MainCommand::Kind::command && !inList) {
-            commands_.emplace_back();
-            continue;
-        }
-        auto command = std::make_unique<ui::Command>(
-            *this, ui::CommandLook{row.name, row.caption, text(row.key), text(row.toolTip),
-                                   text(row.image), text(row.shortcut)});
-        if (inList) {
-            command->limitShortcutTo(lvLevels);
-        }
-        command->Click.connect([this, &row] { runCommand(row); });
-        commands_.push_back(std::move(command));
-    }
-}
+// ---- Commands ----
 
 void frmMain::fillMenus() {
-    std::vector<ui::Menu*> path{&menuBar()};
-    std::size_t index = 0;
-    for (const MainCommand& row : mainCommands()) {
-        ui::Command* command = commands_[index++].get();
-        switch (row.kind) {
-        case MainCommand::Kind::menu:
-            path.push_back(&path.back()->addMenu(row.name, row.caption));
-            break;
-        case MainCommand::Kind::end:
-            path.pop_back();
-            break;
-        case MainCommand::Kind::separator:
-            path.back()->addSeparator(row.name);
-            break;
-        case MainCommand::Kind::command:
-        case MainCommand::Kind::listCommand:
-            if (path.size() > 1) {
-                path.back()->add(*command);
-            }
-            break;
-        }
-        if (TextView(row.caption == nullptr ? "" : row.caption) == "&File") {
-            mnuFile_ = path.back();
-        }
-    }
-    for (const char* key : toolbarKeys()) {
-        if (key == nullptr) {
-            tbTools.addSeparator();
-            continue;
-        }
-        for (const auto& command : commands_) {
-            if (command && command->look().key == key) {
-                tbTools.add(*command);
-            }
-        }
-    }
-    for (const char* name : listMenuCommands()) {
-        if (name == nullptr) {
-            mnuList.addSeparator("");
-        } else {
-            mnuList.add(*command(name));
-        }
-    }
+    commands_.fillMenuBar(menuBar());
+    commands_.fillToolbar(tbTools, toolbarKeys());
+    commands_.fillMenu(mnuList, listMenuCommands());
     lvLevels.setContextMenu(mnuList);
-}
-
-ui::Command* frmMain::command(TextView name) const {
-    for (const auto& command : commands_) {
-        if (command && command->look().name == name) {
-            return command.get();
-        }
-    }
-    return nullptr;
-}
-
-void frmMain::runCommand(const MainCommand& row) {
-    if (row.run != nullptr && (row.possible == nullptr || row.possible(*this))) {
-        updateStatus();
-        row.run(*this);
-    }
-    updateCommands();
+    commands_.BeforeRun.connect([this] { updateStatus(); });
+    commands_.AfterRun.connect([this] { updateCommands(); });
 }
 
 void frmMain::updateCommands() {
-    std::size_t index = 0;
-    for (const MainCommand& row : mainCommands()) {
-        if (const auto& command = commands_[index++]) {
-            command->setEnabled(row.run != nullptr
-                                && (row.possible == nullptr || row.possible(*this)));
-        }
-    }
+    commands_.update();
     const model::UndoHistory& history = project_.history();
-    command("mnuListUndo")->setCaption("&Undo " + Text(history.undoName()));
-    command("mnuListRedo")->setCaption("&Redo " + Text(history.redoName()));
+    commands_.find("mnuListUndo")->setCaption("&Undo " + Text(history.undoName()));
+    commands_.find("mnuListRedo")->setCaption("&Redo " + Text(history.redoName()));
 }
 
 void frmMain::updateRecentFiles() {
     int slot = 0;
-    for (const auto& command : commands_) {
-        if (command && command->look().name == "mnuFileMRU") {
-            const bool used = slot < files_.recentFiles().count();
-            command->setVisible(used);
-            if (used) {
-                command->setPlainCaption(files_.recentFiles().caption(slot));
-            }
-            ++slot;
+    for (ui::Command* command : commands_.all("mnuFileMRU")) {
+        const bool used = slot < files_.recentFiles().count();
+        command->setVisible(used);
+        if (used) {
+            command->setPlainCaption(files_.recentFiles().caption(slot));
         }
+        ++slot;
     }
-    mnuFile_->setVisible("mnuFileBar3", files_.recentFiles().count() > 0);
+    commands_.menu("mnuFile")->setVisible("mnuFileBar3", files_.recentFiles().count() > 0);
 }
 
 // ---- The project ----

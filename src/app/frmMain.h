@@ -116,9 +116,6 @@ public:
     /// Of the last generation run, as long as it is open; null otherwise.
     dlgReport* report() const { return report_.get(); }
 
-    /// Null for a name that there is not; the first of several with the same name.
-    ui::Command* command(model::TextView name) const;
-
     void Resize() override;
     bool mayClose() override;
 
@@ -134,12 +131,10 @@ private:
 
     void arrange();
     void connectControls();
-    void makeCommands();
     void fillMenus();
     void restoreWindow();
     void storeWindow();
 
-    void runCommand(const MainCommand& row);
     void updateCommands();
     void updateRecentFiles();
     void updateStatus();
@@ -158,8 +153,7 @@ private:
     model::Text outputName(const char* extension) const;
 
     ui::Clipboard clipboard_;
-    std::vector<std::unique_ptr<ui::Command>> commands_; ///< one for each row that is a command
-    ui::Menu* mnuFile_ = nullptr;                        ///< holds the recent files
+    ui::CommandSet commands_{*this, mainCommands(), &lvLevels};
     std::unique_ptr<dlgReport> report_;
 };
 

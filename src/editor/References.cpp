@@ -1,0 +1,118 @@
+#include "editor/References.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+#include "editor/MarkUp.h"
+
+namespace editor {
+
+using model::append;
+using model::lineBreak;
+
+namespace {
+
+/// Takes lines from the front of a text. They end with CR LF, LF or CR.
+class Lines {
+public:
+    explicit Lines(TextView text) : rest_(text) {}
+
+    bool atEnd() const { return rest_.empty(); }
+
+    /// Without its end; empty when there is none.
+    TextView next() {
+        const std::size_t end = std::min(rest_.find_first_of("\r\n"), rest_.size());
+        const TextView line = rest_.substr(0, end);
+        const std::size_t breakLength = rest_.substr(end).starts_with(lineBreak) ? 2 : 1;
+        rest_.remove_prefix(std::min(end + breakLength, rest_.size()));
+        return line;
+    }
+
+private:
+    TextView rest_;
+};
+
+Passage insertLink(Passage passage, TextView target, TextView linkText) {
+    Text link;
+    append(link, "<a href='", target, "'>", linkText, "</a>");
+    return insertBefore(std::move(passage), link, link.size());
+}
+
+} // namespace
+
+int leadingNumber(TextView typed) {
+    TextView digits = model::trim(typed);
+    if (digits.starts_with('+') && !digits.starts_with("+-")) {
+        digits.remove_prefix(1);
+    }
+    double number = 0; // stays so when there is no number; the locale does not matter
+    std::from_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
+    return static_cast<int>(std::nearbyint(std::clamp(number, -32768.0, 32767.0)));
+}
+
+Passage insertGraphic(Passage passage, TextView fileName, const GraphicOptions& options) {
+    Text tag;
+    append(tag, "<img src='..\\images\\", fileName, "' border=", std::to_string(options.border));
+    if (options.spacedVertically) {
+        append(tag, " vspace=", std::to_string(options.verticalSpacing));
+    }
+    if (options.spacedHorizontally) {
+        append(tag, " hspace=", std::to_string(options.horizontalSpacing));
+    }
+    if (options.aligned) {
+        append(tag, " align=", options.alignment);
+    }
+    if (!options.title.empty()) {
+        append(tag, " title='", options.title, "'");
+    }
+    tag += '>';
+    return insertBefore(std::move(passage), tag, tag.size());
+}
+
+Passage insertPageLink(Passage passage, TextView fileName, TextView linkText) {
+    Text target = "..\\html\\";
+    target += fileName;
+    return insertLink(std::move(passage), target, linkText);
+}
+
+Passage insertWebLink(Passage passage, TextView address, TextView linkText) {
+    return linkText.empty() ? passage : insertLink(std::move(passage), address, linkText);
+}
+
+Text headingOf(TextView page) {
+    constexpr TextView open = "<h1>";
+    constexpr TextView close = "</h1>";
+    Lines lines(page);
+    for (TextView line = lines.next(); !lines.atEnd(); line = lines.next()) {
+        line = model::trim(line);
+        if (line.starts_with(open)) {
+            const std::size_t tags = open.size() + close.size();
+            return Text(line.size() < tags ? TextView()
+                                           : line.substr(open.size(), line.size() - tags));
+        }
+    }
+    return {};
+}
+
+Passage insertFile(Passage passage, TextView file) {
+    Lines lines(file);
+    Text first(lines.next());
+    first += lineBreak;
+    Text rest;
+    while (!lines.atEnd()) {
+        append(rest, lines.next(), lineBreak);
+    }
+    const std::size_t caret = passage.start + first.size() + rest.size();
+    const bool inFront = passage.start == 1;
+    Text& text = passage.text;
+    if (inFront) {
+        text.insert(1, rest);
+        text.insert(0, first);
+    } else {
+        text.insert(passage.start, first + rest);
+    }
+    return {std::move(text), caret};
+}
+
+} // namespace editor

@@ -1,0 +1,110 @@
+#include "ui/CommandSet.h"
+
+#include "ui/Window.h"
+
+namespace ui {
+
+void CommandSet::add(Window& window, Entry entry, CommandLook look, Control* list) {
+    const bool inList = entry.kind == CommandKind::listCommand;
+    if (entry.kind == CommandKind::command || inList) {
+        entry.command = std::make_unique<Command>(window, std::move(look));
+        entry.command->Click.connect([this, index = entries_.size()] { run(index); });
+        if (inList && list != nullptr) {
+            entry.command->limitShortcutTo(*list);
+        }
+    } else {
+        entry.caption = std::move(look.caption);
+    }
+    entries_.push_back(std::move(entry));
+}
+
+void CommandSet::fillMenuBar(Menu& bar) {
+    std::vector<Menu*> path{&bar};
+    for (Entry& entry : entries_) {
+        switch (entry.kind) {
+        case CommandKind::menu:
+            entry.menu = &path.back()->addMenu(entry.name, entry.caption);
+            path.push_back(entry.menu);
+            break;
+        case CommandKind::end:
+            path.pop_back();
+            break;
+        case CommandKind::separator:
+            path.back()->addSeparator(entry.name);
+            break;
+        case CommandKind::command:
+        case CommandKind::listCommand:
+            if (path.size() > 1) {
+                path.back()->add(*entry.command);
+            }
+            break;
+        }
+    }
+}
+
+void CommandSet::fillToolbar(Toolbar& toolbar, std::span<const char* const> keys) {
+    for (const char* key : keys) {
+        if (key == nullptr) {
+            toolbar.addSeparator();
+            continue;
+        }
+        for (const Entry& entry : entries_) {
+            if (entry.command && entry.command->look().key == key) {
+                toolbar.add(*entry.command);
+            }
+        }
+    }
+}
+
+void CommandSet::fillMenu(Menu& menu, std::span<const char* const> names) {
+    for (const char* name : names) {
+        if (name == nullptr) {
+            menu.addSeparator("");
+        } else if (Command* command = find(name)) {
+            menu.add(*command);
+        }
+    }
+}
+
+std::vector<Command*> CommandSet::all(TextView name) const {
+    std::vector<Command*> found;
+    for (const Entry& entry : entries_) {
+        if (entry.command && entry.name == name) {
+            found.push_back(entry.command.get());
+        }
+    }
+    return found;
+}
+
+Command* CommandSet::find(TextView name) const {
+    const std::vector<Command*> found = all(name);
+    return found.empty() ? nullptr : found.front();
+}
+
+Menu* CommandSet::menu(TextView name) const {
+    for (const Entry& entry : entries_) {
+        if (entry.menu != nullptr && entry.name == name) {
+            return entry.menu;
+        }
+    }
+    return nullptr;
+}
+
+void CommandSet::run(std::size_t index) {
+    if (entries_[index].isPossible()) {
+        BeforeRun.raise();
+        entries_[index].run();
+    }
+    update();
+    AfterRun.raise();
+}
+
+void CommandSet::update() {
+    for (const Entry& entry : entries_) {
+        if (entry.command) {
+            entry.command->setEnabled(entry.isPossible());
+        }
+    }
+}
+
+} // namespace ui
