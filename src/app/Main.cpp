@@ -1,3 +1,6 @@
+#include <iostream>
+#include <string_view>
+
 #include "app/Version.h"
 #include "app/frmMain.h"
 #include "app/frmSplash.h"
@@ -15,17 +18,27 @@ std::filesystem::path trimmed(const std::filesystem::path& argument) {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    const std::string_view first = argc > 1 ? argv[1] : "";
+    if (first == "--help" || first == "--version") {
+        std::cout << "HTML Topicsmith " << app::version << "\n";
+        if (first == "--help") {
+            std::cout
+                << "\ntopicsmith [PROJECT.tsp]   opens the window, on a project if one is named\n"
+                   "See topicsmith-batch --help for work without a window.\n";
+        }
+        return 0;
+    }
     platform::turnSizeLimitIntoError();
     ui::Application application(argc, argv, "HTML Topicsmith", app::version);
     ui::Settings settings;
     app::frmMain window(settings, platform::programFolder());
+    window.show();
     const auto arguments = application.arguments();
     if (!arguments.empty()) {
         if (const auto path = trimmed(arguments.front()); !path.empty()) {
             window.openFile(path);
         }
     }
-    window.show();
     app::frmSplash splash(window);
     splash.startTimer();
     splash.show();

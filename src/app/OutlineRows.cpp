@@ -17,7 +17,7 @@ struct TopicColumn {
 };
 
 constexpr TopicColumn topicColumns[] = {
-    {"Level", 1050, &Topic::level},
+    {"Level", 1350, &Topic::level},
     {"Chg", 600, &Topic::status},
     {"Topic Title", 2850, &Topic::title},
     {"Topic Filename", 2250, &Topic::fileName},
@@ -83,7 +83,7 @@ Text OutlineRows::toolTip(int row, int column) const {
 int OutlineRows::indent(int row, int column) const {
     constexpr int indentPerLevel = 210;
     const bool isTitle = topicColumn(column).field == &Topic::title;
-    return isTitle ? (std::max(project_.outline().depth(row), 1) - 1) * indentPerLevel : 0;
+    return isTitle ? (std::max(project_.outline().depth(row), 1) - 1) * indentPerLevel : -1;
 }
 
 } // namespace app

@@ -11,6 +11,7 @@ public:
     /// The project is not owned.
     explicit OutlineRows(const model::Project& project) : project_(project) {}
 
+    static constexpr int titleColumn = 2;
     static std::vector<ui::Column> columns();
 
     int rowCount() const override { return project_.outline().count(); }

@@ -107,6 +107,11 @@ void ProjectFiles::load(const fs::path& path) {
         // The next save must not put the new project in the place of a file of another kind.
         project_.setProjectPath(Project::newFileName);
     }
+    if (outcome.stop == model::LoadStop::endInBody) {
+        notice_ = "The file was cut: it ends inside the text of its last topic";
+    } else if (outcome.stop == model::LoadStop::endInOptions) {
+        notice_ = "The file was cut: it ends before its first topic";
+    }
     if (const auto message = model::messageFor(outcome.stop)) {
         Prompter::current().tell(&window_, *message);
     }

@@ -34,6 +34,10 @@ public:
     /// Why reading or writing failed since the last call, if it did.
     std::error_code takeError() { return std::exchange(lastError_, {}); }
 
+    /// What else should be known of the file that was opened last; empty for nothing. There is no
+    /// message for it.
+    model::Text takeNotice() { return std::exchange(notice_, {}); }
+
     /// Where the author last opened or saved a project; empty at first.
     std::filesystem::path folder() const;
 
@@ -59,6 +63,7 @@ private:
     model::RecentFiles recentFiles_;
     std::filesystem::path pendingOpenPath_;
     std::error_code lastError_;
+    model::Text notice_;
 };
 
 } // namespace app

@@ -51,12 +51,13 @@ void frmMain::openFile(const fs::path& path) {
 void frmMain::arrange() {
     setMinimumSize(8850, 4680);
     txtLevel.setReadOnly();
-    txtLevel.setFixedWidth(1050);
+    txtLevel.setFixedWidth(1350);
     txtFilename.setForeignCharacters(ui::ForeignCharacters::refused);
     txtHelpID.setForeignCharacters(ui::ForeignCharacters::refused);
     txtHelpNum.setForeignCharacters(ui::ForeignCharacters::refused);
     txtHelpNum.acceptOnly("0123456789.");
     lvLevels.setAccessibleName("Topics");
+    lvLevels.setSearchColumn(OutlineRows::titleColumn);
 
     auto fields = ui::Layout::row();
     fields.withoutMargins().setSpacing(90);

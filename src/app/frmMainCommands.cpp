@@ -60,6 +60,9 @@ void frmMain::noticeFailure() {
     if (const std::error_code error = files_.takeError()) {
         Prompter::current().beep();
         notice("Not done: " + model::fromUtf8(error.message()));
+    } else if (const Text said = files_.takeNotice(); !said.empty()) {
+        Prompter::current().beep();
+        notice(said);
     }
 }
 
@@ -100,6 +103,7 @@ void frmMain::mnuFileGenerateHelp_Click() {
     const generate::GenerationReport report =
         generate::generateHelp(project_, {platform::fullPath(*file), programFolder_, save, show});
     report_->txtReport.setText(report.text);
+    report_->activate(); // a question for the project's name may have come before it
     updateStatus();
     if (!report.failures.empty()) {
         notice(failureNotice(report.failures));

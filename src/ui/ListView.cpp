@@ -1,7 +1,10 @@
 #include "ui/ListView.h"
 
+#include <QDrag>
 #include <QDropEvent>
 #include <QHeaderView>
+#include <QMimeData>
+#include <QPainter>
 #include <QStyledItemDelegate>
 #include <QTreeView>
 
@@ -20,16 +23,17 @@ public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        constexpr int roomBetweenRows = 5;
-        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, roomBetweenRows);
+        constexpr int roomBetweenRows = 7; // the same for all rows, however deep
+        return {QStyledItemDelegate::sizeHint(option, index).width(),
+                option.fontMetrics.height() + roomBetweenRows};
     }
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         QStyledItemDelegate::initStyleOption(option, index);
-        if (const int indent = index.data(ListModel::indentRole).toInt(); indent > 0) {
+        if (const int indent = index.data(ListModel::indentRole).toInt(); indent >= 0) {
             option->features |= QStyleOptionViewItem::HasDecoration;
-            option->decorationSize = QSize(indent, 1);
+            option->decorationSize = QSize(std::max(indent, 1), 1);
         }
     }
 };
@@ -56,6 +60,7 @@ public:
     }
 
     QMenu* menu = nullptr;
+    int searchColumn = 0;
 
 protected:
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
@@ -71,8 +76,10 @@ protected:
             event->accept();
         } else if (key.code == KeyCode::enter && currentIndex().isValid()) {
             owner_.DblClick.raise(currentIndex().row() + 1);
-        } else if (event->matches(QKeySequence::Copy)) {
-            event->ignore(); // the toolkit would copy a cell
+        } else if (event->matches(QKeySequence::Copy) || key.alt) {
+            event->ignore(); // the toolkit would copy a cell, or scroll sideways
+        } else if (event->key() == Qt::Key_F10 && key.shift) {
+            showMenuAtRow();
         } else {
             QTreeView::keyPressEvent(event);
         }
@@ -85,9 +92,24 @@ protected:
         if (event->reason() == QContextMenuEvent::Mouse) {
             menu->popup(event->globalPos());
         } else {
-            scrollTo(currentIndex());
-            menu->popup(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+            showMenuAtRow();
         }
+    }
+
+    void paintEvent(QPaintEvent* event) override {
+        QTreeView::paintEvent(event);
+        if (hasFocus()) {
+            QPainter painter(viewport());
+            painter.setPen(palette().color(QPalette::Highlight));
+            painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
+        }
+    }
+
+    /// Without the toolkit's picture of the row, which would hide where it is going to.
+    void startDrag(Qt::DropActions actions) override {
+        auto* drag = new QDrag(this);
+        drag->setMimeData(model_.mimeData({currentIndex()}));
+        drag->exec(actions);
     }
 
     void mouseDoubleClickEvent(QMouseEvent* event) override {
@@ -120,6 +142,13 @@ protected:
     }
 
 private:
+    void showMenuAtRow() {
+        if (menu != nullptr) {
+            scrollTo(currentIndex());
+            menu->popup(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+        }
+    }
+
     /// The row whose place the dragged one takes, dropped above or below the row under the mouse.
     int targetRow(int from, QPoint place) const {
         const QModelIndex under = indexAt(place);
@@ -222,9 +251,11 @@ int ListView::selected() const {
 void ListView::select(int row) {
     const WhileByProgram guard(list().byProgram);
     QTreeView& view = *list().view;
-    const QModelIndex index = list().model.index(row - 1, 0);
+    const QModelIndex index = list().model.index(row - 1, list().view->searchColumn);
+    view.setAutoScroll(false); // not sideways
     view.selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect
                                                       | QItemSelectionModel::Rows);
+    view.setAutoScroll(true);
     if (index.isValid()) {
         view.scrollTo(index.siblingAtColumn(view.header()->logicalIndexAt(0)));
     }
@@ -245,6 +276,10 @@ void ListView::setColumnWidths(const std::vector<int>& widths) {
     for (int i = 0; i < std::min(header.count(), static_cast<int>(widths.size())); ++i) {
         header.resizeSection(i, toPixels(widths[static_cast<std::size_t>(i)]));
     }
+}
+
+void ListView::setSearchColumn(int column) {
+    list().view->searchColumn = column;
 }
 
 void ListView::setContextMenu(Menu& menu) {

@@ -18,8 +18,8 @@ public:
     virtual Text cell(int row, int column) const = 0;
     virtual Text toolTip(int /*row*/, int /*column*/) const { return {}; }
 
-    /// How far a cell's text is moved in, in twips.
-    virtual int indent(int /*row*/, int /*column*/) const { return 0; }
+    /// How far a cell's text is moved in, in twips; -1 in columns without such.
+    virtual int indent(int /*row*/, int /*column*/) const { return -1; }
 };
 
 struct Column {
@@ -49,6 +49,9 @@ public:
     void setColumnWidths(const std::vector<int>& widths);
 
     void setContextMenu(Menu& menu);
+
+    /// Where typed letters are looked for; the first one otherwise.
+    void setSearchColumn(int column);
 
     Event<int> ItemClick; ///< a row was chosen, by mouse or key
     Event<int> DblClick;  ///< or Enter

@@ -114,6 +114,10 @@ void TextBox::Native::enter(const QString& entered) {
 bool TextBox::Native::keyDown(const QKeyEvent& event) {
     Key key = keyOf(event);
     owner.KeyDown.raise(key);
+    if (!key.handled && event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_Y) {
+        redo(); // not everywhere the toolkit's own key for it
+        key.handled = true;
+    }
     return key.handled;
 }
 
@@ -140,7 +144,8 @@ bool isTyping(const QKeyEvent& event) {
     // AltGr arrives as Control and Alt together.
     const bool order = (event.modifiers() & orders) != 0
                        && (event.modifiers() & orders) != (Qt::ControlModifier | Qt::AltModifier);
-    return !order && !event.text().isEmpty() && event.text().at(0).isPrint();
+    const QString text = event.text();
+    return !order && !text.isEmpty() && (text.at(0).isPrint() || text.at(0).isSurrogate());
 }
 
 } // namespace ui

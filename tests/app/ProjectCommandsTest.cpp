@@ -232,6 +232,16 @@ TEST_F(ProjectCommands, DamagedFilesAreNamed) {
     }
 }
 
+TEST_F(ProjectCommands, AFileCutInsideATextIsOpenedWithAWord) {
+    auto outline = titled({"x"});
+    outline.at(1).body = "a, b";
+    const std::string whole = model::formatProject(outline, {});
+    test::writeBytes(folder / "cut.tsp", whole.substr(0, whole.size() - 4));
+    open(folder / "cut.tsp");
+    EXPECT_EQ(titles(), "x:");
+    EXPECT_NE(window->lblStatus.caption().find("was cut"), std::string::npos);
+}
+
 TEST_F(ProjectCommands, GenerationRepairsReportsAndSaves) {
     prompter.expect({"No Help Topic Files Found - Nothing to Generate", "Generate Help Files",
                      Buttons::ok, QuestionIcon::none});

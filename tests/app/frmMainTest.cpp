@@ -118,6 +118,9 @@ TEST_F(frmMain, CharactersThatTheCodePageLacksBecomeReferencesOrAreRefused) {
     type("\xCE\xA9x"); // a capital omega
     EXPECT_EQ(topic(1).title, "a&#937;x");
     EXPECT_EQ(prompter.takeBeeps(), 0);
+    press("Ctrl+Z");
+    press("Ctrl+Y");
+    EXPECT_EQ(topic(1).title, "a&#937;x");
     enter(window->txtFilename);
     type("\xCE\xA9y");
     EXPECT_EQ(topic(1).fileName, "a.htmy");
@@ -134,6 +137,14 @@ TEST_F(frmMain, AFileNameIsMadeOnLeavingTheTitle) {
     EXPECT_EQ(topic(2).fileName, "Open a file.htm");
     EXPECT_EQ(window->txtFilename.text(), "Open a file.htm");
     EXPECT_EQ(caretOf(window->txtFilename), 15);
+    // A link would read a reference as its character.
+    press("Alt+T");
+    press("Return");
+    type("\xCE\xA9 x &#; y");
+    press("Return");
+    EXPECT_EQ(topic(3).title, "&#937; x &#; y");
+    EXPECT_EQ(topic(3).fileName, "x &#; y.htm");
+    clickRow(window->lvLevels, 2);
     // Typed by hand it stays.
     enter(window->txtTitle);
     type("2");

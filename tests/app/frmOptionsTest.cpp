@@ -55,7 +55,7 @@ TEST_F(frmOptions, EveryControlEditsItsOption) {
     click(dialog->txtAdditional);
     type("<p>");
     press("Return");
-    type("\xC2\xA0more"); // a non-breaking space stays one
+    type("\xC2\xA0more\xF0\x9F\x98\x80"); // a non-breaking space stays one
     clickTab(dialog->tbsOptions, 2);
     for (const ui::CheckBox& box : dialog->chkNavigation) {
         click(box);
@@ -74,7 +74,7 @@ TEST_F(frmOptions, EveryControlEditsItsOption) {
     expected.cssFile = "look.css";
     expected.backgroundImage = "back.jpg";
     expected.templateFile = "page.htm";
-    expected.additionalText = "<p>\r\n\xA0more";
+    expected.additionalText = "<p>\r\n\xA0more&#128512;";
     expected.showCopyright = true;
     expected.copyrightText = "me";
     expected.navigationButtons = {false, true, false, true, true, false};

@@ -109,6 +109,7 @@ struct AreaBox : TextBox::Native {
         area_.ensureCursorVisible();
     }
 
+    void redo() override { area_.redo(); }
     void setReadOnly() override { area_.setReadOnly(true); }
     bool isReadOnly() const override { return area_.isReadOnly(); }
 

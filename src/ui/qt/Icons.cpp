@@ -41,7 +41,7 @@ public:
         QSvgRenderer renderer(drawing);
         painter->save();
         if (mode == QIcon::Disabled) {
-            painter->setOpacity(0.4);
+            painter->setOpacity(0.5);
         }
         renderer.render(painter, rect);
         painter->restore();

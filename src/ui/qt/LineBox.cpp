@@ -95,7 +95,13 @@ struct LineBox : TextBox::Native {
     }
 
     void replaceSelection(const QString& text) override { line_.insert(LineEdit::oneLine(text)); }
-    void setReadOnly() override { line_.setReadOnly(true); }
+    void redo() override { line_.redo(); }
+    void setReadOnly() override {
+        line_.setReadOnly(true);
+        QPalette palette = line_.palette(); // as what cannot be typed into
+        palette.setBrush(QPalette::Base, palette.brush(QPalette::Window));
+        line_.setPalette(palette);
+    }
     bool isReadOnly() const override { return line_.isReadOnly(); }
 
 private:

@@ -61,10 +61,15 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
         return plainToolTip(source_.toolTip(row, index.column()));
     case indentRole:
-        return toPixels(source_.indent(row, index.column()));
+        return indentOf(row, index.column());
     default:
         return {};
     }
+}
+
+int ListModel::indentOf(int row, int column) const {
+    const int indent = source_.indent(row, column);
+    return indent < 0 ? indent : toPixels(indent);
 }
 
 QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -9,7 +9,7 @@ namespace ui {
 /// Hands the cells of a source to the toolkit.
 class ListModel : public QAbstractTableModel {
 public:
-    /// The index data role of a cell's indentation, in pixels.
+    /// The index data role of a cell's indentation, in pixels; -1 for none.
     static constexpr int indentRole = Qt::UserRole;
     static constexpr const char* rowFormat = "application/x-topicsmith-row";
 
@@ -33,6 +33,7 @@ public:
     int draggedRow(const QMimeData& data) const;
 
 private:
+    int indentOf(int row, int column) const;
     QByteArray listMark() const;
 
     std::vector<Column> columns_;

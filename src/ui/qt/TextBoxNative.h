@@ -18,6 +18,7 @@ struct TextBox::Native : NativeWidget {
     virtual Text selectedText() const = 0;
     virtual void select(std::size_t start, std::size_t length) = 0;
     virtual void replaceSelection(const QString& text) = 0;
+    virtual void redo() = 0;
     virtual void setReadOnly() = 0;
     virtual bool isReadOnly() const = 0;
 
