@@ -89,6 +89,8 @@ constexpr MainCommand commands[] = {
     {end},
 
     // Not in the menu bar.
+    {listCommand, "mnuListEdit", "&Edit Topic Text...", nullptr, nullptr, nullptr, nullptr,
+     run<&frmMain::mnuListEdit_Click>, when<&frmMain::hasTopic>},
     {listCommand, "mnuListUndo", "&Undo", nullptr, nullptr, "Undo", "Ctrl+Z",
      run<&frmMain::mnuListUndo_Click>, when<&frmMain::canUndo>},
     {listCommand, "mnuListRedo", "&Redo", nullptr, nullptr, "Redo", "Ctrl+Y; Ctrl+Shift+Z",
@@ -102,8 +104,8 @@ constexpr const char* keys[] = {
 };
 
 constexpr const char* listMenu[] = {
-    "mnuListUndo", "mnuListRedo",    nullptr,         "mnuEditAdd", "mnuEditDelete",
-    nullptr,       "mnuEditPromote", "mnuEditDemote", "mnuEditUp",  "mnuEditDown",
+    "mnuListEdit",   nullptr, "mnuListUndo",    "mnuListRedo",   nullptr,     "mnuEditAdd",
+    "mnuEditDelete", nullptr, "mnuEditPromote", "mnuEditDemote", "mnuEditUp", "mnuEditDown",
 };
 
 } // namespace

@@ -150,6 +150,10 @@ void frmMain::storeWindow() {
 
 bool frmMain::mayClose() {
     leaveField();
+    // The editor first: what is saved there is a change of the project.
+    if (!closeEditor()) {
+        return false;
+    }
     if (!files_.offerSave()) {
         noticeFailure();
         return false;
@@ -257,18 +261,39 @@ void frmMain::notice(const Text& text) {
 
 // ---- The list ----
 
-void frmMain::showTopic(int position) {
+bool frmMain::showTopic(int position) {
+    if (position != project_.currentIndex() && !closeEditor()) {
+        selectCurrent();
+        return false;
+    }
     project_.endTyping();
     project_.setCurrentIndex(position);
+    return true;
 }
 
 void frmMain::openTopicEditor(int position) {
-    showTopic(position);
+    if (!showTopic(position)) {
+        return;
+    }
+    if (editor_ == nullptr || !editor_->isVisible()) {
+        editor_ = std::make_unique<editor::frmEditBody>(*this, project_, settings_, editorMemory_);
+        editor_->Closed.connect([this] { discard(std::move(editor_)); });
+        editor_->setCaption("Edit Topic - " + project_.outline().at(position).title);
+        editor_->show();
+    }
+    editor_->activate();
+}
+
+/// The editor belongs to the current topic; whoever leaves that asks here first. False when the
+/// author wants to go on editing.
+bool frmMain::closeEditor() {
+    return editor_ == nullptr || !editor_->isVisible() || editor_->close();
 }
 
 void frmMain::lvLevels_RowDragged(int from, int to) {
-    showTopic(from);
-    model::moveTopicTo(project_, to);
+    if (showTopic(from)) {
+        model::moveTopicTo(project_, to);
+    }
     updateCommands();
 }
 

@@ -7,6 +7,7 @@
 #include "app/OutlineRows.h"
 #include "app/ProjectFiles.h"
 #include "app/dlgReport.h"
+#include "editor/frmEditBody.h"
 #include "ui/Clipboard.h"
 #include "ui/ListView.h"
 #include "ui/Panel.h"
@@ -37,8 +38,12 @@ public:
     /// Opens a project without asking for its name.
     void openFile(const std::filesystem::path& path);
 
-    /// Makes a topic current, as by a click on its row.
-    void showTopic(int position);
+    /// Makes a topic current, as by a click on its row. False when the author does not want to
+    /// leave the one that is being edited.
+    bool showTopic(int position);
+
+    /// Opens the editor for a topic's text.
+    void openTopicEditor(int position);
 
     void enableTopicFields(bool enabled);
 
@@ -98,6 +103,7 @@ public:
     void mnuEditUp_Click();
     void mnuEditDown_Click();
     void mnuHelpAbout_Click();
+    void mnuListEdit_Click() { openTopicEditor(project_.currentIndex()); }
     void mnuListUndo_Click();
     void mnuListRedo_Click();
 
@@ -112,6 +118,9 @@ public:
     bool canMoveDown() const;
     bool canUndo() const { return project_.history().canUndo(); }
     bool canRedo() const { return project_.history().canRedo(); }
+
+    /// Null when no topic is being edited.
+    editor::frmEditBody* editor() const { return editor_.get(); }
 
     /// Of the last generation run, as long as it is open; null otherwise.
     dlgReport* report() const { return report_.get(); }
@@ -144,7 +153,7 @@ private:
     void showCurrent();
     void selectCurrent();
     void fillFields(bool always);
-    void openTopicEditor(int position);
+    bool closeEditor();
     void editField(model::TextView name, const ui::TextBox& box, model::Text model::Topic::*field);
     void leaveField();
     void moveByKey(ui::Key& key);
@@ -154,6 +163,8 @@ private:
 
     ui::Clipboard clipboard_;
     ui::CommandSet commands_{*this, mainCommands(), &lvLevels};
+    editor::EditorMemory editorMemory_;
+    std::unique_ptr<editor::frmEditBody> editor_;
     std::unique_ptr<dlgReport> report_;
 };
 

@@ -32,14 +32,18 @@ Text failureNotice(const generate::FileFailures& failures) {
 
 void frmMain::mnuFileNew_Click() {
     leaveField();
-    files_.newProject();
-    noticeFailure();
+    if (closeEditor()) {
+        files_.newProject();
+        noticeFailure();
+    }
 }
 
 void frmMain::mnuFileOpen_Click() {
     leaveField();
-    files_.openProject();
-    noticeFailure();
+    if (closeEditor()) {
+        files_.openProject();
+        noticeFailure();
+    }
 }
 
 void frmMain::mnuFileSave_Click(int index) {
@@ -50,8 +54,10 @@ void frmMain::mnuFileSave_Click(int index) {
 
 void frmMain::mnuFileMRU_Click(int index) {
     leaveField();
-    files_.openRecentFile(index);
-    noticeFailure();
+    if (closeEditor()) {
+        files_.openRecentFile(index);
+        noticeFailure();
+    }
 }
 
 /// There is no message for it, but an author should not be left in the dark.
@@ -139,6 +145,9 @@ void frmMain::mnuFileGenerateDoc_Click() {
 void frmMain::mnuFileProperties_Click() {
     frmOptions options(*this, project_.options());
     options.Apply.connect([this](const model::ProjectOptions& edited) {
+        if (edited.templateFile != project_.options().templateFile) {
+            editorMemory_.templates.clear();
+        }
         project_.setOptions(edited);
         project_.markChanged(model::projectChanged);
     });
@@ -176,6 +185,9 @@ void frmMain::mnuEditPaste_Click() {
 
 void frmMain::mnuEditAdd_Click() {
     leaveField();
+    if (!closeEditor()) {
+        return;
+    }
     if (!model::addTopic(project_)) {
         Prompter::current().ask(
             this,
@@ -190,7 +202,7 @@ void frmMain::mnuEditDelete_Click() {
     const ui::Answer answer = Prompter::current().ask(
         this, {"Delete the Topic '" + (title.empty() ? "<No Title>" : title) + "'?", "Delete Topic",
                ui::Buttons::yesNo, ui::QuestionIcon::question});
-    if (answer == ui::Answer::yes) {
+    if (answer == ui::Answer::yes && closeEditor()) {
         model::deleteTopic(project_);
     }
 }
@@ -233,11 +245,15 @@ void frmMain::mnuHelpAbout_Click() {
 }
 
 void frmMain::mnuListUndo_Click() {
-    project_.undo();
+    if (closeEditor()) {
+        project_.undo();
+    }
 }
 
 void frmMain::mnuListRedo_Click() {
-    project_.redo();
+    if (closeEditor()) {
+        project_.redo();
+    }
 }
 
 } // namespace app

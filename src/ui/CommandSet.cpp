@@ -6,7 +6,7 @@ namespace ui {
 
 void CommandSet::add(Window& window, Entry entry, CommandLook look, Control* list) {
     const bool inList = entry.kind == CommandKind::listCommand;
-    if (entry.kind == CommandKind::command || inList) {
+    if (inList || entry.kind == CommandKind::command || entry.kind == CommandKind::barCommand) {
         entry.command = std::make_unique<Command>(window, std::move(look));
         entry.command->Click.connect([this, index = entries_.size()] { run(index); });
         if (inList && list != nullptr) {
@@ -31,6 +31,9 @@ void CommandSet::fillMenuBar(Menu& bar) {
             break;
         case CommandKind::separator:
             path.back()->addSeparator(entry.name);
+            break;
+        case CommandKind::barCommand:
+            bar.add(*entry.command);
             break;
         case CommandKind::command:
         case CommandKind::listCommand:

@@ -16,6 +16,7 @@ enum class CommandKind {
     end,        ///< of a menu
     separator,  //
     command,    //
+    barCommand, ///< one that stands in the menu bar itself
     listCommand ///< a command whose shortcut counts in one control only
 };
 

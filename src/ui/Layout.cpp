@@ -60,6 +60,11 @@ Layout& Layout::addField(Control& label, Control& control) {
     return *this;
 }
 
+Layout& Layout::addField(Control& label, Layout controls) {
+    native_->form->addRow(label.native().widget, controls.native_->release());
+    return *this;
+}
+
 Layout& Layout::addStretch() {
     native_->box->addStretch(1);
     return *this;

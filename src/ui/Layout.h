@@ -21,6 +21,7 @@ public:
     Layout& add(Control& control, int stretch = 0);
     Layout& add(Layout inner, int stretch = 0);
     Layout& addField(Control& label, Control& control);
+    Layout& addField(Control& label, Layout controls);
     Layout& addStretch();
     Layout& addSpace(int twips);
 

@@ -64,6 +64,18 @@ void TextBox::paste() {
     box().enter(QGuiApplication::clipboard()->text());
 }
 
+Text TextBox::countedText() const {
+    return box().countedText();
+}
+
+void TextBox::edit(TextView text, std::size_t caret) {
+    box().edit(toQt(text), caret);
+}
+
+void TextBox::setForHtml() {
+    box().setForHtml();
+}
+
 void TextBox::setReadOnly() {
     box().setReadOnly();
 }
@@ -137,6 +149,16 @@ void TextBox::Native::focusOut(const QFocusEvent& event) {
     if (!isBorrowed(event)) {
         owner.LostFocus.raise();
     }
+}
+
+Difference differenceOf(QStringView before, QStringView after) {
+    const auto [beforeStart, afterStart] =
+        std::mismatch(before.begin(), before.end(), after.begin(), after.end());
+    const auto [beforeEnd, afterEnd] =
+        std::mismatch(before.rbegin(), std::make_reverse_iterator(beforeStart), after.rbegin(),
+                      std::make_reverse_iterator(afterStart));
+    return {beforeStart - before.begin(), beforeEnd.base() - beforeStart,
+            afterEnd.base() - afterStart};
 }
 
 bool isTyping(const QKeyEvent& event) {

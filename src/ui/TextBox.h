@@ -40,8 +40,20 @@ public:
     /// As if typed: raises Change and can be undone.
     void replaceSelection(TextView text);
 
+    /// The text as selection() counts it: with CR LF at the end of every line, whatever the text
+    /// was that was set.
+    Text countedText() const;
+
+    /// Makes the text another one, by the smallest edit and as one step that can be undone. Raises
+    /// Change if it is another. `caret` counts in the new text.
+    void edit(TextView text, std::size_t caret);
+
     /// Replaces the selection with the clipboard's text, in the same way.
     void paste();
+
+    /// For a box of many lines that holds HTML: a font of fixed width, coloured mark-up, and the
+    /// Tab key enters a tab.
+    void setForHtml();
 
     void setReadOnly();
     bool isReadOnly() const;

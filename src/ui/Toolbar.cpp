@@ -12,16 +12,23 @@
 
 namespace ui {
 
-struct Toolbar::Native {
-    QPointer<QToolBar> bar;
+struct Toolbar::DropDown {
+    Text name;
+    Text key;
+    QPointer<QAction> face; ///< what the button shows
 };
 
-Toolbar::Toolbar(Window& window) : native_(std::make_unique<Native>()) {
+struct Toolbar::Native {
+    QPointer<QToolBar> bar;
+    std::vector<DropDown> dropDowns;
+};
+
+Toolbar::Toolbar(Window& window, Size size) : native_(std::make_unique<Native>()) {
     auto* main = qobject_cast<QMainWindow*>(window.native().widget.data());
     native_->bar = new QToolBar(main);
     native_->bar->setMovable(false);
     native_->bar->setFloatable(false);
-    native_->bar->setIconSize({20, 20});
+    native_->bar->setIconSize(size == Size::small ? QSize(16, 16) : QSize(20, 20));
     native_->bar->setContextMenuPolicy(Qt::PreventContextMenu);
     native_->bar->toggleViewAction()->setVisible(false);
     main->addToolBar(native_->bar);
@@ -40,31 +47,44 @@ void Toolbar::addSeparator() {
     native_->bar->addSeparator();
 }
 
-void Toolbar::addDropDown(TextView toolTip, const std::vector<Entry>& entries, TextView shown) {
+void Toolbar::addDropDown(TextView name, TextView toolTip, const std::vector<Entry>& entries) {
     auto* button = new QToolButton(native_->bar);
     auto* menu = new QMenu(button);
     auto* face = new QAction(button);
     face->setToolTip(toQt(toolTip)); // the button follows its action
-    const auto show = [face](const Entry& entry) {
-        face->setIcon(imageNamed(entry.key));
-        face->setData(toQt(entry.key));
-    };
     for (const Entry& entry : entries) {
-        QAction* choice = menu->addAction(imageNamed(entry.key), toQt(entry.caption));
-        QObject::connect(choice, &QAction::triggered, [this, show, entry] {
-            show(entry);
-            ButtonClick.raise(entry.key);
-        });
-        if (entry.key == shown) {
-            show(entry);
-        }
+        QAction* choice = menu->addAction(imageNamed(entry.image), toQt(entry.caption));
+        QObject::connect(choice, &QAction::triggered,
+                         [this, key = entry.key] { ButtonMenuClick.raise(key); });
     }
     QObject::connect(face, &QAction::triggered,
-                     [this, face] { ButtonClick.raise(fromQt(face->data().toString())); });
+                     [this, held = Text(name)] { ButtonClick.raise(dropDownKey(held)); });
     button->setDefaultAction(face);
     button->setMenu(menu);
     button->setPopupMode(QToolButton::MenuButtonPopup);
     native_->bar->addWidget(button);
+    native_->dropDowns.push_back({Text(name), {}, face});
+}
+
+Toolbar::DropDown* Toolbar::dropDown(TextView name) const {
+    for (DropDown& known : native_->dropDowns) {
+        if (known.name == name) {
+            return &known;
+        }
+    }
+    return nullptr;
+}
+
+void Toolbar::setDropDown(TextView name, TextView key, TextView image) {
+    if (DropDown* known = dropDown(name)) {
+        known->key = key;
+        known->face->setIcon(imageNamed(image));
+    }
+}
+
+Text Toolbar::dropDownKey(TextView name) const {
+    const DropDown* known = dropDown(name);
+    return known == nullptr ? Text() : known->key;
 }
 
 void Toolbar::setImage(TextView key, TextView image) {

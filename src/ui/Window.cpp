@@ -212,6 +212,14 @@ bool Window::isOpen(TextView name) {
     });
 }
 
+Window* Window::modal() {
+    const auto& windows = allWindows();
+    const auto found = std::find_if(windows.begin(), windows.end(), [](const Window* window) {
+        return window->native_->widget == QApplication::activeModalWidget();
+    });
+    return found == windows.end() ? nullptr : *found;
+}
+
 void Window::closeAllBut(const Window& window) {
     const std::vector<Window*> windows = allWindows();
     for (Window* other : windows) {
@@ -241,6 +249,26 @@ void Window::setSize(int width, int height) {
 
 void Window::setMinimumSize(int width, int height) {
     native_->widget->setMinimumSize(toPixels(width), toPixels(height));
+}
+
+int Window::left() const {
+    return toTwips(native_->widget->x());
+}
+
+int Window::top() const {
+    return toTwips(native_->widget->y());
+}
+
+void Window::setPosition(int left, int top) {
+    native_->widget->move(toPixels(left), toPixels(top));
+}
+
+int Window::screenWidth() {
+    return toTwips(QGuiApplication::primaryScreen()->availableGeometry().width());
+}
+
+int Window::screenHeight() {
+    return toTwips(QGuiApplication::primaryScreen()->availableGeometry().height());
 }
 
 int Window::contentTop() const {

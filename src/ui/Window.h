@@ -41,6 +41,9 @@ public:
     bool isVisible() const;
 
     static bool isOpen(TextView name);
+
+    /// The one that is shown above all others until it is closed; null for none.
+    static Window* modal();
     static void closeAllBut(const Window& window);
 
     /// Lets go of a window at the next quiet moment, so that its own handlers may order it.
@@ -51,6 +54,13 @@ public:
     int height() const;
     void setSize(int width, int height);
     void setMinimumSize(int width, int height);
+
+    // In twips, of the frame on the screen.
+    int left() const;
+    int top() const;
+    void setPosition(int left, int top);
+    static int screenWidth();
+    static int screenHeight();
 
     /// How far the menu bar and the toolbar reach down.
     int contentTop() const;

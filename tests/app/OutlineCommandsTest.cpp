@@ -181,8 +181,8 @@ TEST_F(OutlineCommands, TypingIsTakenBackFieldByField) {
     enter(window->txtHelpID);
     type("ID");
     clickRow(window->lvLevels, 2);
-    EXPECT_EQ(contextMenuText(*window, window->lvLevels).substr(0, 45),
-              "&Undo Edit HelpCont ID\tCtrl+Z\n(&Redo \tCtrl+Y)");
+    EXPECT_EQ(contextMenuText(*window, window->lvLevels).substr(0, 68),
+              "&Edit Topic Text...\n-\n&Undo Edit HelpCont ID\tCtrl+Z\n(&Redo \tCtrl+Y)\n");
     undo();
     EXPECT_EQ(topic(1).contextId, "");
     EXPECT_EQ(current(), "axy");

@@ -47,16 +47,39 @@ TEST_F(Controls, OffsetsInABoxOfManyLinesAreThoseOfItsText) {
     EXPECT_EQ(changes, 1); // the program's own doing
 }
 
+TEST_F(Controls, AnEditOfTheProgramIsOneStepToTakeBack) {
+    for (const TextBox::Lines lines : {TextBox::Lines::one, TextBox::Lines::many}) {
+        TextBox box(window, lines);
+        const model::Text lineBreak = lines == TextBox::Lines::many ? "\r\n" : "";
+        box.setText("ab" + lineBreak + "c");
+        int changes = 0;
+        box.Change.connect([&changes] { ++changes; });
+        box.edit("ab<b>" + lineBreak + "</b>c", 5);
+        EXPECT_EQ(box.selection().start, 5U);
+        box.edit(box.countedText(), 0); // no other text
+        EXPECT_EQ(changes, 1);
+        show(window);
+        box.setVisible(true);
+        box.setFocus();
+        press("Ctrl+Z");
+        EXPECT_EQ(box.text(), "ab" + lineBreak + "c");
+        press("Ctrl+Y");
+        EXPECT_EQ(box.text(), "ab<b>" + lineBreak + "</b>c");
+    }
+}
+
 TEST_F(Controls, ADropDownButtonKeepsTheLastChoice) {
     ui::Toolbar bar(window);
-    bar.addDropDown("Insert", {{"First", "Cut"}, {"Second", "Copy"}}, "Copy");
+    bar.addDropDown("edit", "Insert", {{"First", "One", "Cut"}, {"Second", "Two", "Copy"}});
+    bar.setDropDown("edit", "Two", "Copy");
     std::string pressed;
     bar.ButtonClick.connect([&pressed](const model::Text& key) { pressed += key + ' '; });
+    bar.ButtonMenuClick.connect([&](const model::Text& key) { bar.setDropDown("edit", key, ""); });
     show(window);
     EXPECT_TRUE(pressButton(window, "Insert"));
     EXPECT_TRUE(chooseFromButton(window, "Insert", "First"));
     EXPECT_TRUE(pressButton(window, "Insert"));
-    EXPECT_EQ(pressed, "Copy Cut Cut ");
+    EXPECT_EQ(pressed, "Two One ");
 }
 
 TEST_F(Controls, AnImageComboKnowsItsKeys) {

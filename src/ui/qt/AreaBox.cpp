@@ -1,9 +1,11 @@
 #include <algorithm>
 
+#include <QFontDatabase>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTextBlock>
 
+#include "ui/qt/HtmlColours.h"
 #include "ui/qt/TextBoxNative.h"
 
 namespace ui {
@@ -107,6 +109,31 @@ struct AreaBox : TextBox::Native {
     void replaceSelection(const QString& text) override {
         area_.textCursor().insertText(text);
         area_.ensureCursorVisible();
+    }
+
+    Text countedText() const override { return withLineBreaks(area_.document()->toRawText()); }
+
+    void edit(const QString& text, std::size_t caret) override {
+        QString after = text;
+        after.replace(QStringLiteral("\r\n"), QString(QChar::ParagraphSeparator));
+        const Difference change = differenceOf(area_.document()->toRawText(), after);
+        QTextCursor cursor = area_.textCursor();
+        if (change.removed > 0 || change.inserted > 0) {
+            cursor.setPosition(static_cast<int>(change.start));
+            cursor.setPosition(static_cast<int>(change.start + change.removed),
+                               QTextCursor::KeepAnchor);
+            cursor.insertText(after.mid(change.start, change.inserted));
+        }
+        cursor.setPosition(positionOf(caret));
+        area_.setTextCursor(cursor);
+        area_.ensureCursorVisible();
+    }
+
+    void setForHtml() override {
+        area_.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+        area_.setTabChangesFocus(false);
+        area_.setTabStopDistance(4 * area_.fontMetrics().horizontalAdvance(' '));
+        new HtmlColours(area_.document()); // belongs to the document
     }
 
     void redo() override { area_.redo(); }

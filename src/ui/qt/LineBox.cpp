@@ -95,6 +95,17 @@ struct LineBox : TextBox::Native {
     }
 
     void replaceSelection(const QString& text) override { line_.insert(LineEdit::oneLine(text)); }
+    Text countedText() const override { return fromQt(line_.text()); }
+
+    void edit(const QString& text, std::size_t caret) override {
+        const Difference change = differenceOf(line_.text(), text);
+        if (change.removed > 0 || change.inserted > 0) {
+            line_.setSelection(static_cast<int>(change.start), static_cast<int>(change.removed));
+            line_.insert(text.mid(change.start, change.inserted));
+        }
+        select(caret, 0);
+    }
+
     void redo() override { line_.redo(); }
     void setReadOnly() override {
         line_.setReadOnly(true);
@@ -108,12 +119,12 @@ private:
     /// Some ways in (a drop, the toolkit's own menu) bypass the key handler: what came in is looked
     /// at once more.
     void edited(const QString& now) {
-        const auto [start, length] = changedPart(now);
+        const Difference entry = differenceOf(shown_, now);
         shown_ = now;
         edited_ = true;
-        const QString entered = now.mid(start, length);
+        const QString entered = now.mid(entry.start, entry.inserted);
         if (const QString admitted = admitLine(entered); admitted != entered) {
-            line_.setSelection(static_cast<int>(start), static_cast<int>(length));
+            line_.setSelection(static_cast<int>(entry.start), static_cast<int>(entry.inserted));
             line_.insert(admitted); // comes back here
             return;
         }
@@ -121,17 +132,6 @@ private:
     }
 
     QString admitLine(const QString& entered) const { return admit(LineEdit::oneLine(entered)); }
-
-    /// Where `now` differs from what was shown before.
-    std::pair<qsizetype, qsizetype> changedPart(const QString& now) const {
-        const auto [oldStart, newStart] =
-            std::mismatch(shown_.begin(), shown_.end(), now.begin(), now.end());
-        const auto [oldEnd, newEnd] =
-            std::mismatch(shown_.rbegin(), std::make_reverse_iterator(oldStart), now.rbegin(),
-                          std::make_reverse_iterator(newStart));
-        const qsizetype start = newStart - now.begin();
-        return {start, newEnd.base() - now.begin() - start};
-    }
 
     LineEdit& line_;
     Text original_;

@@ -18,6 +18,9 @@ struct TextBox::Native : NativeWidget {
     virtual Text selectedText() const = 0;
     virtual void select(std::size_t start, std::size_t length) = 0;
     virtual void replaceSelection(const QString& text) = 0;
+    virtual Text countedText() const = 0;
+    virtual void edit(const QString& text, std::size_t caret) = 0;
+    virtual void setForHtml() {}
     virtual void redo() = 0;
     virtual void setReadOnly() = 0;
     virtual bool isReadOnly() const = 0;
@@ -47,6 +50,15 @@ struct TextBox::Native : NativeWidget {
 
 std::unique_ptr<NativeWidget> makeLineBox(TextBox& box, QWidget* parent);
 std::unique_ptr<NativeWidget> makeAreaBox(TextBox& box, QWidget* parent);
+
+/// The part of one text that another one has instead: from `start`, `removed` characters are
+/// `inserted` others.
+struct Difference {
+    qsizetype start;
+    qsizetype removed;
+    qsizetype inserted;
+};
+Difference differenceOf(QStringView before, QStringView after);
 
 /// Whether a key enters text, rather than giving an order.
 bool isTyping(const QKeyEvent& event);

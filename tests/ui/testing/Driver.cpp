@@ -17,6 +17,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeView>
@@ -138,9 +139,10 @@ Toolkit::~Toolkit() = default;
 void show(Window& window) {
     window.show();
     window.activate();
-    if (!QTest::qWaitForWindowActive(&widgetOf(window))) {
+    if (!QTest::qWaitFor([&window] { return QApplication::activeWindow() == &widgetOf(window); })) {
         qFatal("a window does not become active");
     }
+    settle();
 }
 
 void settle() {
@@ -325,6 +327,27 @@ std::string cellToolTip(const ListView& list, int row, int column) {
 
 int indentOf(const ListView& list, int row, int column) {
     return indexOf(list, row, column).data(Qt::UserRole).toInt();
+}
+
+void whenModal(std::function<void(Window&)> act) {
+    static int attempts;
+    attempts = 0;
+    static std::function<void()> look;
+    look = [act = std::move(act)] {
+        Window* dialog = Window::modal();
+        if (dialog == nullptr || QApplication::activeWindow() != &widgetOf(*dialog)) {
+            if (++attempts > 1000) {
+                qFatal("no dialog opened");
+            }
+            QTimer::singleShot(1, qApp, look); // it is yet to come
+            return;
+        }
+        act(*dialog);
+        if (dialog->isVisible()) {
+            qFatal("a dialog was left open");
+        }
+    };
+    QTimer::singleShot(0, qApp, look);
 }
 
 Place placeOf(const Control& control) {

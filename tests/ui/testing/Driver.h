@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -79,6 +80,9 @@ int takeRowUpdates(const ListView& list);
 std::string cellText(const ListView& list, int row, int column);
 std::string cellToolTip(const ListView& list, int row, int column);
 int indentOf(const ListView& list, int row, int column);
+
+/// Does something in the dialog that the next command will open and wait for.
+void whenModal(std::function<void(Window&)> act);
 
 /// The position of a control in its window, in pixels: left, top, width, height.
 struct Place {

@@ -1,0 +1,28 @@
+#include "editor/dlgWebLinkText.h"
+
+namespace editor {
+
+dlgWebLinkText::dlgWebLinkText(ui::Window& owner) : Window(Kind::dialog, "dlgWebLinkText", &owner) {
+    setCaption("Create a Web Link");
+    txtWebAddress.setText("http://");
+    txtWebAddress.select(20, 0); // behind it
+    auto buttons = ui::Layout::row();
+    buttons.addStretch().add(OKButton).add(CancelButton);
+    auto content = ui::Layout::column();
+    content.add(lblWebText).add(txtWebText).addSpace(90);
+    content.add(lblWebAddress).add(txtWebAddress).addStretch().add(std::move(buttons));
+    setLayout(std::move(content));
+    setSize(6300, 2400);
+    OKButton.setDefault();
+    txtWebText.setFocus();
+    UI_ON(OKButton, Click);
+    UI_ON(CancelButton, Click);
+}
+
+void dlgWebLinkText::OKButton_Click() {
+    webLinkText = model::trim(txtWebText.text());
+    webLinkAddress = model::trim(txtWebAddress.text());
+    close();
+}
+
+} // namespace editor
