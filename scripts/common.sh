@@ -25,7 +25,11 @@ need() {
 }
 
 # The fonts are for machines without a desktop.
-BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev fonts-dejavu-core)
+BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev qt6-webengine-dev
+                fonts-dejavu-core)
+
+# The embedded browser does not start for root otherwise.
+[ "$(id -u)" -ne 0 ] || export QTWEBENGINE_DISABLE_SANDBOX=1
 # clang and its run-time library for the fuzz targets; fp-utils for a compiler of compiled help.
 TEST_PACKAGES=(libgtest-dev clang libclang-rt-14-dev fp-utils libchm-dev)
 

@@ -276,7 +276,8 @@ void frmMain::openTopicEditor(int position) {
         return;
     }
     if (editor_ == nullptr || !editor_->isVisible()) {
-        editor_ = std::make_unique<editor::frmEditBody>(*this, project_, settings_, editorMemory_);
+        editor_ = std::make_unique<editor::frmEditBody>(*this, project_, settings_, editorMemory_,
+                                                        programFolder_);
         editor_->Closed.connect([this] { discard(std::move(editor_)); });
         editor_->setCaption("Edit Topic - " + project_.outline().at(position).title);
         editor_->show();

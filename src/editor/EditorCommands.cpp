@@ -25,7 +25,8 @@ constexpr ui::CommandRow<Form> commands[] = {
     {menu, "mnuFile", "&File"},
     {command, "mnuFileImport", "&Import", "Import", "Import from File", "Import", nullptr,
      run<&Form::mnuFileImport_Click>},
-    {command, "mnuFilePreview", "&Preview", "Preview", "Preview Help Topic", "Preview", "F5"},
+    {command, "mnuFilePreview", "&Preview", "Preview", "Preview Help Topic", "Preview", "F5",
+     run<&Form::mnuFilePreview_Click>},
     {command, "mnuFileSave", "&Save", "Save", "Save", "Save", "Ctrl+S",
      run<&Form::mnuFileSave_Click>},
     {command, "mnuFileClose", "C&lose", "Close", "Close", "Close", "Ctrl+W",
@@ -95,10 +96,10 @@ constexpr ui::CommandRow<Form> commands[] = {
 constexpr const char* keys[] = {
     "Import",         "Save",  "Close",   nullptr,     "Cut",     "Copy",       "Paste",
     nullptr,          "Bold",  "Italic",  "Underline", "Para",    "BulletList", "NumList",
-    "InsertIntoList", nullptr, "Graphic", "PageLink",  "WebLink", nullptr,
+    "InsertIntoList", nullptr, "Graphic", "PageLink",  "WebLink",
 };
 
-constexpr const char* lastKeys[] = {nullptr, "Preview"};
+constexpr const char* lastKeys[] = {"Preview"};
 
 } // namespace
 

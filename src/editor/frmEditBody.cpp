@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "editor/MarkUp.h"
+#include "editor/WindowPlace.h"
 #include "ui/Prompter.h"
 
 namespace editor {
@@ -23,9 +24,9 @@ constexpr int minimumHeight = 5850;
 } // namespace
 
 frmEditBody::frmEditBody(ui::Window& owner, model::Project& project, ui::Settings& settings,
-                         EditorMemory& memory)
+                         EditorMemory& memory, std::filesystem::path programFolder)
     : Window(Kind::main, windowName, &owner), project_(project), settings_(settings),
-      memory_(memory) {
+      memory_(memory), programFolder_(std::move(programFolder)) {
     setCaption("Edit Body");
     arrange();
     restoreSettings();
@@ -93,15 +94,7 @@ void frmEditBody::Resize() {
 }
 
 void frmEditBody::restoreSettings() {
-    const int width = settings_.number(section, "Width", minimumWidth);
-    const int height = settings_.number(section, "Height", minimumHeight);
-    setSize(width, height);
-    setPosition(settings_.number(section, "Left", (screenWidth() - width) / 2),
-                settings_.number(section, "Top", (screenHeight() - height) / 2));
-    const int state = settings_.number(section, "Window State", 0);
-    if (state == 1 || state == 2) {
-        setState(static_cast<ui::WindowState>(state));
-    }
+    restorePlace(*this, settings_, section, minimumWidth, minimumHeight);
     const Text headingKey = settings_.get(section, "Heading", "Heading1");
     tbTools.setDropDown(headingButton, headingKey, headingKey);
     tableSize_ = validTableSize(settings_.number(section, "Table Size", 3));
@@ -112,19 +105,13 @@ void frmEditBody::storeSettings() {
     settings_.set(section, "Heading", tbTools.dropDownKey(headingButton));
     settings_.set(section, "Table", tbTools.dropDownKey(tableButton));
     settings_.setNumber(section, "Table Size", tableSize_);
-    if (state() == ui::WindowState::minimised) {
-        return;
-    }
-    settings_.setNumber(section, "Window State", static_cast<int>(state()));
-    if (state() == ui::WindowState::normal) {
-        settings_.setNumber(section, "Top", top());
-        settings_.setNumber(section, "Left", left());
-        settings_.setNumber(section, "Height", height());
-        settings_.setNumber(section, "Width", width());
-    }
+    storePlace(*this, settings_, section);
 }
 
 bool frmEditBody::mayClose() {
+    if (preview_ != nullptr) {
+        preview_->close();
+    }
     storeSettings(); // also when the author then cancels
     if (!changed_) {
         return true;

@@ -6,6 +6,7 @@
 #include "editor/Passage.h"
 #include "editor/References.h"
 #include "editor/TemplateCache.h"
+#include "editor/frmPreview.h"
 #include "model/Project.h"
 #include "ui/Clipboard.h"
 #include "ui/ImageCombo.h"
@@ -28,6 +29,7 @@ class frmEditBody : public ui::Window {
     model::Project& project_;
     ui::Settings& settings_;
     EditorMemory& memory_;
+    std::filesystem::path programFolder_;
 
 public:
     static constexpr const char* windowName = "frmEditBody";
@@ -44,12 +46,16 @@ public:
         registered
     };
 
-    /// There must be a current topic. Nothing is owned.
+    /// There must be a current topic. Nothing is owned. The preview's page is written into
+    /// `programFolder`, or where that cannot be written, into a folder of the person's.
     frmEditBody(ui::Window& owner, model::Project& project, ui::Settings& settings,
-                EditorMemory& memory);
+                EditorMemory& memory, std::filesystem::path programFolder);
     ~frmEditBody() override;
 
     bool changed() const { return changed_; }
+
+    /// Null when no preview is open.
+    frmPreview* preview() const { return preview_.get(); }
 
     ui::Panel pnlFields{*this};
     ui::TextBox txtKeywords{pnlFields};
@@ -70,6 +76,7 @@ public:
 
     // The commands, see EditorCommands.cpp.
     void mnuFileImport_Click();
+    void mnuFilePreview_Click();
     void mnuFileSave_Click();
     void mnuFileClose_Click() { close(); }
     void mnuEditCut_Click();
@@ -118,6 +125,7 @@ private:
 
     ui::Clipboard clipboard_;
     ui::CommandSet commands_{*this, editorCommands()};
+    std::unique_ptr<frmPreview> preview_;
     int tableSize_ = 3;
     bool changed_ = false;
 };

@@ -1,9 +1,11 @@
 #include "editor/MarkUp.h"
+#include "editor/PreviewPage.h"
 #include "editor/dlgGraphicOptions.h"
 #include "editor/dlgWebLinkText.h"
 #include "editor/frmEditBody.h"
 #include "model/CodePage.h"
 #include "platform/Files.h"
+#include "ui/Application.h"
 #include "ui/Prompter.h"
 
 // What the topic editor does when a command is chosen.
@@ -66,6 +68,26 @@ void frmEditBody::mnuFileImport_Click() {
     if (!platform::readFile(*file, lines)) {
         change([&lines](Passage passage) { return insertFile(std::move(passage), lines); });
     }
+}
+
+void frmEditBody::mnuFilePreview_Click() {
+    constexpr const char* pageName = "temp.htm";
+    const model::Topic& topic = project_.outline().at(project_.currentIndex());
+    const Text page = previewPage(topic.title, txtBody.countedText(), project_.options(),
+                                  model::attributeText(projectFolder()));
+    fs::path file = programFolder_ / pageName;
+    if (platform::writeFile(file, page)) {
+        file = ui::Application::userFolder() / pageName;
+        if (platform::writeFile(file, page)) {
+            Prompter::current().beep();
+            return;
+        }
+    }
+    if (preview_ == nullptr) {
+        preview_ = std::make_unique<frmPreview>(*this, settings_);
+        preview_->Closed.connect([this] { discard(std::move(preview_)); });
+    }
+    preview_->preview(topic.title, file);
 }
 
 // ---- Mark-up ----

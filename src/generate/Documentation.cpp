@@ -173,16 +173,6 @@ private:
     Text page_;
 };
 
-/// A folder as it stands in an attribute in apostrophes, without a slash at its end.
-Text attributeText(const std::filesystem::path& folder) {
-    Text text = model::htmlFromUtf8(model::utf8Of(folder));
-    text.erase(text.find_last_not_of("/\\") + 1);
-    for (std::size_t at = text.find('\''); at != Text::npos; at = text.find('\'', at)) {
-        text.replace(at, 1, "&#39;");
-    }
-    return text;
-}
-
 } // namespace
 
 Text documentationPage(const TopicOutline& outline, const ProjectOptions& options,
@@ -194,7 +184,8 @@ FileFailures generateDocumentation(const TopicOutline& outline, const ProjectOpt
                                    const std::filesystem::path& file,
                                    const std::filesystem::path& imageFolder) {
     FileFailures failures;
-    writeGenerated(file, documentationPage(outline, options, attributeText(imageFolder)), failures);
+    writeGenerated(file, documentationPage(outline, options, model::attributeText(imageFolder)),
+                   failures);
     return failures;
 }
 

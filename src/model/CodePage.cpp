@@ -130,6 +130,21 @@ Text displayText(const std::filesystem::path& path) {
     return fromUtf8(utf8Of(path));
 }
 
+Text attributeText(const std::filesystem::path& folder) {
+    const Text text = htmlFromUtf8(utf8Of(folder));
+    Text attribute;
+    for (const char character : TextView(text).substr(0, text.find_last_not_of("/\\") + 1)) {
+        if (character == '\'') {
+            attribute += "&#39;";
+        } else if (character == '"') {
+            attribute += "&quot;";
+        } else {
+            attribute += character;
+        }
+    }
+    return attribute;
+}
+
 std::string utf8Of(const std::filesystem::path& path) {
     const std::u8string utf8 = path.u8string();
     return {utf8.begin(), utf8.end()};

@@ -1,6 +1,8 @@
 #include "ui/Application.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QStandardPaths>
 
 #include "ui/qt/Icons.h"
 #include "ui/qt/Native.h"
@@ -13,8 +15,9 @@ struct Application::Native {
     QApplication application{argc, argv};
 };
 
-Application::Application(int& argc, char** argv, const char* name, const char* version)
-    : native_(new Native{argc, argv}) {
+Application::Application(int& argc, char** argv, const char* name, const char* version) {
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts); // the browser wants it
+    native_.reset(new Native{argc, argv});
     QApplication::setApplicationName(name);
     QApplication::setApplicationVersion(version);
     QApplication::setDesktopFileName(QStringLiteral("topicsmith"));
@@ -25,6 +28,12 @@ Application::~Application() = default;
 
 std::vector<std::filesystem::path> Application::arguments() const {
     return {native_->argv + 1, native_->argv + native_->argc};
+}
+
+std::filesystem::path Application::userFolder() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
+    QDir().mkpath(folder);
+    return pathFromQt(folder);
 }
 
 int Application::run() {

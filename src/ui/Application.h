@@ -19,6 +19,9 @@ public:
     /// What is left of the command line, without the program.
     std::vector<std::filesystem::path> arguments() const;
 
+    /// A folder of the person's for files that can be made again; made if it is missing.
+    static std::filesystem::path userFolder();
+
     /// Handles events until the last window is closed.
     int run();
 

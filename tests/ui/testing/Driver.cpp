@@ -130,6 +130,7 @@ struct Toolkit::Native {
 
 Toolkit::Toolkit(int& argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     native_ = std::make_unique<Native>(argc, argv);
     QApplication::setApplicationName("HTML Topicsmith");
 }

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "ui/Browser.h"
 #include "ui/ListView.h"
 #include "ui/Prompter.h"
 #include "ui/Window.h"
@@ -84,6 +85,19 @@ int indentOf(const ListView& list, int row, int column);
 /// Does something in the dialog that the next command will open and wait for.
 void whenModal(std::function<void(Window&)> act);
 
+/// Waits until a page's text holds something, for ten seconds at most, and gives the text.
+std::string waitForPage(const Browser& browser, const std::string& expected);
+
+/// Waits until a page is so high; false when it does not become so.
+bool waitForPageHeight(const Browser& browser, int pixels);
+
+int scrollOf(const Browser& browser);
+void clickInPage(const Browser& browser, int x, int y);
+void pressInPage(const Browser& browser, const char* key);
+
+/// Waits for ten seconds at most; false when the condition does not come true.
+bool waitFor(const std::function<bool()>& condition);
+
 /// The position of a control in its window, in pixels: left, top, width, height.
 struct Place {
     int left, top, width, height;
@@ -115,6 +129,9 @@ public:
 
     /// Fails the test when a foreseen question did not come.
     void verify();
+
+    /// Whether all that was foreseen has been asked.
+    bool done() const { return steps_.empty(); }
 
     int takeBeeps() { return std::exchange(beeps_, 0); }
 

@@ -1,0 +1,48 @@
+#include "editor/frmPreview.h"
+
+#include "editor/WindowPlace.h"
+#include "ui/Prompter.h"
+
+namespace editor {
+
+namespace {
+
+constexpr const char* section = "Preview";
+constexpr int minimumWidth = 5000;
+constexpr int minimumHeight = 3000;
+
+} // namespace
+
+frmPreview::frmPreview(ui::Window& owner, ui::Settings& settings)
+    : Window(Kind::main, windowName, &owner), settings_(settings) {
+    setCaption("Preview Help Topic");
+    setMinimumSize(minimumWidth, minimumHeight);
+    restorePlace(*this, settings_, section, minimumWidth, minimumHeight);
+    brwPreview.setAccessibleName("Preview");
+    UI_ON(brwPreview, Refused);
+}
+
+void frmPreview::preview(model::TextView title, const std::filesystem::path& file) {
+    setCaption("Preview of: " + model::Text(title));
+    brwPreview.navigate(file);
+    show();
+    activate();
+}
+
+void frmPreview::brwPreview_Refused() {
+    ui::Prompter::current().ask(this,
+                                {"Links are Disabled in Preview Mode", "HTML Topicsmith Preview"});
+}
+
+void frmPreview::Resize() {
+    if (state() != ui::WindowState::minimised) {
+        brwPreview.place(64, 64, width() - 128, height() - 512);
+    }
+}
+
+bool frmPreview::mayClose() {
+    storePlace(*this, settings_, section);
+    return true;
+}
+
+} // namespace editor

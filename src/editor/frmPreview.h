@@ -1,0 +1,30 @@
+#pragma once
+
+#include "ui/Browser.h"
+#include "ui/Settings.h"
+#include "ui/Window.h"
+
+namespace editor {
+
+/// Shows a topic as it will look, beside the editor. Links do not work here.
+class frmPreview : public ui::Window {
+    ui::Settings& settings_; // before the controls
+
+public:
+    static constexpr const char* windowName = "frmPreview";
+
+    /// Nothing is owned.
+    frmPreview(ui::Window& owner, ui::Settings& settings);
+
+    /// Shows a file, or shows it anew.
+    void preview(model::TextView title, const std::filesystem::path& file);
+
+    ui::Browser brwPreview{*this};
+
+    void brwPreview_Refused();
+
+    void Resize() override;
+    bool mayClose() override;
+};
+
+} // namespace editor

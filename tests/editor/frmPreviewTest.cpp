@@ -1,0 +1,113 @@
+#include "editor/frmPreview.h"
+
+#include "app/MainWindowFixture.h"
+
+using namespace ui::testing;
+using test::titled;
+
+namespace {
+
+/// The preview in the real browser, opened from the editor.
+class frmPreview : public test::MainWindow {
+protected:
+    /// Previews a body of topic "a"; the project lies in the test's folder.
+    void preview(const model::Text& body, model::ProjectOptions options = {}) {
+        settings->setPath("Open", "File Path", folder.path());
+        auto outline = titled({"a"});
+        outline.at(1).body = body;
+        project().replace(std::move(outline), std::move(options), folder / "p.tsp");
+        doubleClickRow(window->lvLevels, 1);
+        show(*window->editor());
+        EXPECT_TRUE(pressButton(*window->editor(), "Preview Help Topic"));
+        ASSERT_NE(window->editor()->preview(), nullptr);
+    }
+
+    editor::frmPreview& shown() { return *window->editor()->preview(); }
+
+    void writePicture(const char* name, int height) {
+        std::filesystem::create_directories(folder / "images");
+        test::writeBytes(folder / "images" / name,
+                         "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='"
+                             + std::to_string(height) + "'/>");
+    }
+
+    void expectLinkMessage() {
+        prompter.expect({"Links are Disabled in Preview Mode", "HTML Topicsmith Preview",
+                         ui::Buttons::ok, ui::QuestionIcon::none});
+    }
+};
+
+} // namespace
+
+TEST_F(frmPreview, ShowsTextPicturesAndStyleOfTheTopic) {
+    writePicture("tall.svg", 3000);
+    test::writeBytes(folder / "look.css", "body { padding-top: 5000px }");
+    model::ProjectOptions options;
+    options.cssFile = "..\\look.css";
+    preview("<p>Gr\xFC\xDF"
+            "e</p><img src='..\\images\\tall.svg'>",
+            options);
+    EXPECT_EQ(shown().caption(), "Preview of: a");
+    EXPECT_NE(waitForPage(shown().brwPreview, "e")
+                  .find("a\n\nGr\xC3\xBC\xC3\x9F"
+                        "e"),
+              std::string::npos);
+    EXPECT_TRUE(waitForPageHeight(shown().brwPreview, 8000));
+    EXPECT_TRUE(std::filesystem::exists(folder / "program" / "temp.htm"));
+    EXPECT_EQ(project().outline().at(1).body.substr(0, 3), "<p>");
+}
+
+TEST_F(frmPreview, RunsNoScriptsAndStaysWhereItIs) {
+    test::writeBytes(folder / "other.htm", "elsewhere");
+    preview("<script>document.write('written')</script>"
+            "<iframe style='height:9px' src='../other.htm'></iframe>"
+            "<a style='display:block;height:900px' href='../other.htm'>link</a>");
+    const std::string text = waitForPage(shown().brwPreview, "link");
+    EXPECT_EQ(text.find("written"), std::string::npos);
+    expectLinkMessage();
+    clickInPage(shown().brwPreview, 100, 150);
+    EXPECT_TRUE(waitFor([this] { return prompter.done(); }));
+    EXPECT_NE(waitForPage(shown().brwPreview, "link").find("link"), std::string::npos);
+}
+
+TEST_F(frmPreview, APageThatForwardsItselfIsStopped) {
+    test::writeBytes(folder / "other.htm", "elsewhere");
+    expectLinkMessage();
+    preview("<meta http-equiv='refresh' content='0;url=" + (folder / "other.htm").string()
+            + "'>stays");
+    EXPECT_TRUE(waitFor([this] { return prompter.done(); }));
+    EXPECT_NE(waitForPage(shown().brwPreview, "stays").find("stays"), std::string::npos);
+}
+
+TEST_F(frmPreview, ShowsTheEditOnceMoreAtTheSamePlace) {
+    preview("<div style='height:4000px'>first</div>");
+    waitForPage(shown().brwPreview, "first");
+    ASSERT_TRUE(waitForPageHeight(shown().brwPreview, 4000));
+    clickInPage(shown().brwPreview, 50, 50);
+    pressInPage(shown().brwPreview, "PgDown");
+    ASSERT_TRUE(waitFor([this] { return scrollOf(shown().brwPreview) > 50; }));
+    window->editor()->txtBody.edit("<div style='height:4000px'>second</div>", 0);
+    show(*window->editor());
+    EXPECT_TRUE(pressButton(*window->editor(), "Preview Help Topic"));
+    EXPECT_NE(waitForPage(shown().brwPreview, "second").find("second"), std::string::npos);
+    EXPECT_TRUE(waitFor([this] { return scrollOf(shown().brwPreview) > 50; }));
+    EXPECT_EQ(project().outline().at(1).body.find("second"), model::Text::npos);
+}
+
+TEST_F(frmPreview, ClosesWithItsEditorAndKeepsItsPlace) {
+    preview("x");
+    EXPECT_EQ(placeOf(shown().brwPreview).width, (shown().width() - 128 + 7) / 15);
+    shown().setSize(7500, 6000);
+    settle();
+    EXPECT_TRUE(window->editor()->close());
+    EXPECT_FALSE(ui::Window::isOpen(editor::frmPreview::windowName));
+    EXPECT_EQ(settings->get("Preview", "Height"), "6000");
+    settle();
+    // Without room in the program's own folder the page goes to a folder of the person's.
+    std::filesystem::remove(folder / "program" / "temp.htm");
+    std::filesystem::create_directory(folder / "program" / "temp.htm");
+    preview("in another folder");
+    EXPECT_EQ(shown().height(), 6000);
+    EXPECT_NE(waitForPage(shown().brwPreview, "another").find("in another folder"),
+              std::string::npos);
+}
