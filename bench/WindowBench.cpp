@@ -3,6 +3,7 @@
 #include "ProgramFolder.h"
 #include "SampleProject.h"
 #include "app/frmMain.h"
+#include "editor/MarkUp.h"
 #include "model/ProjectFile.h"
 #include "ui/Application.h"
 
@@ -67,6 +68,54 @@ void moveTopicUpAndDown(benchmark::State& state) {
     }
 }
 BENCHMARK(moveTopicUpAndDown)->Unit(benchmark::kMicrosecond);
+
+/// The topic editor with a body of a megabyte in lines of ordinary length.
+struct OpenEditor {
+    OpenEditor()
+        : settings(fs::temp_directory_path() / "window_bench.ini"),
+          window(settings, bench::programFolder()) {
+        model::TopicOutline outline = bench::sampleOutline(1, 1024 * 1024);
+        window.project().replace(std::move(outline), {}, "bench.tsp");
+        window.show();
+        window.openTopicEditor(1);
+        body().select(body().countedText().size() / 2, 0);
+        ui::Window::letEventsRun();
+    }
+
+    ui::TextBox& body() { return window.editor()->txtBody; }
+
+    ui::Settings settings;
+    app::frmMain window;
+};
+
+void typeIntoMegabyte(benchmark::State& state) {
+    OpenEditor open;
+    for (auto _ : state) {
+        open.body().replaceSelection("x");
+        ui::Window::letEventsRun();
+    }
+}
+BENCHMARK(typeIntoMegabyte)->Unit(benchmark::kMicrosecond);
+
+void boldInMegabyte(benchmark::State& state) {
+    OpenEditor open;
+    for (auto _ : state) {
+        open.window.editor()->mnuTagBold_Click();
+        ui::Window::letEventsRun();
+    }
+}
+BENCHMARK(boldInMegabyte)->Unit(benchmark::kMillisecond);
+
+void listOverLines(benchmark::State& state) {
+    model::Text text;
+    for (std::int64_t line = 0; line < state.range(0); ++line) {
+        model::appendLine(text, "One more line of the list.");
+    }
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(editor::list({text, 0, text.size()}, "ul"));
+    }
+}
+BENCHMARK(listOverLines)->Arg(1000)->Arg(100000)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -9,7 +9,6 @@
 namespace editor {
 
 using model::Topic;
-using model::TopicOutline;
 using ui::Prompter;
 
 namespace {

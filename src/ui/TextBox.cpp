@@ -130,7 +130,9 @@ bool TextBox::Native::keyDown(const QKeyEvent& event) {
         redo(); // not everywhere the toolkit's own key for it
         key.handled = true;
     }
-    return key.handled;
+    // A letter with Alt is a menu's or label's; where there is none of it, it is no text either.
+    const bool alt = event.modifiers() == Qt::AltModifier;
+    return key.handled || (alt && !event.text().isEmpty() && event.text().at(0).isPrint());
 }
 
 /// A menu, a dialog and another program only borrow the focus.

@@ -1,0 +1,107 @@
+#include <QPointer>
+#include <QTimer>
+#include <QWebEnginePage>
+#include <QWebEngineProfile>
+#include <QWebEngineSettings>
+#include <QWebEngineUrlRequestInterceptor>
+#include <QWebEngineView>
+
+#include "ui/qt/BrowserView.h"
+
+// The library that is loaded for the browser. It uses nothing of ui but the interface.
+namespace ui {
+
+namespace {
+
+/// Keeps everything but files out.
+class FilesOnly : public QWebEngineUrlRequestInterceptor {
+public:
+    using QWebEngineUrlRequestInterceptor::QWebEngineUrlRequestInterceptor;
+
+    void interceptRequest(QWebEngineUrlRequestInfo& request) override {
+        const QUrl url = request.requestUrl();
+        const bool remote = url.isLocalFile() && !url.host().isEmpty();
+        request.block((!url.isLocalFile() && url.scheme() != "data") || remote);
+    }
+};
+
+/// A page that shows one file and refuses to go anywhere else.
+class FixedPage : public QWebEnginePage {
+public:
+    FixedPage(QWebEngineProfile* profile, std::function<void()> refused)
+        : QWebEnginePage(profile), refused_(std::move(refused)) {}
+
+    QUrl shown;
+
+protected:
+    bool acceptNavigationRequest(const QUrl& url, NavigationType, bool isMainFrame) override {
+        if (isMainFrame && url == shown) {
+            return true;
+        }
+        if (isMainFrame) {
+            refuse();
+        }
+        return false;
+    }
+
+    /// For links that ask for another window.
+    QWebEnginePage* createWindow(WebWindowType) override {
+        refuse();
+        return nullptr;
+    }
+
+private:
+    void refuse() {
+        // When the browser is done with it: whoever is told may wait for a person.
+        QTimer::singleShot(0, this, [this] { refused_(); });
+    }
+
+    std::function<void()> refused_;
+};
+
+class WebBrowser : public BrowserView {
+public:
+    WebBrowser(QWidget* parent, const std::function<void()>& refused)
+        : page_(new FixedPage(&profile_, refused)), view_(new QWebEngineView(parent)) {
+        profile_.setUrlRequestInterceptor(&filesOnly_);
+        view_->setPage(page_);
+        view_->setContextMenuPolicy(Qt::NoContextMenu);
+        QWebEngineSettings& settings = *page_->settings();
+        settings.setAttribute(QWebEngineSettings::JavascriptEnabled, false);
+        settings.setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, false);
+        settings.setAttribute(QWebEngineSettings::PluginsEnabled, false);
+        settings.setAttribute(QWebEngineSettings::ErrorPageEnabled, false);
+        settings.setAttribute(QWebEngineSettings::FocusOnNavigationEnabled, false);
+        settings.setDefaultTextEncoding(QStringLiteral("windows-1252"));
+    }
+    ~WebBrowser() override {
+        delete view_; // then the page, then what both use
+        delete page_;
+    }
+
+    QWidget* widget() override { return view_; }
+
+    void navigate(const QUrl& file) override {
+        if (page_->shown == file) {
+            page_->triggerAction(QWebEnginePage::ReloadAndBypassCache);
+        } else {
+            page_->shown = file;
+            page_->load(file);
+        }
+    }
+
+private:
+    FilesOnly filesOnly_;
+    QWebEngineProfile profile_; ///< keeps nothing on the disk
+    QPointer<FixedPage> page_;
+    QPointer<QWebEngineView> view_;
+};
+
+} // namespace
+
+} // namespace ui
+
+extern "C" Q_DECL_EXPORT ui::BrowserView*
+topicsmithMakeBrowser(QWidget* parent, const std::function<void()>& refused) {
+    return new ui::WebBrowser(parent, refused);
+}
