@@ -42,8 +42,12 @@ frmMain::~frmMain() {
 }
 
 void frmMain::openFile(const fs::path& path) {
-    files_.setPendingOpenPath(path);
-    mnuFileOpen_Click();
+    leaveField();
+    if (closeEditor()) {
+        files_.setPendingOpenPath(path);
+        files_.openProject();
+        noticeFailure();
+    }
 }
 
 // ---- The window ----

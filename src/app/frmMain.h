@@ -154,6 +154,7 @@ private:
     void selectCurrent();
     void fillFields(bool always);
     bool closeEditor();
+    bool leaveEditorForUndo();
     void editField(model::TextView name, const ui::TextBox& box, model::Text model::Topic::*field);
     void leaveField();
     void moveByKey(ui::Key& key);

@@ -145,12 +145,10 @@ void frmMain::mnuFileGenerateDoc_Click() {
 void frmMain::mnuFileProperties_Click() {
     frmOptions options(*this, project_.options());
     options.Apply.connect([this](const model::ProjectOptions& edited) {
-        if (edited.templateFile != project_.options().templateFile) {
-            editorMemory_.templates.clear();
-        }
         project_.setOptions(edited);
         project_.markChanged(model::projectChanged);
     });
+    options.TemplateEdited.connect([this] { editorMemory_.templates.clear(); });
     options.run();
 }
 
@@ -244,14 +242,21 @@ void frmMain::mnuHelpAbout_Click() {
     about.run();
 }
 
+/// False when the editor held edits: saving them is a step of its own, which must not be the one
+/// that is taken back at once.
+bool frmMain::leaveEditorForUndo() {
+    const bool edited = editor_ != nullptr && editor_->isVisible() && editor_->changed();
+    return closeEditor() && !edited;
+}
+
 void frmMain::mnuListUndo_Click() {
-    if (closeEditor()) {
+    if (leaveEditorForUndo()) {
         project_.undo();
     }
 }
 
 void frmMain::mnuListRedo_Click() {
-    if (closeEditor()) {
+    if (leaveEditorForUndo()) {
         project_.redo();
     }
 }

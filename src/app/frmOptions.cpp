@@ -86,8 +86,11 @@ void frmOptions::fill() {
 
 void frmOptions::watch() {
     const auto edited = [this] { changed_ = true; };
-    for (ui::TextBox* box :
-         {&txtProjectName, &txtCSS, &txtBImage, &txtTemplate, &txtCopyright, &txtAdditional}) {
+    txtTemplate.Change.connect([this, edited] {
+        edited();
+        TemplateEdited.raise();
+    });
+    for (ui::TextBox* box : {&txtProjectName, &txtCSS, &txtBImage, &txtCopyright, &txtAdditional}) {
         box->Change.connect(edited);
     }
     for (ui::CheckBox* box : {&chkIndentedTOC, &chkNumbering, &chkDocLinks, &chkUnderline}) {

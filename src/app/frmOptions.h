@@ -17,6 +17,9 @@ public:
     /// Raised by Apply and OK when something was edited since.
     ui::Event<const model::ProjectOptions&> Apply;
 
+    /// Raised with every edit of the template's name, applied or not.
+    ui::Event<> TemplateEdited;
+
     ui::TabStrip tbsOptions{*this};
     ui::Panel pnlGeneration{tbsOptions};
     ui::Panel pnlAdditional{tbsOptions};

@@ -46,6 +46,10 @@ int leadingNumber(TextView typed) {
     if (digits.starts_with('+') && !digits.starts_with("+-")) {
         digits.remove_prefix(1);
     }
+    const std::size_t first = digits.find_first_not_of("+-.");
+    if (first == TextView::npos || digits[first] < '0' || digits[first] > '9') {
+        return 0; // words such as "nan" would be numbers otherwise
+    }
     double number = 0; // stays so when there is no number; the locale does not matter
     std::from_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
     return static_cast<int>(std::nearbyint(std::clamp(number, -32768.0, 32767.0)));

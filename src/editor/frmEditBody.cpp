@@ -94,10 +94,16 @@ void frmEditBody::Resize() {
 
 void frmEditBody::restoreSettings() {
     restorePlace(*this, settings_, section, minimumWidth, minimumHeight);
-    const Text headingKey = settings_.get(section, "Heading", "Heading1");
+    const auto stored = [this](const char* key, std::initializer_list<const char*> known,
+                               const char* fallback) {
+        const Text value = settings_.get(section, key, fallback);
+        return std::find(known.begin(), known.end(), value) == known.end() ? fallback : value;
+    };
+    const Text headingKey =
+        stored("Heading", {"Heading1", "Heading2", "Heading3", "Heading4", "Heading5"}, "Heading1");
     tbTools.setDropDown(headingButton, headingKey, headingKey);
     tableSize_ = validTableSize(settings_.number(section, "Table Size", 3));
-    showTableButton(settings_.get(section, "Table", "Col3"));
+    showTableButton(stored("Table", {"NewLine", "Col2", "Col3", "Col4", "Col5"}, "Col3"));
 }
 
 void frmEditBody::storeSettings() {

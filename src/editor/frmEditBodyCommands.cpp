@@ -65,7 +65,9 @@ void frmEditBody::mnuFileImport_Click() {
     }
     settings_.setPath(section, key, platform::fullPath(*file).parent_path());
     Text lines;
-    if (!platform::readFile(*file, lines)) {
+    if (platform::readFile(*file, lines)) {
+        Prompter::current().beep();
+    } else {
         change([&lines](Passage passage) { return insertFile(std::move(passage), lines); });
     }
 }

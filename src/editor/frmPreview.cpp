@@ -37,7 +37,6 @@ void frmPreview::brwPreview_Refused() {
 void frmPreview::Resize() {
     if (state() != ui::WindowState::minimised) {
         brwPreview.place(64, 64, width() - 128, height() - 512);
-        lblHint.place(150, height() - 420, width() - 300, 390);
     }
 }
 

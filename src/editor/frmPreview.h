@@ -20,7 +20,6 @@ public:
     void preview(model::TextView title, const std::filesystem::path& file);
 
     ui::Browser brwPreview{*this};
-    ui::Label lblHint{*this, "Links and scripts do not work in the preview."};
 
     void brwPreview_Refused();
 

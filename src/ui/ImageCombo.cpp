@@ -8,8 +8,11 @@
 namespace ui {
 
 ImageCombo::ImageCombo(Container& container) : Control(makeNative<QComboBox>(container)) {
-    QObject::connect(&widgetOf<QComboBox>(*this), &QComboBox::activated,
-                     [this] { Change.raise(); });
+    QObject::connect(&widgetOf<QComboBox>(*this), &QComboBox::activated, [this](int index) {
+        if (std::exchange(shown_, index) != index) { // the same may be chosen once more
+            Change.raise();
+        }
+    });
 }
 
 void ImageCombo::add(TextView key, TextView text, TextView image) {
@@ -22,7 +25,8 @@ Text ImageCombo::selectedKey() const {
 
 void ImageCombo::select(TextView key) {
     auto& combo = widgetOf<QComboBox>(*this);
-    combo.setCurrentIndex(combo.findData(toQt(key)));
+    shown_ = combo.findData(toQt(key));
+    combo.setCurrentIndex(shown_);
 }
 
 } // namespace ui

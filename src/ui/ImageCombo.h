@@ -17,6 +17,9 @@ public:
     void select(TextView key);
 
     Event<> Change;
+
+private:
+    int shown_ = -1; ///< the index of the entry
 };
 
 } // namespace ui

@@ -117,7 +117,9 @@ QString TextBox::Native::admit(const QString& entered) const {
 }
 
 void TextBox::Native::enter(const QString& entered) {
-    const QString admitted = admit(entered);
+    QString lines = entered;
+    lines.replace(QChar::ParagraphSeparator, '\n').replace(QChar::LineSeparator, '\n');
+    const QString admitted = admit(lines);
     if (!admitted.isEmpty() || entered.isEmpty()) {
         replaceSelection(admitted);
     }

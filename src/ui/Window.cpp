@@ -193,6 +193,7 @@ void Window::run() {
 }
 
 void Window::activate() {
+    native_->widget->setWindowState(native_->widget->windowState() & ~Qt::WindowMinimized);
     native_->widget->raise();
     native_->widget->activateWindow();
 }

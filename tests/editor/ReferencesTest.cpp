@@ -19,8 +19,9 @@ TEST(References, GraphicsHaveTheirAttributesInOrder) {
 
 TEST(References, NumbersAreReadFromTheirBeginning) {
     const std::pair<const char*, int> cases[] = {
-        {"12px", 12}, {"abc", 0}, {"", 0},   {" 7 ", 7},       {"2.5", 2},
-        {"3.5", 4},   {"-2", -2}, {"+4", 4}, {"99999", 32767}, {"1e3", 1}};
+        {"12px", 12}, {"abc", 0},  {"", 0},   {" 7 ", 7},       {"2.5", 2},
+        {"3.5", 4},   {"-2", -2},  {"+4", 4}, {"99999", 32767}, {"1e3", 1},
+        {"nano", 0},  {"-inf", 0}, {".6", 1}};
     for (const auto& [typed, number] : cases) {
         EXPECT_EQ(leadingNumber(typed), number) << typed;
     }

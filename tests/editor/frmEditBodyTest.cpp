@@ -94,6 +94,26 @@ TEST_F(frmEditBody, AsksBeforeEditsAreLost) {
     EXPECT_EQ(window->editor(), nullptr);
     EXPECT_EQ(project().currentIndex(), 2);
     EXPECT_EQ(topic(1).body, "");
+    EXPECT_TRUE(pressButton(*window, "Promote"));
+    openFirst();
+    type("u");
+    expectCloseQuestion(Answer::yes);
+    show(*window);
+    window->lvLevels.setFocus();
+    press("Ctrl+Z"); // must not take back what the answer has just saved
+    EXPECT_EQ(topic(1).body, "u");
+    EXPECT_EQ(topic(2).level, "..2");
+    show(*window);
+    press("Ctrl+Z");
+    EXPECT_EQ(topic(1).body, "");
+    openFirst();
+    type("d");
+    expectCloseQuestion(Answer::cancel);
+    dropFile(*window, folder / "other.tsp");
+    EXPECT_EQ(titles(), "a: b:C");
+    expectCloseQuestion(Answer::no);
+    EXPECT_TRUE(editor().close());
+    settle();
     openFirst();
     type("y");
     expectCloseQuestion(Answer::yes);
@@ -149,13 +169,13 @@ TEST_F(frmEditBody, OtherFieldsRefuseMarkUp) {
 
 TEST_F(frmEditBody, DropDownButtonsRememberTheLastChoice) {
     settings->set("Edit", "Table Size", "7");
+    settings->set("Edit", "Table", "Col7");
     edit("");
     EXPECT_TRUE(chooseFromButton(editor(), "Insert Heading", "Heading 3"));
     EXPECT_EQ(body(), "|");
     EXPECT_TRUE(pressButton(editor(), "Insert Heading"));
     EXPECT_EQ(body(), "<h3>|</h3>");
     EXPECT_TRUE(chooseFromButton(editor(), "Insert Table", "Insert Table Row"));
-    EXPECT_EQ(settings->get("Edit", "Table"), "");
     editor().txtBody.setText("");
     EXPECT_TRUE(pressButton(editor(), "Insert Table"));
     EXPECT_EQ(body(), "<TR>\r\n    <TD> |Col_1_Data <TD> Col_2_Data <TD> Col_3_Data ");

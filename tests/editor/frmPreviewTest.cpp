@@ -70,6 +70,19 @@ TEST_F(frmPreview, RunsNoScriptsAndStaysWhereItIs) {
     EXPECT_NE(waitForPage(shown().brwPreview, "link").find("link"), std::string::npos);
 }
 
+TEST_F(frmPreview, ALinkWithinThePageIsRefusedToo) {
+    preview("<a style='display:block;height:900px' href='#end'>first</a>"
+            "<p id='end' style='height:900px'>end</p>");
+    waitForPage(shown().brwPreview, "end");
+    expectLinkMessage();
+    clickInPage(shown().brwPreview, 100, 150);
+    EXPECT_TRUE(waitFor([this] { return prompter.done(); }));
+    window->editor()->txtBody.edit("second", 0);
+    show(*window->editor());
+    EXPECT_TRUE(pressButton(*window->editor(), "Preview Help Topic"));
+    EXPECT_NE(waitForPage(shown().brwPreview, "second").find("second"), std::string::npos);
+}
+
 TEST_F(frmPreview, APageThatForwardsItselfIsStopped) {
     test::writeBytes(folder / "other.htm", "elsewhere");
     expectLinkMessage();

@@ -36,11 +36,7 @@ protected:
         QPlainTextEdit::inputMethodEvent(event);
     }
 
-    void insertFromMimeData(const QMimeData* source) override {
-        QString text = source->text();
-        text.replace(QChar::ParagraphSeparator, '\n').replace(QChar::LineSeparator, '\n');
-        native->enter(text);
-    }
+    void insertFromMimeData(const QMimeData* source) override { native->enter(source->text()); }
 
     /// The toolkit's own would make blanks of non-breaking spaces.
     QMimeData* createMimeDataFromSelection() const override {

@@ -56,10 +56,9 @@ void HtmlColours::highlightBlock(const QString& line) {
             state = inTag;
         } else if (line[at] == '&') {
             constexpr qsizetype longestEntity = 10;
-            const qsizetype end = endAfter(line, ";", at);
-            const bool entity = end > 0 && end - at <= longestEntity;
-            paint(at, entity ? end : at, colours().entity);
-            at = entity ? end : at + 1;
+            const qsizetype length = QStringView(line).mid(at, longestEntity).indexOf(';') + 1;
+            paint(at, at + length, colours().entity);
+            at += std::max<qsizetype>(length, 1);
         } else {
             ++at;
         }

@@ -17,6 +17,18 @@ public:
     TextBox::Native* native = nullptr;
 
 protected:
+    /// Some desktops have Ctrl+U delete the line; a window's command comes first.
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::ShortcutOverride) {
+            const auto& key = static_cast<const QKeyEvent&>(*event);
+            if (key.modifiers() == Qt::ControlModifier && key.key() == Qt::Key_U) {
+                event->ignore();
+                return true;
+            }
+        }
+        return QLineEdit::event(event);
+    }
+
     void keyPressEvent(QKeyEvent* event) override {
         if (native->keyDown(*event)) {
             event->accept();

@@ -29,7 +29,15 @@ public:
 class FixedPage : public QWebEnginePage {
 public:
     FixedPage(QWebEngineProfile* profile, std::function<void()> refused)
-        : QWebEnginePage(profile), refused_(std::move(refused)) {}
+        : QWebEnginePage(profile), refused_(std::move(refused)) {
+        // Links within the page are followed without asking.
+        QObject::connect(this, &QWebEnginePage::urlChanged, [this](const QUrl& url) {
+            if (url != shown && url.matches(shown, QUrl::RemoveFragment)) {
+                load(shown);
+                refuse();
+            }
+        });
+    }
 
     QUrl shown;
 
@@ -82,7 +90,7 @@ public:
     QWidget* widget() override { return view_; }
 
     void navigate(const QUrl& file) override {
-        if (page_->shown == file) {
+        if (page_->shown == file && page_->url() == file) {
             page_->triggerAction(QWebEnginePage::ReloadAndBypassCache);
         } else {
             page_->shown = file;
