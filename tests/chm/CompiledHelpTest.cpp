@@ -153,9 +153,11 @@ TEST(CompiledHelp, TheManualIsWholeAndItsLinksLeadSomewhere) {
 
     const test::TemporaryFolder folder;
     fs::copy(manual.parent_path() / "topicsmith.css", folder.path());
+    fs::copy(manual.parent_path() / "images", folder / "images");
     const CompiledHelp help(project, folder.path());
     expectEverythingArrived(help, project.outline());
-    for (const char* file : {"/topicsmith.css", "/images/Image.jpg", "/images/Home Button.jpg"}) {
+    for (const char* file : {"/topicsmith.css", "/images/Image.jpg", "/images/Home Button.jpg",
+                             "/images/main-window.png"}) {
         EXPECT_TRUE(help.files().contains(file)) << file;
     }
     int links = 0;
