@@ -5,7 +5,6 @@ namespace editor {
 dlgWebLinkText::dlgWebLinkText(ui::Window& owner) : Window(Kind::dialog, "dlgWebLinkText", &owner) {
     setCaption("Create a Web Link");
     txtWebAddress.setText("http://");
-    txtWebAddress.select(20, 0); // behind it
     auto buttons = ui::Layout::row();
     buttons.addStretch().add(OKButton).add(CancelButton);
     auto content = ui::Layout::column();
@@ -15,8 +14,14 @@ dlgWebLinkText::dlgWebLinkText(ui::Window& owner) : Window(Kind::dialog, "dlgWeb
     setSize(6300, 2400);
     OKButton.setDefault();
     txtWebText.setFocus();
+    UI_ON(txtWebAddress, GotFocus);
     UI_ON(OKButton, Click);
     UI_ON(CancelButton, Click);
+}
+
+/// Behind "http://", and behind any address of usual length.
+void dlgWebLinkText::txtWebAddress_GotFocus() {
+    txtWebAddress.select(20, 0);
 }
 
 void dlgWebLinkText::OKButton_Click() {

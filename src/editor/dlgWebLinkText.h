@@ -21,6 +21,7 @@ public:
     ui::Button OKButton{*this, "OK"};
     ui::Button CancelButton{*this, "Cancel"};
 
+    void txtWebAddress_GotFocus();
     void OKButton_Click();
     void CancelButton_Click() { close(); }
 };

@@ -287,10 +287,12 @@ TEST_F(frmEditBody, PicturesAndLinksComeFromTheProjectsFolders) {
         auto& link = dynamic_cast<editor::dlgWebLinkText&>(dialog);
         link.txtWebText.setFocus();
         type(" Home ");
+        press("Tab");
+        type("h");
         press("Return");
     });
     EXPECT_TRUE(pressButton(editor(), "Insert Web Link"));
-    EXPECT_EQ(body(), "<a href='http://'>Home</a>|");
+    EXPECT_EQ(body(), "<a href='http://h'>Home</a>|");
 }
 
 TEST_F(frmEditBody, ATextFileComesInAtTheCaret) {
