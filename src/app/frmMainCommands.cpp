@@ -167,14 +167,11 @@ bool frmMain::canPaste() const {
 }
 
 void frmMain::mnuEditCopy_Click() {
-    const Text selected = focusedTextBox()->selectedText();
-    clipboard_.clear();
-    clipboard_.setText(selected);
+    focusedTextBox()->copy();
 }
 
 void frmMain::mnuEditCut_Click() {
-    mnuEditCopy_Click();
-    focusedTextBox()->replaceSelection("");
+    focusedTextBox()->cut();
 }
 
 void frmMain::mnuEditPaste_Click() {

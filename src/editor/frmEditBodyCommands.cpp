@@ -30,14 +30,11 @@ bool frmEditBody::canPaste() const {
 }
 
 void frmEditBody::mnuEditCopy_Click() {
-    const Text selected = focusedTextBox()->selectedText();
-    clipboard_.clear();
-    clipboard_.setText(selected);
+    focusedTextBox()->copy();
 }
 
 void frmEditBody::mnuEditCut_Click() {
-    mnuEditCopy_Click();
-    focusedTextBox()->replaceSelection("");
+    focusedTextBox()->cut();
 }
 
 void frmEditBody::mnuEditPaste_Click() {

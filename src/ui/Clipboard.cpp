@@ -30,12 +30,4 @@ model::Text Clipboard::text() const {
     return fromQt(QGuiApplication::clipboard()->text());
 }
 
-void Clipboard::clear() {
-    QGuiApplication::clipboard()->clear();
-}
-
-void Clipboard::setText(model::TextView text) {
-    QGuiApplication::clipboard()->setText(toQt(text));
-}
-
 } // namespace ui

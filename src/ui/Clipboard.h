@@ -7,7 +7,7 @@
 
 namespace ui {
 
-/// The system's clipboard, as plain text. For pasting into a box, see TextBox::paste().
+/// The system's clipboard, as plain text. For a box's part in it, see TextBox::copy().
 class Clipboard {
 public:
     Clipboard();
@@ -17,8 +17,6 @@ public:
 
     bool hasText() const;
     model::Text text() const; ///< with question marks for characters that the code page lacks
-    void clear();
-    void setText(model::TextView text);
 
     Event<> Change; ///< whoever did it
 

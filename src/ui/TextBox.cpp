@@ -60,6 +60,16 @@ void TextBox::replaceSelection(TextView text) {
     box().replaceSelection(box().admit(toQt(text)));
 }
 
+void TextBox::copy() {
+    QGuiApplication::clipboard()->clear();
+    QGuiApplication::clipboard()->setText(toQt(selectedText()));
+}
+
+void TextBox::cut() {
+    copy();
+    box().replaceSelection({});
+}
+
 void TextBox::paste() {
     box().enter(QGuiApplication::clipboard()->text());
 }

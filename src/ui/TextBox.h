@@ -48,7 +48,9 @@ public:
     /// Change if it is another. `caret` counts in the new text.
     void edit(TextView text, std::size_t caret);
 
-    /// Replaces the selection with the clipboard's text, in the same way.
+    // Through the clipboard, as plain text. What is cut or pasted counts as typed.
+    void copy();
+    void cut();
     void paste();
 
     /// For a box of many lines that holds HTML: a font of fixed width, coloured mark-up, and the
