@@ -8,7 +8,7 @@ frmSplash::frmSplash(ui::Window& owner)
     : Window(Kind::splash, "frmSplash", &owner),
       lblVersion(*this, model::Text("Version ") + version) {
     setCaption("HTML Topicsmith");
-    lblProduct.setSize(ui::Label::Size::large);
+    lblProduct.setLarge();
     for (ui::Label* label : {&lblProduct, &lblVersion, &lblPurpose}) {
         label->setCentred();
     }

@@ -6,12 +6,8 @@
 
 namespace ui {
 
-Frame::Frame(Container& container, TextView caption) : Control(makeNative<QGroupBox>(container)) {
+Frame::Frame(Container& container, TextView caption) : Panel(makeNative<QGroupBox>(container)) {
     widgetOf<QGroupBox>(*this).setTitle(toQt(caption));
-}
-
-void Frame::setLayout(Layout layout) {
-    layout.applyTo(native());
 }
 
 } // namespace ui

@@ -5,12 +5,9 @@
 namespace ui {
 
 /// A panel with a border and a caption.
-class Frame : public Control, public Container {
+class Frame : public Panel {
 public:
     Frame(Container& container, TextView caption);
-
-    NativeWidget& client() override { return native(); }
-    void setLayout(Layout layout);
 };
 
 } // namespace ui

@@ -34,20 +34,11 @@ void Label::setWrapped() {
     widgetOf<QLabel>(*this).setWordWrap(true);
 }
 
-void Label::setSize(Size size) {
+void Label::setLarge() {
     auto& label = widgetOf<QLabel>(*this);
     QFont font = label.font();
-    switch (size) {
-    case Size::normal:
-        break;
-    case Size::large:
-        font.setPointSizeF(font.pointSizeF() * 2);
-        font.setBold(true);
-        break;
-    case Size::small:
-        font.setPointSizeF(font.pointSizeF() * 0.9);
-        break;
-    }
+    font.setPointSizeF(font.pointSizeF() * 2);
+    font.setBold(true);
     label.setFont(font);
 }
 

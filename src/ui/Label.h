@@ -15,8 +15,7 @@ public:
     /// Broken into lines where it is too wide.
     void setWrapped();
 
-    enum class Size { normal, large, small };
-    void setSize(Size size);
+    void setLarge();
     void setCentred();
 };
 

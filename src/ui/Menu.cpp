@@ -10,7 +10,6 @@ namespace ui {
 Menu::Menu(std::unique_ptr<Native> native) : native_(std::move(native)) {
     if (native_->menu) {
         native_->menu->setToolTipsVisible(false);
-        QObject::connect(native_->menu, &QMenu::aboutToShow, [this] { Open.raise(); });
     }
 }
 

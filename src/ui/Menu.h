@@ -25,9 +25,6 @@ public:
     /// nothing.
     void setVisible(TextView name, bool visible);
 
-    /// Raised before the menu shows.
-    Event<> Open;
-
     struct Native;
     Native& native() const { return *native_; }
 

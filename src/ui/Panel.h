@@ -11,6 +11,9 @@ public:
 
     NativeWidget& client() override { return native(); }
     void setLayout(Layout layout);
+
+protected:
+    using Control::Control;
 };
 
 } // namespace ui

@@ -294,10 +294,6 @@ void Window::setLayout(Layout layout) {
     layout.applyTo(client());
 }
 
-void Window::fixSize() {
-    native_->widget->layout()->setSizeConstraint(QLayout::SetFixedSize);
-}
-
 Menu& Window::menuBar() {
     return *menuBar_;
 }

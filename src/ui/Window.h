@@ -85,10 +85,6 @@ public:
     virtual void Resize() {}
     virtual bool mayClose() { return true; }
 
-protected:
-    /// The size of a dialog follows its contents.
-    void fixSize();
-
 private:
     struct Native;
     std::unique_ptr<Native> native_;

@@ -35,18 +35,6 @@ Key keyOf(const QKeyEvent& event) {
     case Qt::Key_Down:
         key.code = KeyCode::down;
         break;
-    case Qt::Key_Left:
-        key.code = KeyCode::left;
-        break;
-    case Qt::Key_Right:
-        key.code = KeyCode::right;
-        break;
-    case Qt::Key_Tab:
-        key.code = KeyCode::tab;
-        break;
-    case Qt::Key_Escape:
-        key.code = KeyCode::escape;
-        break;
     default:
         break;
     }
