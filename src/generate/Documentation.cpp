@@ -180,10 +180,11 @@ Text documentationPage(const TopicOutline& outline, const ProjectOptions& option
     return Documentation(outline, options, imageFolder).make();
 }
 
-FileFailures generateDocumentation(const TopicOutline& outline, const ProjectOptions& options,
-                                   const std::filesystem::path& file,
-                                   const std::filesystem::path& imageFolder) {
-    FileFailures failures;
+model::FileFailures generateDocumentation(const TopicOutline& outline,
+                                          const ProjectOptions& options,
+                                          const std::filesystem::path& file,
+                                          const std::filesystem::path& imageFolder) {
+    model::FileFailures failures;
     writeGenerated(file, documentationPage(outline, options, model::attributeText(imageFolder)),
                    failures);
     return failures;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "generate/FileFailure.h"
+#include "model/FileFailure.h"
 #include "model/Message.h"
 #include "model/ProjectOptions.h"
 #include "model/TopicOutline.h"
@@ -14,10 +14,10 @@ model::Text documentationPage(const model::TopicOutline& outline,
                               const model::ProjectOptions& options, model::TextView imageFolder);
 
 /// Writes that page; a failure is noted, and the command counts as complete all the same.
-FileFailures generateDocumentation(const model::TopicOutline& outline,
-                                   const model::ProjectOptions& options,
-                                   const std::filesystem::path& file,
-                                   const std::filesystem::path& imageFolder);
+model::FileFailures generateDocumentation(const model::TopicOutline& outline,
+                                          const model::ProjectOptions& options,
+                                          const std::filesystem::path& file,
+                                          const std::filesystem::path& imageFolder);
 
 /// Said at the end of the command.
 model::Message documentationComplete();

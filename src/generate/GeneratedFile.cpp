@@ -16,13 +16,14 @@ fs::path siblingFile(const fs::path& path, std::string_view extension) {
     return path.parent_path() / name;
 }
 
-void noteFailure(FileFailures& failures, const fs::path& path, const std::error_code& error) {
+void noteFailure(model::FileFailures& failures, const fs::path& path,
+                 const std::error_code& error) {
     if (error) {
         failures.push_back({path, error.message()});
     }
 }
 
-void writeGenerated(const fs::path& path, model::TextView contents, FileFailures& failures) {
+void writeGenerated(const fs::path& path, model::TextView contents, model::FileFailures& failures) {
     noteFailure(failures, path, platform::writeFile(path, contents));
 }
 

@@ -3,7 +3,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "generate/FileFailure.h"
+#include "model/FileFailure.h"
 #include "model/Text.h"
 
 namespace generate {
@@ -13,11 +13,11 @@ namespace generate {
 std::filesystem::path siblingFile(const std::filesystem::path& path, std::string_view extension);
 
 /// Notes a failure; does nothing for a success.
-void noteFailure(FileFailures& failures, const std::filesystem::path& path,
+void noteFailure(model::FileFailures& failures, const std::filesystem::path& path,
                  const std::error_code& error);
 
 /// Writes a file that can be made again, noting a failure.
 void writeGenerated(const std::filesystem::path& path, model::TextView contents,
-                    FileFailures& failures);
+                    model::FileFailures& failures);
 
 } // namespace generate

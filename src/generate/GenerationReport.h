@@ -1,7 +1,7 @@
 #pragma once
 
-#include "generate/FileFailure.h"
 #include "generate/TopicPage.h"
+#include "model/FileFailure.h"
 
 namespace generate {
 
@@ -10,7 +10,7 @@ struct GenerationReport {
     model::Text text; ///< as shown to the author; no line break at its end
     PageCounts pages;
     int contexts = 0; ///< topics that an application can call up
-    FileFailures failures;
+    model::FileFailures failures;
 };
 
 } // namespace generate

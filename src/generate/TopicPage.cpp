@@ -3,7 +3,7 @@
 #include "generate/BodyLinks.h"
 #include "generate/PageLines.h"
 #include "generate/PageNavigation.h"
-#include "generate/ProtectedBlock.h"
+#include "model/ProtectedBlock.h"
 
 namespace generate {
 
@@ -56,7 +56,7 @@ void appendKeywords(Text& page, const Text& keywords) {
 }
 
 void appendBody(Text& page, const Text& body, PageCounts& counts) {
-    appendProtectedBlock(page, body);
+    model::appendProtectedBlock(page, body);
     appendLine(page);
     if (body.empty() || holdsImage(body)) {
         appendLine(page, "<br clear=all>");

@@ -58,10 +58,10 @@ std::size_t sequenceLength(unsigned char lead) {
     return lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
 }
 
-/// Takes one character off the front; a damaged sequence loses one byte and gives U+FFFD, which no
-/// code page has.
+constexpr char32_t damaged = 0xFFFD; // in no code page
+
+/// Takes one character off the front; a damaged sequence loses one byte.
 char32_t takeCharacter(std::string_view& utf8) {
-    constexpr char32_t damaged = 0xFFFD;
     const auto lead = static_cast<unsigned char>(utf8.front());
     const std::size_t length = sequenceLength(lead);
     if (length == 1) {
@@ -86,6 +86,23 @@ char32_t takeCharacter(std::string_view& utf8) {
     return overlong ? damaged : character;
 }
 
+void appendHtml(Text& html, char32_t character) {
+    const char byte = byteOf(character);
+    if (byte == '?' && character != U'?') {
+        append(html, "&#", std::to_string(static_cast<std::uint32_t>(character)), ";");
+    } else {
+        html += byte;
+    }
+}
+
+bool isHighSurrogate(char32_t unit) {
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+
+bool isLowSurrogate(char32_t unit) {
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
 } // namespace
 
 std::string toUtf8(TextView text) {
@@ -108,14 +125,29 @@ Text fromUtf8(std::string_view utf8) {
 
 Text htmlFromUtf8(std::string_view utf8) {
     Text html;
+    html.reserve(utf8.size());
     while (!utf8.empty()) {
-        const char32_t character = takeCharacter(utf8);
-        const char byte = byteOf(character);
-        if (byte == '?' && character != U'?') {
-            append(html, "&#", std::to_string(static_cast<std::uint32_t>(character)), ";");
-        } else {
-            html += byte;
+        appendHtml(html, takeCharacter(utf8));
+    }
+    return html;
+}
+
+Text htmlFromUtf16(std::string_view bytes, bool bigEndian) {
+    const auto unitAt = [bytes, bigEndian](std::size_t offset) {
+        const auto first = static_cast<unsigned char>(bytes[offset]);
+        const auto second = static_cast<unsigned char>(bytes[offset + 1]);
+        return static_cast<char32_t>(bigEndian ? first << 8 | second : second << 8 | first);
+    };
+    Text html;
+    html.reserve(bytes.size() / 2);
+    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+        char32_t character = unitAt(i);
+        if (isHighSurrogate(character) && i + 3 < bytes.size() && isLowSurrogate(unitAt(i + 2))) {
+            i += 2;
+            character = 0x10000 + ((character & 0x3FF) << 10 | (unitAt(i) & 0x3FF));
         }
+        appendHtml(html,
+                   isHighSurrogate(character) || isLowSurrogate(character) ? damaged : character);
     }
     return html;
 }

@@ -18,6 +18,7 @@ Text fromUtf8(std::string_view utf8);
 /// For HTML, where nothing needs to be lost: characters that the code page lacks become decimal
 /// references ("&#937;").
 Text htmlFromUtf8(std::string_view utf8);
+Text htmlFromUtf16(std::string_view bytes, bool bigEndian);
 
 /// The path under which the file system knows a name or relative path that stands in a project.
 /// Both slashes end a folder.

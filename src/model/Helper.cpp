@@ -51,6 +51,18 @@ Text makeFileName(TextView title) {
     return trimmed.empty() ? Text("Filename") : withSingleBlanks(trimmed);
 }
 
+Text withoutReferences(Text text) {
+    for (std::size_t start = 0; (start = text.find("&#", start)) != Text::npos;) {
+        const std::size_t end = text.find_first_not_of("0123456789", start + 2);
+        if (end == Text::npos || text[end] != ';' || end == start + 2) {
+            start += 2;
+        } else {
+            text.erase(start, end + 1 - start);
+        }
+    }
+    return text;
+}
+
 Text makeContextId(TextView title) {
     Text id = upperCase(makeFileName(title));
     std::replace(id.begin(), id.end(), ' ', '_');

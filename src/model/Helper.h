@@ -11,6 +11,10 @@ namespace model {
 /// are removed or replaced, and so are runs of blanks. "Filename" when nothing is left.
 Text makeFileName(TextView title);
 
+/// Without the decimal references that stand for characters outside the code page: in a page's name
+/// they would be taken for those characters, and name another file.
+Text withoutReferences(Text text);
+
 /// A context string made from a title: "IDH_OPEN_A_FILE".
 Text makeContextId(TextView title);
 

@@ -6,20 +6,6 @@ namespace model {
 
 namespace {
 
-/// Without the references that stand for characters outside the code page: in a link they would be
-/// taken for those characters, and name another file.
-Text withoutReferences(Text text) {
-    for (std::size_t start = 0; (start = text.find("&#", start)) != Text::npos;) {
-        const std::size_t end = text.find_first_not_of("0123456789", start + 2);
-        if (end == Text::npos || text[end] != ';' || end == start + 2) {
-            start += 2;
-        } else {
-            text.erase(start, end + 1 - start);
-        }
-    }
-    return text;
-}
-
 bool hasCurrent(const Project& project) {
     return project.currentIndex() > 0;
 }

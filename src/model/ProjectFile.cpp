@@ -10,20 +10,6 @@
 namespace model {
 namespace {
 
-constexpr TextView header = "HTML Topicsmith Format 1";
-constexpr TextView topicMarker = "++";
-
-/// A topic's fields in the order of the file; the body follows them.
-constexpr Text Topic::*topicFields[] = {&Topic::level,
-                                        &Topic::status,
-                                        &Topic::title,
-                                        &Topic::fileName,
-                                        &Topic::contextId,
-                                        &Topic::contextNumber,
-                                        &Topic::shortDescription,
-                                        &Topic::image,
-                                        &Topic::keywords};
-
 NavigationType navigationTypeOf(TextView field) {
     int value = 0;
     std::from_chars(field.data(), field.data() + field.size(), value);
@@ -213,7 +199,7 @@ Message fileNotFoundMessage(const std::filesystem::path& path) {
 ParsedProject parseProject(Text file) {
     ParsedProject project;
     FieldReader fields(std::move(file));
-    if (fields.next() != header) {
+    if (fields.next() != projectFileHeader) {
         project.stop = LoadStop::unknownFormat;
     } else if (!readOptions(fields, project.options)) {
         project.stop = LoadStop::endInOptions;
@@ -227,7 +213,7 @@ ParsedProject parseProject(Text file) {
 Text formatProject(const TopicOutline& outline, const ProjectOptions& options) {
     Text file;
     file.reserve(sizeBound(outline, options));
-    appendLine(file, header);
+    appendLine(file, projectFileHeader);
     formatOptions(file, options);
     for (const Topic& topic : outline) {
         formatTopic(file, topic);
@@ -235,15 +221,18 @@ Text formatProject(const TopicOutline& outline, const ProjectOptions& options) {
     return file;
 }
 
-LoadOutcome loadProject(Project& project, const std::filesystem::path& path) {
-    Text file;
-    // A large file of another kind is recognised before it is read whole.
+std::error_code readProjectFile(const std::filesystem::path& path, Text& file) {
     constexpr std::size_t enoughForHeader = 4096;
     std::error_code error = platform::readFile(path, file, enoughForHeader);
-    if (!error && FieldReader(file).next() == header) {
+    if (!error && FieldReader(file).next() == projectFileHeader) {
         error = platform::readFile(path, file);
     }
-    if (error) {
+    return error;
+}
+
+LoadOutcome loadProject(Project& project, const std::filesystem::path& path) {
+    Text file;
+    if (const std::error_code error = readProjectFile(path, file)) {
         return {error};
     }
     ParsedProject parsed = parseProject(std::move(file));

@@ -9,6 +9,20 @@
 /// The project file (`.tsp`), described in docs/file-formats.md.
 namespace model {
 
+inline constexpr TextView projectFileHeader = "HTML Topicsmith Format 1"; ///< its first field
+inline constexpr TextView topicMarker = "++";                             ///< before each topic
+
+/// A topic's fields in the order of the file; the body follows them.
+inline constexpr Text Topic::*topicFields[] = {&Topic::level,
+                                               &Topic::status,
+                                               &Topic::title,
+                                               &Topic::fileName,
+                                               &Topic::contextId,
+                                               &Topic::contextNumber,
+                                               &Topic::shortDescription,
+                                               &Topic::image,
+                                               &Topic::keywords};
+
 /// How reading a project file ended. What was read until then is kept.
 enum class LoadStop {
     none,          ///< at its end
@@ -34,6 +48,10 @@ struct ParsedProject {
 ParsedProject parseProject(Text file);
 
 Text formatProject(const TopicOutline& outline, const ProjectOptions& options);
+
+/// Reads the bytes of a project file. Of a file of another kind, however large, only the first are
+/// read.
+std::error_code readProjectFile(const std::filesystem::path& path, Text& file);
 
 /// How loading went. After a read error the project is as it was.
 struct LoadOutcome {

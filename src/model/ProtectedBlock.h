@@ -1,21 +1,36 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
+
 #include "model/Text.h"
 
 /// The marked region of a generated page that holds the topic's body, so that pages edited outside
 /// the program can be read back.
-namespace generate {
+namespace model {
 
 /// The first marker line goes on with the length of the content, in characters and without the line
 /// end behind it, and blockStartEnd.
-inline constexpr model::TextView blockStart = "<!-- HTML Topicsmith Custom Code *Do Not Remove* [";
-inline constexpr model::TextView blockStartEnd = "] -->";
-inline constexpr model::TextView blockEnd = "<!-- HTML Topicsmith End Code *Do Not Remove* -->";
+inline constexpr TextView blockStart = "<!-- HTML Topicsmith Custom Code *Do Not Remove* [";
+inline constexpr TextView blockStartEnd = "] -->";
+inline constexpr TextView blockEnd = "<!-- HTML Topicsmith End Code *Do Not Remove* -->";
 
 /// Stands in for the body of a topic that has none.
-inline constexpr model::TextView placeholderBody =
+inline constexpr TextView placeholderBody =
     R"(<p><IMG src="..\images\Image.jpg" align=left BORDER=0> Descriptive text goes here.</p>)";
 
-void appendProtectedBlock(model::Text& page, model::TextView body);
+void appendProtectedBlock(Text& page, TextView body);
 
-} // namespace generate
+/// A block as it is found in a page.
+struct ProtectedBlock {
+    Text content;  ///< its lines, with CR LF between them, whatever the page has
+    TextView asIs; ///< the same with the page's own line ends; a part of the page
+
+    /// The content's length when the page was generated, from the marker; 0 when that holds none.
+    std::int32_t generatedLength = 0;
+};
+
+/// The first block of a page; nothing when there is none or its end is missing.
+std::optional<ProtectedBlock> findProtectedBlock(TextView page);
+
+} // namespace model
