@@ -20,12 +20,6 @@ void printUsage(std::ostream& stream) {
               "2 wrong usage.\n";
 }
 
-ExitCode usageError(BatchSession& session, const std::string& problem) {
-    session.console.err() << "topicsmith-batch: " << problem << "\n\n";
-    printUsage(session.console.err());
-    return exitUsage;
-}
-
 ExitCode runCommand(BatchSession& session, const Arguments& arguments) {
     if (arguments.empty()) {
         return usageError(session, "no command given");
@@ -58,6 +52,12 @@ ExitCode runCommand(BatchSession& session, const Arguments& arguments) {
 }
 
 } // namespace
+
+ExitCode usageError(BatchSession& session, const std::string& problem) {
+    session.console.err() << "topicsmith-batch: " << problem << "\n\n";
+    printUsage(session.console.err());
+    return exitUsage;
+}
 
 ExitCode runBatch(BatchSession& session, const Arguments& arguments) {
     const ExitCode code = runCommand(session, arguments);

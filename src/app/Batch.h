@@ -35,6 +35,9 @@ struct BatchCommand {
 
 std::span<const BatchCommand> batchCommands();
 
+/// Says what is wrong with the command line, and how it should be.
+ExitCode usageError(BatchSession& session, const std::string& problem);
+
 /// Runs the command that the arguments (without the program's name) ask for.
 ExitCode runBatch(BatchSession& session, const Arguments& arguments);
 

@@ -1,7 +1,9 @@
 #include <algorithm>
+#include <limits>
 #include <string>
 
-#include "app/Batch.h"
+#include "app/BatchImports.h"
+#include "app/BatchProject.h"
 #include "generate/Documentation.h"
 #include "generate/GeneratedFile.h"
 #include "generate/GenerationRun.h"
@@ -17,43 +19,6 @@ using model::Project;
 
 constexpr const char* helpTitle = "Generate Help Files";
 constexpr const char* documentationTitle = "Generate Documentation";
-
-/// What to say of a cut file for which there is no message.
-std::string whyCut(model::LoadStop stop) {
-    switch (stop) {
-    case model::LoadStop::endInBody:
-        return "the file ends inside the text of its last topic; ";
-    case model::LoadStop::endInOptions:
-        return "the file ends before its first topic; ";
-    default:
-        return {};
-    }
-}
-
-/// Loads a project that can be worked with; otherwise says why not. A project that was cut or has
-/// too many topics is refused: a script must not go on with a part of it.
-bool loadWhole(BatchSession& session, const fs::path& path, Project& project) {
-    const model::LoadOutcome outcome = model::loadProject(project, platform::fullPath(path));
-    if (outcome.readError == std::errc::no_such_file_or_directory) {
-        session.console.message(model::fileNotFoundMessage(path));
-        return false;
-    }
-    if (outcome.readError) {
-        session.console.failure("Error", path, outcome.readError.message());
-        return false;
-    }
-    if (outcome.stop == model::LoadStop::none) {
-        return true;
-    }
-    if (const auto message = model::messageFor(outcome.stop)) {
-        session.console.message(*message);
-    }
-    session.console.failure("Error", path,
-                            whyCut(outcome.stop) + "stopped in line "
-                                + std::to_string(outcome.stopLine) + ", after "
-                                + std::to_string(project.outline().count()) + " topics");
-    return false;
-}
 
 /// Where a command is to write: a file path with an extension, in a folder that exists. Says why
 /// when there can be no such file, or when it would take the project's own place.
@@ -138,7 +103,7 @@ ExitCode runDocument(BatchSession& session, const Arguments& arguments) {
         || !prepareOutput(session, documentationTitle, "htm", project.projectPath(), output)) {
         return exitFailed;
     }
-    const generate::FileFailures failures = generate::generateDocumentation(
+    const model::FileFailures failures = generate::generateDocumentation(
         project.outline(), project.options(), output, project.projectPath().parent_path());
     session.console.failures(documentationTitle, failures);
     session.console.message(generate::documentationComplete());
@@ -173,12 +138,25 @@ ExitCode runInfo(BatchSession& session, const Arguments& arguments) {
     return exitDone;
 }
 
+constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
+
 constexpr BatchCommand commands[] = {
     {"generate", "PROJECT.tsp OUTPUT.hhp",
      "Writes the help workshop's sources, saves the project, prints the report.", 2, 2,
      runGenerate},
     {"document", "PROJECT.tsp OUTPUT.htm", "Writes the whole outline as one HTML page.", 2, 2,
      runDocument},
+    {"import-vb", "PROJECT.tsp APP.vbp",
+     "Appends topics for the forms of a Visual Basic 6 project.", 2, 2, importVb},
+    {"import-text", "PROJECT.tsp OUTLINE.txt",
+     "Appends topics from lines of outline number, title and description, with tabs between.", 2, 2,
+     importText},
+    {"import-topics", "PROJECT.tsp OTHER.tsp [POSITION...]",
+     "Appends topics of another project, all of them or those at the positions.", 2, anyNumber,
+     importTopics},
+    {"synchronise", "PROJECT.tsp",
+     "Takes edits of the pages in the html folder beside the project back into its topics.", 1, 1,
+     synchronise},
     {"info", "PROJECT.tsp", "Prints facts about a project, one per line.", 1, 1, runInfo},
 };
 

@@ -34,7 +34,8 @@ void Console::result(model::TextView text) {
 }
 
 void Console::message(const model::Message& message) {
-    err_ << shownText(message.title) << ": " << shownText(message.text) << '\n';
+    err_ << (message.title.empty() ? "HTML Topicsmith" : shownText(message.title)) << ": "
+         << shownText(message.text) << '\n';
 }
 
 void Console::failure(std::string_view title, const std::filesystem::path& path,
@@ -42,8 +43,8 @@ void Console::failure(std::string_view title, const std::filesystem::path& path,
     err_ << title << ": " << shownPath(path) << ": " << reason << '\n';
 }
 
-void Console::failures(std::string_view title, const generate::FileFailures& failures) {
-    for (const generate::FileFailure& failed : failures) {
+void Console::failures(std::string_view title, const model::FileFailures& failures) {
+    for (const model::FileFailure& failed : failures) {
         failure(title, failed.path, failed.reason);
     }
 }

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <ostream>
 
-#include "generate/FileFailure.h"
+#include "model/FileFailure.h"
 #include "model/Message.h"
 
 namespace app {
@@ -27,7 +27,7 @@ public:
     /// Names a file and what went wrong with it, under the title of the command.
     void failure(std::string_view title, const std::filesystem::path& path,
                  std::string_view reason);
-    void failures(std::string_view title, const generate::FileFailures& failures);
+    void failures(std::string_view title, const model::FileFailures& failures);
 
     /// Whether everything said on the result stream has arrived.
     bool delivered();

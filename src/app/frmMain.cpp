@@ -62,6 +62,7 @@ void frmMain::arrange() {
     txtHelpNum.acceptOnly("0123456789.");
     lvLevels.setAccessibleName("Topics");
     lvLevels.setSearchColumn(OutlineRows::titleColumn);
+    lvLevels.setRowsDraggable();
 
     auto fields = ui::Layout::row();
     fields.withoutMargins().setSpacing(90);
@@ -300,16 +301,6 @@ void frmMain::lvLevels_RowDragged(int from, int to) {
         model::moveTopicTo(project_, to);
     }
     updateCommands();
-}
-
-void frmMain::files_Dropped(const std::vector<fs::path>& files) {
-    const auto isProject = [](const fs::path& file) {
-        return model::equalIgnoringCase(file.extension().string(), ".tsp");
-    };
-    if (const auto file = std::find_if(files.begin(), files.end(), isProject);
-        file != files.end()) {
-        openFile(*file);
-    }
 }
 
 } // namespace app

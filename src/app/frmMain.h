@@ -8,6 +8,7 @@
 #include "app/ProjectFiles.h"
 #include "app/dlgReport.h"
 #include "editor/frmEditBody.h"
+#include "import/frmImport.h"
 #include "ui/Clipboard.h"
 #include "ui/ListView.h"
 #include "ui/Panel.h"
@@ -88,8 +89,12 @@ public:
     void mnuFileNew_Click();
     void mnuFileOpen_Click();
     void mnuFileSave_Click(int index); ///< 1 asks for the name
+    void mnuFileImportText_Click();
+    void mnuFileImportHelp_Click();
+    void mnuFileImportProject_Click();
     void mnuFileGenerateHelp_Click();
     void mnuFileGenerateDoc_Click();
+    void mnuFileSynch_Click();
     void mnuFileProperties_Click();
     void mnuFileMRU_Click(int index);
     void mnuFileExit_Click() { close(); }
@@ -125,6 +130,9 @@ public:
     /// Of the last generation run, as long as it is open; null otherwise.
     dlgReport* report() const { return report_.get(); }
 
+    /// For topics of another project, as long as it is open; null otherwise.
+    importer::frmImport* importDialog() const { return import_.get(); }
+
     void Resize() override;
     bool mayClose() override;
 
@@ -149,6 +157,7 @@ private:
     void updateStatus();
     void notice(const model::Text& text);
     void noticeFailure();
+    void noticeFailure(const std::error_code& error);
 
     void showCurrent();
     void selectCurrent();
@@ -162,11 +171,19 @@ private:
     void showNeighbour(int step);
     model::Text outputName(const char* extension) const;
 
+    std::filesystem::path importFolder() const;
+    std::optional<std::filesystem::path> chooseImport(model::TextView title, const char* pattern,
+                                                      const char* filter);
+    void importTextFile(const std::filesystem::path& file);
+    void importVbProject(const std::filesystem::path& file);
+    void finishImport(const importer::ImportOutcome& outcome);
+
     ui::Clipboard clipboard_;
     ui::CommandSet commands_{*this, mainCommands(), &lvLevels};
     editor::EditorMemory editorMemory_;
     std::unique_ptr<editor::frmEditBody> editor_;
     std::unique_ptr<dlgReport> report_;
+    std::unique_ptr<importer::frmImport> import_;
 };
 
 } // namespace app

@@ -19,7 +19,7 @@ using ui::Prompter;
 
 namespace {
 
-Text failureNotice(const generate::FileFailures& failures) {
+Text failureNotice(const model::FileFailures& failures) {
     if (failures.empty()) {
         return {};
     }
@@ -64,12 +64,16 @@ void frmMain::mnuFileMRU_Click(int index) {
 void frmMain::noticeFailure() {
     updateStatus();
     if (const std::error_code error = files_.takeError()) {
-        Prompter::current().beep();
-        notice("Not done: " + model::fromUtf8(error.message()));
+        noticeFailure(error);
     } else if (const Text said = files_.takeNotice(); !said.empty()) {
         Prompter::current().beep();
         notice(said);
     }
+}
+
+void frmMain::noticeFailure(const std::error_code& error) {
+    Prompter::current().beep();
+    notice("Not done: " + model::fromUtf8(error.message()));
 }
 
 /// The project's name up to its first point, with another extension.
@@ -130,7 +134,7 @@ void frmMain::mnuFileGenerateDoc_Click() {
     if (!file) {
         return;
     }
-    generate::FileFailures failures;
+    model::FileFailures failures;
     {
         const ui::WaitCursor busy;
         failures = generate::generateDocumentation(project_.outline(), project_.options(),

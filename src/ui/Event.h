@@ -26,6 +26,8 @@ class Event {
 public:
     void connect(std::function<void(Arguments...)> handler) { handler_ = std::move(handler); }
 
+    bool isConnected() const { return static_cast<bool>(handler_); }
+
     /// For this layer.
     void raise(Arguments... arguments) const noexcept {
         guarded([&] {

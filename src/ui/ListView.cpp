@@ -51,10 +51,9 @@ public:
         setAllColumnsShowFocus(true);
         setSelectionMode(QAbstractItemView::SingleSelection);
         setEditTriggers(QAbstractItemView::NoEditTriggers);
-        setDragDropMode(QAbstractItemView::DragDrop);
         setDragDropOverwriteMode(false);
         setTabKeyNavigation(false);
-        header()->setStretchLastSection(false);
+        header()->setStretchLastSection(model.columnCount() == 1);
         header()->setSectionsMovable(false);
         header()->setSectionsClickable(false);
     }
@@ -70,11 +69,9 @@ protected:
     }
 
     void keyPressEvent(QKeyEvent* event) override {
-        Key key = keyOf(*event);
-        owner_.KeyDown.raise(key);
-        if (key.handled) {
-            event->accept();
-        } else if (key.code == KeyCode::enter && currentIndex().isValid()) {
+        const Key key = keyOf(*event);
+        if (key.code == KeyCode::enter && currentIndex().isValid()
+            && owner_.DblClick.isConnected()) {
             owner_.DblClick.raise(currentIndex().row() + 1);
         } else if (event->matches(QKeySequence::Copy) || key.alt) {
             event->ignore(); // the toolkit would copy a cell, or scroll sideways
@@ -171,6 +168,7 @@ struct ListView::Native : NativeWidget {
            const ListSource& source)
         : NativeWidget(nullptr), model(columns, source), view(new ListWidget(parent, list, model)) {
         widget = view;
+        model.boxClicked = [&list](int row) { list.ItemCheck.raise(row); };
         for (std::size_t i = 0; i < columns.size(); ++i) {
             view->header()->resizeSection(static_cast<int>(i), toPixels(columns[i].width));
         }
@@ -276,6 +274,11 @@ void ListView::setColumnWidths(const std::vector<int>& widths) {
     for (int i = 0; i < std::min(header.count(), static_cast<int>(widths.size())); ++i) {
         header.resizeSection(i, toPixels(widths[static_cast<std::size_t>(i)]));
     }
+}
+
+void ListView::setRowsDraggable() {
+    list().model.draggable = true;
+    list().view->setDragDropMode(QAbstractItemView::DragDrop);
 }
 
 void ListView::setSearchColumn(int column) {

@@ -1,10 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "ui/Control.h"
 #include "ui/Event.h"
-#include "ui/Key.h"
 
 namespace ui {
 
@@ -20,6 +20,9 @@ public:
 
     /// How far a cell's text is moved in, in twips; -1 in columns without such.
     virtual int indent(int /*row*/, int /*column*/) const { return -1; }
+
+    /// Whether the box before the row is ticked; nothing where there is no box.
+    virtual std::optional<bool> checked(int /*row*/) const { return {}; }
 };
 
 struct Column {
@@ -50,12 +53,15 @@ public:
 
     void setContextMenu(Menu& menu);
 
+    /// Lets rows be dragged to other places, see RowDragged.
+    void setRowsDraggable();
+
     /// Where typed letters are looked for; the first one otherwise.
     void setSearchColumn(int column);
 
-    Event<int> ItemClick; ///< a row was chosen, by mouse or key
-    Event<int> DblClick;  ///< or Enter
-    Event<Key&> KeyDown;
+    Event<int> ItemClick;       ///< a row was chosen, by mouse or key
+    Event<int> DblClick;        ///< or Enter, which is the default button's where nobody listens
+    Event<int> ItemCheck;       ///< the box of a row was clicked, or the space bar pressed on it
     Event<int, int> RowDragged; ///< from one row to the place of another
 
 private:

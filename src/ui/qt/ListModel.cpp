@@ -60,11 +60,27 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
         return toQt(model::oneLine(source_.cell(row, index.column()).substr(0, shownLength)));
     case Qt::ToolTipRole:
         return plainToolTip(source_.toolTip(row, index.column()));
+    case Qt::CheckStateRole:
+        return hasBox(index) ? QVariant(*source_.checked(row) ? Qt::Checked : Qt::Unchecked)
+                             : QVariant();
     case indentRole:
         return indentOf(row, index.column());
     default:
         return {};
     }
+}
+
+/// The box shows what the source says; the click goes to whoever owns that.
+bool ListModel::setData(const QModelIndex& index, const QVariant& /*value*/, int role) {
+    if (role != Qt::CheckStateRole || !hasBox(index)) {
+        return false;
+    }
+    boxClicked(index.row() + 1);
+    return true;
+}
+
+bool ListModel::hasBox(const QModelIndex& index) const {
+    return index.column() == 0 && source_.checked(index.row() + 1).has_value();
 }
 
 int ListModel::indentOf(int row, int column) const {
@@ -93,8 +109,10 @@ Qt::ItemFlags ListModel::flags(const QModelIndex& index) const {
     if (!index.isValid()) {
         return Qt::ItemIsDropEnabled; // rows are dropped between rows
     }
-    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled
-           | Qt::ItemNeverHasChildren;
+    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    flags.setFlag(Qt::ItemIsDragEnabled, draggable);
+    flags.setFlag(Qt::ItemIsUserCheckable, hasBox(index));
+    return flags;
 }
 
 QByteArray ListModel::listMark() const {

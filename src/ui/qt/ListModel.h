@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include <QAbstractTableModel>
 
 #include "ui/ListView.h"
@@ -15,6 +17,9 @@ public:
 
     ListModel(const std::vector<Column>& columns, const ListSource& source);
 
+    bool draggable = false;
+    std::function<void(int row)> boxClicked;
+
     void rowChanged(int row);
     void rowInserted(int row);
     void rowRemoved(int row);
@@ -23,6 +28,7 @@ public:
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
@@ -34,6 +40,7 @@ public:
 
 private:
     int indentOf(int row, int column) const;
+    bool hasBox(const QModelIndex& index) const;
     QByteArray listMark() const;
 
     std::vector<Column> columns_;

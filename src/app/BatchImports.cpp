@@ -1,0 +1,105 @@
+#include "app/BatchImports.h"
+
+#include <charconv>
+#include <set>
+
+#include "app/BatchProject.h"
+#include "import/Synchroniser.h"
+#include "import/TextImport.h"
+#include "import/TopicImport.h"
+#include "import/VbImport.h"
+#include "model/PagePath.h"
+#include "platform/Files.h"
+
+namespace app {
+
+namespace fs = std::filesystem;
+using importer::ImportOutcome;
+using model::Project;
+
+namespace {
+
+/// Does an import from a file into a project, and says what came of it.
+template <typename Import>
+ExitCode runImport(BatchSession& session, const fs::path& projectFile, const fs::path& source,
+                   model::TextView title, const Import& import) {
+    Project project;
+    if (!loadOrStart(session, projectFile, project)) {
+        return exitFailed;
+    }
+    const ImportOutcome outcome = import(project, platform::fullPath(source));
+    if (outcome.readError) {
+        session.console.failure(title, source, outcome.readError.message());
+        return exitFailed;
+    }
+    session.console.failures(title, outcome.skipped);
+    if (outcome.message) {
+        session.console.message(*outcome.message);
+    }
+    if (outcome.projectChanged && !saveBack(session, project)) {
+        return exitFailed;
+    }
+    session.console.result(summary(outcome));
+    const bool critical = outcome.message && outcome.message->icon == model::MessageIcon::critical;
+    return critical ? exitFailed : exitDone;
+}
+
+/// A position from 1; 0 for anything else.
+int positionOf(const std::string& argument) {
+    int position = 0;
+    const char* end = argument.data() + argument.size();
+    const auto [rest, error] = std::from_chars(argument.data(), end, position);
+    return error == std::errc() && rest == end && position > 0 ? position : 0;
+}
+
+} // namespace
+
+ExitCode importVb(BatchSession& session, const Arguments& arguments) {
+    return runImport(session, arguments[0], arguments[1], importer::vbImportTitle,
+                     importer::importVbProject);
+}
+
+ExitCode importText(BatchSession& session, const Arguments& arguments) {
+    return runImport(session, arguments[0], arguments[1], importer::textImportTitle,
+                     importer::importText);
+}
+
+ExitCode importTopics(BatchSession& session, const Arguments& arguments) {
+    std::set<int> wanted;
+    for (std::size_t i = 2; i < arguments.size(); ++i) {
+        const int position = positionOf(arguments[i]);
+        if (position == 0) {
+            return usageError(session, "\"" + arguments[i] + "\" is no position");
+        }
+        wanted.insert(position);
+    }
+    return runImport(session, arguments[0], arguments[1], importer::topicImportTitle,
+                     [&wanted](Project& project, const fs::path& file) {
+                         return importer::importTopics(project, file, [&wanted](int row) {
+                             return wanted.empty() || wanted.contains(row);
+                         });
+                     });
+}
+
+ExitCode synchronise(BatchSession& session, const Arguments& arguments) {
+    Project project;
+    if (!loadWhole(session, arguments[0], project)) {
+        return exitFailed;
+    }
+    if (const auto message = importer::nothingToSynchronise(project)) {
+        session.console.message(*message);
+        return exitFailed;
+    }
+    const importer::Synchronisation result =
+        importer::synchronise(project, project.projectPath().parent_path() / model::pageFolderName);
+    for (const model::Message& conflict : result.conflicts) {
+        session.console.message(conflict);
+    }
+    if (!result.changed.empty() && !saveBack(session, project)) {
+        return exitFailed;
+    }
+    session.console.result(summary(result));
+    return exitDone;
+}
+
+} // namespace app

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "app/Batch.h"
+
+/// The batch program's commands that bring something into a project. Nothing is written when
+/// nothing was added or changed.
+namespace app {
+
+ExitCode importVb(BatchSession& session, const Arguments& arguments);
+ExitCode importText(BatchSession& session, const Arguments& arguments);
+ExitCode importTopics(BatchSession& session, const Arguments& arguments);
+ExitCode synchronise(BatchSession& session, const Arguments& arguments);
+
+} // namespace app

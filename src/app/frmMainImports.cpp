@@ -1,0 +1,159 @@
+#include <algorithm>
+
+#include "app/frmMain.h"
+#include "import/Synchroniser.h"
+#include "import/TextImport.h"
+#include "import/VbImport.h"
+#include "model/CodePage.h"
+#include "model/PagePath.h"
+#include "platform/Files.h"
+#include "ui/WaitCursor.h"
+
+// What the main window does with files from elsewhere.
+namespace app {
+
+namespace fs = std::filesystem;
+using model::Text;
+using model::TextView;
+using ui::Prompter;
+
+namespace {
+
+constexpr const char* importSection = "Import";
+constexpr const char* importKey = "File Path";
+
+constexpr const char* topicsFilter = "Topicsmith Project Files (*.tsp)|*.tsp|All Files (*.*)|*.*";
+
+bool hasExtension(const fs::path& file, TextView extension) {
+    return model::equalIgnoringCase(file.extension().string(), extension);
+}
+
+} // namespace
+
+fs::path frmMain::importFolder() const {
+    const fs::path folder = settings_.path(importSection, importKey);
+    return folder.empty() ? files_.folder() : folder;
+}
+
+/// Asks for the file to import; its default extension is that of the pattern.
+std::optional<fs::path> frmMain::chooseImport(TextView title, const char* pattern,
+                                              const char* filter) {
+    leaveField();
+    const auto file =
+        Prompter::current().chooseFile(this, {ui::FileQuestion::Kind::open, Text(title), filter, 1,
+                                              importFolder(), pattern, Text(pattern).substr(2)});
+    return file ? std::optional(platform::fullPath(*file)) : std::nullopt;
+}
+
+void frmMain::mnuFileImportText_Click() {
+    if (const auto file = chooseImport(importer::textImportTitle, "*.txt",
+                                       "Text Files (*.txt)|*.txt|All Files (*.*)|*.*")) {
+        importTextFile(*file);
+    }
+}
+
+void frmMain::mnuFileImportProject_Click() {
+    if (const auto file = chooseImport(importer::vbImportTitle, "*.vbp",
+                                       "VB Project Files (*.vbp)|*.vbp|All Files (*.*)|*.*")) {
+        importVbProject(*file);
+    }
+}
+
+void frmMain::mnuFileImportHelp_Click() {
+    const auto file = chooseImport(importer::topicImportTitle, "*.tsp", topicsFilter);
+    if (!file) {
+        return;
+    }
+    settings_.setPath(importSection, importKey, file->parent_path());
+    import_ = std::make_unique<importer::frmImport>(*this, project_, *file);
+    import_->Closed.connect([this] { discard(std::move(import_)); });
+    import_->Imported.connect(
+        [this](const importer::ImportOutcome& outcome) { finishImport(outcome); });
+    import_->show();
+    if (const std::error_code error = import_->fill()) {
+        noticeFailure(error);
+    }
+}
+
+void frmMain::importTextFile(const fs::path& file) {
+    importer::ImportOutcome outcome;
+    {
+        const ui::WaitCursor busy;
+        outcome = importer::importText(project_, file);
+    }
+    if (!outcome.readError && !project_.outline().empty()) {
+        showTopic(1);
+    }
+    finishImport(outcome);
+}
+
+void frmMain::importVbProject(const fs::path& file) {
+    importer::ImportOutcome outcome;
+    {
+        const ui::WaitCursor busy;
+        outcome = importer::importVbProject(project_, file);
+    }
+    finishImport(outcome);
+}
+
+/// Tells what came of an import.
+void frmMain::finishImport(const importer::ImportOutcome& outcome) {
+    if (outcome.message) {
+        Prompter::current().tell(this, *outcome.message);
+    }
+    if (outcome.readError) {
+        noticeFailure(outcome.readError);
+    } else {
+        notice(summary(outcome));
+    }
+    updateCommands();
+}
+
+void frmMain::mnuFileSynch_Click() {
+    leaveField();
+    if (const auto message = importer::nothingToSynchronise(project_)) {
+        Prompter::current().tell(this, *message);
+        return;
+    }
+    const Text title = project_.projectFileTitle();
+    const auto file = Prompter::current().chooseFile(
+        this, {ui::FileQuestion::Kind::open, "Synchronize Help HTML Files with Topicsmith Project",
+               "Topicsmith Project Files (*.tsp)|*.tsp|Text Files (*.txt)|*.txt|All Files "
+               "(*.*)|*.*",
+               1, files_.folder(), model::nativePath(title.substr(0, title.find('.') + 1) + "tsp"),
+               "tsp"});
+    if (!file || !closeEditor()) {
+        return;
+    }
+    importer::Synchronisation result;
+    {
+        const ui::WaitCursor busy;
+        result = importer::synchronise(project_, platform::fullPath(*file).parent_path()
+                                                     / model::pageFolderName);
+    }
+    for (const model::Message& conflict : result.conflicts) {
+        Prompter::current().tell(this, conflict);
+    }
+    notice(summary(result));
+}
+
+/// A project is opened; anything else that can be imported is, without a question.
+void frmMain::files_Dropped(const std::vector<fs::path>& files) {
+    const auto project = std::find_if(files.begin(), files.end(), [](const fs::path& file) {
+        return hasExtension(file, ".tsp");
+    });
+    if (project != files.end()) {
+        openFile(*project);
+    }
+    for (const fs::path& file : files) {
+        if (hasExtension(file, ".txt")) {
+            leaveField();
+            importTextFile(platform::fullPath(file));
+        } else if (hasExtension(file, ".vbp")) {
+            leaveField();
+            importVbProject(platform::fullPath(file));
+        }
+    }
+}
+
+} // namespace app

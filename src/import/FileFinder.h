@@ -1,0 +1,33 @@
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <unordered_map>
+
+#include "model/Text.h"
+
+namespace importer {
+
+/// Finds files by paths written on another system: with backslashes, and in any letter case.
+/// Folders are listed once.
+class FileFinder {
+public:
+    /// Relative paths start at this folder.
+    explicit FileFinder(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+    /// The file's path here, whose existence is not certain: a path with a drive letter, or with a
+    /// part that nothing matches, comes out as the one that was looked for.
+    std::filesystem::path find(model::TextView path);
+
+private:
+    /// The entry of a folder with this name; the name itself when there is none.
+    std::filesystem::path entry(const std::filesystem::path& folder, model::TextView name);
+
+    using Names = std::unordered_map<model::Text, std::filesystem::path>;
+    const Names& names(const std::filesystem::path& folder);
+
+    std::filesystem::path folder_;
+    std::map<std::filesystem::path, Names> listed_;
+};
+
+} // namespace importer

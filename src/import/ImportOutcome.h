@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+#include <system_error>
+
+#include "model/FileFailure.h"
+#include "model/Message.h"
+#include "model/Project.h"
+
+/// Topics from elsewhere. The namespace is not called after the folder because that is a word of
+/// the language.
+namespace importer {
+
+/// What came of an import. Each is one step that can be taken back.
+struct ImportOutcome {
+    std::error_code readError;             ///< why the input could not be read; nothing was done
+    int topicsAdded = 0;                   ///< at the end of the outline
+    bool projectChanged = false;           ///< also without a topic
+    std::optional<model::Message> message; ///< what the author has to be told
+    model::FileFailures skipped;           ///< forms that gave no topic, as the source names them
+    int leftOut = 0;                       ///< topics for which the outline had no room
+};
+
+/// "12 topics imported, 2 forms skipped: frmMap.frm (No such file or directory), …", for a line on
+/// the screen.
+model::Text summary(const ImportOutcome& outcome);
+
+/// Appends a topic unless the outline is full, which is noted.
+bool appendTopic(model::Project& project, model::Topic topic, ImportOutcome& outcome);
+
+/// Makes the first topic current where none is.
+void ensureCurrent(model::Project& project);
+
+/// "no topics", "1 topic", "2 topics".
+model::Text counted(std::size_t count, model::TextView noun);
+
+} // namespace importer

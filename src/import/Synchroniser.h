@@ -1,0 +1,27 @@
+#pragma once
+
+#include <vector>
+
+#include "model/Message.h"
+#include "model/Project.h"
+
+namespace importer {
+
+struct Synchronisation {
+    std::vector<int> changed;              ///< positions of the topics that took a page's text
+    std::vector<model::Message> conflicts; ///< pages edited while their topics were, too
+    std::vector<int> withoutPage;          ///< topics whose page is missing or has no whole block
+};
+
+/// Takes what was edited in the generated pages back into the topics' bodies. A topic that was
+/// changed since it was generated is left alone; so is everything in pages that nobody edited. One
+/// step that can be taken back.
+Synchronisation synchronise(model::Project& project, const std::filesystem::path& pageFolder);
+
+/// The message instead for a project without topics; nothing for any other.
+std::optional<model::Message> nothingToSynchronise(const model::Project& project);
+
+/// "2 topics taken back, 1 conflict, 3 topics without a page", for a line on the screen.
+model::Text summary(const Synchronisation& result);
+
+} // namespace importer

@@ -1,0 +1,79 @@
+#include "import/TopicImport.h"
+
+#include "model/FieldReader.h"
+
+namespace importer {
+
+using model::LoadStop;
+using model::Text;
+using model::Topic;
+
+namespace {
+
+Topic readTopic(model::FieldReader& fields) {
+    Topic topic;
+    for (Text Topic::*field : model::topicFields) {
+        topic.*field = fields.next();
+    }
+    topic.body = fields.next();
+    return topic;
+}
+
+/// A file that ends inside a topic gives that topic as far as it goes.
+void readTopics(model::FieldReader& fields, FileTopics& result) {
+    if (fields.next() != model::projectFileHeader) {
+        result.stop = LoadStop::unknownFormat;
+        return;
+    }
+    constexpr int skippedFields = 8; // seven options and the first topic's marker
+    model::TextView marker;
+    for (int i = 0; i < skippedFields; ++i) {
+        marker = fields.next();
+    }
+    while (!fields.atEnd()) {
+        if (marker != model::topicMarker) {
+            result.stop = LoadStop::corrupted;
+            return;
+        }
+        result.topics.push_back(readTopic(fields));
+        marker = fields.next();
+    }
+}
+
+} // namespace
+
+FileTopics readFileTopics(const std::filesystem::path& file) {
+    FileTopics result;
+    Text text;
+    result.readError = model::readProjectFile(file, text);
+    if (!result.readError) {
+        model::FieldReader fields(std::move(text));
+        readTopics(fields, result);
+    }
+    return result;
+}
+
+ImportOutcome importTopics(model::Project& project, const std::filesystem::path& file,
+                           const std::function<bool(int row)>& wanted) {
+    FileTopics source = readFileTopics(file);
+    ImportOutcome outcome;
+    outcome.readError = source.readError;
+    outcome.message = messageFor(source.stop);
+    const model::UndoStep step(project, "Import Topics");
+    int row = 0;
+    for (Topic& topic : source.topics) {
+        if (!wanted(++row)) {
+            continue;
+        }
+        topic.status = "N";
+        topic.contextId.clear();
+        topic.contextNumber.clear();
+        if (appendTopic(project, std::move(topic), outcome)) {
+            project.markChanged(model::statusNew);
+        }
+    }
+    ensureCurrent(project);
+    return outcome;
+}
+
+} // namespace importer

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "import/ImportOutcome.h"
+#include "model/ProjectFile.h"
+
+namespace importer {
+
+struct FileTopics {
+    std::error_code readError;
+    std::vector<model::Topic> topics; ///< those before the place where reading stopped
+    model::LoadStop stop = model::LoadStop::none;
+};
+
+/// Reads the topics of another project file, as they stand there. Expects the topics behind seven
+/// options, the number that the first project files had: one with all of today's options counts as
+/// corrupted.
+FileTopics readFileTopics(const std::filesystem::path& file);
+
+/// Appends those of its topics that are wanted, by their rows in the file from 1, as new ones and
+/// without their contexts: those must be unique in a project.
+ImportOutcome importTopics(model::Project& project, const std::filesystem::path& file,
+                           const std::function<bool(int row)>& wanted);
+
+/// The command's title, for its file dialog and messages.
+inline constexpr model::TextView topicImportTitle = "Import from Topicsmith Project File";
+
+} // namespace importer

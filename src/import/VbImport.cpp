@@ -1,0 +1,166 @@
+#include "import/VbImport.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+#include "import/FileFinder.h"
+#include "import/VbForm.h"
+#include "import/VbProjectFile.h"
+#include "model/CodePage.h"
+#include "model/Helper.h"
+#include "model/TextLines.h"
+#include "platform/Files.h"
+
+namespace importer {
+
+namespace fs = std::filesystem;
+using model::appendLine;
+using model::Project;
+using model::Text;
+using model::TextView;
+using model::Topic;
+
+namespace {
+
+/// The letter of a topic whose links are still to come; never seen after the import.
+constexpr TextView inTheMaking = "G";
+
+constexpr TextView isNew = "N";
+
+Text pageName(TextView title) {
+    return model::makeFileName(model::withoutReferences(Text(title) + ".htm"));
+}
+
+Topic overviewOf(const std::optional<Text>& projectTitle) {
+    Topic topic;
+    topic.status = isNew;
+    topic.title = projectTitle.value_or("Project") + " Overview";
+    topic.fileName = pageName(topic.title);
+    return topic;
+}
+
+/// The called forms wait in the keywords until all topics are there.
+Topic topicOf(VbForm form) {
+    Topic topic;
+    topic.status = inTheMaking;
+    topic.title = form.caption;
+    topic.fileName = pageName(form.caption);
+    if (!form.helpContextId.empty()) {
+        topic.contextId = model::makeContextId(model::withoutReferences(form.caption));
+        topic.contextNumber = std::move(form.helpContextId);
+    }
+    if (!form.menuHtml.empty()) {
+        topic.shortDescription = "Menus are available";
+    }
+    topic.body = std::move(form.menuHtml);
+    topic.keywords = std::move(form.calledForms);
+    topic.tag = std::move(form.name);
+    return topic;
+}
+
+/// `path` is as it stands in the project file.
+void importForm(Project& project, TextView path, FileFinder& finder, ImportOutcome& outcome) {
+    Text text;
+    if (const std::error_code error = model::readTextFile(finder.find(path), text)) {
+        outcome.skipped.push_back({model::nativePath(path), error.message()});
+        return;
+    }
+    VbForm form = readVbForm(text);
+    if (form.caption.empty()) {
+        outcome.skipped.push_back({model::nativePath(path), "no caption"});
+    } else if (appendTopic(project, topicOf(std::move(form)), outcome)) {
+        project.markChanged(model::statusNew);
+    }
+}
+
+/// Puts links to the called forms behind what a topic's body holds.
+class CallLinker {
+public:
+    explicit CallLinker(Project& project) : project_(project) {
+        const auto& outline = project.outline();
+        for (int position = 1; position <= outline.count(); ++position) {
+            forms_.try_emplace(outline.at(position).tag, position);
+        }
+    }
+
+    void link(int position) {
+        const Text calledForms = project_.outline().at(position).keywords;
+        project_.setField(position, &Topic::status, Text(isNew));
+        if (calledForms.empty()) {
+            return;
+        }
+        project_.setField(position, &Topic::keywords, {});
+        Text body = project_.outline().at(position).body;
+        appendLinks(calledForms, body);
+        project_.setField(position, &Topic::body, std::move(body));
+        if (project_.outline().at(position).shortDescription.empty()) {
+            project_.setField(position, &Topic::shortDescription, "Other Windows are opened");
+        }
+    }
+
+private:
+    /// Names that no topic has are left out.
+    void appendLinks(TextView calledForms, Text& body) const {
+        bool any = false;
+        for (std::size_t start = 1; start < calledForms.size();) {
+            const std::size_t end = std::min(calledForms.find(';', start), calledForms.size());
+            const auto form = forms_.find(Text(calledForms.substr(start, end - start)));
+            start = end + 1;
+            if (form == forms_.end()) {
+                continue;
+            }
+            if (!any) {
+                body += body.empty() ? TextView() : model::lineBreak;
+                appendLine(body, "<p>The following Windows are called:</p>");
+                appendLine(body, "<ul>");
+                any = true;
+            }
+            const Topic& called = project_.outline().at(form->second);
+            appendLine(body, "<li><a href='", called.fileName, "'>", called.title, "</a>");
+        }
+        if (any) {
+            appendLine(body, "</ul>");
+        }
+    }
+
+    Project& project_;
+    std::unordered_map<Text, int> forms_; ///< the first topic of each form
+};
+
+} // namespace
+
+ImportOutcome importVbProject(Project& project, const fs::path& projectFile) {
+    ImportOutcome outcome;
+    Text text;
+    if ((outcome.readError = model::readTextFile(projectFile, text))) {
+        return outcome;
+    }
+    const VbProjectFile file = readVbProjectFile(text);
+    const model::UndoStep step(project, "Import VB Project");
+    if (project.outline().empty()) {
+        appendTopic(project, overviewOf(file.title), outcome);
+    }
+    if (file.title && *file.title != project.options().projectName) {
+        model::ProjectOptions options = project.options();
+        options.projectName = *file.title;
+        project.setOptions(std::move(options));
+        outcome.projectChanged = true;
+    }
+    FileFinder finder(platform::fullPath(projectFile).parent_path());
+    for (const Text& form : file.forms) {
+        importForm(project, form, finder, outcome);
+    }
+    CallLinker linker(project);
+    for (int position = 1; position <= project.outline().count(); ++position) {
+        if (project.outline().at(position).status == inTheMaking) {
+            linker.link(position);
+        }
+    }
+    if (outcome.projectChanged) {
+        project.markChanged(model::projectChanged);
+    }
+    ensureCurrent(project);
+    return outcome;
+}
+
+} // namespace importer

@@ -1,0 +1,19 @@
+VERSION 5.00
+Begin VB.Form frmSysInfo 
+   BorderStyle     =   3  'Fixed Dialog
+   Caption         =   "System Information"
+   ClientHeight    =   4085
+   ClientLeft      =   60
+   ClientTop       =   345
+   ClientWidth     =   6180
+   LinkTopic       =   "Form1"
+   ScaleHeight     =   4200
+   StartUpPosition =   1  'CenterOwner
+End
+Attribute VB_Name = "frmSysInfo"
+Attribute VB_GlobalNameSpace = False
+Attribute VB_Creatable = False
+Attribute VB_PredeclaredId = True
+Attribute VB_Exposed = False
+Option Explicit
+

@@ -1,0 +1,28 @@
+VERSION 5.00
+Begin VB.Form frmDay 
+   BorderStyle     =   3  'Fixed Dialog
+   Caption         =   "Day"
+   ClientHeight    =   3920
+   ClientLeft      =   60
+   ClientTop       =   345
+   ClientWidth     =   6180
+   BeginProperty Font 
+      Name            =   "MS Sans Serif"
+      Size            =   8.25
+      Charset         =   0
+   EndProperty
+   LinkTopic       =   "Form1"
+   ScaleHeight     =   4200
+   StartUpPosition =   1  'CenterOwner
+End
+Attribute VB_Name = "frmDay"
+Attribute VB_GlobalNameSpace = False
+Attribute VB_Creatable = False
+Attribute VB_PredeclaredId = True
+Attribute VB_Exposed = False
+Option Explicit
+
+Private Sub Form_Load()
+    Caption = "frmWeek.Show"
+End Sub
+

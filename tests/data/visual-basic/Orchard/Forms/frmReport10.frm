@@ -1,0 +1,25 @@
+VERSION 5.00
+Begin VB.Form frmReport10 
+   BorderStyle     =   3  'Fixed Dialog
+   Caption         =   "Report 10"
+   ClientHeight    =   6005
+   ClientLeft      =   60
+   ClientTop       =   345
+   ClientWidth     =   6180
+   BeginProperty Font 
+      Name            =   "MS Sans Serif"
+      Size            =   8.25
+      Charset         =   0
+   EndProperty
+   HelpContextID   =   1070
+   LinkTopic       =   "Form1"
+   ScaleHeight     =   4200
+   StartUpPosition =   1  'CenterOwner
+End
+Attribute VB_Name = "frmReport10"
+Attribute VB_GlobalNameSpace = False
+Attribute VB_Creatable = False
+Attribute VB_PredeclaredId = True
+Attribute VB_Exposed = False
+Option Explicit
+
