@@ -52,6 +52,13 @@ int positionOf(const std::string& argument) {
     return error == std::errc() && rest == end && position > 0 ? position : 0;
 }
 
+/// True for a sound project file with fewer topics.
+bool lacksPosition(const fs::path& source, int position) {
+    const importer::FileTopics listed = importer::readFileTopics(source);
+    return !listed.readError && listed.stop == model::LoadStop::none
+           && position > static_cast<int>(listed.topics.size());
+}
+
 } // namespace
 
 ExitCode importVb(BatchSession& session, const Arguments& arguments) {
@@ -72,6 +79,11 @@ ExitCode importTopics(BatchSession& session, const Arguments& arguments) {
             return usageError(session, "\"" + arguments[i] + "\" is no position");
         }
         wanted.insert(position);
+    }
+    if (!wanted.empty() && lacksPosition(arguments[1], *wanted.rbegin())) {
+        session.console.failure(importer::topicImportTitle, arguments[1],
+                                "has no topic " + std::to_string(*wanted.rbegin()));
+        return exitFailed;
     }
     return runImport(session, arguments[0], arguments[1], importer::topicImportTitle,
                      [&wanted](Project& project, const fs::path& file) {

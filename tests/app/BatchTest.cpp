@@ -136,6 +136,74 @@ TEST_F(BatchTest, InputThatIsNotAWholeProjectChangesNothing) {
     EXPECT_FALSE(fs::exists(folder / "o"));
 }
 
+TEST_F(BatchTest, ImportsStartOrExtendAProject) {
+    test::writeBytes(folder / "in.txt", "1\tA\r\n1.1\tB");
+    test::writeBytes(folder / "app.vbp", "Form=C:\\gone.frm");
+    const std::string project = folder / "p.tsp";
+    EXPECT_EQ(run({"import-text", project, folder / "in.txt"}), exitDone);
+    EXPECT_EQ(output + errors, "2 topics imported\n");
+    const std::string first = test::bytesOf(project);
+    EXPECT_EQ(run({"import-vb", project, folder / "app.vbp"}), exitDone);
+    EXPECT_EQ(errors, "Create Help Topics From VB Project Files: C:/gone.frm: No such file or "
+                      "directory\n");
+    EXPECT_EQ(test::bytesOf(project), first);
+    EXPECT_EQ(run({"import-vb", project, folder / "gone.vbp"}), exitFailed);
+    EXPECT_EQ(run({"import-vb", folder / "new.tsp", folder / "gone.vbp"}), exitFailed);
+    EXPECT_FALSE(fs::exists(folder / "new.tsp"));
+    EXPECT_EQ(run({"import-text", folder / "no/folder/p.tsp", folder / "in.txt"}), exitFailed);
+    test::writeBytes(folder / "empty.txt", "\r\n");
+    EXPECT_EQ(run({"import-text", folder / "new.tsp", folder / "empty.txt"}), exitDone);
+    EXPECT_FALSE(fs::exists(folder / "new.tsp"));
+    const std::string full = save("full.tsp", test::flatOutline(499));
+    EXPECT_EQ(run({"import-text", full, folder / "in.txt"}), exitDone);
+    EXPECT_EQ(errors, "Topic Limit: Maximum Number of Help Topics Reached (500), Import Stopped\n");
+    EXPECT_NE(test::bytesOf(full).find("A.htm"), std::string::npos);
+}
+
+TEST_F(BatchTest, ImportTopicsTakesPositions) {
+    const std::string whole = model::formatProject(test::flatOutline(3), {});
+    const std::string head =
+        whole.substr(0, whole.find("\r\n")) + "\r\n1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n";
+    test::writeBytes(folder / "o.tsp", head + whole.substr(whole.find("++")));
+    const std::string project = folder / "p.tsp";
+    EXPECT_EQ(run({"import-topics", project, folder / "o.tsp", "3", "1", "3"}), exitDone);
+    EXPECT_EQ(output, "2 topics imported\n");
+    EXPECT_EQ(run({"import-topics", project, folder / "o.tsp"}), exitDone);
+    EXPECT_EQ(output, "3 topics imported\n");
+    const std::string before = test::bytesOf(project);
+    for (const char* wrong : {"0", "-1", "x", "1x", "", "99999999999"}) {
+        EXPECT_EQ(run({"import-topics", project, folder / "o.tsp", wrong}), exitUsage) << wrong;
+    }
+    EXPECT_EQ(run({"import-topics", project, folder / "o.tsp", "1", "4"}), exitFailed);
+    EXPECT_EQ(run({"import-topics", project, project}), exitFailed);
+    EXPECT_EQ(errors, "Error: Corrupted Input File, Loading Stopped\n");
+    EXPECT_EQ(test::bytesOf(project), before);
+}
+
+TEST_F(BatchTest, SynchroniseReadsThePagesBesideTheProject) {
+    const std::string project = save("p.tsp", test::flatOutline(2));
+    EXPECT_EQ(run({"generate", project, folder / "p.hhp"}), exitDone);
+    const std::string generated = test::bytesOf(project);
+    EXPECT_EQ(run({"synchronise", project}), exitDone);
+    EXPECT_EQ(output, "No topics taken back, no conflicts\n");
+    EXPECT_EQ(test::bytesOf(project), generated);
+    for (const char* page : {"t1.htm", "t2.htm"}) {
+        std::string bytes = test::bytesOf(folder / "html" / page);
+        bytes.replace(bytes.find("text"), 4, "edited");
+        test::writeBytes(folder / "html" / page, bytes);
+    }
+    const std::size_t status = generated.find("++\r\n1\r\n") + 7;
+    test::writeBytes(project, generated.substr(0, status) + 'C' + generated.substr(status));
+    EXPECT_EQ(run({"synchronise", project}), exitDone);
+    EXPECT_EQ(errors, "Synch Conflict: File \"t1.htm\" has a difference content from Stored Body.  "
+                      "Synchronization is not possible\n");
+    EXPECT_EQ(output, "1 topic taken back, 1 conflict\n");
+    EXPECT_NE(test::bytesOf(project).find("edited"), std::string::npos);
+    EXPECT_EQ(run({"synchronise", save("empty.tsp", {})}), exitFailed);
+    EXPECT_EQ(errors,
+              "HTML Topicsmith: You need to have at least 1 Help Topic to Synchronize with\n");
+}
+
 TEST_F(BatchTest, TheProjectIsNeverTheOutput) {
     const std::string project = save("p.tsp", test::flatOutline(1));
     const std::string before = test::bytesOf(project);

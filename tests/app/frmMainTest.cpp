@@ -20,10 +20,10 @@ TEST_F(frmMain, StartsEmptyWithTheDescribedMenus) {
     }
     EXPECT_EQ(menuText(*window, {"File"}),
               "&New\tCtrl+N\n&Open\tCtrl+O\n&Save\tCtrl+S\nSave &As\tCtrl+Shift+S\n-\n&Import\n-\n"
-              "&Generate Files\n(S&ynchronize Files)\n(Spell Check All)\n-\nProperties\n-\n"
+              "&Generate Files\nS&ynchronize Files\n(Spell Check All)\n-\nProperties\n-\n"
               "E&xit\tAlt+F4");
     EXPECT_EQ(menuText(*window, {"File", "Import"}),
-              "(From &Text File)\n(From &Topicsmith File)\n(From &VB Project)");
+              "From &Text File\nFrom &Topicsmith File\nFrom &VB Project");
     EXPECT_EQ(menuText(*window, {"File", "Generate Files"}),
               "Generate &Help Files\nGenerate &Documentation");
     EXPECT_EQ(menuText(*window, {"Edit"}),

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 
+#include "Require.h"
 #include "model/Helper.h"
 
 using namespace model;
@@ -34,13 +33,6 @@ ParsedProject settled(ParsedProject project) {
         }
     }
     return project;
-}
-
-void require(bool condition, const char* what) {
-    if (!condition) {
-        std::fprintf(stderr, "%s\n", what);
-        std::abort();
-    }
 }
 
 } // namespace

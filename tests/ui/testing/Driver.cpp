@@ -1,124 +1,28 @@
 #include "ui/testing/Driver.h"
 
-#include <map>
 #include <set>
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QComboBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMainWindow>
-#include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QPlainTextEdit>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
-#include <QToolBar>
 #include <QToolButton>
-#include <QTreeView>
 
-#include "ui/qt/Native.h"
+#include "ui/testing/Native.h"
 
 namespace ui::testing {
 
 namespace {
 
-QWidget& widgetOf(const Control& control) {
-    return *control.native().widget;
-}
-
-QWidget& widgetOf(const Window& window) {
-    return *window.native().widget;
-}
-
-QTreeView& viewOf(const ListView& list) {
-    return static_cast<QTreeView&>(widgetOf(list));
-}
-
-QModelIndex indexOf(const ListView& list, int row, int column) {
-    return viewOf(list).model()->index(row - 1, column);
-}
-
 QWidget& focused() {
     QWidget* widget = QApplication::focusWidget();
     return widget != nullptr ? *widget : *QApplication::activeWindow();
-}
-
-QString plainCaption(const QAction& action) {
-    QString caption = action.text();
-    return caption.replace("&&", "\x1").remove('&').replace('\x1', '&');
-}
-
-QAction* entryOf(const QWidget& menu, const char* caption) {
-    for (QAction* action : menu.actions()) {
-        if (action->isVisible() && plainCaption(*action) == QString::fromUtf8(caption)) {
-            return action;
-        }
-    }
-    return nullptr;
-}
-
-QMenu* menuOf(const Window& window, std::initializer_list<const char*> captions) {
-    const QWidget* menu = static_cast<QMainWindow&>(widgetOf(window)).menuBar();
-    QMenu* found = nullptr;
-    for (const char* caption : captions) {
-        const QAction* entry = entryOf(*menu, caption);
-        found = entry == nullptr ? nullptr : entry->menu();
-        if (found == nullptr) {
-            return nullptr;
-        }
-        menu = found;
-    }
-    return found;
-}
-
-std::string textOf(const QMenu& menu) {
-    QStringList lines;
-    for (const QAction* action : menu.actions()) {
-        if (!action->isVisible()) {
-            continue;
-        }
-        QString line = action->isSeparator() ? QStringLiteral("-") : action->text();
-        if (!action->shortcut().isEmpty()) {
-            line += '\t' + action->shortcut().toString();
-        }
-        lines.append(action->isEnabled() ? line : '(' + line + ')');
-    }
-    return lines.join('\n').toStdString();
-}
-
-QToolButton* buttonOf(const Window& window, const char* toolTip) {
-    for (auto* bar : widgetOf(window).findChildren<QToolBar*>()) {
-        for (auto* button : bar->findChildren<QToolButton*>()) {
-            if (button->toolTip() == QString::fromUtf8(toolTip)) {
-                return button;
-            }
-        }
-    }
-    return nullptr;
-}
-
-/// Clicks an entry of a menu that is open, or opens it.
-bool clickEntry(QWidget& menu, const char* caption) {
-    QAction* entry = entryOf(menu, caption);
-    if (entry == nullptr || !entry->isEnabled()) {
-        return false;
-    }
-    QRect place;
-    if (auto* bar = qobject_cast<QMenuBar*>(&menu)) {
-        place = bar->actionGeometry(entry);
-    } else {
-        place = static_cast<QMenu&>(menu).actionGeometry(entry);
-    }
-    QTest::mouseMove(&menu, place.center());
-    QTest::mouseClick(&menu, Qt::LeftButton, {}, place.center());
-    settle();
-    return true;
 }
 
 } // namespace
@@ -172,38 +76,6 @@ void clickTab(const Control& tabStrip, int page) {
     settle();
 }
 
-void clickRow(const ListView& list, int row, int column) {
-    QTreeView& view = viewOf(list);
-    const QModelIndex index = indexOf(list, row, column);
-    view.scrollTo(index);
-    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(index).center());
-    settle();
-}
-
-void doubleClickRow(const ListView& list, int row) {
-    QTreeView& view = viewOf(list);
-    clickRow(list, row);
-    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {},
-                       view.visualRect(indexOf(list, row, 2)).center());
-    settle();
-}
-
-void dragRow(const ListView& list, int from, int onto, bool lowerHalf) {
-    QTreeView& view = viewOf(list);
-    const std::unique_ptr<QMimeData> data(view.model()->mimeData({indexOf(list, from, 0)}));
-    const QRect target = view.visualRect(indexOf(list, onto, 2));
-    const QPoint place(target.center().x(), lowerHalf ? target.bottom() - 1 : target.top() + 1);
-    QDragEnterEvent enter(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
-    QApplication::sendEvent(view.viewport(), &enter);
-    QDragMoveEvent move(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
-    QApplication::sendEvent(view.viewport(), &move);
-    if (move.isAccepted()) {
-        QDropEvent drop(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
-        QApplication::sendEvent(view.viewport(), &drop);
-    }
-    settle();
-}
-
 void dropFile(Window& window, const std::filesystem::path& file) {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(pathToQt(file))});
@@ -233,101 +105,6 @@ void press(const char* key) {
     const QKeyCombination combination = QKeySequence::fromString(QLatin1String(key))[0];
     QTest::keyClick(&focused(), combination.key(), combination.keyboardModifiers());
     settle();
-}
-
-bool choose(Window& window, std::initializer_list<const char*> captions) {
-    QWidget* menu = static_cast<QMainWindow&>(widgetOf(window)).menuBar();
-    for (const char* caption : captions) {
-        QAction* entry = entryOf(*menu, caption);
-        QMenu* inner = entry == nullptr ? nullptr : entry->menu();
-        if (!clickEntry(*menu, caption)) {
-            while (QWidget* open = QApplication::activePopupWidget()) {
-                open->close();
-            }
-            return false;
-        }
-        menu = inner;
-    }
-    settle();
-    return true;
-}
-
-std::string menuText(Window& window, std::initializer_list<const char*> captions) {
-    const QMenu* menu = menuOf(window, captions);
-    return menu == nullptr ? std::string("no such menu") : textOf(*menu);
-}
-
-std::string contextMenuText(Window& window, const ListView& list) {
-    QTreeView& view = viewOf(list);
-    const QPoint place = view.visualRect(view.currentIndex()).center();
-    QContextMenuEvent event(QContextMenuEvent::Mouse, place, view.viewport()->mapToGlobal(place));
-    QApplication::sendEvent(view.viewport(), &event);
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    if (menu == nullptr) {
-        return "no menu";
-    }
-    const std::string text = textOf(*menu);
-    menu->close();
-    widgetOf(window).activateWindow();
-    return text;
-}
-
-bool pressButton(Window& window, const char* toolTip) {
-    QToolButton* button = buttonOf(window, toolTip);
-    if (button == nullptr || !button->isEnabled()) {
-        return false;
-    }
-    QTest::mouseClick(button, Qt::LeftButton);
-    settle();
-    return true;
-}
-
-bool chooseFromButton(Window& window, const char* toolTip, const char* caption) {
-    const QToolButton* button = buttonOf(window, toolTip);
-    if (button == nullptr || button->menu() == nullptr) {
-        return false;
-    }
-    button->menu()->popup(button->mapToGlobal(button->rect().bottomLeft()));
-    return clickEntry(*button->menu(), caption);
-}
-
-std::string buttonPicture(Window& window, const char* toolTip) {
-    const QToolButton* button = buttonOf(window, toolTip);
-    if (button == nullptr) {
-        return {};
-    }
-    const QImage image = button->icon().pixmap(24, 24).toImage();
-    return {reinterpret_cast<const char*>(image.constBits()),
-            static_cast<std::size_t>(image.sizeInBytes())};
-}
-
-int takeRowUpdates(const ListView& list) {
-    static std::map<const ListView*, std::shared_ptr<int>> counts;
-    const bool first = !counts.contains(&list);
-    if (first) {
-        auto count = counts[&list] = std::make_shared<int>(0);
-        QAbstractItemModel* model = viewOf(list).model();
-        QObject::connect(model, &QAbstractItemModel::dataChanged,
-                         [count](const QModelIndex& from, const QModelIndex& to) {
-                             *count += to.row() - from.row() + 1;
-                         });
-        QObject::connect(model, &QAbstractItemModel::modelReset,
-                         [count, model] { *count += model->rowCount(); });
-        QObject::connect(model, &QObject::destroyed, [&list] { counts.erase(&list); });
-    }
-    return std::exchange(*counts[&list], 0);
-}
-
-std::string cellText(const ListView& list, int row, int column) {
-    return indexOf(list, row, column).data().toString().toStdString();
-}
-
-std::string cellToolTip(const ListView& list, int row, int column) {
-    return indexOf(list, row, column).data(Qt::ToolTipRole).toString().toStdString();
-}
-
-int indentOf(const ListView& list, int row, int column) {
-    return indexOf(list, row, column).data(Qt::UserRole).toInt();
 }
 
 void whenModal(std::function<void(Window&)> act) {

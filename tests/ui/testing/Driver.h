@@ -78,6 +78,10 @@ std::string buttonPicture(Window& window, const char* toolTip);
 /// How many rows the list has been told to draw anew since the last call.
 int takeRowUpdates(const ListView& list);
 
+/// Clicks the box before a row, and tells whether it is ticked.
+void clickBox(const ListView& list, int row);
+bool isTicked(const ListView& list, int row);
+
 std::string cellText(const ListView& list, int row, int column);
 std::string cellToolTip(const ListView& list, int row, int column);
 int indentOf(const ListView& list, int row, int column);

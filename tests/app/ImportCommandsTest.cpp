@@ -1,0 +1,227 @@
+#include "app/MainWindowFixture.h"
+#include "generate/GenerationRun.h"
+#include "model/ProjectFile.h"
+
+using namespace ui::testing;
+using test::titled;
+using ui::Buttons;
+using ui::FileQuestion;
+using ui::QuestionIcon;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// The imports and the synchronisation in the main window.
+class ImportCommands : public test::MainWindow {
+protected:
+    void expectOpen(const char* title, const char* pattern, const char* filter,
+                    std::optional<fs::path> answer, const fs::path& initialFolder = {}) {
+        prompter.expect(FileQuestion{FileQuestion::Kind::open, title, filter, 1, initialFolder,
+                                     pattern, std::string(pattern).substr(2)},
+                        std::move(answer));
+    }
+
+    void expectTopicImport(std::optional<fs::path> answer, const fs::path& initialFolder = {}) {
+        expectOpen("Import from Topicsmith Project File", "*.tsp",
+                   "Topicsmith Project Files (*.tsp)|*.tsp|All Files (*.*)|*.*", std::move(answer),
+                   initialFolder);
+    }
+
+    void expectSynchronise(std::optional<fs::path> answer, const char* preset = "p.tsp") {
+        prompter.expect(
+            FileQuestion{FileQuestion::Kind::open,
+                         "Synchronize Help HTML Files with Topicsmith Project",
+                         "Topicsmith Project Files (*.tsp)|*.tsp|Text Files (*.txt)|*.txt|"
+                         "All Files (*.*)|*.*",
+                         1, settings->path("Open", "File Path"), preset, "tsp"},
+            std::move(answer));
+    }
+
+    fs::path file(const char* name, const std::string& bytes) {
+        test::writeBytes(folder / name, bytes);
+        return folder / name;
+    }
+
+    /// A project file as this version's import can read it: with seven options.
+    fs::path otherProject(std::initializer_list<const char*> titles) {
+        const std::string whole = model::formatProject(titled(titles), {});
+        return file("other.tsp", whole.substr(0, whole.find("\r\n"))
+                                     + "\r\n1\r\n2\r\n3\r\n4\r\n5\r\n"
+                                       "6\r\n7\r\n"
+                                     + whole.substr(whole.find("++")));
+    }
+
+    std::string status() { return window->lblStatus.caption(); }
+};
+
+} // namespace
+
+TEST_F(ImportCommands, TextComesInAndItsProjectStandsAtTheFirstTopic) {
+    load(titled({"a", "b"}));
+    window->showTopic(2);
+    const char* title = "Import Help File Topics";
+    const char* filter = "Text Files (*.txt)|*.txt|All Files (*.*)|*.*";
+    expectOpen(title, "*.txt", filter, std::nullopt);
+    EXPECT_TRUE(choose(*window, {"File", "Import", "From Text File"}));
+    EXPECT_EQ(titles() + (project().dataChanged() ? "changed" : ""), "a: b:");
+
+    settings->setPath("Open", "File Path", folder / "opened");
+    settings->setPath("Import", "File Path", folder / "imported");
+    expectOpen(title, "*.txt", filter, file("in.txt", "1\tc\r\n1.1\td"), folder / "imported");
+    EXPECT_TRUE(choose(*window, {"File", "Import", "From Text File"}));
+    EXPECT_EQ(titles(), "a: b: c:N d:N");
+    EXPECT_EQ(window->lvLevels.selected(), 1);
+    EXPECT_EQ(window->txtTitle.text(), "a");
+    EXPECT_TRUE(isMarkedChanged(*window));
+    EXPECT_EQ(status(), "p.tsp     2 topics imported");
+    EXPECT_EQ(settings->path("Import", "File Path"), folder / "imported");
+    press("Ctrl+Z");
+    EXPECT_EQ(titles(), "a: b:");
+    EXPECT_FALSE(isMarkedChanged(*window));
+}
+
+TEST_F(ImportCommands, TextStopsAtTheLimitWithAMessage) {
+    load(test::flatOutline(499));
+    prompter.expect({"Maximum Number of Help Topics Reached (500), Import Stopped", "Topic Limit"});
+    dropFile(*window, file("in.TXT", "c\nd\n"));
+    EXPECT_EQ(project().outline().count(), 500);
+}
+
+TEST_F(ImportCommands, DroppedFilesComeInWithoutAQuestion) {
+    file("a.FRM", "Begin VB.Form frmA\nCaption=A\nEnd\n");
+    dropFile(*window, file("app.vbp", "Title=App\nForm=a.frm\nForm=gone.frm"));
+    EXPECT_EQ(titles(), "App Overview:N A:N");
+    EXPECT_EQ(window->txtTitle.text(), "App Overview");
+    EXPECT_TRUE(window->txtTitle.isEnabled());
+    EXPECT_EQ(status(), "New.tsp     2 topics imported, 1 form skipped: gone.frm (No such file or "
+                        "directory)");
+    dropFile(*window, file("in.txt", "1\tB"));
+    EXPECT_EQ(titles(), "App Overview:N A:N B:N");
+    window->lvLevels.setFocus();
+    press("Ctrl+Z");
+    press("Ctrl+Z");
+    EXPECT_EQ(titles(), "");
+    EXPECT_FALSE(window->txtTitle.isEnabled());
+    press("Ctrl+Y");
+    EXPECT_EQ(window->lvLevels.selected(), 1);
+    EXPECT_EQ(prompter.takeBeeps(), 0);
+    dropFile(*window, folder / "gone.txt");
+    EXPECT_EQ(status(), "New.tsp     Not done: No such file or directory");
+    EXPECT_EQ(prompter.takeBeeps(), 1);
+}
+
+TEST_F(ImportCommands, VisualBasicTopicsFollowAndMarkTheCurrentOne) {
+    load(titled({"a", "b"}));
+    file("a.frm", "Begin VB.Form frmA\nCaption=A\nEnd\nfrmA.Show");
+    expectOpen("Create Help Topics From VB Project Files", "*.vbp",
+               "VB Project Files (*.vbp)|*.vbp|All Files (*.*)|*.*", file("x.vbp", "Form=a.frm"));
+    EXPECT_TRUE(choose(*window, {"File", "Import", "From VB Project"}));
+    EXPECT_EQ(titles(), "a:N b: A:N");
+    EXPECT_TRUE(project().outline().at(3).body.ends_with("<li><a href='A.htm'>A</a>\r\n</ul>\r\n"));
+    EXPECT_TRUE(isMarkedChanged(*window));
+}
+
+TEST_F(ImportCommands, TopicsOfAnotherProjectAreChosen) {
+    load(titled({"a"}));
+    settings->setPath("Open", "File Path", folder / "opened");
+    expectTopicImport(otherProject({"x", "y", "z"}), folder / "opened");
+    EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
+    EXPECT_EQ(settings->path("Import", "File Path"), folder.path());
+    importer::frmImport& dialog = *window->importDialog();
+    EXPECT_EQ(dialog.caption(), "Import from HTML Topicsmith File");
+    EXPECT_EQ(unnamedControls(dialog) + doubledMnemonics(dialog), "");
+    EXPECT_EQ(cellText(dialog.lvTopics, 1, 0) + cellText(dialog.lvTopics, 3, 0), "xz");
+    clickBox(dialog.lvTopics, 2);
+    clickBox(dialog.lvTopics, 3);
+    clickBox(dialog.lvTopics, 3);
+    EXPECT_FALSE(isTicked(dialog.lvTopics, 1));
+    EXPECT_TRUE(isTicked(dialog.lvTopics, 2));
+    EXPECT_FALSE(isTicked(dialog.lvTopics, 3));
+    press("Up"); // the keys reach the list, too
+    press("Up");
+    press("Space");
+    EXPECT_TRUE(isTicked(dialog.lvTopics, 1));
+    click(window->txtTitle); // not modal
+    show(dialog);
+    press("Enter");
+    EXPECT_EQ(window->importDialog(), nullptr);
+    EXPECT_EQ(titles(), "a:N x:N y:N");
+    EXPECT_EQ(status(), "p.tsp     2 topics imported");
+}
+
+TEST_F(ImportCommands, TopicsStayOutWithCancelAndOnceTheFileIsGone) {
+    load(titled({"a"}));
+    const fs::path other = otherProject({"x", "y"});
+    expectTopicImport(other);
+    EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
+    click(window->importDialog()->cmdAll);
+    EXPECT_TRUE(isTicked(window->importDialog()->lvTopics, 2));
+    click(window->importDialog()->cmdCancel);
+    EXPECT_EQ(window->importDialog(), nullptr);
+
+    expectTopicImport(other, folder.path());
+    EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
+    click(window->importDialog()->cmdAll);
+    fs::remove(other);
+    click(window->importDialog()->cmdOK);
+    EXPECT_EQ(window->importDialog(), nullptr);
+    EXPECT_EQ(titles(), "a:");
+    EXPECT_FALSE(project().dataChanged());
+}
+
+TEST_F(ImportCommands, AForeignOrDamagedFileIsToldTwice) {
+    load(titled({"a"}));
+    const auto expectStop = [this](const char* text) {
+        prompter.expect({text, "Error", Buttons::ok, QuestionIcon::critical});
+    };
+    expectTopicImport(file("own.tsp", model::formatProject(titled({"x"}), {})));
+    expectStop("Corrupted Input File, Loading Stopped");
+    EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
+    expectStop("Corrupted Input File, Loading Stopped");
+    click(window->importDialog()->cmdOK);
+    expectTopicImport(file("foreign.tsp", "x"), folder.path());
+    expectStop("Unknown File Format, Loading Stopped");
+    EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
+    EXPECT_EQ(cellText(window->importDialog()->lvTopics, 1, 0), "");
+    press("Escape");
+    EXPECT_EQ(window->importDialog(), nullptr);
+    EXPECT_EQ(titles(), "a:");
+}
+
+TEST_F(ImportCommands, SynchronisingAsksForAProjectAndNeedsATopic) {
+    prompter.expect({"You need to have at least 1 Help Topic to Synchronize with", ""});
+    EXPECT_TRUE(choose(*window, {"File", "Synchronize Files"}));
+    load(titled({"a"}));
+    expectSynchronise(std::nullopt);
+    EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
+    project().setProjectPath(folder / "name.of.it");
+    expectSynchronise(std::nullopt, "name.tsp");
+    EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
+    project().setProjectPath(folder / "nameless");
+    expectSynchronise(std::nullopt, "tsp");
+    EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
+    EXPECT_EQ(titles(), "a:");
+}
+
+TEST_F(ImportCommands, SynchronisingTakesEditsAndTellsConflicts) {
+    load(titled({"a", "b", "c"}));
+    generate::generateHelp(project(), {folder / "p.hhp", {}, [] { return std::error_code(); }, {}});
+    for (const char* page : {"a.htm", "b.htm"}) {
+        std::string bytes = test::bytesOf(folder / "html" / page);
+        bytes.replace(bytes.find("text"), 4, "edited");
+        test::writeBytes(folder / "html" / page, bytes);
+    }
+    window->showTopic(2);
+    enter(window->txtTitle);
+    type("!");
+    expectSynchronise(folder / "any.tsp");
+    prompter.expect({"File \"b.htm\" has a difference content from Stored Body.  Synchronization "
+                     "is not possible",
+                     "Synch Conflict", Buttons::ok, QuestionIcon::exclamation});
+    EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
+    EXPECT_EQ(titles(), "a:S b!:C c:");
+    EXPECT_EQ(topic(1).body + topic(2).body + topic(3).body, "editedtexttext");
+    EXPECT_EQ(project().currentIndex(), 2);
+    EXPECT_EQ(status(), "p.tsp     1 topic taken back, 1 conflict");
+}

@@ -1,0 +1,99 @@
+#include <map>
+
+#include <QApplication>
+#include <QMimeData>
+#include <QTest>
+
+#include "ui/testing/Driver.h"
+#include "ui/testing/Native.h"
+
+namespace ui::testing {
+
+namespace {
+
+QModelIndex indexOf(const ListView& list, int row, int column) {
+    return viewOf(list).model()->index(row - 1, column);
+}
+
+} // namespace
+
+void clickRow(const ListView& list, int row, int column) {
+    QTreeView& view = viewOf(list);
+    const QModelIndex index = indexOf(list, row, column);
+    view.scrollTo(index);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(index).center());
+    settle();
+}
+
+void doubleClickRow(const ListView& list, int row) {
+    QTreeView& view = viewOf(list);
+    clickRow(list, row);
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {},
+                       view.visualRect(indexOf(list, row, 2)).center());
+    settle();
+}
+
+void dragRow(const ListView& list, int from, int onto, bool lowerHalf) {
+    QTreeView& view = viewOf(list);
+    const std::unique_ptr<QMimeData> data(view.model()->mimeData({indexOf(list, from, 0)}));
+    const QRect target = view.visualRect(indexOf(list, onto, 2));
+    const QPoint place(target.center().x(), lowerHalf ? target.bottom() - 1 : target.top() + 1);
+    QDragEnterEvent enter(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+    QApplication::sendEvent(view.viewport(), &enter);
+    QDragMoveEvent move(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+    QApplication::sendEvent(view.viewport(), &move);
+    if (move.isAccepted()) {
+        QDropEvent drop(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(view.viewport(), &drop);
+    }
+    settle();
+}
+
+int takeRowUpdates(const ListView& list) {
+    static std::map<const ListView*, std::shared_ptr<int>> counts;
+    const bool first = !counts.contains(&list);
+    if (first) {
+        auto count = counts[&list] = std::make_shared<int>(0);
+        QAbstractItemModel* model = viewOf(list).model();
+        QObject::connect(model, &QAbstractItemModel::dataChanged,
+                         [count](const QModelIndex& from, const QModelIndex& to) {
+                             *count += to.row() - from.row() + 1;
+                         });
+        QObject::connect(model, &QAbstractItemModel::modelReset,
+                         [count, model] { *count += model->rowCount(); });
+        QObject::connect(model, &QObject::destroyed, [&list] { counts.erase(&list); });
+    }
+    return std::exchange(*counts[&list], 0);
+}
+
+void clickBox(const ListView& list, int row) {
+    QTreeView& view = viewOf(list);
+    const QModelIndex index = indexOf(list, row, 0);
+    view.scrollTo(index);
+    QStyleOptionViewItem option;
+    option.initFrom(&view);
+    option.rect = view.visualRect(index);
+    option.features = QStyleOptionViewItem::HasCheckIndicator;
+    const QRect box =
+        view.style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, &view);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, box.center());
+    settle();
+}
+
+bool isTicked(const ListView& list, int row) {
+    return indexOf(list, row, 0).data(Qt::CheckStateRole).toInt() == Qt::Checked;
+}
+
+std::string cellText(const ListView& list, int row, int column) {
+    return indexOf(list, row, column).data().toString().toStdString();
+}
+
+std::string cellToolTip(const ListView& list, int row, int column) {
+    return indexOf(list, row, column).data(Qt::ToolTipRole).toString().toStdString();
+}
+
+int indentOf(const ListView& list, int row, int column) {
+    return indexOf(list, row, column).data(Qt::UserRole).toInt();
+}
+
+} // namespace ui::testing
