@@ -70,16 +70,16 @@ std::optional<fs::path> ProjectFiles::chooseFile(ui::FileQuestion::Kind kind, mo
     return chosen ? std::optional(platform::fullPath(*chosen)) : std::nullopt;
 }
 
-void ProjectFiles::openProject() {
+bool ProjectFiles::openProject() {
     fs::path path = std::exchange(pendingOpenPath_, {});
     if (!newProject()) {
-        return;
+        return false;
     }
     if (path.empty()) {
         const auto chosen =
             chooseFile(ui::FileQuestion::Kind::open, "Open HTML Topicsmith Project File", "*.tsp");
         if (!chosen) {
-            return;
+            return false;
         }
         path = *chosen;
     }
@@ -90,20 +90,21 @@ void ProjectFiles::openProject() {
     if (!model::fileExists(path)) {
         removeRecentFile(path);
         Prompter::current().tell(&window_, model::fileNotFoundMessage(path));
-        return;
+        return false;
     }
     addRecentFile(path);
-    load(path);
+    return load(path);
 }
 
-void ProjectFiles::load(const fs::path& path) {
+bool ProjectFiles::load(const fs::path& path) {
     model::LoadOutcome outcome;
     {
         const ui::WaitCursor busy;
         outcome = model::loadProject(project_, path);
     }
     lastError_ = outcome.readError;
-    if (outcome.readError || outcome.stop == model::LoadStop::unknownFormat) {
+    const bool read = !outcome.readError && outcome.stop != model::LoadStop::unknownFormat;
+    if (!read) {
         // The next save must not put the new project in the place of a file of another kind.
         project_.setProjectPath(Project::newFileName);
     }
@@ -115,6 +116,7 @@ void ProjectFiles::load(const fs::path& path) {
     if (const auto message = model::messageFor(outcome.stop)) {
         Prompter::current().tell(&window_, *message);
     }
+    return read;
 }
 
 bool ProjectFiles::saveProject(bool saveAs) {

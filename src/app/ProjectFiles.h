@@ -24,8 +24,9 @@ public:
 
     bool newProject(); ///< false as in offerSave()
 
-    /// Asks for the file, unless setPendingOpenPath() has named one.
-    void openProject();
+    /// Asks for the file, unless setPendingOpenPath() has named one. True when a project was read,
+    /// however far.
+    bool openProject();
     void setPendingOpenPath(std::filesystem::path path) { pendingOpenPath_ = std::move(path); }
 
     /// True when the project was written.
@@ -52,7 +53,7 @@ public:
 private:
     std::optional<std::filesystem::path> chooseFile(ui::FileQuestion::Kind kind, model::Text title,
                                                     std::filesystem::path fileName);
-    void load(const std::filesystem::path& path);
+    bool load(const std::filesystem::path& path);
     void rememberFolder();
     void addRecentFile(const std::filesystem::path& path);
     void removeRecentFile(const std::filesystem::path& path);

@@ -41,13 +41,15 @@ frmMain::~frmMain() {
     FocusChange.connect({}); // the focus goes as the controls do
 }
 
-void frmMain::openFile(const fs::path& path) {
+bool frmMain::openFile(const fs::path& path) {
     leaveField();
-    if (closeEditor()) {
-        files_.setPendingOpenPath(path);
-        files_.openProject();
-        noticeFailure();
+    if (!closeEditor()) {
+        return false;
     }
+    files_.setPendingOpenPath(path);
+    const bool opened = files_.openProject();
+    noticeFailure();
+    return opened;
 }
 
 // ---- The window ----

@@ -36,8 +36,8 @@ public:
 
     model::Project& project() { return project_; }
 
-    /// Opens a project without asking for its name.
-    void openFile(const std::filesystem::path& path);
+    /// Opens a project without asking for its name; true when it was read.
+    bool openFile(const std::filesystem::path& path);
 
     /// Makes a topic current, as by a click on its row. False when the author does not want to
     /// leave the one that is being edited.

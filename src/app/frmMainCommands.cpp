@@ -149,6 +149,7 @@ void frmMain::mnuFileGenerateDoc_Click() {
 void frmMain::mnuFileProperties_Click() {
     frmOptions options(*this, project_.options());
     options.Apply.connect([this](const model::ProjectOptions& edited) {
+        const model::UndoStep step(project_, "Change Properties");
         project_.setOptions(edited);
         project_.markChanged(model::projectChanged);
     });

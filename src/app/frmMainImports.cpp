@@ -137,13 +137,13 @@ void frmMain::mnuFileSynch_Click() {
     notice(summary(result));
 }
 
-/// A project is opened; anything else that can be imported is, without a question.
+/// A project is opened; anything that can be imported is, into that project where there is one.
 void frmMain::files_Dropped(const std::vector<fs::path>& files) {
     const auto project = std::find_if(files.begin(), files.end(), [](const fs::path& file) {
         return hasExtension(file, ".tsp");
     });
-    if (project != files.end()) {
-        openFile(*project);
+    if (project != files.end() && !openFile(*project)) {
+        return;
     }
     for (const fs::path& file : files) {
         if (hasExtension(file, ".txt")) {

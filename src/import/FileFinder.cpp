@@ -5,32 +5,50 @@
 namespace importer {
 
 namespace fs = std::filesystem;
-using model::Text;
 using model::TextView;
+
+namespace {
+
+/// Of names that differ in letter case alone, the first by the alphabet counts.
+template <typename Names>
+void addName(Names& names, TextView shown, const fs::path& name) {
+    const auto [place, isNew] = names.emplace(model::lowerCase(shown), name);
+    if (!isNew && name < place->second) {
+        place->second = name;
+    }
+}
+
+} // namespace
 
 fs::path FileFinder::find(TextView path) {
     const fs::path native = model::nativePath(path);
+    constexpr std::size_t longestPath = 4096;
+    if (path.size() > longestPath) {
+        return native; // no file has it
+    }
     fs::path found = native.has_root_path() ? (folder_ / native).root_path() : folder_;
+    int missing = 0; // parts at the end that nothing matches: below the first there is nothing
     for (const fs::path& part : native.relative_path()) {
-        const Text name = model::displayText(part);
-        if (name == "..") {
+        if (part == "..") {
             found = found.parent_path();
-        } else if (!name.empty() && name != ".") {
-            found = entry(found, name);
+            missing -= missing > 0 ? 1 : 0;
+        } else if (!part.empty() && part != ".") {
+            const auto entry = missing > 0 ? std::nullopt : entryOf(found, part);
+            found /= entry.value_or(part);
+            missing += entry ? 0 : 1;
         }
     }
     return found;
 }
 
-fs::path FileFinder::entry(const fs::path& folder, TextView name) {
-    const fs::path exact = folder / model::nativePath(name);
+std::optional<fs::path> FileFinder::entryOf(const fs::path& folder, const fs::path& name) {
     std::error_code ignored;
-    if (fs::exists(exact, ignored)) {
-        return exact;
+    if (fs::exists(folder / name, ignored)) {
+        return name;
     }
     const Names& entries = names(folder);
-    const auto match = entries.find(model::lowerCase(name));
-    return match == entries.end() ? exact : folder / match->second;
+    const auto match = entries.find(model::lowerCase(model::displayText(name)));
+    return match == entries.end() ? std::nullopt : std::optional(match->second);
 }
 
 const FileFinder::Names& FileFinder::names(const fs::path& folder) {
@@ -39,9 +57,9 @@ const FileFinder::Names& FileFinder::names(const fs::path& folder) {
         std::error_code ignored; // a folder that cannot be listed has nothing to offer
         for (fs::directory_iterator i(folder, ignored), end; i != end; i.increment(ignored)) {
             const fs::path name = i->path().filename();
-            place->second.emplace(model::lowerCase(model::displayText(name)), name);
+            addName(place->second, model::displayText(name), name);
             // A name whose letters were never converted, as some archives leave it behind.
-            place->second.emplace(model::lowerCase(name.string()), name);
+            addName(place->second, name.string(), name);
         }
     }
     return place->second;

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <unordered_map>
 
 #include "model/Text.h"
@@ -20,8 +21,8 @@ public:
     std::filesystem::path find(model::TextView path);
 
 private:
-    /// The entry of a folder with this name; the name itself when there is none.
-    std::filesystem::path entry(const std::filesystem::path& folder, model::TextView name);
+    std::optional<std::filesystem::path> entryOf(const std::filesystem::path& folder,
+                                                 const std::filesystem::path& name);
 
     using Names = std::unordered_map<model::Text, std::filesystem::path>;
     const Names& names(const std::filesystem::path& folder);

@@ -1,6 +1,7 @@
 #include "import/Synchroniser.h"
 
 #include "import/ImportOutcome.h"
+#include "model/Helper.h"
 #include "model/PagePath.h"
 #include "model/ProtectedBlock.h"
 #include "model/TextLines.h"
@@ -9,6 +10,7 @@ namespace importer {
 
 using model::ProtectedBlock;
 using model::Text;
+using model::TextView;
 using model::Topic;
 
 namespace {
@@ -16,16 +18,23 @@ namespace {
 /// The block of a topic's page; nothing where there is none to be read.
 std::optional<ProtectedBlock> pageBlock(const std::filesystem::path& pageFolder, const Topic& topic,
                                         Text& page) {
-    const bool readable =
-        model::pageNameFault(topic.fileName).empty()
-        && !model::readTextFile(model::pagePath(pageFolder, topic.fileName), page);
+    const bool readable = model::pageNameFault(topic.fileName).empty()
+                          && !model::readTextFile(model::pagePath(pageFolder, topic.fileName),
+                                                  model::Foreign::references, page);
     return readable ? model::findProtectedBlock(page) : std::nullopt;
 }
 
 /// A page holds a body's line ends as they are, whichever they are, and another program may have
 /// converted them: neither is an edit.
-bool holds(const ProtectedBlock& block, const Text& body) {
-    return block.content == body || block.asIs == body || block.content == model::placeholderBody;
+bool holds(const ProtectedBlock& block, TextView body) {
+    return block.content == body || block.asIs == body
+           || block.content == model::withLineBreaks(body);
+}
+
+/// Saving makes apostrophes of the double quotes in a body that was taken back. The page that it
+/// came from is not at odds with it.
+bool holdsUnsaved(const ProtectedBlock& block, TextView body) {
+    return model::asSaved(block.content) == model::asSaved(body);
 }
 
 bool hasGeneratedLength(const ProtectedBlock& block) {
@@ -53,14 +62,14 @@ Synchronisation synchronise(model::Project& project, const std::filesystem::path
         std::optional<ProtectedBlock> block = pageBlock(pageFolder, topic, page);
         if (!block) {
             result.withoutPage.push_back(position);
-        } else if (holds(*block, topic.body)) {
+        } else if (block->content == model::placeholderBody || holds(*block, topic.body)) {
             continue;
         } else if (topic.status.empty() || topic.status == "E") {
             project.setField(position, &Topic::body, std::move(block->content));
             project.setField(position, &Topic::status, "S");
             project.markChanged(model::projectChanged);
             result.changed.push_back(position);
-        } else if (!hasGeneratedLength(*block)) {
+        } else if (!hasGeneratedLength(*block) && !holdsUnsaved(*block, topic.body)) {
             result.conflicts.push_back(conflictMessage(topic.fileName));
         }
     }

@@ -65,7 +65,7 @@ TextOutline readTextOutline(TextView file, int room) {
 ImportOutcome importText(model::Project& project, const std::filesystem::path& file) {
     ImportOutcome outcome;
     Text text;
-    if ((outcome.readError = model::readTextFile(file, text))) {
+    if ((outcome.readError = model::readTextFile(file, model::Foreign::references, text))) {
         return outcome;
     }
     const int room = model::TopicOutline::maxTopics - project.outline().count();

@@ -181,10 +181,13 @@ private:
 
     /// Whether ";" and the name stand in the list. So a name counts as known, too, when it is the
     /// beginning of one that is. The names are kept in order to find that out without a walk
-    /// through a long list; only one with a ";" of its own, which no form has, needs the walk.
-    bool isKnown(TextView name) const {
+    /// through a long list. Only a name with a ";" of its own, which no form has, needs the walk;
+    /// in a file that is full of them the later ones are passed over.
+    bool isKnown(TextView name) {
         if (name.find(';') != TextView::npos) {
-            return calledForms_.find(';' + Text(name)) != Text::npos;
+            walked_ += calledForms_.size();
+            constexpr std::size_t longestWalk = 100'000'000;
+            return walked_ > longestWalk || calledForms_.find(';' + Text(name)) != Text::npos;
         }
         const auto next = names_.lower_bound(name);
         return next != names_.end() && next->starts_with(name);
@@ -201,6 +204,7 @@ private:
 
     Text& calledForms_;
     std::set<TextView> names_;
+    std::size_t walked_ = 0; ///< characters
 };
 
 } // namespace

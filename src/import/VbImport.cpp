@@ -27,15 +27,14 @@ constexpr TextView inTheMaking = "G";
 
 constexpr TextView isNew = "N";
 
-Text pageName(TextView title) {
-    return model::makeFileName(model::withoutReferences(Text(title) + ".htm"));
-}
+/// Names and captions make links and page names, where a reference would stand for something else.
+constexpr model::Foreign foreign = model::Foreign::questionMarks;
 
 Topic overviewOf(const std::optional<Text>& projectTitle) {
     Topic topic;
     topic.status = isNew;
     topic.title = projectTitle.value_or("Project") + " Overview";
-    topic.fileName = pageName(topic.title);
+    topic.fileName = model::makeFileName(topic.title + ".htm");
     return topic;
 }
 
@@ -44,9 +43,9 @@ Topic topicOf(VbForm form) {
     Topic topic;
     topic.status = inTheMaking;
     topic.title = form.caption;
-    topic.fileName = pageName(form.caption);
+    topic.fileName = model::makeFileName(form.caption + ".htm");
     if (!form.helpContextId.empty()) {
-        topic.contextId = model::makeContextId(model::withoutReferences(form.caption));
+        topic.contextId = model::makeContextId(form.caption);
         topic.contextNumber = std::move(form.helpContextId);
     }
     if (!form.menuHtml.empty()) {
@@ -60,8 +59,12 @@ Topic topicOf(VbForm form) {
 
 /// `path` is as it stands in the project file.
 void importForm(Project& project, TextView path, FileFinder& finder, ImportOutcome& outcome) {
+    if (project.outline().full()) {
+        ++outcome.leftOut;
+        return;
+    }
     Text text;
-    if (const std::error_code error = model::readTextFile(finder.find(path), text)) {
+    if (const std::error_code error = model::readTextFile(finder.find(path), foreign, text)) {
         outcome.skipped.push_back({model::nativePath(path), error.message()});
         return;
     }
@@ -79,7 +82,11 @@ public:
     explicit CallLinker(Project& project) : project_(project) {
         const auto& outline = project.outline();
         for (int position = 1; position <= outline.count(); ++position) {
-            forms_.try_emplace(outline.at(position).tag, position);
+            // Other topics have an empty tag, and so is the name where code says ".Show" of the
+            // form that a With names: the two have nothing to do with each other.
+            if (const Text& form = outline.at(position).tag; !form.empty()) {
+                forms_.try_emplace(form, position);
+            }
         }
     }
 
@@ -132,7 +139,7 @@ private:
 ImportOutcome importVbProject(Project& project, const fs::path& projectFile) {
     ImportOutcome outcome;
     Text text;
-    if ((outcome.readError = model::readTextFile(projectFile, text))) {
+    if ((outcome.readError = model::readTextFile(projectFile, foreign, text))) {
         return outcome;
     }
     const VbProjectFile file = readVbProjectFile(text);

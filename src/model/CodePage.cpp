@@ -37,6 +37,11 @@ void appendUtf8(std::string& utf8, char32_t character) {
     } else if (character < 0x800) {
         byte(0xC0 | character >> 6);
         byte(0x80 | (character & 0x3F));
+    } else if (character >= 0x10000) {
+        byte(0xF0 | character >> 18);
+        byte(0x80 | (character >> 12 & 0x3F));
+        byte(0x80 | (character >> 6 & 0x3F));
+        byte(0x80 | (character & 0x3F));
     } else {
         byte(0xE0 | character >> 12);
         byte(0x80 | (character >> 6 & 0x3F));
@@ -86,15 +91,6 @@ char32_t takeCharacter(std::string_view& utf8) {
     return overlong ? damaged : character;
 }
 
-void appendHtml(Text& html, char32_t character) {
-    const char byte = byteOf(character);
-    if (byte == '?' && character != U'?') {
-        append(html, "&#", std::to_string(static_cast<std::uint32_t>(character)), ";");
-    } else {
-        html += byte;
-    }
-}
-
 bool isHighSurrogate(char32_t unit) {
     return unit >= 0xD800 && unit <= 0xDBFF;
 }
@@ -127,29 +123,35 @@ Text htmlFromUtf8(std::string_view utf8) {
     Text html;
     html.reserve(utf8.size());
     while (!utf8.empty()) {
-        appendHtml(html, takeCharacter(utf8));
+        const char32_t character = takeCharacter(utf8);
+        const char byte = byteOf(character);
+        if (byte == '?' && character != U'?') {
+            append(html, "&#", std::to_string(static_cast<std::uint32_t>(character)), ";");
+        } else {
+            html += byte;
+        }
     }
     return html;
 }
 
-Text htmlFromUtf16(std::string_view bytes, bool bigEndian) {
+std::string utf8FromUtf16(std::string_view bytes, bool bigEndian) {
     const auto unitAt = [bytes, bigEndian](std::size_t offset) {
         const auto first = static_cast<unsigned char>(bytes[offset]);
         const auto second = static_cast<unsigned char>(bytes[offset + 1]);
         return static_cast<char32_t>(bigEndian ? first << 8 | second : second << 8 | first);
     };
-    Text html;
-    html.reserve(bytes.size() / 2);
+    std::string utf8;
+    utf8.reserve(bytes.size());
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
         char32_t character = unitAt(i);
         if (isHighSurrogate(character) && i + 3 < bytes.size() && isLowSurrogate(unitAt(i + 2))) {
             i += 2;
             character = 0x10000 + ((character & 0x3FF) << 10 | (unitAt(i) & 0x3FF));
         }
-        appendHtml(html,
-                   isHighSurrogate(character) || isLowSurrogate(character) ? damaged : character);
+        const bool half = isHighSurrogate(character) || isLowSurrogate(character);
+        appendUtf8(utf8, half ? damaged : character);
     }
-    return html;
+    return utf8;
 }
 
 std::filesystem::path nativePath(TextView text) {

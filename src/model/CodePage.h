@@ -18,7 +18,9 @@ Text fromUtf8(std::string_view utf8);
 /// For HTML, where nothing needs to be lost: characters that the code page lacks become decimal
 /// references ("&#937;").
 Text htmlFromUtf8(std::string_view utf8);
-Text htmlFromUtf16(std::string_view bytes, bool bigEndian);
+
+/// A lone half of a character becomes U+FFFD.
+std::string utf8FromUtf16(std::string_view bytes, bool bigEndian);
 
 /// The path under which the file system knows a name or relative path that stands in a project.
 /// Both slashes end a folder.

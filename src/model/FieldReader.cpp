@@ -3,23 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "model/TextLines.h"
+
 namespace model {
-namespace {
-
-Text withLineBreaks(TextView lines) {
-    Text converted;
-    converted.reserve(lines.size()
-                      + static_cast<std::size_t>(std::count(lines.begin(), lines.end(), '\n')));
-    for (const char character : lines) {
-        if (character == '\n') {
-            converted += '\r';
-        }
-        converted += character;
-    }
-    return converted;
-}
-
-} // namespace
 
 FieldReader::FieldReader(Text file) : file_(std::move(file)) {
     if (file_.find('\r') == Text::npos) {

@@ -51,16 +51,19 @@ Text makeFileName(TextView title) {
     return trimmed.empty() ? Text("Filename") : withSingleBlanks(trimmed);
 }
 
-Text withoutReferences(Text text) {
-    for (std::size_t start = 0; (start = text.find("&#", start)) != Text::npos;) {
-        const std::size_t end = text.find_first_not_of("0123456789", start + 2);
-        if (end == Text::npos || text[end] != ';' || end == start + 2) {
-            start += 2;
-        } else {
-            text.erase(start, end + 1 - start);
-        }
+Text withoutReferences(TextView text) {
+    Text result;
+    while (!text.empty()) {
+        const std::size_t start = std::min(text.find("&#"), text.size());
+        result += text.substr(0, start);
+        text.remove_prefix(start);
+        const std::size_t prefix = std::min<std::size_t>(text.size(), 2);
+        const std::size_t end = text.find_first_not_of("0123456789", prefix);
+        const bool isReference = end != TextView::npos && end > prefix && text[end] == ';';
+        result += isReference ? TextView() : text.substr(0, prefix);
+        text.remove_prefix(isReference ? end + 1 : prefix);
     }
-    return text;
+    return result;
 }
 
 Text makeContextId(TextView title) {
@@ -90,6 +93,12 @@ Text quoteField(TextView text) {
     Text field;
     appendQuotedField(field, text);
     return field;
+}
+
+Text asSaved(TextView text) {
+    Text saved(trim(text));
+    std::replace(saved.begin(), saved.end(), '"', '\'');
+    return saved;
 }
 
 Text stripHighChars(TextView text) {

@@ -13,7 +13,7 @@ Text makeFileName(TextView title);
 
 /// Without the decimal references that stand for characters outside the code page: in a page's name
 /// they would be taken for those characters, and name another file.
-Text withoutReferences(Text text);
+Text withoutReferences(TextView text);
 
 /// A context string made from a title: "IDH_OPEN_A_FILE".
 Text makeContextId(TextView title);
@@ -25,6 +25,10 @@ Text quoteField(TextView text);
 
 /// The same, appended to `file`.
 void appendQuotedField(Text& file, TextView text);
+
+/// A text as it comes back after it was saved: without the blanks around it, and with apostrophes
+/// in place of double quotes.
+Text asSaved(TextView text);
 
 /// Every character above code 127 becomes a blank; then the blanks around the text go.
 Text stripHighChars(TextView text);

@@ -1,6 +1,7 @@
 #include "model/Project.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "model/CodePage.h"
 
@@ -42,6 +43,10 @@ void Project::setCurrentIndex(int position) {
     }
 }
 
+void Project::setOptions(ProjectOptions options) {
+    history_.record(OptionsChange{std::exchange(options_, std::move(options))});
+}
+
 void Project::insertTopic(int position, Topic topic) {
     history_.record(TopicChange{position, {}});
     insertAt(position, std::move(topic));
@@ -81,12 +86,12 @@ Topic Project::removeAt(int position) {
 
 void Project::swapTopics(int a, int b) {
     markChanged(statusMoved);
-    OutlineChange change = SwapChange{a, b};
+    ProjectChange change = SwapChange{a, b};
     apply(change);
     history_.record(std::move(change));
 }
 
-void Project::apply(OutlineChange& change) {
+void Project::apply(ProjectChange& change) {
     if (auto* field = std::get_if<FieldChange>(&change)) {
         std::swap(outline_.at(field->position).*field->field, field->value);
         observer_->topicChanged(field->position);
@@ -105,6 +110,8 @@ void Project::apply(OutlineChange& change) {
         if (moved) {
             observer_->currentTopicMoved(currentIndex_);
         }
+    } else if (auto* options = std::get_if<OptionsChange>(&change)) {
+        std::swap(options_, options->value);
     }
 }
 
@@ -112,7 +119,7 @@ void Project::undo() {
     if (history_.canUndo()) {
         UndoRecord& record = history_.stepBack();
         std::for_each(record.changes.rbegin(), record.changes.rend(),
-                      [this](OutlineChange& change) { apply(change); });
+                      [this](ProjectChange& change) { apply(change); });
         finishStep(record.currentBefore);
     }
 }
@@ -121,7 +128,7 @@ void Project::redo() {
     if (history_.canRedo()) {
         UndoRecord& record = history_.stepForward();
         std::for_each(record.changes.begin(), record.changes.end(),
-                      [this](OutlineChange& change) { apply(change); });
+                      [this](ProjectChange& change) { apply(change); });
         finishStep(record.currentAfter);
     }
 }

@@ -76,7 +76,7 @@ public:
     // The following leave the status letters and the changed flag alone: the rule for them is for
     // the command to apply, see markChanged().
     void setField(int position, Text Topic::*field, Text value);
-    void setOptions(ProjectOptions options) { options_ = std::move(options); }
+    void setOptions(ProjectOptions options);
     void insertTopic(int position, Topic topic);
 
     /// When the topic was the current one, that at its position becomes current, or else the last.
@@ -114,7 +114,7 @@ private:
     void setDataChanged(bool changed);
     void insertAt(int position, Topic topic);
     Topic removeAt(int position);
-    void apply(OutlineChange& change);
+    void apply(ProjectChange& change);
     void finishStep(int currentIndex);
 
     TopicOutline outline_;

@@ -22,21 +22,36 @@ bool LineReader::next(TextView& line) {
     return true;
 }
 
-Text decodedText(std::string bytes) {
-    const TextView all = bytes;
+Text withLineBreaks(TextView text) {
+    Text result;
+    result.reserve(text.size()
+                   + static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')));
+    LineReader lines(text);
+    for (TextView line; lines.next(line);) {
+        const bool ended = line.data() + line.size() < text.data() + text.size();
+        append(result, line, ended ? lineBreak : TextView());
+    }
+    return result;
+}
+
+Text decodedText(std::string bytes, Foreign foreign) {
+    const std::string_view all = bytes;
+    const auto convert = [foreign](std::string_view utf8) {
+        return foreign == Foreign::references ? htmlFromUtf8(utf8) : fromUtf8(utf8);
+    };
     if (all.starts_with("\xEF\xBB\xBF")) {
-        return htmlFromUtf8(all.substr(3));
+        return convert(all.substr(3));
     }
     if (all.starts_with("\xFF\xFE") || all.starts_with("\xFE\xFF")) {
-        return htmlFromUtf16(all.substr(2), all.front() == '\xFE');
+        return convert(utf8FromUtf16(all.substr(2), all.front() == '\xFE'));
     }
     return bytes;
 }
 
-std::error_code readTextFile(const std::filesystem::path& path, Text& text) {
+std::error_code readTextFile(const std::filesystem::path& path, Foreign foreign, Text& text) {
     std::string bytes;
     const std::error_code error = platform::readFile(path, bytes);
-    text = decodedText(std::move(bytes));
+    text = decodedText(std::move(bytes), foreign);
     return error;
 }
 

@@ -24,11 +24,17 @@ private:
     TextView rest_;
 };
 
+/// With CR LF for each line end.
+Text withLineBreaks(TextView text);
+
+/// What becomes of characters that the code page lacks.
+enum class Foreign { references, questionMarks };
+
 /// The text of a file in the code page. A byte order mark is dropped; behind one, UTF-8 or UTF-16
-/// is converted, and characters that the code page lacks become decimal references.
-Text decodedText(std::string bytes);
+/// is converted.
+Text decodedText(std::string bytes, Foreign foreign);
 
 /// Reads a file so. `text` is empty after a failure.
-std::error_code readTextFile(const std::filesystem::path& path, Text& text);
+std::error_code readTextFile(const std::filesystem::path& path, Foreign foreign, Text& text);
 
 } // namespace model

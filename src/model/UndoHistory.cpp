@@ -8,11 +8,11 @@ namespace model {
 namespace {
 
 /// While typing goes on, the text before its first letter is all that is needed.
-bool knowsOlderText(const UndoRecord& record, const OutlineChange& change) {
+bool knowsOlderText(const UndoRecord& record, const ProjectChange& change) {
     const auto* field = std::get_if<FieldChange>(&change);
     return field != nullptr
            && std::any_of(record.changes.begin(), record.changes.end(),
-                          [field](const OutlineChange& older) {
+                          [field](const ProjectChange& older) {
                               const auto* other = std::get_if<FieldChange>(&older);
                               return other != nullptr && other->position == field->position
                                      && other->field == field->field;
@@ -21,7 +21,7 @@ bool knowsOlderText(const UndoRecord& record, const OutlineChange& change) {
 
 } // namespace
 
-void UndoHistory::record(OutlineChange change) {
+void UndoHistory::record(ProjectChange change) {
     if (depth_ == 0) {
         clear();
         return;

@@ -5,11 +5,12 @@
 #include <variant>
 #include <vector>
 
+#include "model/ProjectOptions.h"
 #include "model/Topic.h"
 
 namespace model {
 
-// What can happen to an outline. Each change holds what is needed to apply it the other way round,
+// What can happen to a project. Each change holds what is needed to apply it the other way round,
 // and is its own opposite after that.
 
 /// A field of a topic got another text; `value` is the one that it does not have now.
@@ -31,12 +32,17 @@ struct SwapChange {
     int b;
 };
 
-using OutlineChange = std::variant<FieldChange, TopicChange, SwapChange>;
+/// The options became others; `value` are those that are not in force now.
+struct OptionsChange {
+    ProjectOptions value;
+};
+
+using ProjectChange = std::variant<FieldChange, TopicChange, SwapChange, OptionsChange>;
 
 /// What one command did, to be taken back as a whole.
 struct UndoRecord {
     Text name; ///< of the command, as an author knows it
-    std::vector<OutlineChange> changes;
+    std::vector<ProjectChange> changes;
     int currentBefore = -1;
     int currentAfter = -1;
     Text Topic::*typedField = nullptr; ///< not null while further typing joins this record
@@ -49,7 +55,7 @@ public:
     static constexpr std::size_t maxRecords = 500;
 
     /// A change outside of a record cannot be taken back, nor can what was before it.
-    void record(OutlineChange change);
+    void record(ProjectChange change);
 
     /// Opens a record. While `typedField` is the same and `currentIndex` too, typing joins what was
     /// typed before. Records nest: an inner one is part of the outer.

@@ -1,6 +1,5 @@
 #include "model/ProjectFile.h"
 
-#include <algorithm>
 #include <cstdint>
 
 #include "Require.h"
@@ -10,10 +9,8 @@ using namespace model;
 
 namespace {
 
-/// What saving does to a text by design: blanks around it go, and double quotes become apostrophes.
 void settle(Text& text) {
-    text = Text(trim(text));
-    std::replace(text.begin(), text.end(), '"', '\'');
+    text = asSaved(text);
 }
 
 ParsedProject settled(ParsedProject project) {

@@ -7,8 +7,8 @@
 
 /// Any text gives topics that a project can hold.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const model::Text text =
-        model::decodedText(std::string(reinterpret_cast<const char*>(data), size));
+    const model::Text text = model::decodedText(
+        std::string(reinterpret_cast<const char*>(data), size), model::Foreign::references);
     constexpr int room = 50;
     const importer::TextOutline outline = importer::readTextOutline(text, room);
     require(outline.topics.size() <= room, "too many topics");

@@ -105,10 +105,20 @@ TEST_F(SynchroniserTest, LeavesWhatNobodyEdited) {
 TEST_F(SynchroniserTest, ConvertedLineEndsAreNoEdit) {
     add("", "two\nlines\n");
     add("C", "two\nlines\n", "10");
+    add("", "two\r\nlines\r\n");
     outline.at(1).body = "two\r\nlines";
     outline.at(2).body = "rewritten";
+    outline.at(3).body = "two\nlines";
     EXPECT_TRUE(run().changed.empty());
     EXPECT_EQ(summary(run()), "No topics taken back, no conflicts");
+}
+
+TEST_F(SynchroniserTest, QuotesThatSavingReplacesAreNoConflict) {
+    add("S", "  <p class=\"x\">new</p>\r\n");
+    outline.at(1).body = "<p class='x'>new</p>";
+    EXPECT_TRUE(run().conflicts.empty());
+    outline.at(1).status = "";
+    EXPECT_EQ(run().changed, std::vector{1});
 }
 
 /// Generate, edit as an HTML editor would, take back, generate again.

@@ -137,11 +137,13 @@ TEST_F(VbImportTest, MarksTheCurrentTopicAndCanBeTakenBack) {
     write("a.frm", formFile("frmA", "A"));
     project.replace(test::flatOutline(2), {}, "p.tsp");
     project.setCurrentIndex(2);
-    import({"Form=a.frm"});
+    import({"Title=New", "Form=a.frm"});
+    EXPECT_EQ(project.options().projectName, "New");
     EXPECT_EQ(topic(1).status + '|' + topic(2).status + '|' + topic(3).status, "|N|N");
     EXPECT_EQ(project.currentIndex(), 2);
     project.undo();
     EXPECT_EQ(project.outline(), test::flatOutline(2));
+    EXPECT_EQ(project.options().projectName, "");
     EXPECT_FALSE(project.dataChanged());
 }
 
@@ -158,6 +160,21 @@ TEST_F(VbImportTest, LinksToTheFirstTopicOfAForm) {
     EXPECT_EQ(topic(3).body, "");
     EXPECT_EQ(topic(3).shortDescription, "Other Windows are opened");
     EXPECT_EQ(topic(3).keywords, "");
+}
+
+TEST_F(VbImportTest, CallsWithoutANameLinkToNothing) {
+    write("a.frm", formFile("frmA", "A", "With frmB\r\n    .Show\r\nEnd With\r\nfrmA.Show"));
+    import({"Form=a.frm"});
+    EXPECT_EQ(topic(2).body, lines({"<p>The following Windows are called:</p>", "<ul>",
+                                    "<li><a href='A.htm'>A</a>", "</ul>"}));
+}
+
+TEST_F(VbImportTest, ForeignLettersBecomeQuestionMarks) {
+    write("a.frm",
+          "\xEF\xBB\xBF" + formFile("frm\xCE\xA9", "\xCE\xA9\xC3\xA9", "frm\xCE\xA9.Show"));
+    import({"Form=a.frm"});
+    EXPECT_EQ(topic(2).title + '|' + topic(2).fileName, "?\xE9|\xE9.htm");
+    EXPECT_NE(topic(2).body, "");
 }
 
 TEST_F(VbImportTest, GoesOnWhereTheOutlineIsFull) {
