@@ -65,6 +65,7 @@ void frmMain::arrange() {
     lvLevels.setAccessibleName("Topics");
     lvLevels.setSearchColumn(OutlineRows::titleColumn);
     lvLevels.setRowsDraggable();
+    lblStatus.setShortened();
 
     auto fields = ui::Layout::row();
     fields.withoutMargins().setSpacing(90);

@@ -104,7 +104,7 @@ void frmMain::finishImport(const importer::ImportOutcome& outcome) {
     if (outcome.readError) {
         noticeFailure(outcome.readError);
     } else {
-        notice(summary(outcome));
+        notice(summary(outcome) + skippedForms(outcome));
     }
     updateCommands();
 }

@@ -21,9 +21,11 @@ struct ImportOutcome {
     int leftOut = 0;                       ///< topics for which the outline had no room
 };
 
-/// "12 topics imported, 2 forms skipped: frmMap.frm (No such file or directory), …", for a line on
-/// the screen.
+/// "12 topics imported, 2 forms skipped", for a line on the screen.
 model::Text summary(const ImportOutcome& outcome);
+
+/// ": frmMap.frm (No such file or directory), ...", to go on with; empty when no form was skipped.
+model::Text skippedForms(const ImportOutcome& outcome);
 
 /// Appends a topic unless the outline is full, which is noted.
 bool appendTopic(model::Project& project, model::Topic topic, ImportOutcome& outcome);

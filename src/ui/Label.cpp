@@ -1,13 +1,40 @@
 #include "ui/Label.h"
 
 #include <QLabel>
+#include <QPainter>
+#include <QStyle>
 
 #include "ui/qt/Native.h"
 
 namespace ui {
 
+namespace {
+
+class LabelWidget : public QLabel {
+public:
+    using QLabel::QLabel;
+
+    bool shortened = false;
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        if (!shortened) {
+            QLabel::paintEvent(event);
+            return;
+        }
+        const QString shown =
+            fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+        QPainter painter(this);
+        style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(),
+                              isEnabled(), shown, foregroundRole());
+        setToolTip(shown == text() ? QString() : "<p>" + text().toHtmlEscaped() + "</p>");
+    }
+};
+
+} // namespace
+
 Label::Label(Container& container, TextView caption, Control* labelled)
-    : Control(makeNative<QLabel>(container)) {
+    : Control(makeNative<LabelWidget>(container)) {
     setCaption(caption);
     if (labelled != nullptr) {
         QWidget* buddy = labelled->native().widget;
@@ -28,6 +55,10 @@ void Label::setCaption(TextView caption) {
 
 Text Label::caption() const {
     return fromQt(widgetOf<QLabel>(*this).text());
+}
+
+void Label::setShortened() {
+    widgetOf<LabelWidget>(*this).shortened = true;
 }
 
 void Label::setWrapped() {

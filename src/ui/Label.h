@@ -12,6 +12,9 @@ public:
     void setCaption(TextView caption);
     Text caption() const;
 
+    /// Cut with an ellipsis where it is too long; the tool tip shows the whole.
+    void setShortened();
+
     /// Broken into lines where it is too wide.
     void setWrapped();
 

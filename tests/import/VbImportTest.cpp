@@ -183,7 +183,7 @@ TEST_F(VbImportTest, GoesOnWhereTheOutlineIsFull) {
     const ImportOutcome outcome = import({"Form=a.frm", "Form=a.frm", "Form=a.frm"});
     EXPECT_EQ(project.outline().count(), 500);
     EXPECT_FALSE(outcome.message);
-    EXPECT_EQ(summary(outcome), "1 topic imported, 2 left out: a project holds 500 topics");
+    EXPECT_EQ(summary(outcome), "1 topic imported, 2 left out (a project holds 500 topics)");
 }
 
 /// A whole application, as messy as they are.
