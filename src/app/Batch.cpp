@@ -1,6 +1,8 @@
 #include "app/Batch.h"
 
 #include <algorithm>
+#include <iterator>
+#include <sstream>
 
 #include "app/Version.h"
 
@@ -13,11 +15,18 @@ void printUsage(std::ostream& stream) {
         stream << "  topicsmith-batch " << command.name << ' ' << command.parameters << "\n      "
                << command.summary << '\n';
     }
-    stream << "  topicsmith-batch --help | --version\n"
-              "\n"
-              "Results go to standard output, messages to standard error.\n"
-              "Exit code: 0 done; 1 it could not be done, or some file could not be written;\n"
-              "2 wrong usage.\n";
+    stream
+        << "  topicsmith-batch --help | --version\n"
+           "\n"
+           "Results go to standard output, messages to standard error.\n"
+           "Exit code: 0 done; 1 it could not be done, some file could not be written, or nothing\n"
+           "was found; 2 wrong usage.\n";
+}
+
+bool knows(const BatchCommand& command, std::string_view option) {
+    std::istringstream known{std::string(command.options)};
+    const std::istream_iterator<std::string> begin(known);
+    return std::find(begin, {}, option) != std::istream_iterator<std::string>();
 }
 
 ExitCode runCommand(BatchSession& session, const Arguments& arguments) {
@@ -39,13 +48,20 @@ ExitCode runCommand(BatchSession& session, const Arguments& arguments) {
     if (command == commands.end()) {
         return usageError(session, "unknown command \"" + name + "\"");
     }
-    const Arguments rest(arguments.begin() + 1, arguments.end());
-    const auto option = std::find_if(rest.begin(), rest.end(),
-                                     [](const std::string& a) { return a.starts_with("--"); });
-    if (option != rest.end()) {
-        return usageError(session, name + " has no option \"" + *option + "\"");
+    CommandLine rest;
+    bool wordsOnly = false; // behind "--"
+    for (auto argument = arguments.begin() + 1; argument != arguments.end(); ++argument) {
+        if (*argument == "--" && !wordsOnly) {
+            wordsOnly = true;
+        } else if (wordsOnly || !argument->starts_with("--")) {
+            rest.words.push_back(*argument);
+        } else if (knows(*command, *argument)) {
+            rest.options.insert(*argument);
+        } else {
+            return usageError(session, name + " has no option \"" + *argument + "\"");
+        }
     }
-    if (rest.size() < command->minArguments || rest.size() > command->maxArguments) {
+    if (rest.size() < command->minWords || rest.size() > command->maxWords) {
         return usageError(session, name + " expects " + command->parameters);
     }
     return command->run(session, rest);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <span>
 #include <string>
 #include <vector>
@@ -10,10 +11,20 @@ namespace app {
 
 using Arguments = std::vector<std::string>;
 
+/// The arguments of a command, without its name: words by their places, and options.
+struct CommandLine {
+    Arguments words;
+    std::set<std::string, std::less<>> options; ///< as they are written: "--match-case"
+
+    const std::string& operator[](std::size_t index) const { return words[index]; }
+    std::size_t size() const { return words.size(); }
+    bool has(std::string_view option) const { return options.contains(option); }
+};
+
 /// The batch program's exit codes.
 enum ExitCode {
     exitDone = 0,
-    exitFailed = 1, ///< it could not be done, or some file could not be written
+    exitFailed = 1, ///< it could not be done, some file could not be written, or nothing was found
     exitUsage = 2   ///< the command line was wrong; nothing was done
 };
 
@@ -28,9 +39,10 @@ struct BatchCommand {
     const char* name;
     const char* parameters; ///< as shown in the help
     const char* summary;
-    std::size_t minArguments; ///< without the name
-    std::size_t maxArguments;
-    ExitCode (*run)(BatchSession& session, const Arguments& arguments);
+    std::size_t minWords; ///< without the name
+    std::size_t maxWords;
+    ExitCode (*run)(BatchSession& session, const CommandLine& arguments);
+    std::string_view options = {}; ///< those that it knows, with blanks between
 };
 
 std::span<const BatchCommand> batchCommands();

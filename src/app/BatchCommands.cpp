@@ -10,6 +10,7 @@
 #include "model/CodePage.h"
 #include "model/ProjectFile.h"
 #include "platform/Files.h"
+#include "tools/Finder.h"
 
 namespace app {
 namespace {
@@ -79,7 +80,7 @@ bool refuseEmpty(BatchSession& session, const Project& project, const char* titl
     return message.has_value();
 }
 
-ExitCode runGenerate(BatchSession& session, const Arguments& arguments) {
+ExitCode runGenerate(BatchSession& session, const CommandLine& arguments) {
     fs::path output = arguments[1];
     Project project;
     if (!loadWhole(session, arguments[0], project) || refuseEmpty(session, project, helpTitle)
@@ -95,7 +96,7 @@ ExitCode runGenerate(BatchSession& session, const Arguments& arguments) {
     return report.failures.empty() ? exitDone : exitFailed;
 }
 
-ExitCode runDocument(BatchSession& session, const Arguments& arguments) {
+ExitCode runDocument(BatchSession& session, const CommandLine& arguments) {
     fs::path output = arguments[1];
     Project project;
     if (!loadWhole(session, arguments[0], project)
@@ -110,7 +111,7 @@ ExitCode runDocument(BatchSession& session, const Arguments& arguments) {
     return failures.empty() ? exitDone : exitFailed;
 }
 
-ExitCode runInfo(BatchSession& session, const Arguments& arguments) {
+ExitCode runInfo(BatchSession& session, const CommandLine& arguments) {
     Project project;
     if (!loadWhole(session, arguments[0], project)) {
         return exitFailed;
@@ -138,6 +139,45 @@ ExitCode runInfo(BatchSession& session, const Arguments& arguments) {
     return exitDone;
 }
 
+/// A search without a window.
+class Searched : public tools::FindHost {
+public:
+    explicit Searched(const model::TopicOutline& outline) : outline_(outline) {}
+    const model::TopicOutline& outline() const override { return outline_; }
+    int selectedTopic() const override { return 1; }
+
+private:
+    const model::TopicOutline& outline_;
+};
+
+ExitCode runFind(BatchSession& session, const CommandLine& arguments) {
+    if (arguments[1].empty()) {
+        return usageError(session, "find expects a text");
+    }
+    Project project;
+    if (!loadWhole(session, arguments[0], project)) {
+        return exitFailed;
+    }
+    const tools::FindQuestion question{model::htmlFromUtf8(arguments[1]),
+                                       arguments.has("--match-case"),
+                                       arguments.has("--whole-words"), arguments.has("--bodies")};
+    if (project.outline().empty()) {
+        session.console.message({"Nothing to Search", "Find"});
+        return exitFailed;
+    }
+    Searched host(project.outline());
+    tools::Finder finder;
+    while (finder.next(question, host) == tools::Finder::Outcome::found) {
+        constexpr const char* stages[] = {"title", "description", "body"};
+        const tools::FindMatch& match = finder.match();
+        session.console.result(std::to_string(match.topic) + '\t'
+                               + stages[static_cast<std::size_t>(match.stage) - 1] + '\t'
+                               + std::to_string(match.start) + '\t'
+                               + model::oneLine(project.outline().at(match.topic).title));
+    }
+    return finder.foundAny() ? exitDone : exitFailed;
+}
+
 constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
 
 constexpr BatchCommand commands[] = {
@@ -157,6 +197,9 @@ constexpr BatchCommand commands[] = {
     {"synchronise", "PROJECT.tsp",
      "Takes edits of the pages in the html folder beside the project back into its topics.", 1, 1,
      synchronise},
+    {"find", "PROJECT.tsp TEXT [--match-case] [--whole-words] [--bodies]",
+     "Lists where a text stands: position, part and offset in it, title, with tabs between.", 2, 2,
+     runFind, "--match-case --whole-words --bodies"},
     {"info", "PROJECT.tsp", "Prints facts about a project, one per line.", 1, 1, runInfo},
 };
 

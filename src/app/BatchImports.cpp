@@ -61,17 +61,17 @@ bool lacksPosition(const fs::path& source, int position) {
 
 } // namespace
 
-ExitCode importVb(BatchSession& session, const Arguments& arguments) {
+ExitCode importVb(BatchSession& session, const CommandLine& arguments) {
     return runImport(session, arguments[0], arguments[1], importer::vbImportTitle,
                      importer::importVbProject);
 }
 
-ExitCode importText(BatchSession& session, const Arguments& arguments) {
+ExitCode importText(BatchSession& session, const CommandLine& arguments) {
     return runImport(session, arguments[0], arguments[1], importer::textImportTitle,
                      importer::importText);
 }
 
-ExitCode importTopics(BatchSession& session, const Arguments& arguments) {
+ExitCode importTopics(BatchSession& session, const CommandLine& arguments) {
     std::set<int> wanted;
     for (std::size_t i = 2; i < arguments.size(); ++i) {
         const int position = positionOf(arguments[i]);
@@ -93,7 +93,7 @@ ExitCode importTopics(BatchSession& session, const Arguments& arguments) {
                      });
 }
 
-ExitCode synchronise(BatchSession& session, const Arguments& arguments) {
+ExitCode synchronise(BatchSession& session, const CommandLine& arguments) {
     Project project;
     if (!loadWhole(session, arguments[0], project)) {
         return exitFailed;

@@ -6,9 +6,9 @@
 /// nothing was added or changed.
 namespace app {
 
-ExitCode importVb(BatchSession& session, const Arguments& arguments);
-ExitCode importText(BatchSession& session, const Arguments& arguments);
-ExitCode importTopics(BatchSession& session, const Arguments& arguments);
-ExitCode synchronise(BatchSession& session, const Arguments& arguments);
+ExitCode importVb(BatchSession& session, const CommandLine& arguments);
+ExitCode importText(BatchSession& session, const CommandLine& arguments);
+ExitCode importTopics(BatchSession& session, const CommandLine& arguments);
+ExitCode synchronise(BatchSession& session, const CommandLine& arguments);
 
 } // namespace app

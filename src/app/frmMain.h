@@ -9,6 +9,7 @@
 #include "app/dlgReport.h"
 #include "editor/frmEditBody.h"
 #include "import/frmImport.h"
+#include "tools/frmFind.h"
 #include "ui/Clipboard.h"
 #include "ui/ListView.h"
 #include "ui/Panel.h"
@@ -19,7 +20,7 @@ namespace app {
 
 /// The main window: the outline, the fields of the current topic, and every command. It owns the
 /// open project, watches it and shows what becomes of it.
-class frmMain : public ui::Window, private model::ProjectObserver {
+class frmMain : public ui::Window, private model::ProjectObserver, private tools::FindHost {
     // Before the controls, which show it.
     ui::Settings& settings_;
     std::filesystem::path programFolder_;
@@ -101,6 +102,7 @@ public:
     void mnuEditCut_Click();
     void mnuEditCopy_Click();
     void mnuEditPaste_Click();
+    void mnuEditFind_Click();
     void mnuEditAdd_Click();
     void mnuEditDelete_Click();
     void mnuEditPromote_Click();
@@ -133,6 +135,9 @@ public:
     /// For topics of another project, as long as it is open; null otherwise.
     importer::frmImport* importDialog() const { return import_.get(); }
 
+    /// Null when nothing is being looked for.
+    tools::frmFind* findDialog() const { return find_.get(); }
+
     void Resize() override;
     bool mayClose() override;
 
@@ -145,6 +150,13 @@ private:
     void currentIndexChanged(int position) override;
     void currentTopicMoved(int position) override;
     void dataChangedToggled(bool dataChanged) override;
+
+    // What a search asks for.
+    const model::TopicOutline& outline() const override { return project_.outline(); }
+    int selectedTopic() const override;
+    std::optional<model::Text> editedBody(int topic) const override;
+    bool leaveBody() override { return closeEditor(); }
+    void showMatch(const tools::FindMatch& match) override;
 
     void arrange();
     void connectControls();
@@ -184,6 +196,8 @@ private:
     std::unique_ptr<editor::frmEditBody> editor_;
     std::unique_ptr<dlgReport> report_;
     std::unique_ptr<importer::frmImport> import_;
+    model::Text lastFindText_; ///< as long as the program runs
+    std::unique_ptr<tools::frmFind> find_;
 };
 
 } // namespace app

@@ -45,6 +45,9 @@ TEST_F(BatchTest, WrongUsageDoesNothingAndSaysHow) {
                                    {"info", "a", "b"},
                                    {"generate", "a"},
                                    {"generate", "--fast", "a", "b"},
+                                   {"generate", "--bodies", "a", "b"},
+                                   {"find", "a", ""},
+                                   {"find", "a", "b", "--bodies=x"},
                                    {"--helpless"}}) {
         EXPECT_EQ(run(wrong), exitUsage);
         EXPECT_NE(errors.find("Usage:"), std::string::npos);
@@ -202,6 +205,23 @@ TEST_F(BatchTest, SynchroniseReadsThePagesBesideTheProject) {
     EXPECT_EQ(run({"synchronise", save("empty.tsp", {})}), exitFailed);
     EXPECT_EQ(errors,
               "HTML Topicsmith: You need to have at least 1 Help Topic to Synchronize with\n");
+}
+
+TEST_F(BatchTest, FindListsMatches) {
+    auto outline = test::outlineOf({topic(1, "Caf\xE9", "a.htm", "<p>caf\xE9\r\nCAF\xC9,"),
+                                    topic(2, "two\r\nlines", "b.htm", "caf\xE9&#937;")});
+    const std::string project = save("p.tsp", outline);
+    EXPECT_EQ(run({"find", project, "café", "--bodies"}), exitDone);
+    EXPECT_EQ(output, "1\ttitle\t0\tCafé\n1\tbody\t3\tCafé\n1\tbody\t9\tCafé\n"
+                      "2\tbody\t0\ttwo  lines\n");
+    EXPECT_EQ(run({"find", "--match-case", project, "café"}), exitFailed);
+    EXPECT_EQ(output + errors, "");
+    EXPECT_EQ(run({"find", project, "éΩ", "--bodies"}), exitDone);
+    EXPECT_EQ(run({"find", project, "CAFÉ", "--bodies", "--whole-words"}), exitDone);
+    EXPECT_EQ(output, "1\ttitle\t0\tCafé\n");
+    EXPECT_EQ(run({"find", project, "--", "--"}), exitFailed);
+    EXPECT_EQ(run({"find", save("empty.tsp", {}), "x"}), exitFailed);
+    EXPECT_EQ(errors, "Find: Nothing to Search\n");
 }
 
 TEST_F(BatchTest, TheProjectIsNeverTheOutput) {

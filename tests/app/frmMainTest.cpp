@@ -27,7 +27,7 @@ TEST_F(frmMain, StartsEmptyWithTheDescribedMenus) {
     EXPECT_EQ(menuText(*window, {"File", "Generate Files"}),
               "Generate &Help Files\nGenerate &Documentation");
     EXPECT_EQ(menuText(*window, {"Edit"}),
-              "(C&ut\tCtrl+X)\n(&Copy\tCtrl+C)\n(&Paste\tCtrl+V)\n(Find...\tCtrl+F)\n-\n"
+              "(C&ut\tCtrl+X)\n(&Copy\tCtrl+C)\n(&Paste\tCtrl+V)\nFind...\tCtrl+F\n-\n"
               "&Add New Topic\tIns\n(&Delete Topic\tDel)\n-\n(Promote Topic\tAlt+Right)\n"
               "(Demote Topic\tAlt+Left)\n(Move Topic Up\tAlt+Up)\n(Move Topic Down\tAlt+Down)");
     EXPECT_EQ(menuText(*window, {"Help"}), "(&Contents...\tF1)\n(Help &Index...)\n-\n&About...");

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <optional>
+
+#include "model/TopicOutline.h"
+
+namespace tools {
+
+using model::Text;
+using model::TextView;
+
+/// What is looked for.
+struct FindQuestion {
+    Text text; ///< not empty
+    bool matchCase = false;
+    bool wholeWords = false; ///< with a blank, or an end of the searched text, on both sides
+    bool bodies = false;     ///< in short descriptions and bodies too
+};
+
+/// The parts of a topic, in the order in which they are searched.
+enum class FindStage { title = 1, shortDescription = 2, body = 3 };
+
+struct FindMatch {
+    int topic = 0; ///< position in the outline
+    FindStage stage = FindStage::title;
+    std::size_t start = 0; ///< in the searched text
+    std::size_t length = 0;
+};
+
+/// Whoever shows the topics, and lets a body be edited while it is searched.
+class FindHost {
+public:
+    virtual ~FindHost() = default;
+
+    virtual const model::TopicOutline& outline() const = 0;
+
+    /// Where a new search begins.
+    virtual int selectedTopic() const = 0;
+
+    /// A body as it stands in an editor; nothing when this topic is not being edited.
+    virtual std::optional<Text> editedBody(int /*topic*/) const { return {}; }
+
+    /// A body holds nothing more: an editor is to be closed. False when the author wants to stay.
+    virtual bool leaveBody() { return true; }
+
+    virtual void showMatch(const FindMatch& /*match*/) {}
+};
+
+/// Goes through all topics from one match to the next, beginning at the selected topic and round
+/// the end of the outline, until it is back.
+class Finder {
+public:
+    enum class Outcome {
+        found,    ///< there is a match
+        searched, ///< all has been searched; the next search is a new one
+        stopped   ///< the host wanted to stay where it is; as if nothing had been asked
+    };
+
+    /// The next search begins anew.
+    void restart() { newSearch_ = true; }
+
+    /// The outline must not be empty.
+    Outcome next(const FindQuestion& question, FindHost& host);
+
+    /// What next() has found.
+    const FindMatch& match() const { return match_; }
+
+    /// Whether the search that has just ended had found something.
+    bool foundAny() const { return foundAny_; }
+
+private:
+    bool searchTopic(const FindQuestion& question, const FindHost& host);
+    bool backAtStart();
+
+    bool newSearch_ = true;
+    bool firstRound_ = false;
+    int startIndex_ = 0;
+    int currentIndex_ = 0;
+    FindStage stage_ = FindStage::title;
+    std::size_t position_ = 0; ///< where the search in the current text begins
+    bool foundAny_ = false;
+    FindMatch match_;
+};
+
+/// In small letters unless case matters, and with a blank on both sides where whole words are
+/// wanted. A match at an offset of the result begins at the same offset of the text.
+Text normaliseForFind(TextView text, const FindQuestion& question);
+
+} // namespace tools

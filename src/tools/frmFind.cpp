@@ -1,0 +1,72 @@
+#include "tools/frmFind.h"
+
+#include "ui/Prompter.h"
+
+namespace tools {
+
+namespace {
+
+constexpr const char* title = "Find";
+
+} // namespace
+
+frmFind::frmFind(ui::Window& owner, FindHost& host, Text& lastFindText)
+    : Window(Kind::dialog, windowName, &owner), host_(host), lastFindText_(lastFindText) {
+    setCaption(title);
+    auto options = ui::Layout::column();
+    options.add(optInvSearch[0]).add(optInvSearch[1]);
+    fraOptions.setLayout(std::move(options));
+    auto boxes = ui::Layout::column();
+    boxes.withoutMargins().add(chkMatchCase).add(chkWholeWords).addStretch();
+    auto choices = ui::Layout::row();
+    choices.withoutMargins().add(std::move(boxes)).addStretch().add(fraOptions);
+    auto left = ui::Layout::column();
+    left.withoutMargins()
+        .add(lblFind)
+        .add(txtFind)
+        .addSpace(60)
+        .add(std::move(choices))
+        .addStretch();
+    auto buttons = ui::Layout::column();
+    buttons.withoutMargins().add(cmdFindNext).add(cmdCancel).add(cmdHelp).addStretch();
+    auto content = ui::Layout::row();
+    content.add(std::move(left), 1).addSpace(90).add(std::move(buttons));
+    setLayout(std::move(content));
+    setSize(7200, 2250);
+    optInvSearch[0].select();
+    cmdHelp.setEnabled(false); // there is no manual to open yet
+    cmdFindNext.setDefault();
+    UI_ON(txtFind, Change);
+    UI_ON(cmdFindNext, Click);
+    UI_ON(cmdCancel, Click);
+    txtFind.setText(lastFindText_);
+    cmdFindNext.setEnabled(!lastFindText_.empty());
+    txtFind.select(0, lastFindText_.size());
+    txtFind.setFocus();
+}
+
+void frmFind::txtFind_Change() {
+    lastFindText_ = txtFind.text();
+    cmdFindNext.setEnabled(!lastFindText_.empty());
+    finder_.restart();
+}
+
+void frmFind::cmdFindNext_Click() {
+    if (host_.outline().empty()) {
+        ui::Prompter::current().ask(this, {"Nothing to Search", title});
+        return;
+    }
+    const FindQuestion question{lastFindText_, chkMatchCase.checked(), chkWholeWords.checked(),
+                                optInvSearch[1].selected()};
+    const Finder::Outcome outcome = finder_.next(question, host_);
+    if (outcome == Finder::Outcome::found) {
+        host_.showMatch(finder_.match());
+    } else if (outcome == Finder::Outcome::searched) {
+        ui::Prompter::current().ask(this, {finder_.foundAny()
+                                               ? "Specified region searched, No more matches"
+                                               : "Specified region searched, No matches",
+                                           title});
+    }
+}
+
+} // namespace tools

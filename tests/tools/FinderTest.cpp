@@ -1,0 +1,128 @@
+#include "tools/Finder.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+
+#include "support/TestFiles.h"
+
+using namespace tools;
+using test::topic;
+
+namespace {
+
+/// A project that is searched without a window.
+class Host : public FindHost {
+public:
+    explicit Host(model::TopicOutline topics, int selected = 1)
+        : topics_(std::move(topics)), selected_(selected) {}
+
+    const model::TopicOutline& outline() const override { return topics_; }
+    int selectedTopic() const override { return selected_; }
+    std::optional<Text> editedBody(int position) const override {
+        return position == editedTopic ? std::optional(editedText) : std::nullopt;
+    }
+    bool leaveBody() override { return mayLeave; }
+
+    model::TopicOutline topics_;
+    int selected_;
+    int editedTopic = 0;
+    Text editedText;
+    bool mayLeave = true;
+};
+
+/// "3b12" is the body of topic 3 at offset 12; "-" that all has been searched, "!" that it stopped.
+std::string press(Finder& finder, const FindQuestion& question, Host& host) {
+    switch (finder.next(question, host)) {
+    case Finder::Outcome::searched:
+        return finder.foundAny() ? "-" : "none";
+    case Finder::Outcome::stopped:
+        return "!";
+    case Finder::Outcome::found:
+        break;
+    }
+    const FindMatch& match = finder.match();
+    const char stage = "tsb"[static_cast<int>(match.stage) - 1];
+    host.selected_ = match.topic; // as a window does
+    return std::to_string(match.topic) + stage + std::to_string(match.start);
+}
+
+std::string searchAll(const FindQuestion& question, Host host) {
+    Finder finder;
+    std::string matches;
+    for (std::string match; match != "-" && match != "none";) {
+        match = press(finder, question, host);
+        matches += (matches.empty() ? "" : " ") + match;
+    }
+    return matches;
+}
+
+Host titles(std::initializer_list<const char*> titles, int selected = 1) {
+    model::TopicOutline outline;
+    for (const char* title : titles) {
+        outline.append(topic(1, title, "p.htm", ""));
+    }
+    return Host(std::move(outline), selected);
+}
+
+} // namespace
+
+TEST(Finder, GoesRoundOnceFromTheSelectedTopic) {
+    EXPECT_EQ(searchAll({"x"}, titles({"x", "x", "x", "x", "x", "x", "x", "x"}, 5)),
+              "5t0 6t0 7t0 8t0 1t0 2t0 3t0 4t0 -");
+    EXPECT_EQ(searchAll({"y"}, titles({"x", "x"}, 2)), "none");
+    EXPECT_EQ(searchAll({"x"}, titles({"x"})), "1t0 -");
+    EXPECT_EQ(searchAll({"aa"}, titles({"aaa", "b"})), "1t0 1t1 -");
+}
+
+TEST(Finder, MindsCaseAndWholeWordsWhenTold) {
+    EXPECT_EQ(searchAll({"tab"}, titles({"Table", "A Tab tab"})), "1t0 2t2 2t6 -");
+    EXPECT_EQ(searchAll({"tab", true}, titles({"Table", "A Tab tab"})), "2t6 -");
+    EXPECT_EQ(searchAll({"\xC9T\xC9"}, titles({"l'\xE9t\xE9"})), "1t2 -");
+    EXPECT_EQ(searchAll({"\xC9T\xC9", true}, titles({"l'\xE9t\xE9"})), "none");
+    const FindQuestion word{"save", false, true};
+    EXPECT_EQ(
+        searchAll(word, titles({"Save now", "To save, or not", "save", "unsave save", "saved"})),
+        "1t0 3t0 4t7 -");
+    EXPECT_EQ(searchAll({"a b", false, true}, titles({"a b a b"})), "1t0 1t4 -");
+}
+
+TEST(Finder, SearchesDescriptionsAndBodiesWhenTold) {
+    Host host(
+        test::outlineOf({topic(1, "x", "a.htm", "x\r\n\r\nX"), topic(1, "y", "b.htm", "<p>x")}));
+    host.topics_.at(1).shortDescription = "an x";
+    EXPECT_EQ(searchAll({"x"}, host), "1t0 -");
+    EXPECT_EQ(searchAll({"x", false, false, true}, host), "1t0 1s3 1b0 1b5 2b3 -");
+    host.editedTopic = 2;
+    host.editedText = "new x";
+    EXPECT_EQ(searchAll({"x", true, false, true}, host), "1t0 1s3 1b0 2b4 -");
+}
+
+TEST(Finder, GoesOnAfterTheQuestionChanged) {
+    Host host(test::outlineOf({topic(1, "x y", "a.htm", "x y x"), topic(1, "x", "b.htm", "")}));
+    Finder finder;
+    EXPECT_EQ(press(finder, {"x", false, false, true}, host), "1t0");
+    EXPECT_EQ(press(finder, {"x", false, false, true}, host), "1b0");
+    EXPECT_EQ(press(finder, {"x", true, true, true}, host), "1b4");
+    EXPECT_EQ(press(finder, {"x"}, host), "2t0"); // titles only from here on
+    EXPECT_EQ(press(finder, {"x"}, host), "-");
+    EXPECT_EQ(press(finder, {"x"}, host), "2t0");
+    finder.restart();
+    EXPECT_EQ(press(finder, {"y", false, false, true}, host), "1t2");
+}
+
+TEST(Finder, BearsWithAnAuthorWhoStaysOrRemovesTopics) {
+    Host host(test::outlineOf(
+        {topic(1, "a", "a.htm", "x"), topic(1, "b", "b.htm", ""), topic(1, "c", "c.htm", "x")}));
+    const FindQuestion question{"x", false, false, true};
+    Finder finder;
+    EXPECT_EQ(press(finder, question, host), "1b0");
+    host.mayLeave = false;
+    EXPECT_EQ(press(finder, question, host), "!");
+    EXPECT_EQ(press(finder, question, host), "!");
+    host.mayLeave = true;
+    EXPECT_EQ(press(finder, question, host), "3b0");
+    host.topics_.remove(3);
+    host.selected_ = 2;
+    EXPECT_EQ(press(finder, question, host), "1b0");
+    EXPECT_EQ(press(finder, question, host), "-");
+}
