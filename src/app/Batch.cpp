@@ -29,6 +29,27 @@ bool knows(const BatchCommand& command, std::string_view option) {
     return std::find(begin, {}, option) != std::istream_iterator<std::string>();
 }
 
+/// Sorts a command's arguments into words and options; what is wrong with them, if anything is.
+std::string parse(const BatchCommand& command, const Arguments& arguments, CommandLine& line) {
+    bool wordsOnly = false; // behind "--"
+    for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+        if (*argument == "--" && !wordsOnly) {
+            wordsOnly = true;
+        } else if (wordsOnly || !argument->starts_with("--")) {
+            line.words.push_back(*argument);
+        } else if (knows(command, *argument)) {
+            line.options[*argument];
+        } else if (knows(command, *argument + '=') && argument + 1 != arguments.end()) {
+            const std::string& option = *argument;
+            line.options[option] = *++argument;
+        } else {
+            return std::string(command.name) + " has no option \"" + *argument + "\"";
+        }
+    }
+    const bool fits = line.size() >= command.minWords && line.size() <= command.maxWords;
+    return fits ? std::string() : std::string(command.name) + " expects " + command.parameters;
+}
+
 ExitCode runCommand(BatchSession& session, const Arguments& arguments) {
     if (arguments.empty()) {
         return usageError(session, "no command given");
@@ -48,23 +69,12 @@ ExitCode runCommand(BatchSession& session, const Arguments& arguments) {
     if (command == commands.end()) {
         return usageError(session, "unknown command \"" + name + "\"");
     }
-    CommandLine rest;
-    bool wordsOnly = false; // behind "--"
-    for (auto argument = arguments.begin() + 1; argument != arguments.end(); ++argument) {
-        if (*argument == "--" && !wordsOnly) {
-            wordsOnly = true;
-        } else if (wordsOnly || !argument->starts_with("--")) {
-            rest.words.push_back(*argument);
-        } else if (knows(*command, *argument)) {
-            rest.options.insert(*argument);
-        } else {
-            return usageError(session, name + " has no option \"" + *argument + "\"");
-        }
+    CommandLine line;
+    const Arguments rest(arguments.begin() + 1, arguments.end());
+    if (const std::string problem = parse(*command, rest, line); !problem.empty()) {
+        return usageError(session, problem);
     }
-    if (rest.size() < command->minWords || rest.size() > command->maxWords) {
-        return usageError(session, name + " expects " + command->parameters);
-    }
-    return command->run(session, rest);
+    return command->run(session, line);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <set>
+#include <map>
 #include <span>
 #include <string>
 #include <vector>
@@ -14,11 +14,17 @@ using Arguments = std::vector<std::string>;
 /// The arguments of a command, without its name: words by their places, and options.
 struct CommandLine {
     Arguments words;
-    std::set<std::string, std::less<>> options; ///< as they are written: "--match-case"
+    std::map<std::string, std::string, std::less<>> options; ///< with their values: "--language"
 
     const std::string& operator[](std::size_t index) const { return words[index]; }
     std::size_t size() const { return words.size(); }
     bool has(std::string_view option) const { return options.contains(option); }
+
+    /// Empty when the option is not given.
+    std::string value(std::string_view option) const {
+        const auto found = options.find(option);
+        return found == options.end() ? std::string() : found->second;
+    }
 };
 
 /// The batch program's exit codes.
@@ -42,7 +48,8 @@ struct BatchCommand {
     std::size_t minWords; ///< without the name
     std::size_t maxWords;
     ExitCode (*run)(BatchSession& session, const CommandLine& arguments);
-    std::string_view options = {}; ///< those that it knows, with blanks between
+    /// Those that it knows, with blanks between. One that takes a value ends with "=".
+    std::string_view options = {};
 };
 
 std::span<const BatchCommand> batchCommands();

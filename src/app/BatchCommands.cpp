@@ -4,13 +4,13 @@
 
 #include "app/BatchImports.h"
 #include "app/BatchProject.h"
+#include "app/BatchTools.h"
 #include "generate/Documentation.h"
 #include "generate/GeneratedFile.h"
 #include "generate/GenerationRun.h"
 #include "model/CodePage.h"
 #include "model/ProjectFile.h"
 #include "platform/Files.h"
-#include "tools/Finder.h"
 
 namespace app {
 namespace {
@@ -139,45 +139,6 @@ ExitCode runInfo(BatchSession& session, const CommandLine& arguments) {
     return exitDone;
 }
 
-/// A search without a window.
-class Searched : public tools::FindHost {
-public:
-    explicit Searched(const model::TopicOutline& outline) : outline_(outline) {}
-    const model::TopicOutline& outline() const override { return outline_; }
-    int selectedTopic() const override { return 1; }
-
-private:
-    const model::TopicOutline& outline_;
-};
-
-ExitCode runFind(BatchSession& session, const CommandLine& arguments) {
-    if (arguments[1].empty()) {
-        return usageError(session, "find expects a text");
-    }
-    Project project;
-    if (!loadWhole(session, arguments[0], project)) {
-        return exitFailed;
-    }
-    const tools::FindQuestion question{model::htmlFromUtf8(arguments[1]),
-                                       arguments.has("--match-case"),
-                                       arguments.has("--whole-words"), arguments.has("--bodies")};
-    if (project.outline().empty()) {
-        session.console.message({"Nothing to Search", "Find"});
-        return exitFailed;
-    }
-    Searched host(project.outline());
-    tools::Finder finder;
-    while (finder.next(question, host) == tools::Finder::Outcome::found) {
-        constexpr const char* stages[] = {"title", "description", "body"};
-        const tools::FindMatch& match = finder.match();
-        session.console.result(std::to_string(match.topic) + '\t'
-                               + stages[static_cast<std::size_t>(match.stage) - 1] + '\t'
-                               + std::to_string(match.start) + '\t'
-                               + model::oneLine(project.outline().at(match.topic).title));
-    }
-    return finder.foundAny() ? exitDone : exitFailed;
-}
-
 constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
 
 constexpr BatchCommand commands[] = {
@@ -199,7 +160,10 @@ constexpr BatchCommand commands[] = {
      synchronise},
     {"find", "PROJECT.tsp TEXT [--match-case] [--whole-words] [--bodies]",
      "Lists where a text stands: position, part and offset in it, title, with tabs between.", 2, 2,
-     runFind, "--match-case --whole-words --bodies"},
+     find, "--match-case --whole-words --bodies"},
+    {"spell", "PROJECT.tsp [--language CODE]",
+     "Lists unknown words: position of the topic, part, count, word, with tabs between.", 1, 1,
+     spell, "--language="},
     {"info", "PROJECT.tsp", "Prints facts about a project, one per line.", 1, 1, runInfo},
 };
 

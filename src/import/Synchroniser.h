@@ -21,7 +21,7 @@ Synchronisation synchronise(model::Project& project, const std::filesystem::path
 /// The message instead for a project without topics; nothing for any other.
 std::optional<model::Message> nothingToSynchronise(const model::Project& project);
 
-/// "2 topics taken back, 1 conflict, 3 topics without a page", for a line on the screen.
+/// "2 topics taken back, 1 conflict, 3 pages missing or damaged", for a line on the screen.
 model::Text summary(const Synchronisation& result);
 
 } // namespace importer

@@ -15,11 +15,6 @@ constexpr std::array<char32_t, 32> specialCharacters = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-char32_t characterOf(unsigned char code) {
-    const unsigned index = code - firstSpecial;
-    return index < specialCharacters.size() ? specialCharacters[index] : code;
-}
-
 /// The byte of a character, or a question mark.
 char byteOf(char32_t character) {
     const auto* special = std::find(specialCharacters.begin(), specialCharacters.end(), character);
@@ -28,25 +23,6 @@ char byteOf(char32_t character) {
     }
     const bool sameNumber = character < firstSpecial || (character >= 0xA0 && character <= 0xFF);
     return sameNumber ? static_cast<char>(character) : '?';
-}
-
-void appendUtf8(std::string& utf8, char32_t character) {
-    const auto byte = [&utf8](char32_t value) { utf8 += static_cast<char>(value); };
-    if (character < 0x80) {
-        byte(character);
-    } else if (character < 0x800) {
-        byte(0xC0 | character >> 6);
-        byte(0x80 | (character & 0x3F));
-    } else if (character >= 0x10000) {
-        byte(0xF0 | character >> 18);
-        byte(0x80 | (character >> 12 & 0x3F));
-        byte(0x80 | (character >> 6 & 0x3F));
-        byte(0x80 | (character & 0x3F));
-    } else {
-        byte(0xE0 | character >> 12);
-        byte(0x80 | (character >> 6 & 0x3F));
-        byte(0x80 | (character & 0x3F));
-    }
 }
 
 /// How many bytes the sequence that begins with `lead` has, or 0 if none begins so.
@@ -101,11 +77,36 @@ bool isLowSurrogate(char32_t unit) {
 
 } // namespace
 
+char32_t unicodeOf(char character) {
+    const auto code = static_cast<unsigned char>(character);
+    const unsigned index = code - firstSpecial;
+    return index < specialCharacters.size() ? specialCharacters[index] : code;
+}
+
+void appendUtf8(std::string& utf8, char32_t character) {
+    const auto byte = [&utf8](char32_t value) { utf8 += static_cast<char>(value); };
+    if (character < 0x80) {
+        byte(character);
+    } else if (character < 0x800) {
+        byte(0xC0 | character >> 6);
+        byte(0x80 | (character & 0x3F));
+    } else if (character >= 0x10000) {
+        byte(0xF0 | character >> 18);
+        byte(0x80 | (character >> 12 & 0x3F));
+        byte(0x80 | (character >> 6 & 0x3F));
+        byte(0x80 | (character & 0x3F));
+    } else {
+        byte(0xE0 | character >> 12);
+        byte(0x80 | (character >> 6 & 0x3F));
+        byte(0x80 | (character & 0x3F));
+    }
+}
+
 std::string toUtf8(TextView text) {
     std::string utf8;
     utf8.reserve(text.size() + text.size() / 8);
     for (const char character : text) {
-        appendUtf8(utf8, characterOf(static_cast<unsigned char>(character)));
+        appendUtf8(utf8, unicodeOf(character));
     }
     return utf8;
 }

@@ -12,6 +12,10 @@ namespace model {
 /// characters of the same code, as on Windows, and come back from there.
 std::string toUtf8(TextView text);
 
+/// The same for one character.
+char32_t unicodeOf(char character);
+void appendUtf8(std::string& utf8, char32_t character);
+
 /// Characters that the code page lacks, and bytes that are not UTF-8, become question marks.
 Text fromUtf8(std::string_view utf8);
 

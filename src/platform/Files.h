@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 /// What the program needs of the operating system's files beyond the standard library. The headers
 /// of this folder are the same everywhere; its sources are chosen by the build, one folder per
@@ -35,5 +36,8 @@ void turnSizeLimitIntoError();
 
 /// The folder of the running program, where its pictures lie; empty when it cannot be found out.
 std::filesystem::path programFolder();
+
+/// Where the system keeps spelling dictionaries; some may not exist.
+std::vector<std::filesystem::path> dictionaryFolders();
 
 } // namespace platform

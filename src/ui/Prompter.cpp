@@ -91,7 +91,10 @@ std::optional<std::filesystem::path> Prompter::chooseFile(Window* window,
     if (question.fileName.has_parent_path()) {
         dialog.setDirectory(pathToQt(question.fileName.parent_path()));
     }
-    dialog.selectFile(pathToQt(question.fileName.filename()));
+    // A pattern is what the filter is for; as a name, the toolkit would look for a file of it.
+    if (const QString name = pathToQt(question.fileName.filename()); !name.contains('*')) {
+        dialog.selectFile(name);
+    }
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return {};
     }

@@ -18,7 +18,7 @@ protected:
         std::ostringstream out;
         std::ostringstream err;
         Console console(out, err);
-        BatchSession session{console, TOPICSMITH_PROGRAM_FOLDER};
+        BatchSession session{console, programFolder};
         const ExitCode code = runBatch(session, arguments);
         output = out.str();
         errors = err.str();
@@ -32,6 +32,7 @@ protected:
     }
 
     test::TemporaryFolder folder;
+    fs::path programFolder = TOPICSMITH_PROGRAM_FOLDER;
     std::string output;
     std::string errors;
 };
@@ -222,6 +223,24 @@ TEST_F(BatchTest, FindListsMatches) {
     EXPECT_EQ(run({"find", project, "--", "--"}), exitFailed);
     EXPECT_EQ(run({"find", save("empty.tsp", {}), "x"}), exitFailed);
     EXPECT_EQ(errors, "Find: Nothing to Search\n");
+}
+
+TEST_F(BatchTest, SpellListsUnknownWords) {
+    auto outline = test::outlineOf({topic(1, "The foks", "a.htm", "<p title='foks'>foks Foks foks"),
+                                    topic(1, "fox", "b.htm", "the caf\xE9")});
+    outline.at(2).shortDescription = "the &#937;";
+    const std::string project = save("p.tsp", outline);
+    fs::copy(fs::path(TOPICSMITH_SOURCE_FOLDER) / "tests/data/spelling", folder / "dictionaries");
+    programFolder = folder.path();
+    EXPECT_EQ(run({"spell", project, "--language", "xx_TEST"}), exitFailed);
+    EXPECT_EQ(output,
+              "1\ttitle\t1\tfoks\n1\tbody\t1\tFoks\n1\tbody\t2\tfoks\n2\tdescription\t1\tΩ\n");
+    EXPECT_EQ(run({"spell", "--language", "xx_TEST",
+                   save("fine.tsp", test::outlineOf({topic(1, "The", "a.htm", "fox")}))}),
+              exitDone);
+    EXPECT_EQ(run({"spell", project, "--language", "xx_GREEK"}), exitFailed);
+    EXPECT_EQ(errors, "Spell Check All: xx_GREEK: no dictionary for this language is installed\n");
+    EXPECT_EQ(run({"spell", project, "--language"}), exitUsage);
 }
 
 TEST_F(BatchTest, TheProjectIsNeverTheOutput) {

@@ -228,4 +228,8 @@ fs::path programFolder() {
     return error ? fs::path() : program.parent_path();
 }
 
+std::vector<fs::path> dictionaryFolders() {
+    return {"/usr/local/share/hunspell", "/usr/share/hunspell", "/usr/share/myspell/dicts"};
+}
+
 } // namespace platform

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "model/Text.h"
+
+namespace tools {
+
+/// Stands for what a reference means when that is not known.
+inline constexpr char32_t unknownCharacter = 0xFFFC;
+
+struct CharacterReference {
+    std::size_t length = 0; ///< in the text; 0 when there is no reference
+    char32_t character = 0;
+};
+
+/// The reference at an offset of HTML: "&eacute;", "&#233;" or "&#xE9;". It needs its semicolon.
+CharacterReference characterReferenceAt(model::TextView text, std::size_t offset);
+
+} // namespace tools

@@ -1,0 +1,133 @@
+#include "tools/Dictionary.h"
+
+#include <algorithm>
+#include <fstream>
+#include <hunspell/hunspell.hxx>
+#include <optional>
+
+#include "model/CodePage.h"
+#include "model/Text.h"
+#include "platform/Files.h"
+
+namespace tools {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+enum class Encoding { utf8, latin };
+
+/// The encoding that a dictionary's affix file names; nothing for one that is not known here.
+std::optional<Encoding> encodingOf(const fs::path& affixFile) {
+    std::ifstream file(affixFile);
+    for (std::string line; std::getline(file, line);) {
+        const std::size_t set = line.find("SET ");
+        if (set == std::string::npos || set > 3) { // a byte order mark may stand in front
+            continue;
+        }
+        const std::string name = model::upperCase(line.substr(set + 4));
+        if (name.starts_with("UTF-8")) {
+            return Encoding::utf8;
+        }
+        const bool isLatin =
+            name.starts_with("ISO8859-1") && name.find_first_of("023456789", 9) != 9;
+        return isLatin || name.starts_with("MICROSOFT-CP1252") ? std::optional(Encoding::latin)
+                                                               : std::nullopt;
+    }
+    return Encoding::latin; // where none is named
+}
+
+fs::path dictionaryFile(const fs::path& affixFile) {
+    return fs::path(affixFile).replace_extension(".dic");
+}
+
+bool isUsable(const fs::path& affixFile) {
+    std::error_code ignored;
+    return fs::is_regular_file(affixFile, ignored)
+           && fs::is_regular_file(dictionaryFile(affixFile), ignored) && encodingOf(affixFile);
+}
+
+} // namespace
+
+struct Dictionary::Native {
+    Native(const fs::path& affixFile, Encoding encoded)
+        : hunspell(affixFile.string().c_str(), dictionaryFile(affixFile).string().c_str()),
+          encoding(encoded) {}
+
+    std::string toDictionary(const std::string& utf8) const {
+        return encoding == Encoding::utf8 ? utf8 : model::fromUtf8(utf8);
+    }
+    std::string fromDictionary(const std::string& word) const {
+        return encoding == Encoding::utf8 ? word : model::toUtf8(word);
+    }
+
+    Hunspell hunspell;
+    Encoding encoding;
+};
+
+Dictionary::Dictionary(std::unique_ptr<Native> native) : native_(std::move(native)) {}
+Dictionary::~Dictionary() = default;
+
+std::vector<std::string> Dictionary::languages(const std::vector<fs::path>& folders) {
+    std::vector<std::string> languages;
+    for (const fs::path& folder : folders) {
+        std::error_code ignored;
+        for (fs::directory_iterator i(folder, ignored), end; i != end; i.increment(ignored)) {
+            if (i->path().extension() == ".aff" && isUsable(i->path())) {
+                languages.push_back(model::utf8Of(i->path().stem()));
+            }
+        }
+    }
+    std::sort(languages.begin(), languages.end());
+    languages.erase(std::unique(languages.begin(), languages.end()), languages.end());
+    return languages;
+}
+
+std::unique_ptr<Dictionary> Dictionary::open(const std::vector<fs::path>& folders,
+                                             const std::string& language) {
+    for (const fs::path& folder : folders) {
+        const fs::path affixFile = folder / fs::path(language + ".aff");
+        if (isUsable(affixFile)) {
+            return std::unique_ptr<Dictionary>(
+                new Dictionary(std::make_unique<Native>(affixFile, *encodingOf(affixFile))));
+        }
+    }
+    return nullptr;
+}
+
+bool Dictionary::knows(const std::string& word) {
+    const auto [place, isNew] = asked_.try_emplace(word, false);
+    if (isNew) {
+        place->second = native_->hunspell.spell(native_->toDictionary(word));
+    }
+    return place->second;
+}
+
+std::vector<std::string> Dictionary::suggestions(const std::string& word) {
+    std::vector<std::string> words = native_->hunspell.suggest(native_->toDictionary(word));
+    std::transform(words.begin(), words.end(), words.begin(),
+                   [this](const std::string& found) { return native_->fromDictionary(found); });
+    return words;
+}
+
+std::vector<fs::path> dictionaryFolders(const fs::path& programFolder) {
+    std::vector<fs::path> folders{programFolder / "dictionaries"};
+    for (const fs::path& folder : platform::dictionaryFolders()) {
+        folders.push_back(folder);
+    }
+    return folders;
+}
+
+std::string defaultLanguage(const std::vector<fs::path>& folders) {
+    std::vector<std::string> languages = Dictionary::languages(folders);
+    const auto preferred = std::find(languages.begin(), languages.end(), "en_US");
+    if (preferred != languages.end()) {
+        return *preferred;
+    }
+    if (languages.empty()) {
+        return {};
+    }
+    return languages.front();
+}
+
+} // namespace tools

@@ -1,0 +1,213 @@
+#include "tools/SpellingWords.h"
+
+#include <algorithm>
+#include <array>
+
+#include "model/CodePage.h"
+#include "tools/CharacterReferences.h"
+
+namespace tools {
+
+namespace {
+
+constexpr char32_t noBreakSpace = 0xA0;
+constexpr char32_t softHyphen = 0xAD;
+constexpr char32_t rightQuote = 0x2019;
+
+bool isBlank(char32_t code) {
+    return code <= ' ' || code == noBreakSpace;
+}
+
+bool isDigit(char32_t code) {
+    return code >= '0' && code <= '9';
+}
+
+bool isLetter(char32_t code) {
+    const auto within = [code](char32_t first, char32_t last) {
+        return code >= first && code <= last;
+    };
+    return within('A', 'Z') || within('a', 'z') || code == 0xAA || code == 0xB5 || code == 0xBA
+           || (within(0xC0, 0x24F) && code != 0xD7 && code != 0xF7) || within(0x370, 0x1FFF);
+}
+
+bool isApostrophe(char32_t code) {
+    return code == '\'' || code == rightQuote;
+}
+
+/// What no word is divided by. A soft hyphen or an unknown reference makes it one that is left
+/// alone.
+bool isOfWord(char32_t code) {
+    return isLetter(code) || isDigit(code) || isApostrophe(code) || code == softHyphen
+           || code == unknownCharacter;
+}
+
+/// Tags that stand within a word without ending it.
+bool isInline(TextView name) {
+    constexpr std::array<TextView, 14> names = {"a",    "abbr",   "acronym", "b", "big",
+                                                "em",   "font",   "i",       "s", "small",
+                                                "span", "strong", "sub",     "u"};
+    return name == "sup" || std::find(names.begin(), names.end(), name) != names.end();
+}
+
+/// Elements whose contents are no prose.
+bool holdsCode(TextView name) {
+    constexpr std::array<TextView, 7> names = {"code",   "kbd",   "pre", "samp",
+                                               "script", "style", "tt"};
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+} // namespace
+
+WordReader::WordReader(TextView text, std::size_t from)
+    : text_(text), lower_(model::lowerCase(text)), position_(std::min(from, text.size())) {}
+
+std::optional<SpellingWord> WordReader::next() {
+    while (words_.empty()) {
+        if (!takeToken()) {
+            return {};
+        }
+        collectWords();
+    }
+    SpellingWord word = std::move(words_.front());
+    words_.pop_front();
+    return word;
+}
+
+/// Reads on to the next blank or block of mark-up; false at the end.
+bool WordReader::takeToken() {
+    token_.clear();
+    behindTag_ = false;
+    while (position_ < text_.size()) {
+        if (text_[position_] == '<' && skipTag()) {
+            if (!behindTag_ && !token_.empty()) {
+                return true;
+            }
+            continue;
+        }
+        const Letter letter = takeLetter();
+        behindTag_ = false;
+        if (!isBlank(letter.code)) {
+            token_.push_back(letter);
+        } else if (!token_.empty()) {
+            return true;
+        }
+    }
+    return !token_.empty();
+}
+
+/// Skips a tag, and with it an element of code or a comment; false when it is only a sign.
+bool WordReader::skipTag() {
+    constexpr TextView commentStart = "<!--";
+    constexpr TextView commentEnd = "-->";
+    const TextView rest = TextView(lower_).substr(position_);
+    behindTag_ = false;
+    if (rest.starts_with(commentStart)) {
+        const std::size_t end = lower_.find(commentEnd, position_);
+        position_ = end == Text::npos ? text_.size() : end + commentEnd.size();
+        return true;
+    }
+    const std::size_t nameStart = rest.starts_with("</") ? 2 : 1;
+    const std::size_t nameEnd = std::min(
+        rest.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789!?", nameStart), rest.size());
+    const TextView name = rest.substr(nameStart, nameEnd - nameStart);
+    if (name.empty()) {
+        return false;
+    }
+    const std::size_t end = tagEnd();
+    if (end == Text::npos) {
+        return false;
+    }
+    position_ = end + 1;
+    behindTag_ = isInline(name);
+    if (nameStart == 1 && holdsCode(name)) {
+        skipElement(name);
+    }
+    return true;
+}
+
+/// The ">" of the tag that begins here. One in quotes does not count, unless a quote is never
+/// closed within the next tags.
+std::size_t WordReader::tagEnd() const {
+    constexpr std::size_t longestTag = 4000;
+    const TextView tag = text_.substr(position_, longestTag);
+    char quote = 0;
+    for (std::size_t i = 0; i < tag.size(); ++i) {
+        if (quote != 0) {
+            quote = tag[i] == quote ? '\0' : quote;
+        } else if (tag[i] == '"' || tag[i] == '\'') {
+            quote = tag[i];
+        } else if (tag[i] == '>') {
+            return position_ + i;
+        }
+    }
+    const std::size_t end = tag.find('>');
+    return end == TextView::npos ? Text::npos : position_ + end;
+}
+
+/// Without an end it goes on as text: the author has yet to write it.
+void WordReader::skipElement(TextView name) {
+    Text endTag = "</";
+    endTag += name;
+    const std::size_t end = lower_.find(endTag, position_);
+    position_ = end == Text::npos ? position_ : end;
+}
+
+WordReader::Letter WordReader::takeLetter() {
+    const CharacterReference reference = characterReferenceAt(text_, position_);
+    const std::size_t start = position_;
+    const std::size_t length = std::max<std::size_t>(reference.length, 1);
+    const char32_t code =
+        reference.length > 0 ? reference.character : model::unicodeOf(text_[position_]);
+    position_ += length;
+    return {code, start, length, behindTag_};
+}
+
+/// Cuts the token into words.
+void WordReader::collectWords() {
+    const auto codeAt = [this](std::size_t i) { return i < token_.size() ? token_[i].code : 0; };
+    for (std::size_t i = 0; i < token_.size(); ++i) {
+        const char32_t code = codeAt(i);
+        const bool joins = i > 0 && isOfWord(codeAt(i - 1)) && isOfWord(codeAt(i + 1));
+        const bool isAddress = code == '@' || (code == '/' && i == 0) || code == '\\' || code == '_'
+                               || (code == '.' && joins)
+                               || (code == ':' && codeAt(i + 1) == '/' && codeAt(i + 2) == '/');
+        if (isAddress) {
+            return;
+        }
+    }
+    for (std::size_t first = 0; first < token_.size();) {
+        std::size_t last = first;
+        while (isOfWord(codeAt(last)) && last < token_.size()) {
+            ++last;
+        }
+        addWord(first, last);
+        first = std::max(last, first + 1);
+    }
+}
+
+/// Adds the letters from `first` to before `last`, if they make a word that can be checked.
+void WordReader::addWord(std::size_t first, std::size_t last) {
+    while (first < last && isApostrophe(token_[first].code)) {
+        ++first;
+    }
+    while (last > first && isApostrophe(token_[last - 1].code)) {
+        --last;
+    }
+    if (first == last) {
+        return;
+    }
+    SpellingWord word;
+    for (std::size_t i = first; i < last; ++i) {
+        const Letter& letter = token_[i];
+        const bool divided = i > first && letter.behindTag;
+        if (divided || (!isLetter(letter.code) && !isApostrophe(letter.code))) {
+            return;
+        }
+        model::appendUtf8(word.letters, isApostrophe(letter.code) ? U'\'' : letter.code);
+    }
+    word.start = token_[first].start;
+    word.length = token_[last - 1].start + token_[last - 1].length - word.start;
+    words_.push_back(std::move(word));
+}
+
+} // namespace tools

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <string>
+
+#include "model/Text.h"
+
+namespace tools {
+
+using model::Text;
+using model::TextView;
+
+/// A word of a text as a reader sees it.
+struct SpellingWord {
+    std::size_t start = 0;  ///< in the text
+    std::size_t length = 0; ///< there, with the references in it
+    std::string letters;    ///< in UTF-8, references resolved, every apostrophe a plain one
+};
+
+/// Takes the words that can be misspelt out of a text with mark-up. Left out are tags, comments,
+/// code, addresses and names of files and programs, words with digits, and words that a tag
+/// divides. A reference is a letter like any other.
+class WordReader {
+public:
+    /// Begins at an offset outside of mark-up. The text must outlive the reader.
+    explicit WordReader(TextView text, std::size_t from = 0);
+
+    std::optional<SpellingWord> next();
+
+private:
+    struct Letter {
+        char32_t code;
+        std::size_t start;
+        std::size_t length;
+        bool behindTag; ///< a tag stands right in front of it
+    };
+
+    bool takeToken();
+    bool skipTag();
+    std::size_t tagEnd() const;
+    void skipElement(TextView name);
+    Letter takeLetter();
+    void collectWords();
+    void addWord(std::size_t first, std::size_t last);
+
+    TextView text_;
+    Text lower_; ///< for names of tags
+    std::size_t position_;
+    std::deque<Letter> token_; ///< what stands between two blanks
+    std::deque<SpellingWord> words_;
+    bool behindTag_ = false;
+};
+
+} // namespace tools
