@@ -9,6 +9,7 @@
 #include "app/dlgReport.h"
 #include "editor/frmEditBody.h"
 #include "import/frmImport.h"
+#include "tools/SpellChecker.h"
 #include "tools/frmFind.h"
 #include "ui/Clipboard.h"
 #include "ui/ListView.h"
@@ -96,6 +97,7 @@ public:
     void mnuFileGenerateHelp_Click();
     void mnuFileGenerateDoc_Click();
     void mnuFileSynch_Click();
+    void mnuFileSpellChkAll_Click();
     void mnuFileProperties_Click();
     void mnuFileMRU_Click(int index);
     void mnuFileExit_Click() { close(); }
@@ -157,6 +159,8 @@ private:
     std::optional<model::Text> editedBody(int topic) const override;
     bool leaveBody() override { return closeEditor(); }
     void showMatch(const tools::FindMatch& match) override;
+
+    tools::SpellChecker::Outcome checkTopic(tools::SpellChecker& checker, int position);
 
     void arrange();
     void connectControls();

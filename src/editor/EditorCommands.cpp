@@ -90,7 +90,8 @@ constexpr ui::CommandRow<Form> commands[] = {
     plain("mnuTableCol", "5 Column Table", run<&Form::mnuTableCol_Click, 5>, "Col5"),
     {end},
 
-    {barCommand, "mnuSpellCheck", "Spell Check"},
+    {barCommand, "mnuSpellCheck", "Spell Check", nullptr, nullptr, nullptr, nullptr,
+     run<&Form::mnuSpellCheck_Click>},
 };
 
 constexpr const char* keys[] = {

@@ -96,6 +96,7 @@ public:
     void mnuTagWeblink_Click();
     void mnuTagChars_Click(SpecialCharacter character);
     void mnuTableCol_Click(int index); ///< 1 for a new row
+    void mnuSpellCheck_Click();
 
     bool canCopy() const;
     bool canPaste() const;

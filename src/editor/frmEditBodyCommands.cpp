@@ -5,6 +5,8 @@
 #include "editor/frmEditBody.h"
 #include "model/CodePage.h"
 #include "platform/Files.h"
+#include "tools/Dictionary.h"
+#include "tools/StartSpelling.h"
 #include "ui/Application.h"
 #include "ui/Prompter.h"
 
@@ -221,6 +223,38 @@ void frmEditBody::mnuTagWeblink_Click() {
         change([&dialog](Passage passage) {
             return insertWebLink(std::move(passage), dialog.webLinkAddress, dialog.webLinkText);
         });
+    }
+}
+
+void frmEditBody::mnuSpellCheck_Click() {
+    ui::TextBox* box = focusedTextBox();
+    if (box == nullptr) {
+        box = &txtBody;
+    }
+    const bool whole = box->selection().length == 0;
+    if (whole) {
+        box->select(0, box->countedText().size());
+    }
+    Text text = box->selectedText();
+    if (text.empty()) {
+        Prompter::current().ask(this, {"Nothing to Check", "Error"});
+        return;
+    }
+    const Text before = text;
+    const auto checker =
+        tools::startSpelling(*this, settings_, tools::dictionaryFolders(programFolder_));
+    using Outcome = tools::SpellChecker::Outcome;
+    const Outcome outcome = checker == nullptr ? Outcome::failed : checker->check(text, caption());
+    if (text != before) {
+        box->replaceSelection(text);
+    }
+    if (whole) {
+        box->select(box->selection().start, 0);
+    }
+    if (outcome == Outcome::failed || !checker->finish()) {
+        Prompter::current().tell(this, tools::spellingFailed());
+    } else if (outcome == Outcome::checked) {
+        Prompter::current().tell(this, tools::spellingDone());
     }
 }
 

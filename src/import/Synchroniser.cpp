@@ -88,7 +88,8 @@ Text summary(const Synchronisation& result) {
                 + counted(result.conflicts.size(), "conflict");
     text.front() = model::upperCase(text.substr(0, 1)).front();
     if (!result.withoutPage.empty()) {
-        model::append(text, ", ", counted(result.withoutPage.size(), "page"), " missing or damaged");
+        model::append(text, ", ", counted(result.withoutPage.size(), "page"),
+                      " missing or damaged");
     }
     return text;
 }

@@ -21,6 +21,14 @@ Clipboard::~Clipboard() {
     QObject::disconnect(native_->watch);
 }
 
+void Clipboard::clear() {
+    QGuiApplication::clipboard()->clear();
+}
+
+void Clipboard::setText(model::TextView text) {
+    QGuiApplication::clipboard()->setText(toQt(text));
+}
+
 bool Clipboard::hasText() const {
     const QMimeData* data = QGuiApplication::clipboard()->mimeData();
     return data != nullptr && data->hasText();

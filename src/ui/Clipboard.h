@@ -15,6 +15,8 @@ public:
     Clipboard(const Clipboard&) = delete;
     Clipboard& operator=(const Clipboard&) = delete;
 
+    void clear();
+    void setText(model::TextView text);
     bool hasText() const;
     model::Text text() const; ///< with question marks for characters that the code page lacks
 

@@ -285,6 +285,10 @@ void ListView::setSearchColumn(int column) {
     list().view->searchColumn = column;
 }
 
+void ListView::hideCaptions() {
+    list().view->header()->hide();
+}
+
 void ListView::setContextMenu(Menu& menu) {
     list().view->menu = menu.native().menu;
 }

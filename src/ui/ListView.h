@@ -52,6 +52,7 @@ public:
     void setColumnWidths(const std::vector<int>& widths);
 
     void setContextMenu(Menu& menu);
+    void hideCaptions();
 
     /// Lets rows be dragged to other places, see RowDragged.
     void setRowsDraggable();

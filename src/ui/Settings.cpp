@@ -1,6 +1,9 @@
 #include "ui/Settings.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QSettings>
+#include <QStandardPaths>
 
 #include "ui/qt/Native.h"
 
@@ -52,6 +55,15 @@ int Settings::number(const std::string& section, const std::string& key, int fal
 
 void Settings::setNumber(const std::string& section, const std::string& key, int value) {
     set(section, key, std::to_string(value));
+}
+
+std::filesystem::path Settings::folder() const {
+    const bool isFile = native_->store.format() == QSettings::IniFormat;
+    const QString folder = isFile
+                               ? QFileInfo(native_->store.fileName()).absolutePath()
+                               : QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    QDir().mkpath(folder);
+    return pathFromQt(folder);
 }
 
 std::filesystem::path Settings::path(const std::string& section, const std::string& key) const {

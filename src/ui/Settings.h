@@ -30,6 +30,9 @@ public:
     void setPath(const std::string& section, const std::string& key,
                  const std::filesystem::path& value);
 
+    /// Where further files of the person's are kept; made if it is missing.
+    std::filesystem::path folder() const;
+
 private:
     struct Native;
     std::unique_ptr<Native> native_;

@@ -25,6 +25,22 @@ QWidget& focused() {
     return widget != nullptr ? *widget : *QApplication::activeWindow();
 }
 
+void actInModal(const std::function<void(Window&)>& act, int attempts) {
+    Window* dialog = Window::modal();
+    if (dialog == nullptr || QApplication::activeWindow() != &widgetOf(*dialog)) {
+        if (attempts > 1000) {
+            qFatal("no dialog opened");
+        }
+        // It is yet to come.
+        QTimer::singleShot(1, qApp, [act, attempts] { actInModal(act, attempts + 1); });
+        return;
+    }
+    act(*dialog);
+    if (dialog->isVisible()) {
+        qFatal("a dialog was left open");
+    }
+}
+
 } // namespace
 
 struct Toolkit::Native {
@@ -108,24 +124,7 @@ void press(const char* key) {
 }
 
 void whenModal(std::function<void(Window&)> act) {
-    static int attempts;
-    attempts = 0;
-    static std::function<void()> look;
-    look = [act = std::move(act)] {
-        Window* dialog = Window::modal();
-        if (dialog == nullptr || QApplication::activeWindow() != &widgetOf(*dialog)) {
-            if (++attempts > 1000) {
-                qFatal("no dialog opened");
-            }
-            QTimer::singleShot(1, qApp, look); // it is yet to come
-            return;
-        }
-        act(*dialog);
-        if (dialog->isVisible()) {
-            qFatal("a dialog was left open");
-        }
-    };
-    QTimer::singleShot(0, qApp, look);
+    QTimer::singleShot(0, qApp, [act = std::move(act)] { actInModal(act, 0); });
 }
 
 Place placeOf(const Control& control) {

@@ -38,7 +38,7 @@ void click(const Control& control);
 /// On one page of a tab strip.
 void clickTab(const Control& tabStrip, int page);
 
-/// On the row of a list, in its third column or in another.
+/// On the row of a list, in its third column, or the last when there are fewer, or in another.
 void clickRow(const ListView& list, int row, int column = 2);
 void doubleClickRow(const ListView& list, int row);
 

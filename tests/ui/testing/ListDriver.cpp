@@ -12,7 +12,8 @@ namespace ui::testing {
 namespace {
 
 QModelIndex indexOf(const ListView& list, int row, int column) {
-    return viewOf(list).model()->index(row - 1, column);
+    const QAbstractItemModel& model = *viewOf(list).model();
+    return model.index(row - 1, std::min(column, model.columnCount() - 1));
 }
 
 } // namespace

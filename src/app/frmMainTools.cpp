@@ -1,0 +1,104 @@
+#include <algorithm>
+
+#include "app/frmMain.h"
+#include "tools/Dictionary.h"
+#include "tools/StartSpelling.h"
+
+// Find and spelling in the main window.
+namespace app {
+
+using tools::FindMatch;
+using tools::FindStage;
+using tools::SpellChecker;
+
+void frmMain::mnuEditFind_Click() {
+    leaveField();
+    if (find_ == nullptr || !find_->isVisible()) {
+        tools::FindHost& host = *this;
+        find_ = std::make_unique<tools::frmFind>(*this, host, lastFindText_);
+        find_->Closed.connect([this] { discard(std::move(find_)); });
+        find_->show();
+    }
+    find_->activate();
+}
+
+int frmMain::selectedTopic() const {
+    return std::max(project_.currentIndex(), 1);
+}
+
+/// The editor belongs to the current topic.
+std::optional<model::Text> frmMain::editedBody(int topic) const {
+    const bool edited =
+        editor_ != nullptr && editor_->isVisible() && topic == project_.currentIndex();
+    return edited ? std::optional(editor_->txtBody.text()) : std::nullopt;
+}
+
+void frmMain::showMatch(const FindMatch& match) {
+    leaveField();
+    if (!showTopic(match.topic)) {
+        return;
+    }
+    lvLevels.select(match.topic);
+    if (match.stage == FindStage::title) {
+        activate();
+        txtTitle.setFocus();
+        txtTitle.select(match.start, match.length);
+        return;
+    }
+    openTopicEditor(match.topic);
+    ui::TextBox& box = match.stage == FindStage::body ? editor_->txtBody : editor_->txtShortDesc;
+    box.setFocus();
+    box.select(match.start, match.length);
+}
+
+/// Every topic becomes the current one while it is corrected: the rule for letters is about that.
+void frmMain::mnuFileSpellChkAll_Click() {
+    leaveField();
+    if (project_.outline().empty() || !closeEditor()) {
+        return;
+    }
+    const auto checker =
+        tools::startSpelling(*this, settings_, tools::dictionaryFolders(programFolder_));
+    auto outcome =
+        checker == nullptr ? SpellChecker::Outcome::failed : SpellChecker::Outcome::checked;
+    {
+        const model::UndoStep step(project_, "Spell Check All");
+        const int current = project_.currentIndex();
+        for (int position = 1;
+             position <= project_.outline().count() && outcome == SpellChecker::Outcome::checked;
+             ++position) {
+            outcome = checkTopic(*checker, position);
+        }
+        project_.setCurrentIndex(current);
+    }
+    if (outcome == SpellChecker::Outcome::failed || !checker->finish()) {
+        ui::Prompter::current().tell(this, tools::spellingFailed());
+    } else if (outcome == SpellChecker::Outcome::checked) {
+        ui::Prompter::current().tell(this, tools::spellingDone());
+    }
+}
+
+SpellChecker::Outcome frmMain::checkTopic(SpellChecker& checker, int position) {
+    using model::Topic;
+    for (const auto field : {&Topic::title, &Topic::shortDescription, &Topic::body}) {
+        const model::Text before = project_.outline().at(position).*field;
+        if (before.empty()) {
+            continue;
+        }
+        model::Text text = before;
+        const SpellChecker::Outcome outcome =
+            checker.check(text, project_.outline().at(position).title);
+        if (text != before) {
+            project_.setCurrentIndex(position);
+            project_.setField(position, field, text);
+            project_.setField(position, &Topic::status, "C");
+            project_.markChanged(model::statusChanged);
+        }
+        if (outcome != SpellChecker::Outcome::checked) {
+            return outcome;
+        }
+    }
+    return SpellChecker::Outcome::checked;
+}
+
+} // namespace app

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "model/Message.h"
+
+namespace tools {
+
+using model::Text;
+using model::TextView;
+
+/// Checks texts together with the author. Lives for one command.
+class SpellChecker {
+public:
+    enum class Outcome {
+        checked,
+        cancelled, ///< the author wants no more; what was corrected until then stays
+        failed     ///< the text is as it was
+    };
+
+    SpellChecker() = default;
+    virtual ~SpellChecker() = default;
+    SpellChecker(const SpellChecker&) = delete;
+    SpellChecker& operator=(const SpellChecker&) = delete;
+
+    /// Corrects a text, which is not empty. `place` tells the author which one it is.
+    virtual Outcome check(Text& text, TextView place) = 0;
+
+    /// To be called when all is checked; false when that failed.
+    virtual bool finish() { return true; }
+};
+
+inline model::Message spellingDone() {
+    return {"Spell Checking Done", "Topicsmith"};
+}
+
+inline model::Message spellingFailed() {
+    return {"Unable to Run MS Word for Spelling Checker", "Run Error"};
+}
+
+} // namespace tools

@@ -1,0 +1,33 @@
+#include "tools/StartSpelling.h"
+
+#include "tools/WordProcessor.h"
+#include "tools/dlgSpelling.h"
+#include "ui/Automation.h"
+#include "ui/Clipboard.h"
+
+namespace tools {
+
+namespace {
+
+class SystemClipboard : public TextClipboard {
+public:
+    void clear() override { clipboard_.clear(); }
+    void setText(TextView text) override { clipboard_.setText(text); }
+    Text text() const override { return clipboard_.text(); }
+
+private:
+    ui::Clipboard clipboard_;
+};
+
+} // namespace
+
+std::unique_ptr<SpellChecker> startSpelling(ui::Window& owner, ui::Settings& settings,
+                                            const std::vector<std::filesystem::path>& folders) {
+    static SystemClipboard clipboard;
+    if (auto wordProcessor = WordProcessor::start(ui::createAutomation, clipboard)) {
+        return wordProcessor;
+    }
+    return dlgSpelling::create(owner, settings, folders);
+}
+
+} // namespace tools
