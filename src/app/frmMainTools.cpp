@@ -18,6 +18,8 @@ void frmMain::mnuEditFind_Click() {
         find_ = std::make_unique<tools::frmFind>(*this, host, lastFindText_);
         find_->Closed.connect([this] { discard(std::move(find_)); });
         find_->show();
+        // Beside the fields and the upper rows of the list, where matches appear.
+        find_->setPosition(left() + width() - find_->width(), top() + height() - find_->height());
     }
     find_->activate();
 }
