@@ -42,7 +42,7 @@ constexpr MainCommand commands[] = {
     {end},
     {command, "mnuFileSynch", "S&ynchronize Files", "Synch", "Synchronize Files", "Synch", nullptr,
      run<&frmMain::mnuFileSynch_Click>},
-    {command, "mnuFileSpellChkAll", "Spell Check All", nullptr, nullptr, "Spelling", nullptr,
+    {command, "mnuFileSpellChkAll", "Spell Check All", nullptr, nullptr, "Spelling", "F7",
      run<&frmMain::mnuFileSpellChkAll_Click>},
     {separator, "mnuFileBar2"},
     {command, "mnuFileProperties", "Properties", nullptr, nullptr, "Properties", nullptr,
@@ -95,6 +95,8 @@ constexpr MainCommand commands[] = {
     {end},
 
     // Not in the menu bar.
+    {command, "mnuEditFindNext", "Find Next", nullptr, nullptr, nullptr, "F3",
+     run<&frmMain::mnuEditFindNext_Click>},
     {listCommand, "mnuListEdit", "&Edit Topic Text...", nullptr, nullptr, nullptr, nullptr,
      run<&frmMain::mnuListEdit_Click>, when<&frmMain::hasTopic>},
     {listCommand, "mnuListUndo", "&Undo", nullptr, nullptr, "Undo", "Ctrl+Z",

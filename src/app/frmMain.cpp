@@ -283,10 +283,16 @@ void frmMain::openTopicEditor(int position) {
     if (!showTopic(position)) {
         return;
     }
-    if (editor_ == nullptr || !editor_->isVisible()) {
+    if (editor_ != nullptr && !editor_->isVisible()) {
+        // Just closed, perhaps by a command of its own that is still running.
+        editor_->Closed.connect({});
+        discard(std::move(editor_));
+    }
+    if (editor_ == nullptr) {
         editor_ = std::make_unique<editor::frmEditBody>(*this, project_, settings_, editorMemory_,
                                                         programFolder_);
         editor_->Closed.connect([this] { discard(std::move(editor_)); });
+        editor_->FindNext.connect([this] { mnuEditFindNext_Click(); });
         editor_->setCaption("Edit Topic - " + project_.outline().at(position).title);
         editor_->show();
     }

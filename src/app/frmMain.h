@@ -105,6 +105,7 @@ public:
     void mnuEditCopy_Click();
     void mnuEditPaste_Click();
     void mnuEditFind_Click();
+    void mnuEditFindNext_Click(); ///< asks for the text where there is none yet
     void mnuEditAdd_Click();
     void mnuEditDelete_Click();
     void mnuEditPromote_Click();

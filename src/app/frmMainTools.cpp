@@ -24,6 +24,14 @@ void frmMain::mnuEditFind_Click() {
     find_->activate();
 }
 
+void frmMain::mnuEditFindNext_Click() {
+    if (find_ == nullptr || !find_->isVisible() || !find_->cmdFindNext.isEnabled()) {
+        mnuEditFind_Click();
+    } else {
+        find_->cmdFindNext_Click();
+    }
+}
+
 int frmMain::selectedTopic() const {
     return std::max(project_.currentIndex(), 1);
 }

@@ -90,8 +90,12 @@ constexpr ui::CommandRow<Form> commands[] = {
     plain("mnuTableCol", "5 Column Table", run<&Form::mnuTableCol_Click, 5>, "Col5"),
     {end},
 
-    {barCommand, "mnuSpellCheck", "Spell Check", nullptr, nullptr, nullptr, nullptr,
+    {barCommand, "mnuSpellCheck", "Spell Check", nullptr, nullptr, nullptr, "F7",
      run<&Form::mnuSpellCheck_Click>},
+
+    // Not in the menu bar.
+    {command, "mnuEditFindNext", "Find Next", nullptr, nullptr, nullptr, "F3",
+     run<&Form::mnuEditFindNext_Click>},
 };
 
 constexpr const char* keys[] = {

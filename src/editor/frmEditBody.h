@@ -67,6 +67,8 @@ public:
     ui::TextBox txtBody{*this, ui::TextBox::Lines::many};
     ui::Toolbar tbTools{*this, ui::Toolbar::Size::small};
 
+    ui::Event<> FindNext; ///< the author wants the search of the project to go on
+
     void txtBody_Change() { setChangedState(true); }
     void txtKeywords_Change() { setChangedState(true); }
     void txtShortDesc_Change() { setChangedState(true); }
@@ -97,6 +99,7 @@ public:
     void mnuTagChars_Click(SpecialCharacter character);
     void mnuTableCol_Click(int index); ///< 1 for a new row
     void mnuSpellCheck_Click();
+    void mnuEditFindNext_Click() { FindNext.raise(); }
 
     bool canCopy() const;
     bool canPaste() const;

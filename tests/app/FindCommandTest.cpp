@@ -59,7 +59,7 @@ TEST_F(FindCommand, ShowsTitlesInTheMainWindow) {
     EXPECT_EQ(project().currentIndex(), 3);
     EXPECT_EQ(window->lvLevels.selected(), 3);
     EXPECT_EQ(selectedIn(window->txtTitle), "Tab@0");
-    findNext();
+    press("F3"); // in the main window
     EXPECT_EQ(selectedIn(window->txtTitle), "tab@7");
     findNext();
     EXPECT_EQ(selectedIn(window->txtTitle), "tab@2");
@@ -92,7 +92,7 @@ TEST_F(FindCommand, OpensTheEditorForTextsAndClosesItBehindThem) {
     EXPECT_EQ(selectedIn(window->editor()->txtBody), "word@5");
     press("Ctrl+End");
     type(", words");
-    findNext();
+    press("F3"); // in the editor
     EXPECT_EQ(selectedIn(window->editor()->txtBody), "word@11");
     const ui::MessageBox question{"Changes Made, Save Changes?", "Save", Buttons::yesNoCancel,
                                   QuestionIcon::question};
@@ -100,7 +100,8 @@ TEST_F(FindCommand, OpensTheEditorForTextsAndClosesItBehindThem) {
     findNext();
     EXPECT_EQ(project().currentIndex(), 1);
     prompter.expect(question, Answer::yes);
-    findNext();
+    show(*window->editor());
+    press("F3"); // closes the editor that it came from
     EXPECT_EQ(titles(), "a:C b: c:");
     EXPECT_EQ(project().currentIndex(), 2);
     EXPECT_EQ(selectedIn(window->editor()->txtShortDesc), "word@2");

@@ -20,7 +20,7 @@ TEST_F(frmMain, StartsEmptyWithTheDescribedMenus) {
     }
     EXPECT_EQ(menuText(*window, {"File"}),
               "&New\tCtrl+N\n&Open\tCtrl+O\n&Save\tCtrl+S\nSave &As\tCtrl+Shift+S\n-\n&Import\n-\n"
-              "&Generate Files\nS&ynchronize Files\nSpell Check All\n-\nProperties\n-\n"
+              "&Generate Files\nS&ynchronize Files\nSpell Check All\tF7\n-\nProperties\n-\n"
               "E&xit\tAlt+F4");
     EXPECT_EQ(menuText(*window, {"File", "Import"}),
               "From &Text File\nFrom &Topicsmith File\nFrom &VB Project");
