@@ -22,7 +22,8 @@ Finder::Outcome Finder::next(const FindQuestion& question, FindHost& host) {
     } else {
         ++position_;
     }
-    for (firstRound_ = true; !backAtStart(); firstRound_ = false) {
+    newSearch_ = false;
+    for (bool first = true; first || currentIndex_ != startIndex_; first = false) {
         if (searchTopic(question, host)) {
             foundAny_ = true;
             return Outcome::found;
@@ -37,12 +38,6 @@ Finder::Outcome Finder::next(const FindQuestion& question, FindHost& host) {
     }
     newSearch_ = true;
     return Outcome::searched;
-}
-
-/// The first round is where the search began, or where it goes on.
-bool Finder::backAtStart() {
-    newSearch_ = false;
-    return !firstRound_ && currentIndex_ == startIndex_;
 }
 
 /// Searches what is left of the current topic.

@@ -70,10 +70,8 @@ public:
 
 private:
     bool searchTopic(const FindQuestion& question, const FindHost& host);
-    bool backAtStart();
 
     bool newSearch_ = true;
-    bool firstRound_ = false;
     int startIndex_ = 0;
     int currentIndex_ = 0;
     FindStage stage_ = FindStage::title;
