@@ -21,7 +21,7 @@ void addName(Names& names, TextView shown, const fs::path& name) {
 } // namespace
 
 fs::path FileFinder::find(TextView path) {
-    const fs::path native = model::nativePath(path);
+    fs::path native = model::nativePath(path);
     constexpr std::size_t longestPath = 4096;
     if (path.size() > longestPath) {
         return native; // no file has it

@@ -22,15 +22,17 @@ std::optional<Encoding> encodingOf(const fs::path& affixFile) {
     std::ifstream file(affixFile);
     for (std::string line; std::getline(file, line);) {
         const std::size_t set = line.find("SET ");
-        if (set == std::string::npos || set > 3) { // a byte order mark may stand in front
+        if (set > 3) { // none; a byte order mark may stand in front
             continue;
         }
         const std::string name = model::upperCase(line.substr(set + 4));
         if (name.starts_with("UTF-8")) {
             return Encoding::utf8;
         }
+        // The first part of the standard, and the fifteenth, which differs from it in a few
+        // letters.
         const bool isLatin =
-            name.starts_with("ISO8859-1") && name.find_first_of("023456789", 9) != 9;
+            name.starts_with("ISO8859-1") && name.find_first_of("02346789", 9) != 9;
         return isLatin || name.starts_with("MICROSOFT-CP1252") ? std::optional(Encoding::latin)
                                                                : std::nullopt;
     }

@@ -32,7 +32,7 @@ WordProcessor::WordProcessor(Object application, TextClipboard& clipboard)
     : application_(std::move(application)), clipboard_(clipboard), prepared_(prepare()) {}
 
 WordProcessor::~WordProcessor() {
-    finish();
+    WordProcessor::finish();
 }
 
 bool WordProcessor::prepare() {
