@@ -39,6 +39,9 @@ std::string parse(const BatchCommand& command, const Arguments& arguments, Comma
             line.words.push_back(*argument);
         } else if (knows(command, *argument)) {
             line.options[*argument];
+        } else if (const std::size_t equals = argument->find('=');
+                   equals != std::string::npos && knows(command, argument->substr(0, equals + 1))) {
+            line.options[argument->substr(0, equals)] = argument->substr(equals + 1);
         } else if (knows(command, *argument + '=') && argument + 1 != arguments.end()) {
             const std::string& option = *argument;
             line.options[option] = *++argument;

@@ -161,9 +161,9 @@ constexpr BatchCommand commands[] = {
     {"find", "PROJECT.tsp TEXT [--match-case] [--whole-words] [--bodies]",
      "Lists where a text stands: position, part and offset in it, title, with tabs between.", 2, 2,
      find, "--match-case --whole-words --bodies"},
-    {"spell", "PROJECT.tsp [--language CODE]",
+    {"spell", "PROJECT.tsp [--language CODE] [--words FILE]",
      "Lists unknown words: position of the topic, part, count, word, with tabs between.", 1, 1,
-     spell, "--language="},
+     spell, "--language= --words="},
     {"info", "PROJECT.tsp", "Prints facts about a project, one per line.", 1, 1, runInfo},
 };
 

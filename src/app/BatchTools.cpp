@@ -70,12 +70,14 @@ ExitCode spell(BatchSession& session, const CommandLine& arguments) {
                                 "no dictionary for this language is installed");
         return exitFailed;
     }
+    const tools::PersonalWords personal(arguments.value("--words"));
     bool any = false;
     for (int position = 1; position <= project.outline().count(); ++position) {
         const model::Topic& topic = project.outline().at(position);
         const model::Text* parts[] = {&topic.title, &topic.shortDescription, &topic.body};
         for (std::size_t part = 0; part < std::size(parts); ++part) {
-            for (const auto& [word, count] : tools::unknownWords(*parts[part], *dictionary)) {
+            for (const auto& [word, count] :
+                 tools::unknownWords(*parts[part], *dictionary, personal)) {
                 session.console.out()
                     << position << '\t' << partNames[part] << '\t' << count << '\t' << word << '\n';
                 any = true;

@@ -213,16 +213,19 @@ void frmMain::topicChanged(int position) {
 }
 
 void frmMain::topicInserted(int position) {
+    restartSearch();
     lvLevels.rowInserted(position);
     selectCurrent();
 }
 
 void frmMain::topicRemoved(int position) {
+    restartSearch();
     lvLevels.rowRemoved(position);
     selectCurrent();
 }
 
 void frmMain::projectReplaced() {
+    restartSearch();
     lvLevels.reset();
     showCurrent();
 }
@@ -292,6 +295,7 @@ void frmMain::openTopicEditor(int position) {
         editor_ = std::make_unique<editor::frmEditBody>(*this, project_, settings_, editorMemory_,
                                                         programFolder_);
         editor_->Closed.connect([this] { discard(std::move(editor_)); });
+        editor_->Find.connect([this] { mnuEditFind_Click(); });
         editor_->FindNext.connect([this] { mnuEditFindNext_Click(); });
         editor_->setCaption("Edit Topic - " + project_.outline().at(position).title);
         editor_->show();

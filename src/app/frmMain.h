@@ -157,10 +157,11 @@ private:
     // What a search asks for.
     const model::TopicOutline& outline() const override { return project_.outline(); }
     int selectedTopic() const override;
-    std::optional<model::Text> editedBody(int topic) const override;
+    std::optional<model::Text> editedText(int topic, tools::FindStage stage) const override;
     bool leaveBody() override { return closeEditor(); }
-    void showMatch(const tools::FindMatch& match) override;
+    bool showMatch(const tools::FindMatch& match) override;
 
+    void restartSearch();
     tools::SpellChecker::Outcome checkTopic(tools::SpellChecker& checker, int position);
 
     void arrange();

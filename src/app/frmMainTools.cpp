@@ -11,6 +11,14 @@ using tools::FindMatch;
 using tools::FindStage;
 using tools::SpellChecker;
 
+namespace {
+
+ui::TextBox& boxOf(editor::frmEditBody& editor, FindStage stage) {
+    return stage == FindStage::body ? editor.txtBody : editor.txtShortDesc;
+}
+
+} // namespace
+
 void frmMain::mnuEditFind_Click() {
     leaveField();
     if (find_ == nullptr || !find_->isVisible()) {
@@ -21,7 +29,7 @@ void frmMain::mnuEditFind_Click() {
         // Beside the fields and the upper rows of the list, where matches appear.
         find_->setPosition(left() + width() - find_->width(), top() + height() - find_->height());
     }
-    find_->activate();
+    find_->ask();
 }
 
 void frmMain::mnuEditFindNext_Click() {
@@ -37,28 +45,36 @@ int frmMain::selectedTopic() const {
 }
 
 /// The editor belongs to the current topic.
-std::optional<model::Text> frmMain::editedBody(int topic) const {
+std::optional<model::Text> frmMain::editedText(int topic, FindStage stage) const {
     const bool edited =
         editor_ != nullptr && editor_->isVisible() && topic == project_.currentIndex();
-    return edited ? std::optional(editor_->txtBody.text()) : std::nullopt;
+    return edited ? std::optional(boxOf(*editor_, stage).text()) : std::nullopt;
 }
 
-void frmMain::showMatch(const FindMatch& match) {
+bool frmMain::showMatch(const FindMatch& match) {
     leaveField();
     if (!showTopic(match.topic)) {
-        return;
+        return false;
     }
     lvLevels.select(match.topic);
     if (match.stage == FindStage::title) {
         activate();
         txtTitle.setFocus();
         txtTitle.select(match.start, match.length);
-        return;
+        return true;
     }
     openTopicEditor(match.topic);
-    ui::TextBox& box = match.stage == FindStage::body ? editor_->txtBody : editor_->txtShortDesc;
+    ui::TextBox& box = boxOf(*editor_, match.stage);
     box.setFocus();
     box.select(match.start, match.length);
+    return true;
+}
+
+/// Positions mean other topics from here on.
+void frmMain::restartSearch() {
+    if (find_ != nullptr) {
+        find_->restart();
+    }
 }
 
 /// Every topic becomes the current one while it is corrected: the rule for letters is about that.
@@ -90,14 +106,18 @@ void frmMain::mnuFileSpellChkAll_Click() {
 
 SpellChecker::Outcome frmMain::checkTopic(SpellChecker& checker, int position) {
     using model::Topic;
-    for (const auto field : {&Topic::title, &Topic::shortDescription, &Topic::body}) {
+    constexpr std::pair<model::Text Topic::*, const char*> fields[] = {
+        {&Topic::title, "title"},
+        {&Topic::shortDescription, "short description"},
+        {&Topic::body, "text"}};
+    for (const auto& [field, name] : fields) {
         const model::Text before = project_.outline().at(position).*field;
         if (before.empty()) {
             continue;
         }
         model::Text text = before;
-        const SpellChecker::Outcome outcome =
-            checker.check(text, project_.outline().at(position).title);
+        const model::Text place = project_.outline().at(position).title + " (" + name + ')';
+        const SpellChecker::Outcome outcome = checker.check(text, place);
         if (text != before) {
             project_.setCurrentIndex(position);
             project_.setField(position, field, text);

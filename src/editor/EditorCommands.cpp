@@ -94,6 +94,8 @@ constexpr ui::CommandRow<Form> commands[] = {
      run<&Form::mnuSpellCheck_Click>},
 
     // Not in the menu bar.
+    {command, "mnuEditFind", "Find...", nullptr, nullptr, nullptr, "Ctrl+F",
+     run<&Form::mnuEditFind_Click>},
     {command, "mnuEditFindNext", "Find Next", nullptr, nullptr, nullptr, "F3",
      run<&Form::mnuEditFindNext_Click>},
 };

@@ -1,5 +1,7 @@
 #include "editor/WindowPlace.h"
 
+#include <algorithm>
+
 namespace editor {
 
 using ui::Window;
@@ -10,8 +12,11 @@ void restorePlace(Window& window, const ui::Settings& settings, const char* sect
     width = settings.number(section, "Width", width);
     height = settings.number(section, "Height", height);
     window.setSize(width, height);
-    window.setPosition(settings.number(section, "Left", (Window::screenWidth() - width) / 2),
-                       settings.number(section, "Top", (Window::screenHeight() - height) / 2));
+    // A screen can be smaller than the one of the last time.
+    const int lastLeft = std::max(Window::screenWidth() - width, 0);
+    const int lastTop = std::max(Window::screenHeight() - height, 0);
+    window.setPosition(std::clamp(settings.number(section, "Left", lastLeft / 2), 0, lastLeft),
+                       std::clamp(settings.number(section, "Top", lastTop / 2), 0, lastTop));
     const int state = settings.number(section, "Window State", 0);
     if (state == 1 || state == 2) {
         window.setState(static_cast<WindowState>(state));

@@ -67,7 +67,9 @@ public:
     ui::TextBox txtBody{*this, ui::TextBox::Lines::many};
     ui::Toolbar tbTools{*this, ui::Toolbar::Size::small};
 
-    ui::Event<> FindNext; ///< the author wants the search of the project to go on
+    // The author wants to search the project, or the search to go on.
+    ui::Event<> Find;
+    ui::Event<> FindNext;
 
     void txtBody_Change() { setChangedState(true); }
     void txtKeywords_Change() { setChangedState(true); }
@@ -99,6 +101,7 @@ public:
     void mnuTagChars_Click(SpecialCharacter character);
     void mnuTableCol_Click(int index); ///< 1 for a new row
     void mnuSpellCheck_Click();
+    void mnuEditFind_Click() { Find.raise(); }
     void mnuEditFindNext_Click() { FindNext.raise(); }
 
     bool canCopy() const;

@@ -241,10 +241,11 @@ void frmEditBody::mnuSpellCheck_Click() {
         return;
     }
     const Text before = text;
+    const Text place = project_.outline().at(project_.currentIndex()).title;
     const auto checker =
         tools::startSpelling(*this, settings_, tools::dictionaryFolders(programFolder_));
     using Outcome = tools::SpellChecker::Outcome;
-    const Outcome outcome = checker == nullptr ? Outcome::failed : checker->check(text, caption());
+    const Outcome outcome = checker == nullptr ? Outcome::failed : checker->check(text, place);
     if (text != before) {
         box->replaceSelection(text);
     }

@@ -87,6 +87,9 @@ std::vector<std::string> Dictionary::languages(const std::vector<fs::path>& fold
 
 std::unique_ptr<Dictionary> Dictionary::open(const std::vector<fs::path>& folders,
                                              const std::string& language) {
+    if (language.find_first_of("/\\") != std::string::npos) {
+        return nullptr; // a language, not a way to a file
+    }
     for (const fs::path& folder : folders) {
         const fs::path affixFile = folder / fs::path(language + ".aff");
         if (isUsable(affixFile)) {

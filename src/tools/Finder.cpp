@@ -24,13 +24,15 @@ Finder::Outcome Finder::next(const FindQuestion& question, FindHost& host) {
     }
     newSearch_ = false;
     for (bool first = true; first || currentIndex_ != startIndex_; first = false) {
-        if (searchTopic(question, host)) {
-            foundAny_ = true;
-            return Outcome::found;
-        }
-        if (question.bodies && !host.leaveBody()) {
+        const bool found = searchTopic(question, host);
+        const bool goesOn = found ? host.showMatch(match_) : !question.bodies || host.leaveBody();
+        if (!goesOn) {
             *this = before;
             return Outcome::stopped;
+        }
+        if (found) {
+            foundAny_ = true;
+            return Outcome::found;
         }
         stage_ = FindStage::title;
         position_ = 0;
@@ -61,11 +63,15 @@ bool Finder::searchTopic(const FindQuestion& question, const FindHost& host) {
     if (!question.bodies) {
         return false;
     }
-    if (stage_ != FindStage::body && findIn(FindStage::shortDescription, topic.shortDescription)) {
+    const auto findInEdited = [&](FindStage stage, const Text& stored) {
+        const std::optional<Text> edited = host.editedText(currentIndex_, stage);
+        return findIn(stage, edited ? *edited : stored);
+    };
+    if (stage_ != FindStage::body
+        && findInEdited(FindStage::shortDescription, topic.shortDescription)) {
         return true;
     }
-    const std::optional<Text> edited = host.editedBody(currentIndex_);
-    return findIn(FindStage::body, edited ? *edited : topic.body);
+    return findInEdited(FindStage::body, topic.body);
 }
 
 } // namespace tools

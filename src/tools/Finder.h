@@ -37,13 +37,15 @@ public:
     /// Where a new search begins.
     virtual int selectedTopic() const = 0;
 
-    /// A body as it stands in an editor; nothing when this topic is not being edited.
-    virtual std::optional<Text> editedBody(int /*topic*/) const { return {}; }
+    /// A short description or body as it stands in an editor; nothing when this topic is not being
+    /// edited.
+    virtual std::optional<Text> editedText(int /*topic*/, FindStage /*stage*/) const { return {}; }
 
     /// A body holds nothing more: an editor is to be closed. False when the author wants to stay.
     virtual bool leaveBody() { return true; }
 
-    virtual void showMatch(const FindMatch& /*match*/) {}
+    /// False, too, when the author wants to stay.
+    virtual bool showMatch(const FindMatch& /*match*/) { return true; }
 };
 
 /// Goes through all topics from one match to the next, beginning at the selected topic and round

@@ -100,6 +100,9 @@ bool Spelling::next() {
 }
 
 void Spelling::change(const std::string& correction) {
+    if (correction == word_.letters) {
+        return; // references and apostrophes stay as they are
+    }
     const Text word = correctedWord(TextView(text_).substr(word_.start, word_.length), correction);
     text_.replace(word_.start, word_.length, word);
     word_.length = word.size();
@@ -107,15 +110,20 @@ void Spelling::change(const std::string& correction) {
 }
 
 void Spelling::changeAll(const std::string& correction) {
+    if (correction == word_.letters) {
+        ignoreAll();
+        return;
+    }
     corrections_[word_.letters] = correction;
     change(correction);
 }
 
-std::map<std::string, int> unknownWords(TextView text, Dictionary& dictionary) {
+std::map<std::string, int> unknownWords(TextView text, Dictionary& dictionary,
+                                        const PersonalWords& personal) {
     std::map<std::string, int> unknown;
     WordReader words(text);
     while (const auto word = words.next()) {
-        if (!dictionary.knows(word->letters)) {
+        if (!dictionary.knows(word->letters) && !personal.knows(word->letters)) {
             ++unknown[word->letters];
         }
     }

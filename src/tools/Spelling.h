@@ -66,7 +66,8 @@ private:
     std::size_t position_ = 0; ///< where the search goes on
 };
 
-/// How often each unknown word stands in a text.
-std::map<std::string, int> unknownWords(TextView text, Dictionary& dictionary);
+/// How often each word that neither knows stands in a text.
+std::map<std::string, int> unknownWords(TextView text, Dictionary& dictionary,
+                                        const PersonalWords& personal);
 
 } // namespace tools

@@ -50,6 +50,7 @@ dlgSpelling::dlgSpelling(ui::Window& owner, ui::Settings& settings, std::vector<
     UI_ON(lvSuggestions, ItemClick);
     UI_ON(lvSuggestions, DblClick);
     UI_ON(icboLanguage, Change);
+    UI_ON(txtChange, Change);
     UI_ON(cmdChange, Click);
     UI_ON(cmdChangeAll, Click);
     UI_ON(cmdIgnore, Click);
@@ -116,13 +117,24 @@ void dlgSpelling::showWord() {
     txtContext.select(word.start - from, word.length);
     rows_.words = spelling_.suggestions();
     lvSuggestions.reset();
-    txtChange.setText(rows_.words.empty() ? model::htmlFromUtf8(word.letters) : rows_.cell(1, 0));
+    offer(rows_.words.empty() ? model::htmlFromUtf8(word.letters) : rows_.cell(1, 0));
     txtChange.setFocus();
     txtChange.select(0, txtChange.text().size());
 }
 
+void dlgSpelling::offer(const Text& correction) {
+    txtChange.setText(correction);
+    txtChange_Change();
+}
+
+/// A word is not to be deleted by an Enter too many.
+void dlgSpelling::txtChange_Change() {
+    cmdChange.setEnabled(!txtChange.text().empty());
+    cmdChangeAll.setEnabled(!txtChange.text().empty());
+}
+
 void dlgSpelling::lvSuggestions_ItemClick(int row) {
-    txtChange.setText(rows_.cell(row, 0));
+    offer(rows_.cell(row, 0));
 }
 
 void dlgSpelling::lvSuggestions_DblClick(int row) {
@@ -141,6 +153,7 @@ void dlgSpelling::icboLanguage_Change() {
     dictionary_ = std::move(chosen);
     settings_.set(section, languageKey, language);
     showNext();
+    icboLanguage.setFocus(); // for another try
 }
 
 void dlgSpelling::cmdChange_Click() {

@@ -56,6 +56,7 @@ public:
     void lvSuggestions_ItemClick(int row);
     void lvSuggestions_DblClick(int row);
     void icboLanguage_Change();
+    void txtChange_Change();
     void cmdChange_Click();
     void cmdChangeAll_Click();
     void cmdIgnore_Click() { showNext(); }
@@ -70,6 +71,7 @@ private:
     void arrange();
     void showNext();
     void showWord();
+    void offer(const Text& correction);
 
     bool done_ = false; ///< all of the text is checked
 };

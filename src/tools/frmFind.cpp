@@ -45,6 +45,12 @@ frmFind::frmFind(ui::Window& owner, FindHost& host, Text& lastFindText)
     txtFind.setFocus();
 }
 
+void frmFind::ask() {
+    activate();
+    txtFind.setFocus();
+    txtFind.select(0, lastFindText_.size());
+}
+
 void frmFind::txtFind_Change() {
     lastFindText_ = txtFind.text();
     cmdFindNext.setEnabled(!lastFindText_.empty());
@@ -58,10 +64,7 @@ void frmFind::cmdFindNext_Click() {
     }
     const FindQuestion question{lastFindText_, chkMatchCase.checked(), chkWholeWords.checked(),
                                 optInvSearch[1].selected()};
-    const Finder::Outcome outcome = finder_.next(question, host_);
-    if (outcome == Finder::Outcome::found) {
-        host_.showMatch(finder_.match());
-    } else if (outcome == Finder::Outcome::searched) {
+    if (finder_.next(question, host_) == Finder::Outcome::searched) {
         ui::Prompter::current().ask(this, {finder_.foundAny()
                                                ? "Specified region searched, No more matches"
                                                : "Specified region searched, No matches",

@@ -20,6 +20,12 @@ public:
     /// Starts with the text that was looked for last, and keeps it there. Nothing is owned.
     frmFind(ui::Window& owner, FindHost& host, Text& lastFindText);
 
+    /// Comes to the front, ready for another text.
+    void ask();
+
+    /// The topics are others now: the next search begins anew.
+    void restart() { finder_.restart(); }
+
     ui::TextBox txtFind{*this};
     ui::Label lblFind{*this, "Fi&nd What:", &txtFind};
     ui::CheckBox chkMatchCase{*this, "Match Case"};

@@ -1,13 +1,31 @@
 #include "ui/ImageCombo.h"
 
 #include <QComboBox>
+#include <QKeyEvent>
 
 #include "ui/qt/Icons.h"
 #include "ui/qt/Native.h"
 
 namespace ui {
 
-ImageCombo::ImageCombo(Container& container) : Control(makeNative<QComboBox>(container)) {
+namespace {
+
+class ComboWidget : public QComboBox {
+public:
+    using QComboBox::QComboBox;
+
+protected:
+    /// Enter confirms a choice, which is made already; it is no press of a dialog's button.
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+            QComboBox::keyPressEvent(event);
+        }
+    }
+};
+
+} // namespace
+
+ImageCombo::ImageCombo(Container& container) : Control(makeNative<ComboWidget>(container)) {
     QObject::connect(&widgetOf<QComboBox>(*this), &QComboBox::activated, [this](int index) {
         if (std::exchange(shown_, index) != index) { // the same may be chosen once more
             Change.raise();

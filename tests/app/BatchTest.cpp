@@ -241,6 +241,10 @@ TEST_F(BatchTest, SpellListsUnknownWords) {
     EXPECT_EQ(run({"spell", project, "--language", "xx_GREEK"}), exitFailed);
     EXPECT_EQ(errors, "Spell Check All: xx_GREEK: no dictionary for this language is installed\n");
     EXPECT_EQ(run({"spell", project, "--language"}), exitUsage);
+    test::writeBytes(folder / "words", "foks\nFoks\n");
+    EXPECT_EQ(run({"spell", project, "--language=xx_TEST", "--words", folder / "words"}),
+              exitFailed);
+    EXPECT_EQ(output, "2\tdescription\t1\tΩ\n");
 }
 
 TEST_F(BatchTest, TheProjectIsNeverTheOutput) {

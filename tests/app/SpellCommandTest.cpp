@@ -57,7 +57,7 @@ TEST_F(SpellCommand, CorrectsTheWholeProject) {
     expectDone();
     checkAll({[](dlgSpelling& dialog) {
                   EXPECT_EQ(unnamedControls(dialog) + doubledMnemonics(dialog), "");
-                  EXPECT_EQ(dialog.caption(), "Spelling - The qick fox");
+                  EXPECT_EQ(dialog.caption(), "Spelling - The qick fox (title)");
                   EXPECT_EQ(context(dialog), "The [qick] fox");
                   EXPECT_EQ(dialog.txtChange.text(), "quick");
                   click(dialog.cmdChange);
@@ -137,7 +137,7 @@ TEST_F(SpellCommand, ChecksTheEditorsTextOrItsSelection) {
     body.setFocus();
     expectDone();
     inDialogs({[](dlgSpelling& dialog) {
-        EXPECT_EQ(dialog.caption(), "Spelling - Edit Topic - a");
+        EXPECT_EQ(dialog.caption(), "Spelling - a");
         EXPECT_EQ(context(dialog), "<p>[qick]");
         click(dialog.cmdChange);
         click(dialog.cmdIgnore);

@@ -18,15 +18,17 @@ public:
 
     const model::TopicOutline& outline() const override { return topics_; }
     int selectedTopic() const override { return selected_; }
-    std::optional<Text> editedBody(int position) const override {
-        return position == editedTopic ? std::optional(editedText) : std::nullopt;
+    std::optional<Text> editedText(int position, FindStage stage) const override {
+        const bool isEdited = position == editedTopic && stage == FindStage::body;
+        return isEdited ? std::optional(editorText) : std::nullopt;
     }
+    bool showMatch(const FindMatch& match) override { return mayLeave || match.topic == selected_; }
     bool leaveBody() override { return mayLeave; }
 
     model::TopicOutline topics_;
     int selected_;
     int editedTopic = 0;
-    Text editedText;
+    Text editorText;
     bool mayLeave = true;
 };
 
@@ -93,7 +95,7 @@ TEST(Finder, SearchesDescriptionsAndBodiesWhenTold) {
     EXPECT_EQ(searchAll({"x"}, host), "1t0 -");
     EXPECT_EQ(searchAll({"x", false, false, true}, host), "1t0 1s3 1b0 1b5 2b3 -");
     host.editedTopic = 2;
-    host.editedText = "new x";
+    host.editorText = "new x";
     EXPECT_EQ(searchAll({"x", true, false, true}, host), "1t0 1s3 1b0 2b4 -");
 }
 
