@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "app/frmMain.h"
+#include "model/TextLines.h"
 #include "tools/Dictionary.h"
 #include "tools/StartSpelling.h"
 
@@ -44,11 +45,17 @@ int frmMain::selectedTopic() const {
     return std::max(project_.currentIndex(), 1);
 }
 
-/// The editor belongs to the current topic.
+/// The editor belongs to the current topic. It counts every line end as two characters, which
+/// others may not have.
 std::optional<model::Text> frmMain::editedText(int topic, FindStage stage) const {
-    const bool edited =
-        editor_ != nullptr && editor_->isVisible() && topic == project_.currentIndex();
-    return edited ? std::optional(boxOf(*editor_, stage).text()) : std::nullopt;
+    if (editor_ != nullptr && editor_->isVisible() && topic == project_.currentIndex()) {
+        return boxOf(*editor_, stage).countedText();
+    }
+    const model::Text& body = project_.outline().at(topic).body;
+    if (stage != FindStage::body || !model::hasOtherLineEnds(body)) {
+        return {};
+    }
+    return model::withLineBreaks(body);
 }
 
 bool frmMain::showMatch(const FindMatch& match) {
@@ -97,11 +104,7 @@ void frmMain::mnuFileSpellChkAll_Click() {
         }
         project_.setCurrentIndex(current);
     }
-    if (outcome == SpellChecker::Outcome::failed || !checker->finish()) {
-        ui::Prompter::current().tell(this, tools::spellingFailed());
-    } else if (outcome == SpellChecker::Outcome::checked) {
-        ui::Prompter::current().tell(this, tools::spellingDone());
-    }
+    tools::tellOutcome(*this, outcome, checker.get());
 }
 
 SpellChecker::Outcome frmMain::checkTopic(SpellChecker& checker, int position) {

@@ -246,17 +246,15 @@ void frmEditBody::mnuSpellCheck_Click() {
         tools::startSpelling(*this, settings_, tools::dictionaryFolders(programFolder_));
     using Outcome = tools::SpellChecker::Outcome;
     const Outcome outcome = checker == nullptr ? Outcome::failed : checker->check(text, place);
-    if (text != before) {
+    // The word processor first: when it fails at its end, the text is to stay, too.
+    const bool failed = outcome == Outcome::failed || (checker != nullptr && !checker->finish());
+    if (text != before && !failed) {
         box->replaceSelection(text);
     }
     if (whole) {
         box->select(box->selection().start, 0);
     }
-    if (outcome == Outcome::failed || !checker->finish()) {
-        Prompter::current().tell(this, tools::spellingFailed());
-    } else if (outcome == Outcome::checked) {
-        Prompter::current().tell(this, tools::spellingDone());
-    }
+    tools::tellOutcome(*this, failed ? Outcome::failed : outcome, checker.get());
 }
 
 } // namespace editor

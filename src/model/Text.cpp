@@ -77,6 +77,10 @@ Text lowerCase(TextView text) {
     return mapped(text, smallLetters);
 }
 
+char lowerCase(char character) {
+    return smallLetters[code(character)];
+}
+
 bool equalIgnoringCase(TextView a, TextView b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
         return smallLetters[code(x)] == smallLetters[code(y)];

@@ -22,6 +22,8 @@ TextView trim(TextView text);
 Text upperCase(TextView text);
 Text lowerCase(TextView text);
 
+char lowerCase(char character);
+
 bool equalIgnoringCase(TextView a, TextView b);
 
 /// Whether `text` begins with `lowerPrefix`, which is given in small letters.

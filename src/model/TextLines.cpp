@@ -22,6 +22,16 @@ bool LineReader::next(TextView& line) {
     return true;
 }
 
+bool hasOtherLineEnds(TextView text) {
+    for (std::size_t i = 0; (i = text.find_first_of(lineBreak, i)) != TextView::npos;) {
+        if (!text.substr(i).starts_with(lineBreak)) {
+            return true;
+        }
+        i += lineBreak.size();
+    }
+    return false;
+}
+
 Text withLineBreaks(TextView text) {
     Text result;
     result.reserve(text.size()

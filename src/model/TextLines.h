@@ -24,6 +24,9 @@ private:
     TextView rest_;
 };
 
+/// Whether some line ends are not CR LF.
+bool hasOtherLineEnds(TextView text);
+
 /// With CR LF for each line end.
 Text withLineBreaks(TextView text);
 

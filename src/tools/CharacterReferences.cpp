@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cstdint>
 
+#include "model/CodePage.h"
+
 namespace tools {
 
 using model::TextView;
@@ -37,6 +39,9 @@ constexpr NamedCharacter otherNames[] = {
     {"lsquo", 0x2018},  {"rsquo", 0x2019},  {"sbquo", 0x201A}, {"ldquo", 0x201C},
     {"rdquo", 0x201D},  {"bdquo", 0x201E},  {"bull", 0x2022},  {"hellip", 0x2026},
     {"lsaquo", 0x2039}, {"rsaquo", 0x203A}, {"euro", 0x20AC},  {"trade", 0x2122},
+    {"fnof", 0x192},    {"circ", 0x2C6},    {"tilde", 0x2DC},  {"dagger", 0x2020},
+    {"Dagger", 0x2021}, {"permil", 0x2030}, {"ensp", ' '},     {"emsp", ' '},
+    {"thinsp", ' '},
 };
 
 char32_t namedCharacter(TextView name) {
@@ -57,7 +62,12 @@ char32_t numberedCharacter(TextView digits) {
     const char* end = digits.data() + digits.size();
     const auto [rest, error] = std::from_chars(digits.data(), end, number, isHexadecimal ? 16 : 10);
     constexpr std::uint32_t last = 0x10FFFF;
-    return error == std::errc() && rest == end && number <= last ? number : unknownCharacter;
+    if (error != std::errc() || rest != end || number > last) {
+        return unknownCharacter;
+    }
+    // Browsers take these for the code page's characters, too.
+    const bool isOfCodePage = number >= 0x80 && number <= 0x9F;
+    return isOfCodePage ? model::unicodeOf(static_cast<char>(number)) : number;
 }
 
 } // namespace

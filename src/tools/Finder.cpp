@@ -1,13 +1,37 @@
 #include "tools/Finder.h"
 
+#include <algorithm>
+
 namespace tools {
 
 using model::Topic;
 
-Text normaliseForFind(TextView text, const FindQuestion& question) {
-    Text normalised = question.matchCase ? Text(text) : model::lowerCase(text);
-    return question.wholeWords ? ' ' + normalised + ' ' : normalised;
+namespace {
+
+/// A whole word has a blank or an end of the text on both sides.
+std::size_t findIn(TextView text, std::size_t from, const FindQuestion& question) {
+    const TextView term = question.text;
+    const auto equal = [&question](char a, char b) {
+        return question.matchCase ? a == b : model::lowerCase(a) == model::lowerCase(b);
+    };
+    const auto isBlankAt = [text](std::size_t i) { return i >= text.size() || text[i] == ' '; };
+    while (from <= text.size()) {
+        const auto* found = std::search(text.begin() + static_cast<std::ptrdiff_t>(from),
+                                        text.end(), term.begin(), term.end(), equal);
+        const auto start = static_cast<std::size_t>(found - text.begin());
+        if (found == text.end()) {
+            break;
+        }
+        if (!question.wholeWords
+            || ((start == 0 || isBlankAt(start - 1)) && isBlankAt(start + term.size()))) {
+            return start;
+        }
+        from = start + 1;
+    }
+    return Text::npos;
 }
+
+} // namespace
 
 Finder::Outcome Finder::next(const FindQuestion& question, FindHost& host) {
     const Finder before = *this;
@@ -44,10 +68,9 @@ Finder::Outcome Finder::next(const FindQuestion& question, FindHost& host) {
 
 /// Searches what is left of the current topic.
 bool Finder::searchTopic(const FindQuestion& question, const FindHost& host) {
-    const Text term = normaliseForFind(question.text, question);
     const Topic& topic = host.outline().at(currentIndex_);
-    const auto findIn = [&](FindStage stage, TextView text) {
-        const std::size_t start = normaliseForFind(text, question).find(term, position_);
+    const auto search = [&](FindStage stage, TextView text) {
+        const std::size_t start = findIn(text, position_, question);
         if (start == Text::npos) {
             position_ = 0;
             return false;
@@ -57,21 +80,21 @@ bool Finder::searchTopic(const FindQuestion& question, const FindHost& host) {
         match_ = {currentIndex_, stage, start, question.text.size()};
         return true;
     };
-    if (stage_ == FindStage::title && findIn(FindStage::title, topic.title)) {
+    if (stage_ == FindStage::title && search(FindStage::title, topic.title)) {
         return true;
     }
     if (!question.bodies) {
         return false;
     }
-    const auto findInEdited = [&](FindStage stage, const Text& stored) {
+    const auto searchEdited = [&](FindStage stage, const Text& stored) {
         const std::optional<Text> edited = host.editedText(currentIndex_, stage);
-        return findIn(stage, edited ? *edited : stored);
+        return search(stage, edited ? *edited : stored);
     };
     if (stage_ != FindStage::body
-        && findInEdited(FindStage::shortDescription, topic.shortDescription)) {
+        && searchEdited(FindStage::shortDescription, topic.shortDescription)) {
         return true;
     }
-    return findInEdited(FindStage::body, topic.body);
+    return searchEdited(FindStage::body, topic.body);
 }
 
 } // namespace tools

@@ -37,8 +37,8 @@ public:
     /// Where a new search begins.
     virtual int selectedTopic() const = 0;
 
-    /// A short description or body as it stands in an editor; nothing when this topic is not being
-    /// edited.
+    /// A short description or body as it stands in an editor, or as one would show it; nothing when
+    /// that is as it is stored.
     virtual std::optional<Text> editedText(int /*topic*/, FindStage /*stage*/) const { return {}; }
 
     /// A body holds nothing more: an editor is to be closed. False when the author wants to stay.
@@ -81,9 +81,5 @@ private:
     bool foundAny_ = false;
     FindMatch match_;
 };
-
-/// In small letters unless case matters, and with a blank on both sides where whole words are
-/// wanted. A match at an offset of the result begins at the same offset of the text.
-Text normaliseForFind(TextView text, const FindQuestion& question);
 
 } // namespace tools

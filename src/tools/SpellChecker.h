@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/Message.h"
+#include "model/Text.h"
 
 namespace tools {
 
@@ -24,16 +24,8 @@ public:
     /// Corrects a text, which is not empty. `place` tells the author which one it is.
     virtual Outcome check(Text& text, TextView place) = 0;
 
-    /// To be called when all is checked; false when that failed.
+    /// To be called when all is checked; false when that failed. Once is enough.
     virtual bool finish() { return true; }
 };
-
-inline model::Message spellingDone() {
-    return {"Spell Checking Done", "Topicsmith"};
-}
-
-inline model::Message spellingFailed() {
-    return {"Unable to Run MS Word for Spelling Checker", "Run Error"};
-}
 
 } // namespace tools

@@ -34,11 +34,9 @@ bool isApostrophe(char32_t code) {
     return code == '\'' || code == rightQuote;
 }
 
-/// What no word is divided by. A soft hyphen or an unknown reference makes it one that is left
-/// alone.
+/// What no word is divided by. A soft hyphen makes it one that is left alone.
 bool isOfWord(char32_t code) {
-    return isLetter(code) || isDigit(code) || isApostrophe(code) || code == softHyphen
-           || code == unknownCharacter;
+    return isLetter(code) || isDigit(code) || isApostrophe(code) || code == softHyphen;
 }
 
 /// Tags that stand within a word without ending it.
@@ -100,23 +98,22 @@ bool WordReader::skipTag() {
     constexpr TextView commentStart = "<!--";
     constexpr TextView commentEnd = "-->";
     const TextView rest = TextView(lower_).substr(position_);
-    behindTag_ = false;
     if (rest.starts_with(commentStart)) {
         const std::size_t end = lower_.find(commentEnd, position_);
         position_ = end == Text::npos ? text_.size() : end + commentEnd.size();
+        behindTag_ = true; // it may stand within a word
         return true;
     }
     const std::size_t nameStart = rest.starts_with("</") ? 2 : 1;
-    const std::size_t nameEnd = std::min(
-        rest.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789!?", nameStart), rest.size());
-    const TextView name = rest.substr(nameStart, nameEnd - nameStart);
-    if (name.empty()) {
-        return false;
-    }
-    const std::size_t end = tagEnd();
+    const char first = nameStart < rest.size() ? rest[nameStart] : '\0';
+    const bool isTag = (first >= 'a' && first <= 'z') || first == '!' || first == '?';
+    const std::size_t end = isTag ? tagEnd() : Text::npos;
     if (end == Text::npos) {
         return false;
     }
+    const std::size_t nameEnd = std::min(
+        rest.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789!?", nameStart), rest.size());
+    const TextView name = rest.substr(nameStart, nameEnd - nameStart);
     position_ = end + 1;
     behindTag_ = isInline(name);
     if (nameStart == 1 && holdsCode(name)) {
@@ -125,31 +122,55 @@ bool WordReader::skipTag() {
     return true;
 }
 
-/// The ">" of the tag that begins here. One in quotes does not count, unless a quote is never
-/// closed within the next tags.
-std::size_t WordReader::tagEnd() const {
-    constexpr std::size_t longestTag = 4000;
-    const TextView tag = text_.substr(position_, longestTag);
-    char quote = 0;
-    for (std::size_t i = 0; i < tag.size(); ++i) {
-        if (quote != 0) {
-            quote = tag[i] == quote ? '\0' : quote;
-        } else if (tag[i] == '"' || tag[i] == '\'') {
-            quote = tag[i];
-        } else if (tag[i] == '>') {
-            return position_ + i;
-        }
+/// The ">" of the tag that begins here; one in an attribute's quotes does not count.
+std::size_t WordReader::tagEnd() {
+    if (nextTagEnd_ < position_) {
+        nextTagEnd_ = std::min(text_.find('>', position_), text_.size());
     }
-    const std::size_t end = tag.find('>');
-    return end == TextView::npos ? Text::npos : position_ + end;
+    if (nextTagEnd_ == text_.size()) {
+        return Text::npos;
+    }
+    char before = 0; // the last character that is no blank
+    for (std::size_t i = position_; i < text_.size(); ++i) {
+        const char character = text_[i];
+        if (character == '>') {
+            return i;
+        }
+        if (before == '=' && (character == '"' || character == '\'')) {
+            i = quoteEnd(i);
+        }
+        before = character == ' ' ? before : text_[i];
+    }
+    missingQuotes_ = "\"'"; // quotes are out of step from here on
+    return nextTagEnd_;
+}
+
+/// Where the quote that opens here is closed; here, when it never is.
+std::size_t WordReader::quoteEnd(std::size_t quote) {
+    const char sign = text_[quote];
+    if (missingQuotes_.find(sign) != Text::npos) {
+        return quote;
+    }
+    const std::size_t end = text_.find(sign, quote + 1);
+    if (end == TextView::npos) {
+        missingQuotes_ += sign;
+        return quote;
+    }
+    return end;
 }
 
 /// Without an end it goes on as text: the author has yet to write it.
 void WordReader::skipElement(TextView name) {
     Text endTag = "</";
     endTag += name;
-    const std::size_t end = lower_.find(endTag, position_);
-    position_ = end == Text::npos ? position_ : end;
+    if (missingEndTags_.contains(endTag)) {
+        return;
+    }
+    if (const std::size_t end = lower_.find(endTag, position_); end != Text::npos) {
+        position_ = end;
+    } else {
+        missingEndTags_.insert(endTag);
+    }
 }
 
 WordReader::Letter WordReader::takeLetter() {
@@ -165,14 +186,18 @@ WordReader::Letter WordReader::takeLetter() {
 /// Cuts the token into words.
 void WordReader::collectWords() {
     const auto codeAt = [this](std::size_t i) { return i < token_.size() ? token_[i].code : 0; };
+    const auto isSolid = [](char32_t code) { return isLetter(code) || isDigit(code); };
+    const std::size_t start = token_.front().start;
+    const bool isWholeToken =
+        start == 0 || text_[start - 1] == '>' || isBlank(model::unicodeOf(text_[start - 1]));
     for (std::size_t i = 0; i < token_.size(); ++i) {
         const char32_t code = codeAt(i);
-        const bool joins = i > 0 && isOfWord(codeAt(i - 1)) && isOfWord(codeAt(i + 1));
-        const bool isAddress = code == '@' || (code == '/' && i == 0) || code == '\\' || code == '_'
-                               || (code == '.' && joins)
-                               || (code == ':' && codeAt(i + 1) == '/' && codeAt(i + 2) == '/');
-        if (isAddress) {
-            return;
+        const bool joins = i > 0 && isSolid(codeAt(i - 1)) && isSolid(codeAt(i + 1));
+        const bool isPath = code == '/' && i == 0 && isWholeToken;
+        const bool isProtocol = code == ':' && codeAt(i + 1) == '/' && codeAt(i + 2) == '/';
+        if (code == '@' || code == '\\' || code == '_' || (code == '.' && joins) || isPath
+            || isProtocol) {
+            return; // an address, or the name of a file or program
         }
     }
     for (std::size_t first = 0; first < token_.size();) {

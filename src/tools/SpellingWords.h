@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <optional>
+#include <set>
 #include <string>
 
 #include "model/Text.h"
@@ -38,7 +39,8 @@ private:
 
     bool takeToken();
     bool skipTag();
-    std::size_t tagEnd() const;
+    std::size_t tagEnd();
+    std::size_t quoteEnd(std::size_t quote);
     void skipElement(TextView name);
     Letter takeLetter();
     void collectWords();
@@ -50,6 +52,11 @@ private:
     std::deque<Letter> token_; ///< what stands between two blanks
     std::deque<SpellingWord> words_;
     bool behindTag_ = false;
+
+    // What has been looked for in vain is not looked for again: there is none behind here.
+    std::set<Text> missingEndTags_;
+    Text missingQuotes_;
+    std::size_t nextTagEnd_ = 0; ///< the first ">" behind some earlier place
 };
 
 } // namespace tools

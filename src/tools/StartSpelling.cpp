@@ -4,6 +4,7 @@
 #include "tools/dlgSpelling.h"
 #include "ui/Automation.h"
 #include "ui/Clipboard.h"
+#include "ui/Prompter.h"
 
 namespace tools {
 
@@ -28,6 +29,17 @@ std::unique_ptr<SpellChecker> startSpelling(ui::Window& owner, ui::Settings& set
         return wordProcessor;
     }
     return dlgSpelling::create(owner, settings, folders);
+}
+
+void tellOutcome(ui::Window& owner, SpellChecker::Outcome outcome, SpellChecker* checker) {
+    using Outcome = SpellChecker::Outcome;
+    const bool ended = checker != nullptr && checker->finish();
+    if (outcome == Outcome::failed || !ended) {
+        ui::Prompter::current().tell(&owner,
+                                     {"Unable to Run MS Word for Spelling Checker", "Run Error"});
+    } else if (outcome == Outcome::checked) {
+        ui::Prompter::current().tell(&owner, {"Spell Checking Done", "Topicsmith"});
+    }
 }
 
 } // namespace tools

@@ -14,4 +14,8 @@ namespace tools {
 std::unique_ptr<SpellChecker> startSpelling(ui::Window& owner, ui::Settings& settings,
                                             const std::vector<std::filesystem::path>& folders);
 
+/// Ends the checker and tells the author how it went; a check that was cancelled needs no words.
+/// The checker may be null.
+void tellOutcome(ui::Window& owner, SpellChecker::Outcome outcome, SpellChecker* checker);
+
 } // namespace tools

@@ -64,7 +64,11 @@ SpellChecker::Outcome WordProcessor::check(Text& text, TextView /*place*/) {
         || !callContent("Copy")) {
         return Outcome::failed;
     }
-    text = clipboard_.text();
+    Text corrected = clipboard_.text();
+    if (corrected.empty()) {
+        return Outcome::failed; // another program holds the clipboard
+    }
+    text = std::move(corrected);
     return Outcome::checked;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/CodePage.h"
+#include "model/TextLines.h"
 #include "ui/Prompter.h"
 
 namespace tools {
@@ -114,7 +115,9 @@ void dlgSpelling::showWord() {
     const std::size_t to =
         std::min({text.find_first_of(model::lineBreak, end), text.size(), end + reach});
     txtContext.setText(TextView(text).substr(from, to - from));
-    txtContext.select(word.start - from, word.length);
+    // The box counts every line end as two characters.
+    const TextView before = TextView(text).substr(from, word.start - from);
+    txtContext.select(model::withLineBreaks(before).size(), word.length);
     rows_.words = spelling_.suggestions();
     lvSuggestions.reset();
     offer(rows_.words.empty() ? model::htmlFromUtf8(word.letters) : rows_.cell(1, 0));

@@ -111,13 +111,27 @@ TEST_F(FindCommand, OpensTheEditorForTextsAndClosesItBehindThem) {
     EXPECT_EQ(window->editor(), nullptr);
 }
 
+TEST_F(FindCommand, MarksMatchesBehindOtherLineEnds) {
+    auto outline = titled({"a"});
+    outline.at(1).body = "l1\nl2\rl3 word x word";
+    load(std::move(outline));
+    open();
+    click(dialog().optInvSearch[1]);
+    click(dialog().txtFind);
+    type("word");
+    findNext();
+    EXPECT_EQ(selectedIn(window->editor()->txtBody), "word@11");
+    findNext();
+    EXPECT_EQ(selectedIn(window->editor()->txtBody), "word@18");
+}
+
 TEST_F(FindCommand, OutlivesItsProject) {
     load(titled({"x", "x", "x"}));
     open();
     type("x");
     findNext();
     findNext();
-    load(titled({"x"}));
+    load(titled({"x x", "x"}));
     findNext();
     EXPECT_EQ(selectedIn(window->txtTitle), "x@0");
     EXPECT_TRUE(window->close());

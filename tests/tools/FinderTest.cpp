@@ -86,6 +86,7 @@ TEST(Finder, MindsCaseAndWholeWordsWhenTold) {
         searchAll(word, titles({"Save now", "To save, or not", "save", "unsave save", "saved"})),
         "1t0 3t0 4t7 -");
     EXPECT_EQ(searchAll({"a b", false, true}, titles({"a b a b"})), "1t0 1t4 -");
+    EXPECT_EQ(searchAll({"a", false, true}, titles({"a a a"})), "1t0 1t2 1t4 -");
 }
 
 TEST(Finder, SearchesDescriptionsAndBodiesWhenTold) {
@@ -121,7 +122,9 @@ TEST(Finder, BearsWithAnAuthorWhoStaysOrRemovesTopics) {
     host.mayLeave = false;
     EXPECT_EQ(press(finder, question, host), "!");
     EXPECT_EQ(press(finder, question, host), "!");
+    EXPECT_EQ(press(finder, {"b"}, host), "!"); // a match that cannot be shown
     host.mayLeave = true;
+    EXPECT_EQ(press(finder, {"b"}, host), "2t0");
     EXPECT_EQ(press(finder, question, host), "3b0");
     host.topics_.remove(3);
     host.selected_ = 2;

@@ -63,7 +63,7 @@ TEST(WordReader, FindsWordsWithTheirPlaces) {
 }
 
 TEST(WordReader, LeavesOutWhatIsNoProse) {
-    EXPECT_EQ(letters("<p title='no > no' class=no>yes<!-- no > no -->yes<br>yes</p>"),
+    EXPECT_EQ(letters("<p title='no > no' class=no>yes <!-- no > no --> yes<br>yes</p>"),
               "yes yes yes");
     EXPECT_EQ(
         letters(
@@ -71,9 +71,19 @@ TEST(WordReader, LeavesOutWhatIsNoProse) {
         "see");
     EXPECT_EQ(letters("<pre>no</pre>yes <CODE>no <b>no</b></code> yes<script>no</script>"),
               "yes yes");
-    EXPECT_EQ(letters("MP3 2nd x64 A4 &foo; a&foo;b soft&shy;en &bogus"), "bogus");
+    EXPECT_EQ(letters("MP3 2nd x64 A4 &foo; soft&shy;en &bogus"), "bogus");
     EXPECT_EQ(letters("<b>d</b>ivided un<i>div</i> <b>whole</b>, <a href='x'>link</a>ed it"),
               "whole it");
+}
+
+TEST(WordReader, SeesAllThatIsProse) {
+    EXPECT_EQ(letters("He said 'one two.' \x91three.\x92 End."), "He said one two three End");
+    EXPECT_EQ(letters("doesn&#146;t five&dagger; six&rarr;seven"), "doesn't five six seven");
+    EXPECT_EQ(letters("if x <5 then <b>bold</b>"), "if x then bold");
+    EXPECT_EQ(letters("<p align=it's>one</p> don't <b>x</b> wo<!-- c -->rd"), "one don't x");
+    EXPECT_EQ(letters("<p title='" + Text(5000, 'x') + "'>one"), "one");
+    const Text text = "one/two";
+    EXPECT_EQ(WordReader(text, 3).next()->letters, "two");
 }
 
 TEST(WordReader, BearsWithBrokenMarkUp) {
@@ -83,6 +93,11 @@ TEST(WordReader, BearsWithBrokenMarkUp) {
     EXPECT_EQ(letters("&;&#;&#x; &#99999999; yes & no &amp yes"), "yes no amp yes");
     const Text many(100'000, '<');
     EXPECT_EQ(letters(many + "a" + many), "a");
+    Text code;
+    for (int i = 0; i < 100'000; ++i) {
+        code += "<code><a b='>'<a'<x=\"";
+    }
+    letters(code); // a walk to the end for each would take minutes
 }
 
 TEST(CharacterReference, NeedsNameAndSemicolon) {
