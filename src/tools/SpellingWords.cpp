@@ -124,7 +124,7 @@ bool WordReader::skipTag() {
 
 /// The ">" of the tag that begins here; one in an attribute's quotes does not count.
 std::size_t WordReader::tagEnd() {
-    if (nextTagEnd_ < position_) {
+    if (nextTagEnd_ <= position_) {
         nextTagEnd_ = std::min(text_.find('>', position_), text_.size());
     }
     if (nextTagEnd_ == text_.size()) {
