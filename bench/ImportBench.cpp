@@ -65,6 +65,21 @@ Text form(int number, std::int64_t menuCount, std::int64_t calls, std::size_t si
     return text;
 }
 
+void importAgain(benchmark::State& state, const Folder& folder, const fs::path& project) {
+    for (auto _ : state) {
+        model::Project receiver;
+        benchmark::DoNotOptimize(importer::importVbProject(receiver, project));
+    }
+    folder.report(state);
+}
+
+/// A project of the one form.
+void importOneForm(benchmark::State& state, const Text& form) {
+    Folder folder;
+    folder.write("f.frm", form);
+    importAgain(state, folder, folder.write("app.vbp", "Form=f.frm"));
+}
+
 /// 26 forms of together so many megabytes, and the reading of their files.
 void importForms(benchmark::State& state) {
     Folder folder;
@@ -78,33 +93,15 @@ void importForms(benchmark::State& state) {
         model::appendLine(project, "Form=", name);
     }
     const fs::path file = folder.write("app.vbp", project);
-    for (auto _ : state) {
-        model::Project receiver;
-        benchmark::DoNotOptimize(importer::importVbProject(receiver, file));
-    }
-    folder.report(state);
+    importAgain(state, folder, file);
 }
 
 void importMenus(benchmark::State& state) {
-    Folder folder;
-    folder.write("f.frm", form(0, state.range(0), 0, 0));
-    const fs::path file = folder.write("app.vbp", "Form=f.frm");
-    for (auto _ : state) {
-        model::Project receiver;
-        benchmark::DoNotOptimize(importer::importVbProject(receiver, file));
-    }
-    folder.report(state);
+    importOneForm(state, form(0, state.range(0), 0, 0));
 }
 
 void importCalls(benchmark::State& state) {
-    Folder folder;
-    folder.write("f.frm", form(0, 0, state.range(0), 0));
-    const fs::path file = folder.write("app.vbp", "Form=f.frm");
-    for (auto _ : state) {
-        model::Project receiver;
-        benchmark::DoNotOptimize(importer::importVbProject(receiver, file));
-    }
-    folder.report(state);
+    importOneForm(state, form(0, 0, state.range(0), 0));
 }
 
 /// Names in another letter case, in a folder of so many files.
@@ -117,11 +114,7 @@ void importMisspeltForms(benchmark::State& state) {
         model::appendLine(project, "Form=", model::upperCase(name));
     }
     const fs::path file = folder.write("app.vbp", project);
-    for (auto _ : state) {
-        model::Project receiver;
-        benchmark::DoNotOptimize(importer::importVbProject(receiver, file));
-    }
-    folder.report(state);
+    importAgain(state, folder, file);
 }
 
 /// 500 pages with bodies of so many kilobytes, none of them edited.
