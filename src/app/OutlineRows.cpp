@@ -81,9 +81,8 @@ Text OutlineRows::toolTip(int row, int column) const {
 }
 
 int OutlineRows::indent(int row, int column) const {
-    constexpr int indentPerLevel = 210;
     const bool isTitle = topicColumn(column).field == &Topic::title;
-    return isTitle ? (std::max(project_.outline().depth(row), 1) - 1) * indentPerLevel : -1;
+    return isTitle ? ui::indentOfLevel(project_.outline().depth(row)) : -1;
 }
 
 } // namespace app

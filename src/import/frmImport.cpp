@@ -1,7 +1,5 @@
 #include "import/frmImport.h"
 
-#include <algorithm>
-
 #include "ui/Prompter.h"
 #include "ui/WaitCursor.h"
 
@@ -24,8 +22,7 @@ Text TopicRows::cell(int row, int /*column*/) const {
 }
 
 int TopicRows::indent(int row, int /*column*/) const {
-    constexpr int indentPerLevel = 210;
-    return (std::max(depths_[static_cast<std::size_t>(row - 1)], 1) - 1) * indentPerLevel;
+    return ui::indentOfLevel(depths_[static_cast<std::size_t>(row - 1)]);
 }
 
 frmImport::frmImport(ui::Window& owner, model::Project& project, std::filesystem::path file)

@@ -24,8 +24,8 @@ private:
 
 std::unique_ptr<SpellChecker> startSpelling(ui::Window& owner, ui::Settings& settings,
                                             const std::vector<std::filesystem::path>& folders) {
-    static SystemClipboard clipboard;
-    if (auto wordProcessor = WordProcessor::start(ui::createAutomation, clipboard)) {
+    if (auto wordProcessor =
+            WordProcessor::start(ui::createAutomation, std::make_unique<SystemClipboard>())) {
         return wordProcessor;
     }
     return dlgSpelling::create(owner, settings, folders);

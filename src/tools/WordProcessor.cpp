@@ -20,16 +20,18 @@ Object objectIn(const std::optional<AutomationValue>& value) {
 } // namespace
 
 std::unique_ptr<WordProcessor> WordProcessor::start(const CreateAutomation& create,
-                                                    TextClipboard& clipboard) {
+                                                    std::unique_ptr<TextClipboard> clipboard) {
     Object application = create("Word.Application");
     if (application == nullptr) {
         return nullptr;
     }
-    return std::unique_ptr<WordProcessor>(new WordProcessor(std::move(application), clipboard));
+    return std::unique_ptr<WordProcessor>(
+        new WordProcessor(std::move(application), std::move(clipboard)));
 }
 
-WordProcessor::WordProcessor(Object application, TextClipboard& clipboard)
-    : application_(std::move(application)), clipboard_(clipboard), prepared_(prepare()) {}
+WordProcessor::WordProcessor(Object application, std::unique_ptr<TextClipboard> clipboard)
+    : application_(std::move(application)), clipboard_(std::move(clipboard)), prepared_(prepare()) {
+}
 
 WordProcessor::~WordProcessor() {
     WordProcessor::finish();
@@ -58,13 +60,13 @@ SpellChecker::Outcome WordProcessor::check(Text& text, TextView /*place*/) {
     if (!prepared_ || application_ == nullptr) {
         return Outcome::failed;
     }
-    clipboard_.clear();
-    clipboard_.setText(text);
+    clipboard_->clear();
+    clipboard_->setText(text);
     if (!callContent("Paste") || !document_->call("Activate") || !document_->call("CheckSpelling")
         || !callContent("Copy")) {
         return Outcome::failed;
     }
-    Text corrected = clipboard_.text();
+    Text corrected = clipboard_->text();
     if (corrected.empty()) {
         return Outcome::failed; // another program holds the clipboard
     }

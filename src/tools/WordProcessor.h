@@ -23,9 +23,9 @@ public:
     using CreateAutomation =
         std::function<std::shared_ptr<platform::AutomationObject>(const char* server)>;
 
-    /// Null when there is no word processor. The clipboard is not owned.
+    /// Null when there is no word processor.
     static std::unique_ptr<WordProcessor> start(const CreateAutomation& create,
-                                                TextClipboard& clipboard);
+                                                std::unique_ptr<TextClipboard> clipboard);
 
     /// Ends the word processor where finish() has not.
     ~WordProcessor() override;
@@ -36,14 +36,14 @@ public:
 private:
     using Object = std::shared_ptr<platform::AutomationObject>;
 
-    WordProcessor(Object application, TextClipboard& clipboard);
+    WordProcessor(Object application, std::unique_ptr<TextClipboard> clipboard);
     bool prepare();
     bool callContent(const char* method);
 
     Object application_;                           ///< null once it has ended
     Object document_;                              ///< null as long as there is none
     std::optional<platform::AutomationValue> top_; ///< where its window was
-    TextClipboard& clipboard_;
+    std::unique_ptr<TextClipboard> clipboard_;
     bool prepared_ = false;
 };
 

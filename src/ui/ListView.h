@@ -25,6 +25,12 @@ public:
     virtual std::optional<bool> checked(int /*row*/) const { return {}; }
 };
 
+/// The indent of a row on a level from 1; a level below counts as the first.
+constexpr int indentOfLevel(int level) {
+    constexpr int perLevel = 210;
+    return level > 1 ? (level - 1) * perLevel : 0;
+}
+
 struct Column {
     Text caption;
     int width; ///< in twips

@@ -23,6 +23,15 @@ protected:
         click(dialog().cmdFindNext);
     }
 
+    /// Opens the dialog and finds a text in titles and bodies.
+    void findInTexts(const char* text) {
+        open();
+        click(dialog().optInvSearch[1]);
+        click(dialog().txtFind);
+        type(text);
+        findNext();
+    }
+
     /// What is selected in a box, which must have the focus.
     static std::string selectedIn(const ui::TextBox& box) {
         return box.hasFocus() ? box.selectedText() + '@' + std::to_string(box.selection().start)
@@ -83,11 +92,7 @@ TEST_F(FindCommand, OpensTheEditorForTextsAndClosesItBehindThem) {
     outline.at(1).body = "x\r\n\xE9 word";
     outline.at(2).shortDescription = "a word";
     load(std::move(outline));
-    open();
-    click(dialog().optInvSearch[1]);
-    click(dialog().txtFind);
-    type("word");
-    findNext();
+    findInTexts("word");
     ASSERT_NE(window->editor(), nullptr);
     EXPECT_EQ(selectedIn(window->editor()->txtBody), "word@5");
     press("Ctrl+End");
@@ -115,11 +120,7 @@ TEST_F(FindCommand, MarksMatchesBehindOtherLineEnds) {
     auto outline = titled({"a"});
     outline.at(1).body = "l1\nl2\rl3 word x word";
     load(std::move(outline));
-    open();
-    click(dialog().optInvSearch[1]);
-    click(dialog().txtFind);
-    type("word");
-    findNext();
+    findInTexts("word");
     EXPECT_EQ(selectedIn(window->editor()->txtBody), "word@11");
     findNext();
     EXPECT_EQ(selectedIn(window->editor()->txtBody), "word@18");

@@ -77,8 +77,7 @@ WordProcessor::CreateAutomation creatorOf(Log& log) {
 
 TEST(WordProcessor, IsDrivenInOrder) {
     Log log;
-    Clipboard clipboard(log);
-    const auto word = WordProcessor::start(creatorOf(log), clipboard);
+    const auto word = WordProcessor::start(creatorOf(log), std::make_unique<Clipboard>(log));
     Text text = "a\r\nb";
     EXPECT_EQ(word->check(text, ""), SpellChecker::Outcome::checked);
     EXPECT_EQ(text, "corrected");
@@ -99,8 +98,7 @@ TEST(WordProcessor, EndsAfterAnyFailure) {
     for (int failing = 0; failing < calls; ++failing) {
         Log log;
         log.failing = failing;
-        Clipboard clipboard(log);
-        auto word = WordProcessor::start(creatorOf(log), clipboard);
+        auto word = WordProcessor::start(creatorOf(log), std::make_unique<Clipboard>(log));
         ASSERT_EQ(word == nullptr, failing == 0);
         if (word == nullptr) {
             continue;
