@@ -24,14 +24,14 @@ need() {
         apt-get install -q -y --no-install-recommends "${missing[@]}"
 }
 
-# The fonts are for machines without a desktop.
+# fp-utils holds the compiler of the manual. The fonts are for machines without a desktop.
 BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev qt6-webengine-dev
-                libhunspell-dev hunspell-en-us fonts-dejavu-core)
+                libhunspell-dev hunspell-en-us libchm-dev fp-utils fonts-dejavu-core)
 
 # The embedded browser does not start for root otherwise.
 [ "$(id -u)" -ne 0 ] || export QTWEBENGINE_DISABLE_SANDBOX=1
-# clang and its run-time library for the fuzz targets; fp-utils for a compiler of compiled help.
-TEST_PACKAGES=(libgtest-dev clang libclang-rt-14-dev fp-utils libchm-dev)
+# clang and its run-time library for the fuzz targets.
+TEST_PACKAGES=(libgtest-dev clang libclang-rt-14-dev)
 
 # build PRESET [CMAKE_OPTION...]: configures and builds, saying little.
 build() {

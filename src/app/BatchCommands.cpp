@@ -164,6 +164,10 @@ constexpr BatchCommand commands[] = {
     {"spell", "PROJECT.tsp [--language CODE] [--words FILE]",
      "Lists unknown words: position of the topic, part, count, word, with tabs between.", 1, 1,
      spell, "--language= --words="},
+    {"check", "PROJECT.tsp [--output FOLDER]",
+     "Lists what the help workshop or a reader would stumble over: position of the topic, kind of "
+     "fault, what it is, with tabs between.",
+     1, 1, check, "--output="},
     {"info", "PROJECT.tsp", "Prints facts about a project, one per line.", 1, 1, runInfo},
 };
 

@@ -1,6 +1,8 @@
 #include "app/BatchTools.h"
 
 #include "app/BatchProject.h"
+#include "generate/GenerationRun.h"
+#include "generate/ProjectCheck.h"
 #include "model/CodePage.h"
 #include "platform/Files.h"
 #include "tools/Finder.h"
@@ -54,6 +56,26 @@ ExitCode find(BatchSession& session, const CommandLine& arguments) {
                                + model::oneLine(project.outline().at(match.topic).title));
     }
     return finder.foundAny() ? exitDone : exitFailed;
+}
+
+ExitCode check(BatchSession& session, const CommandLine& arguments) {
+    Project project;
+    if (!loadWhole(session, arguments[0], project)) {
+        return exitFailed;
+    }
+    if (const auto message = generate::nothingToGenerate(project, "Check")) {
+        session.console.message(*message);
+        return exitFailed;
+    }
+    const std::filesystem::path folder = arguments.has("--output")
+                                             ? platform::fullPath(arguments.value("--output"))
+                                             : project.projectPath().parent_path();
+    const auto findings = generate::checkProject(project.outline(), project.options(), folder);
+    for (const generate::Finding& finding : findings) {
+        session.console.result(std::to_string(finding.position) + '\t' + nameOf(finding.kind) + '\t'
+                               + finding.text);
+    }
+    return findings.empty() ? exitDone : exitFailed;
 }
 
 ExitCode spell(BatchSession& session, const CommandLine& arguments) {

@@ -7,6 +7,7 @@
 namespace app {
 
 ExitCode find(BatchSession& session, const CommandLine& arguments);
+ExitCode check(BatchSession& session, const CommandLine& arguments);
 ExitCode spell(BatchSession& session, const CommandLine& arguments);
 
 } // namespace app

@@ -87,8 +87,10 @@ constexpr MainCommand commands[] = {
     {end},
 
     {menu, "mnuHelp", "&Help"},
-    {command, "mnuHelpContents", "&Contents...", nullptr, nullptr, "Help", "F1"},
-    {command, "mnuHelpIndex", "Help &Index..."},
+    {command, "mnuHelpContents", "&Contents...", nullptr, nullptr, "Help", "F1",
+     run<&frmMain::mnuHelpContents_Click>},
+    {command, "mnuHelpIndex", "Help &Index...", nullptr, nullptr, nullptr, nullptr,
+     run<&frmMain::mnuHelpIndex_Click>},
     {separator, "mnuHelpBar0"},
     {command, "mnuHelpAbout", "&About...", nullptr, nullptr, nullptr, nullptr,
      run<&frmMain::mnuHelpAbout_Click>},

@@ -1,9 +1,12 @@
 #include "app/dlgReport.h"
 
+#include "model/HelpContext.h"
+
 namespace app {
 
 dlgReport::dlgReport(ui::Window& owner) : Window(Kind::dialog, windowName, &owner) {
     setCaption("Generation Report");
+    setHelpContext(model::reportHelp);
     txtReport.setReadOnly();
     txtReport.setAccessibleName("Generation Report");
     OKButton.setDefault();

@@ -4,8 +4,10 @@
 #include <sstream>
 
 #include "app/Version.h"
+#include "model/HelpContext.h"
 #include "model/Helper.h"
 #include "model/OutlineEditing.h"
+#include "ui/ShowHelp.h"
 
 namespace app {
 
@@ -28,6 +30,8 @@ frmMain::frmMain(ui::Settings& settings, fs::path programFolder)
         Prompter::current().ask(this, {"WARNING: Missing Help File", "HTML Topicsmith",
                                        ui::Buttons::ok, ui::QuestionIcon::information});
     }
+    setHelpContext(model::mainWindowHelp);
+    ui::setHelp([this](int context) { showHelpContext(context); });
     project_.setObserver(this);
     files_.recentFilesChanged = [this] { updateRecentFiles(); };
     files_.loadRecentFiles();
@@ -38,6 +42,7 @@ frmMain::frmMain(ui::Settings& settings, fs::path programFolder)
 
 frmMain::~frmMain() {
     project_.setObserver(nullptr);
+    ui::setHelp({});
     FocusChange.connect({}); // the focus goes as the controls do
 }
 

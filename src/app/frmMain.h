@@ -8,6 +8,7 @@
 #include "app/ProjectFiles.h"
 #include "app/dlgReport.h"
 #include "editor/frmEditBody.h"
+#include "help/frmHelp.h"
 #include "import/frmImport.h"
 #include "tools/SpellChecker.h"
 #include "tools/frmFind.h"
@@ -112,6 +113,8 @@ public:
     void mnuEditDemote_Click();
     void mnuEditUp_Click();
     void mnuEditDown_Click();
+    void mnuHelpContents_Click();
+    void mnuHelpIndex_Click();
     void mnuHelpAbout_Click();
     void mnuListEdit_Click() { openTopicEditor(project_.currentIndex()); }
     void mnuListUndo_Click();
@@ -141,6 +144,9 @@ public:
     /// Null when nothing is being looked for.
     tools::frmFind* findDialog() const { return find_.get(); }
 
+    /// Where the system has no viewer of its own and help was asked for; null otherwise.
+    help::frmHelp* helpWindow() const { return help_.get(); }
+
     void Resize() override;
     bool mayClose() override;
 
@@ -160,6 +166,9 @@ private:
     std::optional<model::Text> editedText(int topic, tools::FindStage stage) const override;
     bool leaveBody() override { return closeEditor(); }
     bool showMatch(const tools::FindMatch& match) override;
+
+    void showHelpContext(int context);
+    bool openHelp();
 
     void restartSearch();
     tools::SpellChecker::Outcome checkTopic(tools::SpellChecker& checker, int position);
@@ -204,6 +213,7 @@ private:
     std::unique_ptr<importer::frmImport> import_;
     model::Text lastFindText_; ///< as long as the program runs
     std::unique_ptr<tools::frmFind> find_;
+    std::unique_ptr<help::frmHelp> help_;
 };
 
 } // namespace app

@@ -1,5 +1,7 @@
 #include "app/frmOptions.h"
 
+#include "model/HelpContext.h"
+
 namespace app {
 
 using model::NavigationType;
@@ -7,6 +9,7 @@ using model::NavigationType;
 frmOptions::frmOptions(ui::Window& owner, const model::ProjectOptions& options)
     : Window(Kind::dialog, "frmOptions", &owner), options_(options) {
     setCaption("Properties");
+    setHelpContext(model::optionsHelp);
     arrangeGeneration();
     arrangeAdditional();
     arrangeNavigation();

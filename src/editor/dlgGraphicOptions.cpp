@@ -1,10 +1,13 @@
 #include "editor/dlgGraphicOptions.h"
 
+#include "model/HelpContext.h"
+
 namespace editor {
 
 dlgGraphicOptions::dlgGraphicOptions(ui::Window& owner, const GraphicOptions& last)
     : Window(Kind::dialog, "dlgGraphicOptions", &owner), options(last) {
     setCaption("Insert Graphic Options");
+    setHelpContext(model::linkDialogHelp);
     arrange();
     fill();
     UI_ON(chkAlignment, Click);

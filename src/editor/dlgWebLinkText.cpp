@@ -1,9 +1,12 @@
 #include "editor/dlgWebLinkText.h"
 
+#include "model/HelpContext.h"
+
 namespace editor {
 
 dlgWebLinkText::dlgWebLinkText(ui::Window& owner) : Window(Kind::dialog, "dlgWebLinkText", &owner) {
     setCaption("Create a Web Link");
+    setHelpContext(model::linkDialogHelp);
     txtWebAddress.setText("http://");
     auto buttons = ui::Layout::row();
     buttons.addStretch().add(OKButton).add(CancelButton);

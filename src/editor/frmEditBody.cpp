@@ -3,8 +3,9 @@
 #include <algorithm>
 
 #include "editor/MarkUp.h"
-#include "editor/WindowPlace.h"
+#include "model/HelpContext.h"
 #include "ui/Prompter.h"
+#include "ui/WindowPlace.h"
 
 namespace editor {
 
@@ -27,6 +28,7 @@ frmEditBody::frmEditBody(ui::Window& owner, model::Project& project, ui::Setting
     : Window(Kind::main, windowName, &owner), project_(project), settings_(settings),
       memory_(memory), programFolder_(std::move(programFolder)) {
     setCaption("Edit Body");
+    setHelpContext(model::editorHelp);
     arrange();
     restoreSettings();
     showTopic();
@@ -93,7 +95,7 @@ void frmEditBody::Resize() {
 }
 
 void frmEditBody::restoreSettings() {
-    restorePlace(*this, settings_, section, minimumWidth, minimumHeight);
+    ui::restorePlace(*this, settings_, section, minimumWidth, minimumHeight);
     const auto stored = [this](const char* key, std::initializer_list<const char*> known,
                                const char* fallback) {
         const Text value = settings_.get(section, key, fallback);
@@ -110,7 +112,7 @@ void frmEditBody::storeSettings() {
     settings_.set(section, "Heading", tbTools.dropDownKey(headingButton));
     settings_.set(section, "Table", tbTools.dropDownKey(tableButton));
     settings_.setNumber(section, "Table Size", tableSize_);
-    storePlace(*this, settings_, section);
+    ui::storePlace(*this, settings_, section);
 }
 
 bool frmEditBody::mayClose() {

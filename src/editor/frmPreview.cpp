@@ -1,7 +1,8 @@
 #include "editor/frmPreview.h"
 
-#include "editor/WindowPlace.h"
+#include "model/HelpContext.h"
 #include "ui/Prompter.h"
+#include "ui/WindowPlace.h"
 
 namespace editor {
 
@@ -16,8 +17,9 @@ constexpr int minimumHeight = 3000;
 frmPreview::frmPreview(ui::Window& owner, ui::Settings& settings)
     : Window(Kind::main, windowName, &owner), settings_(settings) {
     setCaption("Preview Help Topic");
+    setHelpContext(model::previewHelp);
     setMinimumSize(minimumWidth, minimumHeight);
-    restorePlace(*this, settings_, section, minimumWidth, minimumHeight);
+    ui::restorePlace(*this, settings_, section, minimumWidth, minimumHeight);
     brwPreview.setAccessibleName("Preview");
     UI_ON(brwPreview, Refused);
 }
@@ -41,7 +43,7 @@ void frmPreview::Resize() {
 }
 
 bool frmPreview::mayClose() {
-    storePlace(*this, settings_, section);
+    ui::storePlace(*this, settings_, section);
     return true;
 }
 

@@ -23,8 +23,6 @@ using model::Topic;
 
 namespace {
 
-constexpr const char* imageFolderName = "images";
-
 /// One run, step by step. The steps are called in the order in which they stand here.
 class GenerationRun {
 public:
@@ -62,19 +60,8 @@ public:
     }
 
     void copyPictures() {
-        copyPicture("Image.jpg");
-        const model::ProjectOptions& options = project_.options();
-        if (options.navigationType != model::NavigationType::graphicButtons) {
-            return;
-        }
-        if (options.navigationButtons[model::linkToFirst]) {
-            copyPicture("Home Button.jpg");
-        }
-        if (options.navigationButtons[model::linkToPrevious]) {
-            copyPicture("Prev Button.jpg");
-        }
-        if (options.navigationButtons[model::linkToNext]) {
-            copyPicture("Next Button.jpg");
+        for (const char* name : copiedPictures(project_.options())) {
+            copyPicture(name);
         }
     }
 
@@ -165,6 +152,22 @@ private:
 };
 
 } // namespace
+
+std::vector<const char*> copiedPictures(const model::ProjectOptions& options) {
+    std::vector<const char*> names = {"Image.jpg"};
+    if (options.navigationType == model::NavigationType::graphicButtons) {
+        constexpr std::pair<model::NavigationSwitch, const char*> buttons[] = {
+            {model::linkToFirst, "Home Button.jpg"},
+            {model::linkToPrevious, "Prev Button.jpg"},
+            {model::linkToNext, "Next Button.jpg"}};
+        for (const auto& [link, name] : buttons) {
+            if (options.navigationButtons[link]) {
+                names.push_back(name);
+            }
+        }
+    }
+    return names;
+}
 
 std::optional<model::Message> nothingToGenerate(const Project& project, Text title) {
     if (!project.outline().empty()) {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "generate/GenerationReport.h"
 #include "model/Message.h"
@@ -25,6 +26,12 @@ struct GenerationRequest {
     /// written. May be empty.
     std::function<void(const model::Text&)> showReport;
 };
+
+/// Holds the pictures of the pages, beside the workshop project.
+inline constexpr const char* imageFolderName = "images";
+
+/// The program's own pictures that a run puts there.
+std::vector<const char*> copiedPictures(const model::ProjectOptions& options);
 
 /// The message instead of a run for a project without topics; nothing for any other. `title` names
 /// the command.

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <unordered_map>
 
-#include "import/FileFinder.h"
 #include "import/VbForm.h"
 #include "import/VbProjectFile.h"
 #include "model/CodePage.h"
+#include "model/FileFinder.h"
 #include "model/Helper.h"
 #include "model/TextLines.h"
 #include "platform/Files.h"
@@ -58,7 +58,7 @@ Topic topicOf(VbForm form) {
 }
 
 /// `path` is as it stands in the project file.
-void importForm(Project& project, TextView path, FileFinder& finder, ImportOutcome& outcome) {
+void importForm(Project& project, TextView path, model::FileFinder& finder, ImportOutcome& outcome) {
     if (project.outline().full()) {
         ++outcome.leftOut;
         return;
@@ -153,7 +153,7 @@ ImportOutcome importVbProject(Project& project, const fs::path& projectFile) {
         project.setOptions(std::move(options));
         outcome.projectChanged = true;
     }
-    FileFinder finder(platform::fullPath(projectFile).parent_path());
+    model::FileFinder finder(platform::fullPath(projectFile).parent_path());
     for (const Text& form : file.forms) {
         importForm(project, form, finder, outcome);
     }

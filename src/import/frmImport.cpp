@@ -1,6 +1,8 @@
 #include "import/frmImport.h"
 
+#include "model/HelpContext.h"
 #include "ui/Prompter.h"
+#include "ui/ShowHelp.h"
 #include "ui/WaitCursor.h"
 
 namespace importer {
@@ -31,7 +33,7 @@ frmImport::frmImport(ui::Window& owner, model::Project& project, std::filesystem
       lvTopics(*this, {{"Topic Title", 5000}}, rows_) {
     setCaption("Import from HTML Topicsmith File");
     lvTopics.setAccessibleName("Help Topics to Import");
-    cmdHelp.setEnabled(false); // there is no manual to open yet
+    setHelpContext(model::topicImportHelp);
     cmdOK.setDefault();
     auto ticks = ui::Layout::row();
     ticks.withoutMargins().add(cmdAll).add(cmdNone).addStretch();
@@ -46,6 +48,7 @@ frmImport::frmImport(ui::Window& owner, model::Project& project, std::filesystem
     UI_ON(cmdNone, Click);
     UI_ON(cmdOK, Click);
     UI_ON(cmdCancel, Click);
+    UI_ON(cmdHelp, Click);
     lvTopics.setFocus();
 }
 
@@ -74,6 +77,10 @@ void frmImport::checkAll(bool checked) {
         rows_.setChecked(row, checked);
         lvTopics.rowChanged(row);
     }
+}
+
+void frmImport::cmdHelp_Click() {
+    ui::showHelp(helpContext());
 }
 
 void frmImport::cmdOK_Click() {

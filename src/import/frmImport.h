@@ -60,6 +60,7 @@ public:
     void cmdNone_Click() { checkAll(false); }
     void cmdOK_Click();
     void cmdCancel_Click() { close(); }
+    void cmdHelp_Click();
 
 private:
     void checkAll(bool checked);

@@ -41,32 +41,6 @@ std::size_t sequenceLength(unsigned char lead) {
 
 constexpr char32_t damaged = 0xFFFD; // in no code page
 
-/// Takes one character off the front; a damaged sequence loses one byte.
-char32_t takeCharacter(std::string_view& utf8) {
-    const auto lead = static_cast<unsigned char>(utf8.front());
-    const std::size_t length = sequenceLength(lead);
-    if (length == 1) {
-        utf8.remove_prefix(1);
-        return lead;
-    }
-    if (length == 0 || utf8.size() < length) {
-        utf8.remove_prefix(1);
-        return damaged;
-    }
-    char32_t character = lead & (0xFFU >> (length + 1));
-    for (std::size_t i = 1; i < length; ++i) {
-        const auto byte = static_cast<unsigned char>(utf8[i]);
-        if ((byte & 0xC0) != 0x80) {
-            utf8.remove_prefix(1);
-            return damaged;
-        }
-        character = character << 6 | (byte & 0x3FU);
-    }
-    utf8.remove_prefix(length);
-    const bool overlong = length == 3 && character < 0x800;
-    return overlong ? damaged : character;
-}
-
 bool isHighSurrogate(char32_t unit) {
     return unit >= 0xD800 && unit <= 0xDBFF;
 }
@@ -102,6 +76,31 @@ void appendUtf8(std::string& utf8, char32_t character) {
     }
 }
 
+char32_t takeUtf8(std::string_view& utf8) {
+    const auto lead = static_cast<unsigned char>(utf8.front());
+    const std::size_t length = sequenceLength(lead);
+    if (length == 1) {
+        utf8.remove_prefix(1);
+        return lead;
+    }
+    if (length == 0 || utf8.size() < length) {
+        utf8.remove_prefix(1);
+        return damaged;
+    }
+    char32_t character = lead & (0xFFU >> (length + 1));
+    for (std::size_t i = 1; i < length; ++i) {
+        const auto byte = static_cast<unsigned char>(utf8[i]);
+        if ((byte & 0xC0) != 0x80) {
+            utf8.remove_prefix(1);
+            return damaged;
+        }
+        character = character << 6 | (byte & 0x3FU);
+    }
+    utf8.remove_prefix(length);
+    const bool overlong = length == 3 && character < 0x800;
+    return overlong ? damaged : character;
+}
+
 std::string toUtf8(TextView text) {
     std::string utf8;
     utf8.reserve(text.size() + text.size() / 8);
@@ -115,7 +114,7 @@ Text fromUtf8(std::string_view utf8) {
     Text text;
     text.reserve(utf8.size());
     while (!utf8.empty()) {
-        text += byteOf(takeCharacter(utf8));
+        text += byteOf(takeUtf8(utf8));
     }
     return text;
 }
@@ -124,7 +123,7 @@ Text htmlFromUtf8(std::string_view utf8) {
     Text html;
     html.reserve(utf8.size());
     while (!utf8.empty()) {
-        const char32_t character = takeCharacter(utf8);
+        const char32_t character = takeUtf8(utf8);
         const char byte = byteOf(character);
         if (byte == '?' && character != U'?') {
             append(html, "&#", std::to_string(static_cast<std::uint32_t>(character)), ";");

@@ -16,6 +16,10 @@ std::string toUtf8(TextView text);
 char32_t unicodeOf(char character);
 void appendUtf8(std::string& utf8, char32_t character);
 
+/// Takes one character off the front of UTF-8 that is not empty. A damaged one loses a byte and
+/// counts as U+FFFD.
+char32_t takeUtf8(std::string_view& utf8);
+
 /// Characters that the code page lacks, and bytes that are not UTF-8, become question marks.
 Text fromUtf8(std::string_view utf8);
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "model/CharacterReferences.h"
 #include "model/CodePage.h"
-#include "tools/CharacterReferences.h"
 
 namespace tools {
 
@@ -39,14 +39,6 @@ bool isOfWord(char32_t code) {
     return isLetter(code) || isDigit(code) || isApostrophe(code) || code == softHyphen;
 }
 
-/// Tags that stand within a word without ending it.
-bool isInline(TextView name) {
-    constexpr std::array<TextView, 14> names = {"a",    "abbr",   "acronym", "b", "big",
-                                                "em",   "font",   "i",       "s", "small",
-                                                "span", "strong", "sub",     "u"};
-    return name == "sup" || std::find(names.begin(), names.end(), name) != names.end();
-}
-
 /// Elements whose contents are no prose.
 bool holdsCode(TextView name) {
     constexpr std::array<TextView, 7> names = {"code",   "kbd",   "pre", "samp",
@@ -57,7 +49,8 @@ bool holdsCode(TextView name) {
 } // namespace
 
 WordReader::WordReader(TextView text, std::size_t from)
-    : text_(text), lower_(model::lowerCase(text)), position_(std::min(from, text.size())) {}
+    : text_(text), lower_(model::lowerCase(text)), tagEnds_(text),
+      position_(std::min(from, text.size())) {}
 
 std::optional<SpellingWord> WordReader::next() {
     while (words_.empty()) {
@@ -107,7 +100,7 @@ bool WordReader::skipTag() {
     const std::size_t nameStart = rest.starts_with("</") ? 2 : 1;
     const char first = nameStart < rest.size() ? rest[nameStart] : '\0';
     const bool isTag = (first >= 'a' && first <= 'z') || first == '!' || first == '?';
-    const std::size_t end = isTag ? tagEnd() : Text::npos;
+    const std::size_t end = isTag ? tagEnds_.of(position_) : Text::npos;
     if (end == Text::npos) {
         return false;
     }
@@ -115,48 +108,11 @@ bool WordReader::skipTag() {
         rest.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789!?", nameStart), rest.size());
     const TextView name = rest.substr(nameStart, nameEnd - nameStart);
     position_ = end + 1;
-    behindTag_ = isInline(name);
+    behindTag_ = model::isInlineTag(name);
     if (nameStart == 1 && holdsCode(name)) {
         skipElement(name);
     }
     return true;
-}
-
-/// The ">" of the tag that begins here; one in an attribute's quotes does not count.
-std::size_t WordReader::tagEnd() {
-    if (nextTagEnd_ <= position_) {
-        nextTagEnd_ = std::min(text_.find('>', position_), text_.size());
-    }
-    if (nextTagEnd_ == text_.size()) {
-        return Text::npos;
-    }
-    char before = 0; // the last character that is no blank
-    for (std::size_t i = position_; i < text_.size(); ++i) {
-        const char character = text_[i];
-        if (character == '>') {
-            return i;
-        }
-        if (before == '=' && (character == '"' || character == '\'')) {
-            i = quoteEnd(i);
-        }
-        before = character == ' ' ? before : text_[i];
-    }
-    missingQuotes_ = "\"'"; // quotes are out of step from here on
-    return nextTagEnd_;
-}
-
-/// Where the quote that opens here is closed; here, when it never is.
-std::size_t WordReader::quoteEnd(std::size_t quote) {
-    const char sign = text_[quote];
-    if (missingQuotes_.find(sign) != Text::npos) {
-        return quote;
-    }
-    const std::size_t end = text_.find(sign, quote + 1);
-    if (end == TextView::npos) {
-        missingQuotes_ += sign;
-        return quote;
-    }
-    return end;
 }
 
 /// Without an end it goes on as text: the author has yet to write it.
@@ -174,7 +130,7 @@ void WordReader::skipElement(TextView name) {
 }
 
 WordReader::Letter WordReader::takeLetter() {
-    const CharacterReference reference = characterReferenceAt(text_, position_);
+    const model::CharacterReference reference = model::characterReferenceAt(text_, position_);
     const std::size_t start = position_;
     const std::size_t length = std::max<std::size_t>(reference.length, 1);
     const char32_t code =

@@ -5,7 +5,7 @@
 #include <set>
 #include <string>
 
-#include "model/Text.h"
+#include "model/HtmlReader.h"
 
 namespace tools {
 
@@ -39,8 +39,6 @@ private:
 
     bool takeToken();
     bool skipTag();
-    std::size_t tagEnd();
-    std::size_t quoteEnd(std::size_t quote);
     void skipElement(TextView name);
     Letter takeLetter();
     void collectWords();
@@ -48,15 +46,13 @@ private:
 
     TextView text_;
     Text lower_; ///< for names of tags
+    model::TagEnds tagEnds_;
     std::size_t position_;
     std::deque<Letter> token_; ///< what stands between two blanks
     std::deque<SpellingWord> words_;
     bool behindTag_ = false;
 
-    // What has been looked for in vain is not looked for again: there is none behind here.
-    std::set<Text> missingEndTags_;
-    Text missingQuotes_;
-    std::size_t nextTagEnd_ = 0; ///< the first ">" behind some earlier place
+    std::set<Text> missingEndTags_; ///< not looked for again: there is none behind here
 };
 
 } // namespace tools

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/CodePage.h"
+#include "model/HelpContext.h"
 #include "model/TextLines.h"
 #include "ui/Prompter.h"
 
@@ -44,6 +45,7 @@ dlgSpelling::dlgSpelling(ui::Window& owner, ui::Settings& settings, std::vector<
       personal_(settings.folder() / personalFile), spelling_(*dictionary_, personal_),
       lvSuggestions(*this, {{"", 3000}}, rows_) {
     arrange();
+    setHelpContext(model::spellingHelp);
     for (const std::string& known : Dictionary::languages(folders_)) {
         icboLanguage.add(known, known, "");
     }

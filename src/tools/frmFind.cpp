@@ -1,6 +1,8 @@
 #include "tools/frmFind.h"
 
+#include "model/HelpContext.h"
 #include "ui/Prompter.h"
+#include "ui/ShowHelp.h"
 
 namespace tools {
 
@@ -34,11 +36,12 @@ frmFind::frmFind(ui::Window& owner, FindHost& host, Text& lastFindText)
     setLayout(std::move(content));
     setSize(7200, 2250);
     optInvSearch[0].select();
-    cmdHelp.setEnabled(false); // there is no manual to open yet
+    setHelpContext(model::findHelp);
     cmdFindNext.setDefault();
     UI_ON(txtFind, Change);
     UI_ON(cmdFindNext, Click);
     UI_ON(cmdCancel, Click);
+    UI_ON(cmdHelp, Click);
     txtFind.setText(lastFindText_);
     cmdFindNext.setEnabled(!lastFindText_.empty());
     txtFind.select(0, lastFindText_.size());
@@ -55,6 +58,10 @@ void frmFind::txtFind_Change() {
     lastFindText_ = txtFind.text();
     cmdFindNext.setEnabled(!lastFindText_.empty());
     finder_.restart();
+}
+
+void frmFind::cmdHelp_Click() {
+    ui::showHelp(helpContext());
 }
 
 void frmFind::cmdFindNext_Click() {

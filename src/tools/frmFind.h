@@ -40,6 +40,7 @@ public:
     void txtFind_Change();
     void cmdFindNext_Click();
     void cmdCancel_Click() { close(); }
+    void cmdHelp_Click();
 
 private:
     Finder finder_;

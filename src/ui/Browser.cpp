@@ -9,19 +9,15 @@
 
 namespace ui {
 
-namespace {
-
-/// Null when the library is not there.
-MakeBrowser loadBrowser() {
+QFunctionPointer browserFunction(const char* name) {
     const QString library = QCoreApplication::applicationDirPath() + "/topicsmith-browser";
-    return reinterpret_cast<MakeBrowser>(QLibrary::resolve(library, makeBrowserName));
+    return QLibrary::resolve(library, name);
 }
-
-} // namespace
 
 struct Browser::Native : NativeWidget {
     Native(QWidget* parent, Browser& owner) : NativeWidget(nullptr) {
-        if (const MakeBrowser makeBrowser = loadBrowser()) {
+        if (const auto makeBrowser =
+                reinterpret_cast<MakeBrowser>(browserFunction(makeBrowserName))) {
             view.reset(makeBrowser(parent, [&owner] { owner.Refused.raise(); }));
             widget = view->widget();
         } else {

@@ -5,32 +5,26 @@
 #include <QHeaderView>
 #include <QMimeData>
 #include <QPainter>
-#include <QStyledItemDelegate>
 #include <QTreeView>
 
 #include "ui/Twips.h"
 #include "ui/qt/ListModel.h"
 #include "ui/qt/MenuNative.h"
 #include "ui/qt/Native.h"
+#include "ui/qt/RoomyDelegate.h"
 
 namespace ui {
 
 namespace {
 
 /// Draws indented cells: the room of a picture that is not there moves the text in.
-class IndentingDelegate : public QStyledItemDelegate {
+class IndentingDelegate : public RoomyDelegate {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        constexpr int roomBetweenRows = 7; // the same for all rows, however deep
-        return {QStyledItemDelegate::sizeHint(option, index).width(),
-                option.fontMetrics.height() + roomBetweenRows};
-    }
+    using RoomyDelegate::RoomyDelegate;
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-        QStyledItemDelegate::initStyleOption(option, index);
+        RoomyDelegate::initStyleOption(option, index);
         if (const int indent = index.data(ListModel::indentRole).toInt(); indent >= 0) {
             option->features |= QStyleOptionViewItem::HasDecoration;
             option->decorationSize = QSize(std::max(indent, 1), 1);

@@ -3,8 +3,10 @@
 #include <exception>
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QUrl>
 
 #include "ui/Event.h"
 #include "ui/Window.h"
@@ -103,6 +105,10 @@ std::optional<std::filesystem::path> Prompter::chooseFile(Window* window,
 
 void Prompter::beep() {
     QApplication::beep();
+}
+
+void Prompter::openAddress(const std::string& address) {
+    QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
 }
 
 void Prompter::tell(Window* window, const model::Message& message) {

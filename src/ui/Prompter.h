@@ -57,6 +57,9 @@ public:
                                                             const FileQuestion& question);
     virtual void beep();
 
+    /// Shows a web page, or begins a letter, in the program that the person uses for that.
+    virtual void openAddress(const std::string& address);
+
     void tell(Window* window, const model::Message& message);
 
     static Prompter& current();

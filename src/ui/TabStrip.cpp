@@ -1,12 +1,16 @@
 #include "ui/TabStrip.h"
 
+#include <QSignalBlocker>
 #include <QTabWidget>
 
 #include "ui/qt/Native.h"
 
 namespace ui {
 
-TabStrip::TabStrip(Container& container) : Control(makeNative<QTabWidget>(container)) {}
+TabStrip::TabStrip(Container& container) : Control(makeNative<QTabWidget>(container)) {
+    auto& tabs = widgetOf<QTabWidget>(*this);
+    QObject::connect(&tabs, &QTabWidget::currentChanged, &tabs, [this] { Click.raise(); });
+}
 
 void TabStrip::add(TextView caption, TextView toolTip, Panel& page) {
     auto& tabs = widgetOf<QTabWidget>(*this);
@@ -23,7 +27,9 @@ int TabStrip::selected() const {
 }
 
 void TabStrip::select(int page) {
-    widgetOf<QTabWidget>(*this).setCurrentIndex(page);
+    auto& tabs = widgetOf<QTabWidget>(*this);
+    const QSignalBlocker silence(tabs);
+    tabs.setCurrentIndex(page);
 }
 
 } // namespace ui

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/Event.h"
 #include "ui/Panel.h"
 
 namespace ui {
@@ -15,6 +16,8 @@ public:
     int count() const;
     int selected() const;
     void select(int page);
+
+    Event<> Click; ///< another page was chosen
 };
 
 } // namespace ui

@@ -74,6 +74,10 @@ void TextBox::paste() {
     box().enter(QGuiApplication::clipboard()->text());
 }
 
+std::string TextBox::unicodeText() const {
+    return box().unicodeText();
+}
+
 Text TextBox::countedText() const {
     return box().countedText();
 }
@@ -107,7 +111,7 @@ QString TextBox::Native::admit(const QString& entered) const {
     QString admitted;
     if (foreign == ForeignCharacters::asReferences) {
         admitted = references;
-    } else if (references == entered) {
+    } else if (references == entered || foreign == ForeignCharacters::kept) {
         admitted = entered;
     } else {
         for (const char32_t character : entered.toUcs4()) {

@@ -15,7 +15,8 @@ struct Selection {
 /// What becomes of typed or pasted characters that the code page lacks.
 enum class ForeignCharacters {
     asReferences, ///< "&#937;": nothing is lost in HTML
-    refused       ///< with a beep, where a reference would make no sense
+    refused,      ///< with a beep, where a reference would make no sense
+    kept          ///< in boxes of one line for what is only looked for, see unicodeText()
 };
 
 /// A box for one line or for many. A text that nobody has edited comes back as it was set, byte by
@@ -27,6 +28,7 @@ public:
     explicit TextBox(Container& container, Lines lines = Lines::one);
 
     Text text() const;
+    std::string unicodeText() const; ///< in UTF-8
 
     /// Forgets what could be undone.
     void setText(TextView text);

@@ -11,6 +11,7 @@
 #include <QScreen>
 #include <QTimer>
 
+#include "ui/ShowHelp.h"
 #include "ui/Twips.h"
 #include "ui/qt/MenuNative.h"
 #include "ui/qt/Native.h"
@@ -59,6 +60,14 @@ protected:
             guarded([this] { owner_.Resize(); });
         }
         return handled;
+    }
+
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_F1 && owner_.helpContext() != 0) {
+            guarded([this] { showHelp(owner_.helpContext()); });
+        } else {
+            Base::keyPressEvent(event);
+        }
     }
 
     void dragEnterEvent(QDragEnterEvent* event) override { takeFiles(event, false); }
@@ -121,6 +130,7 @@ struct Window::Native : NativeWidget {
     std::unique_ptr<NativeWidget> inside; ///< where the controls are placed
     Text name;
     QMetaObject::Connection focusWatch;
+    int helpContext = 0;
     QPointer<QWidget> focused; ///< the last one but for the menu bar, which takes it for a while
 };
 
@@ -174,8 +184,20 @@ void Window::setCaption(TextView caption) {
     native_->widget->setWindowTitle(toQt(caption) + QStringLiteral("[*]"));
 }
 
+void Window::setUnicodeCaption(const std::string& utf8) {
+    native_->widget->setWindowTitle(QString::fromStdString(utf8) + QStringLiteral("[*]"));
+}
+
 Text Window::caption() const {
     return fromQt(native_->widget->windowTitle().chopped(3));
+}
+
+void Window::setHelpContext(int context) {
+    native_->helpContext = context;
+}
+
+int Window::helpContext() const {
+    return native_->helpContext;
 }
 
 void Window::setChanged(bool changed) {
@@ -188,6 +210,10 @@ void Window::show() {
 
 void Window::run() {
     if (auto* dialog = qobject_cast<QDialog*>(native_->widget.data())) {
+        if (dialog->parentWidget() != nullptr) {
+            // Windows that are nobody's, like the help, can be used while this one waits.
+            dialog->setWindowModality(Qt::WindowModal);
+        }
         dialog->exec();
     }
 }

@@ -27,13 +27,19 @@ public:
     NativeWidget& native() const;
 
     void setCaption(TextView caption);
+    void setUnicodeCaption(const std::string& utf8);
     Text caption() const;
+
+    /// The page of the program's own help that F1 shows here, see ShowHelp.h. 0 for none.
+    void setHelpContext(int context);
+    int helpContext() const;
 
     /// Shows the changed mark beside the caption, where the platform has one.
     void setChanged(bool changed);
 
     void show();
-    void run(); ///< shows it above all others until it is closed
+    /// Shows it above its owner, and whatever else is the owner's, until it is closed.
+    void run();
     void activate();
 
     /// Closes as if by the person; false when mayClose() prevented it.
@@ -42,7 +48,7 @@ public:
 
     static bool isOpen(TextView name);
 
-    /// The one that is shown above all others until it is closed; null for none.
+    /// The one that is shown by run() at present; null for none.
     static Window* modal();
     static void closeAllBut(const Window& window);
 

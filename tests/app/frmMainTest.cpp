@@ -30,7 +30,7 @@ TEST_F(frmMain, StartsEmptyWithTheDescribedMenus) {
               "(C&ut\tCtrl+X)\n(&Copy\tCtrl+C)\n(&Paste\tCtrl+V)\nFind...\tCtrl+F\n-\n"
               "&Add New Topic\tIns\n(&Delete Topic\tDel)\n-\n(Promote Topic\tAlt+Right)\n"
               "(Demote Topic\tAlt+Left)\n(Move Topic Up\tAlt+Up)\n(Move Topic Down\tAlt+Down)");
-    EXPECT_EQ(menuText(*window, {"Help"}), "(&Contents...\tF1)\n(Help &Index...)\n-\n&About...");
+    EXPECT_EQ(menuText(*window, {"Help"}), "&Contents...\tF1\nHelp &Index...\n-\n&About...");
     EXPECT_EQ(unnamedControls(*window), "");
     EXPECT_EQ(doubledMnemonics(*window), "");
 }

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "import/FileFinder.h"
+#include "model/FileFinder.h"
 #include "import/VbForm.h"
 #include "import/VbProjectFile.h"
 #include "support/TestFiles.h"
@@ -105,7 +105,7 @@ TEST(FileFinder, KnowsBackslashesLetterCaseAndClimbing) {
     test::writeBytes(file, "x");
     const fs::path unconverted = folder / "app" / "frm\xDC.frm";
     test::writeBytes(unconverted, "x");
-    FileFinder finder(folder / "app");
+    model::FileFinder finder(folder / "app");
     EXPECT_EQ(finder.find("My Forms\\FRM \xDC"
                           "bersicht.Frm"),
               file);

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
+#include <QFunctionPointer>
 #include <QUrl>
 #include <QWidget>
 
@@ -18,8 +20,37 @@ public:
     virtual void navigate(const QUrl& file) = 0;
 };
 
-/// The library's one function, called by its name.
+/// What a browser of packed pages needs of whoever has unpacked them. Nothing is empty.
+struct PageHost {
+    std::function<std::optional<QByteArray>(const QString& path)> read;
+    std::function<void()> moved;                         ///< another page is shown
+    std::function<void(const QString& address)> outside; ///< a link leads elsewhere
+};
+
+/// Shows pages that are no files of their own; links from one to another work.
+class PageBrowserView {
+public:
+    virtual ~PageBrowserView() = default; ///< deletes the widget, if it is still there
+    virtual QWidget* widget() = 0;
+
+    /// Other pages than before come from the host now, in this encoding where they name none.
+    virtual void reset(const QString& encoding) = 0;
+
+    virtual void show(const QString& path, const QString& anchor) = 0;
+    virtual QUrl shown() const = 0; ///< path and anchor count
+    virtual bool canGo(bool back) const = 0;
+    virtual void go(bool back) = 0;
+    virtual void mark(const QString& text) = 0;
+    virtual void print() = 0;
+};
+
+/// The library's functions, called by their names.
 inline constexpr const char* makeBrowserName = "topicsmithMakeBrowser";
 using MakeBrowser = BrowserView* (*)(QWidget* parent, const std::function<void()>& refused);
+inline constexpr const char* makePageBrowserName = "topicsmithMakePageBrowser";
+using MakePageBrowser = PageBrowserView* (*)(QWidget* parent, const PageHost& host);
+
+/// The function of that name; null when the library is not there.
+QFunctionPointer browserFunction(const char* name);
 
 } // namespace ui

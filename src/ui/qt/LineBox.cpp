@@ -85,6 +85,8 @@ struct LineBox : TextBox::Native {
 
     Text text() const override { return edited_ ? fromQt(line_.text()) : original_; }
 
+    std::string unicodeText() const override { return line_.text().toStdString(); }
+
     void setText(TextView text) override {
         original_ = text;
         edited_ = false;

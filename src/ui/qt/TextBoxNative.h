@@ -13,6 +13,7 @@ struct TextBox::Native : NativeWidget {
     Native(QWidget* shown, TextBox& box) : NativeWidget(shown), owner(box) {}
 
     virtual Text text() const = 0;
+    virtual std::string unicodeText() const { return toQt(text()).toStdString(); }
     virtual void setText(TextView text) = 0;
     virtual Selection selection() const = 0;
     virtual Text selectedText() const = 0;

@@ -7,6 +7,7 @@
 #include <QWebEngineView>
 
 #include "ui/qt/BrowserView.h"
+#include "ui/qt/PageScheme.h"
 
 // The library that is loaded for the browser. It uses nothing of ui but the interface.
 namespace ui {
@@ -111,5 +112,6 @@ private:
 
 extern "C" Q_DECL_EXPORT ui::BrowserView*
 topicsmithMakeBrowser(QWidget* parent, const std::function<void()>& refused) {
+    ui::registerPageScheme();
     return new ui::WebBrowser(parent, refused);
 }

@@ -1,4 +1,4 @@
-#include "ui/windows/HtmlHelp.h"
+#include "ui/HtmlHelp.h"
 
 #include <windows.h>
 
@@ -29,7 +29,7 @@ bool show(const std::filesystem::path& helpFile, UINT command, DWORD_PTR data) {
 
 } // namespace
 
-bool showHelpContext(const std::filesystem::path& helpFile, unsigned long context) {
+bool showHelpContext(const std::filesystem::path& helpFile, unsigned context) {
     return show(helpFile, displayContext, context);
 }
 

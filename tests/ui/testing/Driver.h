@@ -143,6 +143,8 @@ public:
     std::optional<std::filesystem::path> chooseFile(Window* window,
                                                     const FileQuestion& question) override;
     void beep() override { ++beeps_; }
+    void openAddress(const std::string& address) override { addresses_.push_back(address); }
+    const std::vector<std::string>& addresses() const { return addresses_; }
 
 private:
     struct Step {
@@ -153,6 +155,7 @@ private:
     };
     std::deque<Step> steps_;
     int beeps_ = 0;
+    std::vector<std::string> addresses_;
 };
 
 } // namespace ui::testing

@@ -1,13 +1,10 @@
-#include "editor/WindowPlace.h"
+#include "ui/WindowPlace.h"
 
 #include <algorithm>
 
-namespace editor {
+namespace ui {
 
-using ui::Window;
-using ui::WindowState;
-
-void restorePlace(Window& window, const ui::Settings& settings, const char* section, int width,
+void restorePlace(Window& window, const Settings& settings, const char* section, int width,
                   int height) {
     width = settings.number(section, "Width", width);
     height = settings.number(section, "Height", height);
@@ -23,7 +20,7 @@ void restorePlace(Window& window, const ui::Settings& settings, const char* sect
     }
 }
 
-void storePlace(const Window& window, ui::Settings& settings, const char* section) {
+void storePlace(const Window& window, Settings& settings, const char* section) {
     if (window.state() == WindowState::minimised) {
         return;
     }
@@ -36,4 +33,4 @@ void storePlace(const Window& window, ui::Settings& settings, const char* sectio
     }
 }
 
-} // namespace editor
+} // namespace ui

@@ -1,18 +1,17 @@
-#include "import/FileFinder.h"
+#include "model/FileFinder.h"
 
 #include "model/CodePage.h"
 
-namespace importer {
+namespace model {
 
 namespace fs = std::filesystem;
-using model::TextView;
 
 namespace {
 
 /// Of names that differ in letter case alone, the first by the alphabet counts.
 template <typename Names>
 void addName(Names& names, TextView shown, const fs::path& name) {
-    const auto [place, isNew] = names.emplace(model::lowerCase(shown), name);
+    const auto [place, isNew] = names.emplace(lowerCase(shown), name);
     if (!isNew && name < place->second) {
         place->second = name;
     }
@@ -21,7 +20,7 @@ void addName(Names& names, TextView shown, const fs::path& name) {
 } // namespace
 
 fs::path FileFinder::find(TextView path) {
-    fs::path native = model::nativePath(path);
+    fs::path native = nativePath(path);
     constexpr std::size_t longestPath = 4096;
     if (path.size() > longestPath) {
         return native; // no file has it
@@ -47,7 +46,7 @@ std::optional<fs::path> FileFinder::entryOf(const fs::path& folder, const fs::pa
         return name;
     }
     const Names& entries = names(folder);
-    const auto match = entries.find(model::lowerCase(model::displayText(name)));
+    const auto match = entries.find(lowerCase(displayText(name)));
     return match == entries.end() ? std::nullopt : std::optional(match->second);
 }
 
@@ -57,7 +56,7 @@ const FileFinder::Names& FileFinder::names(const fs::path& folder) {
         std::error_code ignored; // a folder that cannot be listed has nothing to offer
         for (fs::directory_iterator i(folder, ignored), end; i != end; i.increment(ignored)) {
             const fs::path name = i->path().filename();
-            addName(place->second, model::displayText(name), name);
+            addName(place->second, displayText(name), name);
             // A name whose letters were never converted, as some archives leave it behind.
             addName(place->second, name.string(), name);
         }
@@ -65,4 +64,4 @@ const FileFinder::Names& FileFinder::names(const fs::path& folder) {
     return place->second;
 }
 
-} // namespace importer
+} // namespace model

@@ -2,7 +2,7 @@
 
 #include "model/Text.h"
 
-namespace tools {
+namespace model {
 
 /// Stands for what a reference means when that is not known.
 inline constexpr char32_t unknownCharacter = 0xFFFC;
@@ -13,6 +13,6 @@ struct CharacterReference {
 };
 
 /// The reference at an offset of HTML: "&eacute;", "&#233;" or "&#xE9;". It needs its semicolon.
-CharacterReference characterReferenceAt(model::TextView text, std::size_t offset);
+CharacterReference characterReferenceAt(TextView text, std::size_t offset);
 
-} // namespace tools
+} // namespace model

@@ -1,4 +1,4 @@
-#include "tools/CharacterReferences.h"
+#include "model/CharacterReferences.h"
 
 #include <algorithm>
 #include <array>
@@ -7,9 +7,7 @@
 
 #include "model/CodePage.h"
 
-namespace tools {
-
-using model::TextView;
+namespace model {
 
 namespace {
 
@@ -62,12 +60,13 @@ char32_t numberedCharacter(TextView digits) {
     const char* end = digits.data() + digits.size();
     const auto [rest, error] = std::from_chars(digits.data(), end, number, isHexadecimal ? 16 : 10);
     constexpr std::uint32_t last = 0x10FFFF;
-    if (error != std::errc() || rest != end || number > last) {
+    const bool isHalf = number >= 0xD800 && number <= 0xDFFF;
+    if (error != std::errc() || rest != end || number > last || isHalf) {
         return unknownCharacter;
     }
     // Browsers take these for the code page's characters, too.
     const bool isOfCodePage = number >= 0x80 && number <= 0x9F;
-    return isOfCodePage ? model::unicodeOf(static_cast<char>(number)) : number;
+    return isOfCodePage ? unicodeOf(static_cast<char>(number)) : number;
 }
 
 } // namespace
@@ -91,4 +90,4 @@ CharacterReference characterReferenceAt(TextView text, std::size_t offset) {
             name.front() == '#' ? numberedCharacter(name.substr(1)) : namedCharacter(name)};
 }
 
-} // namespace tools
+} // namespace model

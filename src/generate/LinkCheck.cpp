@@ -1,0 +1,252 @@
+#include "generate/LinkCheck.h"
+
+#include <algorithm>
+#include <charconv>
+#include <map>
+#include <set>
+
+#include "generate/GenerationRun.h"
+#include "generate/PageLines.h"
+#include "generate/PageNavigation.h"
+#include "model/CodePage.h"
+#include "model/FileFinder.h"
+#include "model/HtmlReader.h"
+#include "model/PagePath.h"
+#include "platform/Files.h"
+
+namespace generate {
+
+namespace fs = std::filesystem;
+using model::Text;
+using model::TextView;
+using model::Topic;
+
+namespace {
+
+/// Where addresses stand in mark-up.
+struct AddressPlace {
+    const char* tag;
+    const char* attribute;
+    FindingKind kind;
+};
+
+constexpr AddressPlace addressPlaces[] = {
+    {"a", "href", FindingKind::link},
+    {"area", "href", FindingKind::link},
+    {"link", "href", FindingKind::link},
+    {"frame", "src", FindingKind::link},
+    {"iframe", "src", FindingKind::link},
+    {"script", "src", FindingKind::link},
+    {"img", "src", FindingKind::picture},
+    {"input", "src", FindingKind::picture},
+    {"body", "background", FindingKind::picture},
+    {"table", "background", FindingKind::picture},
+    {"td", "background", FindingKind::picture},
+    {"th", "background", FindingKind::picture},
+};
+
+/// The protocol of an address, with one letter for a drive; empty for a relative one.
+TextView protocolOf(TextView address) {
+    const std::size_t end = address.find(':');
+    const bool isProtocol = end != TextView::npos && address.find_first_of("/\\#?") > end;
+    return isProtocol ? address.substr(0, end) : TextView();
+}
+
+/// With the characters of "%20" and the like in their places.
+Text unescaped(TextView address) {
+    Text result;
+    for (std::size_t i = 0; i < address.size(); ++i) {
+        unsigned code = 0;
+        const char* digits = address.data() + i + 1;
+        if (address[i] == '%' && i + 2 < address.size()
+            && std::from_chars(digits, digits + 2, code, 16).ptr == digits + 2) {
+            result += static_cast<char>(code);
+            i += 2;
+        } else {
+            result += address[i];
+        }
+    }
+    return result;
+}
+
+class LinkChecker {
+public:
+    LinkChecker(const model::TopicOutline& outline, const fs::path& folder,
+                std::vector<const char*> copied, std::vector<Finding>& findings)
+        : outline_(outline), files_(folder / model::pageFolderName), copied_(std::move(copied)),
+          findings_(findings), reached_(static_cast<std::size_t>(outline.count()) + 1) {
+        for (int position = 1; position <= outline.count(); ++position) {
+            pages_.emplace(keyOf(outline.at(position).fileName), position);
+        }
+    }
+
+    /// Looks at all addresses in HTML that stands on the page of a topic; 0 for what stands on all
+    /// pages.
+    void checkHtml(int position, TextView html) {
+        model::HtmlReader reader(html);
+        while (reader.next()) {
+            if (const auto anchor = reader.attribute(reader.opens("a") ? "name" : "id")) {
+                anchors_.emplace(position, model::lowerCase(*anchor));
+            }
+            for (const AddressPlace& place : addressPlaces) {
+                if (!reader.opens(place.tag)) {
+                    continue;
+                }
+                if (const auto address = reader.attribute(place.attribute)) {
+                    checkAddress(position, plainAddress(*address), place.kind);
+                }
+            }
+        }
+    }
+
+    void checkAddress(int position, const Text& address, FindingKind kind) {
+        if (!seen_.insert({position, address}).second) {
+            return;
+        }
+        const TextView protocol = protocolOf(address);
+        if (protocol.size() > 1 && !model::equalIgnoringCase(protocol, "file")) {
+            return;
+        }
+        if (!protocol.empty() || address.starts_with('/') || address.starts_with('\\')) {
+            add(position, kind, address, "exists on this computer only");
+            return;
+        }
+        const std::size_t end = std::min(address.find_first_of("#?"), address.size());
+        const Text path = address.substr(0, end);
+        const int page = path.empty() && end < address.size() ? position : pageOf(path);
+        if (page > 0) {
+            if (page != position) {
+                reached_[static_cast<std::size_t>(page)] = true;
+            }
+            noteAnchor(position, page, address);
+        } else if (page < 0 && !isThere(path)) {
+            add(position, kind, address,
+                isOldPage(path) ? "leads to the page of a topic that is gone" : "does not exist");
+        }
+    }
+
+    /// To be called when all pages have been looked at.
+    void finish() {
+        for (const AnchorLink& link : anchorLinks_) {
+            if (!anchors_.contains({link.page, link.anchor})) {
+                add(link.position, FindingKind::link, link.address,
+                    "leads to a place that its page does not have");
+            }
+        }
+        for (int position = 2; position <= outline_.count(); ++position) {
+            if (!reached_[static_cast<std::size_t>(position)]) {
+                findings_.push_back(
+                    {position, FindingKind::unreached, "no text and no list of topics leads here"});
+            }
+        }
+    }
+
+private:
+    struct AnchorLink {
+        int position;
+        int page;
+        Text anchor;
+        Text address;
+    };
+
+    /// As the browser understands it: without the blanks around it, references resolved.
+    static Text plainAddress(TextView address) {
+        const Text resolved = model::fromUtf8(model::resolvedReferences(model::toUtf8(address)));
+        return Text(model::trim(model::oneLine(resolved)));
+    }
+
+    void add(int position, FindingKind kind, const Text& address, const char* problem) {
+        findings_.push_back({position, kind, model::oneLine(address) + ": " + problem});
+    }
+
+    /// A file below the output folder, by a path that starts at the page folder.
+    static Text keyOf(TextView path) {
+        Text whole = Text(model::pageFolderName) + '/' + Text(path);
+        std::replace(whole.begin(), whole.end(), '\\', '/');
+        return model::pageKey(fs::path(whole).lexically_normal().string());
+    }
+
+    /// The position of the topic to whose page a path leads; -1 for none.
+    int pageOf(const Text& path) const {
+        for (const Text& each : {path, unescaped(path)}) {
+            if (const auto found = pages_.find(keyOf(each)); found != pages_.end()) {
+                return found->second;
+            }
+        }
+        return -1;
+    }
+
+    void noteAnchor(int position, int page, const Text& address) {
+        const std::size_t hash = address.find('#');
+        const Text anchor =
+            hash == Text::npos ? Text() : model::lowerCase(address.substr(hash + 1));
+        if (!anchor.empty() && anchor != "top") {
+            anchorLinks_.push_back({position, page, anchor, address});
+        }
+    }
+
+    bool isThere(const Text& path) {
+        if (path.empty()) {
+            return false;
+        }
+        for (const char* name : copied_) {
+            if (keyOf(unescaped(path)) == keyOf(Text("../") + imageFolderName + '/' + name)) {
+                return true;
+            }
+        }
+        std::error_code ignored;
+        for (const Text& each : {path, unescaped(path)}) {
+            if (fs::is_regular_file(files_.find(each), ignored)) {
+                return !isOldPage(path);
+            }
+        }
+        return false;
+    }
+
+    /// Whether a file is a page that was generated earlier, of a topic that is gone.
+    bool isOldPage(const Text& path) {
+        constexpr std::size_t headSize = 200;
+        std::string head;
+        return !platform::readFile(files_.find(unescaped(path)), head, headSize)
+               && head.find(generatorLine) != std::string::npos;
+    }
+
+    const model::TopicOutline& outline_;
+    model::FileFinder files_;
+    std::vector<const char*> copied_;
+    std::vector<Finding>& findings_;
+    std::vector<bool> reached_;
+    std::map<Text, int> pages_; ///< positions by page key; the first of those that share it
+    std::set<std::pair<int, Text>> seen_;
+    std::set<std::pair<int, Text>> anchors_;
+    std::vector<AnchorLink> anchorLinks_;
+};
+
+} // namespace
+
+void checkLinks(const model::TopicOutline& outline, const model::ProjectOptions& options,
+                const fs::path& outputFolder, std::vector<Finding>& findings) {
+    LinkChecker checker(outline, outputFolder, copiedPictures(options), findings);
+    constexpr int allPages = 0;
+    if (!options.cssFile.empty()) {
+        checker.checkAddress(allPages, options.cssFile, FindingKind::link);
+    }
+    if (!options.backgroundImage.empty()) {
+        checker.checkAddress(allPages, options.backgroundImage, FindingKind::picture);
+    }
+    if (options.showCopyright) {
+        checker.checkHtml(allPages, options.copyrightText);
+    }
+    for (int position = 1; position <= outline.count(); ++position) {
+        Text lists;
+        appendTopicLists(lists, outline, options, position);
+        checker.checkHtml(position, outline.at(position).body);
+        checker.checkHtml(position, lists);
+        if (position == 1) {
+            checker.checkHtml(position, options.additionalText);
+        }
+    }
+    checker.finish();
+}
+
+} // namespace generate

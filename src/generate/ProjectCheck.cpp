@@ -1,0 +1,221 @@
+#include "generate/ProjectCheck.h"
+
+#include <algorithm>
+#include <charconv>
+#include <map>
+
+#include "generate/LinkCheck.h"
+#include "generate/WorkshopProject.h"
+#include "model/CharacterReferences.h"
+#include "model/CodePage.h"
+#include "model/PagePath.h"
+
+namespace generate {
+
+using model::Text;
+using model::TextView;
+using model::Topic;
+using model::TopicOutline;
+
+namespace {
+
+/// The help workshop cuts longer lines.
+constexpr std::size_t longestWorkshopLine = 1023;
+
+class FieldChecker {
+public:
+    FieldChecker(const TopicOutline& outline, std::vector<Finding>& findings)
+        : outline_(outline), findings_(findings) {}
+
+    void checkTopic(int position) {
+        position_ = position;
+        const Topic& topic = outline_.at(position);
+        if (model::trim(model::oneLine(topic.body)).empty()) {
+            add(FindingKind::empty, "the topic has no text");
+        }
+        checkFileName(topic.fileName);
+        checkContext(topic);
+        checkCharacters("the title", topic.title, true);
+        checkCharacters("the file name", topic.fileName, true);
+        checkCharacters("the context string", topic.contextId, true);
+        checkCharacters("the keywords", topic.keywords, true);
+        checkCharacters("the short description", topic.shortDescription, false);
+        checkCharacters("the text", topic.body, false);
+    }
+
+    void checkOptions(const model::ProjectOptions& options) {
+        position_ = 0;
+        checkCharacters("the project name", options.projectName, false);
+        checkCharacters("the copyright text", options.copyrightText, false);
+        checkCharacters("the additional code", options.additionalText, false);
+    }
+
+    void checkWorkshopLines() {
+        position_ = 0;
+        const Text workshop = workshopProject(outline_, {"help.chm", "help.hhc", "help.hhk"});
+        for (std::size_t start = 0; start < workshop.size();) {
+            const std::size_t end = workshop.find(model::lineBreak, start);
+            if (const std::size_t length = end - start; length > longestWorkshopLine) {
+                constexpr std::size_t shown = 60;
+                add(FindingKind::workshopLine, "a line of " + std::to_string(length)
+                                                   + " characters: " + workshop.substr(start, shown)
+                                                   + "...");
+            }
+            start = end + model::lineBreak.size();
+        }
+    }
+
+private:
+    void add(FindingKind kind, Text text) {
+        findings_.push_back({position_, kind, model::oneLine(text)});
+    }
+
+    void checkFileName(const Text& fileName) {
+        const auto fault = [&](const Text& problem) {
+            add(FindingKind::fileName, fileName + ": " + problem);
+        };
+        if (const TextView problem = model::pageNameFault(fileName); !problem.empty()) {
+            fault(Text(problem));
+            return;
+        }
+        const Text stem = model::lowerCase(fileName.substr(0, fileName.rfind('.')));
+        if (stem.find(".h") != Text::npos) {
+            fault("the help workshop takes what follows .h for the ending");
+        }
+        if (fileName.find('#') != Text::npos) {
+            fault("what follows # is taken for a place in the page");
+        }
+        const auto [first, isNew] = pages_.emplace(model::pageKey(fileName), position_);
+        if (!isNew) {
+            fault("topic " + std::to_string(first->second) + " has the same page");
+        }
+    }
+
+    void checkContext(const Topic& topic) {
+        const Text& id = topic.contextId;
+        const Text& number = topic.contextNumber;
+        if (id.empty() && number.empty()) {
+            return;
+        }
+        if (id.empty() || number.empty()) {
+            add(FindingKind::context, id.empty() ? number + ": a number without a context string"
+                                                 : id + ": a context string without a number");
+            return;
+        }
+        if (!isIdentifier(id)) {
+            add(FindingKind::context, id + ": not a name of letters, digits and underscores");
+        }
+        unsigned value = 0;
+        const char* end = number.data() + number.size();
+        const auto [rest, error] = std::from_chars(number.data(), end, value);
+        if (error != std::errc() || rest != end) {
+            add(FindingKind::context, number + ": not a whole number below 4294967296");
+        } else {
+            noteContext(numbers_, std::to_string(value));
+        }
+        noteContext(ids_, id);
+    }
+
+    static bool isIdentifier(TextView id) {
+        const auto isLetter = [](char c) {
+            return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+        };
+        return isLetter(id.front()) && std::all_of(id.begin(), id.end(), [&isLetter](char c) {
+                   return isLetter(c) || (c >= '0' && c <= '9');
+               });
+    }
+
+    void noteContext(std::map<Text, int>& known, const Text& value) {
+        const auto [first, isNew] = known.emplace(model::lowerCase(value), position_);
+        if (!isNew) {
+            add(FindingKind::context,
+                value + ": topic " + std::to_string(first->second) + " has it, too");
+        }
+    }
+
+    /// `bare`: the text goes into files in which references mean nothing.
+    void checkCharacters(const char* where, TextView text, bool bare) {
+        if (std::any_of(text.begin(), text.end(), isUndefined)) {
+            add(FindingKind::character,
+                Text(where) + " holds a character that Windows-1252 does not define");
+        }
+        if (looksLikeUtf8(text)) {
+            add(FindingKind::character,
+                Text(where) + " looks like UTF-8 that was taken for Windows-1252");
+        }
+        for (std::size_t at = text.find('&'); bare && at != TextView::npos;
+             at = text.find('&', at + 1)) {
+            if (isForeign(model::characterReferenceAt(text, at))) {
+                add(FindingKind::character,
+                    Text(where) + " holds a character that is not in Windows-1252: "
+                        + Text(text.substr(at, model::characterReferenceAt(text, at).length)));
+                return;
+            }
+        }
+    }
+
+    static bool isUndefined(char character) {
+        constexpr TextView undefined = "\x81\x8D\x8F\x90\x9D";
+        return undefined.find(character) != TextView::npos;
+    }
+
+    /// Whether every character beyond ASCII is part of a sequence of UTF-8. One typed by a person
+    /// hardly ever is.
+    static bool looksLikeUtf8(TextView text) {
+        constexpr char32_t damaged = 0xFFFD;
+        bool found = false;
+        while (!text.empty()) {
+            const TextView before = text;
+            const char32_t character = model::takeUtf8(text);
+            if (character == damaged && before.size() - text.size() == 1) {
+                return false;
+            }
+            found = found || character > 0x7F;
+        }
+        return found;
+    }
+
+    static bool isForeign(const model::CharacterReference& reference) {
+        if (reference.length == 0 || reference.character == model::unknownCharacter) {
+            return false;
+        }
+        std::string utf8;
+        model::appendUtf8(utf8, reference.character);
+        return model::htmlFromUtf8(utf8) != model::fromUtf8(utf8);
+    }
+
+    const TopicOutline& outline_;
+    std::vector<Finding>& findings_;
+    int position_ = 0;
+    std::map<Text, int> pages_;
+    std::map<Text, int> ids_;
+    std::map<Text, int> numbers_;
+};
+
+} // namespace
+
+const char* nameOf(FindingKind kind) {
+    constexpr const char* names[] = {"link",    "picture",   "unreached",     "empty",
+                                     "context", "file name", "workshop line", "character"};
+    return names[static_cast<std::size_t>(kind)];
+}
+
+std::vector<Finding> checkProject(const TopicOutline& outline, const model::ProjectOptions& options,
+                                  const std::filesystem::path& outputFolder) {
+    std::vector<Finding> findings;
+    if (outline.empty()) {
+        return findings;
+    }
+    FieldChecker fields(outline, findings);
+    fields.checkOptions(options);
+    fields.checkWorkshopLines();
+    for (int position = 1; position <= outline.count(); ++position) {
+        fields.checkTopic(position);
+    }
+    checkLinks(outline, options, outputFolder, findings);
+    std::stable_sort(findings.begin(), findings.end(),
+                     [](const Finding& a, const Finding& b) { return a.position < b.position; });
+    return findings;
+}
+
+} // namespace generate

@@ -1,0 +1,149 @@
+#include "help/ChmFacts.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace help {
+
+namespace {
+
+/// Reads little-endian numbers and texts from a packed table; what lies behind its end is 0 or
+/// empty.
+class Table {
+public:
+    explicit Table(std::string bytes) : bytes_(std::move(bytes)) {}
+
+    std::size_t size() const { return bytes_.size(); }
+
+    unsigned number(std::size_t offset, std::size_t bytes) const {
+        unsigned value = 0;
+        for (std::size_t i = 0; i < bytes && offset + i < size(); ++i) {
+            value |= static_cast<unsigned>(static_cast<std::uint8_t>(bytes_[offset + i]))
+                     << (8 * i);
+        }
+        return value;
+    }
+
+    /// Up to its zero byte.
+    std::string text(std::size_t offset, std::size_t limit = std::string::npos) const {
+        if (offset >= size()) {
+            return {};
+        }
+        const std::string found = bytes_.substr(offset, limit);
+        return found.substr(0, found.find('\0'));
+    }
+
+private:
+    std::string bytes_;
+};
+
+Table table(const ChmFile& file, const char* path) {
+    return Table(file.read(path).value_or(std::string()));
+}
+
+enum SystemEntry {
+    contentsEntry = 0,
+    indexEntry = 1,
+    homeEntry = 2,
+    titleEntry = 3,
+    languageEntry = 4
+};
+
+void readSystem(const Table& system, ChmFacts& facts) {
+    constexpr std::size_t headerSize = 4;
+    constexpr std::size_t entryHeaderSize = 4;
+    for (std::size_t at = headerSize; at + entryHeaderSize <= system.size();) {
+        const unsigned kind = system.number(at, 2);
+        const std::size_t length = system.number(at + 2, 2);
+        const std::size_t data = at + entryHeaderSize;
+        const auto take = [&](std::string& fact) { fact = system.text(data, length); };
+        switch (kind) {
+        case contentsEntry:
+            take(facts.contentsFile);
+            break;
+        case indexEntry:
+            take(facts.indexFile);
+            break;
+        case homeEntry:
+            take(facts.homePage);
+            break;
+        case titleEntry:
+            take(facts.title);
+            break;
+        case languageEntry:
+            facts.codePage = codePageOf(system.number(data, 4));
+            break;
+        default:
+            break;
+        }
+        at = data + length;
+    }
+}
+
+/// Pairs of a context number and the place of its page's name among the strings.
+void readContexts(const Table& contexts, const Table& strings, ChmFacts& facts) {
+    constexpr std::size_t headerSize = 4;
+    constexpr std::size_t pairSize = 8;
+    for (std::size_t at = headerSize; at + pairSize <= contexts.size(); at += pairSize) {
+        facts.contexts.emplace(contexts.number(at, 4), strings.text(contexts.number(at + 4, 4)));
+    }
+}
+
+/// The first file with an ending, for help that does not name it.
+std::string withEnding(const std::vector<std::string>& paths, const char* ending) {
+    const auto found = std::find_if(paths.begin(), paths.end(), [ending](const std::string& path) {
+        return path.ends_with(ending);
+    });
+    return found == paths.end() ? std::string() : *found;
+}
+
+} // namespace
+
+unsigned codePageOf(unsigned language) {
+    struct Row {
+        unsigned primary; ///< the language without its region
+        unsigned codePage;
+    };
+    constexpr Row rows[] = {
+        {0x01, 1256}, {0x02, 1251}, {0x05, 1250}, {0x08, 1253}, {0x0D, 1255}, {0x0E, 1250},
+        {0x11, 932},  {0x12, 949},  {0x15, 1250}, {0x18, 1250}, {0x19, 1251}, {0x1A, 1250},
+        {0x1B, 1250}, {0x1C, 1250}, {0x1E, 874},  {0x1F, 1254}, {0x20, 1256}, {0x22, 1251},
+        {0x23, 1251}, {0x24, 1250}, {0x25, 1257}, {0x26, 1257}, {0x27, 1257}, {0x29, 1256},
+        {0x2A, 1258}, {0x2F, 1251},
+    };
+    constexpr unsigned chinese = 0x04;
+    constexpr unsigned simplified[] = {0x0804, 0x1004};
+    constexpr unsigned serbianCyrillic[] = {0x0C1A, 0x1C1A};
+    const unsigned primary = language & 0x3FFU;
+    const auto isOneOf = [language](const auto& languages) {
+        return std::find(std::begin(languages), std::end(languages), language)
+               != std::end(languages);
+    };
+    if (primary == chinese) {
+        return isOneOf(simplified) ? 936 : 950;
+    }
+    if (isOneOf(serbianCyrillic)) {
+        return 1251;
+    }
+    const Row* row = std::find_if(std::begin(rows), std::end(rows),
+                                  [primary](const Row& each) { return each.primary == primary; });
+    return row == std::end(rows) ? 1252 : row->codePage;
+}
+
+ChmFacts readFacts(const ChmFile& file) {
+    ChmFacts facts;
+    readSystem(table(file, "/#SYSTEM"), facts);
+    readContexts(table(file, "/#IVB"), table(file, "/#STRINGS"), facts);
+    if (facts.contentsFile.empty() || facts.indexFile.empty()) {
+        const std::vector<std::string> paths = file.paths();
+        if (facts.contentsFile.empty()) {
+            facts.contentsFile = withEnding(paths, ".hhc");
+        }
+        if (facts.indexFile.empty()) {
+            facts.indexFile = withEnding(paths, ".hhk");
+        }
+    }
+    return facts;
+}
+
+} // namespace help

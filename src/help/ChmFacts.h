@@ -1,0 +1,26 @@
+#pragma once
+
+#include <map>
+
+#include "help/ChmFile.h"
+
+namespace help {
+
+/// What a compiled help file says about itself. Paths are as the compiler wrote them, in the help's
+/// own code page; what is missing is empty.
+struct ChmFacts {
+    std::string title;
+    std::string contentsFile;
+    std::string indexFile;
+    std::string homePage;
+    unsigned codePage = 1252;
+    std::map<unsigned, std::string> contexts; ///< pages by context number
+};
+
+/// Damaged parts are missing parts.
+ChmFacts readFacts(const ChmFile& file);
+
+/// The Windows code page in which texts of a language are written; `language` is an LCID.
+unsigned codePageOf(unsigned language);
+
+} // namespace help

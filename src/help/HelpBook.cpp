@@ -1,0 +1,229 @@
+#include "help/HelpBook.h"
+
+#include <algorithm>
+#include <map>
+
+#include "model/CodePage.h"
+#include "model/Text.h"
+#include "platform/Unicode.h"
+
+namespace help {
+
+namespace {
+
+bool hasPageEnding(const std::string& path) {
+    const model::Text lower = model::lowerCase(path);
+    return lower.ends_with(".htm") || lower.ends_with(".html");
+}
+
+bool isAddress(std::string_view text) {
+    constexpr std::size_t shortest = 2; // one letter is a drive
+    const std::size_t colon = text.find(':');
+    return colon != std::string_view::npos && colon >= shortest
+           && text.find_first_of("/\\#?") > colon;
+}
+
+std::string withoutAnchor(const std::string& page) {
+    return page.substr(0, page.find('#'));
+}
+
+bool samePage(const std::string& a, const std::string& b) {
+    return model::equalIgnoringCase(withoutAnchor(a), withoutAnchor(b));
+}
+
+} // namespace
+
+std::unique_ptr<HelpBook> HelpBook::open(const std::filesystem::path& path) {
+    auto file = ChmFile::open(path);
+    return file == nullptr ? nullptr
+                           : std::unique_ptr<HelpBook>(new HelpBook(path, std::move(file)));
+}
+
+HelpBook::HelpBook(std::filesystem::path path, std::unique_ptr<ChmFile> file)
+    : path_(std::move(path)), file_(std::move(file)), facts_(readFacts(*file_)) {
+    title_ = decoded(facts_.title);
+    if (title_.empty()) {
+        title_ = model::utf8Of(path_.stem());
+    }
+    readContents();
+    chooseHomePage();
+}
+
+std::string HelpBook::decoded(const std::string& bytes) const {
+    return platform::utf8FromCodePage(bytes, facts_.codePage);
+}
+
+/// A page as it stands in contents or index; another help's page and a place elsewhere stay as
+/// they are.
+std::string HelpBook::pathOf(std::string_view local) const {
+    if (local.empty() || local.find("::") != std::string_view::npos || isAddress(local)) {
+        return std::string(local);
+    }
+    const std::size_t anchor = std::min(local.find('#'), local.size());
+    std::string path(local.substr(0, anchor));
+    std::replace(path.begin(), path.end(), '\\', '/');
+    path = model::utf8Of(std::filesystem::path("/" + path).lexically_normal());
+    // Two slashes in front have a meaning of their own.
+    path.erase(0, std::min(path.find_first_not_of('/'), path.size()));
+    return "/" + path + std::string(local.substr(anchor));
+}
+
+std::vector<SitemapEntry> HelpBook::sitemap(const std::string& file) const {
+    return file.empty() ? std::vector<SitemapEntry>()
+                        : readSitemap(decoded(file_->read(pathOf(decoded(file))).value_or("")));
+}
+
+void HelpBook::readContents() {
+    for (const SitemapEntry& entry : sitemap(facts_.contentsFile)) {
+        const std::string page =
+            entry.targets.empty() ? std::string() : pathOf(entry.targets.front().page);
+        contents_.push_back({entry.depth, {entry.name, page}});
+    }
+}
+
+void HelpBook::chooseHomePage() {
+    homePage_ = pathOf(decoded(facts_.homePage));
+    if (!homePage_.empty() && file_->holds(withoutAnchor(homePage_))) {
+        return;
+    }
+    const auto inContents =
+        std::find_if(contents_.begin(), contents_.end(), [this](const ContentsEntry& entry) {
+            return !entry.target.page.empty() && file_->holds(withoutAnchor(entry.target.page));
+        });
+    if (inContents != contents_.end()) {
+        homePage_ = inContents->target.page;
+        return;
+    }
+    const std::vector<std::string> paths = file_->paths();
+    const auto page = std::find_if(paths.begin(), paths.end(), hasPageEnding);
+    homePage_ = page == paths.end() ? std::string() : *page;
+}
+
+/// A compiler may have written the page's full path on the machine where it ran: then the longest
+/// end of it that is a page here counts.
+std::string HelpBook::pageOfContext(unsigned number) const {
+    const auto found = facts_.contexts.find(number);
+    if (found == facts_.contexts.end() || found->second.empty()) {
+        return {};
+    }
+    const std::string whole = pathOf(decoded(found->second));
+    const std::string path = withoutAnchor(whole);
+    for (std::size_t start = 0; start != std::string::npos; start = path.find('/', start + 1)) {
+        if (file_->holds(path.substr(start))) {
+            return whole.substr(start);
+        }
+    }
+    return {};
+}
+
+const std::vector<HelpBook::Page>& HelpBook::pages() {
+    if (!pages_) {
+        pages_.emplace();
+        for (const std::string& path : file_->paths()) {
+            if (!hasPageEnding(path)) {
+                continue;
+            }
+            if (const auto bytes = file_->read(path)) {
+                pages_->push_back({path, readHelpPage(*bytes, facts_.codePage)});
+            }
+        }
+    }
+    return *pages_;
+}
+
+std::string HelpBook::titleInContents(const std::string& page) const {
+    const auto found =
+        std::find_if(contents_.begin(), contents_.end(), [&page](const ContentsEntry& entry) {
+            return samePage(entry.target.page, page);
+        });
+    return found == contents_.end() ? std::string() : found->target.title;
+}
+
+const std::vector<IndexEntry>& HelpBook::index() {
+    if (index_) {
+        return *index_;
+    }
+    std::map<std::string, IndexEntry> sorted;
+    const auto add = [&sorted](const std::string& keyword, HelpTarget target) {
+        IndexEntry& entry = sorted[searchable(keyword)];
+        if (entry.targets.empty()) {
+            entry.keyword = keyword;
+        }
+        const bool known = std::any_of(
+            entry.targets.begin(), entry.targets.end(),
+            [&target](const HelpTarget& each) { return samePage(each.page, target.page); });
+        if (!known) {
+            entry.targets.push_back(std::move(target));
+        }
+    };
+    std::vector<std::string> above; // keywords of the entries that this one lies in
+    for (const SitemapEntry& entry : sitemap(facts_.indexFile)) {
+        const auto depth = static_cast<std::size_t>(entry.depth);
+        above.resize(depth);
+        above[depth - 1] =
+            (depth > 1 && !above[depth - 2].empty() ? above[depth - 2] + ", " : "") + entry.name;
+        for (const HelpTarget& target : entry.targets) {
+            add(above[depth - 1], {target.title, pathOf(target.page)});
+        }
+    }
+    for (const Page& page : pages()) {
+        for (const std::string& keyword : page.page.keywords) {
+            add(keyword, {page.page.title.empty() ? page.path : page.page.title, page.path});
+        }
+    }
+    index_.emplace();
+    for (auto& [key, entry] : sorted) {
+        index_->push_back(std::move(entry));
+    }
+    return *index_;
+}
+
+std::vector<HelpTarget> HelpBook::search(const HelpQuestion& question) {
+    struct Found {
+        HelpTarget target;
+        int score;
+    };
+    std::vector<Found> found;
+    for (const Page& page : pages()) {
+        if (const int score = question.score(page.page); score > 0) {
+            std::string title = page.page.title;
+            if (title.empty()) {
+                title = titleInContents(page.path);
+            }
+            found.push_back({{title.empty() ? page.path : title, page.path}, score});
+        }
+    }
+    std::stable_sort(found.begin(), found.end(),
+                     [](const Found& a, const Found& b) { return a.score > b.score; });
+    std::vector<HelpTarget> targets;
+    for (Found& each : found) {
+        targets.push_back(std::move(each.target));
+    }
+    return targets;
+}
+
+std::optional<BookLink> linkToOtherBook(std::string_view address) {
+    constexpr std::string_view divider = "::";
+    const std::size_t end = address.find(divider);
+    if (end == std::string_view::npos
+        || !(model::startsWithIgnoringCase(address, "ms-its:")
+             || model::startsWithIgnoringCase(address, "mk:@msitstore:"))) {
+        return {};
+    }
+    const std::string_view place = address.substr(0, end);
+    std::string page(address.substr(end + divider.size()));
+    if (!page.starts_with('/')) {
+        page.insert(page.begin(), '/');
+    }
+    return BookLink{std::string(place.substr(place.find_last_of(":/\\") + 1)), page};
+}
+
+std::size_t firstFrom(const std::vector<IndexEntry>& index, std::string_view beginning) {
+    const std::string key = searchable(beginning);
+    const auto found = std::lower_bound(
+        index.begin(), index.end(), key,
+        [](const IndexEntry& entry, const auto& k) { return searchable(entry.keyword) < k; });
+    return static_cast<std::size_t>(found - index.begin());
+}
+
+} // namespace help

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "help/ChmFacts.h"
+#include "help/HelpSearch.h"
+#include "help/Sitemap.h"
+
+namespace help {
+
+struct ContentsEntry {
+    int depth = 1; ///< from 1
+    HelpTarget target;
+};
+
+struct IndexEntry {
+    std::string keyword;
+    std::vector<HelpTarget> targets; ///< at least one
+};
+
+/// A compiled help file as its reader sees it. Texts are in UTF-8. Pages are paths in the file, as
+/// in "/html/setup.htm#part", or addresses elsewhere, as in "http://…".
+class HelpBook {
+public:
+    /// Null when the file cannot be read or is no compiled help.
+    static std::unique_ptr<HelpBook> open(const std::filesystem::path& path);
+
+    const std::filesystem::path& path() const { return path_; }
+    const std::string& title() const { return title_; } ///< the file's name where it has none
+    unsigned codePage() const { return facts_.codePage; }
+
+    const std::vector<ContentsEntry>& contents() const { return contents_; }
+
+    /// The page that is shown first; empty for a help without pages.
+    const std::string& homePage() const { return homePage_; }
+
+    /// Empty for a number that the help does not know.
+    std::string pageOfContext(unsigned number) const;
+
+    /// The bytes of a page or picture, by its path without "#…"; nothing when it is not there.
+    std::optional<std::string> read(const std::string& path) const { return file_->read(path); }
+
+    /// In alphabetical order: from the index file, and from the pages, as a compiler may leave the
+    /// keywords there. All pages are read when it is first asked for.
+    const std::vector<IndexEntry>& index();
+
+    /// The pages that answer a question, the best ones first. All pages are read when it is first
+    /// asked for.
+    std::vector<HelpTarget> search(const HelpQuestion& question);
+
+private:
+    struct Page {
+        std::string path;
+        HelpPage page;
+    };
+
+    HelpBook(std::filesystem::path path, std::unique_ptr<ChmFile> file);
+    std::string decoded(const std::string& bytes) const;
+    std::string pathOf(std::string_view local) const;
+    std::vector<SitemapEntry> sitemap(const std::string& file) const;
+    void readContents();
+    void chooseHomePage();
+    const std::vector<Page>& pages();
+    std::string titleInContents(const std::string& page) const;
+
+    std::filesystem::path path_;
+    std::unique_ptr<ChmFile> file_;
+    ChmFacts facts_;
+    std::string title_;
+    std::string homePage_;
+    std::vector<ContentsEntry> contents_;
+    std::optional<std::vector<Page>> pages_;
+    std::optional<std::vector<IndexEntry>> index_;
+};
+
+/// A page of another help file, as links between help files name it.
+struct BookLink {
+    std::string file; ///< its name, without folders
+    std::string page; ///< as in HelpBook
+};
+
+/// Nothing for any other address.
+std::optional<BookLink> linkToOtherBook(std::string_view address);
+
+/// Where in a list sorted like an index the entries begin that begin with a text; the list's size
+/// when all come before it.
+std::size_t firstFrom(const std::vector<IndexEntry>& index, std::string_view beginning);
+
+} // namespace help

@@ -1,0 +1,314 @@
+#include "help/frmHelp.h"
+
+#include "model/CodePage.h"
+#include "ui/Prompter.h"
+#include "ui/WaitCursor.h"
+#include "ui/WindowPlace.h"
+
+namespace help {
+
+namespace fs = std::filesystem;
+using ui::Prompter;
+
+namespace {
+
+constexpr const char* section = "Help";
+constexpr const char* partWidthKey = "Contents Width";
+constexpr int usualPartWidth = 4500;
+constexpr int indexPage = 1;
+constexpr int searchPage = 2;
+
+std::string pathOf(const std::string& place) {
+    return place.substr(0, place.find('#'));
+}
+
+} // namespace
+
+frmHelp::frmHelp(ui::Settings& settings) : Window(Kind::main, windowName), settings_(settings) {
+    setCaption("Help");
+    arrange();
+    connectControls();
+    commands_.fillToolbar(tbTools, helpToolbarKeys());
+    tvContents.setFocus();
+    commands_.update();
+}
+
+frmHelp::~frmHelp() {
+    brwPage.Moved.connect({}); // the browser goes after what it would tell
+}
+
+model::Message unreadableMessage(const fs::path& file) {
+    return {"The help file cannot be opened:\n" + model::displayText(file), "HTML Topicsmith",
+            model::MessageIcon::exclamation};
+}
+
+// ---- The window ----
+
+void frmHelp::arrange() {
+    setMinimumSize(7500, 4500);
+    ui::restorePlace(*this, settings_, section, 14400, 9900);
+    tvContents.setAccessibleName("Contents");
+    tvIndex.setAccessibleName("Keywords");
+    tvFound.setAccessibleName("Topics Found");
+    brwPage.setAccessibleName("Page");
+    txtIndex.setForeignCharacters(ui::ForeignCharacters::kept);
+    txtSearch.setForeignCharacters(ui::ForeignCharacters::kept);
+    lblFound.setShortened();
+
+    auto contents = ui::Layout::column();
+    contents.add(tvContents, 1);
+    pnlContents.setLayout(std::move(contents));
+
+    auto index = ui::Layout::column();
+    index.add(lblIndex).add(txtIndex).add(tvIndex, 1);
+    pnlIndex.setLayout(std::move(index));
+
+    auto question = ui::Layout::row();
+    question.withoutMargins().add(txtSearch, 1).add(cmdSearch);
+    auto search = ui::Layout::column();
+    search.add(lblSearch).add(std::move(question)).add(tvFound, 1).add(lblFound);
+    pnlSearch.setLayout(std::move(search));
+
+    tbsFind.add("&Contents", "The topics in their order", pnlContents);
+    tbsFind.add("&Index", "Topics by their keywords", pnlIndex);
+    tbsFind.add("&Search", "Topics by the words in them", pnlSearch);
+    splParts.setFirstWidth(settings_.number(section, partWidthKey, usualPartWidth));
+}
+
+void frmHelp::connectControls() {
+    UI_ON(tvContents, ItemClick);
+    UI_ON(txtIndex, Change);
+    UI_ON(txtIndex, KeyDown);
+    UI_ON(tvIndex, ItemClick);
+    UI_ON(txtSearch, KeyDown);
+    UI_ON(cmdSearch, Click);
+    UI_ON(tvFound, ItemClick);
+    UI_ON(brwPage, Moved);
+    UI_ON(brwPage, OutsideClick);
+    UI_ON(tbsFind, Click);
+}
+
+void frmHelp::Resize() {
+    constexpr int margin = 60;
+    const int top = contentTop();
+    splParts.place(margin, 0, width() - 2 * margin, height() - top - margin);
+}
+
+bool frmHelp::mayClose() {
+    ui::storePlace(*this, settings_, section);
+    settings_.setNumber(section, partWidthKey, splParts.firstWidth());
+    return true;
+}
+
+// ---- The help file ----
+
+bool frmHelp::openBook(const fs::path& file) {
+    const ui::WaitCursor busy;
+    auto book = HelpBook::open(file);
+    if (book == nullptr || book->homePage().empty()) {
+        return false;
+    }
+    book_ = std::move(book);
+    setUnicodeCaption(book_->title() + " - Help");
+    brwPage.reset(book_->codePage());
+    fillContents();
+    tvIndex.setItems({});
+    indexFilled_ = false;
+    tvFound.setItems({});
+    found_.clear();
+    lblFound.setCaption("");
+    tbsFind_Click();
+    go(book_->homePage());
+    commands_.update();
+    return true;
+}
+
+void frmHelp::fillContents() {
+    std::vector<ui::TreeItem> items;
+    for (const ContentsEntry& entry : book_->contents()) {
+        items.push_back({entry.depth, entry.target.title});
+    }
+    tvContents.setItems(items);
+}
+
+/// A keyword of several topics has a row for each of them below it.
+void frmHelp::fillIndex() {
+    indexFilled_ = true;
+    indexTargets_.clear();
+    indexRows_.clear();
+    std::vector<ui::TreeItem> items;
+    for (const IndexEntry& entry : book_->index()) {
+        items.push_back({1, entry.keyword});
+        indexTargets_.push_back(entry.targets.front());
+        indexRows_.push_back(static_cast<int>(items.size()));
+        for (std::size_t i = 0; entry.targets.size() > 1 && i < entry.targets.size(); ++i) {
+            items.push_back({2, entry.targets[i].title});
+            indexTargets_.push_back(entry.targets[i]);
+        }
+    }
+    tvIndex.setItems(items);
+    tvIndex.unfoldAll();
+}
+
+std::optional<std::string> frmHelp::read(const std::string& path) {
+    return book_ == nullptr ? std::nullopt : book_->read(path);
+}
+
+/// Shows a page of the help, or leads elsewhere.
+void frmHelp::go(const std::string& page, const std::string& marked) {
+    if (page.empty()) {
+        return;
+    }
+    if (!page.starts_with('/')) {
+        brwPage_OutsideClick(page);
+        return;
+    }
+    brwPage.mark(marked);
+    brwPage.show(page);
+}
+
+void frmHelp::showContext(unsigned number) {
+    const std::string page = book_->pageOfContext(number);
+    go(page.empty() ? book_->homePage() : page);
+    tbsFind.select(0);
+}
+
+void frmHelp::showIndex() {
+    tbsFind.select(indexPage);
+    tbsFind_Click();
+    txtIndex.setFocus();
+}
+
+// ---- What the reader does ----
+
+void frmHelp::tvContents_ItemClick(int item) {
+    go(book_->contents()[static_cast<std::size_t>(item) - 1].target.page);
+}
+
+/// The index needs all pages, so it is made when it is first shown.
+void frmHelp::tbsFind_Click() {
+    if (tbsFind.selected() == indexPage && hasBook() && !indexFilled_) {
+        const ui::WaitCursor busy;
+        fillIndex();
+    }
+}
+
+void frmHelp::txtIndex_Change() {
+    if (!hasBook()) {
+        return;
+    }
+    const std::size_t entry = firstFrom(book_->index(), txtIndex.unicodeText());
+    tvIndex.select(entry < indexRows_.size() ? indexRows_[entry] : 0);
+}
+
+void frmHelp::txtIndex_KeyDown(ui::Key& key) {
+    if (key.code == ui::KeyCode::enter && tvIndex.selected() > 0) {
+        tvIndex_ItemClick(tvIndex.selected());
+        key.handled = true;
+    } else if (key.code == ui::KeyCode::down && key.plain()) {
+        tvIndex.setFocus();
+        key.handled = true;
+    }
+}
+
+void frmHelp::tvIndex_ItemClick(int item) {
+    go(indexTargets_[static_cast<std::size_t>(item) - 1].page);
+}
+
+void frmHelp::txtSearch_KeyDown(ui::Key& key) {
+    if (key.code == ui::KeyCode::enter) {
+        cmdSearch_Click();
+        key.handled = true;
+    } else if (key.code == ui::KeyCode::down && key.plain()) {
+        tvFound.setFocus();
+        key.handled = true;
+    }
+}
+
+void frmHelp::cmdSearch_Click() {
+    if (!hasBook()) {
+        return;
+    }
+    const HelpQuestion question(txtSearch.unicodeText());
+    searched_ = question.words().empty() ? std::string() : question.words().front();
+    {
+        const ui::WaitCursor busy;
+        found_ = book_->search(question);
+    }
+    std::vector<ui::TreeItem> items;
+    for (const HelpTarget& target : found_) {
+        items.push_back({1, target.title});
+    }
+    tvFound.setItems(items);
+    lblFound.setCaption(items.size() == 1 ? "1 topic found"
+                                          : std::to_string(items.size()) + " topics found");
+}
+
+void frmHelp::tvFound_ItemClick(int item) {
+    go(found_[static_cast<std::size_t>(item) - 1].page, searched_);
+}
+
+/// The contents follow the page, wherever it was chosen.
+void frmHelp::brwPage_Moved() {
+    commands_.update();
+    if (!hasBook()) {
+        return;
+    }
+    const auto& contents = book_->contents();
+    const std::string shown = brwPage.shown();
+    const auto leadsHere = [&contents, &shown](int item) {
+        return model::equalIgnoringCase(
+            pathOf(contents[static_cast<std::size_t>(item) - 1].target.page), pathOf(shown));
+    };
+    if (tvContents.selected() > 0 && leadsHere(tvContents.selected())) {
+        return;
+    }
+    int item = 1;
+    const int count = static_cast<int>(contents.size());
+    while (item <= count && !leadsHere(item)) {
+        ++item;
+    }
+    tvContents.select(item > count ? 0 : item);
+}
+
+/// A page of another help file beside this one is shown; the web is for another program.
+void frmHelp::brwPage_OutsideClick(const std::string& address) {
+    if (const auto link = linkToOtherBook(address)) {
+        const fs::path file = book_->path().parent_path() / model::nativePath(link->file);
+        if (openBook(file)) {
+            go(link->page);
+        } else {
+            tellUnreadable(file);
+        }
+        return;
+    }
+    for (const char* protocol : {"http:", "https:", "mailto:"}) {
+        if (model::startsWithIgnoringCase(address, protocol)) {
+            Prompter::current().openAddress(address);
+            return;
+        }
+    }
+    Prompter::current().beep();
+}
+
+void frmHelp::tellUnreadable(const fs::path& file) {
+    Prompter::current().tell(this, unreadableMessage(file));
+}
+
+void frmHelp::mnuOpen_Click() {
+    const fs::path folder = book_ == nullptr ? fs::path() : book_->path().parent_path();
+    const auto file = Prompter::current().chooseFile(
+        this, {ui::FileQuestion::Kind::open, "Open Help File",
+               "Compiled HTML Help (*.chm)|*.chm|All Files (*.*)|*.*", 1, folder, "*.chm", "chm"});
+    if (file && !openBook(*file)) {
+        tellUnreadable(*file);
+    }
+}
+
+void frmHelp::mnuSearch_Click() {
+    tbsFind.select(searchPage);
+    txtSearch.setFocus();
+    txtSearch.select(0, txtSearch.text().size());
+}
+
+} // namespace help

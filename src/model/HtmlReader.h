@@ -1,0 +1,74 @@
+#pragma once
+
+#include <optional>
+
+#include "model/Text.h"
+
+/// Texts with mark-up, in any encoding whose first 128 characters are those of ASCII. Damaged
+/// mark-up is read somehow, in time that grows with its length only.
+namespace model {
+
+/// Whether a tag, named in small letters, stands within a word without ending it.
+bool isInlineTag(TextView lowerName);
+
+/// Finds where tags end. It remembers what it has looked for in vain.
+class TagEnds {
+public:
+    /// The text must outlive this.
+    explicit TagEnds(TextView text) : text_(text) {}
+
+    /// The ">" of the tag that begins at an offset, which is not less than that of the call before.
+    /// One in an attribute's quotes does not count, unless the quotes are never closed. `npos` when
+    /// there is none.
+    std::size_t of(std::size_t start);
+
+private:
+    std::size_t quoteEnd(std::size_t quote);
+
+    TextView text_;
+    Text missingQuotes_;
+    std::size_t nextEnd_ = 0; ///< the first ">" behind some earlier place
+};
+
+/// Takes the texts and tags of HTML one after the other. Comments are passed over; a "<" that
+/// begins no tag is text.
+class HtmlReader {
+public:
+    /// The text must outlive the reader and what was taken.
+    explicit HtmlReader(TextView html) : html_(html), tagEnds_(html) {}
+
+    /// Goes on to the next one; false at the end.
+    bool next();
+
+    bool isText() const { return name_.empty(); }
+    Text lowerName() const { return lowerCase(name_); } ///< of a tag; empty for a text
+
+    /// The text as it stands, with its references. Empty for a tag.
+    TextView text() const { return isText() ? piece_ : TextView(); }
+
+    // By the tag's name in small letters, as in "ul".
+    bool opens(TextView lowerName) const { return !closing_ && hasName(lowerName); }
+    bool closes(TextView lowerName) const { return closing_ && hasName(lowerName); }
+
+    /// The value of a tag's attribute as it stands, without its quotes; nothing when the tag has
+    /// none of that name.
+    std::optional<TextView> attribute(TextView lowerName) const;
+
+private:
+    bool hasName(TextView lowerName) const;
+    bool takeTag();
+    void skipComment();
+
+    TextView html_;
+    TagEnds tagEnds_;
+    std::size_t position_ = 0;
+    TextView piece_;
+    TextView name_; ///< empty for a text
+    bool closing_ = false;
+    bool noCommentEnd_ = false; ///< found once, so that damaged texts are not searched again
+};
+
+/// Puts the characters of references ("&eacute;", "&#937;") in their places, in UTF-8.
+std::string resolvedReferences(std::string_view utf8);
+
+} // namespace model

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// The system's knowledge of characters, for texts that are not a project's.
+namespace platform {
+
+/// The Windows code page of Unicode in UTF-8.
+inline constexpr unsigned utf8CodePage = 65001;
+
+/// Text of a Windows code page, as UTF-8. Bytes without a character become U+FFFD; a code page that
+/// the system lacks is taken for 1252.
+std::string utf8FromCodePage(std::string_view bytes, unsigned codePage);
+
+/// The small letter of any script; other characters as they are.
+char32_t lowerCase(char32_t character);
+
+} // namespace platform

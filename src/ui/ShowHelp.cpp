@@ -1,0 +1,24 @@
+#include "ui/ShowHelp.h"
+
+namespace ui {
+
+namespace {
+
+std::function<void(int)>& shower() {
+    static std::function<void(int)> show;
+    return show;
+}
+
+} // namespace
+
+void showHelp(int context) {
+    if (shower()) {
+        shower()(context);
+    }
+}
+
+void setHelp(std::function<void(int context)> show) {
+    shower() = std::move(show);
+}
+
+} // namespace ui

@@ -1,0 +1,134 @@
+#include "ui/TreeView.h"
+
+#include <algorithm>
+
+#include <QTreeWidget>
+
+#include "ui/qt/Native.h"
+#include "ui/qt/RoomyDelegate.h"
+
+namespace ui {
+
+namespace {
+
+class TreeWidget : public QTreeWidget {
+public:
+    TreeWidget(QWidget* parent, TreeView& owner) : QTreeWidget(parent), owner_(owner) {
+        setHeaderHidden(true);
+        setColumnCount(1);
+        setUniformRowHeights(true);
+        setExpandsOnDoubleClick(false);
+        setItemDelegate(new RoomyDelegate(this));
+        connect(this, &QTreeWidget::currentItemChanged, [this] { raise(owner_.ItemClick); });
+        connect(this, &QTreeWidget::itemClicked, [this] { clickedAgain(); });
+        connect(this, &QTreeWidget::itemDoubleClicked, [this] { raise(owner_.DblClick); });
+    }
+
+    static constexpr int numberRole = Qt::UserRole;
+
+    int number() const {
+        return currentItem() == nullptr ? 0 : currentItem()->data(0, numberRole).toInt();
+    }
+
+    bool silent = false; ///< the program changes something
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (keyOf(*event).code == KeyCode::enter && currentItem() != nullptr) {
+            raise(owner_.DblClick);
+        } else if (event->modifiers().testFlag(Qt::AltModifier)) {
+            event->ignore(); // the window's commands
+        } else {
+            QTreeWidget::keyPressEvent(event);
+        }
+    }
+
+    void mousePressEvent(QMouseEvent* event) override {
+        before_ = currentItem();
+        QTreeWidget::mousePressEvent(event);
+    }
+
+private:
+    void raise(const Event<int>& event) {
+        if (!silent && number() > 0) {
+            event.raise(number());
+        }
+    }
+
+    /// On the item that was selected already: it is chosen once more.
+    void clickedAgain() {
+        if (currentItem() == before_) {
+            raise(owner_.ItemClick);
+        }
+    }
+
+    TreeView& owner_;
+    QTreeWidgetItem* before_ = nullptr; ///< only compared
+};
+
+} // namespace
+
+struct TreeView::Native : NativeWidget {
+    Native(TreeWidget* tree) : NativeWidget(tree), widget(*tree) {}
+    TreeWidget& widget;
+    std::vector<QTreeWidgetItem*> items; ///< the widget's
+};
+
+std::unique_ptr<NativeWidget> TreeView::make(TreeView& view, Container& container) {
+    return std::make_unique<Native>(new TreeWidget(container.client().widget, view));
+}
+
+TreeView::TreeView(Container& container) : Control(make(*this, container)) {}
+
+TreeView::Native& TreeView::tree() const {
+    return static_cast<Native&>(native());
+}
+
+void TreeView::setItems(const std::vector<TreeItem>& items) {
+    Native& native = tree();
+    native.widget.silent = true;
+    native.items.clear();
+    native.widget.clear();
+    std::vector<QTreeWidgetItem*> path; // the last item of each depth
+    QList<QTreeWidgetItem*> top;
+    for (const TreeItem& item : items) {
+        path.resize(std::min(static_cast<std::size_t>(std::max(item.depth, 1) - 1), path.size()));
+        auto* made = new QTreeWidgetItem({QString::fromStdString(item.text).simplified()});
+        made->setToolTip(0, made->text(0)); // for what is cut
+        made->setData(0, TreeWidget::numberRole, static_cast<int>(native.items.size()) + 1);
+        if (path.empty()) {
+            top.push_back(made);
+        } else {
+            path.back()->addChild(made);
+        }
+        path.push_back(made);
+        native.items.push_back(made);
+    }
+    native.widget.addTopLevelItems(top);
+    native.widget.setRootIsDecorated(std::any_of(
+        items.begin(), items.end(), [](const TreeItem& item) { return item.depth > 1; }));
+    native.widget.setCurrentItem(nullptr);
+    native.widget.silent = false;
+}
+
+int TreeView::selected() const {
+    return tree().widget.number();
+}
+
+void TreeView::select(int item) {
+    Native& native = tree();
+    native.widget.silent = true;
+    const bool exists = item > 0 && static_cast<std::size_t>(item) <= native.items.size();
+    QTreeWidgetItem* selected = exists ? native.items[static_cast<std::size_t>(item) - 1] : nullptr;
+    native.widget.setCurrentItem(selected);
+    if (selected != nullptr) {
+        native.widget.scrollToItem(selected);
+    }
+    native.widget.silent = false;
+}
+
+void TreeView::unfoldAll() {
+    tree().widget.expandAll();
+}
+
+} // namespace ui

@@ -1,0 +1,205 @@
+#include <QBuffer>
+#include <QMimeDatabase>
+#include <QPointer>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QTimer>
+#include <QWebEngineHistory>
+#include <QWebEngineNewWindowRequest>
+#include <QWebEnginePage>
+#include <QWebEngineProfile>
+#include <QWebEngineSettings>
+#include <QWebEngineUrlRequestInterceptor>
+#include <QWebEngineUrlRequestJob>
+#include <QWebEngineUrlScheme>
+#include <QWebEngineUrlSchemeHandler>
+#include <QWebEngineView>
+
+#include "ui/qt/BrowserView.h"
+#include "ui/qt/PageScheme.h"
+
+// The part of the browser's library for pages that are no files.
+namespace ui {
+
+namespace {
+
+bool isPage(const QUrl& url) {
+    return url.scheme() == pageScheme;
+}
+
+/// Answers the browser's requests from the host.
+class PageServer : public QWebEngineUrlSchemeHandler {
+public:
+    explicit PageServer(const PageHost& host) : host_(host) {}
+
+    void requestStarted(QWebEngineUrlRequestJob* job) override {
+        const QString path = job->requestUrl().path(QUrl::FullyDecoded);
+        const QByteArray type =
+            QMimeDatabase().mimeTypeForFile(path, QMimeDatabase::MatchExtension).name().toLatin1();
+        if (const auto bytes = host_.read(path)) {
+            reply(job, type, *bytes);
+        } else if (type == "text/html") {
+            reply(job, type, "<p>This page is not in the help file.</p>");
+        } else {
+            job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+        }
+    }
+
+private:
+    static void reply(QWebEngineUrlRequestJob* job, const QByteArray& type,
+                      const QByteArray& bytes) {
+        auto* buffer = new QBuffer(job); // deleted with it
+        buffer->setData(bytes);
+        job->reply(type, buffer);
+    }
+
+    const PageHost& host_;
+};
+
+/// Keeps everything else out.
+class PagesOnly : public QWebEngineUrlRequestInterceptor {
+public:
+    using QWebEngineUrlRequestInterceptor::QWebEngineUrlRequestInterceptor;
+
+    void interceptRequest(QWebEngineUrlRequestInfo& request) override {
+        request.block(!isPage(request.requestUrl()) && request.requestUrl().scheme() != "data");
+    }
+};
+
+class LinkedPage : public QWebEnginePage {
+public:
+    LinkedPage(QWebEngineProfile* profile, const PageHost& host)
+        : QWebEnginePage(profile), host_(host) {
+        // There is one window for all pages.
+        connect(this, &QWebEnginePage::newWindowRequested,
+                [this](const QWebEngineNewWindowRequest& request) {
+                    if (isPage(request.requestedUrl())) {
+                        load(request.requestedUrl());
+                    } else {
+                        goOutside(request.requestedUrl());
+                    }
+                });
+    }
+
+protected:
+    bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override {
+        if (isPage(url)) {
+            return true;
+        }
+        if (isMainFrame && type == NavigationTypeLinkClicked) {
+            goOutside(url);
+        }
+        return false;
+    }
+
+private:
+    void goOutside(const QUrl& url) {
+        // When the browser is done with it: whoever is told may wait for a person.
+        QTimer::singleShot(0, this, [this, address = url.toString()] { host_.outside(address); });
+    }
+
+    const PageHost& host_;
+};
+
+class WebPages : public PageBrowserView {
+public:
+    WebPages(QWidget* parent, PageHost host)
+        : host_(std::move(host)), server_(host_), page_(new LinkedPage(&profile_, host_)),
+          view_(new QWebEngineView(parent)) {
+        profile_.setUrlRequestInterceptor(&pagesOnly_);
+        profile_.installUrlSchemeHandler(pageScheme, &server_);
+        view_->setPage(page_);
+        view_->setContextMenuPolicy(Qt::NoContextMenu);
+        QWebEngineSettings& settings = *page_->settings();
+        settings.setAttribute(QWebEngineSettings::JavascriptEnabled, false);
+        settings.setAttribute(QWebEngineSettings::PluginsEnabled, false);
+        settings.setAttribute(QWebEngineSettings::ErrorPageEnabled, false);
+        settings.setAttribute(QWebEngineSettings::FocusOnNavigationEnabled, false);
+        QObject::connect(page_, &QWebEnginePage::urlChanged, [this] { host_.moved(); });
+        QObject::connect(page_, &QWebEnginePage::loadFinished,
+                         [this] { page_->findText(marked_); });
+    }
+    ~WebPages() override {
+        delete view_; // then the page, then what both use
+        delete page_;
+    }
+
+    QWidget* widget() override { return view_; }
+
+    void reset(const QString& encoding) override {
+        page_->settings()->setDefaultTextEncoding(encoding);
+        page_->history()->clear();
+        ++book_; // the browser keeps what it has shown under the same address
+    }
+
+    void show(const QString& path, const QString& anchor) override {
+        QUrl url;
+        url.setScheme(pageScheme);
+        url.setHost(QStringLiteral("book%1").arg(book_));
+        url.setPath(path, QUrl::DecodedMode);
+        if (!anchor.isEmpty()) {
+            url.setFragment(anchor, QUrl::DecodedMode);
+        }
+        page_->load(url);
+    }
+
+    QUrl shown() const override { return page_->url(); }
+
+    bool canGo(bool back) const override {
+        const QWebEngineHistory& history = *page_->history();
+        return back ? history.canGoBack() : history.canGoForward();
+    }
+
+    void go(bool back) override {
+        page_->triggerAction(back ? QWebEnginePage::Back : QWebEnginePage::Forward);
+    }
+
+    void mark(const QString& text) override {
+        marked_ = text;
+        page_->findText(text);
+    }
+
+    void print() override {
+        auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+        QPrintDialog dialog(printer.get(), view_);
+        if (dialog.exec() != QDialog::Accepted) {
+            return;
+        }
+        // The printer lives until the printing has ended.
+        QObject::connect(
+            view_, &QWebEngineView::printFinished, view_, [printer](bool) {},
+            Qt::SingleShotConnection);
+        view_->print(printer.get());
+    }
+
+private:
+    PageHost host_;
+    PageServer server_;
+    PagesOnly pagesOnly_;
+    QWebEngineProfile profile_; ///< keeps nothing on the disk
+    QPointer<LinkedPage> page_;
+    QPointer<QWebEngineView> view_;
+    QString marked_;
+    int book_ = 0;
+};
+
+} // namespace
+
+void registerPageScheme() {
+    static const bool done = [] {
+        QWebEngineUrlScheme scheme(pageScheme);
+        scheme.setSyntax(QWebEngineUrlScheme::Syntax::Host);
+        scheme.setFlags(QWebEngineUrlScheme::SecureScheme);
+        QWebEngineUrlScheme::registerScheme(scheme);
+        return true;
+    }();
+    static_cast<void>(done);
+}
+
+} // namespace ui
+
+extern "C" Q_DECL_EXPORT ui::PageBrowserView* topicsmithMakePageBrowser(QWidget* parent,
+                                                                        const ui::PageHost& host) {
+    ui::registerPageScheme();
+    return new ui::WebPages(parent, host);
+}
