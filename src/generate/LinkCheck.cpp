@@ -111,13 +111,15 @@ public:
             add(position, kind, address, "exists on this computer only");
             return;
         }
+        if (const int page = pageOf(address); page > 0) {
+            reach(position, page); // a page name with "#" is a fault of its own
+            return;
+        }
         const std::size_t end = std::min(address.find_first_of("#?"), address.size());
         const Text path = address.substr(0, end);
         const int page = path.empty() && end < address.size() ? position : pageOf(path);
         if (page > 0) {
-            if (page != position) {
-                reached_[static_cast<std::size_t>(page)] = true;
-            }
+            reach(position, page);
             noteAnchor(position, page, address);
         } else if (page < 0 && !isThere(path)) {
             add(position, kind, address,
@@ -174,6 +176,12 @@ private:
             }
         }
         return -1;
+    }
+
+    void reach(int from, int page) {
+        if (page != from) {
+            reached_[static_cast<std::size_t>(page)] = true;
+        }
     }
 
     void noteAnchor(int position, int page, const Text& address) {

@@ -135,7 +135,7 @@ ChmFacts readFacts(const ChmFile& file) {
     readSystem(table(file, "/#SYSTEM"), facts);
     readContexts(table(file, "/#IVB"), table(file, "/#STRINGS"), facts);
     if (facts.contentsFile.empty() || facts.indexFile.empty()) {
-        const std::vector<std::string> paths = file.paths();
+        const std::vector<std::string>& paths = file.paths();
         if (facts.contentsFile.empty()) {
             facts.contentsFile = withEnding(paths, ".hhc");
         }

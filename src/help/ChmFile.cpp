@@ -1,22 +1,32 @@
 #include "help/ChmFile.h"
 
-#include <chm_lib.h>
+#include <algorithm>
+#include <array>
+#include <fstream>
+
+#include "platform/Files.h"
 
 namespace help {
 
 namespace {
 
-/// A damaged file can claim any size.
-constexpr LONGUINT64 largest = LONGUINT64(64) << 20;
-
-bool find(chmFile* handle, const std::string& path, chmUnitInfo& unit) {
-    return path.size() < CHM_MAX_PATHLEN
-           && chm_resolve_object(handle, path.c_str(), &unit) == CHM_RESOLVE_SUCCESS;
+/// As the packed files are compared: other letters than those of ASCII are what they are.
+std::string keyOf(std::string path) {
+    std::transform(path.begin(), path.end(), path.begin(), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
+    return path;
 }
 
-int collect(chmFile*, chmUnitInfo* unit, void* paths) {
-    static_cast<std::vector<std::string>*>(paths)->emplace_back(unit->path);
-    return CHM_ENUMERATOR_CONTINUE;
+/// False at the end.
+bool takeNumber(std::istream& stream, std::uint64_t& number) {
+    std::array<char, 8> bytes{};
+    stream.read(bytes.data(), bytes.size());
+    number = 0;
+    for (std::size_t i = bytes.size(); i-- > 0;) {
+        number = number << 8U | static_cast<unsigned char>(bytes[i]);
+    }
+    return static_cast<bool>(stream);
 }
 
 } // namespace
@@ -26,38 +36,49 @@ std::unique_ptr<ChmFile> ChmFile::open(const std::filesystem::path& path) {
     if (!std::filesystem::is_regular_file(path, error)) {
         return nullptr;
     }
-    chmFile* handle = chm_open(path.string().c_str());
-    return handle == nullptr ? nullptr : std::unique_ptr<ChmFile>(new ChmFile(handle));
+    std::unique_ptr<ChmFile> file(new ChmFile);
+    // How it ended does not matter: what it has written is whole.
+    platform::runOnFile(platform::programFolder() / "topicsmith-unpack", platform::fullPath(path),
+                        file->unpacked_.path());
+    file->list();
+    return file->paths_.empty() ? nullptr : std::move(file);
 }
 
-ChmFile::~ChmFile() {
-    chm_close(handle_);
+/// Each file is two numbers, its path and its bytes.
+void ChmFile::list() {
+    std::error_code error;
+    const std::uint64_t end = std::filesystem::file_size(unpacked_.path(), error);
+    std::ifstream stream(unpacked_.path(), std::ios::binary);
+    std::uint64_t pathSize = 0;
+    std::uint64_t size = 0;
+    while (!error && takeNumber(stream, pathSize) && takeNumber(stream, size)) {
+        const auto start = static_cast<std::uint64_t>(stream.tellg());
+        if (pathSize > end - start || size > end - start - pathSize) {
+            return; // cut
+        }
+        std::string path(pathSize, '\0');
+        stream.read(path.data(), static_cast<std::streamsize>(pathSize));
+        if (places_.emplace(keyOf(path), Place{start + pathSize, size}).second) {
+            paths_.push_back(path);
+        }
+        stream.seekg(static_cast<std::streamoff>(start + pathSize + size));
+    }
 }
 
 bool ChmFile::holds(const std::string& path) const {
-    chmUnitInfo unit{};
-    return find(handle_, path, unit);
+    return places_.contains(keyOf(path));
 }
 
 std::optional<std::string> ChmFile::read(const std::string& path) const {
-    chmUnitInfo unit{};
-    if (!find(handle_, path, unit) || unit.length > largest) {
+    const auto found = places_.find(keyOf(path));
+    if (found == places_.end()) {
         return {};
     }
-    std::string bytes(unit.length, '\0');
-    const LONGINT64 got =
-        chm_retrieve_object(handle_, &unit, reinterpret_cast<unsigned char*>(bytes.data()), 0,
-                            static_cast<LONGINT64>(bytes.size()));
-    if (got != static_cast<LONGINT64>(bytes.size())) {
-        return {};
-    }
-    return bytes;
-}
-
-std::vector<std::string> ChmFile::paths() const {
-    std::vector<std::string> paths;
-    chm_enumerate(handle_, CHM_ENUMERATE_NORMAL | CHM_ENUMERATE_FILES, &collect, &paths);
-    return paths;
+    std::ifstream stream(unpacked_.path(), std::ios::binary);
+    stream.seekg(static_cast<std::streamoff>(found->second.offset));
+    std::string bytes(found->second.size, '\0');
+    stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    return stream ? std::optional(std::move(bytes)) : std::nullopt;
 }
 
 } // namespace help

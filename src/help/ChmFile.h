@@ -4,33 +4,41 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
-struct chmFile;
+#include "platform/Process.h"
 
 namespace help {
 
-/// The files packed in a compiled help file (`.chm`), by paths like "/html/setup.htm" in UTF-8.
+/// The files packed in a compiled help file (`.chm`), by paths like "/html/setup.htm" in UTF-8,
+/// whose letter case does not matter. Another program unpacks them, so that a damaged help file
+/// can do no harm here; what that program could not read is missing.
 class ChmFile {
 public:
     /// Null when the file cannot be read or is none.
     static std::unique_ptr<ChmFile> open(const std::filesystem::path& path);
-    ~ChmFile();
-    ChmFile(const ChmFile&) = delete;
-    ChmFile& operator=(const ChmFile&) = delete;
 
-    /// Letter case does not matter.
     bool holds(const std::string& path) const;
 
-    /// A packed file's bytes; nothing when there is none, it is damaged, or larger than 64 MB.
+    /// A packed file's bytes; nothing when there is none.
     std::optional<std::string> read(const std::string& path) const;
 
-    /// The paths of all files but those that are about the packing.
-    std::vector<std::string> paths() const;
+    /// The paths of all files.
+    const std::vector<std::string>& paths() const { return paths_; }
 
 private:
-    explicit ChmFile(chmFile* handle) : handle_(handle) {}
-    chmFile* handle_;
+    struct Place {
+        std::uint64_t offset;
+        std::uint64_t size;
+    };
+
+    ChmFile() = default;
+    void list();
+
+    platform::TemporaryFile unpacked_;
+    std::vector<std::string> paths_;
+    std::unordered_map<std::string, Place> places_; ///< by path in small letters
 };
 
 } // namespace help

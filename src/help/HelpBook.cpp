@@ -1,7 +1,9 @@
 #include "help/HelpBook.h"
 
 #include <algorithm>
+#include <limits>
 #include <map>
+#include <unordered_map>
 
 #include "model/CodePage.h"
 #include "model/Text.h"
@@ -94,7 +96,7 @@ void HelpBook::chooseHomePage() {
         homePage_ = inContents->target.page;
         return;
     }
-    const std::vector<std::string> paths = file_->paths();
+    const std::vector<std::string>& paths = file_->paths();
     const auto page = std::find_if(paths.begin(), paths.end(), hasPageEnding);
     homePage_ = page == paths.end() ? std::string() : *page;
 }
@@ -116,7 +118,9 @@ std::string HelpBook::pageOfContext(unsigned number) const {
     return {};
 }
 
+/// In the order of the contents; those that are not in there come behind.
 const std::vector<HelpBook::Page>& HelpBook::pages() {
+    constexpr std::size_t last = std::numeric_limits<std::size_t>::max();
     if (!pages_) {
         pages_.emplace();
         for (const std::string& path : file_->paths()) {
@@ -124,19 +128,29 @@ const std::vector<HelpBook::Page>& HelpBook::pages() {
                 continue;
             }
             if (const auto bytes = file_->read(path)) {
-                pages_->push_back({path, readHelpPage(*bytes, facts_.codePage)});
+                pages_->push_back({path, readHelpPage(*bytes, facts_.codePage), last});
             }
         }
+        std::unordered_map<std::string, std::size_t> places;
+        for (std::size_t i = contents_.size(); i-- > 0;) {
+            places[searchable(withoutAnchor(contents_[i].target.page))] = i;
+        }
+        for (Page& page : *pages_) {
+            if (const auto place = places.find(searchable(page.path)); place != places.end()) {
+                page.place = place->second;
+            }
+        }
+        std::stable_sort(pages_->begin(), pages_->end(),
+                         [](const Page& a, const Page& b) { return a.place < b.place; });
     }
     return *pages_;
 }
 
-std::string HelpBook::titleInContents(const std::string& page) const {
-    const auto found =
-        std::find_if(contents_.begin(), contents_.end(), [&page](const ContentsEntry& entry) {
-            return samePage(entry.target.page, page);
-        });
-    return found == contents_.end() ? std::string() : found->target.title;
+const std::string& HelpBook::titleOf(const Page& page) const {
+    if (!page.page.title.empty()) {
+        return page.page.title;
+    }
+    return page.place < contents_.size() ? contents_[page.place].target.title : page.path;
 }
 
 const std::vector<IndexEntry>& HelpBook::index() {
@@ -168,7 +182,7 @@ const std::vector<IndexEntry>& HelpBook::index() {
     }
     for (const Page& page : pages()) {
         for (const std::string& keyword : page.page.keywords) {
-            add(keyword, {page.page.title.empty() ? page.path : page.page.title, page.path});
+            add(keyword, {titleOf(page), page.path});
         }
     }
     index_.emplace();
@@ -186,11 +200,7 @@ std::vector<HelpTarget> HelpBook::search(const HelpQuestion& question) {
     std::vector<Found> found;
     for (const Page& page : pages()) {
         if (const int score = question.score(page.page); score > 0) {
-            std::string title = page.page.title;
-            if (title.empty()) {
-                title = titleInContents(page.path);
-            }
-            found.push_back({{title.empty() ? page.path : title, page.path}, score});
+            found.push_back({{titleOf(page), page.path}, score});
         }
     }
     std::stable_sort(found.begin(), found.end(),

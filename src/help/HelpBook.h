@@ -50,6 +50,7 @@ private:
     struct Page {
         std::string path;
         HelpPage page;
+        std::size_t place; ///< in the contents
     };
 
     HelpBook(std::filesystem::path path, std::unique_ptr<ChmFile> file);
@@ -59,7 +60,7 @@ private:
     void readContents();
     void chooseHomePage();
     const std::vector<Page>& pages();
-    std::string titleInContents(const std::string& page) const;
+    const std::string& titleOf(const Page& page) const;
 
     std::filesystem::path path_;
     std::unique_ptr<ChmFile> file_;

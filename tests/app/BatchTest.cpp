@@ -247,6 +247,21 @@ TEST_F(BatchTest, SpellListsUnknownWords) {
     EXPECT_EQ(output, "2\tdescription\t1\tΩ\n");
 }
 
+TEST_F(BatchTest, CheckListsFaultsAndChangesNothing) {
+    EXPECT_EQ(run({"check", TOPICSMITH_SOURCE_FOLDER "/help/topicsmith.tsp"}), exitDone);
+    EXPECT_EQ(output, "") << "the manual must be clean";
+    const std::string project =
+        save("p.tsp", test::outlineOf({topic(1, "A", "a.htm", "<img src='../x.png'>")}));
+    EXPECT_EQ(run({"check", project}), exitFailed);
+    EXPECT_EQ(output, "1\tpicture\t../x.png: does not exist\n");
+    EXPECT_EQ(folder.fileCount(), 1U);
+    fs::create_directory(folder / "out");
+    test::writeBytes(folder / "out/x.png", "x");
+    EXPECT_EQ(run({"check", project, "--output", folder / "out"}), exitDone);
+    EXPECT_EQ(run({"check", save("empty.tsp", {})}), exitFailed);
+    EXPECT_NE(errors.find("No Help Topic Files Found"), std::string::npos);
+}
+
 TEST_F(BatchTest, TheProjectIsNeverTheOutput) {
     const std::string project = save("p.tsp", test::flatOutline(1));
     const std::string before = test::bytesOf(project);

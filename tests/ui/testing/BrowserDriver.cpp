@@ -3,7 +3,6 @@
 #include <QWebEnginePage>
 #include <QWebEngineView>
 
-#include "ui/Browser.h"
 #include "ui/qt/Native.h"
 #include "ui/testing/Driver.h"
 
@@ -12,11 +11,11 @@ namespace ui::testing {
 
 namespace {
 
-QWebEngineView& viewOf(const Browser& browser) {
+QWebEngineView& viewOf(const Control& browser) {
     return static_cast<QWebEngineView&>(*browser.native().widget);
 }
 
-std::optional<QString> textNow(const Browser& browser) {
+std::optional<QString> textNow(const Control& browser) {
     auto text = std::make_shared<std::optional<QString>>();
     viewOf(browser).page()->toPlainText([text](const QString& found) { *text = found; });
     if (!QTest::qWaitFor([text] { return text->has_value(); }, 10000)) {
@@ -27,7 +26,7 @@ std::optional<QString> textNow(const Browser& browser) {
 
 } // namespace
 
-std::string waitForPage(const Browser& browser, const std::string& expected) {
+std::string waitForPage(const Control& browser, const std::string& expected) {
     std::string text;
     for (int attempt = 0; attempt < 200; ++attempt) {
         text = textNow(browser)->toStdString();
@@ -39,17 +38,17 @@ std::string waitForPage(const Browser& browser, const std::string& expected) {
     return text;
 }
 
-bool waitForPageHeight(const Browser& browser, int pixels) {
+bool waitForPageHeight(const Control& browser, int pixels) {
     QWebEnginePage& page = *viewOf(browser).page();
     return QTest::qWaitFor([&page, pixels] { return page.contentsSize().height() >= pixels; },
                            10000);
 }
 
-int scrollOf(const Browser& browser) {
+int scrollOf(const Control& browser) {
     return static_cast<int>(viewOf(browser).page()->scrollPosition().y());
 }
 
-void clickInPage(const Browser& browser, int x, int y) {
+void clickInPage(const Control& browser, int x, int y) {
     QWidget* inner = viewOf(browser).focusProxy();
     if (inner == nullptr) {
         qFatal("the browser shows nothing");
@@ -62,7 +61,7 @@ bool waitFor(const std::function<bool()>& condition) {
     return QTest::qWaitFor(condition, 10000);
 }
 
-void pressInPage(const Browser& browser, const char* key) {
+void pressInPage(const Control& browser, const char* key) {
     QTest::keyClick(viewOf(browser).focusProxy(), QKeySequence(QLatin1String(key))[0].key());
 }
 

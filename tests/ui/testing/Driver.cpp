@@ -136,7 +136,9 @@ Place placeOf(const Control& control) {
 std::string unnamedControls(Window& window) {
     QStringList unnamed;
     for (const QWidget* widget : widgetOf(window).findChildren<QWidget*>()) {
-        const bool reachable = (widget->focusPolicy() & Qt::TabFocus) != 0
+        const bool innerPart =
+            widget->focusProxy() == nullptr && widget->parentWidget()->focusProxy() == widget;
+        const bool reachable = !innerPart && (widget->focusPolicy() & Qt::TabFocus) != 0
                                && widget->objectName().startsWith("qt_") == false
                                && qobject_cast<const QTabBar*>(widget) == nullptr
                                && qobject_cast<const QTabWidget*>(widget) == nullptr

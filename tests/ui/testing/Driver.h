@@ -5,9 +5,9 @@
 #include <optional>
 #include <string>
 
-#include "ui/Browser.h"
 #include "ui/ListView.h"
 #include "ui/Prompter.h"
+#include "ui/TreeView.h"
 #include "ui/Window.h"
 
 /// Acts as a person does, for tests: real clicks and keys in real windows. Texts are in UTF-8, as
@@ -86,18 +86,26 @@ std::string cellText(const ListView& list, int row, int column);
 std::string cellToolTip(const ListView& list, int row, int column);
 int indentOf(const ListView& list, int row, int column);
 
+/// The items of a tree, one a line, with two blanks for each depth; "*" before the selected one.
+std::string treeText(const TreeView& tree);
+
+/// Clicks an item, after unfolding what it lies in. Fails the test when there is none.
+void clickItem(const TreeView& tree, const std::string& text);
+
 /// Does something in the dialog that the next command will open and wait for.
 void whenModal(std::function<void(Window&)> act);
 
+// Browsers of either kind.
+
 /// Waits until a page's text holds something, for ten seconds at most, and gives the text.
-std::string waitForPage(const Browser& browser, const std::string& expected);
+std::string waitForPage(const Control& browser, const std::string& expected);
 
 /// Waits until a page is so high; false when it does not become so.
-bool waitForPageHeight(const Browser& browser, int pixels);
+bool waitForPageHeight(const Control& browser, int pixels);
 
-int scrollOf(const Browser& browser);
-void clickInPage(const Browser& browser, int x, int y);
-void pressInPage(const Browser& browser, const char* key);
+int scrollOf(const Control& browser);
+void clickInPage(const Control& browser, int x, int y);
+void pressInPage(const Control& browser, const char* key);
 
 /// Waits for ten seconds at most; false when the condition does not come true.
 bool waitFor(const std::function<bool()>& condition);

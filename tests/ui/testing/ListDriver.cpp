@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QMimeData>
 #include <QTest>
+#include <QTreeWidget>
 
 #include "ui/testing/Driver.h"
 #include "ui/testing/Native.h"
@@ -95,6 +96,32 @@ std::string cellToolTip(const ListView& list, int row, int column) {
 
 int indentOf(const ListView& list, int row, int column) {
     return indexOf(list, row, column).data(Qt::UserRole).toInt();
+}
+
+std::string treeText(const TreeView& tree) {
+    auto& widget = static_cast<QTreeWidget&>(widgetOf(tree));
+    std::string text;
+    for (QTreeWidgetItemIterator i(&widget); *i != nullptr; ++i) {
+        for (const QTreeWidgetItem* above = (*i)->parent(); above != nullptr;
+             above = above->parent()) {
+            text += "  ";
+        }
+        text += (*i == widget.currentItem() ? "*" : "") + (*i)->text(0).toStdString() + '\n';
+    }
+    return text;
+}
+
+void clickItem(const TreeView& tree, const std::string& text) {
+    auto& widget = static_cast<QTreeWidget&>(widgetOf(tree));
+    const auto items =
+        widget.findItems(QString::fromStdString(text), Qt::MatchExactly | Qt::MatchRecursive);
+    if (items.isEmpty()) {
+        qFatal("no item %s", text.c_str());
+    }
+    widget.scrollToItem(items.first()); // unfolds, too
+    QTest::mouseClick(widget.viewport(), Qt::LeftButton, {},
+                      widget.visualItemRect(items.first()).center());
+    settle();
 }
 
 } // namespace ui::testing

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+
+namespace platform {
+
+/// A file of this program's own in the system's folder for such, removed at the end.
+class TemporaryFile {
+public:
+    TemporaryFile();
+    ~TemporaryFile();
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    /// Empty when the file could not be made.
+    const std::filesystem::path& path() const { return path_; }
+
+private:
+    std::filesystem::path path_;
+};
+
+/// Runs a program on a file and waits for its end. What it writes to its standard output goes into
+/// an existing file, which is emptied first; it has no input and its messages are dropped. True
+/// when it ended by itself and well.
+bool runOnFile(const std::filesystem::path& program, const std::filesystem::path& file,
+               const std::filesystem::path& output);
+
+/// For a program that reads what nobody vouches for: it is ended when it has computed for so many
+/// seconds or written so many bytes, and leaves no image of its memory behind.
+void limitThisProgram(unsigned seconds, std::uint64_t bytes);
+
+} // namespace platform

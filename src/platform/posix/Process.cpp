@@ -1,0 +1,73 @@
+#include "platform/Process.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <spawn.h>
+#include <string>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+extern char** environ;
+
+namespace platform {
+
+namespace fs = std::filesystem;
+
+TemporaryFile::TemporaryFile() {
+    std::error_code error;
+    std::string name = (fs::temp_directory_path(error) / "topicsmith-XXXXXX").string();
+    const int file = error ? -1 : mkostemp(name.data(), O_CLOEXEC);
+    if (file != -1) {
+        close(file);
+        path_ = name;
+    }
+}
+
+TemporaryFile::~TemporaryFile() {
+    std::error_code ignored;
+    if (!path_.empty()) {
+        fs::remove(path_, ignored);
+    }
+}
+
+bool runOnFile(const fs::path& program, const fs::path& file, const fs::path& output) {
+    constexpr const char* nothing = "/dev/null";
+    posix_spawn_file_actions_t actions;
+    if (posix_spawn_file_actions_init(&actions) != 0) {
+        return false;
+    }
+    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, nothing, O_RDONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, output.c_str(), O_WRONLY | O_TRUNC,
+                                     0);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, nothing, O_WRONLY, 0);
+    std::string name = program.string();
+    std::string argument = file.string();
+    char* arguments[] = {name.data(), argument.data(), nullptr};
+    pid_t child = 0;
+    const int failure = posix_spawn(&child, program.c_str(), &actions, nullptr, arguments, environ);
+    posix_spawn_file_actions_destroy(&actions);
+    if (failure != 0) {
+        return false;
+    }
+    int status = 0;
+    while (waitpid(child, &status, 0) == -1) {
+        if (errno != EINTR) {
+            return false;
+        }
+    }
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+void limitThisProgram(unsigned seconds, std::uint64_t bytes) {
+    const auto limit = [](auto resource, rlim_t value) {
+        const rlimit both = {value, value};
+        setrlimit(resource, &both); // a limit that cannot be set is one that stands lower already
+    };
+    limit(RLIMIT_CPU, seconds);
+    limit(RLIMIT_FSIZE, bytes);
+    limit(RLIMIT_CORE, 0);
+}
+
+} // namespace platform

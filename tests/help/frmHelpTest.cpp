@@ -1,0 +1,143 @@
+#include "help/frmHelp.h"
+
+#include "app/MainWindowFixture.h"
+#include "model/HelpContext.h"
+
+using namespace ui::testing;
+
+namespace {
+
+/// The help window in the real browser, with the program's own help, as it was built.
+class frmHelp : public test::MainWindow {
+protected:
+    frmHelp() {
+        std::filesystem::copy_file(std::filesystem::path(TOPICSMITH_PROGRAM_FOLDER)
+                                       / "HTML Topicsmith.chm",
+                                   helpFile, std::filesystem::copy_options::overwrite_existing);
+    }
+
+    help::frmHelp& shown() { return *window->helpWindow(); }
+    std::string waitFor(const char* text) { return waitForPage(shown().brwPage, text); }
+    bool shows(const char* text) { return waitFor(text).find(text) != std::string::npos; }
+    bool isSelected(const std::string& title) {
+        return treeText(shown().tvContents).find('*' + title + '\n') != std::string::npos;
+    }
+
+    void expectUnreadable(const std::filesystem::path& file) {
+        prompter.expect({"The help file cannot be opened:\n" + file.string(), "HTML Topicsmith",
+                         ui::Buttons::ok, ui::QuestionIcon::exclamation});
+    }
+
+    const std::filesystem::path helpFile = folder / "program" / "HTML Topicsmith.chm";
+};
+
+} // namespace
+
+TEST_F(frmHelp, ContentsOpensThePageOfTheMainWindow) {
+    press("F1");
+    ASSERT_NE(window->helpWindow(), nullptr);
+    EXPECT_TRUE(shows("The window shows one project."));
+    EXPECT_EQ(shown().caption(), "HTML Topicsmith - Help");
+    EXPECT_TRUE(isSelected("The main window"));
+    EXPECT_FALSE(shown().canGoBack());
+
+    // The tree is the outline, and a click shows the page.
+    model::Project manual;
+    model::loadProject(manual,
+                       std::filesystem::path(TOPICSMITH_SOURCE_FOLDER) / "help/topicsmith.tsp");
+    std::string outline;
+    for (const model::Topic& topic : manual.outline()) {
+        outline +=
+            std::string(2 * static_cast<std::size_t>(model::levelDepth(topic.level) - 1), ' ')
+            + (topic.contextNumber == "150" ? "*" : "") + topic.title + '\n';
+    }
+    EXPECT_EQ(treeText(shown().tvContents), outline);
+    clickItem(shown().tvContents, "Levels");
+    EXPECT_TRUE(shows("Every topic has a level from 1 to 9."));
+
+    show(shown());
+    EXPECT_TRUE(pressButton(shown(), "Back (Alt+Left)"));
+    EXPECT_TRUE(shows("The window shows one project."));
+    EXPECT_TRUE(isSelected("The main window"));
+    press("Alt+Right");
+    EXPECT_TRUE(shows("Every topic has a level from 1 to 9."));
+    press("Alt+Home");
+    EXPECT_TRUE(shows("Welcome to HTML Topicsmith"));
+    EXPECT_EQ(unnamedControls(shown()) + doubledMnemonics(shown()), "");
+    press("Esc");
+    settle();
+    EXPECT_EQ(window->helpWindow(), nullptr);
+}
+
+TEST_F(frmHelp, IndexAndSearchFindPages) {
+    EXPECT_TRUE(choose(*window, {"Help", "Help Index..."}));
+    show(shown());
+    EXPECT_TRUE(shown().txtIndex.hasFocus());
+    type("change s");
+    EXPECT_EQ(shown().tvIndex.selected() > 0, true);
+    press("Return");
+    EXPECT_TRUE(shows("Status letters"));
+    EXPECT_TRUE(isSelected("Status letters"));
+    clickItem(shown().tvIndex, "drag");
+    EXPECT_TRUE(isSelected("Working with the outline")
+                || ui::testing::waitFor([this] { return isSelected("Working with the outline"); }));
+
+    press("Ctrl+F");
+    type("hunspell dictionary");
+    press("Return");
+    EXPECT_EQ(treeText(shown().tvFound).substr(0, 22), "Checking the spelling\n");
+    clickItem(shown().tvFound, "Checking the spelling");
+    EXPECT_TRUE(shows("Hunspell"));
+    shown().txtSearch.setText("");
+    click(shown().cmdSearch);
+    EXPECT_EQ(treeText(shown().tvFound), "");
+    EXPECT_EQ(shown().lblFound.caption(), "0 topics found");
+}
+
+TEST_F(frmHelp, EveryWindowHasItsPage) {
+    load(test::titled({"a"}));
+    press("Ctrl+F");
+    click(window->findDialog()->cmdHelp);
+    EXPECT_TRUE(shows("opens the window Find"));
+    // A dialog that waits does not keep its help from being read.
+    show(*window);
+    whenModal([this](ui::Window& dialog) {
+        press("F1");
+        clickItem(shown().tvContents, "Levels");
+        EXPECT_TRUE(shows("Every topic has a level from 1 to 9."));
+        shown().close();
+        settle();
+        show(dialog);
+        press("F1");
+        EXPECT_TRUE(isSelected("Project options")
+                    || ui::testing::waitFor([this] { return isSelected("Project options"); }));
+        dialog.close();
+    });
+    EXPECT_TRUE(choose(*window, {"File", "Properties"}));
+    EXPECT_TRUE(shows("Options"));
+}
+
+TEST_F(frmHelp, WhatCannotBeReadIsSaid) {
+    const std::string bytes = test::bytesOf(helpFile);
+    test::writeBytes(helpFile, bytes.substr(0, 100));
+    expectUnreadable(helpFile);
+    press("F1");
+    std::filesystem::remove(helpFile);
+    expectUnreadable(helpFile);
+    EXPECT_TRUE(choose(*window, {"Help", "Help Index..."}));
+    EXPECT_EQ(window->helpWindow(), nullptr);
+
+    // Another file that is none leaves the open one alone.
+    test::writeBytes(helpFile, bytes);
+    test::writeBytes(folder / "other.chm", "ITSF");
+    press("F1");
+    show(shown());
+    prompter.expect({ui::FileQuestion::Kind::open, "Open Help File",
+                     "Compiled HTML Help (*.chm)|*.chm|All Files (*.*)|*.*", 1,
+                     helpFile.parent_path(), "*.chm", "chm"},
+                    folder / "other.chm");
+    expectUnreadable(folder / "other.chm");
+    press("Ctrl+O");
+    EXPECT_TRUE(shows("The window shows one project."));
+    EXPECT_EQ(shown().book()->path(), helpFile);
+}
