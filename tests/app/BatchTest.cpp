@@ -250,6 +250,10 @@ TEST_F(BatchTest, SpellListsUnknownWords) {
 TEST_F(BatchTest, CheckListsFaultsAndChangesNothing) {
     EXPECT_EQ(run({"check", TOPICSMITH_SOURCE_FOLDER "/help/topicsmith.tsp"}), exitDone);
     EXPECT_EQ(output, "") << "the manual must be clean";
+    EXPECT_EQ(run({"spell", TOPICSMITH_SOURCE_FOLDER "/help/topicsmith.tsp", "--language", "en_US",
+                   "--words", TOPICSMITH_SOURCE_FOLDER "/help/words.txt"}),
+              exitDone);
+    EXPECT_EQ(output, "") << "the manual must be spelt well";
     const std::string project =
         save("p.tsp", test::outlineOf({topic(1, "A", "a.htm", "<img src='../x.png'>")}));
     EXPECT_EQ(run({"check", project}), exitFailed);
