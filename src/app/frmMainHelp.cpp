@@ -32,13 +32,16 @@ void frmMain::mnuHelpIndex_Click() {
 /// Shows our own viewer, with the program's help in it; false, and said so, when that cannot be
 /// read.
 bool frmMain::openHelp() {
-    if (help_ == nullptr || !help_->isVisible()) {
+    const bool isNew = help_ == nullptr || !help_->isVisible();
+    if (isNew) {
         help_ = std::make_unique<help::frmHelp>(settings_);
         help_->Closed.connect([this] { discard(std::move(help_)); });
     }
     const bool isOpen = help_->book() != nullptr && help_->book()->path() == helpFile_;
     if (!isOpen && !help_->openBook(helpFile_)) {
-        help_.reset();
+        if (isNew) {
+            help_.reset();
+        }
         ui::Prompter::current().tell(this, help::unreadableMessage(helpFile_));
         return false;
     }

@@ -19,7 +19,6 @@ namespace generate {
 namespace fs = std::filesystem;
 using model::Text;
 using model::TextView;
-using model::Topic;
 
 namespace {
 
@@ -37,10 +36,14 @@ constexpr AddressPlace addressPlaces[] = {
     {"frame", "src", FindingKind::link},
     {"iframe", "src", FindingKind::link},
     {"script", "src", FindingKind::link},
+    {"embed", "src", FindingKind::link},
+    {"bgsound", "src", FindingKind::link},
+    {"object", "data", FindingKind::link},
     {"img", "src", FindingKind::picture},
-    {"input", "src", FindingKind::picture},
+    {"img", "lowsrc", FindingKind::picture},
     {"body", "background", FindingKind::picture},
     {"table", "background", FindingKind::picture},
+    {"tr", "background", FindingKind::picture},
     {"td", "background", FindingKind::picture},
     {"th", "background", FindingKind::picture},
 };
@@ -71,6 +74,8 @@ Text unescaped(TextView address) {
 
 class LinkChecker {
 public:
+    static constexpr int allPages = 0; ///< as a position: stands on every page
+
     LinkChecker(const model::TopicOutline& outline, const fs::path& folder,
                 std::vector<const char*> copied, std::vector<Finding>& findings)
         : outline_(outline), files_(folder / model::pageFolderName), copied_(std::move(copied)),
@@ -80,13 +85,15 @@ public:
         }
     }
 
-    /// Looks at all addresses in HTML that stands on the page of a topic; 0 for what stands on all
-    /// pages.
+    /// Looks at all addresses in HTML that stands on the page of a topic or on all pages.
     void checkHtml(int position, TextView html) {
         model::HtmlReader reader(html);
         while (reader.next()) {
-            if (const auto anchor = reader.attribute(reader.opens("a") ? "name" : "id")) {
-                anchors_.emplace(position, model::lowerCase(*anchor));
+            for (const char* attribute : {"id", "name"}) {
+                const auto anchor = reader.attribute(attribute);
+                if (anchor && (reader.opens("a") || TextView(attribute) == "id")) {
+                    anchors_.emplace(position, model::lowerCase(plainAddress(*anchor)));
+                }
             }
             for (const AddressPlace& place : addressPlaces) {
                 if (!reader.opens(place.tag)) {
@@ -104,33 +111,40 @@ public:
             return;
         }
         const TextView protocol = protocolOf(address);
-        if (protocol.size() > 1 && !model::equalIgnoringCase(protocol, "file")) {
+        const bool isWeb = address.starts_with("//");
+        if (isWeb || (protocol.size() > 1 && !model::equalIgnoringCase(protocol, "file"))) {
+            return;
+        }
+        if (address.empty()) {
+            add(position, kind, "\"\"", "is no address");
             return;
         }
         if (!protocol.empty() || address.starts_with('/') || address.starts_with('\\')) {
             add(position, kind, address, "exists on this computer only");
             return;
         }
-        if (const int page = pageOf(address); page > 0) {
+        if (const int page = pageOf(position, address); page > 0) {
             reach(position, page); // a page name with "#" is a fault of its own
             return;
         }
         const std::size_t end = std::min(address.find_first_of("#?"), address.size());
         const Text path = address.substr(0, end);
-        const int page = path.empty() && end < address.size() ? position : pageOf(path);
+        const int page = path.empty() && end < address.size() ? position : pageOf(position, path);
         if (page > 0) {
             reach(position, page);
             noteAnchor(position, page, address);
-        } else if (page < 0 && !isThere(path)) {
+        } else if (page < 0 && !isThere(position, path)) {
             add(position, kind, address,
-                isOldPage(path) ? "leads to the page of a topic that is gone" : "does not exist");
+                isOldPage(position, path) ? "leads to the page of a topic that is gone"
+                                          : "does not exist");
         }
     }
 
     /// To be called when all pages have been looked at.
     void finish() {
         for (const AnchorLink& link : anchorLinks_) {
-            if (!anchors_.contains({link.page, link.anchor})) {
+            if (!hasAnchor(link.page, link.anchor)
+                && !hasAnchor(link.page, unescaped(link.anchor))) {
                 add(link.position, FindingKind::link, link.address,
                     "leads to a place that its page does not have");
             }
@@ -161,6 +175,13 @@ private:
         findings_.push_back({position, kind, model::oneLine(address) + ": " + problem});
     }
 
+    /// A file below the page folder by a path as it stands on the page of a topic.
+    Text fromPage(int position, TextView path) const {
+        const Text page = position > 0 ? outline_.at(position).fileName : Text();
+        const std::size_t slash = page.find_last_of("/\\");
+        return page.substr(0, slash == Text::npos ? 0 : slash + 1) + Text(path);
+    }
+
     /// A file below the output folder, by a path that starts at the page folder.
     static Text keyOf(TextView path) {
         Text whole = Text(model::pageFolderName) + '/' + Text(path);
@@ -169,9 +190,10 @@ private:
     }
 
     /// The position of the topic to whose page a path leads; -1 for none.
-    int pageOf(const Text& path) const {
+    int pageOf(int position, const Text& path) const {
         for (const Text& each : {path, unescaped(path)}) {
-            if (const auto found = pages_.find(keyOf(each)); found != pages_.end()) {
+            if (const auto found = pages_.find(keyOf(fromPage(position, each)));
+                found != pages_.end()) {
                 return found->second;
             }
         }
@@ -193,29 +215,35 @@ private:
         }
     }
 
-    bool isThere(const Text& path) {
+    /// A place that every page has counts, too.
+    bool hasAnchor(int page, const Text& anchor) const {
+        return anchors_.contains({page, anchor}) || anchors_.contains({allPages, anchor});
+    }
+
+    bool isThere(int position, const Text& path) {
         if (path.empty()) {
             return false;
         }
+        const Text key = keyOf(fromPage(position, unescaped(path)));
         for (const char* name : copied_) {
-            if (keyOf(unescaped(path)) == keyOf(Text("../") + imageFolderName + '/' + name)) {
+            if (key == keyOf(Text("../") + imageFolderName + '/' + name)) {
                 return true;
             }
         }
         std::error_code ignored;
         for (const Text& each : {path, unescaped(path)}) {
-            if (fs::is_regular_file(files_.find(each), ignored)) {
-                return !isOldPage(path);
+            if (fs::exists(files_.find(fromPage(position, each)), ignored)) {
+                return !isOldPage(position, path);
             }
         }
         return false;
     }
 
     /// Whether a file is a page that was generated earlier, of a topic that is gone.
-    bool isOldPage(const Text& path) {
+    bool isOldPage(int position, const Text& path) {
         constexpr std::size_t headSize = 200;
         std::string head;
-        return !platform::readFile(files_.find(unescaped(path)), head, headSize)
+        return !platform::readFile(files_.find(fromPage(position, unescaped(path))), head, headSize)
                && head.find(generatorLine) != std::string::npos;
     }
 
@@ -235,7 +263,7 @@ private:
 void checkLinks(const model::TopicOutline& outline, const model::ProjectOptions& options,
                 const fs::path& outputFolder, std::vector<Finding>& findings) {
     LinkChecker checker(outline, outputFolder, copiedPictures(options), findings);
-    constexpr int allPages = 0;
+    constexpr int allPages = LinkChecker::allPages;
     if (!options.cssFile.empty()) {
         checker.checkAddress(allPages, options.cssFile, FindingKind::link);
     }

@@ -35,19 +35,19 @@ public:
         }
         checkFileName(topic.fileName);
         checkContext(topic);
-        checkCharacters("the title", topic.title, true);
-        checkCharacters("the file name", topic.fileName, true);
-        checkCharacters("the context string", topic.contextId, true);
-        checkCharacters("the keywords", topic.keywords, true);
-        checkCharacters("the short description", topic.shortDescription, false);
-        checkCharacters("the text", topic.body, false);
+        checkCharacters("in the title", topic.title, true);
+        checkCharacters("in the file name", topic.fileName, true);
+        checkCharacters("in the context string", topic.contextId, true);
+        checkCharacters("in the keywords", topic.keywords, true);
+        checkCharacters("in the short description", topic.shortDescription, false);
+        checkCharacters("in the text", topic.body, false);
     }
 
     void checkOptions(const model::ProjectOptions& options) {
         position_ = 0;
-        checkCharacters("the project name", options.projectName, false);
-        checkCharacters("the copyright text", options.copyrightText, false);
-        checkCharacters("the additional code", options.additionalText, false);
+        checkCharacters("in the project name", options.projectName, false);
+        checkCharacters("in the copyright text", options.copyrightText, false);
+        checkCharacters("in the additional code", options.additionalText, false);
     }
 
     void checkWorkshopLines() {
@@ -66,7 +66,7 @@ public:
     }
 
 private:
-    void add(FindingKind kind, Text text) {
+    void add(FindingKind kind, const Text& text) {
         findings_.push_back({position_, kind, model::oneLine(text)});
     }
 
@@ -78,17 +78,34 @@ private:
             fault(Text(problem));
             return;
         }
-        const Text stem = model::lowerCase(fileName.substr(0, fileName.rfind('.')));
-        if (stem.find(".h") != Text::npos) {
+        const Text lower = model::lowerCase(fileName);
+        if (!lower.ends_with(".htm") && !lower.ends_with(".html")) {
+            fault("the help workshop wants the ending .htm or .html");
+        }
+        if (lower.substr(0, lower.rfind('.')).find(".h") != Text::npos) {
             fault("the help workshop takes what follows .h for the ending");
         }
         if (fileName.find('#') != Text::npos) {
             fault("what follows # is taken for a place in the page");
         }
+        if (fileName.find_first_of("*?\"<>|:") != Text::npos) {
+            fault("Windows allows no * ? \" < > | : in file names");
+        }
+        if (hasEscape(fileName)) {
+            fault("in a link, % and two digits stand for another character");
+        }
         const auto [first, isNew] = pages_.emplace(model::pageKey(fileName), position_);
         if (!isNew) {
             fault("topic " + std::to_string(first->second) + " has the same page");
         }
+    }
+
+    static bool hasEscape(TextView fileName) {
+        constexpr TextView digits = "0123456789abcdefABCDEF";
+        const std::size_t percent = fileName.find('%');
+        return percent != TextView::npos
+               && fileName.find_first_not_of(digits, percent + 1) >= percent + 3
+               && percent + 2 < fileName.size();
     }
 
     void checkContext(const Topic& topic) {
@@ -137,17 +154,17 @@ private:
     void checkCharacters(const char* where, TextView text, bool bare) {
         if (std::any_of(text.begin(), text.end(), isUndefined)) {
             add(FindingKind::character,
-                Text(where) + " holds a character that Windows-1252 does not define");
+                Text(where) + ": a character that Windows-1252 does not define");
         }
         if (looksLikeUtf8(text)) {
             add(FindingKind::character,
-                Text(where) + " looks like UTF-8 that was taken for Windows-1252");
+                Text(where) + ": what looks like UTF-8 that was taken for Windows-1252");
         }
         for (std::size_t at = text.find('&'); bare && at != TextView::npos;
              at = text.find('&', at + 1)) {
             if (isForeign(model::characterReferenceAt(text, at))) {
                 add(FindingKind::character,
-                    Text(where) + " holds a character that is not in Windows-1252: "
+                    Text(where) + ": a character that is not in Windows-1252, "
                         + Text(text.substr(at, model::characterReferenceAt(text, at).length)));
                 return;
             }
@@ -159,18 +176,26 @@ private:
         return undefined.find(character) != TextView::npos;
     }
 
-    /// Whether every character beyond ASCII is part of a sequence of UTF-8. One typed by a person
-    /// hardly ever is.
+    /// Whether every character beyond ASCII is part of a sequence of UTF-8. Capitals with an accent
+    /// in front of typographic signs are such sequences, too, and do not count.
     static bool looksLikeUtf8(TextView text) {
+        constexpr TextView signs = "\x85\x91\x92\x93\x94\x95\x96\x97\x99";
+        constexpr TextView moreSigns = "\xA0\xAB\xAE\xB0\xBB"; // small letters behind C3
         constexpr char32_t damaged = 0xFFFD;
+        const auto counts = [&](TextView pair) {
+            const bool isUsual = pair[0] == '\xC2' || pair[0] == '\xC3';
+            return signs.find(pair[1]) == TextView::npos
+                   && (isUsual || moreSigns.find(pair[1]) == TextView::npos);
+        };
         bool found = false;
         while (!text.empty()) {
             const TextView before = text;
             const char32_t character = model::takeUtf8(text);
-            if (character == damaged && before.size() - text.size() == 1) {
+            const std::size_t length = before.size() - text.size();
+            if (character == damaged && length == 1) {
                 return false;
             }
-            found = found || character > 0x7F;
+            found = found || length > 2 || (length == 2 && counts(before));
         }
         return found;
     }

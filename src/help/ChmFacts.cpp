@@ -11,6 +11,8 @@ namespace {
 /// empty.
 class Table {
 public:
+    static constexpr std::size_t longestText = 1024; ///< a damaged table may lack the zero bytes
+
     explicit Table(std::string bytes) : bytes_(std::move(bytes)) {}
 
     std::size_t size() const { return bytes_.size(); }
@@ -25,12 +27,10 @@ public:
     }
 
     /// Up to its zero byte.
-    std::string text(std::size_t offset, std::size_t limit = std::string::npos) const {
-        if (offset >= size()) {
-            return {};
-        }
-        const std::string found = bytes_.substr(offset, limit);
-        return found.substr(0, found.find('\0'));
+    std::string text(std::size_t offset, std::size_t limit = longestText) const {
+        const std::string_view found =
+            std::string_view(bytes_).substr(std::min(offset, size()), std::min(limit, longestText));
+        return std::string(found.substr(0, found.find('\0')));
     }
 
 private:
@@ -84,7 +84,9 @@ void readSystem(const Table& system, ChmFacts& facts) {
 void readContexts(const Table& contexts, const Table& strings, ChmFacts& facts) {
     constexpr std::size_t headerSize = 4;
     constexpr std::size_t pairSize = 8;
-    for (std::size_t at = headerSize; at + pairSize <= contexts.size(); at += pairSize) {
+    constexpr std::size_t mostPairs = 65536; // so many that a damaged table does no harm
+    const std::size_t end = std::min(contexts.size(), headerSize + mostPairs * pairSize);
+    for (std::size_t at = headerSize; at + pairSize <= end; at += pairSize) {
         facts.contexts.emplace(contexts.number(at, 4), strings.text(contexts.number(at + 4, 4)));
     }
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
 
 #include "platform/Files.h"
 
@@ -48,20 +47,21 @@ std::unique_ptr<ChmFile> ChmFile::open(const std::filesystem::path& path) {
 void ChmFile::list() {
     std::error_code error;
     const std::uint64_t end = std::filesystem::file_size(unpacked_.path(), error);
-    std::ifstream stream(unpacked_.path(), std::ios::binary);
+    stream_.open(unpacked_.path(), std::ios::binary);
+    unpacked_.remove();
     std::uint64_t pathSize = 0;
     std::uint64_t size = 0;
-    while (!error && takeNumber(stream, pathSize) && takeNumber(stream, size)) {
-        const auto start = static_cast<std::uint64_t>(stream.tellg());
+    while (!error && takeNumber(stream_, pathSize) && takeNumber(stream_, size)) {
+        const auto start = static_cast<std::uint64_t>(stream_.tellg());
         if (pathSize > end - start || size > end - start - pathSize) {
             return; // cut
         }
         std::string path(pathSize, '\0');
-        stream.read(path.data(), static_cast<std::streamsize>(pathSize));
+        stream_.read(path.data(), static_cast<std::streamsize>(pathSize));
         if (places_.emplace(keyOf(path), Place{start + pathSize, size}).second) {
             paths_.push_back(path);
         }
-        stream.seekg(static_cast<std::streamoff>(start + pathSize + size));
+        stream_.seekg(static_cast<std::streamoff>(start + pathSize + size));
     }
 }
 
@@ -74,11 +74,11 @@ std::optional<std::string> ChmFile::read(const std::string& path) const {
     if (found == places_.end()) {
         return {};
     }
-    std::ifstream stream(unpacked_.path(), std::ios::binary);
-    stream.seekg(static_cast<std::streamoff>(found->second.offset));
+    stream_.clear();
+    stream_.seekg(static_cast<std::streamoff>(found->second.offset));
     std::string bytes(found->second.size, '\0');
-    stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    return stream ? std::optional(std::move(bytes)) : std::nullopt;
+    stream_.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    return stream_ ? std::optional(std::move(bytes)) : std::nullopt;
 }
 
 } // namespace help

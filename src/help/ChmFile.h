@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <optional>
 #include <string>
@@ -37,6 +38,7 @@ private:
     void list();
 
     platform::TemporaryFile unpacked_;
+    mutable std::ifstream stream_; ///< reads it, also when it is removed
     std::vector<std::string> paths_;
     std::unordered_map<std::string, Place> places_; ///< by path in small letters
 };

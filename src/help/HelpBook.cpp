@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 #include <map>
+#include <set>
 #include <unordered_map>
 
 #include "model/CodePage.h"
@@ -13,9 +14,17 @@ namespace help {
 
 namespace {
 
-bool hasPageEnding(const std::string& path) {
-    const model::Text lower = model::lowerCase(path);
-    return lower.ends_with(".htm") || lower.ends_with(".html");
+/// What comes behind so much is not searched: it would not fit into memory.
+constexpr std::size_t mostPageBytes = std::size_t(256) << 20;
+
+bool hasEnding(std::string_view path, std::string_view lowerEnding) {
+    return path.size() >= lowerEnding.size()
+           && model::startsWithIgnoringCase(path.substr(path.size() - lowerEnding.size()),
+                                            lowerEnding);
+}
+
+bool hasPageEnding(std::string_view path) {
+    return hasEnding(path, ".htm") || hasEnding(path, ".html");
 }
 
 bool isAddress(std::string_view text) {
@@ -27,10 +36,6 @@ bool isAddress(std::string_view text) {
 
 std::string withoutAnchor(const std::string& page) {
     return page.substr(0, page.find('#'));
-}
-
-bool samePage(const std::string& a, const std::string& b) {
-    return model::equalIgnoringCase(withoutAnchor(a), withoutAnchor(b));
 }
 
 } // namespace
@@ -53,6 +58,15 @@ HelpBook::HelpBook(std::filesystem::path path, std::unique_ptr<ChmFile> file)
 
 std::string HelpBook::decoded(const std::string& bytes) const {
     return platform::utf8FromCodePage(bytes, facts_.codePage);
+}
+
+std::optional<std::string> HelpBook::read(const std::string& path) const {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    auto bytes = file_->read(path);
+    if (bytes && hasPageEnding(path)) {
+        bytes = decodedPage(*bytes, facts_.codePage).insert(0, byteOrderMark);
+    }
+    return bytes;
 }
 
 /// A page as it stands in contents or index; another help's page and a place elsewhere stay as
@@ -123,11 +137,13 @@ const std::vector<HelpBook::Page>& HelpBook::pages() {
     constexpr std::size_t last = std::numeric_limits<std::size_t>::max();
     if (!pages_) {
         pages_.emplace();
+        std::size_t total = 0;
         for (const std::string& path : file_->paths()) {
-            if (!hasPageEnding(path)) {
+            if (!hasPageEnding(path) || total > mostPageBytes) {
                 continue;
             }
             if (const auto bytes = file_->read(path)) {
+                total += bytes->size();
                 pages_->push_back({path, readHelpPage(*bytes, facts_.codePage), last});
             }
         }
@@ -158,15 +174,12 @@ const std::vector<IndexEntry>& HelpBook::index() {
         return *index_;
     }
     std::map<std::string, IndexEntry> sorted;
-    const auto add = [&sorted](const std::string& keyword, HelpTarget target) {
-        IndexEntry& entry = sorted[searchable(keyword)];
-        if (entry.targets.empty()) {
-            entry.keyword = keyword;
-        }
-        const bool known = std::any_of(
-            entry.targets.begin(), entry.targets.end(),
-            [&target](const HelpTarget& each) { return samePage(each.page, target.page); });
-        if (!known) {
+    std::set<std::pair<std::string, std::string>> known; // keywords and pages
+    const auto add = [&](const std::string& keyword, HelpTarget target) {
+        const std::string key = searchable(keyword);
+        if (known.emplace(key, model::lowerCase(withoutAnchor(target.page))).second) {
+            IndexEntry& entry = sorted[key];
+            entry.keyword = entry.targets.empty() ? keyword : entry.keyword;
             entry.targets.push_back(std::move(target));
         }
     };
@@ -206,6 +219,7 @@ std::vector<HelpTarget> HelpBook::search(const HelpQuestion& question) {
     std::stable_sort(found.begin(), found.end(),
                      [](const Found& a, const Found& b) { return a.score > b.score; });
     std::vector<HelpTarget> targets;
+    targets.reserve(found.size());
     for (Found& each : found) {
         targets.push_back(std::move(each.target));
     }
@@ -214,18 +228,22 @@ std::vector<HelpTarget> HelpBook::search(const HelpQuestion& question) {
 
 std::optional<BookLink> linkToOtherBook(std::string_view address) {
     constexpr std::string_view divider = "::";
+    constexpr std::string_view protocols[] = {"ms-its:", "its:", "mk:@msitstore:"};
     const std::size_t end = address.find(divider);
-    if (end == std::string_view::npos
-        || !(model::startsWithIgnoringCase(address, "ms-its:")
-             || model::startsWithIgnoringCase(address, "mk:@msitstore:"))) {
+    const std::string_view place = address.substr(0, end);
+    const bool hasProtocol = std::any_of(
+        std::begin(protocols), std::end(protocols), [address](std::string_view protocol) {
+            return model::startsWithIgnoringCase(address, protocol);
+        });
+    if (end == std::string_view::npos || (!hasProtocol && !hasEnding(place, ".chm"))) {
         return {};
     }
-    const std::string_view place = address.substr(0, end);
     std::string page(address.substr(end + divider.size()));
     if (!page.starts_with('/')) {
         page.insert(page.begin(), '/');
     }
-    return BookLink{std::string(place.substr(place.find_last_of(":/\\") + 1)), page};
+    const std::string_view name = place.substr(place.find_last_of(":/\\") + 1);
+    return BookLink{std::u8string(name.begin(), name.end()), page};
 }
 
 std::size_t firstFrom(const std::vector<IndexEntry>& index, std::string_view beginning) {

@@ -25,7 +25,6 @@ public:
 
     const std::filesystem::path& path() const { return path_; }
     const std::string& title() const { return title_; } ///< the file's name where it has none
-    unsigned codePage() const { return facts_.codePage; }
 
     const std::vector<ContentsEntry>& contents() const { return contents_; }
 
@@ -35,8 +34,9 @@ public:
     /// Empty for a number that the help does not know.
     std::string pageOfContext(unsigned number) const;
 
-    /// The bytes of a page or picture, by its path without "#…"; nothing when it is not there.
-    std::optional<std::string> read(const std::string& path) const { return file_->read(path); }
+    /// The bytes of a page or picture, by its path without "#…"; nothing when it is not there. A
+    /// page is in UTF-8 and says so with a byte order mark.
+    std::optional<std::string> read(const std::string& path) const;
 
     /// In alphabetical order: from the index file, and from the pages, as a compiler may leave the
     /// keywords there. All pages are read when it is first asked for.
@@ -74,8 +74,8 @@ private:
 
 /// A page of another help file, as links between help files name it.
 struct BookLink {
-    std::string file; ///< its name, without folders
-    std::string page; ///< as in HelpBook
+    std::filesystem::path file; ///< its name, without folders
+    std::string page;           ///< as in HelpBook
 };
 
 /// Nothing for any other address.

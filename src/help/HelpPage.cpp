@@ -22,10 +22,17 @@ constexpr Charset charsets[] = {
     {"iso-8859-1", 1252},
     {"iso-8859-2", 1250},
     {"iso-8859-5", 1251},
+    {"iso-8859-7", 1253},
     {"iso-8859-9", 1254},
+    {"iso-8859-13", 1257},
+    {"iso-8859-15", 1252},
+    {"koi8-r", 20866},
+    {"euc-jp", 51932},
     {"shift_jis", 932},
     {"gb2312", 936},
     {"gbk", 936},
+    {"gb18030", 936},
+    {"ks_c_5601-1987", 949},
     {"euc-kr", 949},
     {"big5", 950},
 };
@@ -33,14 +40,14 @@ constexpr Charset charsets[] = {
 /// The code page that a page names in its head; 0 for none that is known.
 unsigned namedCodePage(std::string_view bytes) {
     constexpr std::size_t headSize = 2048;
-    constexpr std::string_view mark = "charset=";
+    constexpr std::string_view mark = "charset";
     const model::Text head = model::lowerCase(bytes.substr(0, headSize));
     const std::size_t at = head.find(mark);
     if (at == model::Text::npos) {
         return 0;
     }
     std::string_view name = std::string_view(head).substr(at + mark.size());
-    name.remove_prefix(name.starts_with('"') || name.starts_with('\'') ? 1 : 0);
+    name.remove_prefix(std::min(name.find_first_not_of(" ='\""), name.size()));
     name = name.substr(0, name.find_first_of("\"' />;\r\n"));
     constexpr std::string_view windows = "windows-";
     if (name.starts_with(windows)) {
@@ -53,7 +60,9 @@ unsigned namedCodePage(std::string_view bytes) {
     return known == std::end(charsets) ? 0 : known->codePage;
 }
 
-std::string decoded(std::string_view bytes, unsigned codePage) {
+} // namespace
+
+std::string decodedPage(std::string_view bytes, unsigned codePage) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (bytes.starts_with(byteOrderMark)) {
         bytes.remove_prefix(byteOrderMark.size());
@@ -64,42 +73,25 @@ std::string decoded(std::string_view bytes, unsigned codePage) {
     return platform::utf8FromCodePage(bytes, codePage);
 }
 
-/// Whether a tag begins what no reader sees; `end` is the tag that ends it.
-bool hides(const model::HtmlReader& tag, std::string& end) {
-    for (const char* name : {"script", "style"}) {
-        if (tag.opens(name)) {
-            end = name;
-            return true;
-        }
-    }
-    return false;
-}
-
-} // namespace
-
 HelpPage readHelpPage(std::string_view bytes, unsigned codePage) {
-    const std::string html = decoded(bytes, codePage);
+    const std::string html = decodedPage(bytes, codePage);
     HelpPage page;
     std::string text;
-    std::string hiddenUntil; // the name of a tag; empty outside
     bool inTitle = false;
     model::HtmlReader reader(html);
     while (reader.next()) {
-        if (!hiddenUntil.empty()) {
-            if (reader.closes(hiddenUntil)) {
-                hiddenUntil.clear();
-            }
-        } else if (reader.isText()) {
+        if (reader.isText()) {
             (inTitle ? page.title : text) += reader.text();
-        } else if (reader.opens("title") || reader.closes("title")) {
-            inTitle = reader.opens("title");
-        } else if (reader.opens("param")
-                   && model::equalIgnoringCase(reader.attribute("name").value_or(""), "keyword")) {
+            continue;
+        }
+        inTitle = reader.opens("title"); // there are no tags in it
+        if (reader.opens("param")
+            && model::equalIgnoringCase(reader.attribute("name").value_or(""), "keyword")) {
             if (const auto keyword = reader.attribute("value"); keyword && !keyword->empty()) {
                 page.keywords.push_back(model::resolvedReferences(*keyword));
                 model::append(text, " ", *keyword, " ");
             }
-        } else if (!hides(reader, hiddenUntil) && !model::isInlineTag(reader.lowerName())) {
+        } else if (!model::isInlineTag(reader.lowerName())) {
             text += ' ';
         }
     }
@@ -110,10 +102,14 @@ HelpPage readHelpPage(std::string_view bytes, unsigned codePage) {
 
 std::string searchable(std::string_view utf8) {
     constexpr char32_t noBreakSpace = 0xA0;
+    constexpr char32_t softHyphen = 0xAD;
     std::string text;
     text.reserve(utf8.size());
     while (!utf8.empty()) {
         const char32_t character = model::takeUtf8(utf8);
+        if (character == softHyphen) {
+            continue;
+        }
         if (character <= ' ' || character == noBreakSpace) {
             if (!text.empty() && text.back() != ' ') {
                 text += ' ';

@@ -13,7 +13,11 @@ struct HelpPage {
     std::string text; ///< with the keywords, as searchable() makes it, without mark-up
 };
 
-/// Reads a page in the code page that it names itself, or else in the given one.
+/// A page in UTF-8, without a byte order mark, from the code page that it names itself, or else
+/// from the given one.
+std::string decodedPage(std::string_view bytes, unsigned codePage);
+
+/// Reads a page, whose code page is found likewise.
 HelpPage readHelpPage(std::string_view bytes, unsigned codePage);
 
 /// In small letters, with one blank for all that stands between words.

@@ -8,6 +8,11 @@ namespace help {
 
 namespace {
 
+// What a damaged or hostile file must not go beyond.
+constexpr int deepest = 30;
+constexpr std::size_t mostEntries = 100000;
+constexpr std::size_t longestText = 1024;
+
 /// One line of an object: what a sitemap says of an entry.
 void takeParameter(const model::HtmlReader& tag, SitemapEntry& entry, std::string& targetTitle) {
     const auto name = tag.attribute("name");
@@ -15,7 +20,7 @@ void takeParameter(const model::HtmlReader& tag, SitemapEntry& entry, std::strin
     if (!name || !value) {
         return;
     }
-    const std::string text = model::resolvedReferences(*value);
+    const std::string text = model::resolvedReferences(value->substr(0, longestText));
     if (model::equalIgnoringCase(*name, "name") || model::equalIgnoringCase(*name, "keyword")) {
         // The first is the entry's own, each further one that of the target that follows.
         (entry.name.empty() ? entry.name : targetTitle) = text;
@@ -35,9 +40,9 @@ std::vector<SitemapEntry> readSitemap(std::string_view utf8) {
     bool inObject = false;
     int depth = 0;
     bool outermostClosed = false; // until something follows
-    while (reader.next()) {
+    while (reader.next() && entries.size() < mostEntries) {
         if (reader.opens("ul")) {
-            depth += outermostClosed ? 0 : 1;
+            depth = std::min(depth + (outermostClosed ? 0 : 1), deepest);
             outermostClosed = false;
         } else if (reader.closes("ul")) {
             outermostClosed = depth <= 1;

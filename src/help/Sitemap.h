@@ -19,7 +19,8 @@ struct SitemapEntry {
     std::vector<HelpTarget> targets;
 };
 
-/// Reads a sitemap, which may be damaged. Lists that are closed too often do no harm.
+/// Reads a sitemap, which may be damaged. Lists that are closed too often do no harm; very deep
+/// ones and endless texts are cut.
 std::vector<SitemapEntry> readSitemap(std::string_view utf8);
 
 } // namespace help

@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <string>
 
+#include "help/ChmDirectory.h"
+#include "platform/Files.h"
 #include "platform/Process.h"
 
 // Unpacks a compiled help file to standard output, see help/ChmFile.cpp. This is a program of its
@@ -11,8 +13,10 @@
 
 namespace {
 
-/// A damaged file can claim any size.
-constexpr LONGUINT64 largest = LONGUINT64(64) << 20;
+// A damaged file can claim any size.
+constexpr LONGUINT64 largestFile = LONGUINT64(64) << 20;
+constexpr std::uint64_t largestWhole = std::uint64_t(512) << 20;
+constexpr unsigned longestTime = 30; // in seconds
 
 void putNumber(std::uint64_t number) {
     std::array<unsigned char, 8> bytes{};
@@ -27,14 +31,16 @@ void put(const std::string& bytes) {
     std::fwrite(bytes.data(), 1, bytes.size(), stdout);
 }
 
-int unpack(chmFile* help, chmUnitInfo* unit, void* /*context*/) {
-    const std::string path(unit->path);
-    if (unit->length > largest) {
-        return CHM_ENUMERATOR_CONTINUE;
+void unpack(chmFile* help, const std::string& path) {
+    chmUnitInfo unit{};
+    if (path.size() >= CHM_MAX_PATHLEN
+        || chm_resolve_object(help, path.c_str(), &unit) != CHM_RESOLVE_SUCCESS
+        || unit.length > largestFile) {
+        return;
     }
-    std::string bytes(unit->length, '\0');
+    std::string bytes(unit.length, '\0');
     const LONGINT64 got =
-        chm_retrieve_object(help, unit, reinterpret_cast<unsigned char*>(bytes.data()), 0,
+        chm_retrieve_object(help, &unit, reinterpret_cast<unsigned char*>(bytes.data()), 0,
                             static_cast<LONGINT64>(bytes.size()));
     if (got == static_cast<LONGINT64>(bytes.size())) {
         putNumber(path.size());
@@ -43,21 +49,25 @@ int unpack(chmFile* help, chmUnitInfo* unit, void* /*context*/) {
         put(bytes);
         std::fflush(stdout); // what is whole stays, whatever comes next
     }
-    return CHM_ENUMERATOR_CONTINUE;
 }
 
 } // namespace
 
 int main(int argc, char* argv[]) {
-    constexpr unsigned seconds = 60;
-    constexpr std::uint64_t bytes = std::uint64_t(2) << 30;
-    platform::limitThisProgram(seconds, bytes);
-    chmFile* help = argc == 2 ? chm_open(argv[1]) : nullptr;
+    platform::limitThisProgram(longestTime, largestWhole);
+    std::string file;
+    if (argc != 2 || platform::readFile(argv[1], file)) {
+        return 1;
+    }
+    const std::vector<std::string> paths = help::packedPaths(file);
+    file = {};
+    chmFile* help = paths.empty() ? nullptr : chm_open(argv[1]);
     if (help == nullptr) {
         return 1;
     }
-    chm_enumerate(help, CHM_ENUMERATE_NORMAL | CHM_ENUMERATE_SPECIAL | CHM_ENUMERATE_FILES, &unpack,
-                  nullptr);
+    for (const std::string& path : paths) {
+        unpack(help, path);
+    }
     chm_close(help);
     return std::ferror(stdout) == 0 ? 0 : 1;
 }

@@ -77,9 +77,11 @@ void frmHelp::arrange() {
 
 void frmHelp::connectControls() {
     UI_ON(tvContents, ItemClick);
+    UI_ON(tvContents, DblClick);
     UI_ON(txtIndex, Change);
     UI_ON(txtIndex, KeyDown);
     UI_ON(tvIndex, ItemClick);
+    UI_ON(tvIndex, DblClick);
     UI_ON(txtSearch, KeyDown);
     UI_ON(cmdSearch, Click);
     UI_ON(tvFound, ItemClick);
@@ -110,7 +112,7 @@ bool frmHelp::openBook(const fs::path& file) {
     }
     book_ = std::move(book);
     setUnicodeCaption(book_->title() + " - Help");
-    brwPage.reset(book_->codePage());
+    brwPage.reset();
     fillContents();
     tvIndex.setItems({});
     indexFilled_ = false;
@@ -167,6 +169,13 @@ void frmHelp::go(const std::string& page, const std::string& marked) {
     brwPage.show(page);
 }
 
+/// For who walks through a list: what leads elsewhere wants a double-click or Enter.
+void frmHelp::goWithin(const std::string& page) {
+    if (page.starts_with('/')) {
+        go(page);
+    }
+}
+
 void frmHelp::showContext(unsigned number) {
     const std::string page = book_->pageOfContext(number);
     go(page.empty() ? book_->homePage() : page);
@@ -182,6 +191,10 @@ void frmHelp::showIndex() {
 // ---- What the reader does ----
 
 void frmHelp::tvContents_ItemClick(int item) {
+    goWithin(book_->contents()[static_cast<std::size_t>(item) - 1].target.page);
+}
+
+void frmHelp::tvContents_DblClick(int item) {
     go(book_->contents()[static_cast<std::size_t>(item) - 1].target.page);
 }
 
@@ -203,7 +216,7 @@ void frmHelp::txtIndex_Change() {
 
 void frmHelp::txtIndex_KeyDown(ui::Key& key) {
     if (key.code == ui::KeyCode::enter && tvIndex.selected() > 0) {
-        tvIndex_ItemClick(tvIndex.selected());
+        tvIndex_DblClick(tvIndex.selected());
         key.handled = true;
     } else if (key.code == ui::KeyCode::down && key.plain()) {
         tvIndex.setFocus();
@@ -212,6 +225,10 @@ void frmHelp::txtIndex_KeyDown(ui::Key& key) {
 }
 
 void frmHelp::tvIndex_ItemClick(int item) {
+    goWithin(indexTargets_[static_cast<std::size_t>(item) - 1].page);
+}
+
+void frmHelp::tvIndex_DblClick(int item) {
     go(indexTargets_[static_cast<std::size_t>(item) - 1].page);
 }
 
@@ -274,7 +291,7 @@ void frmHelp::brwPage_Moved() {
 /// A page of another help file beside this one is shown; the web is for another program.
 void frmHelp::brwPage_OutsideClick(const std::string& address) {
     if (const auto link = linkToOtherBook(address)) {
-        const fs::path file = book_->path().parent_path() / model::nativePath(link->file);
+        const fs::path file = book_->path().parent_path() / link->file;
         if (openBook(file)) {
             go(link->page);
         } else {

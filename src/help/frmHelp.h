@@ -56,9 +56,11 @@ public:
     ui::Toolbar tbTools{*this};
 
     void tvContents_ItemClick(int item);
+    void tvContents_DblClick(int item);
     void txtIndex_Change();
     void txtIndex_KeyDown(ui::Key& key);
     void tvIndex_ItemClick(int item);
+    void tvIndex_DblClick(int item);
     void txtSearch_KeyDown(ui::Key& key);
     void cmdSearch_Click();
     void tvFound_ItemClick(int item);
@@ -88,6 +90,7 @@ private:
     void fillContents();
     void fillIndex();
     void tellUnreadable(const std::filesystem::path& file);
+    void goWithin(const std::string& page);
     void go(const std::string& page, const std::string& marked = {});
 
     ui::CommandSet commands_{*this, helpCommands()};

@@ -116,7 +116,27 @@ bool HtmlReader::takeTag() {
     name_ = piece_.substr(0, std::min(piece_.find_first_of(" \t\r\n\f/"), piece_.size()));
     closing_ = closing;
     position_ = end + 1;
+    for (const TextView endTag : {"</script", "</style"}) {
+        if (opens(endTag.substr(2))) {
+            skipContents(endTag);
+        }
+    }
     return true;
+}
+
+/// Without an end nothing is skipped: it may be a mistake.
+void HtmlReader::skipContents(TextView endTag) {
+    if (missingEndTags_.find(endTag) != Text::npos) {
+        return;
+    }
+    for (std::size_t at = html_.find("</", position_); at != TextView::npos;
+         at = html_.find("</", at + 1)) {
+        if (startsWithIgnoringCase(html_.substr(at), endTag)) {
+            position_ = at;
+            return;
+        }
+    }
+    missingEndTags_ += endTag;
 }
 
 bool HtmlReader::hasName(TextView lowerName) const {

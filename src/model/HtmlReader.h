@@ -30,8 +30,8 @@ private:
     std::size_t nextEnd_ = 0; ///< the first ">" behind some earlier place
 };
 
-/// Takes the texts and tags of HTML one after the other. Comments are passed over; a "<" that
-/// begins no tag is text.
+/// Takes the texts and tags of HTML one after the other. Comments, and what stands in scripts and
+/// style sheets, are passed over; a "<" that begins no tag is text.
 class HtmlReader {
 public:
     /// The text must outlive the reader and what was taken.
@@ -58,6 +58,7 @@ private:
     bool hasName(TextView lowerName) const;
     bool takeTag();
     void skipComment();
+    void skipContents(TextView endTag);
 
     TextView html_;
     TagEnds tagEnds_;
@@ -66,6 +67,7 @@ private:
     TextView name_; ///< empty for a text
     bool closing_ = false;
     bool noCommentEnd_ = false; ///< found once, so that damaged texts are not searched again
+    Text missingEndTags_;       ///< likewise
 };
 
 /// Puts the characters of references ("&eacute;", "&#937;") in their places, in UTF-8.

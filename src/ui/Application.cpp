@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QStandardPaths>
 
+#include "ui/Window.h"
 #include "ui/qt/Icons.h"
 #include "ui/qt/Native.h"
 
@@ -37,7 +38,9 @@ std::filesystem::path Application::userFolder() {
 }
 
 int Application::run() {
-    return QApplication::exec();
+    const int code = QApplication::exec();
+    Window::dropDiscarded(); // while the toolkit is still there
+    return code;
 }
 
 } // namespace ui

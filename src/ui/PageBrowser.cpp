@@ -48,9 +48,9 @@ PageBrowser::Native& PageBrowser::browser() const {
     return static_cast<Native&>(native());
 }
 
-void PageBrowser::reset(unsigned codePage) {
+void PageBrowser::reset() {
     if (browser().view) {
-        browser().view->reset(QStringLiteral("windows-%1").arg(codePage));
+        browser().view->reset();
     }
 }
 

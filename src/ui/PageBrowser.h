@@ -26,9 +26,8 @@ public:
     /// The source is not owned and must outlive the browser.
     PageBrowser(Container& container, PageSource& source);
 
-    /// The source has become another: the way back is forgotten. `codePage` is the Windows code
-    /// page of pages that do not name their own.
-    void reset(unsigned codePage);
+    /// The source has become another: the way back is forgotten when the next page is there.
+    void reset();
 
     void show(const std::string& place);
     std::string shown() const; ///< empty before anything is

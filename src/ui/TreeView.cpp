@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <QTimer>
 #include <QTreeWidget>
 
 #include "ui/qt/Native.h"
@@ -21,7 +22,7 @@ public:
         setItemDelegate(new RoomyDelegate(this));
         connect(this, &QTreeWidget::currentItemChanged, [this] { raise(owner_.ItemClick); });
         connect(this, &QTreeWidget::itemClicked, [this] { clickedAgain(); });
-        connect(this, &QTreeWidget::itemDoubleClicked, [this] { raise(owner_.DblClick); });
+        connect(this, &QTreeWidget::itemDoubleClicked, [this] { raiseLater(owner_.DblClick); });
     }
 
     static constexpr int numberRole = Qt::UserRole;
@@ -35,7 +36,7 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override {
         if (keyOf(*event).code == KeyCode::enter && currentItem() != nullptr) {
-            raise(owner_.DblClick);
+            raiseLater(owner_.DblClick);
         } else if (event->modifiers().testFlag(Qt::AltModifier)) {
             event->ignore(); // the window's commands
         } else {
@@ -53,6 +54,11 @@ private:
         if (!silent && number() > 0) {
             event.raise(number());
         }
+    }
+
+    /// When the widget is done: the handler may give it other items.
+    void raiseLater(const Event<int>& event) {
+        QTimer::singleShot(0, this, [this, &event] { raise(event); });
     }
 
     /// On the item that was selected already: it is chosen once more.

@@ -27,6 +27,11 @@ std::vector<Window*>& allWindows() {
     return windows;
 }
 
+std::vector<std::unique_ptr<Window>>& discarded() {
+    static std::vector<std::unique_ptr<Window>> windows;
+    return windows;
+}
+
 /// What a window does when the person acts on it; the same for all kinds of windows.
 template <typename Base>
 class Shell : public Base {
@@ -257,9 +262,12 @@ void Window::closeAllBut(const Window& window) {
 }
 
 void Window::discard(std::unique_ptr<Window> window) {
-    static std::vector<std::unique_ptr<Window>> discarded;
-    discarded.push_back(std::move(window));
-    QTimer::singleShot(0, qApp, [] { discarded.clear(); });
+    discarded().push_back(std::move(window));
+    QTimer::singleShot(0, qApp, &Window::dropDiscarded);
+}
+
+void Window::dropDiscarded() {
+    discarded().clear();
 }
 
 int Window::width() const {

@@ -54,6 +54,7 @@ public:
 
     /// Lets go of a window at the next quiet moment, so that its own handlers may order it.
     static void discard(std::unique_ptr<Window> window);
+    static void dropDiscarded();
 
     // In twips, of the inside; frame and title bar are the system's.
     int width() const;

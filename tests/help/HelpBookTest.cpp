@@ -102,7 +102,7 @@ TEST(HelpBook, ShowsAGeneratedHelpAsItsOutline) {
     const auto book = opened(folder / "help.chm");
     for (const Topic& each : outline) {
         EXPECT_EQ(book->read("/html/" + each.fileName),
-                  test::bytesOf(folder / "html" / each.fileName));
+                  "\xEF\xBB\xBF" + toUtf8(test::bytesOf(folder / "html" / each.fileName)));
     }
     outline.at(4).title = "A Caf\xE9 & more";
     EXPECT_EQ(contentsOf(*book), contentsOf(outline));
@@ -158,7 +158,7 @@ TEST(HelpBook, ReadsHelpOfOtherTools) {
     const std::string title = "\xCD\xE0\xF7\xE0\xEB\xEE";
     fs::create_directory(folder / "sub");
     test::writeBytes(folder / "start.htm", "<title>" + title + "</title><h1>" + title
-                                               + "</h1><script>hidden</script> t<b>ag</b>s");
+                                               + "</h1><script>hidden <n;i++</script> t<b>ag</b>s");
     test::writeBytes(folder / "sub/utf.html",
                      "<meta charset='utf-8'><title>Zwölf &Omega; &#937;</title>Größe");
     test::writeBytes(folder / "t.hhc",
@@ -186,7 +186,6 @@ TEST(HelpBook, ReadsHelpOfOtherTools) {
     test::compileHelp(folder / "t.hhp");
 
     const auto book = opened(folder / "t.chm");
-    EXPECT_EQ(book->codePage(), 1251U);
     EXPECT_EQ(book->title(), "Начало");
     EXPECT_EQ(contentsOf(*book),
               (std::vector<std::string>{"1 Начало /start.htm", "2 No page ",
@@ -196,6 +195,40 @@ TEST(HelpBook, ReadsHelpOfOtherTools) {
     EXPECT_EQ(found(*book, "начал"), std::vector<std::string>{"Начало"});
     EXPECT_EQ(found(*book, "größe"), std::vector<std::string>{"Zwölf &Omega; Ω"});
     EXPECT_EQ(found(*book, "hidden"), std::vector<std::string>{});
+    EXPECT_EQ(found(*book, "tags"), std::vector<std::string>{"Начало"});
+}
+
+TEST(HelpBook, HoldsTheLargestProject) {
+    Project project;
+    TopicOutline outline = test::flatOutline(TopicOutline::maxTopics);
+    for (int i = 1; i <= outline.count(); ++i) {
+        outline.at(i).keywords = "common; own " + std::to_string(i);
+        outline.at(i).contextId = "IDH_" + std::to_string(i);
+        outline.at(i).contextNumber = std::to_string(i);
+    }
+    project.replace(outline, {}, "p.tsp");
+    const test::TemporaryFolder folder;
+    const auto save = [&] { return saveProject(project, folder / "saved.tsp"); };
+    generate::generateHelp(project, {folder / "help.hhp", TOPICSMITH_PROGRAM_FOLDER, save, {}});
+    test::compileHelp(folder / "help.hhp");
+    const auto book = opened(folder / "help.chm");
+    EXPECT_EQ(contentsOf(*book), contentsOf(outline));
+    EXPECT_EQ(book->pageOfContext(500), "/html/t500.htm");
+    ASSERT_EQ(book->index().size(), 501U);
+    EXPECT_EQ(book->index().front().targets.size(), 500U);
+    EXPECT_EQ(book->search(HelpQuestion("topic")).size(), 500U);
+}
+
+TEST(Sitemap, DepthAndLengthHaveLimits) {
+    std::string deep;
+    for (int i = 0; i < 100000; ++i) {
+        deep += "<UL><LI><OBJECT type='text/sitemap'><param name=Name value='"
+                + std::string(i == 0 ? 100000 : 10, 'x') + "'></OBJECT>";
+    }
+    const auto entries = readSitemap(deep);
+    ASSERT_EQ(entries.size(), 100000U);
+    EXPECT_EQ(entries.back().depth, 30);
+    EXPECT_EQ(entries.front().name.size(), 1024U);
 }
 
 TEST(HelpBook, DamagedFilesDoNoHarm) {
@@ -241,5 +274,6 @@ TEST(Link, ToAnotherHelpFileIsTakenApart) {
     EXPECT_EQ(link->file, "other.chm");
     EXPECT_EQ(link->page, "/html/a.htm#x");
     EXPECT_EQ(linkToOtherBook("ms-its:../../other.chm::a.htm")->file, "other.chm");
+    EXPECT_EQ(linkToOtherBook("Über.chm::/a.htm")->file, "Über.chm");
     EXPECT_FALSE(linkToOtherBook("http://x/::y"));
 }

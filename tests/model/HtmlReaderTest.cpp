@@ -31,6 +31,8 @@ TEST(HtmlReader, TellsTextsFromTags) {
     EXPECT_EQ(pieces("<!DOCTYPE x><br/>1 < 2 <- 3<"), "<!doctype>|<br>|1 |< 2 |<- 3|<|");
     EXPECT_EQ(pieces("a<!-- <b> > -->b<!-- open\nc"), "a|b|\nc|");
     EXPECT_EQ(pieces("<a title='1 > 0'>x<i title=\"open>y<u>"), "<a>|x|<i>|y|<u>|");
+    EXPECT_EQ(pieces("<Script>if (a<b) '</b>'</SCRIPT>x"), "<script>|</script>|x|");
+    EXPECT_EQ(pieces("<style>open<b>"), "<style>|open|<b>|");
     EXPECT_EQ(pieces(""), "");
 }
 

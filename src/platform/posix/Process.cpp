@@ -9,8 +9,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-extern char** environ;
-
 namespace platform {
 
 namespace fs = std::filesystem;
@@ -26,6 +24,10 @@ TemporaryFile::TemporaryFile() {
 }
 
 TemporaryFile::~TemporaryFile() {
+    remove();
+}
+
+void TemporaryFile::remove() {
     std::error_code ignored;
     if (!path_.empty()) {
         fs::remove(path_, ignored);
@@ -65,7 +67,7 @@ void limitThisProgram(unsigned seconds, std::uint64_t bytes) {
         const rlimit both = {value, value};
         setrlimit(resource, &both); // a limit that cannot be set is one that stands lower already
     };
-    limit(RLIMIT_CPU, seconds);
+    alarm(seconds);
     limit(RLIMIT_FSIZE, bytes);
     limit(RLIMIT_CORE, 0);
 }

@@ -15,9 +15,7 @@ constexpr std::string_view replacement = "\xEF\xBF\xBD"; // U+FFFD
 class Converter {
 public:
     explicit Converter(unsigned codePage)
-        : handle_(iconv_open("UTF-8", codePage == utf8CodePage
-                                          ? "UTF-8"
-                                          : ("CP" + std::to_string(codePage)).c_str())) {}
+        : handle_(iconv_open("UTF-8", nameOf(codePage).c_str())) {}
     ~Converter() {
         if (isOpen()) {
             iconv_close(handle_);
@@ -25,6 +23,19 @@ public:
     }
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
+
+    static std::string nameOf(unsigned codePage) {
+        switch (codePage) {
+        case utf8CodePage:
+            return "UTF-8";
+        case 20866:
+            return "KOI8-R";
+        case 51932:
+            return "EUC-JP";
+        default:
+            return "CP" + std::to_string(codePage);
+        }
+    }
 
     bool isOpen() const {
         return handle_ != reinterpret_cast<iconv_t>(-1); // NOLINT(performance-no-int-to-ptr)

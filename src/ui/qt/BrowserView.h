@@ -33,8 +33,8 @@ public:
     virtual ~PageBrowserView() = default; ///< deletes the widget, if it is still there
     virtual QWidget* widget() = 0;
 
-    /// Other pages than before come from the host now, in this encoding where they name none.
-    virtual void reset(const QString& encoding) = 0;
+    /// Other pages than before come from the host now.
+    virtual void reset() = 0;
 
     virtual void show(const QString& path, const QString& anchor) = 0;
     virtual QUrl shown() const = 0; ///< path and anchor count

@@ -1,4 +1,5 @@
 #include <QBuffer>
+#include <QEventLoop>
 #include <QMimeDatabase>
 #include <QPointer>
 #include <QPrintDialog>
@@ -116,8 +117,7 @@ public:
         settings.setAttribute(QWebEngineSettings::ErrorPageEnabled, false);
         settings.setAttribute(QWebEngineSettings::FocusOnNavigationEnabled, false);
         QObject::connect(page_, &QWebEnginePage::urlChanged, [this] { host_.moved(); });
-        QObject::connect(page_, &QWebEnginePage::loadFinished,
-                         [this] { page_->findText(marked_); });
+        QObject::connect(page_, &QWebEnginePage::loadFinished, [this] { loaded(); });
     }
     ~WebPages() override {
         delete view_; // then the page, then what both use
@@ -126,16 +126,15 @@ public:
 
     QWidget* widget() override { return view_; }
 
-    void reset(const QString& encoding) override {
-        page_->settings()->setDefaultTextEncoding(encoding);
-        page_->history()->clear();
+    void reset() override {
         ++book_; // the browser keeps what it has shown under the same address
+        forgetting_ = true;
     }
 
     void show(const QString& path, const QString& anchor) override {
         QUrl url;
         url.setScheme(pageScheme);
-        url.setHost(QStringLiteral("book%1").arg(book_));
+        url.setHost(host());
         url.setPath(path, QUrl::DecodedMode);
         if (!anchor.isEmpty()) {
             url.setFragment(anchor, QUrl::DecodedMode);
@@ -160,19 +159,29 @@ public:
     }
 
     void print() override {
-        auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-        QPrintDialog dialog(printer.get(), view_);
+        QPrinter printer(QPrinter::HighResolution);
+        QPrintDialog dialog(&printer, view_);
         if (dialog.exec() != QDialog::Accepted) {
             return;
         }
-        // The printer lives until the printing has ended.
-        QObject::connect(
-            view_, &QWebEngineView::printFinished, view_, [printer](bool) {},
-            Qt::SingleShotConnection);
-        view_->print(printer.get());
+        QEventLoop printing; // the printer has to live so long
+        QObject::connect(view_, &QWebEngineView::printFinished, &printing, &QEventLoop::quit);
+        view_->print(&printer);
+        printing.exec(QEventLoop::ExcludeUserInputEvents);
     }
 
 private:
+    void loaded() {
+        page_->findText(marked_);
+        if (forgetting_ && page_->url().host() == host()) {
+            forgetting_ = false;
+            page_->history()->clear(); // all but the page that is shown
+            host_.moved();
+        }
+    }
+
+    QString host() const { return QStringLiteral("book%1").arg(book_); }
+
     PageHost host_;
     PageServer server_;
     PagesOnly pagesOnly_;
@@ -181,6 +190,7 @@ private:
     QPointer<QWebEngineView> view_;
     QString marked_;
     int book_ = 0;
+    bool forgetting_ = false; ///< the way back, when the next page is there
 };
 
 } // namespace
