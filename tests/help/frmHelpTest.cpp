@@ -1,7 +1,7 @@
 #include "help/frmHelp.h"
 
 #include "app/MainWindowFixture.h"
-#include "model/HelpContext.h"
+#include "support/HelpCompiler.h"
 
 using namespace ui::testing;
 
@@ -115,6 +115,47 @@ TEST_F(frmHelp, EveryWindowHasItsPage) {
     });
     EXPECT_TRUE(choose(*window, {"File", "Properties"}));
     EXPECT_TRUE(shows("Options"));
+}
+
+TEST_F(frmHelp, ShowsOtherHelpFilesAndLeadsOutside) {
+    // "Start" in Russian, in Windows-1251. Links lead to the web, to the manual, and nowhere.
+    const std::string start = "\xCD\xE0\xF7\xE0\xEB\xEE";
+    test::writeBytes(folder / "start.htm",
+                     start
+                         + "<style>a { display: block; height: 80px }</style>"
+                           "<a href='http://x.example/y' target='_blank'>web</a>"
+                           "<a href='gone.htm'>gone</a>");
+    test::writeBytes(folder / "t.hhc",
+                     "<ul><li><object type='text/sitemap'><param name=Name value='Web'><param "
+                     "name=Local value='http://x.example/'></object><li><object "
+                     "type='text/sitemap'><param name=Name value='Manual'><param name=Local "
+                     "value='ms-its:program/HTML Topicsmith.chm::/html/levels.htm'></object></ul>");
+    test::writeBytes(folder / "t.hhp", "[OPTIONS]\r\nCompiled file=program/other.chm\r\nContents "
+                                       "file=t.hhc\r\nDefault topic=start.htm\r\nTitle="
+                                           + start
+                                           + "\r\nLanguage=0x419 Russian\r\n\r\n[FILES]\r\n"
+                                             "start.htm\r\n");
+    test::compileHelp(folder / "t.hhp");
+    press("F1");
+    show(shown());
+    EXPECT_TRUE(shows("The window shows one project."));
+    EXPECT_TRUE(shown().openBook(folder / "program/other.chm"));
+    EXPECT_TRUE(shows("Начало"));
+    EXPECT_TRUE(ui::testing::waitFor([this] { return !shown().canGoBack(); }));
+    EXPECT_EQ(treeText(shown().tvContents), "Web\nManual\n");
+
+    clickInPage(shown().brwPage, 100, 100);
+    EXPECT_TRUE(ui::testing::waitFor([this] { return prompter.addresses().size() == 1; }));
+    clickItem(shown().tvContents, "Web"); // only chosen
+    press("Return");
+    EXPECT_EQ(prompter.addresses(),
+              (std::vector<std::string>{"http://x.example/y", "http://x.example/"}));
+    clickInPage(shown().brwPage, 100, 180);
+    EXPECT_TRUE(shows("This page is not in the help file."));
+    clickItem(shown().tvContents, "Manual");
+    press("Return");
+    EXPECT_TRUE(shows("Every topic has a level from 1 to 9."));
+    EXPECT_EQ(shown().book()->path(), helpFile);
 }
 
 TEST_F(frmHelp, WhatCannotBeReadIsSaid) {
