@@ -19,8 +19,8 @@ void printUsage(std::ostream& stream) {
         << "  topicsmith-batch --help | --version\n"
            "\n"
            "Results go to standard output, messages to standard error.\n"
-           "Exit code: 0 done; 1 it could not be done, some file could not be written, or nothing\n"
-           "was found; 2 wrong usage.\n";
+           "Exit code: 0 done; 1 it could not be done, some file could not be written, find found\n"
+           "nothing, or spell or check found something; 2 wrong usage.\n";
 }
 
 bool knows(const BatchCommand& command, std::string_view option) {

@@ -9,7 +9,6 @@ using model::NavigationType;
 frmOptions::frmOptions(ui::Window& owner, const model::ProjectOptions& options)
     : Window(Kind::dialog, "frmOptions", &owner), options_(options) {
     setCaption("Properties");
-    setHelpContext(model::optionsHelp);
     arrangeGeneration();
     arrangeAdditional();
     arrangeNavigation();
@@ -23,6 +22,7 @@ frmOptions::frmOptions(ui::Window& owner, const model::ProjectOptions& options)
     cmdOK.setDefault();
     fill();
     watch();
+    tbsOptions_Click();
     txtProjectName.setFocus();
 }
 
@@ -110,6 +110,7 @@ void frmOptions::watch() {
     UI_ON(cmdCancel, Click);
     UI_ON(cmdApply, Click);
     UI_ON(nextTab, Click);
+    UI_ON(tbsOptions, Click);
 }
 
 void frmOptions::chkCopyright_Click() {
@@ -149,8 +150,17 @@ void frmOptions::cmdOK_Click() {
     close();
 }
 
+/// Each page has its own help.
+void frmOptions::tbsOptions_Click() {
+    constexpr model::HelpContext contexts[] = {model::pageOptionsHelp, model::pageOptionsHelp,
+                                               model::navigationOptionsHelp,
+                                               model::documentationOptionsHelp};
+    setHelpContext(contexts[tbsOptions.selected()]);
+}
+
 void frmOptions::nextTab_Click() {
     tbsOptions.select((tbsOptions.selected() + 1) % tbsOptions.count());
+    tbsOptions_Click();
 }
 
 } // namespace app

@@ -72,6 +72,7 @@ public:
     void cmdCancel_Click() { close(); }
     void cmdApply_Click();
     void nextTab_Click();
+    void tbsOptions_Click();
 
 private:
     void arrangeGeneration();

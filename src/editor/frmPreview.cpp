@@ -22,6 +22,7 @@ frmPreview::frmPreview(ui::Window& owner, ui::Settings& settings)
     ui::restorePlace(*this, settings_, section, minimumWidth, minimumHeight);
     brwPreview.setAccessibleName("Preview");
     UI_ON(brwPreview, Refused);
+    UI_ON(closeCommand, Click);
 }
 
 void frmPreview::preview(model::TextView title, const std::filesystem::path& file) {

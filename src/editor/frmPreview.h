@@ -21,7 +21,10 @@ public:
 
     ui::Browser brwPreview{*this};
 
+    ui::Command closeCommand{*this, {"close", "", "", "", "", "Esc; Ctrl+W"}};
+
     void brwPreview_Refused();
+    void closeCommand_Click() { close(); }
 
     void Resize() override;
     bool mayClose() override;

@@ -60,6 +60,11 @@ void takePaths(std::string_view block, std::set<std::string>& known,
 
 } // namespace
 
+bool isCut(std::string_view file) {
+    constexpr std::size_t sizePlace = 0x38; // of the offset of what holds the size, 8 bytes in
+    return numberAt(file, numberAt(file, sizePlace, 8) + 8, 8) > file.size();
+}
+
 std::vector<std::string> packedPaths(std::string_view file) {
     constexpr std::size_t directoryPlace = 0x48; // of its offset in the file
     const std::uint64_t directory = numberAt(file, directoryPlace, 8);

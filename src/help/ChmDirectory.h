@@ -11,4 +11,7 @@ namespace help {
 /// finds them all by their paths. Damaged blocks are passed over.
 std::vector<std::string> packedPaths(std::string_view file);
 
+/// Whether a help file has lost its end.
+bool isCut(std::string_view file);
+
 } // namespace help

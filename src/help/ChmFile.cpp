@@ -36,9 +36,9 @@ std::unique_ptr<ChmFile> ChmFile::open(const std::filesystem::path& path) {
         return nullptr;
     }
     std::unique_ptr<ChmFile> file(new ChmFile);
-    // How it ended does not matter: what it has written is whole.
-    platform::runOnFile(platform::programFolder() / "topicsmith-unpack", platform::fullPath(path),
-                        file->unpacked_.path());
+    // However it ended, what it has written is of use.
+    file->whole_ = platform::runOnFile(platform::programFolder() / "topicsmith-unpack",
+                                       platform::fullPath(path), file->unpacked_.path());
     file->list();
     return file->paths_.empty() ? nullptr : std::move(file);
 }

@@ -20,6 +20,9 @@ public:
     /// Null when the file cannot be read or is none.
     static std::unique_ptr<ChmFile> open(const std::filesystem::path& path);
 
+    /// Whether all of it could be read.
+    bool isWhole() const { return whole_; }
+
     bool holds(const std::string& path) const;
 
     /// A packed file's bytes; nothing when there is none.
@@ -36,6 +39,8 @@ private:
 
     ChmFile() = default;
     void list();
+
+    bool whole_ = false;
 
     platform::TemporaryFile unpacked_;
     mutable std::ifstream stream_; ///< reads it, also when it is removed

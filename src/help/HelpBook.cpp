@@ -177,7 +177,7 @@ const std::vector<IndexEntry>& HelpBook::index() {
     std::set<std::pair<std::string, std::string>> known; // keywords and pages
     const auto add = [&](const std::string& keyword, HelpTarget target) {
         const std::string key = searchable(keyword);
-        if (known.emplace(key, model::lowerCase(withoutAnchor(target.page))).second) {
+        if (known.emplace(key, model::lowerCase(target.page)).second) {
             IndexEntry& entry = sorted[key];
             entry.keyword = entry.targets.empty() ? keyword : entry.keyword;
             entry.targets.push_back(std::move(target));

@@ -24,6 +24,7 @@ public:
     static std::unique_ptr<HelpBook> open(const std::filesystem::path& path);
 
     const std::filesystem::path& path() const { return path_; }
+    bool isWhole() const { return file_->isWhole(); }   ///< false when parts are damaged
     const std::string& title() const { return title_; } ///< the file's name where it has none
 
     const std::vector<ContentsEntry>& contents() const { return contents_; }

@@ -9,8 +9,8 @@ namespace {
 using enum ui::CommandKind;
 using Form = frmHelp;
 
-template <auto handler>
-constexpr auto run = ui::runHandler<Form, handler>;
+template <auto... handlerAndArguments>
+constexpr auto run = ui::runHandler<Form, handlerAndArguments...>;
 
 template <auto condition>
 constexpr auto when = ui::askCondition<Form, condition>;
@@ -26,6 +26,14 @@ constexpr ui::CommandRow<Form> commands[] = {
      run<&Form::mnuPrint_Click>, when<&Form::hasBook>},
     {command, "mnuOpen", "&Open...", "Open", "Open another Help File (Ctrl+O)", "Open", "Ctrl+O",
      run<&Form::mnuOpen_Click>},
+    {command, "mnuReload", "&Reload", nullptr, nullptr, nullptr, "F5", run<&Form::mnuReload_Click>,
+     when<&Form::hasBook>},
+    {command, "mnuZoomIn", "&Larger", nullptr, nullptr, nullptr,
+     "Ctrl++; Ctrl+=", run<&Form::mnuZoom_Click, 1>},
+    {command, "mnuZoomOut", "&Smaller", nullptr, nullptr, nullptr, "Ctrl+-",
+     run<&Form::mnuZoom_Click, -1>},
+    {command, "mnuZoomUsual", "&Usual Size", nullptr, nullptr, nullptr, "Ctrl+0",
+     run<&Form::mnuZoom_Click, 0>},
     {command, "mnuSearch", "&Search", nullptr, nullptr, nullptr, "Ctrl+F",
      run<&Form::mnuSearch_Click>},
     {command, "mnuClose", "&Close", nullptr, nullptr, nullptr, "Esc; Ctrl+W",

@@ -31,24 +31,26 @@ void put(const std::string& bytes) {
     std::fwrite(bytes.data(), 1, bytes.size(), stdout);
 }
 
-void unpack(chmFile* help, const std::string& path) {
+/// False when the file is damaged.
+bool unpack(chmFile* help, const std::string& path) {
     chmUnitInfo unit{};
     if (path.size() >= CHM_MAX_PATHLEN
         || chm_resolve_object(help, path.c_str(), &unit) != CHM_RESOLVE_SUCCESS
         || unit.length > largestFile) {
-        return;
+        return false;
     }
     std::string bytes(unit.length, '\0');
     const LONGINT64 got =
         chm_retrieve_object(help, &unit, reinterpret_cast<unsigned char*>(bytes.data()), 0,
                             static_cast<LONGINT64>(bytes.size()));
-    if (got == static_cast<LONGINT64>(bytes.size())) {
-        putNumber(path.size());
-        putNumber(bytes.size());
-        put(path);
-        put(bytes);
-        std::fflush(stdout); // what is whole stays, whatever comes next
+    if (got != static_cast<LONGINT64>(bytes.size())) {
+        return false;
     }
+    putNumber(path.size());
+    putNumber(bytes.size());
+    put(path);
+    put(bytes);
+    return std::fflush(stdout) == 0; // what is whole stays, whatever comes next
 }
 
 } // namespace
@@ -59,6 +61,7 @@ int main(int argc, char* argv[]) {
     if (argc != 2 || platform::readFile(argv[1], file)) {
         return 1;
     }
+    bool whole = !help::isCut(file);
     const std::vector<std::string> paths = help::packedPaths(file);
     file = {};
     chmFile* help = paths.empty() ? nullptr : chm_open(argv[1]);
@@ -66,8 +69,8 @@ int main(int argc, char* argv[]) {
         return 1;
     }
     for (const std::string& path : paths) {
-        unpack(help, path);
+        whole = unpack(help, path) && whole;
     }
     chm_close(help);
-    return std::ferror(stdout) == 0 ? 0 : 1;
+    return whole ? 0 : 1;
 }

@@ -1,6 +1,8 @@
 #include "help/frmHelp.h"
 
 #include "model/CodePage.h"
+#include "model/HelpContext.h"
+#include "model/Helper.h"
 #include "ui/Prompter.h"
 #include "ui/WaitCursor.h"
 #include "ui/WindowPlace.h"
@@ -26,6 +28,7 @@ std::string pathOf(const std::string& place) {
 
 frmHelp::frmHelp(ui::Settings& settings) : Window(Kind::main, windowName), settings_(settings) {
     setCaption("Help");
+    setHelpContext(model::helpWindowHelp);
     arrange();
     connectControls();
     commands_.fillToolbar(tbTools, helpToolbarKeys());
@@ -34,18 +37,25 @@ frmHelp::frmHelp(ui::Settings& settings) : Window(Kind::main, windowName), setti
 }
 
 frmHelp::~frmHelp() {
-    brwPage.Moved.connect({}); // the browser goes after what it would tell
+    // What the controls would still tell as they go.
+    brwPage.Moved.connect({});
+    txtIndex.GotFocus.connect({});
+    txtSearch.GotFocus.connect({});
 }
 
 model::Message unreadableMessage(const fs::path& file) {
-    return {"The help file cannot be opened:\n" + model::displayText(file), "HTML Topicsmith",
-            model::MessageIcon::exclamation};
+    const char* problem = model::fileExists(file) ? "The help file cannot be opened:\n"
+                                                  : "The help file is missing:\n";
+    return {problem + model::displayText(file), "HTML Topicsmith", model::MessageIcon::exclamation};
 }
 
 // ---- The window ----
 
 void frmHelp::arrange() {
     setMinimumSize(7500, 4500);
+    if (settings_.get(section, "Left").empty()) {
+        settings_.setNumber(section, "Left", screenWidth()); // beside what it is about
+    }
     ui::restorePlace(*this, settings_, section, 14400, 9900);
     tvContents.setAccessibleName("Contents");
     tvIndex.setAccessibleName("Keywords");
@@ -79,12 +89,15 @@ void frmHelp::connectControls() {
     UI_ON(tvContents, ItemClick);
     UI_ON(tvContents, DblClick);
     UI_ON(txtIndex, Change);
+    UI_ON(txtIndex, GotFocus);
     UI_ON(txtIndex, KeyDown);
     UI_ON(tvIndex, ItemClick);
     UI_ON(tvIndex, DblClick);
+    UI_ON(txtSearch, GotFocus);
     UI_ON(txtSearch, KeyDown);
     UI_ON(cmdSearch, Click);
     UI_ON(tvFound, ItemClick);
+    tvFound.DblClick.connect([this](int item) { tvFound_ItemClick(item); });
     UI_ON(brwPage, Moved);
     UI_ON(brwPage, OutsideClick);
     UI_ON(tbsFind, Click);
@@ -119,10 +132,34 @@ bool frmHelp::openBook(const fs::path& file) {
     tvFound.setItems({});
     found_.clear();
     lblFound.setCaption("");
+    txtIndex.setText("");
+    txtSearch.setText("");
     tbsFind_Click();
     go(book_->homePage());
     commands_.update();
+    if (!book_->isWhole()) {
+        Prompter::current().ask(this, {"Parts of this help file are damaged and cannot be shown.",
+                                       "HTML Topicsmith", ui::Buttons::ok,
+                                       ui::QuestionIcon::exclamation});
+    }
     return true;
+}
+
+void frmHelp::mnuReload_Click() {
+    const std::string page = brwPage.shown();
+    const fs::path file = book_->path();
+    if (openBook(file)) {
+        go(page);
+    } else {
+        tellUnreadable(file);
+    }
+}
+
+void frmHelp::mnuPrint_Click() {
+    if (!brwPage.print()) {
+        Prompter::current().ask(this, {"The page could not be printed.", "HTML Topicsmith",
+                                       ui::Buttons::ok, ui::QuestionIcon::exclamation});
+    }
 }
 
 void frmHelp::fillContents() {
@@ -204,6 +241,18 @@ void frmHelp::tbsFind_Click() {
         const ui::WaitCursor busy;
         fillIndex();
     }
+    if (!tbsFind.hasFocus()) { // whoever walks over the tabs with keys is to stay there
+        ui::Control* const controls[] = {&tvContents, &txtIndex, &txtSearch};
+        controls[tbsFind.selected()]->setFocus();
+    }
+}
+
+void frmHelp::txtIndex_GotFocus() {
+    txtIndex.select(0, txtIndex.unicodeText().size());
+}
+
+void frmHelp::txtSearch_GotFocus() {
+    txtSearch.select(0, txtSearch.unicodeText().size());
 }
 
 void frmHelp::txtIndex_Change() {
@@ -211,7 +260,7 @@ void frmHelp::txtIndex_Change() {
         return;
     }
     const std::size_t entry = firstFrom(book_->index(), txtIndex.unicodeText());
-    tvIndex.select(entry < indexRows_.size() ? indexRows_[entry] : 0);
+    tvIndex.select(entry < indexRows_.size() ? indexRows_[entry] : 0, ui::TreeView::Place::atTop);
 }
 
 void frmHelp::txtIndex_KeyDown(ui::Key& key) {
@@ -257,8 +306,11 @@ void frmHelp::cmdSearch_Click() {
         items.push_back({1, target.title});
     }
     tvFound.setItems(items);
-    lblFound.setCaption(items.size() == 1 ? "1 topic found"
-                                          : std::to_string(items.size()) + " topics found");
+    tvFound.select(items.empty() ? 0 : 1);
+    brwPage.mark("");
+    lblFound.setCaption(searched_.empty()   ? ""
+                        : items.size() == 1 ? "1 topic found"
+                                            : std::to_string(items.size()) + " topics found");
 }
 
 void frmHelp::tvFound_ItemClick(int item) {
@@ -268,24 +320,32 @@ void frmHelp::tvFound_ItemClick(int item) {
 /// The contents follow the page, wherever it was chosen.
 void frmHelp::brwPage_Moved() {
     commands_.update();
-    if (!hasBook()) {
-        return;
+    if (hasBook()) {
+        tvContents.select(entryOf(brwPage.shown(), tvContents.selected()));
     }
+}
+
+/// The entry that leads to a place, or at least to its page; 0 for none. `selected` goes before
+/// others that are as good.
+int frmHelp::entryOf(const std::string& place, int selected) const {
     const auto& contents = book_->contents();
-    const std::string shown = brwPage.shown();
-    const auto leadsHere = [&contents, &shown](int item) {
-        return model::equalIgnoringCase(
-            pathOf(contents[static_cast<std::size_t>(item) - 1].target.page), pathOf(shown));
-    };
-    if (tvContents.selected() > 0 && leadsHere(tvContents.selected())) {
-        return;
-    }
-    int item = 1;
     const int count = static_cast<int>(contents.size());
-    while (item <= count && !leadsHere(item)) {
-        ++item;
+    for (const bool exactly : {true, false}) {
+        const auto leadsThere = [&](int item) {
+            const std::string& page = contents[static_cast<std::size_t>(item) - 1].target.page;
+            return exactly ? model::equalIgnoringCase(page, place)
+                           : model::equalIgnoringCase(pathOf(page), pathOf(place));
+        };
+        if (selected > 0 && leadsThere(selected)) {
+            return selected;
+        }
+        for (int item = 1; item <= count; ++item) {
+            if (leadsThere(item)) {
+                return item;
+            }
+        }
     }
-    tvContents.select(item > count ? 0 : item);
+    return 0;
 }
 
 /// A page of another help file beside this one is shown; the web is for another program.
@@ -325,7 +385,6 @@ void frmHelp::mnuOpen_Click() {
 void frmHelp::mnuSearch_Click() {
     tbsFind.select(searchPage);
     txtSearch.setFocus();
-    txtSearch.select(0, txtSearch.text().size());
 }
 
 } // namespace help

@@ -64,6 +64,8 @@ public:
     void txtSearch_KeyDown(ui::Key& key);
     void cmdSearch_Click();
     void tvFound_ItemClick(int item);
+    void txtIndex_GotFocus();
+    void txtSearch_GotFocus();
     void brwPage_Moved();
     void brwPage_OutsideClick(const std::string& address);
     void tbsFind_Click();
@@ -72,8 +74,10 @@ public:
     void mnuGoBack_Click() { brwPage.goBack(); }
     void mnuGoForward_Click() { brwPage.goForward(); }
     void mnuGoHome_Click() { go(book_->homePage()); }
-    void mnuPrint_Click() { brwPage.print(); }
+    void mnuPrint_Click();
     void mnuOpen_Click();
+    void mnuReload_Click(); ///< of the file, which may be another one by now
+    void mnuZoom_Click(int step) { brwPage.zoom(step); }
     void mnuSearch_Click();
     void mnuClose_Click() { close(); }
     bool canGoBack() const { return brwPage.canGoBack(); }
@@ -90,6 +94,7 @@ private:
     void fillContents();
     void fillIndex();
     void tellUnreadable(const std::filesystem::path& file);
+    int entryOf(const std::string& place, int selected) const;
     void goWithin(const std::string& page);
     void go(const std::string& page, const std::string& marked = {});
 
@@ -101,7 +106,7 @@ private:
     bool indexFilled_ = false;
 };
 
-/// Said of a file that is not there or no compiled help.
+/// Said of a file that is not there, or that is no compiled help.
 model::Message unreadableMessage(const std::filesystem::path& file);
 
 } // namespace help

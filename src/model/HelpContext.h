@@ -5,10 +5,13 @@ namespace model {
 /// The context numbers of the program's own help by which its windows call up their pages.
 enum HelpContext {
     mainWindowHelp = 150,
+    helpWindowHelp = 155,
     editorHelp = 160,
     linkDialogHelp = 162,
     previewHelp = 163,
-    optionsHelp = 230,
+    pageOptionsHelp = 231,
+    navigationOptionsHelp = 232,
+    documentationOptionsHelp = 233,
     topicImportHelp = 253,
     findHelp = 261,
     spellingHelp = 262,
@@ -16,8 +19,17 @@ enum HelpContext {
 };
 
 /// All of them, for whoever checks that the manual has their pages.
-inline constexpr HelpContext helpContexts[] = {mainWindowHelp, editorHelp,   linkDialogHelp,
-                                               previewHelp,    optionsHelp,  topicImportHelp,
-                                               findHelp,       spellingHelp, reportHelp};
+inline constexpr HelpContext helpContexts[] = {mainWindowHelp,
+                                               helpWindowHelp,
+                                               editorHelp,
+                                               linkDialogHelp,
+                                               previewHelp,
+                                               pageOptionsHelp,
+                                               navigationOptionsHelp,
+                                               documentationOptionsHelp,
+                                               topicImportHelp,
+                                               findHelp,
+                                               spellingHelp,
+                                               reportHelp};
 
 } // namespace model

@@ -96,9 +96,13 @@ void PageBrowser::mark(const std::string& text) {
     }
 }
 
-void PageBrowser::print() {
+bool PageBrowser::print() {
+    return browser().view && browser().view->print();
+}
+
+void PageBrowser::zoom(int step) {
     if (browser().view) {
-        browser().view->print();
+        browser().view->zoom(step);
     }
 }
 

@@ -40,8 +40,11 @@ public:
     /// Marks a text wherever it stands in the page that is shown; empty takes the marks away.
     void mark(const std::string& text);
 
-    /// Asks for the printer, too.
-    void print();
+    /// Asks for the printer, too. Returns when the page is printed; false when that failed.
+    bool print();
+
+    /// Larger for a step of 1, smaller for -1; 0 is the usual size.
+    void zoom(int step);
 
     Event<> Moved;                          ///< another page or place is shown, for whatever reason
     Event<const std::string&> OutsideClick; ///< a link to elsewhere; its address

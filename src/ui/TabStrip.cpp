@@ -9,13 +9,18 @@ namespace ui {
 
 TabStrip::TabStrip(Container& container) : Control(makeNative<QTabWidget>(container)) {
     auto& tabs = widgetOf<QTabWidget>(*this);
-    QObject::connect(&tabs, &QTabWidget::currentChanged, &tabs, [this] { Click.raise(); });
+    QObject::connect(&tabs, &QTabWidget::currentChanged, &tabs, [this, &tabs] {
+        if (tabs.count() == pages_) { // the pages go before the strip does
+            Click.raise();
+        }
+    });
 }
 
 void TabStrip::add(TextView caption, TextView toolTip, Panel& page) {
     auto& tabs = widgetOf<QTabWidget>(*this);
     const int index = tabs.addTab(page.native().widget, toQt(caption));
     tabs.setTabToolTip(index, toQt(toolTip));
+    ++pages_;
 }
 
 int TabStrip::count() const {

@@ -18,6 +18,9 @@ public:
     void select(int page);
 
     Event<> Click; ///< another page was chosen
+
+private:
+    int pages_ = 0; ///< that were added
 };
 
 } // namespace ui

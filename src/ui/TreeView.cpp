@@ -121,14 +121,16 @@ int TreeView::selected() const {
     return tree().widget.number();
 }
 
-void TreeView::select(int item) {
+void TreeView::select(int item, Place place) {
     Native& native = tree();
     native.widget.silent = true;
     const bool exists = item > 0 && static_cast<std::size_t>(item) <= native.items.size();
     QTreeWidgetItem* selected = exists ? native.items[static_cast<std::size_t>(item) - 1] : nullptr;
     native.widget.setCurrentItem(selected);
     if (selected != nullptr) {
-        native.widget.scrollToItem(selected);
+        native.widget.scrollToItem(selected, place == Place::atTop
+                                                 ? QAbstractItemView::PositionAtTop
+                                                 : QAbstractItemView::EnsureVisible);
     }
     native.widget.silent = false;
 }

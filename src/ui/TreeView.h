@@ -25,8 +25,11 @@ public:
     /// 0 for none.
     int selected() const;
 
-    /// Brings an item into view and unfolds what it lies in; 0 selects nothing.
-    void select(int item);
+    enum class Place { inView, atTop };
+
+    /// Brings an item into view, as the first one if it is to be, and unfolds what it lies in; 0
+    /// selects nothing.
+    void select(int item, Place place = Place::inView);
 
     void unfoldAll();
 

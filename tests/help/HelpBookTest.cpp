@@ -250,6 +250,9 @@ TEST(HelpBook, DamagedFilesDoNoHarm) {
         test::writeBytes(folder / "damaged.chm", damaged);
         readAll(folder / "damaged.chm");
     }
+    EXPECT_TRUE(opened(compiledManual)->isWhole());
+    test::writeBytes(folder / "cut.chm", std::string_view(whole).substr(0, whole.size() - 200));
+    EXPECT_FALSE(opened(folder / "cut.chm")->isWhole());
     EXPECT_EQ(HelpBook::open(folder / "missing.chm"), nullptr);
     EXPECT_EQ(HelpBook::open(folder.path()), nullptr);
 }

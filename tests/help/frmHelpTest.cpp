@@ -23,9 +23,10 @@ protected:
         return treeText(shown().tvContents).find('*' + title + '\n') != std::string::npos;
     }
 
-    void expectUnreadable(const std::filesystem::path& file) {
-        prompter.expect({"The help file cannot be opened:\n" + file.string(), "HTML Topicsmith",
-                         ui::Buttons::ok, ui::QuestionIcon::exclamation});
+    void expectUnreadable(const std::filesystem::path& file,
+                          const char* problem = "The help file cannot be opened:\n") {
+        prompter.expect({problem + file.string(), "HTML Topicsmith", ui::Buttons::ok,
+                         ui::QuestionIcon::exclamation});
     }
 
     const std::filesystem::path helpFile = folder / "program" / "HTML Topicsmith.chm";
@@ -85,10 +86,11 @@ TEST_F(frmHelp, IndexAndSearchFindPages) {
     press("Ctrl+F");
     type("hunspell dictionary");
     press("Return");
-    EXPECT_EQ(treeText(shown().tvFound).substr(0, 22), "Checking the spelling\n");
+    EXPECT_EQ(treeText(shown().tvFound).substr(0, 23), "*Checking the spelling\n");
     clickItem(shown().tvFound, "Checking the spelling");
     EXPECT_TRUE(shows("Hunspell"));
-    shown().txtSearch.setText("");
+    EXPECT_EQ(shown().lblFound.caption().substr(1), " topics found");
+    shown().txtSearch.setText("nosuchword");
     click(shown().cmdSearch);
     EXPECT_EQ(treeText(shown().tvFound), "");
     EXPECT_EQ(shown().lblFound.caption(), "0 topics found");
@@ -109,8 +111,8 @@ TEST_F(frmHelp, EveryWindowHasItsPage) {
         settle();
         show(dialog);
         press("F1");
-        EXPECT_TRUE(isSelected("Project options")
-                    || ui::testing::waitFor([this] { return isSelected("Project options"); }));
+        EXPECT_TRUE(isSelected("Options for pages")
+                    || ui::testing::waitFor([this] { return isSelected("Options for pages"); }));
         dialog.close();
     });
     EXPECT_TRUE(choose(*window, {"File", "Properties"}));
@@ -151,11 +153,17 @@ TEST_F(frmHelp, ShowsOtherHelpFilesAndLeadsOutside) {
     EXPECT_EQ(prompter.addresses(),
               (std::vector<std::string>{"http://x.example/y", "http://x.example/"}));
     clickInPage(shown().brwPage, 100, 180);
-    EXPECT_TRUE(shows("This page is not in the help file."));
+    EXPECT_TRUE(shows("/gone.htm"));
     clickItem(shown().tvContents, "Manual");
     press("Return");
     EXPECT_TRUE(shows("Every topic has a level from 1 to 9."));
     EXPECT_EQ(shown().book()->path(), helpFile);
+
+    // Compiled anew meanwhile.
+    test::writeBytes(helpFile, test::bytesOf(folder / "program/other.chm"));
+    press("F5");
+    EXPECT_TRUE(shows("This page is not in the help file"));
+    EXPECT_EQ(treeText(shown().tvContents), "Web\nManual\n");
 }
 
 TEST_F(frmHelp, WhatCannotBeReadIsSaid) {
@@ -164,7 +172,7 @@ TEST_F(frmHelp, WhatCannotBeReadIsSaid) {
     expectUnreadable(helpFile);
     press("F1");
     std::filesystem::remove(helpFile);
-    expectUnreadable(helpFile);
+    expectUnreadable(helpFile, "The help file is missing:\n");
     EXPECT_TRUE(choose(*window, {"Help", "Help Index..."}));
     EXPECT_EQ(window->helpWindow(), nullptr);
 

@@ -41,7 +41,8 @@ public:
     virtual bool canGo(bool back) const = 0;
     virtual void go(bool back) = 0;
     virtual void mark(const QString& text) = 0;
-    virtual void print() = 0;
+    virtual bool print() = 0; ///< true also when the person does not want to
+    virtual void zoom(int step) = 0;
 };
 
 /// The library's functions, called by their names.

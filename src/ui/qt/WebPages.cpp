@@ -1,5 +1,6 @@
 #include <QBuffer>
 #include <QEventLoop>
+#include <QGuiApplication>
 #include <QMimeDatabase>
 #include <QPointer>
 #include <QPrintDialog>
@@ -39,12 +40,16 @@ public:
             QMimeDatabase().mimeTypeForFile(path, QMimeDatabase::MatchExtension).name().toLatin1();
         if (const auto bytes = host_.read(path)) {
             reply(job, type, *bytes);
-        } else if (type == "text/html") {
-            reply(job, type, "<p>This page is not in the help file.</p>");
+        } else if (job->requestUrl() == wanted) {
+            const QString text =
+                QStringLiteral("<p>This page is not in the help file:</p><p>%1</p>");
+            reply(job, "text/html;charset=utf-8", text.arg(path.toHtmlEscaped()).toUtf8());
         } else {
             job->fail(QWebEngineUrlRequestJob::UrlNotFound);
         }
     }
+
+    QUrl wanted; ///< the page itself, rather than a part of it
 
 private:
     static void reply(QWebEngineUrlRequestJob* job, const QByteArray& type,
@@ -69,8 +74,8 @@ public:
 
 class LinkedPage : public QWebEnginePage {
 public:
-    LinkedPage(QWebEngineProfile* profile, const PageHost& host)
-        : QWebEnginePage(profile), host_(host) {
+    LinkedPage(QWebEngineProfile* profile, const PageHost& host, PageServer& server)
+        : QWebEnginePage(profile), host_(host), server_(server) {
         // There is one window for all pages.
         connect(this, &QWebEnginePage::newWindowRequested,
                 [this](const QWebEngineNewWindowRequest& request) {
@@ -85,6 +90,9 @@ public:
 protected:
     bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override {
         if (isPage(url)) {
+            if (isMainFrame) {
+                server_.wanted = url.adjusted(QUrl::RemoveFragment);
+            }
             return true;
         }
         if (isMainFrame && type == NavigationTypeLinkClicked) {
@@ -100,12 +108,13 @@ private:
     }
 
     const PageHost& host_;
+    PageServer& server_;
 };
 
 class WebPages : public PageBrowserView {
 public:
     WebPages(QWidget* parent, PageHost host)
-        : host_(std::move(host)), server_(host_), page_(new LinkedPage(&profile_, host_)),
+        : host_(std::move(host)), server_(host_), page_(new LinkedPage(&profile_, host_, server_)),
           view_(new QWebEngineView(parent)) {
         profile_.setUrlRequestInterceptor(&pagesOnly_);
         profile_.installUrlSchemeHandler(pageScheme, &server_);
@@ -158,19 +167,43 @@ public:
         page_->findText(text);
     }
 
-    void print() override {
-        QPrinter printer(QPrinter::HighResolution);
+    bool print() override {
+        QPrinter printer;
+        printer.setResolution(300); // pages are printed as pictures
         QPrintDialog dialog(&printer, view_);
-        if (dialog.exec() != QDialog::Accepted) {
-            return;
-        }
-        QEventLoop printing; // the printer has to live so long
-        QObject::connect(view_, &QWebEngineView::printFinished, &printing, &QEventLoop::quit);
-        view_->print(&printer);
-        printing.exec(QEventLoop::ExcludeUserInputEvents);
+        return dialog.exec() != QDialog::Accepted || print(printer);
+    }
+
+    void zoom(int step) override {
+        constexpr double factor = 1.2;
+        const double now = page_->zoomFactor();
+        page_->setZoomFactor(step == 0 ? 1 : now * (step > 0 ? factor : 1 / factor));
     }
 
 private:
+    /// Waits for the end: the printer has to live so long, and so has the page.
+    bool print(QPrinter& printer) {
+        const bool toFile = printer.outputFormat() == QPrinter::PdfFormat;
+        QEventLoop printing;
+        bool done = false;
+        const auto finish = [&](bool success) {
+            done = success;
+            printing.quit();
+        };
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        if (toFile) { // as text, which can be searched
+            QObject::connect(page_, &QWebEnginePage::pdfPrintingFinished, &printing,
+                             [&](const QString&, bool success) { finish(success); });
+            page_->printToPdf(printer.outputFileName(), printer.pageLayout());
+        } else {
+            QObject::connect(view_, &QWebEngineView::printFinished, &printing, finish);
+            view_->print(&printer);
+        }
+        printing.exec(QEventLoop::ExcludeUserInputEvents);
+        QGuiApplication::restoreOverrideCursor();
+        return done;
+    }
+
     void loaded() {
         page_->findText(marked_);
         if (forgetting_ && page_->url().host() == host()) {
