@@ -30,8 +30,9 @@ struct CommandLine {
 /// The batch program's exit codes.
 enum ExitCode {
     exitDone = 0,
-    exitFailed = 1, ///< it could not be done or written, or there is a finding that a script must mind
-    exitUsage = 2   ///< the command line was wrong; nothing was done
+    exitFailed =
+        1, ///< it could not be done or written, or there is a finding that a script must mind
+    exitUsage = 2 ///< the command line was wrong; nothing was done
 };
 
 /// What a command of the batch program works with.

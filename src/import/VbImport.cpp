@@ -58,7 +58,8 @@ Topic topicOf(VbForm form) {
 }
 
 /// `path` is as it stands in the project file.
-void importForm(Project& project, TextView path, model::FileFinder& finder, ImportOutcome& outcome) {
+void importForm(Project& project, TextView path, model::FileFinder& finder,
+                ImportOutcome& outcome) {
     if (project.outline().full()) {
         ++outcome.leftOut;
         return;

@@ -29,8 +29,8 @@ private:
 bool runOnFile(const std::filesystem::path& program, const std::filesystem::path& file,
                const std::filesystem::path& output);
 
-/// For a program that reads what nobody vouches for: it is ended after so many seconds or when it has
-/// written so many bytes to a file, and leaves no image of its memory behind.
+/// For a program that reads what nobody vouches for: it is ended after so many seconds or when it
+/// has written so many bytes to a file, and leaves no image of its memory behind.
 void limitThisProgram(unsigned seconds, std::uint64_t bytes);
 
 } // namespace platform

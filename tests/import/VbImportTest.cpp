@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "model/FileFinder.h"
 #include "import/VbForm.h"
 #include "import/VbProjectFile.h"
+#include "model/FileFinder.h"
 #include "support/TestFiles.h"
 
 using namespace importer;
