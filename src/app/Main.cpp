@@ -33,8 +33,9 @@ int main(int argc, char* argv[]) {
     ui::Settings settings;
     app::frmMain window(settings, platform::programFolder());
     window.show();
+    const bool recovered = window.offerRecovery();
     const auto arguments = application.arguments();
-    if (!arguments.empty()) {
+    if (!recovered && !arguments.empty()) {
         if (const auto path = trimmed(arguments.front()); !path.empty()) {
             window.openFile(path);
         }

@@ -18,7 +18,7 @@ using ui::Prompter;
 
 frmMain::frmMain(ui::Settings& settings, fs::path programFolder)
     : Window(Kind::main, "frmMain"), settings_(settings), programFolder_(std::move(programFolder)),
-      lvLevels(*this, OutlineRows::columns(), rows_) {
+      recovery_(settings.folder()), lvLevels(*this, OutlineRows::columns(), rows_) {
     arrange();
     fillMenus();
     connectControls();
@@ -111,6 +111,7 @@ void frmMain::connectControls() {
     }
     clipboard_.Change.connect([this] { updateCommands(); });
     FocusChange.connect([this] { updateCommands(); });
+    UI_ON(tmrRecovery, Tick);
     FilesDropped.connect([this](const std::vector<fs::path>& files) { files_Dropped(files); });
 }
 
@@ -173,6 +174,8 @@ bool frmMain::mayClose() {
     }
     storeWindow();
     files_.saveRecentFiles();
+    tmrRecovery.stop();
+    recovery_.forget();
     closeAllBut(*this);
     return true;
 }
@@ -248,6 +251,9 @@ void frmMain::dataChangedToggled(bool dataChanged) {
     tbTools.setToolTip("Save",
                        dataChanged ? "Save - Current Data Changed" : "Save the Current Data");
     setChanged(dataChanged);
+    if (!dataChanged) {
+        keepForRecovery(); // what is saved need not be brought back
+    }
 }
 
 void frmMain::showCurrent() {

@@ -6,6 +6,7 @@
 #include "app/MainCommands.h"
 #include "app/OutlineRows.h"
 #include "app/ProjectFiles.h"
+#include "app/Recovery.h"
 #include "app/dlgReport.h"
 #include "editor/frmEditBody.h"
 #include "help/frmHelp.h"
@@ -15,6 +16,7 @@
 #include "ui/Clipboard.h"
 #include "ui/ListView.h"
 #include "ui/Panel.h"
+#include "ui/Timer.h"
 #include "ui/Toolbar.h"
 #include "ui/Window.h"
 
@@ -30,6 +32,7 @@ class frmMain : public ui::Window, private model::ProjectObserver, private tools
     model::Project project_;
     OutlineRows rows_{project_};
     ProjectFiles files_{*this, project_, settings_};
+    Recovery recovery_;
 
 public:
     /// An empty project. Says so when the program's own help is missing from `programFolder`. The
@@ -51,6 +54,10 @@ public:
 
     void enableTopicFields(bool enabled);
 
+    /// To be called once at the start, when the window is shown: asks whether unsaved work of an
+    /// earlier run is wanted, and keeps that of this run from now on. True when work came back.
+    bool offerRecovery();
+
     ui::Panel pnlFields{*this};
     ui::TextBox txtLevel{pnlFields};
     ui::TextBox txtTitle{pnlFields};
@@ -66,6 +73,7 @@ public:
     ui::Label lblStatus{*this, ""};
     ui::Toolbar tbTools{*this};
     ui::Menu mnuList{*this}; ///< the list's context menu
+    ui::Timer tmrRecovery;
 
     // The events of the controls.
     void lvLevels_ItemClick(int row) { showTopic(row); }
@@ -86,6 +94,7 @@ public:
     void txtHelpNum_KeyDown(ui::Key& key) { moveByKeyOrEnter(key); }
     void txtHelpID_LostFocus() { leaveField(); }
     void txtHelpNum_LostFocus() { leaveField(); }
+    void tmrRecovery_Tick();
     void files_Dropped(const std::vector<std::filesystem::path>& files);
 
     // The commands, see MainCommands.cpp.
@@ -166,6 +175,9 @@ private:
     std::optional<model::Text> editedText(int topic, tools::FindStage stage) const override;
     bool leaveBody() override { return closeEditor(); }
     bool showMatch(const tools::FindMatch& match) override;
+
+    bool hasEdits() const;
+    void keepForRecovery();
 
     void showHelpContext(int context);
     bool openHelp();

@@ -170,16 +170,26 @@ void frmEditBody::setChangedState(bool changed) {
     }
 }
 
+Topic frmEditBody::editedTopic() const {
+    Topic topic = project_.outline().at(project_.currentIndex());
+    topic.image = icboImage.selectedKey();
+    topic.shortDescription = txtShortDesc.text();
+    topic.keywords = txtKeywords.text();
+    topic.body = txtBody.text();
+    return topic;
+}
+
 void frmEditBody::mnuFileSave_Click() {
     if (!changed_) {
         return;
     }
     const model::UndoStep step(project_, "Edit Topic Text");
     const int position = project_.currentIndex();
-    project_.setField(position, &Topic::image, icboImage.selectedKey());
-    project_.setField(position, &Topic::shortDescription, txtShortDesc.text());
-    project_.setField(position, &Topic::keywords, txtKeywords.text());
-    project_.setField(position, &Topic::body, txtBody.text());
+    const Topic edited = editedTopic();
+    for (const auto field :
+         {&Topic::image, &Topic::shortDescription, &Topic::keywords, &Topic::body}) {
+        project_.setField(position, field, edited.*field);
+    }
     project_.markChanged(model::statusChanged);
     setChangedState(false);
 }

@@ -54,6 +54,9 @@ public:
 
     bool changed() const { return changed_; }
 
+    /// The topic with the edits, as saving would make it but for its letter.
+    model::Topic editedTopic() const;
+
     /// Null when no preview is open.
     frmPreview* preview() const { return preview_.get(); }
 
