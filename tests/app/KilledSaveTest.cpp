@@ -1,0 +1,73 @@
+#include <chrono>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <random>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+#include "support/TestFiles.h"
+
+namespace fs = std::filesystem;
+using namespace std::chrono;
+
+namespace {
+
+/// Starts the batch program, and ends it the hard way after a while; at once when it is done.
+void importText(const fs::path& folder, microseconds patience) {
+    const std::string program = TOPICSMITH_PROGRAM_FOLDER "/topicsmith-batch";
+    const std::string project = folder / "p.tsp";
+    const std::string outline = folder / "outline.txt";
+    const char* arguments[] = {program.c_str(), "import-text", project.c_str(), outline.c_str(),
+                               nullptr};
+    posix_spawn_file_actions_t quiet;
+    posix_spawn_file_actions_init(&quiet);
+    posix_spawn_file_actions_addopen(&quiet, STDOUT_FILENO, "/dev/null", 1, 0);
+    pid_t child = 0;
+    ASSERT_EQ(posix_spawn(&child, program.c_str(), &quiet, nullptr,
+                          const_cast<char* const*>(arguments), environ),
+              0);
+    posix_spawn_file_actions_destroy(&quiet);
+    const auto end = steady_clock::now() + patience;
+    int status = 0;
+    while (waitpid(child, &status, WNOHANG) == 0) {
+        if (steady_clock::now() >= end) {
+            kill(child, SIGKILL);
+            waitpid(child, &status, 0);
+            return;
+        }
+        std::this_thread::sleep_for(50us);
+    }
+}
+
+} // namespace
+
+TEST(KilledSave, LeavesTheOldProjectOrTheNewOne) {
+    constexpr int rounds = 500;
+    const test::TemporaryFolder folder;
+    model::TopicOutline outline = test::flatOutline(100);
+    for (int i = 1; i <= outline.count(); ++i) {
+        outline.at(i).body = model::Text(20000, 'x');
+    }
+    const std::string before = model::formatProject(outline, {});
+    test::writeBytes(folder / "outline.txt", "Another\n");
+    test::writeBytes(folder / "p.tsp", before);
+    const auto start = steady_clock::now();
+    importText(folder.path(), minutes(1));
+    const auto whole = duration_cast<microseconds>(steady_clock::now() - start);
+    const std::string after = test::bytesOf(folder / "p.tsp");
+    ASSERT_GT(after.size(), before.size());
+
+    std::mt19937 random(11);
+    int old = 0;
+    for (int round = 0; round < rounds; ++round) {
+        test::writeBytes(folder / "p.tsp", before);
+        importText(folder.path(), whole * static_cast<int>(random() % 110) / 100);
+        const std::string now = test::bytesOf(folder / "p.tsp");
+        ASSERT_TRUE(now == before || now == after) << "in round " << round;
+        old += now == before ? 1 : 0;
+    }
+    EXPECT_GT(old, rounds / 20);
+    EXPECT_LT(old, rounds) << "no save got through";
+}
