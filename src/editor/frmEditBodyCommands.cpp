@@ -88,7 +88,7 @@ void frmEditBody::mnuFilePreview_Click() {
         preview_ = std::make_unique<frmPreview>(*this, settings_);
         preview_->Closed.connect([this] { discard(std::move(preview_)); });
     }
-    preview_->preview(topic.title, file);
+    preview_->preview(topic.title, file, projectFolder());
 }
 
 // ---- Mark-up ----

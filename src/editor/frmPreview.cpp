@@ -25,9 +25,10 @@ frmPreview::frmPreview(ui::Window& owner, ui::Settings& settings)
     UI_ON(closeCommand, Click);
 }
 
-void frmPreview::preview(model::TextView title, const std::filesystem::path& file) {
+void frmPreview::preview(model::TextView title, const std::filesystem::path& file,
+                         const std::filesystem::path& projectFolder) {
     setCaption("Preview of: " + model::Text(title));
-    brwPreview.navigate(file);
+    brwPreview.navigate(file, projectFolder);
     show();
     activate();
 }

@@ -16,8 +16,9 @@ public:
     /// Nothing is owned.
     frmPreview(ui::Window& owner, ui::Settings& settings);
 
-    /// Shows a file, or shows it anew.
-    void preview(model::TextView title, const std::filesystem::path& file);
+    /// Shows a file, or shows it anew, with what lies in the project's folder.
+    void preview(model::TextView title, const std::filesystem::path& file,
+                 const std::filesystem::path& projectFolder);
 
     ui::Browser brwPreview{*this};
 

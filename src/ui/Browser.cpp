@@ -38,9 +38,9 @@ Browser::Native& Browser::browser() const {
     return static_cast<Native&>(native());
 }
 
-void Browser::navigate(const std::filesystem::path& file) {
+void Browser::navigate(const std::filesystem::path& file, const std::filesystem::path& folder) {
     if (browser().view) {
-        browser().view->navigate(QUrl::fromLocalFile(pathToQt(file)));
+        browser().view->navigate(QUrl::fromLocalFile(pathToQt(file)), pathToQt(folder));
     }
 }
 

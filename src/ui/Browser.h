@@ -8,13 +8,14 @@
 namespace ui {
 
 /// Shows one HTML file, in Windows-1252, and stays with it. Scripts do not run, and nothing is
-/// fetched but files.
+/// fetched but files below one folder.
 class Browser : public Control {
 public:
     explicit Browser(Container& container);
 
-    /// A file that is shown already is read anew; the place to which it was scrolled stays.
-    void navigate(const std::filesystem::path& file);
+    /// Pictures and style sheets come from `folder` or below, links followed, and from nowhere
+    /// else. A file that is shown already is read anew; the place to which it was scrolled stays.
+    void navigate(const std::filesystem::path& file, const std::filesystem::path& folder);
 
     /// The person, or something in the page, wanted to go elsewhere; the page stays.
     Event<> Refused;

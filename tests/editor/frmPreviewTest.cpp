@@ -57,6 +57,26 @@ TEST_F(frmPreview, ShowsTextPicturesAndStyleOfTheTopic) {
     EXPECT_EQ(project().outline().at(1).body.substr(0, 3), "<p>");
 }
 
+TEST_F(frmPreview, ShowsNoFilesThatAreNotTheProjects) {
+    const test::TemporaryFolder elsewhere;
+    const std::string tall = "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='3000'/>";
+    test::writeBytes(elsewhere / "tall.svg", tall);
+    std::filesystem::create_directory(folder / "images");
+    std::filesystem::create_symlink(elsewhere / "tall.svg", folder / "images/linked.svg");
+    preview("<img src='" + (elsewhere / "tall.svg").string()
+            + "'><img src='..\\images\\linked.svg'><img src='file://" + elsewhere.path().string()
+            + "/tall.svg'>nothing");
+    waitForPage(shown().brwPreview, "nothing");
+    writePicture("own.svg", 2000);
+    window->editor()->txtBody.edit("<img src='..\\images\\own.svg'><img src='"
+                                       + (elsewhere / "tall.svg").string() + "'>own",
+                                   0);
+    show(*window->editor());
+    EXPECT_TRUE(pressButton(*window->editor(), "Preview Help Topic"));
+    EXPECT_TRUE(waitForPageHeight(shown().brwPreview, 2000)); // by now the others had their time
+    EXPECT_FALSE(waitForPageHeight(shown().brwPreview, 3000, 500));
+}
+
 TEST_F(frmPreview, RunsNoScriptsAndStaysWhereItIs) {
     test::writeBytes(folder / "other.htm", "elsewhere");
     preview("<script>document.write('written')</script>"

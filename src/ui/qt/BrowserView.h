@@ -16,8 +16,8 @@ public:
     virtual ~BrowserView() = default; ///< deletes the widget, if it is still there
     virtual QWidget* widget() = 0;
 
-    /// Only this address may be shown from now on.
-    virtual void navigate(const QUrl& file) = 0;
+    /// Only this address may be shown from now on, with files below the folder.
+    virtual void navigate(const QUrl& file, const QString& folder) = 0;
 };
 
 /// What a browser of packed pages needs of whoever has unpacked them. Nothing is empty.

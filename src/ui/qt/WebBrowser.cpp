@@ -1,3 +1,4 @@
+#include <QFileInfo>
 #include <QPointer>
 #include <QTimer>
 #include <QWebEnginePage>
@@ -14,15 +15,28 @@ namespace ui {
 
 namespace {
 
-/// Keeps everything but files out.
-class FilesOnly : public QWebEngineUrlRequestInterceptor {
+/// Keeps everything out but one page and the files below one folder.
+class OwnFilesOnly : public QWebEngineUrlRequestInterceptor {
 public:
     using QWebEngineUrlRequestInterceptor::QWebEngineUrlRequestInterceptor;
 
+    QUrl page;
+    QString folder;
+
     void interceptRequest(QWebEngineUrlRequestInfo& request) override {
         const QUrl url = request.requestUrl();
-        const bool remote = url.isLocalFile() && !url.host().isEmpty();
-        request.block((!url.isLocalFile() && url.scheme() != "data") || remote);
+        request.block(url != page && url.scheme() != "data" && !isOwn(url));
+    }
+
+private:
+    bool isOwn(const QUrl& url) const {
+        if (!url.isLocalFile() || !url.host().isEmpty()) {
+            return false;
+        }
+        // Where it lies in the end: a link may lead out of the folder.
+        const QString root = QFileInfo(folder).canonicalFilePath();
+        const QString file = QFileInfo(url.toLocalFile()).canonicalFilePath();
+        return !root.isEmpty() && file.startsWith(root.endsWith('/') ? root : root + '/');
     }
 };
 
@@ -72,7 +86,7 @@ class WebBrowser : public BrowserView {
 public:
     WebBrowser(QWidget* parent, const std::function<void()>& refused)
         : page_(new FixedPage(&profile_, refused)), view_(new QWebEngineView(parent)) {
-        profile_.setUrlRequestInterceptor(&filesOnly_);
+        profile_.setUrlRequestInterceptor(&ownFiles_);
         view_->setPage(page_);
         view_->setContextMenuPolicy(Qt::NoContextMenu);
         QWebEngineSettings& settings = *page_->settings();
@@ -90,7 +104,9 @@ public:
 
     QWidget* widget() override { return view_; }
 
-    void navigate(const QUrl& file) override {
+    void navigate(const QUrl& file, const QString& folder) override {
+        ownFiles_.page = file;
+        ownFiles_.folder = folder;
         if (page_->shown == file && page_->url() == file) {
             page_->triggerAction(QWebEnginePage::ReloadAndBypassCache);
         } else {
@@ -100,7 +116,7 @@ public:
     }
 
 private:
-    FilesOnly filesOnly_;
+    OwnFilesOnly ownFiles_;
     QWebEngineProfile profile_; ///< keeps nothing on the disk
     QPointer<FixedPage> page_;
     QPointer<QWebEngineView> view_;

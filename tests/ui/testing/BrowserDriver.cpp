@@ -38,10 +38,10 @@ std::string waitForPage(const Control& browser, const std::string& expected) {
     return text;
 }
 
-bool waitForPageHeight(const Control& browser, int pixels) {
+bool waitForPageHeight(const Control& browser, int pixels, int milliseconds) {
     QWebEnginePage& page = *viewOf(browser).page();
     return QTest::qWaitFor([&page, pixels] { return page.contentsSize().height() >= pixels; },
-                           10000);
+                           milliseconds);
 }
 
 int scrollOf(const Control& browser) {

@@ -100,8 +100,8 @@ void whenModal(std::function<void(Window&)> act);
 /// Waits until a page's text holds something, for ten seconds at most, and gives the text.
 std::string waitForPage(const Control& browser, const std::string& expected);
 
-/// Waits until a page is so high; false when it does not become so.
-bool waitForPageHeight(const Control& browser, int pixels);
+/// Waits until a page is so high; false when it does not become so in time.
+bool waitForPageHeight(const Control& browser, int pixels, int milliseconds = 10000);
 
 int scrollOf(const Control& browser);
 void clickInPage(const Control& browser, int x, int y);
