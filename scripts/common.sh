@@ -30,8 +30,8 @@ BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev qt6-webengine-dev
 
 # The embedded browser does not start for root otherwise.
 [ "$(id -u)" -ne 0 ] || export QTWEBENGINE_DISABLE_SANDBOX=1
-# clang and its run-time library for the fuzz targets.
-TEST_PACKAGES=(libgtest-dev clang libclang-rt-14-dev)
+# clang and its run-time library for the fuzz targets; the last three for the Debian package.
+TEST_PACKAGES=(libgtest-dev clang libclang-rt-14-dev dpkg-dev file desktop-file-utils)
 
 # build PRESET [CMAKE_OPTION...]: configures and builds, saying little.
 build() {

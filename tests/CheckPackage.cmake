@@ -1,0 +1,45 @@
+# Makes the Debian package of the build BUILD with CPACK, unpacks it into SCRATCH and works on the manual
+# MANUAL with the batch program from there.
+cmake_minimum_required(VERSION 3.25)
+
+function(run)
+  execute_process(COMMAND ${ARGN} WORKING_DIRECTORY ${SCRATCH} RESULT_VARIABLE result
+                  OUTPUT_VARIABLE output ERROR_VARIABLE errors)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "${ARGN}: ${result}\n${output}${errors}")
+  endif()
+  set(output "${output}" PARENT_SCOPE)
+endfunction()
+
+file(REMOVE_RECURSE ${SCRATCH})
+file(MAKE_DIRECTORY ${SCRATCH})
+run(${CPACK} -G DEB --config ${BUILD}/CPackConfig.cmake -B ${SCRATCH})
+file(GLOB package ${SCRATCH}/topicsmith_*.deb)
+run(dpkg-deb --extract ${package} root)
+foreach(file bin/topicsmith bin/topicsmith-batch lib/topicsmith/topicsmith-unpack
+             lib/topicsmith/topicsmith-browser.so "lib/topicsmith/HTML Topicsmith.chm"
+             "lib/topicsmith/Home Button.jpg" share/applications/topicsmith.desktop
+             share/mime/packages/topicsmith.xml share/man/man1/topicsmith-batch.1
+             share/icons/hicolor/scalable/apps/topicsmith.svg share/doc/topicsmith/copyright)
+  file(GLOB found "${SCRATCH}/root/usr/${file}" "${SCRATCH}/root/usr/lib/*/${file}")
+  string(REPLACE "lib/topicsmith/" "topicsmith/" below_lib "${file}")
+  file(GLOB found_below_lib "${SCRATCH}/root/usr/lib/*/${below_lib}")
+  if(NOT found AND NOT found_below_lib)
+    message(FATAL_ERROR "not in the package: ${file}")
+  endif()
+endforeach()
+run(desktop-file-validate root/usr/share/applications/topicsmith.desktop)
+run(dpkg-deb --field ${package} Depends)
+foreach(library libqt6webenginewidgets6 libqt6widgets6 libhunspell libchm1)
+  if(NOT output MATCHES ${library})
+    message(FATAL_ERROR "the package does not ask for ${library}: ${output}")
+  endif()
+endforeach()
+
+file(COPY ${MANUAL} DESTINATION ${SCRATCH})
+get_filename_component(name ${MANUAL} NAME)
+run(root/usr/bin/topicsmith-batch generate ${name} out/manual.hhp)
+if(NOT EXISTS ${SCRATCH}/out/images/Image.jpg)
+  message(FATAL_ERROR "the program does not find its pictures")
+endif()
+run(root/usr/bin/topicsmith --version)
