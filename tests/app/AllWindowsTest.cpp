@@ -1,0 +1,55 @@
+#include "app/MainWindowFixture.h"
+#include "app/frmOptions.h"
+#include "app/frmSplash.h"
+#include "editor/dlgGraphicOptions.h"
+#include "editor/dlgWebLinkText.h"
+#include "tools/dlgSpelling.h"
+
+using namespace ui::testing;
+
+namespace {
+
+struct Nothing : tools::FindHost {
+    const model::TopicOutline& outline() const override { return topics; }
+    int selectedTopic() const override { return 1; }
+    model::TopicOutline topics;
+};
+
+/// Windows that Escape closes, by themselves.
+class AllWindows : public test::MainWindow {
+protected:
+    std::vector<std::unique_ptr<ui::Window>> windows() {
+        std::vector<std::unique_ptr<ui::Window>> all;
+        all.push_back(std::make_unique<app::dlgReport>(*window));
+        all.push_back(std::make_unique<app::frmOptions>(*window, model::ProjectOptions()));
+        all.push_back(std::make_unique<app::frmSplash>(*window));
+        all.push_back(
+            std::make_unique<editor::dlgGraphicOptions>(*window, editor::GraphicOptions()));
+        all.push_back(std::make_unique<editor::dlgWebLinkText>(*window));
+        all.push_back(std::make_unique<help::frmHelp>(*settings));
+        all.push_back(std::make_unique<importer::frmImport>(*window, project(), folder / "none"));
+        all.push_back(std::make_unique<tools::frmFind>(*window, host, text));
+        all.push_back(tools::dlgSpelling::create(
+            *window, *settings, {TOPICSMITH_SOURCE_FOLDER "/tests/data/spelling"}));
+        return all;
+    }
+
+    Nothing host;
+    model::Text text;
+};
+
+} // namespace
+
+TEST_F(AllWindows, NameTheirControlsAndCloseWithEscape) {
+    for (const auto& each : windows()) {
+        ASSERT_NE(each, nullptr);
+        SCOPED_TRACE(each->caption());
+        show(*each);
+        EXPECT_EQ(unnamedControls(*each), "");
+        EXPECT_EQ(doubledMnemonics(*each), "");
+        press("Esc");
+        settle();
+        EXPECT_FALSE(each->isVisible());
+    }
+    EXPECT_TRUE(window->isVisible());
+}
