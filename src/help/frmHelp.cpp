@@ -118,8 +118,11 @@ bool frmHelp::mayClose() {
 // ---- The help file ----
 
 bool frmHelp::openBook(const fs::path& file) {
-    const ui::WaitCursor busy;
-    auto book = HelpBook::open(file);
+    std::unique_ptr<HelpBook> book;
+    {
+        const ui::WaitCursor busy;
+        book = HelpBook::open(file);
+    }
     if (book == nullptr || book->homePage().empty()) {
         return false;
     }
