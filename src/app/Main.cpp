@@ -35,8 +35,10 @@ int main(int argc, char* argv[]) {
     window.show();
     const bool recovered = window.offerRecovery();
     const auto arguments = application.arguments();
-    if (!recovered && !arguments.empty()) {
-        if (const auto path = trimmed(arguments.front()); !path.empty()) {
+    if (!arguments.empty()) {
+        const auto path = trimmed(arguments.front());
+        const bool isHere = recovered && platform::fullPath(path) == window.project().projectPath();
+        if (!path.empty() && !isHere) {
             window.openFile(path);
         }
     }

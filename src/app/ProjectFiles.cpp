@@ -119,6 +119,14 @@ bool ProjectFiles::load(const fs::path& path) {
     return read;
 }
 
+void ProjectFiles::adopt(const fs::path& path) {
+    if (project_.hasFile()) {
+        makeCurrent(path.parent_path());
+        rememberFolder();
+        addRecentFile(path);
+    }
+}
+
 bool ProjectFiles::saveProject(bool saveAs) {
     if (project_.outline().empty()) {
         Prompter::current().ask(&window_, {"You need to have at least 1 Help Topic to Save", {}});

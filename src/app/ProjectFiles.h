@@ -29,6 +29,9 @@ public:
     bool openProject();
     void setPendingOpenPath(std::filesystem::path path) { pendingOpenPath_ = std::move(path); }
 
+    /// The project has come from elsewhere, but belongs to this file.
+    void adopt(const std::filesystem::path& path);
+
     /// True when the project was written.
     bool saveProject(bool saveAs);
 

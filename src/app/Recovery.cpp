@@ -44,45 +44,81 @@ std::optional<Recovery::Work> unpacked(std::string_view bytes) {
 
 } // namespace
 
-Recovery::Recovery(fs::path folder) : folder_(std::move(folder)) {
+Recovery::Recovery(fs::path folder) {
     for (int number = 1; number <= mostPrograms; ++number) {
-        auto lock = std::make_unique<platform::FileLock>(fileOf(folder_, number, ".lock"));
+        const fs::path file = fileOf(folder, number, ".tsp");
+        std::error_code ignored;
+        const bool isLeft = fs::exists(file, ignored);
+        if (!isLeft && own_.lock != nullptr) {
+            continue;
+        }
+        auto lock = std::make_unique<platform::FileLock>(fileOf(folder, number, ".lock"));
         if (!lock->isHeld()) {
             continue; // of a program that is running
         }
-        const fs::path file = fileOf(folder_, number, ".tsp");
-        std::error_code ignored;
-        const bool isLeft = fs::exists(file, ignored);
-        if (lock_ == nullptr || isLeft) {
-            file_ = file;
-            lock_ = std::move(lock);
-        }
         if (isLeft) {
-            return;
+            left_.push_back({file, std::move(lock)});
+        } else {
+            own_ = {file, std::move(lock)};
         }
     }
 }
 
-std::optional<Recovery::Work> Recovery::leftBehind() const {
-    std::string bytes;
-    if (file_.empty() || platform::readFile(file_, bytes)) {
-        return {};
+std::optional<Recovery::Work> Recovery::leftBehind() {
+    while (!left_.empty()) {
+        std::string bytes;
+        if (!platform::readFile(left_.front().file, bytes)) {
+            if (auto work = unpacked(bytes)) {
+                return work;
+            }
+        }
+        leave();
     }
-    return unpacked(bytes);
+    return {};
 }
 
-void Recovery::keep(const Work& work) {
+bool Recovery::isOlderThan(const fs::path& project) const {
+    std::error_code error;
+    const auto kept = fs::last_write_time(left_.front().file, error);
+    const auto saved = error ? kept : fs::last_write_time(project, error);
+    return !error && saved > kept;
+}
+
+void Recovery::adopt() {
+    own_ = std::move(left_.front());
+    kept_ = 0;
+    leave();
+}
+
+void Recovery::discard() {
+    std::error_code ignored;
+    fs::remove(left_.front().file, ignored);
+    leave();
+}
+
+void Recovery::leave() {
+    left_.erase(left_.begin());
+}
+
+std::error_code Recovery::keep(const Work& work) {
+    if (own_.file.empty()) {
+        return std::make_error_code(std::errc::no_lock_available);
+    }
     const std::string bytes = packed(work);
     const std::size_t hash = std::hash<std::string>()(bytes);
-    if (!file_.empty() && hash != kept_ && !platform::replaceFile(file_, bytes)) {
-        kept_ = hash;
+    std::error_code error;
+    if (hash == kept_ && fs::exists(own_.file, error)) {
+        return {};
     }
+    error = platform::replaceFile(own_.file, bytes, platform::Access::owner);
+    kept_ = error ? kept_ : hash;
+    return error;
 }
 
 void Recovery::forget() {
     std::error_code ignored;
-    if (!file_.empty()) {
-        fs::remove(file_, ignored);
+    if (!own_.file.empty()) {
+        fs::remove(own_.file, ignored);
     }
     kept_ = 0;
 }

@@ -2,6 +2,8 @@
 
 #include <memory>
 #include <optional>
+#include <system_error>
+#include <vector>
 
 #include "model/Text.h"
 #include "platform/FileLock.h"
@@ -17,23 +19,37 @@ public:
         std::filesystem::path path; ///< of the project itself, which is as it was saved last
     };
 
-    /// Takes the file that an earlier run has left behind in the folder, if there is one.
+    /// Looks for what ended programs have left behind in the folder.
     explicit Recovery(std::filesystem::path folder);
 
-    /// What an earlier run has left behind; nothing when there is nothing, or nothing of use. It
-    /// stays until keep() or forget().
-    std::optional<Work> leftBehind() const;
+    /// The first of what was left behind; nothing when there is no more of it. What cannot be read
+    /// is passed over and stays.
+    std::optional<Work> leftBehind();
 
-    /// Writes it to the disk, unless it is what is there already. A failure leaves what was there.
-    void keep(const Work& work);
+    /// Whether the project itself was written since that was kept.
+    bool isOlderThan(const std::filesystem::path& project) const;
+
+    // What becomes of it; the next one is the first then.
+    void adopt();   ///< it is this program's from now on
+    void discard(); ///< its file is removed
+    void leave();   ///< for the next start
+
+    /// Writes it to the disk, for its owner alone, unless it is what is there already. A failure
+    /// leaves what was there.
+    std::error_code keep(const Work& work);
 
     /// All is saved, or not wanted any more.
     void forget();
 
 private:
-    std::filesystem::path folder_;
-    std::filesystem::path file_; ///< empty when none could be had
-    std::unique_ptr<platform::FileLock> lock_;
+    /// A file and the right to it.
+    struct Slot {
+        std::filesystem::path file;
+        std::unique_ptr<platform::FileLock> lock;
+    };
+
+    Slot own_; ///< without a file when none could be had
+    std::vector<Slot> left_;
     std::size_t kept_ = 0; ///< a hash of what is there; 0 when that is not known
 };
 

@@ -176,6 +176,7 @@ private:
     bool leaveBody() override { return closeEditor(); }
     bool showMatch(const tools::FindMatch& match) override;
 
+    ui::Answer askForRecovery(const Recovery::Work& work);
     bool hasEdits() const;
     void keepForRecovery();
 
@@ -217,6 +218,7 @@ private:
     void importVbProject(const std::filesystem::path& file);
     void finishImport(const importer::ImportOutcome& outcome);
 
+    bool keepingFailed_ = false; ///< and said so
     ui::Clipboard clipboard_;
     ui::CommandSet commands_{*this, mainCommands(), &lvLevels};
     editor::EditorMemory editorMemory_;

@@ -1,6 +1,7 @@
 #include "app/frmMain.h"
 #include "model/CodePage.h"
 #include "model/ProjectFile.h"
+#include "platform/Files.h"
 
 // Unsaved work that outlives the program.
 namespace app {
@@ -8,6 +9,12 @@ namespace app {
 namespace {
 
 constexpr int interval = 20000; // milliseconds
+
+/// Whether the project's own file holds it after all.
+bool isSaved(const Recovery::Work& work) {
+    std::string bytes;
+    return !platform::readFile(work.path, bytes) && bytes == work.project;
+}
 
 } // namespace
 
@@ -25,35 +32,63 @@ void frmMain::keepForRecovery() {
         recovery_.forget();
         return;
     }
-    model::TopicOutline outline = project_.outline();
+    // As it would be if all was saved now, the letters too.
+    model::Project work;
+    work.replace(project_.outline(), project_.options(), project_.projectPath());
     if (hasEdits()) {
-        outline.at(project_.currentIndex()) = editor_->editedTopic();
+        work.setCurrentIndex(project_.currentIndex());
+        const model::Topic edited = editor_->editedTopic();
+        for (const auto field : model::topicFields) {
+            work.setField(work.currentIndex(), field, edited.*field);
+        }
+        work.setField(work.currentIndex(), &model::Topic::body, edited.body);
+        work.markChanged(model::statusChanged);
     }
-    recovery_.keep({formatProject(outline, project_.options()), project_.projectPath()});
+    const std::error_code error =
+        recovery_.keep({formatProject(work.outline(), work.options()), work.projectPath()});
+    if (error && !keepingFailed_) {
+        keepingFailed_ = true;
+        notice("Unsaved work cannot be kept for a restart: " + error.message());
+    }
+}
+
+ui::Answer frmMain::askForRecovery(const Recovery::Work& work) {
+    model::Text text = "The program ended before the changes of this project were saved:\n"
+                       + model::displayText(work.path) + "\nDo you want them back?";
+    if (recovery_.isOlderThan(work.path)) {
+        text += "\nThe project has been saved since then.";
+    }
+    return ui::Prompter::current().ask(
+        this, {text, "HTML Topicsmith", ui::Buttons::yesNoCancel, ui::QuestionIcon::question});
 }
 
 bool frmMain::offerRecovery() {
-    tmrRecovery.start(interval);
-    const auto work = recovery_.leftBehind();
-    if (!work) {
-        recovery_.forget(); // whatever there may be
-        return false;
+    bool recovered = false;
+    while (!recovered) {
+        const auto work = recovery_.leftBehind();
+        if (!work) {
+            break;
+        }
+        model::ParsedProject parsed = model::parseProject(work->project);
+        if (isSaved(*work)) {
+            recovery_.discard();
+        } else if (parsed.stop != model::LoadStop::none) {
+            recovery_.leave();
+        } else if (const ui::Answer answer = askForRecovery(*work); answer == ui::Answer::no) {
+            recovery_.discard();
+        } else if (answer == ui::Answer::cancel) {
+            recovery_.leave(); // to be asked at the next start
+        } else {
+            recovery_.adopt();
+            project_.replace(std::move(parsed.outline), std::move(parsed.options), work->path);
+            files_.adopt(work->path);
+            project_.markChanged(model::projectChanged);
+            notice("Brought back; not saved yet");
+            recovered = true;
+        }
     }
-    model::ParsedProject parsed = model::parseProject(work->project);
-    const model::Text name = model::displayText(work->path.filename());
-    if (parsed.stop != model::LoadStop::none
-        || ui::Prompter::current().ask(this, {"The program ended before the changes of \"" + name
-                                                  + "\" were saved.\nDo you want them back?",
-                                              "HTML Topicsmith", ui::Buttons::yesNo,
-                                              ui::QuestionIcon::question})
-               != ui::Answer::yes) {
-        recovery_.forget();
-        return false;
-    }
-    project_.replace(std::move(parsed.outline), std::move(parsed.options), work->path);
-    project_.markChanged(model::projectChanged);
-    notice("Brought back; not saved yet");
-    return true;
+    tmrRecovery.start(interval); // not before: what is asked about must not be forgotten
+    return recovered;
 }
 
 } // namespace app

@@ -88,7 +88,8 @@ void frmEditBody::mnuFilePreview_Click() {
         preview_ = std::make_unique<frmPreview>(*this, settings_);
         preview_->Closed.connect([this] { discard(std::move(preview_)); });
     }
-    preview_->preview(topic.title, file, projectFolder());
+    preview_->preview(topic.title, file,
+                      project_.hasFile() ? project_.projectPath().parent_path() : projectFolder());
 }
 
 // ---- Mark-up ----

@@ -38,7 +38,8 @@ void takePaths(std::string_view block, std::set<std::string>& known,
     constexpr std::string_view listing = "PMGL";
     constexpr std::size_t headerSize = 0x14;
     const std::uint64_t unused = numberAt(block, listing.size(), 4);
-    if (!block.starts_with(listing) || unused > block.size() - std::min(block.size(), headerSize)) {
+    if (!block.starts_with(listing) || block.size() < headerSize
+        || unused > block.size() - headerSize) {
         return;
     }
     block = block.substr(headerSize, block.size() - headerSize - unused);

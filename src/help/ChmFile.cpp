@@ -1,7 +1,6 @@
 #include "help/ChmFile.h"
 
 #include <algorithm>
-#include <array>
 
 #include "platform/Files.h"
 
@@ -17,15 +16,12 @@ std::string keyOf(std::string path) {
     return path;
 }
 
-/// False at the end.
-bool takeNumber(std::istream& stream, std::uint64_t& number) {
-    std::array<char, 8> bytes{};
-    stream.read(bytes.data(), bytes.size());
-    number = 0;
+std::uint64_t numberIn(std::string_view bytes) {
+    std::uint64_t number = 0;
     for (std::size_t i = bytes.size(); i-- > 0;) {
         number = number << 8U | static_cast<unsigned char>(bytes[i]);
     }
-    return static_cast<bool>(stream);
+    return number;
 }
 
 } // namespace
@@ -43,25 +39,24 @@ std::unique_ptr<ChmFile> ChmFile::open(const std::filesystem::path& path) {
     return file->paths_.empty() ? nullptr : std::move(file);
 }
 
-/// Each file is two numbers, its path and its bytes.
+/// Each file is two numbers of eight bytes, its path and its bytes.
 void ChmFile::list() {
-    std::error_code error;
-    const std::uint64_t end = std::filesystem::file_size(unpacked_.path(), error);
-    stream_.open(unpacked_.path(), std::ios::binary);
+    constexpr std::size_t numberSize = 8;
+    const std::uint64_t end = unpacked_.size();
     unpacked_.remove();
-    std::uint64_t pathSize = 0;
-    std::uint64_t size = 0;
-    while (!error && takeNumber(stream_, pathSize) && takeNumber(stream_, size)) {
-        const auto start = static_cast<std::uint64_t>(stream_.tellg());
-        if (pathSize > end - start || size > end - start - pathSize) {
+    for (std::uint64_t at = 0; at + 2 * numberSize <= end;) {
+        const std::string head = unpacked_.read(at, 2 * numberSize);
+        const std::uint64_t pathSize = numberIn(std::string_view(head).substr(0, numberSize));
+        const std::uint64_t size = numberIn(std::string_view(head).substr(numberSize));
+        at += 2 * numberSize;
+        if (pathSize > end - at || size > end - at - pathSize) {
             return; // cut
         }
-        std::string path(pathSize, '\0');
-        stream_.read(path.data(), static_cast<std::streamsize>(pathSize));
-        if (places_.emplace(keyOf(path), Place{start + pathSize, size}).second) {
+        const std::string path = unpacked_.read(at, pathSize);
+        if (places_.emplace(keyOf(path), Place{at + pathSize, size}).second) {
             paths_.push_back(path);
         }
-        stream_.seekg(static_cast<std::streamoff>(start + pathSize + size));
+        at += pathSize + size;
     }
 }
 
@@ -74,11 +69,11 @@ std::optional<std::string> ChmFile::read(const std::string& path) const {
     if (found == places_.end()) {
         return {};
     }
-    stream_.clear();
-    stream_.seekg(static_cast<std::streamoff>(found->second.offset));
-    std::string bytes(found->second.size, '\0');
-    stream_.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    return stream_ ? std::optional(std::move(bytes)) : std::nullopt;
+    std::string bytes = unpacked_.read(found->second.offset, found->second.size);
+    if (bytes.size() != found->second.size) {
+        return {};
+    }
+    return bytes;
 }
 
 } // namespace help

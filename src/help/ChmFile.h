@@ -1,7 +1,6 @@
 #pragma once
 
 #include <filesystem>
-#include <fstream>
 #include <memory>
 #include <optional>
 #include <string>
@@ -43,7 +42,6 @@ private:
     bool whole_ = false;
 
     platform::TemporaryFile unpacked_;
-    mutable std::ifstream stream_; ///< reads it, also when it is removed
     std::vector<std::string> paths_;
     std::unordered_map<std::string, Place> places_; ///< by path in small letters
 };

@@ -70,6 +70,9 @@ int main(int argc, char* argv[]) {
     }
     for (const std::string& path : paths) {
         whole = unpack(help, path) && whole;
+        if (std::ferror(stdout) != 0) {
+            break; // there is no room for more
+        }
     }
     chm_close(help);
     return whole ? 0 : 1;

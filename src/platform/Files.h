@@ -20,11 +20,18 @@ std::error_code readFile(const std::filesystem::path& path, std::string& bytes,
 /// made again.
 std::error_code writeFile(const std::filesystem::path& path, std::string_view bytes);
 
+/// Who may read a file that did not exist before.
+enum class Access {
+    usual, ///< as the person's system has it for new files
+    owner  ///< the person alone
+};
+
 /// Replaces a file as a whole: an interruption at any moment leaves the old contents or the new
 /// ones. The bytes have reached the disk on return. A link keeps pointing where it pointed, an
 /// existing file keeps its permissions, and a file that is write-protected is left alone. Other
 /// hard links to the old file keep the old contents.
-std::error_code replaceFile(const std::filesystem::path& path, std::string_view bytes);
+std::error_code replaceFile(const std::filesystem::path& path, std::string_view bytes,
+                            Access access = Access::usual);
 
 /// A person's path, made independent of the current folder. "." and ".." are resolved, on the disk,
 /// where links count; a link in the file's own place stays.

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <string>
 
 namespace platform {
 
@@ -13,13 +14,19 @@ public:
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
 
-    /// Empty when the file could not be made.
+    /// Empty when the file could not be made, or is removed.
     const std::filesystem::path& path() const { return path_; }
 
-    /// Removes it already, where the system lets a file be removed that is open.
+    /// Removes it from its folder; it can still be read.
     void remove();
 
+    std::uint64_t size() const;
+
+    /// What stands at a place; shorter at the end, empty behind it.
+    std::string read(std::uint64_t offset, std::size_t size) const;
+
 private:
+    int handle_ = -1; ///< not inherited by other programs
     std::filesystem::path path_;
 };
 

@@ -15,10 +15,10 @@ protected:
         return window->offerRecovery();
     }
 
-    void expectQuestion(ui::Answer answer) {
-        prompter.expect({"The program ended before the changes of \"p.tsp\" were saved.\nDo you "
-                         "want them back?",
-                         "HTML Topicsmith", ui::Buttons::yesNo, ui::QuestionIcon::question},
+    void expectQuestion(ui::Answer answer, const char* more = "") {
+        prompter.expect({"The program ended before the changes of this project were saved:\n"
+                             + (folder / "p.tsp").string() + "\nDo you want them back?" + more,
+                         "HTML Topicsmith", ui::Buttons::yesNoCancel, ui::QuestionIcon::question},
                         answer);
     }
 
@@ -38,14 +38,22 @@ TEST_F(Recovery, BringsBackTheOutlineAndTheOpenEditor) {
     window->tmrRecovery_Tick();
     expectQuestion(ui::Answer::yes);
     ASSERT_TRUE(crash());
-    EXPECT_EQ(titles(), "a\xE9:C b:");
+    EXPECT_EQ(titles(), "a\xE9:C b:C");
     EXPECT_EQ(topic(2).body, "Caf\xE9\r\nunsaved");
     EXPECT_TRUE(project().dataChanged());
     EXPECT_EQ(project().projectPath(), folder / "p.tsp");
     EXPECT_EQ(cellText(window->lvLevels, 1, 2), "aé");
+    EXPECT_EQ(settings->path("Open", "File Path"), folder.path());
+    EXPECT_EQ(fs::status(folder / "recovery-1.tsp").permissions(),
+              fs::perms::owner_read | fs::perms::owner_write);
 
-    // Nobody saved it yet.
-    expectQuestion(ui::Answer::yes);
+    // Nobody saved it yet, and it can be decided later.
+    expectQuestion(ui::Answer::cancel);
+    EXPECT_FALSE(crash());
+    window->tmrRecovery_Tick();
+    test::writeBytes(folder / "p.tsp", "newer");
+    fs::last_write_time(folder / "p.tsp", fs::file_time_type::clock::now() + std::chrono::hours(1));
+    expectQuestion(ui::Answer::yes, "\nThe project has been saved since then.");
     ASSERT_TRUE(crash());
     show(*window);
     press("Ctrl+S");
@@ -73,22 +81,32 @@ TEST_F(Recovery, IsForgottenWhenNothingIsLost) {
     expectQuestion(ui::Answer::no);
     EXPECT_FALSE(crash());
     EXPECT_FALSE(isKept());
-    test::writeBytes(folder / "recovery-1.tsp", "damaged");
+    test::writeBytes(folder / "recovery-1.tsp", "of a later version");
     EXPECT_FALSE(crash());
-    EXPECT_FALSE(isKept());
+    EXPECT_TRUE(isKept());
 }
 
 TEST_F(Recovery, ProgramsSideBySideKeepTheirOwn) {
-    app::Recovery second(folder.path());
-    second.keep({"x\x80", folder / "two\nlines.tsp"});
-    EXPECT_TRUE(fs::exists(folder / "recovery-2.tsp"));
-    EXPECT_FALSE(app::Recovery(folder.path()).leftBehind()) << "both are in use";
-    window->offerRecovery();
-    window->tmrRecovery_Tick();
-    EXPECT_TRUE(fs::exists(folder / "recovery-2.tsp"));
-    { const app::Recovery ended = std::move(second); }
-    const app::Recovery third(folder.path());
-    ASSERT_TRUE(third.leftBehind());
-    EXPECT_EQ(third.leftBehind()->project, "x\x80");
-    EXPECT_EQ(third.leftBehind()->path, folder / "two\nlines.tsp");
+    {
+        app::Recovery second(folder.path());
+        EXPECT_FALSE(second.keep({"x\x80", folder / "two\nlines.tsp"}));
+        app::Recovery third(folder.path());
+        EXPECT_FALSE(third.keep({"third", folder / "3.tsp"}));
+        EXPECT_FALSE(third.leftBehind()) << "all are in use";
+        window->offerRecovery();
+        window->tmrRecovery_Tick();
+    }
+    // Both were left behind by now.
+    app::Recovery next(folder.path());
+    ASSERT_TRUE(next.leftBehind());
+    EXPECT_EQ(next.leftBehind()->project, "x\x80");
+    EXPECT_EQ(next.leftBehind()->path, folder / "two\nlines.tsp");
+    next.discard();
+    ASSERT_TRUE(next.leftBehind());
+    EXPECT_EQ(next.leftBehind()->project, "third");
+    next.adopt();
+    EXPECT_FALSE(next.leftBehind());
+    next.forget();
+    EXPECT_FALSE(app::Recovery(folder.path()).leftBehind());
+    EXPECT_TRUE(app::Recovery(folder / "missing").keep({"x", "y"}));
 }

@@ -125,7 +125,11 @@ TEST_F(frmHelp, ShowsOtherHelpFilesAndLeadsOutside) {
                      start
                          + "<style>a { display: block; height: 80px }</style>"
                            "<a href='http://x.example/y' target='_blank'>web</a>"
-                           "<a href='gone.htm'>gone</a>");
+                           "<a href='gone.htm'>gone</a><script>document.write('scripted')</script>"
+                           "<img src='file://"
+                         + (folder / "tall.svg").string() + "'>");
+    test::writeBytes(folder / "tall.svg",
+                     "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='3000'/>");
     test::writeBytes(folder / "t.hhc",
                      "<ul><li><object type='text/sitemap'><param name=Name value='Web'><param "
                      "name=Local value='http://x.example/'></object><li><object "
@@ -142,6 +146,8 @@ TEST_F(frmHelp, ShowsOtherHelpFilesAndLeadsOutside) {
     EXPECT_TRUE(shows("The window shows one project."));
     EXPECT_TRUE(shown().openBook(folder / "program/other.chm"));
     EXPECT_TRUE(shows("Начало"));
+    EXPECT_EQ(waitFor("gone").find("scripted"), std::string::npos);
+    EXPECT_FALSE(waitForPageHeight(shown().brwPage, 3000, 500));
     EXPECT_TRUE(ui::testing::waitFor([this] { return !shown().canGoBack(); }));
     EXPECT_EQ(treeText(shown().tvContents), "Web\nManual\n");
 

@@ -172,7 +172,7 @@ std::error_code writeFile(const fs::path& path, std::string_view bytes) {
     return error ? error : closeError;
 }
 
-std::error_code replaceFile(const fs::path& path, std::string_view bytes) {
+std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access access) {
     fs::path target = path;
     if (const std::error_code error = followLinks(target)) {
         return error;
@@ -192,7 +192,8 @@ std::error_code replaceFile(const fs::path& path, std::string_view bytes) {
         1000; // leftovers of interrupted saves with the same process number
     for (int attempt = 0; attempt < attemptLimit; ++attempt) {
         const fs::path temporary = temporaryName(target, attempt);
-        File file(temporary, O_WRONLY | O_CREAT | O_EXCL, exists ? 0600 : 0666);
+        File file(temporary, O_WRONLY | O_CREAT | O_EXCL,
+                  exists || access == Access::owner ? 0600 : 0666);
         if (!file.isOpen()) {
             if (errno == EEXIST) {
                 continue;

@@ -1,11 +1,13 @@
 #include "platform/Process.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <spawn.h>
 #include <string>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -16,22 +18,48 @@ namespace fs = std::filesystem;
 TemporaryFile::TemporaryFile() {
     std::error_code error;
     std::string name = (fs::temp_directory_path(error) / "topicsmith-XXXXXX").string();
-    const int file = error ? -1 : mkostemp(name.data(), O_CLOEXEC);
-    if (file != -1) {
-        close(file);
+    handle_ = error ? -1 : mkostemp(name.data(), O_CLOEXEC);
+    if (handle_ != -1) {
         path_ = name;
     }
 }
 
 TemporaryFile::~TemporaryFile() {
     remove();
+    if (handle_ != -1) {
+        close(handle_);
+    }
 }
 
 void TemporaryFile::remove() {
     std::error_code ignored;
     if (!path_.empty()) {
         fs::remove(path_, ignored);
+        path_.clear();
     }
+}
+
+std::uint64_t TemporaryFile::size() const {
+    struct stat status {};
+    return fstat(handle_, &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
+}
+
+std::string TemporaryFile::read(std::uint64_t offset, std::size_t size) const {
+    std::string bytes(size, '\0');
+    std::size_t filled = 0;
+    while (filled < size) {
+        const ssize_t count = pread(handle_, bytes.data() + filled, size - filled,
+                                    static_cast<off_t>(offset + filled));
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count <= 0) {
+            break;
+        }
+        filled += static_cast<std::size_t>(count);
+    }
+    bytes.resize(filled);
+    return bytes;
 }
 
 bool runOnFile(const fs::path& program, const fs::path& file, const fs::path& output) {
@@ -67,6 +95,13 @@ void limitThisProgram(unsigned seconds, std::uint64_t bytes) {
         const rlimit both = {value, value};
         setrlimit(resource, &both); // a limit that cannot be set is one that stands lower already
     };
+    // The one that started this program may have other habits.
+    for (const int number : {SIGALRM, SIGXFSZ}) {
+        std::signal(number, SIG_DFL);
+    }
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
     alarm(seconds);
     limit(RLIMIT_FSIZE, bytes);
     limit(RLIMIT_CORE, 0);

@@ -190,6 +190,8 @@ private:
             done = success;
             printing.quit();
         };
+        QObject::connect(page_, &QWebEnginePage::renderProcessTerminated, &printing,
+                         [&] { finish(false); });
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
         if (toFile) { // as text, which can be searched
             QObject::connect(page_, &QWebEnginePage::pdfPrintingFinished, &printing,
