@@ -44,7 +44,7 @@ std::optional<Recovery::Work> unpacked(std::string_view bytes) {
 
 } // namespace
 
-Recovery::Recovery(fs::path folder) {
+Recovery::Recovery(const fs::path& folder) {
     for (int number = 1; number <= mostPrograms; ++number) {
         const fs::path file = fileOf(folder, number, ".tsp");
         std::error_code ignored;

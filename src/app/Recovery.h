@@ -20,7 +20,7 @@ public:
     };
 
     /// Looks for what ended programs have left behind in the folder.
-    explicit Recovery(std::filesystem::path folder);
+    explicit Recovery(const std::filesystem::path& folder);
 
     /// The first of what was left behind; nothing when there is no more of it. What cannot be read
     /// is passed over and stays.

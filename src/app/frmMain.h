@@ -176,7 +176,7 @@ private:
     bool leaveBody() override { return closeEditor(); }
     bool showMatch(const tools::FindMatch& match) override;
 
-    ui::Answer askForRecovery(const Recovery::Work& work);
+    ui::Answer decideRecovery(const Recovery::Work& work, bool isWhole);
     bool hasEdits() const;
     void keepForRecovery();
 

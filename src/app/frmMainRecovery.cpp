@@ -52,7 +52,14 @@ void frmMain::keepForRecovery() {
     }
 }
 
-ui::Answer frmMain::askForRecovery(const Recovery::Work& work) {
+/// Yes, No, or Cancel for another time. Asks only where there is something to decide.
+ui::Answer frmMain::decideRecovery(const Recovery::Work& work, bool isWhole) {
+    if (isSaved(work)) {
+        return ui::Answer::no;
+    }
+    if (!isWhole) {
+        return ui::Answer::cancel;
+    }
     model::Text text = "The program ended before the changes of this project were saved:\n"
                        + model::displayText(work.path) + "\nDo you want them back?";
     if (recovery_.isOlderThan(work.path)) {
@@ -70,21 +77,20 @@ bool frmMain::offerRecovery() {
             break;
         }
         model::ParsedProject parsed = model::parseProject(work->project);
-        if (isSaved(*work)) {
-            recovery_.discard();
-        } else if (parsed.stop != model::LoadStop::none) {
-            recovery_.leave();
-        } else if (const ui::Answer answer = askForRecovery(*work); answer == ui::Answer::no) {
-            recovery_.discard();
-        } else if (answer == ui::Answer::cancel) {
-            recovery_.leave(); // to be asked at the next start
-        } else {
+        switch (decideRecovery(*work, parsed.stop == model::LoadStop::none)) {
+        case ui::Answer::yes:
             recovery_.adopt();
             project_.replace(std::move(parsed.outline), std::move(parsed.options), work->path);
             files_.adopt(work->path);
             project_.markChanged(model::projectChanged);
             notice("Brought back; not saved yet");
             recovered = true;
+            break;
+        case ui::Answer::no:
+            recovery_.discard();
+            break;
+        default:
+            recovery_.leave();
         }
     }
     tmrRecovery.start(interval); // not before: what is asked about must not be forgotten
