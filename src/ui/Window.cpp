@@ -194,7 +194,8 @@ void Window::setUnicodeCaption(const std::string& utf8) {
 }
 
 Text Window::caption() const {
-    return fromQt(native_->widget->windowTitle().chopped(3));
+    QString title = native_->widget->windowTitle();
+    return fromQt(title.remove(QStringLiteral("[*]"))); // where the changed mark stands
 }
 
 void Window::setHelpContext(int context) {
