@@ -16,15 +16,16 @@ file(MAKE_DIRECTORY ${SCRATCH})
 run(${CPACK} -G DEB --config ${BUILD}/CPackConfig.cmake -B ${SCRATCH})
 file(GLOB package ${SCRATCH}/topicsmith_*.deb)
 run(dpkg-deb --extract ${package} root)
-foreach(file bin/topicsmith bin/topicsmith-batch lib/topicsmith/topicsmith-unpack
-             lib/topicsmith/topicsmith-browser.so "lib/topicsmith/HTML Topicsmith.chm"
-             "lib/topicsmith/Home Button.jpg" share/applications/topicsmith.desktop
-             share/mime/packages/topicsmith.xml share/man/man1/topicsmith-batch.1
-             share/icons/hicolor/scalable/apps/topicsmith.svg share/doc/topicsmith/copyright)
-  file(GLOB found "${SCRATCH}/root/usr/${file}" "${SCRATCH}/root/usr/lib/*/${file}")
-  string(REPLACE "lib/topicsmith/" "topicsmith/" below_lib "${file}")
-  file(GLOB found_below_lib "${SCRATCH}/root/usr/lib/*/${below_lib}")
-  if(NOT found AND NOT found_below_lib)
+file(GLOB_RECURSE unpacker ${SCRATCH}/root/usr/lib/topicsmith-unpack)
+get_filename_component(program_folder "${unpacker}" DIRECTORY)
+set(usr ${SCRATCH}/root/usr)
+foreach(file ${usr}/bin/topicsmith ${usr}/bin/topicsmith-batch ${program_folder}/topicsmith-unpack
+             ${program_folder}/topicsmith-browser.so "${program_folder}/HTML Topicsmith.chm"
+             "${program_folder}/Home Button.jpg" ${usr}/share/applications/topicsmith.desktop
+             ${usr}/share/mime/packages/topicsmith.xml ${usr}/share/man/man1/topicsmith-batch.1
+             ${usr}/share/icons/hicolor/scalable/apps/topicsmith.svg
+             ${usr}/share/doc/topicsmith/copyright)
+  if(NOT EXISTS "${file}")
     message(FATAL_ERROR "not in the package: ${file}")
   endif()
 endforeach()

@@ -75,8 +75,8 @@ private:
 } // namespace
 
 struct TreeView::Native : NativeWidget {
-    Native(TreeWidget* tree) : NativeWidget(tree), widget(*tree) {}
-    TreeWidget& widget;
+    explicit Native(TreeWidget* shown) : NativeWidget(shown), view(*shown) {}
+    TreeWidget& view;
     std::vector<QTreeWidgetItem*> items; ///< the widget's
 };
 
@@ -92,9 +92,9 @@ TreeView::Native& TreeView::tree() const {
 
 void TreeView::setItems(const std::vector<TreeItem>& items) {
     Native& native = tree();
-    native.widget.silent = true;
+    native.view.silent = true;
     native.items.clear();
-    native.widget.clear();
+    native.view.clear();
     std::vector<QTreeWidgetItem*> path; // the last item of each depth
     QList<QTreeWidgetItem*> top;
     for (const TreeItem& item : items) {
@@ -110,33 +110,33 @@ void TreeView::setItems(const std::vector<TreeItem>& items) {
         path.push_back(made);
         native.items.push_back(made);
     }
-    native.widget.addTopLevelItems(top);
-    native.widget.setRootIsDecorated(std::any_of(
+    native.view.addTopLevelItems(top);
+    native.view.setRootIsDecorated(std::any_of(
         items.begin(), items.end(), [](const TreeItem& item) { return item.depth > 1; }));
-    native.widget.setCurrentItem(nullptr);
-    native.widget.silent = false;
+    native.view.setCurrentItem(nullptr);
+    native.view.silent = false;
 }
 
 int TreeView::selected() const {
-    return tree().widget.number();
+    return tree().view.number();
 }
 
 void TreeView::select(int item, Place place) {
     Native& native = tree();
-    native.widget.silent = true;
+    native.view.silent = true;
     const bool exists = item > 0 && static_cast<std::size_t>(item) <= native.items.size();
     QTreeWidgetItem* selected = exists ? native.items[static_cast<std::size_t>(item) - 1] : nullptr;
-    native.widget.setCurrentItem(selected);
+    native.view.setCurrentItem(selected);
     if (selected != nullptr) {
-        native.widget.scrollToItem(selected, place == Place::atTop
-                                                 ? QAbstractItemView::PositionAtTop
-                                                 : QAbstractItemView::EnsureVisible);
+        native.view.scrollToItem(selected, place == Place::atTop
+                                               ? QAbstractItemView::PositionAtTop
+                                               : QAbstractItemView::EnsureVisible);
     }
-    native.widget.silent = false;
+    native.view.silent = false;
 }
 
 void TreeView::unfoldAll() {
-    tree().widget.expandAll();
+    tree().view.expandAll();
 }
 
 } // namespace ui
