@@ -104,7 +104,9 @@ void document(benchmark::State& state) {
 }
 
 void sizes(benchmark::internal::Benchmark* benchmark) {
-    benchmark->Args({50, 4})->Args({500, 4})->Args({50, 200})->Args({500, 200});
+    for (const std::int64_t kilobytes : {1, 32, 1024}) {
+        benchmark->Args({50, kilobytes})->Args({500, kilobytes});
+    }
     benchmark->Unit(benchmark::kMillisecond)->UseRealTime();
 }
 

@@ -1,0 +1,17 @@
+# Programs for 64-bit Windows, made on Linux.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+
+set(target x86_64-w64-mingw32)
+# The variant whose standard library has threads, mutexes and the like.
+set(CMAKE_C_COMPILER ${target}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${target}-g++-posix)
+set(CMAKE_RC_COMPILER ${target}-windres)
+
+set(CMAKE_FIND_ROOT_PATH /usr/${target})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+list(APPEND CMAKE_FIND_ROOT_PATH ${TOPICSMITH_WINDOWS_LIBRARIES})
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES TOPICSMITH_WINDOWS_LIBRARIES)
