@@ -97,8 +97,8 @@ void document(benchmark::State& state) {
     Sample sample(state);
     for (auto _ : state) {
         benchmark::DoNotOptimize(
-            generate::generateDocumentation(sample.project.outline(), sample.project.options(),
-                                            sample.file("sample.htm"), sample.file("")));
+            generate::generateDocumentation(
+            sample.project, sample.file("sample.htm"), sample.file("")));
     }
     sample.report(state);
 }

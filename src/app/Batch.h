@@ -6,10 +6,11 @@
 #include <vector>
 
 #include "app/Console.h"
+#include "platform/Files.h"
 
 namespace app {
 
-using Arguments = std::vector<std::string>;
+using Arguments = std::vector<std::string>; ///< in UTF-8
 
 /// The arguments of a command, without its name: words by their places, and options.
 struct CommandLine {
@@ -17,6 +18,9 @@ struct CommandLine {
     std::map<std::string, std::string, std::less<>> options; ///< with their values: "--language"
 
     const std::string& operator[](std::size_t index) const { return words[index]; }
+    std::filesystem::path path(std::size_t index) const {
+        return platform::pathFromUtf8(words[index]);
+    }
     std::size_t size() const { return words.size(); }
     bool has(std::string_view option) const { return options.contains(option); }
 
@@ -24,6 +28,9 @@ struct CommandLine {
     std::string value(std::string_view option) const {
         const auto found = options.find(option);
         return found == options.end() ? std::string() : found->second;
+    }
+    std::filesystem::path pathValue(std::string_view option) const {
+        return platform::pathFromUtf8(value(option));
     }
 };
 

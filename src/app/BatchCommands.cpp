@@ -81,9 +81,9 @@ bool refuseEmpty(BatchSession& session, const Project& project, const char* titl
 }
 
 ExitCode runGenerate(BatchSession& session, const CommandLine& arguments) {
-    fs::path output = arguments[1];
+    fs::path output = arguments.path(1);
     Project project;
-    if (!loadWhole(session, arguments[0], project) || refuseEmpty(session, project, helpTitle)
+    if (!loadWhole(session, arguments.path(0), project) || refuseEmpty(session, project, helpTitle)
         || !prepareOutput(session, helpTitle, "hhp", project.projectPath(), output)
         || refuseWorkshopName(session, output, project.projectPath())) {
         return exitFailed;
@@ -97,15 +97,15 @@ ExitCode runGenerate(BatchSession& session, const CommandLine& arguments) {
 }
 
 ExitCode runDocument(BatchSession& session, const CommandLine& arguments) {
-    fs::path output = arguments[1];
+    fs::path output = arguments.path(1);
     Project project;
-    if (!loadWhole(session, arguments[0], project)
+    if (!loadWhole(session, arguments.path(0), project)
         || refuseEmpty(session, project, documentationTitle)
         || !prepareOutput(session, documentationTitle, "htm", project.projectPath(), output)) {
         return exitFailed;
     }
     const model::FileFailures failures = generate::generateDocumentation(
-        project.outline(), project.options(), output, project.projectPath().parent_path());
+        project, output, project.projectPath().parent_path());
     session.console.failures(documentationTitle, failures);
     session.console.message(generate::documentationComplete());
     return failures.empty() ? exitDone : exitFailed;
@@ -113,7 +113,7 @@ ExitCode runDocument(BatchSession& session, const CommandLine& arguments) {
 
 ExitCode runInfo(BatchSession& session, const CommandLine& arguments) {
     Project project;
-    if (!loadWhole(session, arguments[0], project)) {
+    if (!loadWhole(session, arguments.path(0), project)) {
         return exitFailed;
     }
     const auto& topics = project.outline();

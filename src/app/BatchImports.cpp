@@ -62,12 +62,12 @@ bool lacksPosition(const fs::path& source, int position) {
 } // namespace
 
 ExitCode importVb(BatchSession& session, const CommandLine& arguments) {
-    return runImport(session, arguments[0], arguments[1], importer::vbImportTitle,
+    return runImport(session, arguments.path(0), arguments.path(1), importer::vbImportTitle,
                      importer::importVbProject);
 }
 
 ExitCode importText(BatchSession& session, const CommandLine& arguments) {
-    return runImport(session, arguments[0], arguments[1], importer::textImportTitle,
+    return runImport(session, arguments.path(0), arguments.path(1), importer::textImportTitle,
                      importer::importText);
 }
 
@@ -80,12 +80,12 @@ ExitCode importTopics(BatchSession& session, const CommandLine& arguments) {
         }
         wanted.insert(position);
     }
-    if (!wanted.empty() && lacksPosition(arguments[1], *wanted.rbegin())) {
-        session.console.failure(importer::topicImportTitle, arguments[1],
+    if (!wanted.empty() && lacksPosition(arguments.path(1), *wanted.rbegin())) {
+        session.console.failure(importer::topicImportTitle, arguments.path(1),
                                 "has no topic " + std::to_string(*wanted.rbegin()));
         return exitFailed;
     }
-    return runImport(session, arguments[0], arguments[1], importer::topicImportTitle,
+    return runImport(session, arguments.path(0), arguments.path(1), importer::topicImportTitle,
                      [&wanted](Project& project, const fs::path& file) {
                          return importer::importTopics(project, file, [&wanted](int row) {
                              return wanted.empty() || wanted.contains(row);
@@ -95,7 +95,7 @@ ExitCode importTopics(BatchSession& session, const CommandLine& arguments) {
 
 ExitCode synchronise(BatchSession& session, const CommandLine& arguments) {
     Project project;
-    if (!loadWhole(session, arguments[0], project)) {
+    if (!loadWhole(session, arguments.path(0), project)) {
         return exitFailed;
     }
     if (const auto message = importer::nothingToSynchronise(project)) {

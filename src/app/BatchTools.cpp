@@ -36,7 +36,7 @@ ExitCode find(BatchSession& session, const CommandLine& arguments) {
         return usageError(session, "find expects a text");
     }
     Project project;
-    if (!loadWhole(session, arguments[0], project)) {
+    if (!loadWhole(session, arguments.path(0), project)) {
         return exitFailed;
     }
     const tools::FindQuestion question{model::htmlFromUtf8(arguments[1]),
@@ -60,7 +60,7 @@ ExitCode find(BatchSession& session, const CommandLine& arguments) {
 
 ExitCode check(BatchSession& session, const CommandLine& arguments) {
     Project project;
-    if (!loadWhole(session, arguments[0], project)) {
+    if (!loadWhole(session, arguments.path(0), project)) {
         return exitFailed;
     }
     if (const auto message = generate::nothingToGenerate(project, "Check")) {
@@ -68,7 +68,7 @@ ExitCode check(BatchSession& session, const CommandLine& arguments) {
         return exitFailed;
     }
     const std::filesystem::path folder = arguments.has("--output")
-                                             ? platform::fullPath(arguments.value("--output"))
+                                             ? platform::fullPath(arguments.pathValue("--output"))
                                              : project.projectPath().parent_path();
     const auto findings = generate::checkProject(project.outline(), project.options(), folder);
     for (const generate::Finding& finding : findings) {
@@ -80,7 +80,7 @@ ExitCode check(BatchSession& session, const CommandLine& arguments) {
 
 ExitCode spell(BatchSession& session, const CommandLine& arguments) {
     Project project;
-    if (!loadWhole(session, arguments[0], project)) {
+    if (!loadWhole(session, arguments.path(0), project)) {
         return exitFailed;
     }
     const auto folders = tools::dictionaryFolders(session.programFolder);
@@ -88,11 +88,11 @@ ExitCode spell(BatchSession& session, const CommandLine& arguments) {
                                                              : tools::defaultLanguage(folders);
     const auto dictionary = tools::Dictionary::open(folders, language);
     if (dictionary == nullptr) {
-        session.console.failure(spellTitle, language,
+        session.console.failure(spellTitle, platform::pathFromUtf8(language),
                                 "no dictionary for this language is installed");
         return exitFailed;
     }
-    const tools::PersonalWords personal(arguments.value("--words"));
+    const tools::PersonalWords personal(arguments.pathValue("--words"));
     bool any = false;
     for (int position = 1; position <= project.outline().count(); ++position) {
         const model::Topic& topic = project.outline().at(position);

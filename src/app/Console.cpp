@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/CodePage.h"
+#include "platform/Files.h"
 
 namespace app {
 namespace {
@@ -22,7 +23,7 @@ std::string shownText(model::TextView text) {
 
 /// A path on one line, so that no name can pass for another message.
 std::string shownPath(const std::filesystem::path& path) {
-    std::string line = model::utf8Of(path);
+    std::string line = platform::utf8FromPath(path);
     std::replace(line.begin(), line.end(), '\n', '?');
     return shown(std::move(line));
 }

@@ -11,8 +11,7 @@ namespace {
 
 /// Without the blanks around it.
 std::filesystem::path trimmed(const std::filesystem::path& argument) {
-    const std::string text = argument.string();
-    return model::Text(model::trim(text));
+    return platform::pathFromUtf8(model::trim(platform::utf8FromPath(argument)));
 }
 
 } // namespace

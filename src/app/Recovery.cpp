@@ -21,7 +21,7 @@ fs::path fileOf(const fs::path& folder, int number, const char* ending) {
 
 /// The length of the project's path, the path and the project.
 std::string packed(const Recovery::Work& work) {
-    const std::string path = work.path.string();
+    const std::string path = platform::utf8FromPath(work.path);
     std::string bytes(header);
     bytes += std::to_string(path.size()) + '\n' + path + work.project;
     return bytes;
@@ -39,7 +39,7 @@ std::optional<Recovery::Work> unpacked(std::string_view bytes) {
         return {};
     }
     return Recovery::Work{model::Text(bytes.substr(1 + length)),
-                          std::string(bytes.substr(1, length))};
+                          platform::pathFromUtf8(bytes.substr(1, length))};
 }
 
 } // namespace

@@ -137,8 +137,7 @@ void frmMain::mnuFileGenerateDoc_Click() {
     model::FileFailures failures;
     {
         const ui::WaitCursor busy;
-        failures = generate::generateDocumentation(project_.outline(), project_.options(),
-                                                   platform::fullPath(*file), folder);
+        failures = generate::generateDocumentation(project_, platform::fullPath(*file), folder);
     }
     Prompter::current().tell(this, generate::documentationComplete());
     if (!failures.empty()) {

@@ -25,7 +25,7 @@ constexpr const char* importKey = "File Path";
 constexpr const char* topicsFilter = "Topicsmith Project Files (*.tsp)|*.tsp|All Files (*.*)|*.*";
 
 bool hasExtension(const fs::path& file, TextView extension) {
-    return model::equalIgnoringCase(file.extension().string(), extension);
+    return model::equalIgnoringCase(platform::utf8FromPath(file.extension()), extension);
 }
 
 } // namespace
@@ -116,12 +116,12 @@ void frmMain::mnuFileSynch_Click() {
         return;
     }
     const Text title = project_.projectFileTitle();
+    const Text beginning = title.substr(0, title.find('.') + 1); // nothing of a name without a point
     const auto file = Prompter::current().chooseFile(
         this, {ui::FileQuestion::Kind::open, "Synchronize Help HTML Files with Topicsmith Project",
                "Topicsmith Project Files (*.tsp)|*.tsp|Text Files (*.txt)|*.txt|All Files "
                "(*.*)|*.*",
-               1, files_.folder(), model::nativePath(title.substr(0, title.find('.') + 1) + "tsp"),
-               "tsp"});
+               1, files_.folder(), model::nativePath(beginning + "tsp"), "tsp"});
     if (!file || !closeEditor()) {
         return;
     }

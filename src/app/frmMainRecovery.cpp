@@ -37,18 +37,13 @@ void frmMain::keepForRecovery() {
     work.replace(project_.outline(), project_.options(), project_.projectPath());
     if (hasEdits()) {
         work.setCurrentIndex(project_.currentIndex());
-        const model::Topic edited = editor_->editedTopic();
-        for (const auto field : model::topicFields) {
-            work.setField(work.currentIndex(), field, edited.*field);
-        }
-        work.setField(work.currentIndex(), &model::Topic::body, edited.body);
-        work.markChanged(model::statusChanged);
+        editor_->storeIn(work);
     }
     const std::error_code error =
         recovery_.keep({formatProject(work.outline(), work.options()), work.projectPath()});
     if (error && !keepingFailed_) {
         keepingFailed_ = true;
-        notice("Unsaved work cannot be kept for a restart: " + error.message());
+        notice("Unsaved work cannot be kept for a restart: " + model::fromUtf8(error.message()));
     }
 }
 

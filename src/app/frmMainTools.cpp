@@ -114,10 +114,11 @@ SpellChecker::Outcome frmMain::checkTopic(SpellChecker& checker, int position) {
         {&Topic::shortDescription, "short description"},
         {&Topic::body, "text"}};
     for (const auto& [field, name] : fields) {
-        const model::Text before = project_.outline().at(position).*field;
-        if (before.empty()) {
+        const model::Text& written = project_.outline().at(position).*field;
+        if (written.empty()) {
             continue;
         }
+        const model::Text before = model::withLineBreaks(written); // as it comes back
         model::Text text = before;
         const model::Text place = project_.outline().at(position).title + " (" + name + ')';
         const SpellChecker::Outcome outcome = checker.check(text, place);

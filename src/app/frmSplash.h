@@ -16,6 +16,7 @@ public:
     ui::Label lblProduct{*this, "HTML Topicsmith"};
     ui::Label lblVersion;
     ui::Label lblPurpose{*this, "An authoring tool for compiled HTML help"};
+    ui::Label lblBrowser;
     ui::Timer tmrClose;
 
     void startTimer() { tmrClose.start(2000); }

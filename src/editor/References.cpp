@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "editor/MarkUp.h"
+#include "model/TextLines.h"
 
 namespace editor {
 
@@ -12,26 +13,6 @@ using model::append;
 using model::lineBreak;
 
 namespace {
-
-/// Takes lines from the front of a text. They end with CR LF, LF or CR.
-class Lines {
-public:
-    explicit Lines(TextView text) : rest_(text) {}
-
-    bool atEnd() const { return rest_.empty(); }
-
-    /// Without its end; empty when there is none.
-    TextView next() {
-        const std::size_t end = std::min(rest_.find_first_of("\r\n"), rest_.size());
-        const TextView line = rest_.substr(0, end);
-        const std::size_t breakLength = rest_.substr(end).starts_with(lineBreak) ? 2 : 1;
-        rest_.remove_prefix(std::min(end + breakLength, rest_.size()));
-        return line;
-    }
-
-private:
-    TextView rest_;
-};
 
 Passage insertLink(Passage passage, TextView target, TextView linkText) {
     Text link;
@@ -87,8 +68,8 @@ Passage insertWebLink(Passage passage, TextView address, TextView linkText) {
 Text headingOf(TextView page) {
     constexpr TextView open = "<h1>";
     constexpr TextView close = "</h1>";
-    Lines lines(page);
-    for (TextView line = lines.next(); !lines.atEnd(); line = lines.next()) {
+    model::LineReader lines(page);
+    for (TextView line; lines.next(line) && !lines.atEnd();) { // one without an end is none
         line = model::trim(line);
         if (line.starts_with(open)) {
             const std::size_t tags = open.size() + close.size();
@@ -100,12 +81,13 @@ Text headingOf(TextView page) {
 }
 
 Passage insertFile(Passage passage, TextView file) {
-    Lines lines(file);
-    Text first(lines.next());
-    first += lineBreak;
+    model::LineReader lines(file);
+    TextView line;
+    lines.next(line);
+    const Text first = Text(line) + Text(lineBreak);
     Text rest;
-    while (!lines.atEnd()) {
-        append(rest, lines.next(), lineBreak);
+    while (lines.next(line)) {
+        append(rest, line, lineBreak);
     }
     const std::size_t caret = passage.start + first.size() + rest.size();
     const bool inFront = passage.start == 1;

@@ -67,7 +67,7 @@ void dlgGraphicOptions::enableFields() {
 }
 
 void dlgGraphicOptions::selectAll(ui::TextBox& box) {
-    box.select(0, box.text().size());
+    box.selectAll();
 }
 
 void dlgGraphicOptions::OKButton_Click() {

@@ -184,14 +184,18 @@ void frmEditBody::mnuFileSave_Click() {
         return;
     }
     const model::UndoStep step(project_, "Edit Topic Text");
-    const int position = project_.currentIndex();
+    storeIn(project_);
+    setChangedState(false);
+}
+
+void frmEditBody::storeIn(model::Project& project) const {
+    const int position = project.currentIndex();
     const Topic edited = editedTopic();
     for (const auto field :
          {&Topic::image, &Topic::shortDescription, &Topic::keywords, &Topic::body}) {
-        project_.setField(position, field, edited.*field);
+        project.setField(position, field, edited.*field);
     }
-    project_.markChanged(model::statusChanged);
-    setChangedState(false);
+    project.markChanged(model::statusChanged);
 }
 
 void frmEditBody::connectControls() {

@@ -57,6 +57,9 @@ public:
     /// The topic with the edits, as saving would make it but for its letter.
     model::Topic editedTopic() const;
 
+    /// Puts the fields into the current topic of a project.
+    void storeIn(model::Project& project) const;
+
     /// Null when no preview is open.
     frmPreview* preview() const { return preview_.get(); }
 

@@ -45,7 +45,7 @@ void frmEditBody::mnuEditPaste_Click() {
 
 void frmEditBody::mnuEditAll_Click() {
     if (ui::TextBox* box = focusedTextBox()) {
-        box->select(0, box->countedText().size());
+        box->selectAll();
     }
 }
 
@@ -234,7 +234,7 @@ void frmEditBody::mnuSpellCheck_Click() {
     }
     const bool whole = box->selection().length == 0;
     if (whole) {
-        box->select(0, box->countedText().size());
+        box->selectAll();
     }
     Text text = box->selectedText();
     if (text.empty()) {

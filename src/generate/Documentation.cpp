@@ -180,13 +180,14 @@ Text documentationPage(const TopicOutline& outline, const ProjectOptions& option
     return Documentation(outline, options, imageFolder).make();
 }
 
-model::FileFailures generateDocumentation(const TopicOutline& outline,
-                                          const ProjectOptions& options,
+model::FileFailures generateDocumentation(const model::Project& project,
                                           const std::filesystem::path& file,
                                           const std::filesystem::path& imageFolder) {
     model::FileFailures failures;
-    writeGenerated(file, documentationPage(outline, options, model::attributeText(imageFolder)),
-                   failures);
+    writeGenerated(file,
+                   documentationPage(project.outline(), project.options(),
+                                     model::attributeText(imageFolder)),
+                   project.projectPath(), failures);
     return failures;
 }
 

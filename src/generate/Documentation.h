@@ -2,8 +2,7 @@
 
 #include "model/FileFailure.h"
 #include "model/Message.h"
-#include "model/ProjectOptions.h"
-#include "model/TopicOutline.h"
+#include "model/Project.h"
 
 namespace generate {
 
@@ -14,8 +13,7 @@ model::Text documentationPage(const model::TopicOutline& outline,
                               const model::ProjectOptions& options, model::TextView imageFolder);
 
 /// Writes that page; a failure is noted, and the command counts as complete all the same.
-model::FileFailures generateDocumentation(const model::TopicOutline& outline,
-                                          const model::ProjectOptions& options,
+model::FileFailures generateDocumentation(const model::Project& project,
                                           const std::filesystem::path& file,
                                           const std::filesystem::path& imageFolder);
 

@@ -23,8 +23,14 @@ void noteFailure(model::FileFailures& failures, const fs::path& path,
     }
 }
 
-void writeGenerated(const fs::path& path, model::TextView contents, model::FileFailures& failures) {
-    noteFailure(failures, path, platform::writeFile(path, contents));
+void writeGenerated(const fs::path& path, model::TextView contents, const fs::path& project,
+                    model::FileFailures& failures) {
+    std::error_code error;
+    if (fs::equivalent(path, project, error)) {
+        failures.push_back({path, "is the project itself"});
+    } else {
+        noteFailure(failures, path, platform::writeFile(path, contents));
+    }
 }
 
 } // namespace generate

@@ -16,8 +16,9 @@ std::filesystem::path siblingFile(const std::filesystem::path& path, std::string
 void noteFailure(model::FileFailures& failures, const std::filesystem::path& path,
                  const std::error_code& error);
 
-/// Writes a file that can be made again, noting a failure.
+/// Writes a file that can be made again, noting a failure. Whatever names and links say, it never
+/// takes the place of the project.
 void writeGenerated(const std::filesystem::path& path, model::TextView contents,
-                    model::FileFailures& failures);
+                    const std::filesystem::path& project, model::FileFailures& failures);
 
 } // namespace generate

@@ -46,9 +46,9 @@ public:
             model::displayText(siblingFile(request_.workshopFile, "chm").filename()),
             model::displayText(contents.filename()), model::displayText(index.filename())};
         write(request_.workshopFile, workshopProject(project_.outline(), names));
-        write(contents, contentsFile(project_.outline()));
+        writeSibling(contents, contentsFile(project_.outline()));
         // The index is made from the keywords in the pages; the help workshop only wants the file.
-        write(index, {});
+        writeSibling(index, {});
     }
 
     void makeFolders() {
@@ -125,13 +125,16 @@ private:
         write(path, page);
     }
 
-    /// Whatever the names and links, no generated file takes the place of the project.
     void write(const fs::path& path, TextView contents) {
-        std::error_code error;
-        if (fs::equivalent(path, project_.projectPath(), error)) {
-            report_.failures.push_back({path, "is the project itself"});
+        writeGenerated(path, contents, project_.projectPath(), report_.failures);
+    }
+
+    /// The person may have given the workshop project the name of one of its companions.
+    void writeSibling(const fs::path& path, TextView contents) {
+        if (path == request_.workshopFile) {
+            report_.failures.push_back({path, "is the name of the workshop project"});
         } else {
-            writeGenerated(path, contents, report_.failures);
+            write(path, contents);
         }
     }
 

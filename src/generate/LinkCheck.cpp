@@ -55,23 +55,6 @@ TextView protocolOf(TextView address) {
     return isProtocol ? address.substr(0, end) : TextView();
 }
 
-/// With the characters of "%20" and the like in their places.
-Text unescaped(TextView address) {
-    Text result;
-    for (std::size_t i = 0; i < address.size(); ++i) {
-        unsigned code = 0;
-        const char* digits = address.data() + i + 1;
-        if (address[i] == '%' && i + 2 < address.size()
-            && std::from_chars(digits, digits + 2, code, 16).ptr == digits + 2) {
-            result += static_cast<char>(code);
-            i += 2;
-        } else {
-            result += address[i];
-        }
-    }
-    return result;
-}
-
 class LinkChecker {
 public:
     static constexpr int allPages = 0; ///< as a position: stands on every page
@@ -186,7 +169,8 @@ private:
     static Text keyOf(TextView path) {
         Text whole = Text(model::pageFolderName) + '/' + Text(path);
         std::replace(whole.begin(), whole.end(), '\\', '/');
-        return model::pageKey(fs::path(whole).lexically_normal().string());
+        return model::pageKey(
+            platform::utf8FromPath(platform::pathFromUtf8(whole).lexically_normal()));
     }
 
     /// The position of the topic to whose page a path leads; -1 for none.
@@ -259,6 +243,22 @@ private:
 };
 
 } // namespace
+
+Text unescaped(TextView address) {
+    Text result;
+    for (std::size_t i = 0; i < address.size(); ++i) {
+        unsigned code = 0;
+        const char* digits = address.data() + i + 1;
+        if (address[i] == '%' && i + 2 < address.size()
+            && std::from_chars(digits, digits + 2, code, 16).ptr == digits + 2) {
+            result += static_cast<char>(code);
+            i += 2;
+        } else {
+            result += address[i];
+        }
+    }
+    return result;
+}
 
 void checkLinks(const model::TopicOutline& outline, const model::ProjectOptions& options,
                 const fs::path& outputFolder, std::vector<Finding>& findings) {

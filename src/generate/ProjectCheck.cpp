@@ -88,24 +88,16 @@ private:
         if (fileName.find('#') != Text::npos) {
             fault("what follows # is taken for a place in the page");
         }
-        if (fileName.find_first_of("*?\"<>|:") != Text::npos) {
-            fault("Windows allows no * ? \" < > | : in file names");
+        if (fileName.find_first_of("*?\"<>|") != Text::npos) {
+            fault("Windows allows no * ? \" < > | in file names");
         }
-        if (hasEscape(fileName)) {
+        if (unescaped(fileName) != fileName) {
             fault("in a link, % and two digits stand for another character");
         }
         const auto [first, isNew] = pages_.emplace(model::pageKey(fileName), position_);
         if (!isNew) {
             fault("topic " + std::to_string(first->second) + " has the same page");
         }
-    }
-
-    static bool hasEscape(TextView fileName) {
-        constexpr TextView digits = "0123456789abcdefABCDEF";
-        const std::size_t percent = fileName.find('%');
-        return percent != TextView::npos
-               && fileName.find_first_not_of(digits, percent + 1) >= percent + 3
-               && percent + 2 < fileName.size();
     }
 
     void checkContext(const Topic& topic) {

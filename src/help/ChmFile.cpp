@@ -8,14 +8,6 @@ namespace help {
 
 namespace {
 
-/// As the packed files are compared: other letters than those of ASCII are what they are.
-std::string keyOf(std::string path) {
-    std::transform(path.begin(), path.end(), path.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
-    return path;
-}
-
 std::uint64_t numberIn(std::string_view bytes) {
     std::uint64_t number = 0;
     for (std::size_t i = bytes.size(); i-- > 0;) {
@@ -26,6 +18,13 @@ std::uint64_t numberIn(std::string_view bytes) {
 
 } // namespace
 
+std::string packedKey(std::string path) {
+    std::transform(path.begin(), path.end(), path.begin(), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
+    return path;
+}
+
 std::unique_ptr<ChmFile> ChmFile::open(const std::filesystem::path& path) {
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error)) {
@@ -33,7 +32,7 @@ std::unique_ptr<ChmFile> ChmFile::open(const std::filesystem::path& path) {
     }
     std::unique_ptr<ChmFile> file(new ChmFile);
     // However it ended, what it has written is of use.
-    file->whole_ = platform::runOnFile(platform::programFolder() / "topicsmith-unpack",
+    file->whole_ = platform::runOnFile(platform::programFile("topicsmith-unpack"),
                                        platform::fullPath(path), file->unpacked_.path());
     file->list();
     return file->paths_.empty() ? nullptr : std::move(file);
@@ -53,7 +52,7 @@ void ChmFile::list() {
             return; // cut
         }
         const std::string path = unpacked_.read(at, pathSize);
-        if (places_.emplace(keyOf(path), Place{at + pathSize, size}).second) {
+        if (places_.emplace(packedKey(path), Place{at + pathSize, size}).second) {
             paths_.push_back(path);
         }
         at += pathSize + size;
@@ -61,11 +60,11 @@ void ChmFile::list() {
 }
 
 bool ChmFile::holds(const std::string& path) const {
-    return places_.contains(keyOf(path));
+    return places_.contains(packedKey(path));
 }
 
 std::optional<std::string> ChmFile::read(const std::string& path) const {
-    const auto found = places_.find(keyOf(path));
+    const auto found = places_.find(packedKey(path));
     if (found == places_.end()) {
         return {};
     }

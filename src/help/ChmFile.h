@@ -11,6 +11,9 @@
 
 namespace help {
 
+/// Packed files with the same key are one: letter case does not count, but only of ASCII's letters.
+std::string packedKey(std::string path);
+
 /// The files packed in a compiled help file (`.chm`), by paths like "/html/setup.htm" in UTF-8,
 /// whose letter case does not matter. Another program unpacks them, so that a damaged help file
 /// can do no harm here; what that program could not read is missing.
@@ -43,7 +46,7 @@ private:
 
     platform::TemporaryFile unpacked_;
     std::vector<std::string> paths_;
-    std::unordered_map<std::string, Place> places_; ///< by path in small letters
+    std::unordered_map<std::string, Place> places_; ///< by packedKey()
 };
 
 } // namespace help

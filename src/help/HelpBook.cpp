@@ -8,6 +8,7 @@
 
 #include "model/CodePage.h"
 #include "model/Text.h"
+#include "platform/Files.h"
 #include "platform/Unicode.h"
 
 namespace help {
@@ -50,7 +51,7 @@ HelpBook::HelpBook(std::filesystem::path path, std::unique_ptr<ChmFile> file)
     : path_(std::move(path)), file_(std::move(file)), facts_(readFacts(*file_)) {
     title_ = decoded(facts_.title);
     if (title_.empty()) {
-        title_ = model::utf8Of(path_.stem());
+        title_ = platform::utf8FromPath(path_.stem());
     }
     readContents();
     chooseHomePage();
@@ -78,7 +79,8 @@ std::string HelpBook::pathOf(std::string_view local) const {
     const std::size_t anchor = std::min(local.find('#'), local.size());
     std::string path(local.substr(0, anchor));
     std::replace(path.begin(), path.end(), '\\', '/');
-    path = model::utf8Of(std::filesystem::path("/" + path).lexically_normal());
+    path = platform::utf8FromPath(platform::pathFromUtf8("/" + path).lexically_normal());
+    std::replace(path.begin(), path.end(), '\\', '/'); // as some systems write their folders
     // Two slashes in front have a meaning of their own.
     path.erase(0, std::min(path.find_first_not_of('/'), path.size()));
     return "/" + path + std::string(local.substr(anchor));
@@ -149,10 +151,10 @@ const std::vector<HelpBook::Page>& HelpBook::pages() {
         }
         std::unordered_map<std::string, std::size_t> places;
         for (std::size_t i = contents_.size(); i-- > 0;) {
-            places[searchable(withoutAnchor(contents_[i].target.page))] = i;
+            places[packedKey(withoutAnchor(contents_[i].target.page))] = i;
         }
         for (Page& page : *pages_) {
-            if (const auto place = places.find(searchable(page.path)); place != places.end()) {
+            if (const auto place = places.find(packedKey(page.path)); place != places.end()) {
                 page.place = place->second;
             }
         }
@@ -177,7 +179,7 @@ const std::vector<IndexEntry>& HelpBook::index() {
     std::set<std::pair<std::string, std::string>> known; // keywords and pages
     const auto add = [&](const std::string& keyword, HelpTarget target) {
         const std::string key = searchable(keyword);
-        if (known.emplace(key, model::lowerCase(target.page)).second) {
+        if (known.emplace(key, packedKey(target.page)).second) {
             IndexEntry& entry = sorted[key];
             entry.keyword = entry.targets.empty() ? keyword : entry.keyword;
             entry.targets.push_back(std::move(target));
@@ -243,7 +245,7 @@ std::optional<BookLink> linkToOtherBook(std::string_view address) {
         page.insert(page.begin(), '/');
     }
     const std::string_view name = place.substr(place.find_last_of(":/\\") + 1);
-    return BookLink{std::u8string(name.begin(), name.end()), page};
+    return BookLink{platform::pathFromUtf8(name), page};
 }
 
 std::size_t firstFrom(const std::vector<IndexEntry>& index, std::string_view beginning) {

@@ -57,19 +57,27 @@ bool unpack(chmFile* help, const std::string& path) {
 
 int main(int argc, char* argv[]) {
     platform::limitThisProgram(longestTime, largestWhole);
+    platform::useStreamsForUtf8();
+    const std::vector<std::string> arguments = platform::programArguments(argc, argv);
+    if (arguments.size() != 1) {
+        return 1;
+    }
+    const std::filesystem::path path = platform::pathFromUtf8(arguments.front());
     std::string file;
-    if (argc != 2 || platform::readFile(argv[1], file)) {
+    if (platform::readFile(path, file)) {
         return 1;
     }
     bool whole = !help::isCut(file);
     const std::vector<std::string> paths = help::packedPaths(file);
-    file = {};
-    chmFile* help = paths.empty() ? nullptr : chm_open(argv[1]);
+    std::string().swap(file);
+    // The library takes a name as the system has it, and leaves it alone.
+    auto* name = const_cast<std::filesystem::path::value_type*>(path.c_str());
+    chmFile* help = paths.empty() ? nullptr : chm_open(name);
     if (help == nullptr) {
         return 1;
     }
-    for (const std::string& path : paths) {
-        whole = unpack(help, path) && whole;
+    for (const std::string& packed : paths) {
+        whole = unpack(help, packed) && whole;
         if (std::ferror(stdout) != 0) {
             break; // there is no room for more
         }

@@ -251,11 +251,11 @@ void frmHelp::tbsFind_Click() {
 }
 
 void frmHelp::txtIndex_GotFocus() {
-    txtIndex.select(0, txtIndex.unicodeText().size());
+    txtIndex.selectAll();
 }
 
 void frmHelp::txtSearch_GotFocus() {
-    txtSearch.select(0, txtSearch.unicodeText().size());
+    txtSearch.selectAll();
 }
 
 void frmHelp::txtIndex_Change() {
@@ -336,8 +336,8 @@ int frmHelp::entryOf(const std::string& place, int selected) const {
     for (const bool exactly : {true, false}) {
         const auto leadsThere = [&](int item) {
             const std::string& page = contents[static_cast<std::size_t>(item) - 1].target.page;
-            return exactly ? model::equalIgnoringCase(page, place)
-                           : model::equalIgnoringCase(pathOf(page), pathOf(place));
+            return exactly ? packedKey(page) == packedKey(place)
+                           : packedKey(pathOf(page)) == packedKey(pathOf(place));
         };
         if (selected > 0 && leadsThere(selected)) {
             return selected;

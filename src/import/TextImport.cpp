@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/Helper.h"
+#include "model/PagePath.h"
 #include "model/TextLines.h"
 
 namespace importer {
@@ -36,7 +37,7 @@ Topic topicOf(TextView line) {
         }
     }
     topic.title = model::stripHighChars(title);
-    topic.fileName = model::makeFileName(model::withoutReferences(topic.title)) + ".htm";
+    topic.fileName = model::pageNameFor(topic.title);
     if (!description.empty()) {
         model::append(topic.body, "<p>", description, "</p>");
     }

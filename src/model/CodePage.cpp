@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 
+#include "platform/Files.h"
+
 namespace model {
 namespace {
 
@@ -96,9 +98,15 @@ char32_t takeUtf8(std::string_view& utf8) {
         }
         character = character << 6 | (byte & 0x3FU);
     }
+    constexpr char32_t least[] = {0, 0, 0x80, 0x800, 0x10000};
+    constexpr char32_t last = 0x10FFFF;
+    if (character < least[length] || character > last || isHighSurrogate(character)
+        || isLowSurrogate(character)) {
+        utf8.remove_prefix(1);
+        return damaged;
+    }
     utf8.remove_prefix(length);
-    const bool overlong = length == 3 && character < 0x800;
-    return overlong ? damaged : character;
+    return character;
 }
 
 std::string toUtf8(TextView text) {
@@ -157,15 +165,15 @@ std::string utf8FromUtf16(std::string_view bytes, bool bigEndian) {
 std::filesystem::path nativePath(TextView text) {
     std::string utf8 = toUtf8(text);
     std::replace(utf8.begin(), utf8.end(), '\\', '/');
-    return {std::u8string(utf8.begin(), utf8.end())};
+    return platform::pathFromUtf8(utf8);
 }
 
 Text displayText(const std::filesystem::path& path) {
-    return fromUtf8(utf8Of(path));
+    return fromUtf8(platform::utf8FromPath(path));
 }
 
 Text attributeText(const std::filesystem::path& folder) {
-    const Text text = htmlFromUtf8(utf8Of(folder));
+    const Text text = htmlFromUtf8(platform::utf8FromPath(folder));
     Text attribute;
     for (const char character : TextView(text).substr(0, text.find_last_not_of("/\\") + 1)) {
         if (character == '\'') {
@@ -177,11 +185,6 @@ Text attributeText(const std::filesystem::path& folder) {
         }
     }
     return attribute;
-}
-
-std::string utf8Of(const std::filesystem::path& path) {
-    const std::u8string utf8 = path.u8string();
-    return {utf8.begin(), utf8.end()};
 }
 
 } // namespace model

@@ -40,6 +40,4 @@ Text displayText(const std::filesystem::path& path);
 /// A folder as it may stand in an attribute of a page, without a slash at its end.
 Text attributeText(const std::filesystem::path& folder);
 
-std::string utf8Of(const std::filesystem::path& path);
-
 } // namespace model

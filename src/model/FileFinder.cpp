@@ -1,6 +1,7 @@
 #include "model/FileFinder.h"
 
 #include "model/CodePage.h"
+#include "platform/Files.h"
 
 namespace model {
 
@@ -58,7 +59,7 @@ const FileFinder::Names& FileFinder::names(const fs::path& folder) {
             const fs::path name = i->path().filename();
             addName(place->second, displayText(name), name);
             // A name whose letters were never converted, as some archives leave it behind.
-            addName(place->second, name.string(), name);
+            addName(place->second, platform::utf8FromPath(name), name);
         }
     }
     return place->second;

@@ -1,6 +1,7 @@
 #include "model/OutlineEditing.h"
 
 #include "model/Helper.h"
+#include "model/PagePath.h"
 
 namespace model {
 
@@ -117,7 +118,7 @@ void completeFileName(Project& project) {
     if (topic.fileName.empty() && !topic.title.empty()) {
         const UndoStep step(project, "Edit Topic Title", &Topic::title);
         project.setField(project.currentIndex(), &Topic::fileName,
-                         makeFileName(withoutReferences(topic.title)) + ".htm");
+                         pageNameFor(topic.title));
         project.markChanged(statusChanged);
     }
 }

@@ -10,20 +10,33 @@ namespace {
 
 constexpr TextView slashes = "/\\";
 
-bool startsWithDrive(TextView fileName) {
-    return fileName.size() >= 2 && fileName[1] == ':' && isAllLetters(fileName.substr(0, 1));
+constexpr TextView blanksAndPoints = ". ";
+
+/// Windows takes these names for devices in every folder, whatever their ending.
+bool isDevice(TextView part) {
+    const Text stem = lowerCase(trim(part.substr(0, part.find('.'))));
+    const TextView port = TextView(stem).substr(0, 3);
+    const bool hasNumber = stem.size() == 4 && stem[3] >= '0' && stem[3] <= '9';
+    return stem == "con" || stem == "prn" || stem == "aux" || stem == "nul"
+           || (hasNumber && (port == "com" || port == "lpt"));
 }
 
 bool isControlCharacter(char character) {
     return static_cast<unsigned char>(character) < ' ';
 }
 
-/// A part that names something in its folder, rather than the folder itself or the one above.
+/// A part that names something in its folder, rather than the folder itself or the one above. What
+/// Windows cuts off at the end, and a second stream of a file, could hide such names.
 bool isPlainPart(TextView part) {
-    return !part.empty() && part != "." && part != "..";
+    return !part.empty() && blanksAndPoints.find(part.back()) == TextView::npos
+           && part.find(':') == TextView::npos && !isDevice(part);
 }
 
 } // namespace
+
+Text pageNameFor(TextView title) {
+    return makeFileName(withoutReferences(title)) + ".htm";
+}
 
 std::filesystem::path pagePath(const std::filesystem::path& pageFolder, TextView fileName) {
     return pageFolder / nativePath(fileName);
@@ -36,14 +49,10 @@ TextView pageNameFault(TextView fileName) {
     if (std::any_of(fileName.begin(), fileName.end(), isControlCharacter)) {
         return "the file name holds a control character";
     }
-    constexpr TextView outside = "the file name does not stay inside the page folder";
-    if (startsWithDrive(fileName)) {
-        return outside;
-    }
     for (TextView rest = fileName;;) {
         const std::size_t slash = rest.find_first_of(slashes);
         if (!isPlainPart(rest.substr(0, slash))) {
-            return outside;
+            return "the file name does not stay inside the page folder";
         }
         if (slash == TextView::npos) {
             return {};

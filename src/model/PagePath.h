@@ -10,12 +10,16 @@ namespace model {
 /// Lies beside the workshop project.
 inline constexpr const char* pageFolderName = "html";
 
+/// The name that a topic's page gets from its title.
+Text pageNameFor(TextView title);
+
 /// The page in a page folder. Ask pageNameFault() first.
 std::filesystem::path pagePath(const std::filesystem::path& pageFolder, TextView fileName);
 
 /// Why a topic's file name cannot be a page in the page folder; empty when it can. A project from
-/// elsewhere must not make the program touch a file outside that folder, so a name that climbs,
-/// or starts at a root or drive, is refused, on every system alike.
+/// elsewhere must not make the program touch a file outside that folder, so a name that climbs, or
+/// starts at a root or drive, or means a device or a stream on Windows, is refused, on every system
+/// alike.
 TextView pageNameFault(TextView fileName);
 
 /// Two names with the same key are one page: letter case does not tell pages apart, nor does the

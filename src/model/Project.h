@@ -9,7 +9,8 @@
 namespace model {
 
 /// Learns of every change of a project's outline, current topic and changed flag, so that a command
-/// never tells a window what to show. Options and path change silently.
+/// never tells a window what to show. Options and path change silently. An observer must not change
+/// the project while it is told.
 class ProjectObserver {
 public:
     virtual ~ProjectObserver() = default;
@@ -29,7 +30,7 @@ public:
 /// What Project::markChanged() takes. The first five stand for a status letter.
 enum StatusCode {
     statusChanged = 0,      ///< C: a field was edited
-    statusNew = 1,          ///< N: added or imported
+    statusNew = 1,          ///< N: added
     statusEmpty = 2,        ///< E: has no body
     statusSynchronised = 3, ///< S: the body was taken back from its page
     statusMoved = 4,        ///< M: moved up or down
@@ -58,7 +59,8 @@ public:
     /// The path's last component.
     Text projectFileTitle() const;
 
-    /// True from the first change after a load or save until the next one.
+    /// True while the project differs from its file, as far as is known: undoing back to the last save
+    /// or load makes it false again.
     bool dataChanged() const { return dataChanged_; }
 
     /// The position of the topic that the author works on; -1 for none. It stays with its topic

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "model/CodePage.h"
+#include "platform/Files.h"
 
 namespace model {
 
@@ -31,7 +32,7 @@ std::string shortenPath(const fs::path& path) {
     constexpr std::size_t wholeLength = 40;
     constexpr std::size_t nameLimit = 34;
     constexpr const char* ellipsis = "\u2026";
-    std::string text = utf8Of(path);
+    std::string text = platform::utf8FromPath(path);
     const std::vector<std::size_t> starts = characterStarts(text);
     const std::size_t length = starts.size() - 1;
     if (length <= wholeLength) {

@@ -5,7 +5,7 @@
 
 namespace model {
 
-/// All text of a project is in the system's single-byte code page (see CodePage.h): one byte is one
+/// All text of a project is in Windows-1252 on every system (see CodePage.h): one byte is one
 /// character, and lines end with CR LF, two characters. Lengths, offsets and selections are plain
 /// indices. Every byte value can occur.
 using Text = std::string;

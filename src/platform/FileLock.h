@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 
 namespace platform {
@@ -18,7 +19,7 @@ public:
     bool isHeld() const { return handle_ >= 0; }
 
 private:
-    int handle_ = -1;
+    std::intptr_t handle_ = -1;
 };
 
 } // namespace platform

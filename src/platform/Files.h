@@ -37,12 +37,19 @@ std::error_code replaceFile(const std::filesystem::path& path, std::string_view 
 /// where links count; a link in the file's own place stays.
 std::filesystem::path fullPath(const std::filesystem::path& path);
 
+/// A path from UTF-8, and back. Elsewhere than on Windows any bytes come through as they are.
+std::filesystem::path pathFromUtf8(std::string_view utf8);
+std::string utf8FromPath(const std::filesystem::path& path);
+
 /// Makes a write beyond the size limit of the process fail like any other, instead of ending the
 /// program. To be called once, at the start.
 void turnSizeLimitIntoError();
 
 /// The folder of the running program, where its pictures lie; empty when it cannot be found out.
 std::filesystem::path programFolder();
+
+/// One of this program's companions in its own folder, by its name without an ending.
+std::filesystem::path programFile(const char* name);
 
 /// Where the system keeps spelling dictionaries; some may not exist.
 std::vector<std::filesystem::path> dictionaryFolders();

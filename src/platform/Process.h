@@ -3,8 +3,16 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace platform {
+
+/// The arguments of this program, without its name, in UTF-8 (elsewhere than on Windows any bytes).
+/// Those of main() are needed only where the system does not tell better.
+std::vector<std::string> programArguments(int argc, char* argv[]);
+
+/// Lets bytes pass through the standard streams as they are, taken for UTF-8 by a console.
+void useStreamsForUtf8();
 
 /// A file of this program's own in the system's folder for such, removed at the end.
 class TemporaryFile {
@@ -26,7 +34,7 @@ public:
     std::string read(std::uint64_t offset, std::size_t size) const;
 
 private:
-    int handle_ = -1; ///< not inherited by other programs
+    std::intptr_t handle_ = -1; ///< not inherited by other programs
     std::filesystem::path path_;
 };
 

@@ -43,17 +43,26 @@ fs::path dictionaryFile(const fs::path& affixFile) {
     return fs::path(affixFile).replace_extension(".dic");
 }
 
-bool isUsable(const fs::path& affixFile) {
+/// Nothing for a dictionary that cannot be used.
+std::optional<Encoding> usableEncoding(const fs::path& affixFile) {
     std::error_code ignored;
     return fs::is_regular_file(affixFile, ignored)
-           && fs::is_regular_file(dictionaryFile(affixFile), ignored) && encodingOf(affixFile);
+                   && fs::is_regular_file(dictionaryFile(affixFile), ignored)
+               ? encodingOf(affixFile)
+               : std::nullopt;
+}
+
+/// A file's name for the library: in UTF-8, which it expects on Windows behind this sign alone.
+std::string libraryName(const fs::path& file) {
+    const bool isWindows = fs::path::preferred_separator == '\\';
+    return isWindows ? R"(\\?\)" + platform::utf8FromPath(platform::fullPath(file)) : file.string();
 }
 
 } // namespace
 
 struct Dictionary::Native {
     Native(const fs::path& affixFile, Encoding encoded)
-        : hunspell(affixFile.string().c_str(), dictionaryFile(affixFile).string().c_str()),
+        : hunspell(libraryName(affixFile).c_str(), libraryName(dictionaryFile(affixFile)).c_str()),
           encoding(encoded) {}
 
     std::string toDictionary(const std::string& utf8) const {
@@ -75,8 +84,8 @@ std::vector<std::string> Dictionary::languages(const std::vector<fs::path>& fold
     for (const fs::path& folder : folders) {
         std::error_code ignored;
         for (fs::directory_iterator i(folder, ignored), end; i != end; i.increment(ignored)) {
-            if (i->path().extension() == ".aff" && isUsable(i->path())) {
-                languages.push_back(model::utf8Of(i->path().stem()));
+            if (i->path().extension() == ".aff" && usableEncoding(i->path())) {
+                languages.push_back(platform::utf8FromPath(i->path().stem()));
             }
         }
     }
@@ -91,10 +100,10 @@ std::unique_ptr<Dictionary> Dictionary::open(const std::vector<fs::path>& folder
         return nullptr; // a language, not a way to a file
     }
     for (const fs::path& folder : folders) {
-        const fs::path affixFile = folder / fs::path(language + ".aff");
-        if (isUsable(affixFile)) {
+        const fs::path affixFile = folder / platform::pathFromUtf8(language + ".aff");
+        if (const auto encoding = usableEncoding(affixFile)) {
             return std::unique_ptr<Dictionary>(
-                new Dictionary(std::make_unique<Native>(affixFile, *encodingOf(affixFile))));
+                new Dictionary(std::make_unique<Native>(affixFile, *encoding)));
         }
     }
     return nullptr;

@@ -33,18 +33,26 @@ Text correctedWord(TextView written, const std::string& correction) {
 } // namespace
 
 PersonalWords::PersonalWords(std::filesystem::path file) : file_(std::move(file)) {
+    static_cast<void>(read());
+}
+
+/// A file that is not there holds nothing.
+std::error_code PersonalWords::read() {
     std::string bytes;
-    if (!platform::readFile(file_, bytes)) {
-        model::LineReader lines(bytes);
-        for (TextView line; lines.next(line);) {
-            words_.emplace(line);
-        }
-        words_.erase("");
+    const std::error_code error = platform::readFile(file_, bytes);
+    model::LineReader lines(bytes);
+    for (TextView line; lines.next(line);) {
+        words_.emplace(line);
     }
+    words_.erase("");
+    return error == std::errc::no_such_file_or_directory ? std::error_code() : error;
 }
 
 std::error_code PersonalWords::add(const std::string& word) {
     words_.insert(word);
+    if (const std::error_code error = read()) {
+        return error;
+    }
     std::string bytes;
     for (const std::string& known : words_) {
         bytes += known + '\n';

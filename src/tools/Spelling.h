@@ -16,10 +16,13 @@ public:
 
     bool knows(const std::string& word) const { return words_.contains(word); }
 
-    /// Kept in memory also where the file cannot be written.
+    /// Adds to what the file holds now: another program may have added words meanwhile. Kept in
+    /// memory also where the file cannot be read or written; then it stays as it is.
     std::error_code add(const std::string& word);
 
 private:
+    std::error_code read();
+
     std::filesystem::path file_;
     std::set<std::string> words_;
 };

@@ -124,7 +124,7 @@ void dlgSpelling::showWord() {
     lvSuggestions.reset();
     offer(rows_.words.empty() ? model::htmlFromUtf8(word.letters) : rows_.cell(1, 0));
     txtChange.setFocus();
-    txtChange.select(0, txtChange.text().size());
+    txtChange.selectAll();
 }
 
 void dlgSpelling::offer(const Text& correction) {

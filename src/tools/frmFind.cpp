@@ -44,14 +44,14 @@ frmFind::frmFind(ui::Window& owner, FindHost& host, Text& lastFindText)
     UI_ON(cmdHelp, Click);
     txtFind.setText(lastFindText_);
     cmdFindNext.setEnabled(!lastFindText_.empty());
-    txtFind.select(0, lastFindText_.size());
+    txtFind.selectAll();
     txtFind.setFocus();
 }
 
 void frmFind::ask() {
     activate();
     txtFind.setFocus();
-    txtFind.select(0, lastFindText_.size());
+    txtFind.selectAll();
 }
 
 void frmFind::txtFind_Change() {

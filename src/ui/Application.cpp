@@ -28,7 +28,15 @@ Application::Application(int& argc, char** argv, const char* name, const char* v
 Application::~Application() = default;
 
 std::vector<std::filesystem::path> Application::arguments() const {
-    return {native_->argv + 1, native_->argv + native_->argc};
+#ifdef _WIN32
+    std::vector<std::filesystem::path> arguments;
+    for (const QString& word : QApplication::arguments().sliced(1)) {
+        arguments.push_back(word.toStdWString()); // as typed, unlike those of main()
+    }
+    return arguments;
+#else
+    return {native_->argv + 1, native_->argv + native_->argc}; // any bytes
+#endif
 }
 
 std::filesystem::path Application::userFolder() {

@@ -9,9 +9,26 @@
 
 namespace ui {
 
+namespace {
+
+/// The build decides whether there is a web engine, and the person whether it is used.
+bool hasWebEngine() {
+#ifdef TOPICSMITH_WEB_ENGINE
+    return qEnvironmentVariable("TOPICSMITH_BROWSER") != QLatin1String("text");
+#else
+    return false;
+#endif
+}
+
+} // namespace
+
+std::string browserName() {
+    return hasWebEngine() ? "Qt WebEngine" : "Qt rich text";
+}
+
 QFunctionPointer browserFunction(const char* name) {
-    const QString library = QCoreApplication::applicationDirPath() + "/topicsmith-browser";
-    return QLibrary::resolve(library, name);
+    const char* library = hasWebEngine() ? "topicsmith-browser" : "topicsmith-text-browser";
+    return QLibrary::resolve(QCoreApplication::applicationDirPath() + '/' + library, name);
 }
 
 struct Browser::Native : NativeWidget {

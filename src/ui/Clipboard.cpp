@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QMimeData>
 
+#include "model/TextLines.h"
 #include "ui/qt/Native.h"
 
 namespace ui {
@@ -35,7 +36,7 @@ bool Clipboard::hasText() const {
 }
 
 model::Text Clipboard::text() const {
-    return fromQt(QGuiApplication::clipboard()->text());
+    return model::withLineBreaks(fromQt(QGuiApplication::clipboard()->text()));
 }
 
 } // namespace ui

@@ -18,7 +18,9 @@ public:
     void clear();
     void setText(model::TextView text);
     bool hasText() const;
-    model::Text text() const; ///< with question marks for characters that the code page lacks
+
+    /// With CR LF for each line end, and question marks for characters that the code page lacks.
+    model::Text text() const;
 
     Event<> Change; ///< whoever did it
 

@@ -94,9 +94,14 @@ Menu* CommandSet::menu(TextView name) const {
 }
 
 void CommandSet::run(std::size_t index) {
+    const std::weak_ptr<int> alive = alive_;
     if (entries_[index].isPossible()) {
         BeforeRun.raise();
-        entries_[index].run();
+        const std::function<void()> command = entries_[index].run;
+        command();
+    }
+    if (alive.expired()) {
+        return; // the command has closed the window
     }
     update();
     AfterRun.raise();

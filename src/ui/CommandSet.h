@@ -111,6 +111,7 @@ private:
     void run(std::size_t index);
 
     std::vector<Entry> entries_;
+    std::shared_ptr<int> alive_ = std::make_shared<int>(); ///< goes with the set
 };
 
 } // namespace ui

@@ -19,8 +19,8 @@ void guarded(const Function& function) noexcept {
     }
 }
 
-/// Something that a person does to a control or window; what the program does raises no event. It
-/// has at most one handler.
+/// Something that happens, mostly what a person does to a control or window: what the program does
+/// to a control raises no event. It has at most one handler.
 template <typename... Arguments>
 class Event {
 public:
@@ -28,7 +28,7 @@ public:
 
     bool isConnected() const { return static_cast<bool>(handler_); }
 
-    /// For this layer.
+    /// For whoever has the event as a member.
     void raise(Arguments... arguments) const noexcept {
         guarded([&] {
             const auto handler = handler_; // it may be gone before it returns

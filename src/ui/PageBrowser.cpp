@@ -66,7 +66,7 @@ std::string PageBrowser::shown() const {
         return {};
     }
     const QUrl url = browser().view->shown();
-    const QString anchor = url.hasFragment() ? '#' + url.fragment() : QString();
+    const QString anchor = url.hasFragment() ? '#' + url.fragment(QUrl::FullyDecoded) : QString();
     return (url.path(QUrl::FullyDecoded) + anchor).toStdString();
 }
 

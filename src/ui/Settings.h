@@ -20,6 +20,7 @@ public:
 
     std::string get(const std::string& section, const std::string& key,
                     const std::string& fallback = {}) const;
+    /// A failure to write is not told: the program works without its settings.
     void set(const std::string& section, const std::string& key, const std::string& value);
 
     /// The fallback for what is missing or is no number.

@@ -56,6 +56,10 @@ void TextBox::select(std::size_t start, std::size_t length) {
     box().select(start, length);
 }
 
+void TextBox::selectAll() {
+    box().select(0, countedText().size());
+}
+
 void TextBox::replaceSelection(TextView text) {
     box().replaceSelection(box().admit(toQt(text)));
 }

@@ -6,7 +6,7 @@
 
 namespace ui {
 
-/// Offsets and lengths are those of the text, in which a line break is two characters.
+/// Offsets and lengths are those of countedText(), in which a line break is two characters.
 struct Selection {
     std::size_t start = 0;
     std::size_t length = 0;
@@ -38,6 +38,8 @@ public:
 
     /// Positions beyond the end mean the end.
     void select(std::size_t start, std::size_t length);
+
+    void selectAll();
 
     /// As if typed: raises Change and can be undone.
     void replaceSelection(TextView text);

@@ -7,7 +7,7 @@
 namespace ui {
 
 /// A row of buttons below the menu bar, each with a key. A button shows a command, or one entry of
-/// its drop-down menu.
+/// its drop-down menu. Not for dialogs.
 class Toolbar {
 public:
     /// Small buttons are for many of them.

@@ -54,7 +54,7 @@ public:
 
     /// Lets go of a window at the next quiet moment, so that its own handlers may order it.
     static void discard(std::unique_ptr<Window> window);
-    static void dropDiscarded();
+    static void dropDiscarded(); ///< at once
 
     // In twips, of the inside; frame and title bar are the system's.
     int width() const;
@@ -76,7 +76,7 @@ public:
     void setState(WindowState state);
 
     void setLayout(Layout layout);
-    Menu& menuBar();
+    Menu& menuBar(); ///< of a window that is no dialog
 
     /// The text box that has the focus, also while a menu is open; null for none.
     TextBox* focusedTextBox() const;
@@ -88,7 +88,7 @@ public:
     Event<> FocusChange; ///< another control, perhaps none, has the focus
     Event<const std::vector<std::filesystem::path>&> FilesDropped;
 
-    // For this layer: what the person does to the window.
+    // What the person does to the window; for the window itself to answer.
     virtual void Resize() {}
     virtual bool mayClose() { return true; }
 

@@ -98,8 +98,7 @@ TEST_F(Faults, ADocumentationNamesWhatFails) {
     model::FileFailures failures;
     withEveryFault(
         [&](Project& project) {
-            failures = generate::generateDocumentation(project.outline(), project.options(),
-                                                       folder / "work/out.htm", folder / "work");
+            failures = generate::generateDocumentation(project, folder / "work/out.htm", folder / "work");
         },
         [&](const Project&, bool happened) {
             EXPECT_EQ(failures.empty(), !happened);

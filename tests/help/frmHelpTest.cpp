@@ -123,11 +123,13 @@ TEST_F(frmHelp, ShowsOtherHelpFilesAndLeadsOutside) {
     const std::string start = "\xCD\xE0\xF7\xE0\xEB\xEE";
     test::writeBytes(folder / "start.htm",
                      start
-                         + "<style>a { display: block; height: 80px }</style>"
-                           "<a href='http://x.example/y' target='_blank'>web</a>"
-                           "<a href='gone.htm'>gone</a><script>document.write('scripted')</script>"
-                           "<img src='file://"
+                         + "<br><a href='http://x.example/y' target='_blank'><img src='pad.svg' "
+                           "width=200 height=80></a><br><a href='gone.htm'><img src='pad.svg' "
+                           "width=200 height=80></a><br>gone<script>document.write('scripted')"
+                           "</script><img src='file://"
                          + (folder / "tall.svg").string() + "'>");
+    test::writeBytes(folder / "pad.svg",
+                     "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>");
     test::writeBytes(folder / "tall.svg",
                      "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='3000'/>");
     test::writeBytes(folder / "t.hhc",
@@ -139,7 +141,7 @@ TEST_F(frmHelp, ShowsOtherHelpFilesAndLeadsOutside) {
                                        "file=t.hhc\r\nDefault topic=start.htm\r\nTitle="
                                            + start
                                            + "\r\nLanguage=0x419 Russian\r\n\r\n[FILES]\r\n"
-                                             "start.htm\r\n");
+                                             "start.htm\r\npad.svg\r\n");
     test::compileHelp(folder / "t.hhp");
     press("F1");
     show(shown());
@@ -151,13 +153,13 @@ TEST_F(frmHelp, ShowsOtherHelpFilesAndLeadsOutside) {
     EXPECT_TRUE(ui::testing::waitFor([this] { return !shown().canGoBack(); }));
     EXPECT_EQ(treeText(shown().tvContents), "Web\nManual\n");
 
-    clickInPage(shown().brwPage, 100, 100);
+    clickInPage(shown().brwPage, 100, 70);
     EXPECT_TRUE(ui::testing::waitFor([this] { return prompter.addresses().size() == 1; }));
     clickItem(shown().tvContents, "Web"); // only chosen
     press("Return");
     EXPECT_EQ(prompter.addresses(),
               (std::vector<std::string>{"http://x.example/y", "http://x.example/"}));
-    clickInPage(shown().brwPage, 100, 180);
+    clickInPage(shown().brwPage, 100, 150);
     EXPECT_TRUE(shows("/gone.htm"));
     clickItem(shown().tvContents, "Manual");
     press("Return");

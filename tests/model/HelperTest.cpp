@@ -61,13 +61,15 @@ TEST(Topic, LevelTextsHoldTheirDepth) {
 }
 
 TEST(PagePath, NamesThatLeaveThePageFolderAreRefused) {
-    for (const TextView fine : {"a.htm", "..a.htm", "sub/a.htm", "sub\\a.htm", "page: b.htm"}) {
+    for (const TextView fine : {"a.htm", "..a.htm", "sub/a.htm", "sub\\a.htm", "console.htm"}) {
         EXPECT_EQ(pageNameFault(fine), "") << fine;
     }
     using namespace std::string_view_literals;
     for (const TextView bad : {""sv, "../a.htm"sv, "..\\a.htm"sv, "/a.htm"sv, "\\a.htm"sv,
                                "C:a.htm"sv, "x/../../a.htm"sv, "x\\..\\a.htm"sv, ".."sv, "."sv,
-                               "./a.htm"sv, "a.htm/"sv, "//host/a.htm"sv, "a\0.htm"sv}) {
+                               "./a.htm"sv, "a.htm/"sv, "//host/a.htm"sv, "a\0.htm"sv,
+                               "page:b.htm"sv, "sub. /a.htm"sv, ".. /a.htm"sv, "nul"sv,
+                               "sub/Com1.htm"sv}) {
         EXPECT_NE(pageNameFault(bad), "") << bad;
     }
 }

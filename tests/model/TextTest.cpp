@@ -39,7 +39,8 @@ TEST(CodePage, WhatTheCodePageLacksBecomesAQuestionMark) {
     EXPECT_EQ(fromUtf8("a\u0416b\U0001F600c"), "a?b?c");
     EXPECT_EQ(fromUtf8("a\xC3"), "a?");         // cut
     EXPECT_EQ(fromUtf8("\xE2\x28\xA1"), "?(?"); // broken in the middle
-    EXPECT_EQ(fromUtf8("\xE0\x80\xAF"), "?");   // longer than needed
+    EXPECT_EQ(fromUtf8("\xE0\x80\xAF"), "???"); // longer than needed
+    EXPECT_EQ(fromUtf8("\xED\xA0\x80"), "???"); // half a character
 }
 
 TEST(CodePage, PageNamesKeepTheirLettersInTheFileSystem) {

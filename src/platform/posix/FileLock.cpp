@@ -8,15 +8,15 @@ namespace platform {
 
 FileLock::FileLock(const std::filesystem::path& path)
     : handle_(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
-    if (isHeld() && flock(handle_, LOCK_EX | LOCK_NB) != 0) {
-        close(handle_);
+    if (isHeld() && flock(static_cast<int>(handle_), LOCK_EX | LOCK_NB) != 0) {
+        close(static_cast<int>(handle_));
         handle_ = -1;
     }
 }
 
 FileLock::~FileLock() {
     if (isHeld()) {
-        close(handle_);
+        close(static_cast<int>(handle_));
     }
 }
 

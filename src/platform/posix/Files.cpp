@@ -229,6 +229,10 @@ fs::path programFolder() {
     return error ? fs::path() : program.parent_path();
 }
 
+fs::path programFile(const char* name) {
+    return programFolder() / name;
+}
+
 std::vector<fs::path> dictionaryFolders() {
     return {"/usr/local/share/hunspell", "/usr/share/hunspell", "/usr/share/myspell/dicts"};
 }

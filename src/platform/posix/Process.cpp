@@ -1,5 +1,6 @@
 #include "platform/Process.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -15,6 +16,12 @@ namespace platform {
 
 namespace fs = std::filesystem;
 
+std::vector<std::string> programArguments(int argc, char* argv[]) {
+    return {argv + std::min(argc, 1), argv + argc};
+}
+
+void useStreamsForUtf8() {} // as they are
+
 TemporaryFile::TemporaryFile() {
     std::error_code error;
     std::string name = (fs::temp_directory_path(error) / "topicsmith-XXXXXX").string();
@@ -27,7 +34,7 @@ TemporaryFile::TemporaryFile() {
 TemporaryFile::~TemporaryFile() {
     remove();
     if (handle_ != -1) {
-        close(handle_);
+        close(static_cast<int>(handle_));
     }
 }
 
@@ -41,14 +48,14 @@ void TemporaryFile::remove() {
 
 std::uint64_t TemporaryFile::size() const {
     struct stat status {};
-    return fstat(handle_, &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
+    return fstat(static_cast<int>(handle_), &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
 }
 
 std::string TemporaryFile::read(std::uint64_t offset, std::size_t size) const {
     std::string bytes(size, '\0');
     std::size_t filled = 0;
     while (filled < size) {
-        const ssize_t count = pread(handle_, bytes.data() + filled, size - filled,
+        const ssize_t count = pread(static_cast<int>(handle_), bytes.data() + filled, size - filled,
                                     static_cast<off_t>(offset + filled));
         if (count < 0 && errno == EINTR) {
             continue;

@@ -14,13 +14,23 @@ model::Text fromQt(const QString& text) {
     return model::fromUtf8(text.toStdString());
 }
 
+#ifdef _WIN32
 QString pathToQt(const std::filesystem::path& path) {
-    return QFile::decodeName(QByteArray::fromStdString(path.string()));
+    return QString::fromStdWString(path.native());
 }
 
 std::filesystem::path pathFromQt(const QString& path) {
-    return QFile::encodeName(QDir::toNativeSeparators(path)).toStdString();
+    return QDir::toNativeSeparators(path).toStdWString();
 }
+#else
+QString pathToQt(const std::filesystem::path& path) {
+    return QFile::decodeName(QByteArray::fromStdString(path.native()));
+}
+
+std::filesystem::path pathFromQt(const QString& path) {
+    return QFile::encodeName(path).toStdString();
+}
+#endif
 
 Key keyOf(const QKeyEvent& event) {
     Key key;

@@ -1,14 +1,14 @@
-#include <QFileInfo>
 #include <QPointer>
 #include <QTimer>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
-#include <QWebEngineSettings>
 #include <QWebEngineUrlRequestInterceptor>
 #include <QWebEngineView>
 
 #include "ui/qt/BrowserView.h"
+#include "ui/qt/PageFiles.h"
 #include "ui/qt/PageScheme.h"
+#include "ui/qt/WebSettings.h"
 
 // The library that is loaded for the browser. It uses nothing of ui but the interface.
 namespace ui {
@@ -33,10 +33,7 @@ private:
         if (!url.isLocalFile() || !url.host().isEmpty()) {
             return false;
         }
-        // Where it lies in the end: a link may lead out of the folder.
-        const QString root = QFileInfo(folder).canonicalFilePath();
-        const QString file = QFileInfo(url.toLocalFile()).canonicalFilePath();
-        return !root.isEmpty() && file.startsWith(root.endsWith('/') ? root : root + '/');
+        return liesBelow(folder, url.toLocalFile());
     }
 };
 
@@ -89,13 +86,8 @@ public:
         profile_.setUrlRequestInterceptor(&ownFiles_);
         view_->setPage(page_);
         view_->setContextMenuPolicy(Qt::NoContextMenu);
-        QWebEngineSettings& settings = *page_->settings();
-        settings.setAttribute(QWebEngineSettings::JavascriptEnabled, false);
-        settings.setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, false);
-        settings.setAttribute(QWebEngineSettings::PluginsEnabled, false);
-        settings.setAttribute(QWebEngineSettings::ErrorPageEnabled, false);
-        settings.setAttribute(QWebEngineSettings::FocusOnNavigationEnabled, false);
-        settings.setDefaultTextEncoding(QStringLiteral("windows-1252"));
+        lockDown(*page_);
+        page_->settings()->setDefaultTextEncoding(QStringLiteral("windows-1252"));
     }
     ~WebBrowser() override {
         delete view_; // then the page, then what both use

@@ -10,7 +10,6 @@
 #include <QWebEngineNewWindowRequest>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
-#include <QWebEngineSettings>
 #include <QWebEngineUrlRequestInterceptor>
 #include <QWebEngineUrlRequestJob>
 #include <QWebEngineUrlScheme>
@@ -18,7 +17,9 @@
 #include <QWebEngineView>
 
 #include "ui/qt/BrowserView.h"
+#include "ui/qt/PageFiles.h"
 #include "ui/qt/PageScheme.h"
+#include "ui/qt/WebSettings.h"
 
 // The part of the browser's library for pages that are no files.
 namespace ui {
@@ -41,9 +42,7 @@ public:
         if (const auto bytes = host_.read(path)) {
             reply(job, type, *bytes);
         } else if (job->requestUrl() == wanted) {
-            const QString text =
-                QStringLiteral("<p>This page is not in the help file:</p><p>%1</p>");
-            reply(job, "text/html;charset=utf-8", text.arg(path.toHtmlEscaped()).toUtf8());
+            reply(job, "text/html;charset=utf-8", missingPage(path).toUtf8());
         } else {
             job->fail(QWebEngineUrlRequestJob::UrlNotFound);
         }
@@ -120,11 +119,7 @@ public:
         profile_.installUrlSchemeHandler(pageScheme, &server_);
         view_->setPage(page_);
         view_->setContextMenuPolicy(Qt::NoContextMenu);
-        QWebEngineSettings& settings = *page_->settings();
-        settings.setAttribute(QWebEngineSettings::JavascriptEnabled, false);
-        settings.setAttribute(QWebEngineSettings::PluginsEnabled, false);
-        settings.setAttribute(QWebEngineSettings::ErrorPageEnabled, false);
-        settings.setAttribute(QWebEngineSettings::FocusOnNavigationEnabled, false);
+        lockDown(*page_);
         QObject::connect(page_, &QWebEnginePage::urlChanged, [this] { host_.moved(); });
         QObject::connect(page_, &QWebEnginePage::loadFinished, [this] { loaded(); });
     }

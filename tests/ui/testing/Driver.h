@@ -97,6 +97,9 @@ void whenModal(std::function<void(Window&)> act);
 
 // Browsers of either kind.
 
+/// False when the toolkit's rich text draws its pages.
+bool hasWebEngine(const Control& browser);
+
 /// Waits until a page's text holds something, for ten seconds at most, and gives the text.
 std::string waitForPage(const Control& browser, const std::string& expected);
 

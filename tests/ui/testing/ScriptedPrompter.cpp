@@ -59,6 +59,7 @@ Answer ScriptedPrompter::ask(Window* /*window*/, const MessageBox& box) {
     }
     const Answer answer = steps_.front().answer;
     steps_.pop_front();
+    Window::letEventsRun(); // as long as a real box stands
     return answer;
 }
 
@@ -70,6 +71,7 @@ std::optional<std::filesystem::path> ScriptedPrompter::chooseFile(Window* /*wind
     }
     const auto file = steps_.front().file;
     steps_.pop_front();
+    Window::letEventsRun();
     return file;
 }
 

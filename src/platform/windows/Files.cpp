@@ -1,0 +1,263 @@
+#include "platform/Files.h"
+
+#include <aclapi.h>
+#include <algorithm>
+#include <cwctype>
+
+#include "platform/windows/System.h"
+
+namespace platform {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::error_code failure(std::errc code) {
+    return std::make_error_code(code);
+}
+
+/// A device or a folder is no file to read or write.
+std::error_code requireRegular(const Handle& file) {
+    return GetFileType(file.get()) == FILE_TYPE_DISK ? std::error_code()
+                                                     : failure(std::errc::not_supported);
+}
+
+bool isFolder(const fs::path& path) {
+    const DWORD attributes = GetFileAttributesW(systemName(path).c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+/// The system says of a folder only that it cannot be had.
+std::error_code openError(const fs::path& path) {
+    const std::error_code error = lastError();
+    return isFolder(path) ? failure(std::errc::is_a_directory) : error;
+}
+
+/// The system takes and gives no more at once than a 32-bit number holds.
+DWORD portion(std::size_t size) {
+    constexpr std::size_t most = std::size_t(1) << 30U;
+    return static_cast<DWORD>(std::min(size, most));
+}
+
+std::error_code writeAll(const Handle& file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        DWORD written = 0;
+        if (WriteFile(file.get(), bytes.data(), portion(bytes.size()), &written, nullptr)
+            == FALSE) {
+            return lastError();
+        }
+        bytes.remove_prefix(written);
+    }
+    return {};
+}
+
+/// Writes, flushes and closes.
+std::error_code fill(Handle& file, std::string_view bytes) {
+    if (const std::error_code error = writeAll(file, bytes)) {
+        return error;
+    }
+    return FlushFileBuffers(file.get()) != FALSE && file.close() ? std::error_code() : lastError();
+}
+
+/// The file that a path stands for in the end.
+std::error_code followLinks(fs::path& path) {
+    const DWORD attributes = GetFileAttributesW(systemName(path).c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) {
+        return {};
+    }
+    const Handle file(openFile(path, 0, OPEN_EXISTING));
+    if (!file.isOpen()) {
+        return openError(path);
+    }
+    std::wstring target(GetFinalPathNameByHandleW(file.get(), nullptr, 0, 0), L'\0');
+    const DWORD length = GetFinalPathNameByHandleW(file.get(), target.data(),
+                                                   static_cast<DWORD>(target.size()), 0);
+    if (length == 0 || length >= target.size()) {
+        return lastError();
+    }
+    target.resize(length);
+    path = target;
+    return {};
+}
+
+/// Gives the new file the rights that people have on the old one, as far as the person may.
+void takeOverPermissions(const std::wstring& from, const std::wstring& to) {
+    PACL rights = nullptr;
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    if (GetNamedSecurityInfoW(from.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
+                              nullptr, &rights, nullptr, &descriptor)
+        == ERROR_SUCCESS) {
+        std::wstring name = to; // the function wants to be able to change it
+        SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
+                              nullptr, rights, nullptr);
+        LocalFree(descriptor);
+    }
+}
+
+/// Puts a file into another one's place. Programs that watch files, such as virus scanners, hold
+/// them for moments.
+std::error_code moveOver(const std::wstring& from, const std::wstring& to) {
+    constexpr int attempts = 20;
+    constexpr DWORD pause = 50; // milliseconds
+    for (int attempt = 1;; ++attempt) {
+        if (MoveFileExW(from.c_str(), to.c_str(),
+                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)
+            != FALSE) {
+            return {};
+        }
+        const DWORD reason = GetLastError();
+        if (attempt == attempts
+            || (reason != ERROR_SHARING_VIOLATION && reason != ERROR_ACCESS_DENIED)) {
+            return lastError();
+        }
+        Sleep(pause);
+    }
+}
+
+/// A name beside `path` that no file has.
+fs::path temporaryName(const fs::path& path, int attempt) {
+    return path.parent_path()
+           / (".topicsmith-" + std::to_string(GetCurrentProcessId()) + "-"
+              + std::to_string(attempt));
+}
+
+} // namespace
+
+std::wstring systemName(const fs::path& path) {
+    constexpr std::size_t usual = 240; // a folder's name has to leave room for a file's
+    std::error_code error;
+    const fs::path whole = path.native().size() < usual ? path : fs::absolute(path, error);
+    if (error || whole.native().size() < usual || whole.native().starts_with(LR"(\\?\)")) {
+        return path.native();
+    }
+    std::wstring name = whole.lexically_normal().make_preferred().native();
+    return name.starts_with(LR"(\\)") ? LR"(\\?\UNC\)" + name.substr(2) : LR"(\\?\)" + name;
+}
+
+HANDLE openFile(const fs::path& path, DWORD access, DWORD disposition, DWORD share, DWORD flags) {
+    return CreateFileW(systemName(path).c_str(), access, share, nullptr, disposition, flags,
+                       nullptr);
+}
+
+std::error_code readFile(const fs::path& path, std::string& bytes, std::size_t limit) {
+    bytes.clear();
+    const Handle file(openFile(path, GENERIC_READ, OPEN_EXISTING));
+    if (!file.isOpen()) {
+        return openError(path);
+    }
+    if (const std::error_code error = requireRegular(file)) {
+        return error;
+    }
+    LARGE_INTEGER size{};
+    if (GetFileSizeEx(file.get(), &size) == FALSE) {
+        return lastError();
+    }
+    bytes.resize(std::min(static_cast<std::size_t>(size.QuadPart), limit));
+    std::size_t filled = 0;
+    while (filled < bytes.size()) {
+        DWORD count = 0;
+        if (ReadFile(file.get(), bytes.data() + filled, portion(bytes.size() - filled), &count,
+                     nullptr)
+            == FALSE) {
+            const std::error_code error = lastError();
+            bytes.clear();
+            return error;
+        }
+        if (count == 0) {
+            break; // another program has shortened the file meanwhile
+        }
+        filled += count;
+    }
+    bytes.resize(filled);
+    return {};
+}
+
+std::error_code writeFile(const fs::path& path, std::string_view bytes) {
+    Handle file(openFile(path, GENERIC_WRITE, OPEN_ALWAYS));
+    if (!file.isOpen()) {
+        return openError(path);
+    }
+    if (const std::error_code error = requireRegular(file)) {
+        return error;
+    }
+    if (SetEndOfFile(file.get()) == FALSE) { // it stands at the beginning
+        return lastError();
+    }
+    const std::error_code error = writeAll(file, bytes);
+    const bool closed = file.close();
+    return error || closed ? error : lastError();
+}
+
+std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access /*access*/) {
+    fs::path target = path;
+    if (const std::error_code error = followLinks(target)) {
+        return error;
+    }
+    if (isFolder(target)) {
+        return failure(std::errc::is_a_directory);
+    }
+    const std::wstring name = systemName(target);
+    const DWORD attributes = GetFileAttributesW(name.c_str());
+    const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
+    if (exists) {
+        const Handle old(openFile(target, GENERIC_WRITE, OPEN_EXISTING));
+        if (!old.isOpen()) {
+            return lastError(); // replacing it could succeed against the owner's will
+        }
+        if (const std::error_code error = requireRegular(old)) {
+            return error;
+        }
+    }
+
+    constexpr int attemptLimit = 1000; // leftovers of interrupted saves with the same number
+    for (int attempt = 0; attempt < attemptLimit; ++attempt) {
+        const fs::path temporary = temporaryName(target, attempt);
+        const std::wstring temporaryFile = systemName(temporary);
+        Handle file(openFile(temporary, GENERIC_WRITE, CREATE_NEW));
+        if (!file.isOpen()) {
+            if (GetLastError() == ERROR_FILE_EXISTS) {
+                continue;
+            }
+            return lastError();
+        }
+        std::error_code error = fill(file, bytes);
+        if (!error) {
+            if (exists) {
+                takeOverPermissions(name, temporaryFile);
+                SetFileAttributesW(temporaryFile.c_str(), attributes); // such as hidden
+            }
+            error = moveOver(temporaryFile, name);
+        }
+        if (error) {
+            file.close();
+            DeleteFileW(temporaryFile.c_str());
+        }
+        return error;
+    }
+    return failure(std::errc::file_exists);
+}
+
+void turnSizeLimitIntoError() {} // there is no such limit
+
+fs::path programFolder() {
+    std::wstring name(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length =
+            GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size()));
+        if (length < name.size()) {
+            name.resize(length);
+            return fs::path(name).parent_path();
+        }
+        name.resize(name.size() * 2);
+    }
+}
+
+fs::path programFile(const char* name) {
+    return programFolder() / (std::string(name) + ".exe");
+}
+
+std::vector<fs::path> dictionaryFolders() {
+    return {}; // the program brings its own
+}
+
+} // namespace platform

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <system_error>
+#include <utility>
+#include <windows.h>
+
+// What the Windows sources of this folder share.
+namespace platform {
+
+/// The last error of the system, in the standard's words where it has some: they are the same on
+/// all systems.
+inline std::error_code lastError() {
+    const std::error_code error(static_cast<int>(GetLastError()), std::system_category());
+    const std::error_condition known = error.default_error_condition();
+    return known.category() == std::generic_category()
+               ? std::error_code(known.value(), std::generic_category())
+               : error;
+}
+
+/// A handle that closes itself.
+class Handle {
+public:
+    explicit Handle(HANDLE handle) : handle_(handle) {}
+    ~Handle() { close(); }
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+
+    bool isOpen() const { return handle_ != INVALID_HANDLE_VALUE && handle_ != nullptr; }
+    HANDLE get() const { return handle_; }
+    HANDLE release() { return std::exchange(handle_, INVALID_HANDLE_VALUE); }
+
+    bool close() {
+        return !isOpen() || CloseHandle(std::exchange(handle_, INVALID_HANDLE_VALUE)) != FALSE;
+    }
+
+private:
+    HANDLE handle_;
+};
+
+/// The name for the system's functions, which take longer ones than usual in this form alone.
+std::wstring systemName(const std::filesystem::path& path);
+
+/// Opens for others to read, write and remove meanwhile, unless `share` says otherwise.
+HANDLE openFile(const std::filesystem::path& path, DWORD access, DWORD disposition,
+                DWORD share = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                DWORD flags = FILE_ATTRIBUTE_NORMAL);
+
+} // namespace platform

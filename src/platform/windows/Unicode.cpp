@@ -1,0 +1,46 @@
+#include "platform/Unicode.h"
+
+#include <windows.h>
+
+namespace platform {
+
+namespace {
+
+std::wstring wideFromCodePage(std::string_view bytes, unsigned codePage) {
+    const int size = static_cast<int>(bytes.size());
+    const int length = MultiByteToWideChar(codePage, 0, bytes.data(), size, nullptr, 0);
+    std::wstring wide(static_cast<std::size_t>(length), L'\0');
+    MultiByteToWideChar(codePage, 0, bytes.data(), size, wide.data(), length);
+    return wide;
+}
+
+std::string utf8FromWide(const std::wstring& wide) {
+    const int size = static_cast<int>(wide.size());
+    const int length =
+        WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, nullptr, 0, nullptr, nullptr);
+    std::string utf8(static_cast<std::size_t>(length), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, utf8.data(), length, nullptr, nullptr);
+    return utf8;
+}
+
+} // namespace
+
+std::string utf8FromCodePage(std::string_view bytes, unsigned codePage) {
+    constexpr unsigned usual = 1252;
+    constexpr unsigned firstReal = 4; // those below stand for settings of this machine
+    return utf8FromWide(wideFromCodePage(
+        bytes, codePage >= firstReal && IsValidCodePage(codePage) != FALSE ? codePage : usual));
+}
+
+char32_t lowerCase(char32_t character) {
+    constexpr char32_t firstOfTwoUnits = 0x10000;
+    if (character >= firstOfTwoUnits) {
+        return character; // in scripts that hardly any help is written in
+    }
+    wchar_t lower = static_cast<wchar_t>(character);
+    LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_LOWERCASE, &lower, 1, &lower, 1, nullptr, nullptr,
+                  0);
+    return static_cast<char32_t>(lower);
+}
+
+} // namespace platform

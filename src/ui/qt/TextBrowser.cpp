@@ -1,0 +1,299 @@
+#include <QDir>
+#include <QFile>
+#include <QPointer>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QRegularExpression>
+#include <QScrollBar>
+#include <QTextBrowser>
+#include <QTimer>
+
+#include "model/CodePage.h"
+#include "ui/qt/BrowserView.h"
+#include "ui/qt/PageFiles.h"
+#include "ui/qt/PageScheme.h"
+
+// The library that is loaded for the browser where there is no web engine: the toolkit's own rich
+// text. It knows no scripts, forwards nobody, and shows the simpler part of HTML and of style sheets.
+namespace ui {
+
+namespace {
+
+/// A picture that draws other pictures would bring in files that nobody has asked for.
+bool drawsOnlyItself(const QByteArray& picture) {
+    constexpr const char* zipped = "\x1F\x8B";
+    static const QRegularExpression other("<!ENTITY|[<:]image\\b",
+                                          QRegularExpression::CaseInsensitiveOption);
+    if (picture.startsWith(zipped)) {
+        return false;
+    }
+    const bool isText = picture.trimmed().startsWith('<') || picture.startsWith("\xEF\xBB\xBF")
+                        || picture.startsWith("\xFE\xFF") || picture.startsWith("\xFF\xFE");
+    return !isText || (!picture.contains('\0') && !picture.contains(QByteArray("\xFE\xFF"))
+                       && !QString::fromLatin1(picture).contains(other));
+}
+
+/// Pages as the toolkit reads them well: it takes a carriage return for a blank and wants to know the
+/// kind of a style sheet, which browsers take for granted.
+QString readable(QString html) {
+    static const QRegularExpression sheet("<link\\b(?=[^>]*\\bstylesheet\\b)(?![^>]*\\btype\\b)",
+                                          QRegularExpression::CaseInsensitiveOption);
+    return html.remove('\r').replace(sheet, "<link type='text/css'");
+}
+
+/// An address as browsers understand it, with either slash.
+QUrl withPlainSlashes(QUrl url) {
+    QString path = url.path(QUrl::FullyDecoded);
+    path.replace('\\', '/');
+    url.setPath(QDir::cleanPath(path), QUrl::DecodedMode);
+    return url;
+}
+
+/// Shows marked-up text. What belongs to it comes from `read` and from nowhere else.
+class TextPage : public QTextBrowser {
+public:
+    using Read = std::function<std::optional<QVariant>(int type, const QUrl& url)>;
+
+    TextPage(QWidget* parent, Read read) : QTextBrowser(parent), read_(std::move(read)) {
+        setOpenLinks(false);
+        setContextMenuPolicy(Qt::NoContextMenu);
+        // Pages bring their colours and expect white paper.
+        QPalette paper = palette();
+        paper.setColor(QPalette::Base, Qt::white);
+        paper.setColor(QPalette::Text, Qt::black);
+        setPalette(paper);
+    }
+
+    QVariant loadResource(int type, const QUrl& url) override {
+        if (url.scheme() == QLatin1String("data")) {
+            return {}; // the toolkit reads them from the address
+        }
+        if (type == QTextDocument::HtmlResource) {
+            page_ = url;
+        }
+        const auto found = read_(type, page_.resolved(withPlainSlashes(url)));
+        // Given nothing, or no picture, the toolkit would look for a file of that name itself.
+        if (type == QTextDocument::ImageResource) {
+            return picture(found ? found->toByteArray() : QByteArray());
+        }
+        return found.value_or(QByteArray());
+    }
+
+private:
+    /// A sign for one that is missing, or cannot be shown.
+    static QImage picture(const QByteArray& bytes) {
+        QImage image;
+        if (!drawsOnlyItself(bytes) || !image.loadFromData(bytes)) {
+            image = QImage(16, 16, QImage::Format_RGB32);
+            image.fill(Qt::lightGray);
+        }
+        return image;
+    }
+
+    Read read_;
+    QUrl page_; ///< that is shown, or being read
+};
+
+class TextPreview : public BrowserView {
+public:
+    TextPreview(QWidget* parent, const std::function<void()>& refused)
+        : page_(new TextPage(
+            parent, [this](int type, const QUrl& url) { return read(type, url); })) {
+        QObject::connect(page_, &QTextBrowser::anchorClicked, page_, [this, refused] {
+            // When the browser is done with it: whoever is told may wait for a person.
+            QTimer::singleShot(0, page_, [refused] { refused(); });
+        });
+    }
+    ~TextPreview() override { delete page_; }
+
+    QWidget* widget() override { return page_; }
+
+    void navigate(const QUrl& file, const QString& folder) override {
+        const bool again = page_->source() == file;
+        const int scrolled = page_->verticalScrollBar()->value();
+        folder_ = folder;
+        shown_ = file;
+        if (again) {
+            page_->reload();
+        } else {
+            page_->setSource(file, QTextDocument::HtmlResource);
+        }
+        page_->verticalScrollBar()->setValue(again ? scrolled : 0);
+    }
+
+private:
+    std::optional<QVariant> read(int type, const QUrl& url) const {
+        const bool isPage = type == QTextDocument::HtmlResource && url == shown_;
+        const QString path = fileOf(url);
+        if (!isPage && (path.startsWith("//") || !liesBelow(folder_, path))) {
+            return {}; // another machine's, or not the project's
+        }
+        QFile file(path);
+        if (!file.open(QFile::ReadOnly)) {
+            return {};
+        }
+        const QByteArray bytes = file.readAll();
+        if (!isPage) {
+            return bytes;
+        }
+        return readable(QString::fromStdString(model::toUtf8(bytes.toStdString())));
+    }
+
+    /// Windows paths look like an address whose protocol is the drive.
+    static QString fileOf(const QUrl& url) {
+        if (url.scheme().size() == 1) {
+            return url.scheme() + ':' + url.path(QUrl::FullyDecoded);
+        }
+        return url.isLocalFile() ? url.toLocalFile() : QString();
+    }
+
+    QString folder_;
+    QUrl shown_;
+    QPointer<TextPage> page_;
+};
+
+class TextPages : public PageBrowserView {
+public:
+    TextPages(QWidget* parent, PageHost host)
+        : host_(std::move(host)), page_(new TextPage(parent, [this](int type, const QUrl& url) {
+              return read(type, url);
+          })) {
+        QObject::connect(page_, &QTextBrowser::anchorClicked, page_,
+                         [this](const QUrl& url) { follow(url); });
+        // Later: the way back is not up to date yet.
+        QObject::connect(
+            page_, &QTextBrowser::sourceChanged, page_, [this] { loaded(); },
+            Qt::QueuedConnection);
+    }
+    ~TextPages() override { delete page_; }
+
+    QWidget* widget() override { return page_; }
+
+    void reset() override {
+        ++book_; // another address for every page
+        forgetting_ = true;
+    }
+
+    void show(const QString& path, const QString& anchor) override {
+        QUrl url;
+        url.setScheme(pageScheme);
+        url.setHost(QStringLiteral("book%1").arg(book_));
+        url.setPath(path, QUrl::DecodedMode);
+        if (!anchor.isEmpty()) {
+            url.setFragment(anchor, QUrl::DecodedMode);
+        }
+        load(url);
+    }
+
+    QUrl shown() const override { return page_->source(); }
+
+    bool canGo(bool back) const override {
+        return back ? page_->isBackwardAvailable() : page_->isForwardAvailable();
+    }
+
+    void go(bool back) override { back ? page_->backward() : page_->forward(); }
+
+    void mark(const QString& text) override {
+        marked_ = text;
+        showMarks();
+    }
+
+    bool print() override {
+        QPrinter printer;
+        QPrintDialog dialog(&printer, page_);
+        if (dialog.exec() != QDialog::Accepted) {
+            return true;
+        }
+        page_->print(&printer);
+        return printer.printerState() != QPrinter::Error;
+    }
+
+    void zoom(int step) override {
+        page_->zoomIn(step == 0 ? -zoomed_ : step);
+        zoomed_ = step == 0 ? 0 : zoomed_ + step;
+    }
+
+private:
+    std::optional<QVariant> read(int type, const QUrl& url) const {
+        if (url.scheme() != QLatin1String(pageScheme)) {
+            return {};
+        }
+        const QString path = url.path(QUrl::FullyDecoded);
+        const auto bytes = host_.read(path);
+        if (type != QTextDocument::HtmlResource) {
+            return bytes ? std::optional<QVariant>(*bytes) : std::nullopt;
+        }
+        return bytes ? readable(QString::fromUtf8(*bytes).remove(QChar::ByteOrderMark))
+                     : missingPage(path);
+    }
+
+    /// At the next quiet moment, as web engines do: of several pages, the last one is shown.
+    void load(const QUrl& url) {
+        wanted_ = url;
+        QTimer::singleShot(0, page_, [this, url] {
+            if (url == wanted_) {
+                page_->setSource(url, QTextDocument::HtmlResource);
+            }
+        });
+    }
+
+    void follow(const QUrl& url) {
+        if (url.scheme() == QLatin1String(pageScheme)) {
+            load(withPlainSlashes(url));
+        } else {
+            // When the browser is done with it: whoever is told may wait for a person.
+            QTimer::singleShot(0, page_,
+                               [this, address = url.toString()] { host_.outside(address); });
+        }
+    }
+
+    void loaded() {
+        if (forgetting_) {
+            forgetting_ = false;
+            page_->clearHistory();
+        }
+        showMarks();
+        host_.moved();
+    }
+
+    /// All of them, with the first in view.
+    void showMarks() {
+        QList<QTextEdit::ExtraSelection> marks;
+        QTextCursor place(page_->document());
+        while (!marked_.isEmpty()
+               && !(place = page_->document()->find(marked_, place)).isNull()) {
+            QTextEdit::ExtraSelection mark;
+            mark.cursor = place;
+            mark.format.setBackground(QColor("#ffe08a"));
+            marks.append(mark);
+        }
+        page_->setExtraSelections(marks);
+        if (!marks.isEmpty()) {
+            QTextCursor first = marks.front().cursor;
+            first.setPosition(first.selectionStart());
+            page_->setTextCursor(first);
+        }
+    }
+
+    PageHost host_;
+    QPointer<TextPage> page_;
+    QString marked_;
+    QUrl wanted_;
+    int book_ = 0;
+    int zoomed_ = 0; ///< steps from the usual size
+    bool forgetting_ = false; ///< the way back, when the next page is there
+};
+
+} // namespace
+
+} // namespace ui
+
+extern "C" Q_DECL_EXPORT ui::BrowserView*
+topicsmithMakeBrowser(QWidget* parent, const std::function<void()>& refused) {
+    return new ui::TextPreview(parent, refused);
+}
+
+extern "C" Q_DECL_EXPORT ui::PageBrowserView* topicsmithMakePageBrowser(QWidget* parent,
+                                                                        const ui::PageHost& host) {
+    return new ui::TextPages(parent, host);
+}
