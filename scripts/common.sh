@@ -33,6 +33,10 @@ BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev qt6-webengine-dev
 # clang and its run-time library for the fuzz targets; the last three for the Debian package.
 TEST_PACKAGES=(libgtest-dev clang libclang-rt-14-dev dpkg-dev file desktop-file-utils)
 
+# What cross-builds for Windows; see scripts/build-windows.
+WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix dpkg-dev googletest librsvg2-bin imagemagick
+                  qt6-base-dev-tools)
+
 # build PRESET [CMAKE_OPTION...]: configures and builds, saying little.
 build() {
     local preset=$1

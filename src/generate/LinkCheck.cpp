@@ -167,10 +167,8 @@ private:
 
     /// A file below the output folder, by a path that starts at the page folder.
     static Text keyOf(TextView path) {
-        Text whole = Text(model::pageFolderName) + '/' + Text(path);
-        std::replace(whole.begin(), whole.end(), '\\', '/');
         return model::pageKey(
-            platform::utf8FromPath(platform::pathFromUtf8(whole).lexically_normal()));
+            model::plainPath(Text(model::pageFolderName) + '/' + Text(path)));
     }
 
     /// The position of the topic to whose page a path leads; -1 for none.

@@ -6,7 +6,7 @@
 #include <set>
 #include <unordered_map>
 
-#include "model/CodePage.h"
+#include "model/PagePath.h"
 #include "model/Text.h"
 #include "platform/Files.h"
 #include "platform/Unicode.h"
@@ -77,12 +77,10 @@ std::string HelpBook::pathOf(std::string_view local) const {
         return std::string(local);
     }
     const std::size_t anchor = std::min(local.find('#'), local.size());
-    std::string path(local.substr(0, anchor));
-    std::replace(path.begin(), path.end(), '\\', '/');
-    path = platform::utf8FromPath(platform::pathFromUtf8("/" + path).lexically_normal());
-    std::replace(path.begin(), path.end(), '\\', '/'); // as some systems write their folders
-    // Two slashes in front have a meaning of their own.
-    path.erase(0, std::min(path.find_first_not_of('/'), path.size()));
+    std::string path = model::plainPath(local.substr(0, anchor));
+    while (path.starts_with("../")) { // nothing lies above
+        path.erase(0, 3);
+    }
     return "/" + path + std::string(local.substr(anchor));
 }
 

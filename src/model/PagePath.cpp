@@ -61,6 +61,21 @@ TextView pageNameFault(TextView fileName) {
     }
 }
 
+Text plainPath(TextView path) {
+    Text plain;
+    while (!path.empty()) {
+        const std::size_t end = std::min(path.find_first_of(slashes), path.size());
+        const TextView part = path.substr(0, end);
+        path.remove_prefix(std::min(end + 1, path.size()));
+        if (part == ".." && !plain.empty() && !plain.ends_with("/..")) {
+            plain.erase(plain.rfind('/'));
+        } else if (!part.empty() && part != ".") {
+            append(plain, "/", part);
+        }
+    }
+    return plain.substr(std::min<std::size_t>(1, plain.size()));
+}
+
 Text pageKey(TextView fileName) {
     Text key = lowerCase(fileName);
     std::replace(key.begin(), key.end(), '/', '\\');

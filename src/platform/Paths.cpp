@@ -17,13 +17,4 @@ fs::path fullPath(const fs::path& path) {
     return error ? absolute : folder / absolute.filename();
 }
 
-fs::path pathFromUtf8(std::string_view utf8) {
-    return {std::u8string(utf8.begin(), utf8.end())};
-}
-
-std::string utf8FromPath(const fs::path& path) {
-    const std::u8string utf8 = path.u8string();
-    return {utf8.begin(), utf8.end()};
-}
-
 } // namespace platform

@@ -1,6 +1,5 @@
 #include "app/Batch.h"
 
-#include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
 
@@ -269,10 +268,12 @@ TEST_F(BatchTest, CheckListsFaultsAndChangesNothing) {
 TEST_F(BatchTest, TheProjectIsNeverTheOutput) {
     const std::string project = save("p.tsp", test::flatOutline(1));
     const std::string before = test::bytesOf(project);
-    fs::create_symlink("p.tsp", folder / "link.hhp");
+    const bool linked = test::makeLink("p.tsp", folder / "link.hhp");
     fs::create_hard_link(project, folder / "other.hhc");
     EXPECT_EQ(run({"generate", project, project}), exitFailed);
-    EXPECT_EQ(run({"generate", project, folder / "link.hhp"}), exitFailed);
+    if (linked) {
+        EXPECT_EQ(run({"generate", project, folder / "link.hhp"}), exitFailed);
+    }
     EXPECT_EQ(run({"generate", project, folder / "other.hhp"}), exitFailed);
     EXPECT_EQ(run({"generate", project, folder / "x.hhk"}), exitFailed);
     EXPECT_EQ(run({"generate", project, folder / fs::path(u8"помощь.hhp")}), exitFailed);
@@ -281,7 +282,8 @@ TEST_F(BatchTest, TheProjectIsNeverTheOutput) {
 }
 
 TEST_F(BatchTest, OutputThatDoesNotArriveIsAFailure) {
-    std::ofstream full("/dev/full");
+    std::ostringstream full;
+    full.setstate(std::ios::badbit);
     std::ostringstream err;
     Console console(full, err);
     BatchSession session{console, {}};

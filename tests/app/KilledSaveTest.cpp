@@ -1,12 +1,10 @@
 #include <chrono>
-#include <csignal>
 #include <gtest/gtest.h>
 #include <random>
-#include <spawn.h>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 
+#include "platform/Files.h"
+#include "support/Child.h"
 #include "support/TestFiles.h"
 
 namespace fs = std::filesystem;
@@ -15,28 +13,12 @@ using namespace std::chrono;
 namespace {
 
 /// Starts the batch program, and ends it the hard way after a while; at once when it is done.
-void importText(const fs::path& folder, microseconds patience) {
-    const std::string program = TOPICSMITH_PROGRAM_FOLDER "/topicsmith-batch";
-    const std::string project = folder / "p.tsp";
-    const std::string outline = folder / "outline.txt";
-    const char* arguments[] = {program.c_str(), "import-text", project.c_str(), outline.c_str(),
-                               nullptr};
-    posix_spawn_file_actions_t quiet;
-    posix_spawn_file_actions_init(&quiet);
-    posix_spawn_file_actions_addopen(&quiet, STDOUT_FILENO, "/dev/null", 1, 0);
-    pid_t child = 0;
-    ASSERT_EQ(posix_spawn(&child, program.c_str(), &quiet, nullptr,
-                          const_cast<char* const*>(arguments), environ),
-              0);
-    posix_spawn_file_actions_destroy(&quiet);
+void importText(const test::TemporaryFolder& folder, microseconds patience) {
+    const fs::path programs = platform::pathFromUtf8(TOPICSMITH_PROGRAM_FOLDER);
+    test::Child child(programs / platform::programFile("topicsmith-batch").filename(),
+                      {"import-text", folder / "p.tsp", folder / "outline.txt"});
     const auto end = steady_clock::now() + patience;
-    int status = 0;
-    while (waitpid(child, &status, WNOHANG) == 0) {
-        if (steady_clock::now() >= end) {
-            kill(child, SIGKILL);
-            waitpid(child, &status, 0);
-            return;
-        }
+    while (!child.hasEnded() && steady_clock::now() < end) {
         std::this_thread::sleep_for(50us);
     }
 }
@@ -65,10 +47,10 @@ TEST(KilledSave, LeavesTheOldProjectOrTheNewOne) {
     const std::string before = model::formatProject(outline, {});
     test::writeBytes(folder / "outline.txt", "Another\n");
     test::writeBytes(folder / "p.tsp", before);
-    importText(folder.path(), minutes(1));
+    importText(folder, minutes(1));
     test::writeBytes(folder / "p.tsp", before);
     const auto start = steady_clock::now();
-    importText(folder.path(), minutes(1));
+    importText(folder, minutes(1));
     const auto whole = duration_cast<microseconds>(steady_clock::now() - start);
     const std::string after = test::bytesOf(folder / "p.tsp");
     ASSERT_GT(after.size(), before.size());
@@ -78,7 +60,7 @@ TEST(KilledSave, LeavesTheOldProjectOrTheNewOne) {
     int interrupted = 0; // while the new file was being written
     for (int round = 0; round < rounds; ++round) {
         test::writeBytes(folder / "p.tsp", before);
-        importText(folder.path(), whole * static_cast<int>(random() % 110) / 100);
+        importText(folder, whole * static_cast<int>(random() % 110) / 100);
         const std::string now = test::bytesOf(folder / "p.tsp");
         ASSERT_TRUE(now == before || now == after) << "in round " << round;
         old += now == before ? 1 : 0;

@@ -44,8 +44,10 @@ TEST_F(Recovery, BringsBackTheOutlineAndTheOpenEditor) {
     EXPECT_EQ(project().projectPath(), folder / "p.tsp");
     EXPECT_EQ(cellText(window->lvLevels, 1, 2), "aé");
     EXPECT_EQ(settings->path("Open", "File Path"), folder.path());
+#ifndef _WIN32 // where the person's folders are closed to others
     EXPECT_EQ(fs::status(folder / "recovery-1.tsp").permissions(),
               fs::perms::owner_read | fs::perms::owner_write);
+#endif
 
     // Nobody saved it yet, and it can be decided later.
     expectQuestion(ui::Answer::cancel);

@@ -70,7 +70,7 @@ TEST_F(frmPreview, ShowsNoFilesThatAreNotTheProjects) {
     const std::string tall = "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='3000'/>";
     test::writeBytes(elsewhere / "tall.svg", tall);
     std::filesystem::create_directory(folder / "images");
-    std::filesystem::create_symlink(elsewhere / "tall.svg", folder / "images/linked.svg");
+    test::makeLink(elsewhere / "tall.svg", folder / "images/linked.svg");
     writePicture("own.svg", 2000);
     preview("<img src='" + (elsewhere / "tall.svg").string()
             + "'><img src='..\\images\\linked.svg'><img src='file://" + elsewhere.path().string()

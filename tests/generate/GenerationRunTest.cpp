@@ -71,7 +71,7 @@ TEST_F(GenerationRunTest, GoesOnWhereAFileCannotBeMadeAndSaysWhich) {
     std::string failed;
     for (const auto& failure : report.failures) {
         EXPECT_FALSE(failure.reason.empty());
-        failed += failure.path.lexically_relative(folder.path()).lexically_normal().string() + "|";
+        failed += failure.path.lexically_relative(folder.path()).lexically_normal().generic_string() + "|";
     }
     EXPECT_EQ(failed, "images|images/Image.jpg|../evil.htm|html/|html/taken.htm|"
                       "missing/project.tsp|");
@@ -84,8 +84,8 @@ TEST_F(GenerationRunTest, NothingTakesTheProjectsPlaceOrSlipsIntoTheWorkshopProj
                           topic(1, "lines", "x.htm\r\n[OPTIONS]\r\nCompiled file=y.chm")}));
     project.setProjectPath(folder / "html/project.tsp");
     test::writeBytes(project.projectPath(), "the project");
-    fs::create_symlink("project.tsp", folder / "html/link.htm");
-    EXPECT_EQ(run().failures.size(), 3U);
+    const bool linked = test::makeLink("project.tsp", folder / "html/link.htm");
+    EXPECT_EQ(run().failures.size(), linked ? 3U : 2U);
     EXPECT_TRUE(test::bytesOf(folder / "html/project.tsp").starts_with("HTML Topicsmith Format"));
     EXPECT_EQ(test::bytesOf(folder / "my.help.hhp").find("\r\nCompiled file=y"), Text::npos);
 }

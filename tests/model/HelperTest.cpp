@@ -60,6 +60,12 @@ TEST(Topic, LevelTextsHoldTheirDepth) {
     EXPECT_EQ(levelDepth(""), 0);
 }
 
+TEST(PagePath, PlainPathsHaveNoDetours) {
+    EXPECT_EQ(plainPath("\\a/./b\\..//c\\"), "a/c");
+    EXPECT_EQ(plainPath("a/../../../b/../c"), "../../c");
+    EXPECT_EQ(plainPath("./"), "");
+}
+
 TEST(PagePath, NamesThatLeaveThePageFolderAreRefused) {
     for (const TextView fine : {"a.htm", "..a.htm", "sub/a.htm", "sub\\a.htm", "console.htm"}) {
         EXPECT_EQ(pageNameFault(fine), "") << fine;

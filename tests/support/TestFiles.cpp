@@ -1,8 +1,7 @@
 #include "support/TestFiles.h"
 
-#include <cerrno>
 #include <gtest/gtest.h>
-#include <system_error>
+#include <random>
 
 #include "platform/Files.h"
 
@@ -10,12 +9,16 @@ namespace test {
 
 namespace fs = std::filesystem;
 
+Path::operator std::string() const {
+    return platform::utf8FromPath(*this);
+}
+
 TemporaryFolder::TemporaryFolder() {
-    std::string pattern = fs::temp_directory_path() / "topicsmith-test-XXXXXX";
-    if (::mkdtemp(pattern.data()) == nullptr) {
-        throw std::system_error(errno, std::generic_category(), pattern);
-    }
-    path_ = pattern;
+    const fs::path parent = fs::temp_directory_path();
+    std::random_device random;
+    do {
+        path_ = parent / ("topicsmith-test-" + std::to_string(random()));
+    } while (!fs::create_directory(path_)); // false for one that is there
 }
 
 TemporaryFolder::~TemporaryFolder() {
@@ -38,6 +41,12 @@ std::string bytesOf(const fs::path& path) {
 void writeBytes(const fs::path& path, std::string_view bytes) {
     const std::error_code error = platform::writeFile(path, bytes);
     ASSERT_FALSE(error) << path << ": " << error.message();
+}
+
+bool makeLink(const fs::path& target, const fs::path& link) {
+    std::error_code error;
+    fs::create_symlink(target, link, error);
+    return !error;
 }
 
 model::Text lines(std::initializer_list<model::TextView> texts) {

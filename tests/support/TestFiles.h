@@ -8,6 +8,14 @@
 /// What the tests of all folders need.
 namespace test {
 
+/// A path that is taken for text, in UTF-8, where text is wanted.
+class Path : public std::filesystem::path {
+public:
+    using std::filesystem::path::path;
+    Path(std::filesystem::path other) : std::filesystem::path(std::move(other)) {}
+    operator std::string() const;
+};
+
 /// A folder of the running test's own, empty at first and removed at the end.
 class TemporaryFolder {
 public:
@@ -16,20 +24,21 @@ public:
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-    const std::filesystem::path& path() const { return path_; }
-    std::filesystem::path operator/(const std::filesystem::path& name) const {
-        return path_ / name;
-    }
+    const Path& path() const { return path_; }
+    Path operator/(const std::filesystem::path& name) const { return Path(path_ / name); }
 
     std::size_t fileCount() const;
 
 private:
-    std::filesystem::path path_;
+    Path path_;
 };
 
 /// A file's bytes; fails the test if it cannot be read.
 std::string bytesOf(const std::filesystem::path& path);
 void writeBytes(const std::filesystem::path& path, std::string_view bytes);
+
+/// False where the system, or this person, cannot make links.
+bool makeLink(const std::filesystem::path& target, const std::filesystem::path& link);
 
 /// Lines joined with CR LF, each ended by it.
 model::Text lines(std::initializer_list<model::TextView> texts);

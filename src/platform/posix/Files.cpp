@@ -219,6 +219,14 @@ std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access
     return failure(std::errc::file_exists);
 }
 
+fs::path pathFromUtf8(std::string_view utf8) {
+    return utf8;
+}
+
+std::string utf8FromPath(const fs::path& path) {
+    return path.native();
+}
+
 void turnSizeLimitIntoError() {
     ::signal(SIGXFSZ, SIG_IGN);
 }

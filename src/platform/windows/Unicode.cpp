@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "platform/Files.h"
+
 namespace platform {
 
 namespace {
@@ -24,6 +26,14 @@ std::string utf8FromWide(const std::wstring& wide) {
 }
 
 } // namespace
+
+std::filesystem::path pathFromUtf8(std::string_view utf8) {
+    return wideFromCodePage(utf8, CP_UTF8);
+}
+
+std::string utf8FromPath(const std::filesystem::path& path) {
+    return utf8FromWide(path.native());
+}
 
 std::string utf8FromCodePage(std::string_view bytes, unsigned codePage) {
     constexpr unsigned usual = 1252;

@@ -7,7 +7,9 @@
 #include <QPainter>
 #include <QPalette>
 #include <QPixmap>
+#ifdef TOPICSMITH_SVG
 #include <QSvgRenderer>
+#endif
 
 #include "ui/Image.h"
 #include "ui/Twips.h"
@@ -23,8 +25,32 @@ namespace {
 
 QString fileOf(TextView name) {
     initialiseResources();
-    return QStringLiteral(":/icons/%1.svg").arg(toQt(name));
+    return QStringLiteral(":/icons/%1").arg(toQt(name));
 }
+
+#ifdef TOPICSMITH_SVG
+void draw(QPainter& painter, const QRect& rect, QByteArray drawing, const QColor& ink) {
+    drawing.replace("currentColor", ink.name().toLatin1());
+    QSvgRenderer renderer(drawing);
+    renderer.render(&painter, rect);
+}
+#else
+/// Drawn beforehand, large, and black where the ink goes.
+void draw(QPainter& painter, const QRect& rect, const QByteArray& drawing, const QColor& ink) {
+    const QSizeF size = QSizeF(rect.size()) * painter.device()->devicePixelRatioF();
+    QImage image = QImage::fromData(drawing).convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            if ((line[x] & RGB_MASK) == 0) {
+                line[x] |= ink.rgb() & RGB_MASK;
+            }
+        }
+    }
+    painter.drawImage(
+        rect, image.scaled(size.toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+}
+#endif
 
 /// Draws at the size that is asked for, with the text colour of the moment as ink.
 class DrawingEngine : public QIconEngine {
@@ -36,14 +62,11 @@ public:
         const auto role =
             mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::WindowText;
         const QColor ink = QGuiApplication::palette().color(group, role);
-        QByteArray drawing = drawing_;
-        drawing.replace("currentColor", ink.name().toLatin1());
-        QSvgRenderer renderer(drawing);
         painter->save();
         if (mode == QIcon::Disabled) {
             painter->setOpacity(0.5);
         }
-        renderer.render(painter, rect);
+        draw(*painter, rect, drawing_, ink);
         painter->restore();
     }
 

@@ -49,7 +49,9 @@ struct Toolkit::Native {
 };
 
 Toolkit::Toolkit(int& argc, char** argv) {
+#ifndef _WIN32 // there the real one is what is to be tested
     qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     native_ = std::make_unique<Native>(argc, argv);
     QApplication::setApplicationName("HTML Topicsmith");

@@ -1,0 +1,32 @@
+# add_windows_resource(PROGRAM DESCRIPTION): icon, version and manifest. Does nothing elsewhere.
+if(WIN32)
+  enable_language(RC)
+  find_program(RSVG_CONVERT rsvg-convert REQUIRED)
+  find_program(ICON_CONVERT convert REQUIRED)
+  set(icon ${CMAKE_CURRENT_BINARY_DIR}/topicsmith.ico)
+  set(icon_sizes 16 24 32 48 256)
+  set(icon_commands "")
+  set(icon_pictures "")
+  foreach(size IN LISTS icon_sizes)
+    set(picture ${CMAKE_CURRENT_BINARY_DIR}/topicsmith-${size}.png)
+    list(APPEND icon_commands COMMAND ${RSVG_CONVERT} --width ${size} --height ${size}
+         --output ${picture} ${PROJECT_SOURCE_DIR}/assets/icons/Topicsmith.svg)
+    list(APPEND icon_pictures ${picture})
+  endforeach()
+  add_custom_command(OUTPUT ${icon}
+    ${icon_commands} COMMAND ${ICON_CONVERT} ${icon_pictures} ${icon}
+    DEPENDS ${PROJECT_SOURCE_DIR}/assets/icons/Topicsmith.svg VERBATIM)
+  add_custom_target(program_icon DEPENDS ${icon})
+endif()
+
+function(add_windows_resource program description)
+  if(WIN32)
+    set(icon ${CMAKE_CURRENT_BINARY_DIR}/topicsmith.ico)
+    set(manifest ${PROJECT_SOURCE_DIR}/src/app/windows/program.manifest)
+    set(resource ${CMAKE_CURRENT_BINARY_DIR}/${program}.rc)
+    configure_file(${PROJECT_SOURCE_DIR}/src/app/windows/program.rc.in ${resource} @ONLY)
+    set_source_files_properties(${resource} PROPERTIES OBJECT_DEPENDS "${icon};${manifest}")
+    target_sources(${program} PRIVATE ${resource})
+    add_dependencies(${program} program_icon)
+  endif()
+endfunction()
