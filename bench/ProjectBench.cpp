@@ -96,8 +96,7 @@ void generateHelp(benchmark::State& state) {
 void document(benchmark::State& state) {
     Sample sample(state);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(
-            generate::generateDocumentation(
+        benchmark::DoNotOptimize(generate::generateDocumentation(
             sample.project, sample.file("sample.htm"), sample.file("")));
     }
     sample.report(state);

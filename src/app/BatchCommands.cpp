@@ -104,8 +104,8 @@ ExitCode runDocument(BatchSession& session, const CommandLine& arguments) {
         || !prepareOutput(session, documentationTitle, "htm", project.projectPath(), output)) {
         return exitFailed;
     }
-    const model::FileFailures failures = generate::generateDocumentation(
-        project, output, project.projectPath().parent_path());
+    const model::FileFailures failures =
+        generate::generateDocumentation(project, output, project.projectPath().parent_path());
     session.console.failures(documentationTitle, failures);
     session.console.message(generate::documentationComplete());
     return failures.empty() ? exitDone : exitFailed;

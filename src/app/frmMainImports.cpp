@@ -116,7 +116,8 @@ void frmMain::mnuFileSynch_Click() {
         return;
     }
     const Text title = project_.projectFileTitle();
-    const Text beginning = title.substr(0, title.find('.') + 1); // nothing of a name without a point
+    const Text beginning =
+        title.substr(0, title.find('.') + 1); // nothing of a name without a point
     const auto file = Prompter::current().chooseFile(
         this, {ui::FileQuestion::Kind::open, "Synchronize Help HTML Files with Topicsmith Project",
                "Topicsmith Project Files (*.tsp)|*.tsp|Text Files (*.txt)|*.txt|All Files "

@@ -184,10 +184,10 @@ model::FileFailures generateDocumentation(const model::Project& project,
                                           const std::filesystem::path& file,
                                           const std::filesystem::path& imageFolder) {
     model::FileFailures failures;
-    writeGenerated(file,
-                   documentationPage(project.outline(), project.options(),
-                                     model::attributeText(imageFolder)),
-                   project.projectPath(), failures);
+    writeGenerated(
+        file,
+        documentationPage(project.outline(), project.options(), model::attributeText(imageFolder)),
+        project.projectPath(), failures);
     return failures;
 }
 

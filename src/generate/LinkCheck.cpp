@@ -167,8 +167,7 @@ private:
 
     /// A file below the output folder, by a path that starts at the page folder.
     static Text keyOf(TextView path) {
-        return model::pageKey(
-            model::plainPath(Text(model::pageFolderName) + '/' + Text(path)));
+        return model::pageKey(model::plainPath(Text(model::pageFolderName) + '/' + Text(path)));
     }
 
     /// The position of the topic to whose page a path leads; -1 for none.

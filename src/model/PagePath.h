@@ -23,7 +23,8 @@ std::filesystem::path pagePath(const std::filesystem::path& pageFolder, TextView
 TextView pageNameFault(TextView fileName);
 
 /// A path with both kinds of slash, as one with "/" between its parts and none around them, without
-/// detours: ".." stands at most at its beginning. The bytes may be of any encoding that holds ASCII.
+/// detours: ".." stands at most at its beginning. The bytes may be of any encoding that holds
+/// ASCII.
 Text plainPath(TextView path);
 
 /// Two names with the same key are one page: letter case does not tell pages apart, nor does the

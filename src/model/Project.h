@@ -59,8 +59,8 @@ public:
     /// The path's last component.
     Text projectFileTitle() const;
 
-    /// True while the project differs from its file, as far as is known: undoing back to the last save
-    /// or load makes it false again.
+    /// True while the project differs from its file, as far as is known: undoing back to the last
+    /// save or load makes it false again.
     bool dataChanged() const { return dataChanged_; }
 
     /// The position of the topic that the author works on; -1 for none. It stays with its topic

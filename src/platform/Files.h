@@ -37,8 +37,8 @@ std::error_code replaceFile(const std::filesystem::path& path, std::string_view 
 /// where links count; a link in the file's own place stays.
 std::filesystem::path fullPath(const std::filesystem::path& path);
 
-/// A path from UTF-8, and back. What is not Unicode becomes U+FFFD on Windows; elsewhere any bytes come
-/// through as they are.
+/// A path from UTF-8, and back. What is not Unicode becomes U+FFFD on Windows; elsewhere any bytes
+/// come through as they are.
 std::filesystem::path pathFromUtf8(std::string_view utf8);
 std::string utf8FromPath(const std::filesystem::path& path);
 

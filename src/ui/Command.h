@@ -40,8 +40,8 @@ public:
     void setImage(TextView name);
     void setToolTip(TextView text);
 
-    /// The shortcut counts only while this control has the focus. To be called before the command is
-    /// put into menus.
+    /// The shortcut counts only while this control has the focus. To be called before the command
+    /// is put into menus.
     void limitShortcutTo(Control& control);
 
     Event<> Click;

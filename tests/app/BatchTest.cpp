@@ -1,5 +1,6 @@
 #include "app/Batch.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <sstream>
 
@@ -24,7 +25,7 @@ protected:
         return code;
     }
 
-    std::string save(const char* name, const model::TopicOutline& outline,
+    std::string save(const fs::path& name, const model::TopicOutline& outline,
                      const model::ProjectOptions& options = {}) {
         test::writeBytes(folder / name, model::formatProject(outline, options));
         return folder / name;
@@ -86,21 +87,25 @@ TEST_F(BatchTest, FailuresAreNamedAndExitWithOne) {
     const std::string project = save("p.tsp", test::outlineOf({topic(1, "A", "../a.htm")}));
     EXPECT_EQ(run({"generate", project, folder / "out/p.hhp"}), exitFailed);
     EXPECT_NE(output.find("Generation Complete."), std::string::npos);
-    EXPECT_EQ(errors, "Generate Help Files: " + (folder / "out/html/../a.htm").string()
+    const fs::path page = (folder / "out/html/../a.htm").make_preferred();
+    std::replace(errors.begin(), errors.end(), '/',
+                 static_cast<char>(fs::path::preferred_separator));
+    EXPECT_EQ(errors, "Generate Help Files: " + platform::utf8FromPath(page)
                           + ": the file name does not stay inside the page folder (topic 1)\n");
     EXPECT_FALSE(fs::exists(folder / "out/a.htm"));
 }
 
 TEST_F(BatchTest, DocumentTakesPicturesFromTheProjectsFolder) {
+    const char slash = static_cast<char>(fs::path::preferred_separator);
     fs::create_directory(folder / fs::path(u8"é'Ω"));
     const std::string project = save(
-        "é'Ω/p.tsp", test::outlineOf({topic(1, "A", "a.htm", "<img src='..\\images\\x.jpg'>")}));
+        u8"é'Ω/p.tsp", test::outlineOf({topic(1, "A", "a.htm", "<img src='..\\images\\x.jpg'>")}));
     EXPECT_EQ(run({"document", project, folder / "out.htm"}), exitDone);
     EXPECT_EQ(errors, "Documentation: HTML Documentation Generation is Complete\n");
-    EXPECT_NE(
-        test::bytesOf(folder / "out.htm")
-            .find("<img src='" + folder.path().string() + "/\xE9&#39;&#937;\\images\\x.jpg'>"),
-        std::string::npos);
+    EXPECT_NE(test::bytesOf(folder / "out.htm")
+                  .find("<img src='" + std::string(folder.path()) + slash
+                        + "\xE9&#39;&#937;\\images\\x.jpg'>"),
+              std::string::npos);
     fs::create_directory(folder / "taken.htm");
     EXPECT_EQ(run({"document", project, folder / "taken.htm"}), exitFailed);
     EXPECT_EQ(run({"document", save("empty.tsp", {}), folder / "e.htm"}), exitFailed);
@@ -118,7 +123,7 @@ TEST_F(BatchTest, InputThatIsNotAWholeProjectChangesNothing) {
         {"limit.tsp", good + "x\r\ny\r\n",
          "Topic Limit: Maximum Number of Help Topics Reached (500), Loading Stopped\n"},
         {"header.tsp", good.substr(0, 60),
-         "/header.tsp: the file ends before its first topic; stopped in line "},
+         "header.tsp: the file ends before its first topic; stopped in line "},
         {"body.tsp", good.substr(0, good.size() - 6) + "\"cut",
          "ends inside the text of its last topic; stopped in line 5519, after 500 topics\n"},
     };

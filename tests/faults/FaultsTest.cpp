@@ -98,7 +98,8 @@ TEST_F(Faults, ADocumentationNamesWhatFails) {
     model::FileFailures failures;
     withEveryFault(
         [&](Project& project) {
-            failures = generate::generateDocumentation(project, folder / "work/out.htm", folder / "work");
+            failures =
+                generate::generateDocumentation(project, folder / "work/out.htm", folder / "work");
         },
         [&](const Project&, bool happened) {
             EXPECT_EQ(failures.empty(), !happened);

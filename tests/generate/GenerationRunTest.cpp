@@ -71,7 +71,8 @@ TEST_F(GenerationRunTest, GoesOnWhereAFileCannotBeMadeAndSaysWhich) {
     std::string failed;
     for (const auto& failure : report.failures) {
         EXPECT_FALSE(failure.reason.empty());
-        failed += failure.path.lexically_relative(folder.path()).lexically_normal().generic_string() + "|";
+        failed += failure.path.lexically_relative(folder.path()).lexically_normal().generic_string()
+                  + "|";
     }
     EXPECT_EQ(failed, "images|images/Image.jpg|../evil.htm|html/|html/taken.htm|"
                       "missing/project.tsp|");

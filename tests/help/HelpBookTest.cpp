@@ -244,12 +244,17 @@ TEST(HelpBook, DamagedFilesDoNoHarm) {
     const test::TemporaryFolder folder;
     const std::string whole = test::bytesOf(compiledManual);
     constexpr std::size_t step = 1024;
-    for (std::size_t length = 0; length < whole.size(); length += step) {
+#ifdef _WIN32
+    constexpr int tenth = 10; // to start a program takes long there
+#else
+    constexpr int tenth = 1;
+#endif
+    for (std::size_t length = 0; length < whole.size(); length += step * tenth) {
         test::writeBytes(folder / "cut.chm", std::string_view(whole).substr(0, length));
         readAll(folder / "cut.chm");
     }
     std::mt19937 random(7);
-    for (int round = 0; round < 200; ++round) {
+    for (int round = 0; round < 200 / tenth; ++round) {
         std::string damaged = whole;
         for (int i = 0; i < 20; ++i) {
             // Half of them in the directory, which decides what is read.
@@ -286,6 +291,6 @@ TEST(Link, ToAnotherHelpFileIsTakenApart) {
     EXPECT_EQ(link->file, "other.chm");
     EXPECT_EQ(link->page, "/html/a.htm#x");
     EXPECT_EQ(linkToOtherBook("ms-its:../../other.chm::a.htm")->file, "other.chm");
-    EXPECT_EQ(linkToOtherBook("Über.chm::/a.htm")->file, "Über.chm");
+    EXPECT_EQ(linkToOtherBook("Über.chm::/a.htm")->file, fs::path(u8"Über.chm"));
     EXPECT_FALSE(linkToOtherBook("http://x/::y"));
 }

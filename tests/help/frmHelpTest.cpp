@@ -1,6 +1,7 @@
 #include "help/frmHelp.h"
 
 #include "app/MainWindowFixture.h"
+#include "platform/Files.h"
 #include "support/HelpCompiler.h"
 
 using namespace ui::testing;
@@ -11,9 +12,8 @@ namespace {
 class frmHelp : public test::MainWindow {
 protected:
     frmHelp() {
-        std::filesystem::copy_file(std::filesystem::path(TOPICSMITH_PROGRAM_FOLDER)
-                                       / "HTML Topicsmith.chm",
-                                   helpFile, std::filesystem::copy_options::overwrite_existing);
+        const std::filesystem::path programs = TOPICSMITH_PROGRAM_FOLDER;
+        test::writeBytes(helpFile, test::bytesOf(programs / "HTML Topicsmith.chm"));
     }
 
     help::frmHelp& shown() { return *window->helpWindow(); }
@@ -25,7 +25,7 @@ protected:
 
     void expectUnreadable(const std::filesystem::path& file,
                           const char* problem = "The help file cannot be opened:\n") {
-        prompter.expect({problem + file.string(), "HTML Topicsmith", ui::Buttons::ok,
+        prompter.expect({problem + platform::utf8FromPath(file), "HTML Topicsmith", ui::Buttons::ok,
                          ui::QuestionIcon::exclamation});
     }
 
@@ -126,15 +126,13 @@ TEST_F(frmHelp, ShowsOtherHelpFilesAndLeadsOutside) {
     const std::string start = "\xCD\xE0\xF7\xE0\xEB\xEE";
     test::writeBytes(folder / "start.htm",
                      start
-                         + "<br><a href='http://x.example/y' target='_blank'><img src='pad.svg' "
-                           "width=200 height=80></a><br><a href='gone.htm'><img src='pad.svg' "
+                         + "<br><a href='http://x.example/y' target='_blank'><img src='pad.bmp' "
+                           "width=200 height=80></a><br><a href='gone.htm'><img src='pad.bmp' "
                            "width=200 height=80></a><br>gone<script>document.write('scripted')"
                            "</script><img src='file://"
-                         + (folder / "tall.svg").string() + "'>");
-    test::writeBytes(folder / "pad.svg",
-                     "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>");
-    test::writeBytes(folder / "tall.svg",
-                     "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='3000'/>");
+                         + std::string(folder / "tall.bmp") + "'>");
+    test::writeBytes(folder / "pad.bmp", test::bitmap(9, 9));
+    test::writeBytes(folder / "tall.bmp", test::bitmap(9, 3000));
     test::writeBytes(folder / "t.hhc",
                      "<ul><li><object type='text/sitemap'><param name=Name value='Web'><param "
                      "name=Local value='http://x.example/'></object><li><object "
@@ -144,7 +142,7 @@ TEST_F(frmHelp, ShowsOtherHelpFilesAndLeadsOutside) {
                                        "file=t.hhc\r\nDefault topic=start.htm\r\nTitle="
                                            + start
                                            + "\r\nLanguage=0x419 Russian\r\n\r\n[FILES]\r\n"
-                                             "start.htm\r\npad.svg\r\n");
+                                             "start.htm\r\npad.bmp\r\n");
     test::compileHelp(folder / "t.hhp");
     press("F1");
     show(shown());

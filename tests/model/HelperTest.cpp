@@ -71,11 +71,11 @@ TEST(PagePath, NamesThatLeaveThePageFolderAreRefused) {
         EXPECT_EQ(pageNameFault(fine), "") << fine;
     }
     using namespace std::string_view_literals;
-    for (const TextView bad : {""sv, "../a.htm"sv, "..\\a.htm"sv, "/a.htm"sv, "\\a.htm"sv,
-                               "C:a.htm"sv, "x/../../a.htm"sv, "x\\..\\a.htm"sv, ".."sv, "."sv,
-                               "./a.htm"sv, "a.htm/"sv, "//host/a.htm"sv, "a\0.htm"sv,
-                               "page:b.htm"sv, "sub. /a.htm"sv, ".. /a.htm"sv, "nul"sv,
-                               "sub/Com1.htm"sv}) {
+    for (const TextView bad :
+         {""sv, "../a.htm"sv, "..\\a.htm"sv, "/a.htm"sv, "\\a.htm"sv, "C:a.htm"sv,
+          "x/../../a.htm"sv, "x\\..\\a.htm"sv, ".."sv, "."sv, "./a.htm"sv, "a.htm/"sv,
+          "//host/a.htm"sv, "a\0.htm"sv, "page:b.htm"sv, "sub. /a.htm"sv, ".. /a.htm"sv, "nul"sv,
+          "sub/Com1.htm"sv}) {
         EXPECT_NE(pageNameFault(bad), "") << bad;
     }
 }

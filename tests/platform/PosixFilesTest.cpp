@@ -1,11 +1,10 @@
-#include "platform/Files.h"
-
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "platform/Files.h"
 #include "support/TestFiles.h"
 
 namespace fs = std::filesystem;

@@ -26,8 +26,8 @@ void compileHelp(const std::filesystem::path& workshopFile) {
     std::replace(workshop.begin() + static_cast<std::ptrdiff_t>(aliases), workshop.end(), '\\',
                  '/');
     writeBytes(folder / "compile.hhp", workshop);
-    const std::string command =
-        "cd '" + platform::utf8FromPath(folder) + "' && " TOPICSMITH_CHMCMD " compile.hhp > compile.log 2>&1";
+    const std::string command = "cd '" + platform::utf8FromPath(folder)
+                                + "' && " TOPICSMITH_CHMCMD " compile.hhp > compile.log 2>&1";
     EXPECT_EQ(std::system(command.c_str()), 0) << bytesOf(folder / "compile.log");
 }
 

@@ -43,6 +43,26 @@ void writeBytes(const fs::path& path, std::string_view bytes) {
     ASSERT_FALSE(error) << path << ": " << error.message();
 }
 
+std::string bitmap(int width, int height) {
+    constexpr int headSize = 62; // with the two colours
+    const int bodySize = 4 * height;
+    std::string bytes = "BM";
+    const auto number = [&bytes](int value, int size) {
+        for (int i = 0; i < size; ++i) {
+            bytes += static_cast<char>(value >> 8 * i & 0xFF);
+        }
+    };
+    for (const int value : {headSize + bodySize, 0, headSize, 40, width, height}) {
+        number(value, 4);
+    }
+    number(1, 2); // plane
+    number(1, 2); // bit for each pixel
+    for (const int value : {0, bodySize, 0, 0, 2, 2, 0, 0xFFFFFF}) {
+        number(value, 4);
+    }
+    return bytes + std::string(static_cast<std::size_t>(bodySize), '\0');
+}
+
 bool makeLink(const fs::path& target, const fs::path& link) {
     std::error_code error;
     fs::create_symlink(target, link, error);

@@ -37,6 +37,9 @@ private:
 std::string bytesOf(const std::filesystem::path& path);
 void writeBytes(const std::filesystem::path& path, std::string_view bytes);
 
+/// A black picture in BMP, at most 32 pixels wide.
+std::string bitmap(int width, int height);
+
 /// False where the system, or this person, cannot make links.
 bool makeLink(const std::filesystem::path& target, const std::filesystem::path& link);
 

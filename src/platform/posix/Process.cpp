@@ -48,7 +48,9 @@ void TemporaryFile::remove() {
 
 std::uint64_t TemporaryFile::size() const {
     struct stat status {};
-    return fstat(static_cast<int>(handle_), &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
+    return fstat(static_cast<int>(handle_), &status) == 0
+               ? static_cast<std::uint64_t>(status.st_size)
+               : 0;
 }
 
 std::string TemporaryFile::read(std::uint64_t offset, std::size_t size) const {

@@ -70,8 +70,8 @@ std::error_code followLinks(fs::path& path) {
         return openError(path);
     }
     std::wstring target(GetFinalPathNameByHandleW(file.get(), nullptr, 0, 0), L'\0');
-    const DWORD length = GetFinalPathNameByHandleW(file.get(), target.data(),
-                                                   static_cast<DWORD>(target.size()), 0);
+    const DWORD length =
+        GetFinalPathNameByHandleW(file.get(), target.data(), static_cast<DWORD>(target.size()), 0);
     if (length == 0 || length >= target.size()) {
         return lastError();
     }

@@ -4,10 +4,10 @@
 #include <fcntl.h>
 #include <io.h>
 #include <memory>
+#include <shellapi.h>
 
 #include "platform/Files.h"
 #include "platform/windows/System.h"
-#include <shellapi.h>
 
 namespace platform {
 
@@ -54,6 +54,12 @@ HANDLE openInheritable(const fs::path& path, DWORD access, DWORD disposition) {
                        disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
+/// Without it the system would look for a debugger, or ask the person.
+LONG WINAPI endAtOnce(EXCEPTION_POINTERS* /*exception*/) {
+    TerminateProcess(GetCurrentProcess(), 1);
+    return EXCEPTION_EXECUTE_HANDLER;
+}
+
 /// What the watching thread of a limited program must know.
 struct Limits {
     ULONGLONG end; ///< milliseconds since the machine was started
@@ -66,8 +72,7 @@ DWORD WINAPI watch(void* data) {
     const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
     for (;;) {
         LARGE_INTEGER size{};
-        const bool isFull =
-            GetFileSizeEx(output, &size) != FALSE && size.QuadPart > limits->bytes;
+        const bool isFull = GetFileSizeEx(output, &size) != FALSE && size.QuadPart > limits->bytes;
         if (isFull || GetTickCount64() > limits->end) {
             TerminateProcess(GetCurrentProcess(), 1);
         }
@@ -182,6 +187,7 @@ bool runOnFile(const fs::path& program, const fs::path& file, const fs::path& ou
 
 void limitThisProgram(unsigned seconds, std::uint64_t bytes) {
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
+    SetUnhandledExceptionFilter(endAtOnce);
     auto limits = std::make_unique<Limits>(
         Limits{GetTickCount64() + ULONGLONG{seconds} * 1000, static_cast<LONGLONG>(bytes)});
     const Handle thread(CreateThread(nullptr, 0, watch, limits.get(), 0, nullptr));

@@ -47,8 +47,8 @@ void draw(QPainter& painter, const QRect& rect, const QByteArray& drawing, const
             }
         }
     }
-    painter.drawImage(
-        rect, image.scaled(size.toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    painter.drawImage(rect,
+                      image.scaled(size.toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
 }
 #endif
 

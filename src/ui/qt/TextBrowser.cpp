@@ -14,7 +14,8 @@
 #include "ui/qt/PageScheme.h"
 
 // The library that is loaded for the browser where there is no web engine: the toolkit's own rich
-// text. It knows no scripts, forwards nobody, and shows the simpler part of HTML and of style sheets.
+// text. It knows no scripts, forwards nobody, and shows the simpler part of HTML and of style
+// sheets.
 namespace ui {
 
 namespace {
@@ -29,12 +30,13 @@ bool drawsOnlyItself(const QByteArray& picture) {
     }
     const bool isText = picture.trimmed().startsWith('<') || picture.startsWith("\xEF\xBB\xBF")
                         || picture.startsWith("\xFE\xFF") || picture.startsWith("\xFF\xFE");
-    return !isText || (!picture.contains('\0') && !picture.contains(QByteArray("\xFE\xFF"))
-                       && !QString::fromLatin1(picture).contains(other));
+    return !isText
+           || (!picture.contains('\0') && !picture.contains(QByteArray("\xFE\xFF"))
+               && !QString::fromLatin1(picture).contains(other));
 }
 
-/// Pages as the toolkit reads them well: it takes a carriage return for a blank and wants to know the
-/// kind of a style sheet, which browsers take for granted.
+/// Pages as the toolkit reads them well: it takes a carriage return for a blank and wants to know
+/// the kind of a style sheet, which browsers take for granted.
 QString readable(QString html) {
     static const QRegularExpression sheet("<link\\b(?=[^>]*\\bstylesheet\\b)(?![^>]*\\btype\\b)",
                                           QRegularExpression::CaseInsensitiveOption);
@@ -97,8 +99,8 @@ private:
 class TextPreview : public BrowserView {
 public:
     TextPreview(QWidget* parent, const std::function<void()>& refused)
-        : page_(new TextPage(
-            parent, [this](int type, const QUrl& url) { return read(type, url); })) {
+        : page_(
+            new TextPage(parent, [this](int type, const QUrl& url) { return read(type, url); })) {
         QObject::connect(page_, &QTextBrowser::anchorClicked, page_, [this, refused] {
             // When the browser is done with it: whoever is told may wait for a person.
             QTimer::singleShot(0, page_, [refused] { refused(); });
@@ -155,15 +157,14 @@ private:
 class TextPages : public PageBrowserView {
 public:
     TextPages(QWidget* parent, PageHost host)
-        : host_(std::move(host)), page_(new TextPage(parent, [this](int type, const QUrl& url) {
-              return read(type, url);
-          })) {
+        : host_(std::move(host)),
+          page_(
+              new TextPage(parent, [this](int type, const QUrl& url) { return read(type, url); })) {
         QObject::connect(page_, &QTextBrowser::anchorClicked, page_,
                          [this](const QUrl& url) { follow(url); });
         // Later: the way back is not up to date yet.
         QObject::connect(
-            page_, &QTextBrowser::sourceChanged, page_, [this] { loaded(); },
-            Qt::QueuedConnection);
+            page_, &QTextBrowser::sourceChanged, page_, [this] { loaded(); }, Qt::QueuedConnection);
     }
     ~TextPages() override { delete page_; }
 
@@ -260,8 +261,7 @@ private:
     void showMarks() {
         QList<QTextEdit::ExtraSelection> marks;
         QTextCursor place(page_->document());
-        while (!marked_.isEmpty()
-               && !(place = page_->document()->find(marked_, place)).isNull()) {
+        while (!marked_.isEmpty() && !(place = page_->document()->find(marked_, place)).isNull()) {
             QTextEdit::ExtraSelection mark;
             mark.cursor = place;
             mark.format.setBackground(QColor("#ffe08a"));
@@ -280,7 +280,7 @@ private:
     QString marked_;
     QUrl wanted_;
     int book_ = 0;
-    int zoomed_ = 0; ///< steps from the usual size
+    int zoomed_ = 0;          ///< steps from the usual size
     bool forgetting_ = false; ///< the way back, when the next page is there
 };
 
