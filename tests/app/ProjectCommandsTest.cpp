@@ -55,7 +55,7 @@ protected:
         std::string ends;
         std::istringstream menu(menuText(*window, {"File"}));
         for (std::string line; std::getline(menu, line);) {
-            if (const auto name = line.rfind('/'); name != std::string::npos) {
+            if (const auto name = line.find_last_of("/\\"); name != std::string::npos) {
                 ends += line.substr(name + 1) + ' ';
             }
         }
@@ -192,7 +192,7 @@ TEST_F(ProjectCommands, AMissingFileLeavesTheRecentList) {
     open(projectFile("a.tsp", {"x"}));
     open(projectFile("b.tsp", {"x"}));
     fs::remove(folder / "a.tsp");
-    prompter.expect({"File \"" + (folder / "a.tsp").string() + "\" Not Found", "File Open Error",
+    prompter.expect({"File \"" + std::string(folder / "a.tsp") + "\" Not Found", "File Open Error",
                      Buttons::ok, QuestionIcon::information});
     window->mnuFileMRU_Click(1);
     prompter.verify();
@@ -280,7 +280,7 @@ TEST_F(ProjectCommands, GenerationRepairsReportsAndSaves) {
     app::dlgReport& report = *window->report();
     EXPECT_EQ(report.caption(), "Generation Report");
     EXPECT_EQ(report.txtReport.text(),
-              "Output to:\r\n" + (folder / "help.hhp").string()
+              "Output to:\r\n" + std::string(folder / "help.hhp")
                   + "\r\n\r\nProblem with Topic Context:\r\n"
                     "INCOMPLETE CONTEXT in 'b', Both Context Values Cleared\r\n"
                     "\r\nDuplicate Topic Filenames:\r\nA.htm is renamed A 1.htm\r\n"
@@ -314,6 +314,7 @@ TEST_F(ProjectCommands, DocumentationTakesItsPicturesFromTheProjectsFolder) {
     prompter.expect({"HTML Documentation Generation is Complete", "Documentation", Buttons::ok,
                      QuestionIcon::none});
     EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Documentation"}));
-    EXPECT_NE(test::bytesOf(folder / "document.htm").find(folder.path().string() + "\\images\\x"),
-              std::string::npos);
+    EXPECT_NE(
+        test::bytesOf(folder / "document.htm").find(std::string(folder.path()) + "\\images\\x"),
+        std::string::npos);
 }

@@ -17,7 +17,7 @@ protected:
 
     void expectQuestion(ui::Answer answer, const char* more = "") {
         prompter.expect({"The program ended before the changes of this project were saved:\n"
-                             + (folder / "p.tsp").string() + "\nDo you want them back?" + more,
+                             + std::string(folder / "p.tsp") + "\nDo you want them back?" + more,
                          "HTML Topicsmith", ui::Buttons::yesNoCancel, ui::QuestionIcon::question},
                         answer);
     }

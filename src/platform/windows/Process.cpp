@@ -4,10 +4,13 @@
 #include <fcntl.h>
 #include <io.h>
 #include <memory>
-#include <shellapi.h>
 
 #include "platform/Files.h"
 #include "platform/windows/System.h"
+
+// clang-format off: it wants to stand behind <windows.h>
+#include <shellapi.h>
+// clang-format on
 
 namespace platform {
 
