@@ -79,9 +79,13 @@ bool clickEntry(QWidget& menu, const char* caption) {
     } else {
         place = static_cast<QMenu&>(menu).actionGeometry(entry);
     }
+    QTest::qWaitFor([&menu] { return menu.isVisible(); }, 2000); // popups take a moment
     QTest::mouseMove(&menu, place.center());
     QTest::mouseClick(&menu, Qt::LeftButton, {}, place.center());
     settle();
+    if (entry->menu() != nullptr) {
+        QTest::qWaitFor([entry] { return entry->menu()->isVisible(); }, 2000);
+    }
     return true;
 }
 
