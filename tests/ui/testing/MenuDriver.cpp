@@ -79,14 +79,15 @@ bool clickEntry(QWidget& menu, const char* caption) {
     } else {
         place = static_cast<QMenu&>(menu).actionGeometry(entry);
     }
-    QTest::qWaitFor([&menu] { return menu.isVisible(); }, 2000); // popups take a moment
+    constexpr int patience = 2000; // popups take a moment
+    if (!QTest::qWaitFor([&menu] { return menu.isVisible(); }, patience)) {
+        return false;
+    }
     QTest::mouseMove(&menu, place.center());
     QTest::mouseClick(&menu, Qt::LeftButton, {}, place.center());
     settle();
-    if (entry->menu() != nullptr) {
-        QTest::qWaitFor([entry] { return entry->menu()->isVisible(); }, 2000);
-    }
-    return true;
+    return entry->menu() == nullptr
+           || QTest::qWaitFor([entry] { return entry->menu()->isVisible(); }, patience);
 }
 
 } // namespace
