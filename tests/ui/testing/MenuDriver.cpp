@@ -83,11 +83,11 @@ bool clickEntry(QWidget& menu, const char* caption) {
     if (!QTest::qWaitFor([&menu] { return menu.isVisible(); }, patience)) {
         return false;
     }
+    const QMenu* inner = entry->menu(); // a command may take its window away
     QTest::mouseMove(&menu, place.center());
     QTest::mouseClick(&menu, Qt::LeftButton, {}, place.center());
     settle();
-    return entry->menu() == nullptr
-           || QTest::qWaitFor([entry] { return entry->menu()->isVisible(); }, patience);
+    return inner == nullptr || QTest::qWaitFor([inner] { return inner->isVisible(); }, patience);
 }
 
 } // namespace
