@@ -79,7 +79,9 @@ TEST_F(frmPreview, ShowsNoFilesThatAreNotTheProjects) {
                          "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='3000'><image "
                          "href='file.png'/></svg>");
         EXPECT_TRUE(window->editor()->close());
-        preview("<img src='..\\images\\drawing.svg'>drawn");
+        preview("<img src='..\\images\\drawing.svg'><img src='data:image/svg+xml,"
+                "%3Csvg xmlns=%22http://www.w3.org/2000/svg%22 width=%229%22 height=%223000%22%3E"
+                "%3Cimage href=%22file.png%22/%3E%3C/svg%3E'>drawn");
         waitForPage(shown().brwPreview, "drawn");
         EXPECT_FALSE(waitForPageHeight(shown().brwPreview, 3000, 500));
     }

@@ -30,9 +30,15 @@ bool drawsOnlyItself(const QByteArray& picture) {
     }
     const bool isText = picture.trimmed().startsWith('<') || picture.startsWith("\xEF\xBB\xBF")
                         || picture.startsWith("\xFE\xFF") || picture.startsWith("\xFF\xFE");
-    return !isText
-           || (!picture.contains('\0') && !picture.contains(QByteArray("\xFE\xFF"))
-               && !QString::fromLatin1(picture).contains(other));
+    return !isText || (!picture.contains('\0') && !QString::fromLatin1(picture).contains(other));
+}
+
+/// What an address holds that begins with "data:".
+QByteArray dataIn(const QUrl& url) {
+    const QByteArray address = url.toEncoded();
+    const qsizetype comma = address.indexOf(',');
+    const QByteArray bytes = QByteArray::fromPercentEncoding(address.mid(comma + 1));
+    return address.left(comma).endsWith(";base64") ? QByteArray::fromBase64(bytes) : bytes;
 }
 
 /// Pages as the toolkit reads them well: it takes a carriage return for a blank and wants to know
@@ -67,13 +73,12 @@ public:
     }
 
     QVariant loadResource(int type, const QUrl& url) override {
-        if (url.scheme() == QLatin1String("data")) {
-            return {}; // the toolkit reads them from the address
-        }
         if (type == QTextDocument::HtmlResource) {
             page_ = url;
         }
-        const auto found = read_(type, page_.resolved(withPlainSlashes(url)));
+        const auto found = url.scheme() == QLatin1String("data")
+                               ? QVariant(dataIn(url))
+                               : read_(type, page_.resolved(withPlainSlashes(url)));
         // Given nothing, or no picture, the toolkit would look for a file of that name itself.
         if (type == QTextDocument::ImageResource) {
             return picture(found ? found->toByteArray() : QByteArray());
@@ -176,14 +181,7 @@ public:
     }
 
     void show(const QString& path, const QString& anchor) override {
-        QUrl url;
-        url.setScheme(pageScheme);
-        url.setHost(QStringLiteral("book%1").arg(book_));
-        url.setPath(path, QUrl::DecodedMode);
-        if (!anchor.isEmpty()) {
-            url.setFragment(anchor, QUrl::DecodedMode);
-        }
-        load(url);
+        load(pageUrl(book_, path, anchor));
     }
 
     QUrl shown() const override { return page_->source(); }

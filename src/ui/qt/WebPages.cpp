@@ -136,14 +136,7 @@ public:
     }
 
     void show(const QString& path, const QString& anchor) override {
-        QUrl url;
-        url.setScheme(pageScheme);
-        url.setHost(host());
-        url.setPath(path, QUrl::DecodedMode);
-        if (!anchor.isEmpty()) {
-            url.setFragment(anchor, QUrl::DecodedMode);
-        }
-        page_->load(url);
+        page_->load(pageUrl(book_, path, anchor));
     }
 
     QUrl shown() const override { return page_->url(); }
@@ -203,14 +196,12 @@ private:
 
     void loaded() {
         page_->findText(marked_);
-        if (forgetting_ && page_->url().host() == host()) {
+        if (forgetting_ && page_->url().host() == pageHost(book_)) {
             forgetting_ = false;
             page_->history()->clear(); // all but the page that is shown
             host_.moved();
         }
     }
-
-    QString host() const { return QStringLiteral("book%1").arg(book_); }
 
     PageHost host_;
     PageServer server_;
