@@ -55,7 +55,11 @@ std::optional<Encoding> usableEncoding(const fs::path& affixFile) {
 /// A file's name for the library: in UTF-8, which it expects on Windows behind this sign alone.
 std::string libraryName(const fs::path& file) {
     const bool isWindows = fs::path::preferred_separator == '\\';
-    return isWindows ? R"(\\?\)" + platform::utf8FromPath(platform::fullPath(file)) : file.string();
+    if (!isWindows) {
+        return file.string();
+    }
+    const std::string name = platform::utf8FromPath(platform::fullPath(file));
+    return name.starts_with(R"(\\)") ? R"(\\?\UNC)" + name.substr(1) : R"(\\?\)" + name;
 }
 
 } // namespace

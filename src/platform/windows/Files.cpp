@@ -2,7 +2,6 @@
 
 #include <aclapi.h>
 #include <algorithm>
-#include <cwctype>
 
 #include "platform/windows/System.h"
 
@@ -123,17 +122,6 @@ fs::path temporaryName(const fs::path& path, int attempt) {
 
 } // namespace
 
-std::wstring systemName(const fs::path& path) {
-    constexpr std::size_t usual = 240; // a folder's name has to leave room for a file's
-    std::error_code error;
-    const fs::path whole = path.native().size() < usual ? path : fs::absolute(path, error);
-    if (error || whole.native().size() < usual || whole.native().starts_with(LR"(\\?\)")) {
-        return path.native();
-    }
-    std::wstring name = whole.lexically_normal().make_preferred().native();
-    return name.starts_with(LR"(\\)") ? LR"(\\?\UNC\)" + name.substr(2) : LR"(\\?\)" + name;
-}
-
 HANDLE openFile(const fs::path& path, DWORD access, DWORD disposition, DWORD share, DWORD flags) {
     return CreateFileW(systemName(path).c_str(), access, share, nullptr, disposition, flags,
                        nullptr);
@@ -238,26 +226,5 @@ std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access
 }
 
 void turnSizeLimitIntoError() {} // there is no such limit
-
-fs::path programFolder() {
-    std::wstring name(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD length =
-            GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size()));
-        if (length < name.size()) {
-            name.resize(length);
-            return fs::path(name).parent_path();
-        }
-        name.resize(name.size() * 2);
-    }
-}
-
-fs::path programFile(const char* name) {
-    return programFolder() / (std::string(name) + ".exe");
-}
-
-std::vector<fs::path> dictionaryFolders() {
-    return {}; // the program brings its own
-}
 
 } // namespace platform

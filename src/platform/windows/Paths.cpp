@@ -1,0 +1,51 @@
+#include "platform/Files.h"
+#include "platform/windows/System.h"
+
+// The standard library of this compiler does not know shares: it takes "\\machine\share" for a
+// folder of the current drive. So whole paths are made by the system.
+namespace platform {
+
+namespace fs = std::filesystem;
+
+fs::path fullPath(const fs::path& path) {
+    std::wstring name(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
+    const DWORD length =
+        GetFullPathNameW(path.c_str(), static_cast<DWORD>(name.size()), name.data(), nullptr);
+    if (length == 0 || length >= name.size()) {
+        return path;
+    }
+    name.resize(length);
+    return name;
+}
+
+std::wstring systemName(const fs::path& path) {
+    constexpr std::size_t usual = 240; // a folder's name has to leave room for a file's
+    const std::wstring whole = fullPath(path).native();
+    if (whole.size() < usual || whole.starts_with(LR"(\\?\)")) {
+        return path.native();
+    }
+    return whole.starts_with(LR"(\\)") ? LR"(\\?\UNC)" + whole.substr(1) : LR"(\\?\)" + whole;
+}
+
+fs::path programFolder() {
+    std::wstring name(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length =
+            GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size()));
+        if (length < name.size()) {
+            name.resize(length);
+            return fs::path(name).parent_path();
+        }
+        name.resize(name.size() * 2);
+    }
+}
+
+fs::path programFile(const char* name) {
+    return programFolder() / (std::string(name) + ".exe");
+}
+
+std::vector<fs::path> dictionaryFolders() {
+    return {}; // the program brings its own
+}
+
+} // namespace platform
