@@ -10,17 +10,19 @@ namespace {
 /// The preview in the real browser, opened from the editor.
 class frmPreview : public test::MainWindow {
 protected:
-    /// Previews a body of topic "a"; the project lies in the test's folder.
+    /// Previews a body of topic "a"; the project lies in `root`, which is the test's folder.
     void preview(const model::Text& body, model::ProjectOptions options = {}) {
-        settings->setPath("Open", "File Path", folder.path());
+        settings->setPath("Open", "File Path", root);
         auto outline = titled({"a"});
         outline.at(1).body = body;
-        project().replace(std::move(outline), std::move(options), folder / "p.tsp");
+        project().replace(std::move(outline), std::move(options), root / "p.tsp");
         doubleClickRow(window->lvLevels, 1);
         show(*window->editor());
         EXPECT_TRUE(pressButton(*window->editor(), "Preview Help Topic"));
         ASSERT_NE(window->editor()->preview(), nullptr);
     }
+
+    std::filesystem::path root = folder.path();
 
     editor::frmPreview& shown() { return *window->editor()->preview(); }
 
@@ -33,7 +35,8 @@ protected:
     static model::Text largeLink(const char* target, const char* text) {
         return model::Text("<a style='display:block;height:900px' href='") + target
                + "'><font size=7>" + text
-               + " that is large and wide and easily hit wherever somebody clicks</font></a>";
+               + " that is large and wide and easily hit wherever somebody clicks, be it here or "
+                 "there or further down</font></a>";
     }
 
     void expectLinkMessage() {
@@ -86,6 +89,26 @@ TEST_F(frmPreview, ShowsNoFilesThatAreNotTheProjects) {
         EXPECT_FALSE(waitForPageHeight(shown().brwPreview, 3000, 500));
     }
 }
+
+#ifdef _WIN32
+/// Systems share their drives with those who manage them.
+TEST_F(frmPreview, ShowsPicturesOfAProjectOnAShare) {
+    const std::wstring local = folder.path().native();
+    root = LR"(\\localhost\)" + local.substr(0, 1) + L'$' + local.substr(2);
+    if (!exists(root)) {
+        GTEST_SKIP() << "no drive is shared";
+    }
+    writePicture("tall.bmp", 3000);
+    preview("<img src='..\\images\\tall.bmp'>");
+    EXPECT_TRUE(waitForPageHeight(shown().brwPreview, 3000));
+    EXPECT_TRUE(window->editor()->close());
+    const auto other = model::Text(R"(<img src='\\127.0.0.1\)") + root.string().substr(12)
+                       + "\\images\\tall.bmp'>";
+    preview(other);
+    waitForPage(shown().brwPreview, "a");
+    EXPECT_FALSE(waitForPageHeight(shown().brwPreview, 3000, 500));
+}
+#endif
 
 TEST_F(frmPreview, RunsNoScriptsAndStaysWhereItIs) {
     test::writeBytes(folder / "other.htm", "elsewhere");

@@ -52,7 +52,12 @@ QString readable(QString html) {
 /// An address as browsers understand it, with either slash.
 QUrl withPlainSlashes(QUrl url) {
     QString path = url.path(QUrl::FullyDecoded);
+    // The toolkit takes a share for something in the page's folder.
+    const qsizetype share = path.indexOf(R"(/\\)");
     path.replace('\\', '/');
+    if (share >= 0) {
+        return QUrl::fromLocalFile(path.mid(share + 1));
+    }
     url.setPath(QDir::cleanPath(path), QUrl::DecodedMode);
     return url;
 }
@@ -132,8 +137,8 @@ private:
     std::optional<QVariant> read(int type, const QUrl& url) const {
         const bool isPage = type == QTextDocument::HtmlResource && url == shown_;
         const QString path = fileOf(url);
-        if (!isPage && (path.startsWith("//") || !liesBelow(folder_, path))) {
-            return {}; // another machine's, or not the project's
+        if (!isPage && (isOnOtherShare(path) || !liesBelow(folder_, path))) {
+            return {};
         }
         QFile file(path);
         if (!file.open(QFile::ReadOnly)) {
@@ -144,6 +149,14 @@ private:
             return bytes;
         }
         return readable(QString::fromStdString(model::toUtf8(bytes.toStdString())));
+    }
+
+    /// A machine that the project does not lie on would learn who looks at the page.
+    bool isOnOtherShare(const QString& path) const {
+        constexpr int share = 3; // parts of "//machine/share"
+        const QString own = QDir::fromNativeSeparators(folder_).section('/', 0, share);
+        return path.startsWith("//")
+               && path.section('/', 0, share).compare(own, Qt::CaseInsensitive) != 0;
     }
 
     /// Windows paths look like an address whose protocol is the drive.
