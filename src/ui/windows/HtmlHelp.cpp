@@ -1,5 +1,6 @@
 #include "ui/HtmlHelp.h"
 
+#include <string>
 #include <windows.h>
 
 namespace ui {
@@ -21,10 +22,36 @@ HtmlHelpFunction htmlHelp() {
     return reinterpret_cast<HtmlHelpFunction>(reinterpret_cast<void*>(function));
 }
 
+/// In the system's code page; empty when it has not all of the characters.
+std::string narrow(const std::wstring& wide) {
+    const int size = static_cast<int>(wide.size());
+    std::string text(wide.size() * 4, '\0');
+    BOOL isLossy = FALSE;
+    const int length =
+        WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide.data(), size, text.data(),
+                            static_cast<int>(text.size()), nullptr, &isLossy);
+    text.resize(isLossy == FALSE ? static_cast<std::size_t>(length) : 0);
+    return text;
+}
+
+/// The file's name as old programs know it, where its volume keeps such names.
+std::wstring shortName(const std::filesystem::path& path) {
+    std::wstring name(MAX_PATH, L'\0');
+    const DWORD length = GetShortPathNameW(path.c_str(), name.data(), MAX_PATH);
+    name.resize(length < name.size() ? length : 0);
+    return name;
+}
+
 bool show(const std::filesystem::path& helpFile, UINT command, DWORD_PTR data) {
     const HtmlHelpFunction function = htmlHelp();
-    return function != nullptr
-           && function(nullptr, helpFile.string().c_str(), command, data) != nullptr;
+    if (function == nullptr) {
+        return false;
+    }
+    std::string name = narrow(helpFile.native());
+    if (name.empty()) {
+        name = narrow(shortName(helpFile));
+    }
+    return !name.empty() && function(nullptr, name.c_str(), command, data) != nullptr;
 }
 
 } // namespace
