@@ -1,5 +1,6 @@
 #include "ui/Settings.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QSettings>
@@ -29,8 +30,13 @@ constexpr auto storeFormat = QSettings::IniFormat;
 
 } // namespace
 
-Settings::Settings()
-    : native_(new Native{QSettings(storeFormat, QSettings::UserScope, storeName, storeName)}) {}
+Settings::Settings() {
+    const QString carried = QCoreApplication::applicationDirPath() + "/topicsmith.ini";
+    native_.reset(
+        QFileInfo(carried).isFile()
+            ? new Native{QSettings(carried, QSettings::IniFormat)}
+            : new Native{QSettings(storeFormat, QSettings::UserScope, storeName, storeName)});
+}
 
 Settings::Settings(const std::filesystem::path& file)
     : native_(new Native{QSettings(pathToQt(file), QSettings::IniFormat)}) {}

@@ -10,7 +10,8 @@ namespace ui {
 /// file of the person's elsewhere. Values are UTF-8.
 class Settings {
 public:
-    /// The program's settings.
+    /// The program's settings. Where a file `topicsmith.ini` lies beside the program, they are kept
+    /// in it: people carry the program with them. Needs an `Application`.
     Settings();
     /// Those in a file of its own, for tests.
     explicit Settings(const std::filesystem::path& file);
