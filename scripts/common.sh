@@ -35,7 +35,9 @@ TEST_PACKAGES=(libgtest-dev clang libclang-rt-14-dev dpkg-dev file desktop-file-
 
 # What cross-builds for Windows; see scripts/build-windows.
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix dpkg-dev googletest librsvg2-bin imagemagick
-                  qt6-base-dev-tools)
+                  qt6-base-dev-tools nsis zip)
+# What runs it.
+WINE_PACKAGES=(wine64 wine xvfb openbox x11-utils xdotool imagemagick unzip)
 
 # build PRESET [CMAKE_OPTION...]: configures and builds, saying little.
 build() {

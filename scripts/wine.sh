@@ -1,0 +1,28 @@
+# Wine, without what it says about itself. Sourced after scripts/screen.sh.
+export WINEDEBUG=-all
+run=$PWD/cmake/windows/run-under-wine
+
+# start_wine FOLDER: its drive and registry are kept there. One server for the whole script: between two
+# programs it would end, and sometimes take the second one with it.
+start_wine() {
+    step "starting Wine"
+    export WINEPREFIX=$1
+    if [ ! -d "$1" ]; then # services start only in the second life of a new one
+        mkdir -p "$1"
+        "$run" wineboot --init
+        /usr/lib/wine/wineserver -k -w || true
+    fi
+    /usr/lib/wine/wineserver -p >/dev/null 2>&1
+    last_words="/usr/lib/wine/wineserver -k"
+    "$run" wineboot --init
+    use_font 'DejaVu Sans' Tahoma 'MS Shell Dlg' 'MS Shell Dlg 2' 'Segoe UI'
+    use_font 'DejaVu Sans Mono' 'Courier New' Courier
+}
+
+# use_font FONT NAME...: for the fonts of Windows, which are not here.
+use_font() {
+    local name
+    for name in "${@:2}"; do
+        "$run" reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$name" /d "$1" /f >/dev/null
+    done
+}
