@@ -36,13 +36,12 @@ bool prepareOutput(BatchSession& session, const char* title, const char* extensi
         output += extension;
     }
     output = platform::fullPath(output);
-    fs::create_directories(output.parent_path(), error);
-    if (error) {
-        session.console.failure(title, output.parent_path(), error.message());
+    if (const std::error_code failed = platform::createFolders(output.parent_path())) {
+        session.console.failure(title, output.parent_path(), failed.message());
         return false;
     }
     output = platform::fullPath(output); // now that the folder exists, links in it can be followed
-    if (fs::equivalent(output, project, error)) {
+    if (platform::isSameFile(output, project)) {
         session.console.failure(title, output, "is the project itself");
         return false;
     }
@@ -61,8 +60,8 @@ bool refuseWorkshopName(BatchSession& session, const fs::path& workshopFile,
     }
     for (const char* extension : {"chm", "hhc", "hhk"}) {
         const fs::path sibling = generate::siblingFile(workshopFile, extension);
-        std::error_code error;
-        if (sibling == workshopFile || fs::equivalent(sibling, project, error)) {
+        if (generate::haveSameName(sibling, workshopFile)
+            || platform::isSameFile(sibling, project)) {
             session.console.failure(helpTitle, sibling,
                                     "is the name of a generated file; choose another output");
             return true;

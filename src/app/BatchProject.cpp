@@ -49,7 +49,7 @@ bool loadWhole(BatchSession& session, const fs::path& path, Project& project) {
 
 bool loadOrStart(BatchSession& session, const fs::path& path, Project& project) {
     std::error_code ignored;
-    if (fs::exists(fs::symlink_status(path, ignored))) {
+    if (platform::isFile(path) || fs::exists(fs::symlink_status(path, ignored))) {
         return loadWhole(session, path, project);
     }
     project.setProjectPath(platform::fullPath(path));

@@ -32,14 +32,15 @@ int main(int argc, char* argv[]) {
     ui::Settings settings;
     app::frmMain window(settings, platform::programFolder());
     window.show();
-    const bool recovered = window.offerRecovery();
     const auto arguments = application.arguments();
-    if (!arguments.empty()) {
-        const auto path = trimmed(arguments.front());
-        const bool isHere = recovered && platform::fullPath(path) == window.project().projectPath();
-        if (!path.empty() && !isHere) {
-            window.openFile(path);
-        }
+    auto path = arguments.empty() ? std::filesystem::path() : trimmed(arguments.front());
+    if (!path.empty()) {
+        path = platform::fullPath(path); // before the recovery changes the current folder
+    }
+    const bool recovered = window.offerRecovery();
+    const bool isHere = recovered && path == window.project().projectPath();
+    if (!path.empty() && !isHere) {
+        window.openFile(path);
     }
     app::frmSplash splash(window);
     splash.startTimer();

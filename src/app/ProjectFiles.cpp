@@ -55,9 +55,9 @@ fs::path ProjectFiles::folder() const {
     return settings_.path(folderSection, folderKey);
 }
 
-void ProjectFiles::rememberFolder() {
-    std::error_code ignored; // the folder may be gone
-    settings_.setPath(folderSection, folderKey, fs::current_path(ignored));
+void ProjectFiles::rememberFolder(const fs::path& folder) {
+    makeCurrent(folder);
+    settings_.setPath(folderSection, folderKey, folder);
 }
 
 std::optional<fs::path> ProjectFiles::chooseFile(ui::FileQuestion::Kind kind, model::Text title,
@@ -84,8 +84,7 @@ bool ProjectFiles::openProject() {
         path = *chosen;
     }
     path = platform::fullPath(path);
-    makeCurrent(path.parent_path());
-    rememberFolder();
+    rememberFolder(path.parent_path());
     project_.setProjectPath(path);
     if (!model::fileExists(path)) {
         removeRecentFile(path);
@@ -121,8 +120,7 @@ bool ProjectFiles::load(const fs::path& path) {
 
 void ProjectFiles::adopt(const fs::path& path) {
     if (project_.hasFile()) {
-        makeCurrent(path.parent_path());
-        rememberFolder();
+        rememberFolder(path.parent_path());
         addRecentFile(path);
     }
 }
@@ -141,11 +139,10 @@ bool ProjectFiles::saveProject(bool saveAs) {
             return false;
         }
         path = *chosen;
-        makeCurrent(path.parent_path());
+        rememberFolder(path.parent_path());
         addRecentFile(path);
     }
     project_.setProjectPath(path);
-    rememberFolder();
     const ui::WaitCursor busy;
     lastError_ = model::saveProject(project_, path);
     return !lastError_;

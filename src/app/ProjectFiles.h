@@ -57,7 +57,8 @@ private:
     std::optional<std::filesystem::path> chooseFile(ui::FileQuestion::Kind kind, model::Text title,
                                                     std::filesystem::path fileName);
     bool load(const std::filesystem::path& path);
-    void rememberFolder();
+    /// Makes it current, and the one where the next question begins.
+    void rememberFolder(const std::filesystem::path& folder);
     void addRecentFile(const std::filesystem::path& path);
     void removeRecentFile(const std::filesystem::path& path);
 

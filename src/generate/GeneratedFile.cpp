@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "model/CodePage.h"
 #include "platform/Files.h"
 
 namespace generate {
@@ -16,6 +17,11 @@ fs::path siblingFile(const fs::path& path, std::string_view extension) {
     return path.parent_path() / name;
 }
 
+bool haveSameName(const fs::path& one, const fs::path& other) {
+    return model::lowerCase(model::displayText(one.filename()))
+           == model::lowerCase(model::displayText(other.filename()));
+}
+
 void noteFailure(model::FileFailures& failures, const fs::path& path,
                  const std::error_code& error) {
     if (error) {
@@ -25,8 +31,7 @@ void noteFailure(model::FileFailures& failures, const fs::path& path,
 
 void writeGenerated(const fs::path& path, model::TextView contents, const fs::path& project,
                     model::FileFailures& failures) {
-    std::error_code error;
-    if (fs::equivalent(path, project, error)) {
+    if (platform::isSameFile(path, project)) {
         failures.push_back({path, "is the project itself"});
     } else {
         noteFailure(failures, path, platform::writeFile(path, contents));

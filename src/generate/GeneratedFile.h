@@ -12,6 +12,9 @@ namespace generate {
 /// by `extension`: my.help.hhp and "chm" give my.chm. A name without a point gets one.
 std::filesystem::path siblingFile(const std::filesystem::path& path, std::string_view extension);
 
+/// Whether two files in one folder are one on systems that do not tell letter cases apart.
+bool haveSameName(const std::filesystem::path& one, const std::filesystem::path& other);
+
 /// Notes a failure; does nothing for a success.
 void noteFailure(model::FileFailures& failures, const std::filesystem::path& path,
                  const std::error_code& error);

@@ -53,9 +53,7 @@ public:
 
     void makeFolders() {
         for (const char* name : {model::pageFolderName, "std", imageFolderName}) {
-            std::error_code error;
-            fs::create_directory(folder_ / name, error); // no error if it is there already
-            noteFailure(report_.failures, folder_ / name, error);
+            noteFailure(report_.failures, folder_ / name, platform::createFolder(folder_ / name));
         }
     }
 
@@ -131,7 +129,7 @@ private:
 
     /// The person may have given the workshop project the name of one of its companions.
     void writeSibling(const fs::path& path, TextView contents) {
-        if (path == request_.workshopFile) {
+        if (haveSameName(path, request_.workshopFile)) {
             report_.failures.push_back({path, "is the name of the workshop project"});
         } else {
             write(path, contents);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/Files.h"
+
 namespace model {
 namespace {
 
@@ -116,9 +118,7 @@ bool isAllLetters(TextView text) {
 }
 
 bool fileExists(const std::filesystem::path& path) {
-    std::error_code error;
-    const auto status = std::filesystem::status(path, error);
-    return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+    return platform::isFile(path);
 }
 
 } // namespace model

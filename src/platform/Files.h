@@ -37,6 +37,19 @@ std::error_code replaceFile(const std::filesystem::path& path, std::string_view 
 /// where links count; a link in the file's own place stays.
 std::filesystem::path fullPath(const std::filesystem::path& path);
 
+/// Whether something other than a folder has this name, or, of a link, the name that it leads to. A
+/// file that may not be looked at counts.
+bool isFile(const std::filesystem::path& path);
+
+/// Whether both names lead to one file, which is there.
+bool isSameFile(const std::filesystem::path& one, const std::filesystem::path& other);
+
+/// Makes a folder in one that is there; no error if it is there already.
+std::error_code createFolder(const std::filesystem::path& path);
+
+/// Makes a folder, with those above it that are missing.
+std::error_code createFolders(const std::filesystem::path& path);
+
 /// A path from UTF-8, and back. What is not Unicode becomes U+FFFD on Windows; elsewhere any bytes
 /// come through as they are.
 std::filesystem::path pathFromUtf8(std::string_view utf8);

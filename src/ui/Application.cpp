@@ -18,6 +18,8 @@ struct Application::Native {
 
 Application::Application(int& argc, char** argv, const char* name, const char* version) {
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts); // the browser wants it
+    // The toolkit would look for finer pictures beside those of a page, even on other machines.
+    qputenv("QT_HIGHDPI_DISABLE_2X_IMAGE_LOADING", "1");
     native_.reset(new Native{argc, argv});
     QApplication::setApplicationName(name);
     QApplication::setApplicationVersion(version);

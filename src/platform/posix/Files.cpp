@@ -227,6 +227,29 @@ std::string utf8FromPath(const fs::path& path) {
     return path.native();
 }
 
+bool isFile(const fs::path& path) {
+    std::error_code error;
+    const auto status = fs::status(path, error);
+    return fs::exists(status) && !fs::is_directory(status);
+}
+
+bool isSameFile(const fs::path& one, const fs::path& other) {
+    std::error_code ignored;
+    return fs::equivalent(one, other, ignored);
+}
+
+std::error_code createFolder(const fs::path& path) {
+    std::error_code error;
+    fs::create_directory(path, error);
+    return error;
+}
+
+std::error_code createFolders(const fs::path& path) {
+    std::error_code error;
+    fs::create_directories(path, error);
+    return error;
+}
+
 void turnSizeLimitIntoError() {
     ::signal(SIGXFSZ, SIG_IGN);
 }

@@ -79,16 +79,23 @@ std::error_code followLinks(fs::path& path) {
     return {};
 }
 
-/// Gives the new file the rights that people have on the old one, as far as the person may.
+/// Gives the new file the rights that people have on the old one, as far as the person may. Those
+/// of the folder are added only if the old file took them, too.
 void takeOverPermissions(const std::wstring& from, const std::wstring& to) {
     PACL rights = nullptr;
     PSECURITY_DESCRIPTOR descriptor = nullptr;
+    SECURITY_DESCRIPTOR_CONTROL control = 0;
+    DWORD revision = 0;
     if (GetNamedSecurityInfoW(from.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
                               nullptr, &rights, nullptr, &descriptor)
         == ERROR_SUCCESS) {
+        GetSecurityDescriptorControl(descriptor, &control, &revision);
+        const bool isProtected = (control & SE_DACL_PROTECTED) != 0;
         std::wstring name = to; // the function wants to be able to change it
-        SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
-                              nullptr, rights, nullptr);
+        SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT,
+                              DACL_SECURITY_INFORMATION
+                                  | (isProtected ? PROTECTED_DACL_SECURITY_INFORMATION : 0UL),
+                              nullptr, nullptr, rights, nullptr);
         LocalFree(descriptor);
     }
 }
@@ -223,6 +230,40 @@ std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access
         return error;
     }
     return failure(std::errc::file_exists);
+}
+
+bool isFile(const fs::path& path) {
+    const DWORD attributes = GetFileAttributesW(systemName(path).c_str());
+    return attributes == INVALID_FILE_ATTRIBUTES ? GetLastError() == ERROR_ACCESS_DENIED
+                                                 : (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+bool isSameFile(const fs::path& one, const fs::path& other) {
+    const Handle first(openFile(one, 0, OPEN_EXISTING));
+    const Handle second(openFile(other, 0, OPEN_EXISTING));
+    BY_HANDLE_FILE_INFORMATION a{};
+    BY_HANDLE_FILE_INFORMATION b{};
+    return first.isOpen() && second.isOpen() && GetFileInformationByHandle(first.get(), &a) != FALSE
+           && GetFileInformationByHandle(second.get(), &b) != FALSE
+           && a.dwVolumeSerialNumber == b.dwVolumeSerialNumber
+           && a.nFileIndexHigh == b.nFileIndexHigh && a.nFileIndexLow == b.nFileIndexLow;
+}
+
+std::error_code createFolder(const fs::path& path) {
+    return isFolder(path) || CreateDirectoryW(systemName(path).c_str(), nullptr) != FALSE
+               ? std::error_code()
+               : lastError();
+}
+
+// The standard library of this compiler would try to make the machine of a share.
+std::error_code createFolders(const fs::path& path) {
+    const fs::path parent = path.parent_path();
+    if (!isFolder(path) && !parent.empty() && parent != path) {
+        if (const std::error_code error = createFolders(parent)) {
+            return error;
+        }
+    }
+    return createFolder(path);
 }
 
 void turnSizeLimitIntoError() {} // there is no such limit

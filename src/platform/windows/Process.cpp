@@ -1,6 +1,7 @@
 #include "platform/Process.h"
 
 #include <array>
+#include <cstdlib>
 #include <fcntl.h>
 #include <io.h>
 #include <memory>
@@ -99,7 +100,10 @@ std::vector<std::string> programArguments(int /*argc*/, char* /*argv*/[]) {
 void useStreamsForUtf8() {
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
-    SetConsoleOutputCP(CP_UTF8);
+    static const UINT before = GetConsoleOutputCP();
+    if (before != 0 && SetConsoleOutputCP(CP_UTF8) != FALSE) {
+        std::atexit([] { SetConsoleOutputCP(before); }); // what runs next there expects its own
+    }
 }
 
 TemporaryFile::TemporaryFile() {

@@ -23,7 +23,7 @@ namespace {
 /// A picture that draws other pictures would bring in files that nobody has asked for.
 bool drawsOnlyItself(const QByteArray& picture) {
     constexpr const char* zipped = "\x1F\x8B";
-    static const QRegularExpression other("<!ENTITY|[<:]image\\b",
+    static const QRegularExpression other("<!ENTITY|<\\?xml-stylesheet|[<:]image\\b",
                                           QRegularExpression::CaseInsensitiveOption);
     if (picture.startsWith(zipped)) {
         return false;
@@ -137,7 +137,7 @@ private:
     std::optional<QVariant> read(int type, const QUrl& url) const {
         const bool isPage = type == QTextDocument::HtmlResource && url == shown_;
         const QString path = fileOf(url);
-        if (!isPage && (isOnOtherShare(path) || !liesBelow(folder_, path))) {
+        if (!isPage && (!isNamedBelow(folder_, path) || !liesBelow(folder_, path))) {
             return {};
         }
         QFile file(path);
@@ -149,14 +149,6 @@ private:
             return bytes;
         }
         return readable(QString::fromStdString(model::toUtf8(bytes.toStdString())));
-    }
-
-    /// A machine that the project does not lie on would learn who looks at the page.
-    bool isOnOtherShare(const QString& path) const {
-        constexpr int share = 3; // parts of "//machine/share"
-        const QString own = QDir::fromNativeSeparators(folder_).section('/', 0, share);
-        return path.startsWith("//")
-               && path.section('/', 0, share).compare(own, Qt::CaseInsensitive) != 0;
     }
 
     /// Windows paths look like an address whose protocol is the drive.

@@ -14,7 +14,8 @@ using HtmlHelpFunction = HWND(WINAPI*)(HWND, LPCSTR, UINT, DWORD_PTR);
 
 /// Null without the viewer. It stays loaded: its windows need it.
 HtmlHelpFunction htmlHelp() {
-    static const HMODULE library = LoadLibraryA("hhctrl.ocx");
+    static const HMODULE library =
+        LoadLibraryExW(L"hhctrl.ocx", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     if (library == nullptr) {
         return nullptr;
     }
@@ -42,9 +43,15 @@ std::wstring shortName(const std::filesystem::path& path) {
     return name;
 }
 
+/// The viewer shows no pages of a help on another machine.
+bool isElsewhere(const std::filesystem::path& path) {
+    return path.native().starts_with(LR"(\\)")
+           || GetDriveTypeW((path.native().substr(0, 2) + L'\\').c_str()) == DRIVE_REMOTE;
+}
+
 bool show(const std::filesystem::path& helpFile, UINT command, DWORD_PTR data) {
     const HtmlHelpFunction function = htmlHelp();
-    if (function == nullptr) {
+    if (function == nullptr || isElsewhere(helpFile)) {
         return false;
     }
     std::string name = narrow(helpFile.native());
