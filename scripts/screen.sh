@@ -17,7 +17,10 @@ start_screen() {
     unset WAYLAND_DISPLAY
     Xvfb -displayfd 3 -screen 0 "$1x$2x24" -dpi 96 3>"$scratch/display" 2>/dev/null &
     children+=($!)
-    until [ -s "$scratch/display" ]; do sleep 0.1; done
+    until [ -s "$scratch/display" ]; do
+        kill -0 "${children[-1]}"
+        sleep 0.1
+    done
     DISPLAY=:$(<"$scratch/display")
     export DISPLAY
     openbox >/dev/null 2>&1 &

@@ -7,12 +7,13 @@ run=$PWD/cmake/windows/run-under-wine
 start_wine() {
     step "starting Wine"
     export WINEPREFIX=$1
-    if [ ! -d "$1" ]; then # services start only in the second life of a new one
-        mkdir -p "$1"
+    mkdir -p "$1"
+    if [ ! -f "$1/has-started" ]; then # services start only in the second life of a new one
         "$run" wineboot --init
-        /usr/lib/wine/wineserver -k -w || true
+        touch "$1/has-started"
     fi
-    /usr/lib/wine/wineserver -p >/dev/null 2>&1
+    /usr/lib/wine/wineserver -k -w || true # of a script that was killed, too
+    /usr/lib/wine/wineserver -p
     last_words="/usr/lib/wine/wineserver -k"
     "$run" wineboot --init
     use_font 'DejaVu Sans' Tahoma 'MS Shell Dlg' 'MS Shell Dlg 2' 'Segoe UI'

@@ -7,6 +7,7 @@
 Unicode true
 Target amd64-unicode
 SetCompressor /SOLID lzma
+AllowSkipFiles off
 ManifestDPIAware true
 ManifestSupportedOS Win10
 
@@ -25,6 +26,7 @@ ManifestSupportedOS Win10
 !define MULTIUSER_INSTALLMODE_DEFAULT_REGISTRY_VALUENAME "InstallLocation"
 !define MULTIUSER_MUI
 !define MULTIUSER_USE_PROGRAMFILES64
+!include FileFunc.nsh
 !include LogicLib.nsh
 !include MultiUser.nsh
 !include MUI2.nsh
@@ -49,24 +51,75 @@ VIAddVersionKey "LegalCopyright" "See LICENSE.txt"
 !define MUI_FINISHPAGE_RUN_TEXT "Start ${NAME}"
 !define MUI_FINISHPAGE_NOREBOOTSUPPORT
 
+!define MULTIUSER_PAGE_CUSTOMFUNCTION_LEAVE useGivenFolder
 !insertmacro MULTIUSER_PAGE_INSTALLMODE
+!define MUI_PAGE_CUSTOMFUNCTION_LEAVE useFolderOfOurOwn
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
+!define MUI_PAGE_CUSTOMFUNCTION_SHOW startOnlyAsThePerson
 !insertmacro MUI_PAGE_FINISH
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
 
+Var givenFolder ; as /D, or empty
+
 Function .onInit
-    StrCpy $0 $INSTDIR
+    StrCpy $givenFolder $INSTDIR
+    ; Whoever asks not to be asked is not told by a window what is missing.
+    ${GetParameters} $1
+    ClearErrors
+    ${GetOptions} $1 "/AllUsers" $2
+    ${IfNot} ${Errors}
+        UserInfo::GetAccountType
+        Pop $3
+        ${If} ${Silent}
+        ${AndIf} $3 != "Admin"
+            SetErrorLevel 2
+            Quit
+        ${EndIf}
+    ${EndIf}
     !insertmacro MULTIUSER_INIT
-    ${If} $0 != "" ; given as /D
-        StrCpy $INSTDIR $0
+    Call useGivenFolder
+FunctionEnd
+
+Function useGivenFolder
+    ${If} $givenFolder != ""
+        StrCpy $INSTDIR $givenFolder
     ${EndIf}
 FunctionEnd
 
+; In a folder with other things the program gets one below it.
+Function useFolderOfOurOwn
+    ${DirState} "$INSTDIR" $0
+    ${GetFileName} "$INSTDIR" $1
+    ${If} $0 == 1
+    ${AndIf} $1 != "${NAME}"
+    ${AndIfNot} ${FileExists} "$INSTDIR\uninstall.exe"
+        StrCpy $INSTDIR "$INSTDIR\${NAME}"
+    ${EndIf}
+FunctionEnd
+
+; An administrator's rights are for installing.
+Function startOnlyAsThePerson
+    ${If} $MultiUser.Privileges == "Admin"
+        SendMessage $mui.FinishPage.Run ${BM_SETCHECK} ${BST_UNCHECKED} 0
+        ShowWindow $mui.FinishPage.Run ${SW_HIDE}
+    ${EndIf}
+FunctionEnd
+
+; The folder tells which of two installations this is.
 Function un.onInit
+    StrCpy $1 $INSTDIR
     !insertmacro MULTIUSER_UNINIT
+    ${If} $INSTDIR != $1
+        ${If} $MultiUser.InstallMode == "CurrentUser"
+            Call un.MultiUser.InstallMode.AllUsers
+        ${Else}
+            Call un.MultiUser.InstallMode.CurrentUser
+        ${EndIf}
+        StrCpy $INSTDIR $1
+    ${EndIf}
 FunctionEnd
 
 ; Tells the file manager that files of a kind are shown or opened differently now.
@@ -74,46 +127,63 @@ FunctionEnd
     System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)'
 !macroend
 
-; Goes on when the programs in the folder do not run: one that runs cannot be replaced or removed.
-!macro WaitForEnd PROGRAM
+; Goes on when the program's files can be changed: none can that is in use.
+!macro WaitForFiles PATTERN
     ${Do}
-        ${IfNot} ${FileExists} "$INSTDIR\${PROGRAM}"
-            ${Break}
-        ${EndIf}
-        ClearErrors
-        FileOpen $0 "$INSTDIR\${PROGRAM}" a
-        ${IfNot} ${Errors}
-            FileClose $0
+        StrCpy $2 "" ; a file that cannot
+        FindFirst $0 $1 "$INSTDIR\${PATTERN}"
+        ${DoWhile} $1 != ""
+            ${If} $1 != "uninstall.exe"
+                ClearErrors
+                FileOpen $3 "$INSTDIR\$1" a
+                ${If} ${Errors}
+                    StrCpy $2 $1
+                ${Else}
+                    FileClose $3
+                ${EndIf}
+            ${EndIf}
+            FindNext $0 $1
+        ${Loop}
+        FindClose $0
+        ${If} $2 == ""
             ${Break}
         ${EndIf}
         MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION \
-            "${NAME} is running. Save your project, close the program and try again." \
+            "$INSTDIR\$2 is in use, or may not be changed.$\r$\n$\r$\nSave your project, close ${NAME} and its help, and try again." \
             /SD IDCANCEL IDRETRY +3
         SetErrorLevel 2
         Abort
     ${Loop}
 !macroend
+!macro WaitForAllFiles
+    !insertmacro WaitForFiles "*.exe"
+    !insertmacro WaitForFiles "*.dll"
+    !insertmacro WaitForFiles "*.chm"
+!macroend
 
-; The version that is there goes first: it knows its files, of which this one may have fewer.
-Function removeOldVersion
-    ReadRegStr $1 SHCTX "${UNINSTALL}" "InstallLocation"
-    ${If} $1 == ""
-    ${OrIfNot} ${FileExists} "$1\uninstall.exe"
-        Return
+; A version that is there goes first: it knows its files, of which this one may have fewer.
+!macro RemoveOldVersion ROOT MODE
+    ReadRegStr $1 ${ROOT} "${UNINSTALL}" "InstallLocation"
+    ${If} $1 != ""
+    ${AndIf} ${FileExists} "$1\uninstall.exe"
+        ClearErrors
+        ExecWait '"$1\uninstall.exe" /${MODE} /S _?=$1' $0
+        ${If} ${Errors}
+        ${OrIf} $0 <> 0
+            SetErrorLevel 2
+            Abort "The version in $1 could not be removed."
+        ${EndIf}
+        Delete "$1\uninstall.exe"
+        RMDir "$1"
     ${EndIf}
-    ExecWait '"$1\uninstall.exe" /$MultiUser.InstallMode /S _?=$1' $0
-    ${If} $0 <> 0
-        SetErrorLevel 2
-        Abort "The version in $1 could not be removed."
-    ${EndIf}
-    Delete "$1\uninstall.exe"
-    RMDir "$1"
-FunctionEnd
+!macroend
 
 Section
-    !insertmacro WaitForEnd "topicsmith.exe"
-    !insertmacro WaitForEnd "topicsmith-batch.exe"
-    Call removeOldVersion
+    !insertmacro WaitForAllFiles
+    !insertmacro RemoveOldVersion HKCU CurrentUser
+    ${If} $MultiUser.Privileges == "Admin" ; otherwise that one stays, below the person's own
+        !insertmacro RemoveOldVersion HKLM AllUsers
+    ${EndIf}
 
     SetOutPath "$INSTDIR"
     File /r "${FILES}/*"
@@ -147,8 +217,7 @@ SectionEnd
 
 ; Projects and settings are the person's and stay.
 Section Uninstall
-    !insertmacro WaitForEnd "topicsmith.exe"
-    !insertmacro WaitForEnd "topicsmith-batch.exe"
+    !insertmacro WaitForAllFiles
 
     !include "${REMOVALS}"
     Delete "$INSTDIR\temp.htm" ; the last preview
