@@ -181,7 +181,7 @@ FunctionEnd
 Section
     !insertmacro WaitForAllFiles
     !insertmacro RemoveOldVersion HKCU CurrentUser
-    ${If} $MultiUser.Privileges == "Admin" ; otherwise that one stays, below the person's own
+    ${If} $MultiUser.InstallMode == "AllUsers" ; otherwise that one is the others'
         !insertmacro RemoveOldVersion HKLM AllUsers
     ${EndIf}
 
