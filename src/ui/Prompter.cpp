@@ -1,11 +1,13 @@
 #include "ui/Prompter.h"
 
 #include <exception>
+#include <utility>
 
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QUrl>
 
 #include "ui/Event.h"
@@ -66,6 +68,13 @@ Answer Prompter::ask(Window* window, const MessageBox& box) {
     message.setTextFormat(Qt::PlainText);
     message.setText(toQt(box.text));
     message.setStandardButtons(buttonsOf(box.buttons));
+    for (const auto& [button, words] :
+         {std::pair(QMessageBox::Yes, &box.yes), std::pair(QMessageBox::No, &box.no),
+          std::pair(QMessageBox::Cancel, &box.cancel)}) {
+        if (QAbstractButton* shown = message.button(button); shown != nullptr && !words->empty()) {
+            shown->setText(toQt(*words));
+        }
+    }
     switch (message.exec()) {
     case QMessageBox::Yes:
         return Answer::yes;

@@ -21,6 +21,10 @@ struct MessageBox {
     Text title; ///< empty for the program's name
     Buttons buttons = Buttons::ok;
     QuestionIcon icon = QuestionIcon::none;
+    /// What the buttons for yes, no and cancel say, "&" before a mnemonic; empty for those words.
+    Text yes = {};
+    Text no = {};
+    Text cancel = {};
 
     bool operator==(const MessageBox&) const = default;
 };

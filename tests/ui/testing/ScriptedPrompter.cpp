@@ -13,6 +13,9 @@ std::string described(const MessageBox& box) {
     text << "message \"" << model::toUtf8(box.text) << "\", title \"" << model::toUtf8(box.title)
          << "\", buttons " << static_cast<int>(box.buttons) << ", icon "
          << static_cast<int>(box.icon);
+    for (const Text& words : {box.yes, box.no, box.cancel}) {
+        text << (words.empty() ? "" : ", \"" + model::toUtf8(words) + '"');
+    }
     return text.str();
 }
 
