@@ -224,7 +224,8 @@ private:
     bool isOldPage(int position, const Text& path) {
         constexpr std::size_t headSize = 200;
         std::string head;
-        return !platform::readFile(files_.find(fromPage(position, unescaped(path))), head, headSize)
+        return !platform::readPart(files_.find(fromPage(position, unescaped(path))), head, 0,
+                                   headSize)
                && head.find(generatorLine) != std::string::npos;
     }
 

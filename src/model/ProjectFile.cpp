@@ -223,7 +223,7 @@ Text formatProject(const TopicOutline& outline, const ProjectOptions& options) {
 
 std::error_code readProjectFile(const std::filesystem::path& path, Text& file) {
     constexpr std::size_t enoughForHeader = 4096;
-    std::error_code error = platform::readFile(path, file, enoughForHeader);
+    std::error_code error = platform::readPart(path, file, 0, enoughForHeader);
     if (!error && FieldReader(file).next() == projectFileHeader) {
         error = platform::readFile(path, file);
     }

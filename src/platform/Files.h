@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -12,9 +13,23 @@
 /// error, never a hang.
 namespace platform {
 
-/// Reads a file, or its first `limit` bytes. `bytes` is empty after a failure.
+/// What the standard has no error for.
+enum class FileError {
+    folderIsClosed = 1 ///< the file may be written, but its folder does not let it be exchanged
+};
+std::error_code make_error_code(FileError error);
+
+/// No file that is read as a whole, or replaced, may hold more bytes, not even a project.
+inline constexpr std::uint64_t largestFile = std::uint64_t(1) << 30U;
+
+/// Reads a file as a whole; it is too large (std::errc::file_too_large) when it holds more than
+/// `most` bytes. `bytes` is empty after a failure, which may be that there is no memory for it.
 std::error_code readFile(const std::filesystem::path& path, std::string& bytes,
-                         std::size_t limit = std::string::npos);
+                         std::uint64_t most = largestFile);
+
+/// Reads a part of a file, however large the file is: fewer bytes at its end, none behind it.
+std::error_code readPart(const std::filesystem::path& path, std::string& bytes,
+                         std::uint64_t offset, std::size_t count);
 
 /// Creates or overwrites a file in place. A failure can leave it incomplete: for files that can be
 /// made again.
@@ -28,10 +43,18 @@ enum class Access {
 
 /// Replaces a file as a whole: an interruption at any moment leaves the old contents or the new
 /// ones. The bytes have reached the disk on return. A link keeps pointing where it pointed, an
-/// existing file keeps its permissions, and a file that is write-protected is left alone. Other
-/// hard links to the old file keep the old contents.
+/// existing file keeps its permissions and attributes or less access, and a file that is
+/// write-protected is left alone. Other hard links to the old file keep the old contents.
+/// FileError::folderIsClosed means that overwriteFile() would do.
 std::error_code replaceFile(const std::filesystem::path& path, std::string_view bytes,
                             Access access = Access::usual);
+
+/// Writes over a file where it lies, for one that cannot be replaced. Its old contents are first
+/// kept as `copy`, for the person alone, and stay there; without that nothing is written. An
+/// interruption can leave the file incomplete; after a failure it has its old contents as far as
+/// they could be put back.
+std::error_code overwriteFile(const std::filesystem::path& path, std::string_view bytes,
+                              const std::filesystem::path& copy);
 
 /// A person's path, made independent of the current folder. "." and ".." are resolved, on the disk,
 /// where links count; a link in the file's own place stays.
@@ -69,3 +92,6 @@ std::filesystem::path programFile(const char* name);
 std::vector<std::filesystem::path> dictionaryFolders();
 
 } // namespace platform
+
+template <>
+struct std::is_error_code_enum<platform::FileError> : std::true_type {};

@@ -4,9 +4,14 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <limits>
+#include <new>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
+
+#include "platform/InPlace.h"
+#include "platform/posix/Permissions.h"
 
 namespace platform {
 namespace {
@@ -33,6 +38,27 @@ public:
 
     bool isOpen() const { return descriptor_ >= 0; }
     int descriptor() const { return descriptor_; }
+
+    /// Fills `bytes` from a place on; cuts them where another program has shortened the file.
+    std::error_code read(std::string& bytes, std::uint64_t offset) const {
+        std::size_t filled = 0;
+        while (filled < bytes.size()) {
+            const ssize_t got = ::pread(descriptor_, bytes.data() + filled, bytes.size() - filled,
+                                        static_cast<off_t>(offset + filled));
+            if (got < 0 && errno == EINTR) {
+                continue;
+            }
+            if (got < 0) {
+                return lastError();
+            }
+            if (got == 0) {
+                break;
+            }
+            filled += static_cast<std::size_t>(got);
+        }
+        bytes.resize(filled);
+        return {};
+    }
 
     std::error_code write(std::string_view bytes) const {
         while (!bytes.empty()) {
@@ -85,25 +111,8 @@ std::error_code flush(const File& file) {
     return ::fsync(file.descriptor()) == 0 ? std::error_code() : lastError();
 }
 
-/// Gives the file the owner, group and mode of another one, as far as the person may.
-bool takeOverPermissions(const File& file, const struct stat& old) {
-    mode_t mode = old.st_mode & 07777;
-    // Giving a file away is the superuser's right; for everybody else it becomes their own. A group
-    // can be given by its members.
-    if (::fchown(file.descriptor(), old.st_uid, old.st_gid) != 0
-        && ::fchown(file.descriptor(), static_cast<uid_t>(-1), old.st_gid) != 0) {
-        // The person's own group may do no more than everybody could.
-        mode = (mode & ~mode_t{S_IRWXG}) | (mode & S_IRWXG & (mode & S_IRWXO) << 3);
-    }
-    return ::fchmod(file.descriptor(), mode) == 0;
-}
-
-/// Writes, flushes and closes the new contents, with the owner and permissions of the file that
-/// they are to replace (`old` is null when there is none).
-std::error_code fill(File& file, std::string_view bytes, const struct stat* old) {
-    if (old != nullptr && !takeOverPermissions(file, *old)) {
-        return lastError();
-    }
+/// Writes, flushes and closes.
+std::error_code fill(File& file, std::string_view bytes) {
     if (const std::error_code error = file.write(bytes)) {
         return error;
     }
@@ -120,9 +129,20 @@ fs::path temporaryName(const fs::path& path, int attempt) {
            / (".topicsmith-" + std::to_string(::getpid()) + "-" + std::to_string(attempt));
 }
 
-} // namespace
+/// Whether a file that may be written cannot be exchanged because of the folder that it lies in, or
+/// because it is a place where something is mounted.
+bool isFoldersFault(int reason) {
+    return reason == EACCES || reason == EPERM || reason == EROFS || reason == EBUSY;
+}
 
-std::error_code readFile(const fs::path& path, std::string& bytes, std::size_t limit) {
+/// The reason why the file cannot be exchanged.
+std::error_code exchangeError(bool exists) {
+    return exists && isFoldersFault(errno) ? FileError::folderIsClosed : lastError();
+}
+
+/// Fails when the file holds more than `most`.
+std::error_code read(const fs::path& path, std::string& bytes, std::uint64_t offset,
+                     std::size_t count, std::uint64_t most) {
     bytes.clear();
     const File file(path, O_RDONLY);
     struct stat status {};
@@ -132,26 +152,31 @@ std::error_code readFile(const fs::path& path, std::string& bytes, std::size_t l
     if (const std::error_code error = requireRegular(status)) {
         return error;
     }
-    bytes.resize(std::min(static_cast<std::size_t>(status.st_size), limit));
-    std::size_t filled = 0;
-    while (filled < bytes.size()) {
-        const ssize_t count =
-            ::read(file.descriptor(), bytes.data() + filled, bytes.size() - filled);
-        if (count < 0 && errno == EINTR) {
-            continue;
-        }
-        if (count < 0) {
-            const std::error_code error = lastError();
-            bytes.clear();
-            return error;
-        }
-        if (count == 0) {
-            break; // another program has shortened the file meanwhile
-        }
-        filled += static_cast<std::size_t>(count);
+    const auto size = static_cast<std::uint64_t>(status.st_size);
+    if (size > most) {
+        return failure(std::errc::file_too_large);
     }
-    bytes.resize(filled);
-    return {};
+    try {
+        bytes.resize(std::min<std::uint64_t>(size - std::min(offset, size), count));
+    } catch (const std::bad_alloc&) {
+        return failure(std::errc::not_enough_memory);
+    }
+    const std::error_code error = file.read(bytes, offset);
+    if (error) {
+        bytes.clear();
+    }
+    return error;
+}
+
+} // namespace
+
+std::error_code readFile(const fs::path& path, std::string& bytes, std::uint64_t most) {
+    return read(path, bytes, 0, std::string::npos, most);
+}
+
+std::error_code readPart(const fs::path& path, std::string& bytes, std::uint64_t offset,
+                         std::size_t count) {
+    return read(path, bytes, offset, count, std::numeric_limits<std::uint64_t>::max());
 }
 
 std::error_code writeFile(const fs::path& path, std::string_view bytes) {
@@ -172,7 +197,29 @@ std::error_code writeFile(const fs::path& path, std::string_view bytes) {
     return error ? error : closeError;
 }
 
+std::error_code writeInPlace(const fs::path& path, std::string_view bytes) {
+    File file(path, O_WRONLY);
+    struct stat status {};
+    if (!file.isOpen() || ::fstat(file.descriptor(), &status) != 0) {
+        return lastError();
+    }
+    if (const std::error_code error = requireRegular(status)) {
+        return error;
+    }
+    // Cut behind: where there is no room for more, all of the old room is still the file's.
+    if (const std::error_code error = file.write(bytes)) {
+        return error;
+    }
+    if (::ftruncate(file.descriptor(), static_cast<off_t>(bytes.size())) != 0) {
+        return lastError();
+    }
+    return fill(file, {});
+}
+
 std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access access) {
+    if (bytes.size() > largestFile) {
+        return failure(std::errc::file_too_large); // it could not be read again
+    }
     fs::path target = path;
     if (const std::error_code error = followLinks(target)) {
         return error;
@@ -198,11 +245,17 @@ std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access
             if (errno == EEXIST) {
                 continue;
             }
-            return lastError();
+            return exchangeError(exists);
         }
-        std::error_code error = fill(file, bytes, exists ? &old : nullptr);
-        if (!error && ::rename(temporary.c_str(), target.c_str()) != 0) {
+        std::error_code error;
+        if (exists && !takeOverPermissions(file.descriptor(), target, old)) {
             error = lastError();
+        }
+        if (!error) {
+            error = fill(file, bytes);
+        }
+        if (!error && ::rename(temporary.c_str(), target.c_str()) != 0) {
+            error = exchangeError(exists);
         }
         if (error) {
             ::unlink(temporary.c_str());

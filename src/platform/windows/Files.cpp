@@ -2,7 +2,10 @@
 
 #include <aclapi.h>
 #include <algorithm>
+#include <limits>
+#include <new>
 
+#include "platform/InPlace.h"
 #include "platform/windows/System.h"
 
 namespace platform {
@@ -127,14 +130,9 @@ fs::path temporaryName(const fs::path& path, int attempt) {
               + std::to_string(attempt));
 }
 
-} // namespace
-
-HANDLE openFile(const fs::path& path, DWORD access, DWORD disposition, DWORD share, DWORD flags) {
-    return CreateFileW(systemName(path).c_str(), access, share, nullptr, disposition, flags,
-                       nullptr);
-}
-
-std::error_code readFile(const fs::path& path, std::string& bytes, std::size_t limit) {
+/// Fails when the file holds more than `most`.
+std::error_code read(const fs::path& path, std::string& bytes, std::uint64_t offset,
+                     std::size_t count, std::uint64_t most) {
     bytes.clear();
     const Handle file(openFile(path, GENERIC_READ, OPEN_EXISTING));
     if (!file.isOpen()) {
@@ -143,28 +141,57 @@ std::error_code readFile(const fs::path& path, std::string& bytes, std::size_t l
     if (const std::error_code error = requireRegular(file)) {
         return error;
     }
-    LARGE_INTEGER size{};
-    if (GetFileSizeEx(file.get(), &size) == FALSE) {
+    LARGE_INTEGER length{};
+    if (GetFileSizeEx(file.get(), &length) == FALSE) {
         return lastError();
     }
-    bytes.resize(std::min(static_cast<std::size_t>(size.QuadPart), limit));
+    const auto size = static_cast<std::uint64_t>(length.QuadPart);
+    if (size > most) {
+        return failure(std::errc::file_too_large);
+    }
+    try {
+        bytes.resize(std::min<std::uint64_t>(size - std::min(offset, size), count));
+    } catch (const std::bad_alloc&) {
+        return failure(std::errc::not_enough_memory);
+    }
+    LARGE_INTEGER place{};
+    place.QuadPart = static_cast<LONGLONG>(offset);
+    if (SetFilePointerEx(file.get(), place, nullptr, FILE_BEGIN) == FALSE) {
+        return lastError();
+    }
     std::size_t filled = 0;
     while (filled < bytes.size()) {
-        DWORD count = 0;
-        if (ReadFile(file.get(), bytes.data() + filled, portion(bytes.size() - filled), &count,
+        DWORD got = 0;
+        if (ReadFile(file.get(), bytes.data() + filled, portion(bytes.size() - filled), &got,
                      nullptr)
             == FALSE) {
             const std::error_code error = lastError();
             bytes.clear();
             return error;
         }
-        if (count == 0) {
+        if (got == 0) {
             break; // another program has shortened the file meanwhile
         }
-        filled += count;
+        filled += got;
     }
     bytes.resize(filled);
     return {};
+}
+
+} // namespace
+
+HANDLE openFile(const fs::path& path, DWORD access, DWORD disposition, DWORD share, DWORD flags) {
+    return CreateFileW(systemName(path).c_str(), access, share, nullptr, disposition, flags,
+                       nullptr);
+}
+
+std::error_code readFile(const fs::path& path, std::string& bytes, std::uint64_t most) {
+    return read(path, bytes, 0, std::string::npos, most);
+}
+
+std::error_code readPart(const fs::path& path, std::string& bytes, std::uint64_t offset,
+                         std::size_t count) {
+    return read(path, bytes, offset, count, std::numeric_limits<std::uint64_t>::max());
 }
 
 std::error_code writeFile(const fs::path& path, std::string_view bytes) {
@@ -183,7 +210,25 @@ std::error_code writeFile(const fs::path& path, std::string_view bytes) {
     return error || closed ? error : lastError();
 }
 
+std::error_code writeInPlace(const fs::path& path, std::string_view bytes) {
+    Handle file(openFile(path, GENERIC_WRITE, OPEN_EXISTING));
+    if (!file.isOpen()) {
+        return openError(path);
+    }
+    if (const std::error_code error = requireRegular(file)) {
+        return error;
+    }
+    // Cut behind: where there is no room for more, all of the old room is still the file's.
+    if (const std::error_code error = writeAll(file, bytes)) {
+        return error;
+    }
+    return SetEndOfFile(file.get()) != FALSE ? fill(file, {}) : lastError();
+}
+
 std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access /*access*/) {
+    if (bytes.size() > largestFile) {
+        return failure(std::errc::file_too_large); // it could not be read again
+    }
     fs::path target = path;
     if (const std::error_code error = followLinks(target)) {
         return error;
@@ -213,7 +258,8 @@ std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access
             if (GetLastError() == ERROR_FILE_EXISTS) {
                 continue;
             }
-            return lastError();
+            return exists && GetLastError() == ERROR_ACCESS_DENIED ? FileError::folderIsClosed
+                                                                   : lastError();
         }
         std::error_code error = fill(file, bytes);
         if (!error) {

@@ -1,0 +1,43 @@
+#include "platform/Files.h"
+
+#include "platform/InPlace.h"
+
+namespace platform {
+
+namespace {
+
+class FileErrors : public std::error_category {
+public:
+    const char* name() const noexcept override { return "files"; }
+    std::string message(int /*code*/) const override {
+        return "The folder does not allow new files";
+    }
+};
+
+} // namespace
+
+std::error_code make_error_code(FileError error) {
+    static const FileErrors category;
+    return {static_cast<int>(error), category};
+}
+
+std::error_code overwriteFile(const std::filesystem::path& path, std::string_view bytes,
+                              const std::filesystem::path& copy) {
+    if (bytes.size() > largestFile) {
+        return std::make_error_code(std::errc::file_too_large);
+    }
+    std::string old;
+    if (const std::error_code error = readFile(path, old)) {
+        return error;
+    }
+    if (const std::error_code error = replaceFile(copy, old, Access::owner)) {
+        return error;
+    }
+    const std::error_code error = writeInPlace(path, bytes);
+    if (error) {
+        static_cast<void>(writeInPlace(path, old)); // as far as that goes; the copy is whole
+    }
+    return error;
+}
+
+} // namespace platform
