@@ -127,7 +127,7 @@ public:
     void finish() {
         for (const AnchorLink& link : anchorLinks_) {
             if (!hasAnchor(link.page, link.anchor)
-                && !hasAnchor(link.page, unescaped(link.anchor))) {
+                && !hasAnchor(link.page, model::unescaped(link.anchor))) {
                 add(link.position, FindingKind::link, link.address,
                     "leads to a place that its page does not have");
             }
@@ -172,7 +172,7 @@ private:
 
     /// The position of the topic to whose page a path leads; -1 for none.
     int pageOf(int position, const Text& path) const {
-        for (const Text& each : {path, unescaped(path)}) {
+        for (const Text& each : {path, model::unescaped(path)}) {
             if (const auto found = pages_.find(keyOf(fromPage(position, each)));
                 found != pages_.end()) {
                 return found->second;
@@ -205,14 +205,14 @@ private:
         if (path.empty()) {
             return false;
         }
-        const Text key = keyOf(fromPage(position, unescaped(path)));
+        const Text key = keyOf(fromPage(position, model::unescaped(path)));
         for (const char* name : copied_) {
             if (key == keyOf(Text("../") + imageFolderName + '/' + name)) {
                 return true;
             }
         }
         std::error_code ignored;
-        for (const Text& each : {path, unescaped(path)}) {
+        for (const Text& each : {path, model::unescaped(path)}) {
             if (fs::exists(files_.find(fromPage(position, each)), ignored)) {
                 return !isOldPage(position, path);
             }
@@ -224,7 +224,7 @@ private:
     bool isOldPage(int position, const Text& path) {
         constexpr std::size_t headSize = 200;
         std::string head;
-        return !platform::readPart(files_.find(fromPage(position, unescaped(path))), head, 0,
+        return !platform::readPart(files_.find(fromPage(position, model::unescaped(path))), head, 0,
                                    headSize)
                && head.find(generatorLine) != std::string::npos;
     }
@@ -241,22 +241,6 @@ private:
 };
 
 } // namespace
-
-Text unescaped(TextView address) {
-    Text result;
-    for (std::size_t i = 0; i < address.size(); ++i) {
-        unsigned code = 0;
-        const char* digits = address.data() + i + 1;
-        if (address[i] == '%' && i + 2 < address.size()
-            && std::from_chars(digits, digits + 2, code, 16).ptr == digits + 2) {
-            result += static_cast<char>(code);
-            i += 2;
-        } else {
-            result += address[i];
-        }
-    }
-    return result;
-}
 
 void checkLinks(const model::TopicOutline& outline, const model::ProjectOptions& options,
                 const fs::path& outputFolder, std::vector<Finding>& findings) {

@@ -91,7 +91,7 @@ private:
         if (fileName.find_first_of("*?\"<>|") != Text::npos) {
             fault("Windows allows no * ? \" < > | in file names");
         }
-        if (unescaped(fileName) != fileName) {
+        if (model::unescaped(fileName) != fileName) {
             fault("in a link, % and two digits stand for another character");
         }
         const auto [first, isNew] = pages_.emplace(model::pageKey(fileName), position_);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "workshop/Encoding.h"
+
 namespace help {
 
 namespace {
@@ -71,7 +73,7 @@ void readSystem(const Table& system, ChmFacts& facts) {
             take(facts.title);
             break;
         case languageEntry:
-            facts.codePage = codePageOf(system.number(data, 4));
+            facts.codePage = workshop::codePageOf(system.number(data, 4));
             break;
         default:
             break;
@@ -100,37 +102,6 @@ std::string withEnding(const std::vector<std::string>& paths, const char* ending
 }
 
 } // namespace
-
-unsigned codePageOf(unsigned language) {
-    struct Row {
-        unsigned primary; ///< the language without its region
-        unsigned codePage;
-    };
-    constexpr Row rows[] = {
-        {0x01, 1256}, {0x02, 1251}, {0x05, 1250}, {0x08, 1253}, {0x0D, 1255}, {0x0E, 1250},
-        {0x11, 932},  {0x12, 949},  {0x15, 1250}, {0x18, 1250}, {0x19, 1251}, {0x1A, 1250},
-        {0x1B, 1250}, {0x1C, 1250}, {0x1E, 874},  {0x1F, 1254}, {0x20, 1256}, {0x22, 1251},
-        {0x23, 1251}, {0x24, 1250}, {0x25, 1257}, {0x26, 1257}, {0x27, 1257}, {0x29, 1256},
-        {0x2A, 1258}, {0x2F, 1251},
-    };
-    constexpr unsigned chinese = 0x04;
-    constexpr unsigned simplified[] = {0x0804, 0x1004};
-    constexpr unsigned serbianCyrillic[] = {0x0C1A, 0x1C1A};
-    const unsigned primary = language & 0x3FFU;
-    const auto isOneOf = [language](const auto& languages) {
-        return std::find(std::begin(languages), std::end(languages), language)
-               != std::end(languages);
-    };
-    if (primary == chinese) {
-        return isOneOf(simplified) ? 936 : 950;
-    }
-    if (isOneOf(serbianCyrillic)) {
-        return 1251;
-    }
-    const Row* row = std::find_if(std::begin(rows), std::end(rows),
-                                  [primary](const Row& each) { return each.primary == primary; });
-    return row == std::end(rows) ? 1252 : row->codePage;
-}
 
 ChmFacts readFacts(const ChmFile& file) {
     ChmFacts facts;

@@ -20,7 +20,4 @@ struct ChmFacts {
 /// Damaged parts are missing parts.
 ChmFacts readFacts(const ChmFile& file);
 
-/// The Windows code page in which texts of a language are written; `language` is an LCID.
-unsigned codePageOf(unsigned language);
-
 } // namespace help

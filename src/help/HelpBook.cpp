@@ -10,6 +10,7 @@
 #include "model/Text.h"
 #include "platform/Files.h"
 #include "platform/Unicode.h"
+#include "workshop/Encoding.h"
 
 namespace help {
 
@@ -65,7 +66,7 @@ std::optional<std::string> HelpBook::read(const std::string& path) const {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     auto bytes = file_->read(path);
     if (bytes && hasPageEnding(path)) {
-        bytes = decodedPage(*bytes, facts_.codePage).insert(0, byteOrderMark);
+        bytes = workshop::decodedPage(*bytes, facts_.codePage).insert(0, byteOrderMark);
     }
     return bytes;
 }
@@ -84,13 +85,19 @@ std::string HelpBook::pathOf(std::string_view local) const {
     return "/" + path + std::string(local.substr(anchor));
 }
 
-std::vector<SitemapEntry> HelpBook::sitemap(const std::string& file) const {
-    return file.empty() ? std::vector<SitemapEntry>()
-                        : readSitemap(decoded(file_->read(pathOf(decoded(file))).value_or("")));
+std::vector<workshop::SitemapEntry> HelpBook::sitemap(const std::string& file) const {
+    if (file.empty()) {
+        return {};
+    }
+    const std::string bytes = file_->read(pathOf(decoded(file))).value_or("");
+    auto entries = workshop::readSitemap(decoded(bytes)).entries;
+    // One may stand for another help's contents and have no name.
+    std::erase_if(entries, [](const auto& entry) { return entry.name.empty(); });
+    return entries;
 }
 
 void HelpBook::readContents() {
-    for (const SitemapEntry& entry : sitemap(facts_.contentsFile)) {
+    for (const workshop::SitemapEntry& entry : sitemap(facts_.contentsFile)) {
         const std::string page =
             entry.targets.empty() ? std::string() : pathOf(entry.targets.front().page);
         contents_.push_back({entry.depth, {entry.name, page}});
@@ -184,12 +191,12 @@ const std::vector<IndexEntry>& HelpBook::index() {
         }
     };
     std::vector<std::string> above; // keywords of the entries that this one lies in
-    for (const SitemapEntry& entry : sitemap(facts_.indexFile)) {
+    for (const workshop::SitemapEntry& entry : sitemap(facts_.indexFile)) {
         const auto depth = static_cast<std::size_t>(entry.depth);
         above.resize(depth);
         above[depth - 1] =
             (depth > 1 && !above[depth - 2].empty() ? above[depth - 2] + ", " : "") + entry.name;
-        for (const HelpTarget& target : entry.targets) {
+        for (const workshop::SitemapTarget& target : entry.targets) {
             add(above[depth - 1], {target.title, pathOf(target.page)});
         }
     }

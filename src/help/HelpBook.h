@@ -2,9 +2,15 @@
 
 #include "help/ChmFacts.h"
 #include "help/HelpSearch.h"
-#include "help/Sitemap.h"
+#include "workshop/Sitemap.h"
 
 namespace help {
+
+/// A place that contents, index or search lead to.
+struct HelpTarget {
+    std::string title;
+    std::string page; ///< as it stands in the file; empty for none
+};
 
 struct ContentsEntry {
     int depth = 1; ///< from 1
@@ -57,7 +63,7 @@ private:
     HelpBook(std::filesystem::path path, std::unique_ptr<ChmFile> file);
     std::string decoded(const std::string& bytes) const;
     std::string pathOf(std::string_view local) const;
-    std::vector<SitemapEntry> sitemap(const std::string& file) const;
+    std::vector<workshop::SitemapEntry> sitemap(const std::string& file) const;
     void readContents();
     void chooseHomePage();
     const std::vector<Page>& pages();

@@ -13,11 +13,7 @@ struct HelpPage {
     std::string text; ///< with the keywords, as searchable() makes it, without mark-up
 };
 
-/// A page in UTF-8, without a byte order mark, from the code page that it names itself, or else
-/// from the given one.
-std::string decodedPage(std::string_view bytes, unsigned codePage);
-
-/// Reads a page, whose code page is found likewise.
+/// Reads a page, whose code page is the one that it names itself, or else the given one.
 HelpPage readHelpPage(std::string_view bytes, unsigned codePage);
 
 /// In small letters, with one blank for all that stands between words.

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <filesystem>
-#include <map>
 #include <optional>
 #include <unordered_map>
+#include <vector>
 
 #include "model/Text.h"
 
@@ -20,15 +20,20 @@ public:
     /// part that nothing matches, comes out as the one that was looked for.
     std::filesystem::path find(TextView path);
 
+    /// The same for a path of this system, of any characters. What is there comes out as it is
+    /// spelt there, also where letter case does not matter.
+    std::filesystem::path findNative(const std::filesystem::path& native);
+
 private:
     std::optional<std::filesystem::path> entryOf(const std::filesystem::path& folder,
                                                  const std::filesystem::path& name);
 
-    using Names = std::unordered_map<Text, std::filesystem::path>;
+    /// Those that differ in letter case alone stand together, in the order of the alphabet.
+    using Names = std::unordered_map<std::string, std::vector<std::filesystem::path>>;
     const Names& names(const std::filesystem::path& folder);
 
     std::filesystem::path folder_;
-    std::map<std::filesystem::path, Names> listed_;
+    std::unordered_map<std::filesystem::path::string_type, Names> listed_;
 };
 
 } // namespace model

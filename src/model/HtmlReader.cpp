@@ -116,6 +116,7 @@ bool HtmlReader::takeTag() {
     name_ = piece_.substr(0, std::min(piece_.find_first_of(" \t\r\n\f/"), piece_.size()));
     closing_ = closing;
     position_ = end + 1;
+    contents_ = {};
     for (const TextView endTag : {"</script", "</style"}) {
         if (opens(endTag.substr(2))) {
             skipContents(endTag);
@@ -132,6 +133,7 @@ void HtmlReader::skipContents(TextView endTag) {
     for (std::size_t at = html_.find("</", position_); at != TextView::npos;
          at = html_.find("</", at + 1)) {
         if (startsWithIgnoringCase(html_.substr(at), endTag)) {
+            contents_ = html_.substr(position_, at - position_);
             position_ = at;
             return;
         }

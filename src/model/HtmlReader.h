@@ -54,6 +54,12 @@ public:
     /// none of that name.
     std::optional<TextView> attribute(TextView lowerName) const;
 
+    /// Where the text or the tag's name stands.
+    std::size_t offset() const { return static_cast<std::size_t>(piece_.data() - html_.data()); }
+
+    /// What was passed over behind the tag that begins a script or a style sheet.
+    TextView contents() const { return contents_; }
+
 private:
     bool hasName(TextView lowerName) const;
     bool takeTag();
@@ -65,6 +71,7 @@ private:
     std::size_t position_ = 0;
     TextView piece_;
     TextView name_; ///< empty for a text
+    TextView contents_;
     bool closing_ = false;
     bool noCommentEnd_ = false; ///< found once, so that damaged texts are not searched again
     Text missingEndTags_;       ///< likewise

@@ -1,6 +1,7 @@
 #include "model/PagePath.h"
 
 #include <algorithm>
+#include <charconv>
 
 #include "model/CodePage.h"
 #include "model/Helper.h"
@@ -74,6 +75,22 @@ Text plainPath(TextView path) {
         }
     }
     return plain.substr(std::min<std::size_t>(1, plain.size()));
+}
+
+Text unescaped(TextView address) {
+    Text result;
+    for (std::size_t i = 0; i < address.size(); ++i) {
+        unsigned code = 0;
+        const char* digits = address.data() + i + 1;
+        if (address[i] == '%' && i + 2 < address.size()
+            && std::from_chars(digits, digits + 2, code, 16).ptr == digits + 2) {
+            result += static_cast<char>(code);
+            i += 2;
+        } else {
+            result += address[i];
+        }
+    }
+    return result;
 }
 
 Text pageKey(TextView fileName) {

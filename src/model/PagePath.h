@@ -27,6 +27,9 @@ TextView pageNameFault(TextView fileName);
 /// ASCII.
 Text plainPath(TextView path);
 
+/// An address with the bytes of "%20" and the like in their places.
+Text unescaped(TextView address);
+
 /// Two names with the same key are one page: letter case does not tell pages apart, nor does the
 /// kind of slash.
 Text pageKey(TextView fileName);

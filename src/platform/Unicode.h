@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,10 @@ inline constexpr unsigned utf8CodePage = 65001;
 /// Text of a Windows code page, as UTF-8. Bytes without a character become U+FFFD; a code page that
 /// the system lacks is taken for 1252.
 std::string utf8FromCodePage(std::string_view bytes, unsigned codePage);
+
+/// The other way; nothing when the code page lacks one of the characters or the bytes are not
+/// UTF-8. A similar character never takes the place of another.
+std::optional<std::string> codePageFromUtf8(std::string_view utf8, unsigned codePage);
 
 /// The small letter of any script; other characters as they are.
 char32_t lowerCase(char32_t character);

@@ -4,14 +4,14 @@
 #include "help/ChmDirectory.h"
 #include "help/HelpPage.h"
 #include "help/HelpSearch.h"
-#include "help/Sitemap.h"
+#include "workshop/Sitemap.h"
 
 /// What a compiled help holds is read as whatever it claims to be.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-    for (const help::SitemapEntry& entry : help::readSitemap(bytes)) {
+    for (const workshop::SitemapEntry& entry : workshop::readSitemap(bytes, 1251).entries) {
         require(entry.depth >= 1 && entry.depth <= 30, "the depth has no limit");
-        require(!entry.name.empty(), "an entry without a name");
+        require(!entry.name.empty() || !entry.merge.empty(), "an entry without a name");
     }
     const help::HelpPage page = help::readHelpPage(bytes, 1252);
     require(page.text.find("  ") == std::string::npos, "two blanks in a row");

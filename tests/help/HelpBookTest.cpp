@@ -228,18 +228,6 @@ TEST(HelpBook, HoldsTheLargestProject) {
     EXPECT_EQ(book->search(HelpQuestion("topic")).size(), 500U);
 }
 
-TEST(Sitemap, DepthAndLengthHaveLimits) {
-    std::string deep;
-    for (int i = 0; i < 100000; ++i) {
-        deep += "<UL><LI><OBJECT type='text/sitemap'><param name=Name value='"
-                + std::string(i == 0 ? 100000 : 10, 'x') + "'></OBJECT>";
-    }
-    const auto entries = readSitemap(deep);
-    ASSERT_EQ(entries.size(), 100000U);
-    EXPECT_EQ(entries.back().depth, 30);
-    EXPECT_EQ(entries.front().name.size(), 1024U);
-}
-
 TEST(HelpBook, DamagedFilesDoNoHarm) {
     const test::TemporaryFolder folder;
     const std::string whole = test::bytesOf(compiledManual);

@@ -10,12 +10,12 @@ namespace platform {
 
 namespace {
 
-constexpr std::string_view replacement = "\xEF\xBF\xBD"; // U+FFFD
+constexpr std::string_view unknown = "\xEF\xBF\xBD"; // U+FFFD
 
 class Converter {
 public:
-    explicit Converter(unsigned codePage)
-        : handle_(iconv_open("UTF-8", nameOf(codePage).c_str())) {}
+    Converter(unsigned to, unsigned from)
+        : handle_(iconv_open(nameOf(to).c_str(), nameOf(from).c_str())) {}
     ~Converter() {
         if (isOpen()) {
             iconv_close(handle_);
@@ -25,15 +25,21 @@ public:
     Converter& operator=(const Converter&) = delete;
 
     static std::string nameOf(unsigned codePage) {
+        constexpr unsigned isoPage = 28590;
         switch (codePage) {
         case utf8CodePage:
             return "UTF-8";
         case 20866:
             return "KOI8-R";
+        case 50220:
+            return "ISO-2022-JP";
         case 51932:
             return "EUC-JP";
         default:
-            return "CP" + std::to_string(codePage);
+            // Windows counts the parts of that standard so.
+            return codePage > isoPage && codePage < isoPage + 17
+                       ? "ISO-8859-" + std::to_string(codePage - isoPage)
+                       : "CP" + std::to_string(codePage);
         }
     }
 
@@ -41,9 +47,10 @@ public:
         return handle_ != reinterpret_cast<iconv_t>(-1); // NOLINT(performance-no-int-to-ptr)
     }
 
-    std::string convert(std::string bytes) {
-        std::string utf8;
-        utf8.reserve(bytes.size() + bytes.size() / 8);
+    /// What cannot be converted becomes the replacement; without one, nothing comes out.
+    std::optional<std::string> convert(std::string bytes, std::string_view replacement = {}) {
+        std::string converted;
+        converted.reserve(bytes.size() + bytes.size() / 8);
         std::array<char, 4096> buffer{};
         char* from = bytes.data();
         std::size_t left = bytes.size();
@@ -51,15 +58,19 @@ public:
             char* to = buffer.data();
             std::size_t room = buffer.size();
             const std::size_t result = iconv(handle_, &from, &left, &to, &room);
-            utf8.append(buffer.data(), buffer.size() - room);
-            if (result == static_cast<std::size_t>(-1) && errno != E2BIG && left > 0) {
-                utf8 += replacement;
+            const int error = errno;
+            converted.append(buffer.data(), buffer.size() - room);
+            if (result == static_cast<std::size_t>(-1) && error != E2BIG && left > 0) {
+                if (replacement.empty()) {
+                    return {};
+                }
+                converted += replacement;
                 ++from;
                 --left;
                 iconv(handle_, nullptr, nullptr, nullptr, nullptr);
             }
         }
-        return utf8;
+        return converted;
     }
 
 private:
@@ -70,11 +81,17 @@ private:
 
 std::string utf8FromCodePage(std::string_view bytes, unsigned codePage) {
     constexpr unsigned usual = 1252;
-    Converter converter(codePage);
+    Converter converter(utf8CodePage, codePage);
     if (!converter.isOpen() && codePage != usual) {
         return utf8FromCodePage(bytes, usual);
     }
-    return converter.isOpen() ? converter.convert(std::string(bytes)) : std::string();
+    return converter.isOpen() ? converter.convert(std::string(bytes), unknown).value_or("")
+                              : std::string();
+}
+
+std::optional<std::string> codePageFromUtf8(std::string_view utf8, unsigned codePage) {
+    Converter converter(codePage, utf8CodePage);
+    return converter.isOpen() ? converter.convert(std::string(utf8)) : std::nullopt;
 }
 
 char32_t lowerCase(char32_t character) {

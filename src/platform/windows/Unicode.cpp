@@ -42,6 +42,22 @@ std::string utf8FromCodePage(std::string_view bytes, unsigned codePage) {
         bytes, codePage >= firstReal && IsValidCodePage(codePage) != FALSE ? codePage : usual));
 }
 
+std::optional<std::string> codePageFromUtf8(std::string_view utf8, unsigned codePage) {
+    const std::wstring wide = wideFromCodePage(utf8, CP_UTF8);
+    const int size = static_cast<int>(wide.size());
+    BOOL isMissing = FALSE;
+    const bool isUtf8 = codePage == CP_UTF8; // which lacks nothing, and refuses to say so
+    const DWORD exactly = isUtf8 ? 0 : WC_NO_BEST_FIT_CHARS;
+    BOOL* const missing = isUtf8 ? nullptr : &isMissing;
+    const int length =
+        WideCharToMultiByte(codePage, exactly, wide.data(), size, nullptr, 0, nullptr, missing);
+    std::string bytes(static_cast<std::size_t>(length), '\0');
+    WideCharToMultiByte(codePage, exactly, wide.data(), size, bytes.data(), length, nullptr,
+                        missing);
+    const bool isEmpty = bytes.empty() && !utf8.empty();
+    return isMissing != FALSE || isEmpty ? std::nullopt : std::optional(bytes);
+}
+
 char32_t lowerCase(char32_t character) {
     constexpr char32_t firstOfTwoUnits = 0x10000;
     if (character >= firstOfTwoUnits) {

@@ -1,0 +1,307 @@
+#include "workshop/Sitemap.h"
+
+#include <algorithm>
+#include <array>
+
+#include "model/CharacterReferences.h"
+#include "model/CodePage.h"
+#include "model/HtmlReader.h"
+#include "platform/Unicode.h"
+#include "workshop/LineCounter.h"
+
+namespace workshop {
+
+namespace {
+
+using model::equalIgnoringCase;
+
+// What a damaged or hostile file must not go beyond.
+constexpr int deepest = 30;
+constexpr std::size_t mostEntries = 500000;
+constexpr std::size_t longestText = 1024;
+constexpr std::size_t mostParameters = 1000; // of one object
+
+/// References put in their places. Those for bytes of another code page become its characters.
+std::string resolved(std::string_view text, unsigned codePage) {
+    if (codePage == plainReferences) {
+        return model::resolvedReferences(text);
+    }
+    std::string result;
+    while (!text.empty()) {
+        const model::CharacterReference reference = text.front() == '&'
+                                                        ? model::characterReferenceAt(text, 0)
+                                                        : model::CharacterReference();
+        const char32_t character = reference.character;
+        if (reference.length == 0 || character == model::unknownCharacter) {
+            result += text.front();
+            text.remove_prefix(1);
+            continue;
+        }
+        if (character >= 0xA0 && character <= 0xFF) {
+            const char byte = static_cast<char>(character);
+            result += platform::utf8FromCodePage({&byte, 1}, codePage);
+        } else {
+            model::appendUtf8(result, character);
+        }
+        text.remove_prefix(reference.length);
+    }
+    return result;
+}
+
+class SitemapReader {
+public:
+    SitemapReader(std::string_view utf8, unsigned codePage)
+        : html_(utf8), codePage_(codePage), reader_(utf8), lines_(utf8) {}
+
+    Sitemap read() {
+        while (reader_.next() && sitemap_.entries.size() < mostEntries) {
+            if (!reader_.isText()) {
+                takeTag();
+            }
+        }
+        sitemap_.isCut = sitemap_.entries.size() == mostEntries;
+        endObject(false);
+        return std::move(sitemap_);
+    }
+
+private:
+    enum class Object { none, entry, properties };
+
+    bool opensList() const {
+        return reader_.opens("ul") || reader_.opens("ol") || reader_.opens("dir");
+    }
+    bool closesList() const {
+        return reader_.closes("ul") || reader_.closes("ol") || reader_.closes("dir");
+    }
+
+    void takeTag() {
+        if (opensList()) {
+            endObject(false);
+            depth_ = std::min(depth_ + (outermostClosed_ ? 0 : 1), deepest);
+            outermostClosed_ = false;
+        } else if (closesList()) {
+            endObject(false);
+            outermostClosed_ = depth_ <= 1;
+            depth_ = std::max(depth_ - 1, 1);
+        } else if (reader_.opens("object")) {
+            endObject(false);
+            beginObject();
+        } else if (reader_.closes("object")) {
+            endObject(true);
+        } else if (reader_.opens("li")) {
+            endObject(false);
+        } else if (reader_.opens("param") && object_ != Object::none) {
+            takeParameter();
+        }
+    }
+
+    void beginObject() {
+        const std::string_view type = reader_.attribute("type").value_or("");
+        if (equalIgnoringCase(type, "text/sitemap")) {
+            object_ = Object::entry;
+            sitemap_.isStrict = sitemap_.isStrict && type == "text/sitemap" && isQuoted(type);
+        } else if (equalIgnoringCase(type, "text/site properties")) {
+            object_ = Object::properties;
+        }
+        entry_ = {std::max(depth_, 1), {}};
+        entry_.line = lines_.at(reader_.offset());
+        targetTitle_.clear();
+        lastIsRemote_ = false;
+    }
+
+    void endObject(bool isClosed) {
+        sitemap_.isStrict = sitemap_.isStrict && (isClosed || object_ == Object::none);
+        if (object_ == Object::entry) {
+            outermostClosed_ = false;
+            if (!entry_.name.empty() || !entry_.merge.empty()) {
+                sitemap_.entries.push_back(std::move(entry_));
+            }
+        }
+        object_ = Object::none;
+    }
+
+    bool isQuoted(std::string_view value) const {
+        const auto end = static_cast<std::size_t>(value.data() - html_.data()) + value.size();
+        return end < html_.size() && html_[end] == '"';
+    }
+
+    /// With the quotes that stand in it.
+    std::string_view whole(std::string_view value) const {
+        const auto start = static_cast<std::size_t>(value.data() - html_.data());
+        const std::size_t end = std::min(html_.find('>', start + value.size()), html_.size());
+        const std::string_view rest =
+            html_.substr(start + value.size(), end - start - value.size());
+        const std::size_t last = rest.rfind('"');
+        const bool goesOn = rest.starts_with('"') && last > 0 && last != std::string_view::npos
+                            && rest.find('=') == std::string_view::npos;
+        return goesOn ? html_.substr(start, value.size() + last) : value;
+    }
+
+    void takeParameter() {
+        const auto name = reader_.attribute("name");
+        const auto value = reader_.attribute("value");
+        if (!name || !value) {
+            sitemap_.isStrict = false;
+            return;
+        }
+        const std::string_view all = whole(*value);
+        sitemap_.isStrict =
+            sitemap_.isStrict && isQuoted(*name) && isQuoted(*value) && all == *value;
+        const std::string text = resolved(all.substr(0, longestText), codePage_);
+        if (object_ == Object::entry) {
+            takeOfEntry(*name, text);
+        } else if (sitemap_.properties.size() < mostParameters) {
+            sitemap_.properties.emplace_back(*name, text);
+        }
+    }
+
+    void takeOfEntry(std::string_view name, const std::string& text) {
+        const auto is = [name](std::string_view known) { return equalIgnoringCase(name, known); };
+        if (is("name") || is("keyword")) {
+            // The first is the entry's own, each further one that of the target that follows.
+            (entry_.name.empty() ? entry_.name : targetTitle_) = text;
+        } else if (is("local")) {
+            takePage(text, false);
+        } else if (is("url")) {
+            takePage(text, true);
+        } else if (is("see also")) {
+            entry_.seeAlso = text;
+        } else if (is("merge")) {
+            entry_.merge = text;
+        } else if (is("new")) {
+            entry_.isNew = text != "0";
+        } else if (is("framename") && !entry_.targets.empty()) {
+            entry_.targets.back().frame = text;
+        } else if (is("windowname") && !entry_.targets.empty()) {
+            entry_.targets.back().window = text;
+        } else if (entry_.others.size() < mostParameters) {
+            entry_.others.emplace_back(name, text);
+        }
+    }
+
+    /// An address elsewhere only counts where there is no page.
+    void takePage(const std::string& page, bool isRemote) {
+        const bool goesOn = targetTitle_.empty() && !entry_.targets.empty();
+        if (goesOn && isRemote && !lastIsRemote_) {
+            return;
+        }
+        if (goesOn && !isRemote && lastIsRemote_) {
+            entry_.targets.back().page = page;
+        } else if (entry_.targets.size() < mostParameters * 100) {
+            entry_.targets.push_back({targetTitle_.empty() ? entry_.name : targetTitle_, page});
+            entry_.targets.back().line = lines_.at(reader_.offset());
+        }
+        lastIsRemote_ = isRemote;
+        targetTitle_.clear();
+    }
+
+    std::string_view html_;
+    unsigned codePage_;
+    model::HtmlReader reader_;
+    LineCounter lines_;
+    Sitemap sitemap_;
+    SitemapEntry entry_;
+    std::string targetTitle_;
+    Object object_ = Object::none;
+    bool lastIsRemote_ = false;
+    int depth_ = 0;
+    bool outermostClosed_ = false; // until something follows
+};
+
+void appendParameter(std::string& file, std::string_view name, std::string_view value) {
+    model::append(file, "<param name=\"", name, "\" value=\"");
+    for (const char character : value) {
+        switch (character) {
+        case '&':
+            file += "&amp;";
+            break;
+        case '<':
+            file += "&lt;";
+            break;
+        case '>':
+            file += "&gt;";
+            break;
+        case '"':
+            file += "&quot;";
+            break;
+        default:
+            file += character;
+        }
+    }
+    model::appendLine(file, "\">");
+}
+
+bool isRemote(std::string_view page) {
+    return page.find("://") != std::string_view::npos;
+}
+
+void appendTarget(std::string& file, const SitemapTarget& target) {
+    appendParameter(file, isRemote(target.page) ? "URL" : "Local", target.page);
+    if (!target.frame.empty()) {
+        appendParameter(file, "FrameName", target.frame);
+    }
+    if (!target.window.empty()) {
+        appendParameter(file, "WindowName", target.window);
+    }
+}
+
+void appendEntry(std::string& file, const SitemapEntry& entry) {
+    model::appendLine(file, "<LI><OBJECT type=\"text/sitemap\">");
+    if (!entry.name.empty()) {
+        appendParameter(file, "Name", entry.name);
+    }
+    for (std::size_t i = 0; i < entry.targets.size(); ++i) {
+        // The first title would be taken for the entry's name.
+        if (entry.targets.size() > 1 || entry.targets[i].title != entry.name) {
+            appendParameter(file, "Name", entry.targets[i].title);
+        }
+        appendTarget(file, entry.targets[i]);
+    }
+    for (const auto& [name, value] :
+         {Parameter{"See Also", entry.seeAlso}, Parameter{"Merge", entry.merge},
+          Parameter{"New", entry.isNew ? "1" : ""}}) {
+        if (!value.empty()) {
+            appendParameter(file, name, value);
+        }
+    }
+    for (const auto& [name, value] : entry.others) {
+        appendParameter(file, name, value);
+    }
+    model::appendLine(file, "</OBJECT>");
+}
+
+} // namespace
+
+Sitemap readSitemap(std::string_view utf8, unsigned referenceCodePage) {
+    return SitemapReader(utf8, referenceCodePage).read();
+}
+
+std::string formatSitemap(const Sitemap& sitemap) {
+    std::string file;
+    model::appendLine(file, "<!DOCTYPE HTML PUBLIC \"-//IETF//DTD HTML//EN\">");
+    model::appendLine(file, "<HTML><HEAD><!-- Sitemap 1.0 --></HEAD><BODY>");
+    if (!sitemap.properties.empty()) {
+        model::appendLine(file, "<OBJECT type=\"text/site properties\">");
+        for (const auto& [name, value] : sitemap.properties) {
+            appendParameter(file, name, value);
+        }
+        model::appendLine(file, "</OBJECT>");
+    }
+    int depth = 0;
+    for (const SitemapEntry& entry : sitemap.entries) {
+        for (; depth < entry.depth; ++depth) {
+            model::appendLine(file, "<UL>");
+        }
+        for (; depth > entry.depth; --depth) {
+            model::appendLine(file, "</UL>");
+        }
+        appendEntry(file, entry);
+    }
+    for (; depth > 0; --depth) {
+        model::appendLine(file, "</UL>");
+    }
+    model::appendLine(file, "</BODY></HTML>");
+    return file;
+}
+
+} // namespace workshop
