@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "compile/LzxEncoder.h"
+#include "compile/LzxFormat.h"
 
 namespace compile {
 

@@ -1,22 +1,23 @@
 #include "compile/LzxEncoder.h"
 
-#include "compile/Bytes.h"
+#include "compile/BlockChoice.h"
 
 namespace compile {
 
 CompressedInterval LzxEncoder::encode(std::string_view interval) {
-    // One bit "nothing was translated", three bits of the kind, 24 bits of the size, four unused,
-    // in words of 16 bits; then the three last distances.
-    constexpr unsigned stored = 3;
-    const std::uint64_t head = std::uint64_t(stored) << 28U | std::uint64_t(interval.size()) << 4U;
+    constexpr std::size_t readBehind = 8;
+    bytes_.assign(interval.begin(), interval.end());
+    bytes_.resize(interval.size() + readBehind);
+    parser_->parse(bytes_.data(), interval.size(), tokens_);
     CompressedInterval compressed;
-    append16(compressed.bytes, head >> 16U);
-    append16(compressed.bytes, head & 0xFFFFU);
-    append32(compressed.bytes, 1);
-    append32(compressed.bytes, 1);
-    append32(compressed.bytes, 1);
-    compressed.secondFrame = compressed.bytes.size() + frameSize;
-    compressed.bytes += interval;
+    BlockWriter writer(compressed.bytes, interval);
+    std::span<const Token> rest(tokens_);
+    for (const BlockTokens& block : chooseBlocks(tokens_)) {
+        writer.write(rest.first(block.count), block.statistics);
+        rest = rest.subspan(block.count);
+    }
+    compressed.secondFrame = writer.secondFrame();
+    compressed.bytes.shrink_to_fit(); // all of them are kept until the end
     return compressed;
 }
 

@@ -1,14 +1,16 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "compile/LzxFormat.h"
+#include "compile/Parser.h"
 
 namespace compile {
-
-constexpr std::size_t frameSize = 32768;
-constexpr std::size_t framesPerInterval = 2;
-constexpr std::size_t intervalSize = frameSize * framesPerInterval;
 
 struct CompressedInterval {
     std::string bytes;
@@ -20,6 +22,11 @@ class LzxEncoder {
 public:
     /// One or two whole frames.
     CompressedInterval encode(std::string_view interval);
+
+private:
+    std::vector<std::uint8_t> bytes_; ///< of the interval, and some more
+    std::vector<Token> tokens_;
+    std::unique_ptr<Parser> parser_ = std::make_unique<Parser>(); ///< large
 };
 
 } // namespace compile
