@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "generate/PageLines.h"
+#include "model/PagePath.h"
 
 namespace generate {
 
@@ -37,7 +38,9 @@ void appendItem(Text& file, const Topic& topic, int depth) {
     const TextView inner = tabs(depth + 1);
     appendLine(file, tabs(depth), R"(<LI> <OBJECT type="text/sitemap">)");
     appendLine(file, inner, R"(<param name="Name" value=")", topic.title, R"(">)");
-    appendLine(file, inner, R"(<param name="Local" value="html/)", topic.fileName, R"(">)");
+    if (model::staysInPageFolder(topic.fileName)) { // the compiler takes in what stands here
+        appendLine(file, inner, R"(<param name="Local" value="html/)", topic.fileName, R"(">)");
+    }
     if (const TextView image = imageParameter(topic.image); !image.empty()) {
         appendLine(file, inner, image);
     }

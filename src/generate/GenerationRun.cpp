@@ -1,6 +1,7 @@
 #include "generate/GenerationRun.h"
 
 #include <algorithm>
+#include <map>
 #include <string>
 
 #include "generate/ContentsFile.h"
@@ -54,10 +55,14 @@ public:
     void makeFolders() {
         for (const char* name : {model::pageFolderName, "std", imageFolderName}) {
             noteFailure(report_.failures, folder_ / name, platform::createFolder(folder_ / name));
+            staysInside(folder_ / name);
         }
     }
 
     void copyPictures() {
+        if (!staysInside(folder_ / imageFolderName)) {
+            return;
+        }
         for (const char* name : copiedPictures(project_.options())) {
             copyPicture(name);
         }
@@ -116,11 +121,24 @@ private:
         const Text& fileName = project_.outline().at(position).fileName;
         const fs::path path = model::pagePath(folder_ / model::pageFolderName, fileName);
         if (const TextView fault = model::pageNameFault(fileName); !fault.empty()) {
-            report_.failures.push_back(
-                {path, std::string(fault) + " (topic " + std::to_string(position) + ")"});
-            return;
+            report_.failures.push_back({path, std::string(fault) + " (topic "
+                                                  + std::to_string(position)
+                                                  + "); it is in no list of the workshop's"});
+        } else if (staysInside(path.parent_path())) {
+            write(path, page);
         }
-        write(path, page);
+    }
+
+    /// Whether a folder is really one of the output's. One that is a link to elsewhere is named,
+    /// but only once: whoever made the project must not choose what a generation overwrites.
+    bool staysInside(const fs::path& folder) {
+        const auto [place, isNew] = staying_.try_emplace(folder, true);
+        if (isNew && platform::leadsOutOf(folder_, folder)) {
+            place->second = false;
+            report_.failures.push_back(
+                {folder, "a link leads out of the output folder; nothing was written there"});
+        }
+        return place->second;
     }
 
     void write(const fs::path& path, TextView contents) {
@@ -149,6 +167,7 @@ private:
     Project& project_;
     const GenerationRequest& request_;
     fs::path folder_;
+    std::map<fs::path, bool> staying_; ///< what staysInside() has found
     GenerationReport report_;
 };
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "model/PagePath.h"
+
 namespace generate {
 
 using model::appendLine;
@@ -14,8 +16,13 @@ namespace {
 
 constexpr model::TextView pageFolder = "html\\";
 
+/// The compiler takes in whatever stands in these lists.
+bool isListed(const Topic& topic) {
+    return model::staysInPageFolder(topic.fileName);
+}
+
 bool hasContext(const Topic& topic) {
-    return !topic.contextId.empty();
+    return !topic.contextId.empty() && isListed(topic);
 }
 
 void appendContexts(Text& file, const TopicOutline& outline) {
@@ -45,14 +52,19 @@ Text workshopProject(const TopicOutline& outline, const WorkshopFileNames& names
     appendLine(file, "Compatibility=1.1 or later");
     appendLine(file, "Compiled file=", names.compiled);
     appendLine(file, "Contents file=", names.contents);
-    appendLine(file, "Default topic=", pageFolder, oneLine(outline.at(1).fileName));
+    if (const auto first = std::find_if(outline.begin(), outline.end(), isListed);
+        first != outline.end()) {
+        appendLine(file, "Default topic=", pageFolder, oneLine(first->fileName));
+    }
     appendLine(file, "Display compile progress=No");
     appendLine(file, "Index file=", names.index);
     appendLine(file, "Language=0x409 English (United States)");
     appendLine(file);
     appendLine(file, "[Files]");
     for (const Topic& topic : outline) {
-        appendLine(file, pageFolder, oneLine(topic.fileName));
+        if (isListed(topic)) {
+            appendLine(file, pageFolder, oneLine(topic.fileName));
+        }
     }
     if (std::any_of(outline.begin(), outline.end(), hasContext)) {
         appendContexts(file, outline);

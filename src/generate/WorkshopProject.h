@@ -14,6 +14,7 @@ struct WorkshopFileNames {
 /// The help workshop's project file (`.hhp`) with its alias and map sections. The outline has at
 /// least one topic, and each topic both context values or none. A line break in a value, which only
 /// a foreign project can have, becomes a blank: it must not smuggle in lines of its own.
+/// Pages that a generation refuses to write are left out, see pageNameFault().
 model::Text workshopProject(const model::TopicOutline& outline, const WorkshopFileNames& names);
 
 } // namespace generate

@@ -15,10 +15,12 @@ constexpr TextView blanksAndPoints = ". ";
 
 /// Windows takes these names for devices in every folder, whatever their ending.
 bool isDevice(TextView part) {
+    constexpr TextView names[] = {"con", "prn", "aux", "nul", "conin$", "conout$"};
+    constexpr TextView numbers = "0123456789\xB9\xB2\xB3"; // the raised ones count, too
     const Text stem = lowerCase(trim(part.substr(0, part.find('.'))));
     const TextView port = TextView(stem).substr(0, 3);
-    const bool hasNumber = stem.size() == 4 && stem[3] >= '0' && stem[3] <= '9';
-    return stem == "con" || stem == "prn" || stem == "aux" || stem == "nul"
+    const bool hasNumber = stem.size() == 4 && numbers.find(stem[3]) != TextView::npos;
+    return std::find(std::begin(names), std::end(names), stem) != std::end(names)
            || (hasNumber && (port == "com" || port == "lpt"));
 }
 
@@ -60,6 +62,10 @@ TextView pageNameFault(TextView fileName) {
         }
         rest.remove_prefix(slash + 1);
     }
+}
+
+bool staysInPageFolder(TextView fileName) {
+    return fileName.empty() || pageNameFault(fileName).empty();
 }
 
 Text plainPath(TextView path) {

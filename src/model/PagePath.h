@@ -22,6 +22,10 @@ std::filesystem::path pagePath(const std::filesystem::path& pageFolder, TextView
 /// alike.
 TextView pageNameFault(TextView fileName);
 
+/// Whether a file name may stand in the lists of the help workshop, whose compiler reads what they
+/// name: it has no fault, or is empty and leads nowhere.
+bool staysInPageFolder(TextView fileName);
+
 /// A path with both kinds of slash, as one with "/" between its parts and none around them, without
 /// detours: ".." stands at most at its beginning. The bytes may be of any encoding that holds
 /// ASCII.

@@ -32,7 +32,8 @@ std::error_code readPart(const std::filesystem::path& path, std::string& bytes,
                          std::uint64_t offset, std::size_t count);
 
 /// Creates or overwrites a file in place. A failure can leave it incomplete: for files that can be
-/// made again.
+/// made again. Nothing but what has this name is written: a link in the file's place, and one of
+/// several names of a file, make way for a new file.
 std::error_code writeFile(const std::filesystem::path& path, std::string_view bytes);
 
 /// Who may read a file that did not exist before.
@@ -66,6 +67,10 @@ bool isFile(const std::filesystem::path& path);
 
 /// Whether both names lead to one file, which is there.
 bool isSameFile(const std::filesystem::path& one, const std::filesystem::path& other);
+
+/// Whether a file or folder in `folder` is one only by its name: links lead to another place. False
+/// when it is not there.
+bool leadsOutOf(const std::filesystem::path& folder, const std::filesystem::path& path);
 
 /// Makes a folder in one that is there; no error if it is there already.
 std::error_code createFolder(const std::filesystem::path& path);

@@ -91,8 +91,10 @@ TEST_F(BatchTest, FailuresAreNamedAndExitWithOne) {
     const fs::path page = (folder / "out/html/../a.htm").make_preferred();
     std::replace(errors.begin(), errors.end(), '/',
                  static_cast<char>(fs::path::preferred_separator));
-    EXPECT_EQ(errors, "Generate Help Files: " + platform::utf8FromPath(page)
-                          + ": the file name does not stay inside the page folder (topic 1)\n");
+    EXPECT_EQ(errors,
+              "Generate Help Files: " + platform::utf8FromPath(page)
+                  + ": the file name does not stay inside the page folder (topic 1); it is in no "
+                    "list of the workshop's\n");
     EXPECT_FALSE(fs::exists(folder / "out/a.htm"));
 }
 

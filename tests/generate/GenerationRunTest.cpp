@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "generate/Documentation.h"
 #include "support/TestFiles.h"
 
 using namespace model;
@@ -89,6 +90,85 @@ TEST_F(GenerationRunTest, NothingTakesTheProjectsPlaceOrSlipsIntoTheWorkshopProj
     EXPECT_EQ(run().failures.size(), linked ? 3U : 2U);
     EXPECT_TRUE(test::bytesOf(folder / "html/project.tsp").starts_with("HTML Topicsmith Format"));
     EXPECT_EQ(test::bytesOf(folder / "my.help.hhp").find("\r\nCompiled file=y"), Text::npos);
+}
+
+/// An unpacked archive is enough to bring such links.
+TEST_F(GenerationRunTest, WritesNothingThroughLinks) {
+    fs::create_directories(folder / "out/html");
+    fs::create_directory(folder / "elsewhere");
+    const auto writeVictims = [this] {
+        for (const char* name : {"victim", "t.htm", "Image.jpg"}) {
+            test::writeBytes(folder / "elsewhere" / name, "\xE9");
+        }
+    };
+    writeVictims();
+    if (!test::makeLink("../../elsewhere/victim", folder / "out/html/t.htm")) {
+        GTEST_SKIP() << "no links can be made here";
+    }
+    fs::create_hard_link(folder / "elsewhere/victim", folder / "out/html/same.htm");
+    for (const auto& [link, target] : {std::pair{"out/my.help.hhp", "../elsewhere/victim"},
+                                       {"out/my.hhc", "../elsewhere/victim"},
+                                       {"out/std", "html"},
+                                       {"out/images", "../elsewhere"},
+                                       {"out/html/sub", "../../elsewhere"}}) {
+        ASSERT_TRUE(test::makeLink(target, folder / link));
+    }
+    open(test::outlineOf({topic(1, "link", "t.htm"), topic(1, "same", "same.htm"),
+                          topic(1, "below", "sub/t.htm"), topic(1, "again", "sub\\victim")}));
+    const auto failed = [this](const char* workshopFile) {
+        const auto save = [this] { return saveProject(project, project.projectPath()); };
+        std::string names;
+        for (const auto& failure :
+             generateHelp(project, {folder / workshopFile, TOPICSMITH_PROGRAM_FOLDER, save, {}})
+                 .failures) {
+            names += failure.path.lexically_relative(folder.path()).generic_string() + "|";
+        }
+        for (const char* name : {"victim", "t.htm", "Image.jpg"}) {
+            EXPECT_EQ(test::bytesOf(folder / "elsewhere" / name), "\xE9") << name;
+        }
+        return names;
+    };
+    EXPECT_EQ(failed("out/my.help.hhp"), "out/images|out/html/sub|") << "a link within may stay";
+    for (const char* written :
+         {"out/my.help.hhp", "out/my.hhc", "out/html/t.htm", "out/html/same.htm"}) {
+        EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(folder / written))) << written;
+    }
+    fs::create_directory(folder / "other");
+    ASSERT_TRUE(test::makeLink("../elsewhere", folder / "other/html"));
+    EXPECT_EQ(failed("other/x.hhp"), "other/html|other/html/sub/t.htm|other/html/sub/victim|");
+
+    ASSERT_TRUE(test::makeLink("elsewhere/victim", folder / "all.htm"));
+    EXPECT_TRUE(generate::generateDocumentation(project, folder / "all.htm", {}).empty());
+    EXPECT_EQ(test::bytesOf(folder / "elsewhere/victim"), "\xE9");
+    EXPECT_TRUE(test::bytesOf(folder / "all.htm").starts_with("<!DOCTYPE"));
+}
+
+/// The compiler would take them in.
+TEST_F(GenerationRunTest, RefusedPagesStandInNoListOfTheWorkshops) {
+    const char* refused[] = {"../out.htm", "sub\\..\\..\\out.htm", "COM\xB9.htm", "conin$"};
+    TopicOutline outline;
+    for (const char* name : refused) {
+        outline.append(topic(1, "refused", name));
+    }
+    outline.append(topic(1, "good", "good.htm"));
+    for (int position = 1; position <= outline.count(); ++position) {
+        outline.at(position).contextId = "IDH_" + std::to_string(position);
+        outline.at(position).contextNumber = std::to_string(position);
+    }
+    open(outline);
+    const GenerationReport report = run();
+    ASSERT_EQ(report.failures.size(), std::size(refused));
+    EXPECT_NE(report.failures[0].reason.find("in no list of the workshop's"), std::string::npos);
+    const std::string workshop = test::bytesOf(folder / "my.help.hhp");
+    const std::string contents = test::bytesOf(folder / "my.hhc");
+    for (const char* name : refused) {
+        EXPECT_EQ((workshop + contents).find(name), std::string::npos) << name;
+    }
+    EXPECT_NE(workshop.find("Default topic=html\\good.htm\r\n"), std::string::npos);
+    EXPECT_NE(workshop.find("[Files]\r\nhtml\\good.htm\r\n\r\n[ALIAS]\r\nIDH_5 = html\\good.htm"
+                            "\r\n\r\n[MAP]\r\n#define IDH_5 5\r\n\r\n[INFOTYPES]\r\n"),
+              std::string::npos);
+    EXPECT_NE(contents.find("\"Local\" value=\"html/good.htm\""), std::string::npos);
 }
 
 TEST_F(GenerationRunTest, FiveHundredTopicsAndNone) {

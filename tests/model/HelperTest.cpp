@@ -67,15 +67,34 @@ TEST(PagePath, PlainPathsHaveNoDetours) {
 }
 
 TEST(PagePath, NamesThatLeaveThePageFolderAreRefused) {
-    for (const TextView fine : {"a.htm", "..a.htm", "sub/a.htm", "sub\\a.htm", "console.htm"}) {
+    for (const TextView fine : {"a.htm", "..a.htm", "sub/a.htm", "sub\\a.htm", "console.htm",
+                                "com\xB9x.htm", "conin$x"}) {
         EXPECT_EQ(pageNameFault(fine), "") << fine;
     }
     using namespace std::string_view_literals;
-    for (const TextView bad :
-         {""sv, "../a.htm"sv, "..\\a.htm"sv, "/a.htm"sv, "\\a.htm"sv, "C:a.htm"sv,
-          "x/../../a.htm"sv, "x\\..\\a.htm"sv, ".."sv, "."sv, "./a.htm"sv, "a.htm/"sv,
-          "//host/a.htm"sv, "a\0.htm"sv, "page:b.htm"sv, "sub. /a.htm"sv, ".. /a.htm"sv, "nul"sv,
-          "sub/Com1.htm"sv}) {
+    for (const TextView bad : {""sv,
+                               "../a.htm"sv,
+                               "..\\a.htm"sv,
+                               "/a.htm"sv,
+                               "\\a.htm"sv,
+                               "C:a.htm"sv,
+                               "x/../../a.htm"sv,
+                               "x\\..\\a.htm"sv,
+                               ".."sv,
+                               "."sv,
+                               "./a.htm"sv,
+                               "a.htm/"sv,
+                               "//host/a.htm"sv,
+                               "a\0.htm"sv,
+                               "page:b.htm"sv,
+                               "sub. /a.htm"sv,
+                               ".. /a.htm"sv,
+                               "nul"sv,
+                               "sub/Com1.htm"sv,
+                               "LPT\xB3.x.htm"sv,
+                               "com\xB2"sv,
+                               "ConOut$.htm"sv,
+                               "CONIN$"sv}) {
         EXPECT_NE(pageNameFault(bad), "") << bad;
     }
 }

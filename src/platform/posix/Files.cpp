@@ -93,6 +93,13 @@ std::error_code requireRegular(const struct stat& status) {
     return S_ISREG(status.st_mode) ? std::error_code() : failure(std::errc::not_supported);
 }
 
+/// Whether what is written here would arrive under another name, too.
+bool belongsElsewhere(const fs::path& path) {
+    struct stat status {};
+    return ::lstat(path.c_str(), &status) == 0
+           && (S_ISLNK(status.st_mode) || (S_ISREG(status.st_mode) && status.st_nlink > 1));
+}
+
 /// The file that a path stands for in the end, also when that file does not exist yet.
 std::error_code followLinks(fs::path& path) {
     constexpr int linkLimit = 40;
@@ -180,8 +187,11 @@ std::error_code readPart(const fs::path& path, std::string& bytes, std::uint64_t
 }
 
 std::error_code writeFile(const fs::path& path, std::string_view bytes) {
+    if (belongsElsewhere(path) && ::unlink(path.c_str()) != 0) {
+        return lastError();
+    }
     constexpr mode_t everybody = 0666; // less what the person's mask withholds
-    File file(path, O_WRONLY | O_CREAT, everybody);
+    File file(path, O_WRONLY | O_CREAT | O_NOFOLLOW, everybody);
     struct stat status {};
     if (!file.isOpen() || ::fstat(file.descriptor(), &status) != 0) {
         return lastError();
@@ -289,6 +299,15 @@ bool isFile(const fs::path& path) {
 bool isSameFile(const fs::path& one, const fs::path& other) {
     std::error_code ignored;
     return fs::equivalent(one, other, ignored);
+}
+
+bool leadsOutOf(const fs::path& folder, const fs::path& path) {
+    std::error_code error;
+    const fs::path root = fs::canonical(folder, error);
+    const fs::path place = error ? fs::path() : fs::canonical(path, error);
+    return !error
+           && std::mismatch(root.begin(), root.end(), place.begin(), place.end()).first
+                  != root.end();
 }
 
 std::error_code createFolder(const fs::path& path) {

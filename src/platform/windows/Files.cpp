@@ -61,6 +61,32 @@ std::error_code fill(Handle& file, std::string_view bytes) {
     return FlushFileBuffers(file.get()) != FALSE && file.close() ? std::error_code() : lastError();
 }
 
+/// Whether what is written here would arrive under another name, too.
+bool belongsElsewhere(const fs::path& path) {
+    const Handle file(openFile(path, 0, OPEN_EXISTING, shareAll,
+                               FILE_FLAG_OPEN_REPARSE_POINT | FILE_FLAG_BACKUP_SEMANTICS));
+    BY_HANDLE_FILE_INFORMATION facts{};
+    if (!file.isOpen() || GetFileInformationByHandle(file.get(), &facts) == FALSE) {
+        return false;
+    }
+    if ((facts.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
+        FILE_ATTRIBUTE_TAG_INFO tag{};
+        return GetFileInformationByHandleEx(file.get(), FileAttributeTagInfo, &tag, sizeof tag)
+                   != FALSE
+               && IsReparseTagNameSurrogate(tag.ReparseTag);
+    }
+    return (facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0 && facts.nNumberOfLinks > 1;
+}
+
+/// The name that leads there without a link; empty when there is nothing.
+std::wstring finalName(const Handle& file) {
+    std::wstring name(GetFinalPathNameByHandleW(file.get(), nullptr, 0, 0), L'\0');
+    const DWORD length =
+        GetFinalPathNameByHandleW(file.get(), name.data(), static_cast<DWORD>(name.size()), 0);
+    name.resize(length < name.size() ? length : 0);
+    return name;
+}
+
 /// The file that a path stands for in the end.
 std::error_code followLinks(fs::path& path) {
     const DWORD attributes = GetFileAttributesW(systemName(path).c_str());
@@ -71,13 +97,10 @@ std::error_code followLinks(fs::path& path) {
     if (!file.isOpen()) {
         return openError(path);
     }
-    std::wstring target(GetFinalPathNameByHandleW(file.get(), nullptr, 0, 0), L'\0');
-    const DWORD length =
-        GetFinalPathNameByHandleW(file.get(), target.data(), static_cast<DWORD>(target.size()), 0);
-    if (length == 0 || length >= target.size()) {
+    const std::wstring target = finalName(file);
+    if (target.empty()) {
         return lastError();
     }
-    target.resize(length);
     path = target;
     return {};
 }
@@ -195,6 +218,10 @@ std::error_code readPart(const fs::path& path, std::string& bytes, std::uint64_t
 }
 
 std::error_code writeFile(const fs::path& path, std::string_view bytes) {
+    if (belongsElsewhere(path) && DeleteFileW(systemName(path).c_str()) == FALSE
+        && RemoveDirectoryW(systemName(path).c_str()) == FALSE) { // a link to a folder
+        return lastError();
+    }
     Handle file(openFile(path, GENERIC_WRITE, OPEN_ALWAYS));
     if (!file.isOpen()) {
         return openError(path);
@@ -293,6 +320,16 @@ bool isSameFile(const fs::path& one, const fs::path& other) {
            && GetFileInformationByHandle(second.get(), &b) != FALSE
            && a.dwVolumeSerialNumber == b.dwVolumeSerialNumber
            && a.nFileIndexHigh == b.nFileIndexHigh && a.nFileIndexLow == b.nFileIndexLow;
+}
+
+bool leadsOutOf(const fs::path& folder, const fs::path& path) {
+    const Handle root(openFile(folder, 0, OPEN_EXISTING, shareAll, FILE_FLAG_BACKUP_SEMANTICS));
+    const Handle place(openFile(path, 0, OPEN_EXISTING, shareAll, FILE_FLAG_BACKUP_SEMANTICS));
+    const fs::path outer = root.isOpen() ? finalName(root) : std::wstring();
+    const fs::path inner = place.isOpen() ? finalName(place) : std::wstring();
+    return !outer.empty() && !inner.empty()
+           && std::mismatch(outer.begin(), outer.end(), inner.begin(), inner.end()).first
+                  != outer.end();
 }
 
 std::error_code createFolder(const fs::path& path) {

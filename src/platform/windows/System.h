@@ -42,9 +42,10 @@ private:
 /// The name for the system's functions, which take longer ones than usual in this form alone.
 std::wstring systemName(const std::filesystem::path& path);
 
+inline constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
 /// Opens for others to read, write and remove meanwhile, unless `share` says otherwise.
 HANDLE openFile(const std::filesystem::path& path, DWORD access, DWORD disposition,
-                DWORD share = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                DWORD flags = FILE_ATTRIBUTE_NORMAL);
+                DWORD share = shareAll, DWORD flags = FILE_ATTRIBUTE_NORMAL);
 
 } // namespace platform
