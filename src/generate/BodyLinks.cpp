@@ -58,19 +58,22 @@ void turnIntoAnchorLink(BodyCopier& copier) {
     copier.skip(isWholePage ? extension.size() : 0);
 }
 
+/// The length of the opening tag of a link; 0 when it has no end. However it is damaged, it goes no
+/// further than the next tag: what stands between them is the author's.
+std::size_t linkTagLength(TextView rest) {
+    constexpr TextView tagEnd = "'>";
+    const TextView tag = rest.substr(0, rest.find('<', 1));
+    const std::size_t end = tag.find(tagEnd, linkStart.size() - 1);
+    return end == TextView::npos ? tag.find('>') + 1 : end + tagEnd.size();
+}
+
 /// Takes the tags of links away; each opening tag takes one closing tag with it.
 class LinkRemover {
 public:
     /// Handles the tag that the copier stands at; false when it is none of a link's.
     bool handle(BodyCopier& copier) {
-        if (copier.at(linkStart) && !noTagEndLeft_) {
-            constexpr TextView tagEnd = "'>";
-            const std::size_t end = copier.rest().find(tagEnd, linkStart.size());
-            noTagEndLeft_ = end == TextView::npos;
-            if (noTagEndLeft_) {
-                return false;
-            }
-            copier.skip(end + tagEnd.size());
+        if (const std::size_t length = copier.at(linkStart) ? linkTagLength(copier.rest()) : 0) {
+            copier.skip(length);
             ++openLinks_;
             return true;
         }
@@ -84,7 +87,6 @@ public:
 
 private:
     int openLinks_ = 0;
-    bool noTagEndLeft_ = false; ///< found once, so that damaged bodies are not searched again
 };
 
 } // namespace

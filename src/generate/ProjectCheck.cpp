@@ -33,6 +33,9 @@ public:
         if (model::trim(model::oneLine(topic.body)).empty()) {
             add(FindingKind::empty, "the topic has no text");
         }
+        if (model::trim(model::oneLine(topic.title)).empty()) {
+            add(FindingKind::title, "the topic has no title");
+        }
         checkFileName(topic.fileName);
         checkContext(topic);
         checkCharacters("in the title", topic.title, true);
@@ -77,6 +80,12 @@ private:
         if (const TextView problem = model::pageNameFault(fileName); !problem.empty()) {
             fault(Text(problem));
             return;
+        }
+        const TextView name = TextView(fileName).substr(fileName.find_last_of("/\\") + 1);
+        if (model::trim(name.substr(0, name.rfind('.'))).empty()) {
+            fault("there is nothing before the ending");
+        } else if (name.starts_with(' ')) {
+            fault("the blank in front is lost when the project is saved");
         }
         const Text lower = model::lowerCase(fileName);
         if (!lower.ends_with(".htm") && !lower.ends_with(".html")) {
@@ -154,7 +163,7 @@ private:
         }
         for (std::size_t at = text.find('&'); bare && at != TextView::npos;
              at = text.find('&', at + 1)) {
-            if (isForeign(model::characterReferenceAt(text, at))) {
+            if (model::isForeign(model::characterReferenceAt(text, at))) {
                 add(FindingKind::character,
                     Text(where) + ": a character that is not in Windows-1252, "
                         + Text(text.substr(at, model::characterReferenceAt(text, at).length)));
@@ -192,15 +201,6 @@ private:
         return found;
     }
 
-    static bool isForeign(const model::CharacterReference& reference) {
-        if (reference.length == 0 || reference.character == model::unknownCharacter) {
-            return false;
-        }
-        std::string utf8;
-        model::appendUtf8(utf8, reference.character);
-        return model::htmlFromUtf8(utf8) != model::fromUtf8(utf8);
-    }
-
     const TopicOutline& outline_;
     std::vector<Finding>& findings_;
     int position_ = 0;
@@ -212,7 +212,7 @@ private:
 } // namespace
 
 const char* nameOf(FindingKind kind) {
-    constexpr const char* names[] = {"link",    "picture",   "unreached",     "empty",
+    constexpr const char* names[] = {"link",    "picture",   "unreached",     "empty",    "title",
                                      "context", "file name", "workshop line", "character"};
     return names[static_cast<std::size_t>(kind)];
 }

@@ -14,6 +14,7 @@ enum class FindingKind {
     picture,      ///< is not there
     unreached,    ///< topics that no text and no list of topics leads to
     empty,        ///< topics without a text
+    title,        ///< topics without a title
     context,      ///< context values that are incomplete, given twice, or no name or number
     fileName,     ///< page names that cannot be compiled, or are given twice
     workshopLine, ///< lines that are too long for the help workshop

@@ -71,6 +71,15 @@ char32_t numberedCharacter(TextView digits) {
 
 } // namespace
 
+bool isForeign(const CharacterReference& reference) {
+    if (reference.length == 0 || reference.character == unknownCharacter) {
+        return false;
+    }
+    std::string utf8;
+    appendUtf8(utf8, reference.character);
+    return htmlFromUtf8(utf8) != fromUtf8(utf8);
+}
+
 CharacterReference characterReferenceAt(TextView text, std::size_t offset) {
     constexpr std::size_t longest = 12;
     const TextView reference = text.substr(offset, longest);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "model/CharacterReferences.h"
 #include "platform/Files.h"
 
 namespace model {
@@ -53,17 +54,16 @@ Text makeFileName(TextView title) {
     return trimmed.empty() ? Text("Filename") : withSingleBlanks(trimmed);
 }
 
-Text withoutReferences(TextView text) {
+Text withoutForeignReferences(TextView text) {
     Text result;
-    while (!text.empty()) {
-        const std::size_t start = std::min(text.find("&#"), text.size());
-        result += text.substr(0, start);
-        text.remove_prefix(start);
-        const std::size_t prefix = std::min<std::size_t>(text.size(), 2);
-        const std::size_t end = text.find_first_not_of("0123456789", prefix);
-        const bool isReference = end != TextView::npos && end > prefix && text[end] == ';';
-        result += isReference ? TextView() : text.substr(0, prefix);
-        text.remove_prefix(isReference ? end + 1 : prefix);
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool mayBegin = text.substr(i).starts_with("&#");
+        const auto reference = mayBegin ? characterReferenceAt(text, i) : CharacterReference();
+        if (isForeign(reference)) {
+            i += reference.length - 1;
+        } else {
+            result += text[i];
+        }
     }
     return result;
 }

@@ -11,9 +11,9 @@ namespace model {
 /// are removed or replaced, and so are runs of blanks. "Filename" when nothing is left.
 Text makeFileName(TextView title);
 
-/// Without the decimal references that stand for characters outside the code page: in a page's name
-/// they would be taken for those characters, and name another file.
-Text withoutReferences(TextView text);
+/// Without the references ("&#1055;") that stand for characters outside the code page: in a page's
+/// name they would be taken for those characters, which it cannot hold. All others stay.
+Text withoutForeignReferences(TextView text);
 
 /// A context string made from a title: "IDH_OPEN_A_FILE".
 Text makeContextId(TextView title);

@@ -38,7 +38,7 @@ bool isPlainPart(TextView part) {
 } // namespace
 
 Text pageNameFor(TextView title) {
-    return makeFileName(withoutReferences(title)) + ".htm";
+    return makeFileName(withoutForeignReferences(title)) + ".htm";
 }
 
 std::filesystem::path pagePath(const std::filesystem::path& pageFolder, TextView fileName) {

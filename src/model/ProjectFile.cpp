@@ -13,9 +13,7 @@ namespace {
 NavigationType navigationTypeOf(TextView field) {
     int value = 0;
     std::from_chars(field.data(), field.data() + field.size(), value);
-    return value == static_cast<int>(NavigationType::graphicButtons)
-               ? NavigationType::graphicButtons
-               : NavigationType::textLinks;
+    return static_cast<NavigationType>(value); // a number without a name stays in the file
 }
 
 /// Reads the option fields. Those that a cut file lacks keep the values of a new project.

@@ -18,8 +18,8 @@ enum NavigationSwitch {
 };
 
 /// How the links to the first, previous and next topic look; the values are those of the project
-/// file.
-enum class NavigationType { textLinks = 0, graphicButtons = 1 };
+/// file, which may hold any other number: it gives text links, and stays until the author chooses.
+enum class NavigationType : int { textLinks = 0, graphicButtons = 1 };
 
 /// What shapes the generated pages and documentation. Saved with the project; the values here are
 /// those of a new one.

@@ -96,6 +96,13 @@ TEST_F(frmOptions, EveryControlEditsItsOption) {
     EXPECT_EQ(applied, expected);
 }
 
+TEST_F(frmOptions, ANavigationTypeWithoutANameSelectsNothing) {
+    model::ProjectOptions options;
+    options.navigationType = static_cast<model::NavigationType>(7);
+    open(options);
+    EXPECT_FALSE(dialog->optNavType[0].selected() || dialog->optNavType[1].selected());
+}
+
 TEST_F(frmOptions, UncheckingTheCopyrightKeepsItsText) {
     model::ProjectOptions options;
     options.showCopyright = true;

@@ -26,6 +26,13 @@ TEST(Helper, MakeFileNameRemovesWhatFileSystemsRefuse) {
     }
 }
 
+TEST(Helper, PageNamesLoseOnlyLettersThatTheyCannotHold) {
+    EXPECT_EQ(pageNameFor("R&#38;D &#233; \xE9 &#8364;"), "R&#38;D &#233; \xE9 &#8364;.htm");
+    EXPECT_EQ(pageNameFor("A&#937;&#x3A9;B&#1055;"), "AB.htm");
+    EXPECT_EQ(pageNameFor("&#937"), "&#937.htm");
+    EXPECT_EQ(pageNameFor("&#1055;"), "Filename.htm");
+}
+
 TEST(Helper, MakeContextIdIsInCapitals) {
     EXPECT_EQ(makeContextId("Open a file?"), "IDH_OPEN_A_FILE");
     EXPECT_EQ(makeContextId("\xE4ndern"), "IDH_\xC4NDERN");

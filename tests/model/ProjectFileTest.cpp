@@ -124,6 +124,16 @@ TEST(ProjectFile, OptionsAcceptBlanksLetterCaseAndQuotes) {
     EXPECT_EQ(read.options.navigationType, NavigationType::graphicButtons);
 }
 
+TEST(ProjectFile, ANavigationTypeWithoutANameStays) {
+    ProjectOptions options;
+    for (const int number : {7, -1, 2147483647}) {
+        options.navigationType = static_cast<NavigationType>(number);
+        const Text file = formatProject(test::flatOutline(1), options);
+        EXPECT_NE(file.find("\r\n" + std::to_string(number) + "\r\n"), Text::npos);
+        EXPECT_EQ(parseProject(file).options, options);
+    }
+}
+
 TEST(ProjectFile, EveryByteSurvives) {
     Text all;
     for (int i = 0; i < 256; ++i) {
