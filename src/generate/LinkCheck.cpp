@@ -55,13 +55,20 @@ TextView protocolOf(TextView address) {
     return isProtocol ? address.substr(0, end) : TextView();
 }
 
+/// Whether an address, or what it means, leads past the page to a root, a drive or a share.
+bool isOfThisComputer(TextView address) {
+    const TextView protocol = protocolOf(address);
+    return protocol.size() == 1 || model::equalIgnoringCase(protocol, "file")
+           || address.starts_with('/') || address.starts_with('\\');
+}
+
 class LinkChecker {
 public:
     static constexpr int allPages = 0; ///< as a position: stands on every page
 
     LinkChecker(const model::TopicOutline& outline, const fs::path& folder,
                 std::vector<const char*> copied, std::vector<Finding>& findings)
-        : outline_(outline), files_(folder / model::pageFolderName), copied_(std::move(copied)),
+        : outline_(outline), folder_(folder), files_(folder), copied_(std::move(copied)),
           findings_(findings), reached_(static_cast<std::size_t>(outline.count()) + 1) {
         for (int position = 1; position <= outline.count(); ++position) {
             pages_.emplace(keyOf(outline.at(position).fileName), position);
@@ -102,7 +109,7 @@ public:
             add(position, kind, "\"\"", "is no address");
             return;
         }
-        if (!protocol.empty() || address.starts_with('/') || address.starts_with('\\')) {
+        if (isOfThisComputer(address) || isOfThisComputer(model::unescaped(address))) {
             add(position, kind, address, "exists on this computer only");
             return;
         }
@@ -116,10 +123,10 @@ public:
         if (page > 0) {
             reach(position, page);
             noteAnchor(position, page, address);
-        } else if (page < 0 && !isThere(position, path)) {
-            add(position, kind, address,
-                isOldPage(position, path) ? "leads to the page of a topic that is gone"
-                                          : "does not exist");
+        } else if (page < 0) {
+            if (const char* problem = problemOfFile(position, path)) {
+                add(position, kind, address, problem);
+            }
         }
     }
 
@@ -165,10 +172,13 @@ private:
         return page.substr(0, slash == Text::npos ? 0 : slash + 1) + Text(path);
     }
 
-    /// A file below the output folder, by a path that starts at the page folder.
-    static Text keyOf(TextView path) {
-        return model::pageKey(model::plainPath(Text(model::pageFolderName) + '/' + Text(path)));
+    /// A path that starts at the page folder, as one from the output folder without detours. It
+    /// begins with ".." when it leads out of there.
+    static Text plainPath(TextView path) {
+        return model::plainPath(Text(model::pageFolderName) + '/' + Text(path));
     }
+
+    static Text keyOf(TextView path) { return model::pageKey(plainPath(path)); }
 
     /// The position of the topic to whose page a path leads; -1 for none.
     int pageOf(int position, const Text& path) const {
@@ -201,35 +211,51 @@ private:
         return anchors_.contains({page, anchor}) || anchors_.contains({allPages, anchor});
     }
 
-    bool isThere(int position, const Text& path) {
-        if (path.empty()) {
-            return false;
-        }
-        const Text key = keyOf(fromPage(position, model::unescaped(path)));
-        for (const char* name : copied_) {
-            if (key == keyOf(Text("../") + imageFolderName + '/' + name)) {
-                return true;
-            }
-        }
-        std::error_code ignored;
+    /// What is wrong with a path to a file; null for nothing. Only what lies in the output folder
+    /// is looked for: a project from elsewhere must not choose what is opened, here or, by names
+    /// such as "\\\\host\\file", on another machine.
+    const char* problemOfFile(int position, const Text& path) {
+        constexpr const char* isMissing = "does not exist";
+        constexpr const char* isOutside = "lies outside of the project";
         for (const Text& each : {path, model::unescaped(path)}) {
-            if (fs::exists(files_.find(fromPage(position, each)), ignored)) {
-                return !isOldPage(position, path);
+            const Text place = plainPath(fromPage(position, each));
+            if (place == ".." || place.starts_with("../")) {
+                return isOutside;
+            }
+            if (path.empty() || !model::pageNameFault(place).empty()) {
+                continue; // no file has it, though a device may
+            }
+            const fs::path file = files_.find(place);
+            if (platform::leadsOutOf(folder_, file)) {
+                return isOutside;
+            }
+            if (std::error_code ignored; fs::exists(file, ignored)) {
+                return isOldPage(file) ? "leads to the page of a topic that is gone" : nullptr;
+            }
+            if (isCopied(place)) {
+                return nullptr;
             }
         }
-        return false;
+        return isMissing;
     }
 
-    /// Whether a file is a page that was generated earlier, of a topic that is gone.
-    bool isOldPage(int position, const Text& path) {
+    /// Whether generation puts a picture there.
+    bool isCopied(const Text& place) const {
+        return std::any_of(copied_.begin(), copied_.end(), [&place](const char* name) {
+            return model::pageKey(place) == model::pageKey(Text(imageFolderName) + '/' + name);
+        });
+    }
+
+    /// Whether a file is a page that was generated earlier.
+    static bool isOldPage(const fs::path& file) {
         constexpr std::size_t headSize = 200;
         std::string head;
-        return !platform::readPart(files_.find(fromPage(position, model::unescaped(path))), head, 0,
-                                   headSize)
+        return !platform::readFile(file, head, headSize)
                && head.find(generatorLine) != std::string::npos;
     }
 
     const model::TopicOutline& outline_;
+    fs::path folder_;
     model::FileFinder files_;
     std::vector<const char*> copied_;
     std::vector<Finding>& findings_;

@@ -76,6 +76,19 @@ TEST_F(ProjectCheck, FindsOneFaultOfEveryKind) {
         }));
 }
 
+TEST_F(ProjectCheck, TopicsNeedATitleAndPagesAName) {
+    outline.at(2).title = "\r\n ";
+    for (const char* name : {".htm", "sub\\ .htm"}) {
+        outline.at(2).fileName = name;
+        EXPECT_EQ(check(),
+                  (Lines{"2 title: the topic has no title",
+                         Text("2 file name: ") + name + ": there is nothing before the ending"}));
+    }
+    outline.at(2) = topic(1, "Next", " 1.htm");
+    EXPECT_EQ(check()[1],
+              "2 file name:  1.htm: the blank in front is lost when the project is saved");
+}
+
 TEST_F(ProjectCheck, FindsWhatIsGivenTwice) {
     outline.append(topic(1, "Again", "NEXT.htm"));
     for (int position : {2, 3}) {
@@ -122,6 +135,39 @@ TEST_F(ProjectCheck, LinksStartAtThePageThatHoldsThem) {
                          "<a href='../next.htm'>1</a><img src='../../images/Image.jpg'>"
                          "<a href='start.htm'>2</a><a href='deep.htm#x'>3</a><a id='x'></a>"));
     EXPECT_EQ(check(), Lines{"3 link: start.htm: does not exist"});
+}
+
+/// Whether a file elsewhere is there must not make a difference.
+TEST_F(ProjectCheck, NothingOutsideOfTheProjectIsLookedFor) {
+    writeFile("outside.htm");
+    writeFile("p/pictures/inside.png");
+    const Text there = folder.path().generic_string() + "/outside.htm";
+    Text coded;
+    for (const char character : there) {
+        model::append(coded, character == '/' ? "%2F" : Text(1, character));
+    }
+    outline.at(1).body = "<a href='" + coded
+                         + "'>1</a><a href='%5c%5Chost\\a.htm'>2</a>"
+                           "<a href='..%2F..%5Coutside.htm'>3</a><a href='../..\\outside.htm'>4</a>"
+                           "<a href='C%3Aa.htm'>5</a><a href='..%2Fpictures%5Cinside.png'>6</a>"
+                           "<a href='a%0Ab.htm'>7</a><a href='../..a.htm'>8</a>";
+    Lines expected{"1 link: " + coded + ": exists on this computer only",
+                   "1 link: %5c%5Chost\\a.htm: exists on this computer only",
+                   "1 link: ..%2F..%5Coutside.htm: lies outside of the project",
+                   "1 link: ../..\\outside.htm: lies outside of the project",
+                   "1 link: C%3Aa.htm: exists on this computer only",
+                   "1 link: a%0Ab.htm: does not exist",
+                   "1 link: ../..a.htm: does not exist"};
+    if (test::makeLink("../../outside.htm", folder / "p/pictures/link.png")) {
+        outline.at(1).body += "<img src='../pictures/link.png'>";
+        expected.push_back("1 picture: ../pictures/link.png: lies outside of the project");
+    }
+    Lines lines;
+    for (const Finding& finding : checkProject(outline, options, folder / "p")) {
+        lines.push_back(std::to_string(finding.position) + ' ' + nameOf(finding.kind) + ": "
+                        + finding.text);
+    }
+    EXPECT_EQ(lines, expected);
 }
 
 TEST_F(ProjectCheck, FileNamesAreForWindowsAndTheWorkshop) {
