@@ -6,9 +6,10 @@
 #include "app/BatchProject.h"
 #include "app/BatchTools.h"
 #include "generate/Documentation.h"
-#include "generate/GeneratedFile.h"
 #include "generate/GenerationRun.h"
-#include "model/CodePage.h"
+#include "generate/WorkshopName.h"
+#include "import/EditedPages.h"
+#include "model/PagePath.h"
 #include "model/ProjectFile.h"
 #include "platform/Files.h"
 
@@ -48,26 +49,22 @@ bool prepareOutput(BatchSession& session, const char* title, const char* extensi
     return true;
 }
 
-/// True, and said so, when a workshop project cannot have this name: it has to stand in the
-/// workshop's own files, and the files beside it must be neither that file nor the help project.
+/// True, and said so, when a workshop project cannot have this name.
 bool refuseWorkshopName(BatchSession& session, const fs::path& workshopFile,
                         const fs::path& project) {
-    const fs::path name = workshopFile.filename();
-    if (model::nativePath(model::displayText(name)) != name) {
-        session.console.failure(helpTitle, workshopFile,
-                                "has a character in its name that the help workshop does not know");
-        return true;
+    const auto fault = generate::workshopNameFault(workshopFile, project);
+    if (fault) {
+        session.console.failure(helpTitle, fault->path, fault->reason);
     }
-    for (const char* extension : {"chm", "hhc", "hhk"}) {
-        const fs::path sibling = generate::siblingFile(workshopFile, extension);
-        if (generate::haveSameName(sibling, workshopFile)
-            || platform::isSameFile(sibling, project)) {
-            session.console.failure(helpTitle, sibling,
-                                    "is the name of a generated file; choose another output");
-            return true;
-        }
-    }
-    return false;
+    return fault.has_value();
+}
+
+/// True, and said so, when a generation would overwrite what was edited in pages.
+bool refuseEdited(BatchSession& session, const Project& project, const fs::path& workshopFile) {
+    const model::FileFailures edited = importer::editedPages(
+        project.outline(), workshopFile.parent_path() / model::pageFolderName);
+    session.console.failures(helpTitle, edited);
+    return !edited.empty();
 }
 
 /// True, and said so, when the project has no topics.
@@ -84,7 +81,8 @@ ExitCode runGenerate(BatchSession& session, const CommandLine& arguments) {
     Project project;
     if (!loadWhole(session, arguments.path(0), project) || refuseEmpty(session, project, helpTitle)
         || !prepareOutput(session, helpTitle, "hhp", project.projectPath(), output)
-        || refuseWorkshopName(session, output, project.projectPath())) {
+        || refuseWorkshopName(session, output, project.projectPath())
+        || (arguments.has("--keep-edited") && refuseEdited(session, project, output))) {
         return exitFailed;
     }
     const auto save = [&project] { return model::saveProject(project, project.projectPath()); };
@@ -141,22 +139,23 @@ ExitCode runInfo(BatchSession& session, const CommandLine& arguments) {
 constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
 
 constexpr BatchCommand commands[] = {
-    {"generate", "PROJECT.tsp OUTPUT.hhp",
-     "Writes the help workshop's sources, saves the project, prints the report.", 2, 2,
-     runGenerate},
+    {"generate", "PROJECT.tsp OUTPUT.hhp [--keep-edited]",
+     "Writes the help workshop's sources, saves the project, prints the report; with "
+     "--keep-edited only if no page was edited since it was generated.",
+     2, 2, runGenerate, "--keep-edited"},
     {"document", "PROJECT.tsp OUTPUT.htm", "Writes the whole outline as one HTML page.", 2, 2,
      runDocument},
-    {"import-vb", "PROJECT.tsp APP.vbp",
-     "Appends topics for the forms of a Visual Basic 6 project.", 2, 2, importVb},
-    {"import-text", "PROJECT.tsp OUTLINE.txt",
+    {"import-vb", "PROJECT.tsp APP.vbp [--strict]",
+     "Appends topics for the forms of a Visual Basic 6 project.", 2, 2, importVb, "--strict"},
+    {"import-text", "PROJECT.tsp OUTLINE.txt [--strict]",
      "Appends topics from lines of outline number, title and description, with tabs between.", 2, 2,
-     importText},
-    {"import-topics", "PROJECT.tsp OTHER.tsp [POSITION...]",
+     importText, "--strict"},
+    {"import-topics", "PROJECT.tsp OTHER.tsp [POSITION...] [--strict]",
      "Appends topics of another project, all of them or those at the positions.", 2, anyNumber,
-     importTopics},
-    {"synchronise", "PROJECT.tsp",
+     importTopics, "--strict"},
+    {"synchronise", "PROJECT.tsp [--strict]",
      "Takes edits of the pages in the html folder beside the project back into its topics.", 1, 1,
-     synchronise},
+     synchronise, "--strict"},
     {"find", "PROJECT.tsp TEXT [--match-case] [--whole-words] [--bodies]",
      "Lists where a text stands: position, part and offset in it, title, with tabs between.", 2, 2,
      find, "--match-case --whole-words --bodies"},

@@ -19,12 +19,20 @@ using model::Project;
 
 namespace {
 
+constexpr const char* synchroniseTitle = "Synchronize Files";
+
+/// Done, unless something is missing and the script minds.
+ExitCode codeFor(const CommandLine& arguments, bool isWhole) {
+    return isWhole || !arguments.has("--strict") ? exitDone : exitFailed;
+}
+
 /// Does an import from a file into a project, and says what came of it.
 template <typename Import>
-ExitCode runImport(BatchSession& session, const fs::path& projectFile, const fs::path& source,
-                   model::TextView title, const Import& import) {
+ExitCode runImport(BatchSession& session, const CommandLine& arguments, model::TextView title,
+                   const Import& import) {
+    const fs::path source = arguments.path(1);
     Project project;
-    if (!loadOrStart(session, projectFile, project)) {
+    if (!loadOrStart(session, arguments.path(0), project)) {
         return exitFailed;
     }
     const ImportOutcome outcome = import(project, platform::fullPath(source));
@@ -33,15 +41,19 @@ ExitCode runImport(BatchSession& session, const fs::path& projectFile, const fs:
         return exitFailed;
     }
     session.console.failures(title, outcome.skipped);
+    const bool critical = outcome.message && outcome.message->icon == model::MessageIcon::critical;
     if (outcome.message) {
         session.console.message(*outcome.message);
+    }
+    if (critical || outcome.cut) {
+        session.console.failure(title, source,
+                                critical ? "cannot be read to its end" : "ends inside of a topic");
     }
     if (outcome.projectChanged && !saveBack(session, project)) {
         return exitFailed;
     }
     session.console.result(summary(outcome));
-    const bool critical = outcome.message && outcome.message->icon == model::MessageIcon::critical;
-    return critical ? exitFailed : exitDone;
+    return critical ? exitFailed : codeFor(arguments, importer::isWhole(outcome));
 }
 
 /// A position from 1; 0 for anything else.
@@ -62,13 +74,11 @@ bool lacksPosition(const fs::path& source, int position) {
 } // namespace
 
 ExitCode importVb(BatchSession& session, const CommandLine& arguments) {
-    return runImport(session, arguments.path(0), arguments.path(1), importer::vbImportTitle,
-                     importer::importVbProject);
+    return runImport(session, arguments, importer::vbImportTitle, importer::importVbProject);
 }
 
 ExitCode importText(BatchSession& session, const CommandLine& arguments) {
-    return runImport(session, arguments.path(0), arguments.path(1), importer::textImportTitle,
-                     importer::importText);
+    return runImport(session, arguments, importer::textImportTitle, importer::importText);
 }
 
 ExitCode importTopics(BatchSession& session, const CommandLine& arguments) {
@@ -85,7 +95,7 @@ ExitCode importTopics(BatchSession& session, const CommandLine& arguments) {
                                 "has no topic " + std::to_string(*wanted.rbegin()));
         return exitFailed;
     }
-    return runImport(session, arguments.path(0), arguments.path(1), importer::topicImportTitle,
+    return runImport(session, arguments, importer::topicImportTitle,
                      [&wanted](Project& project, const fs::path& file) {
                          return importer::importTopics(project, file, [&wanted](int row) {
                              return wanted.empty() || wanted.contains(row);
@@ -107,11 +117,14 @@ ExitCode synchronise(BatchSession& session, const CommandLine& arguments) {
     for (const model::Message& conflict : result.conflicts) {
         session.console.message(conflict);
     }
+    session.console.failures(synchroniseTitle, result.withoutText);
+    session.console.failures(synchroniseTitle, result.unreadable);
     if (!result.changed.empty() && !saveBack(session, project)) {
         return exitFailed;
     }
     session.console.result(summary(result));
-    return exitDone;
+    const bool isWhole = result.conflicts.empty() && result.withoutText.empty();
+    return result.unreadable.empty() ? codeFor(arguments, isWhole) : exitFailed;
 }
 
 } // namespace app

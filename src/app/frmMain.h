@@ -209,7 +209,7 @@ private:
     void moveByKey(ui::Key& key);
     void moveByKeyOrEnter(ui::Key& key);
     void showNeighbour(int step);
-    model::Text outputName(const char* extension) const;
+    bool settleEditedPages(const std::filesystem::path& pageFolder);
 
     std::filesystem::path importFolder() const;
     std::optional<std::filesystem::path> chooseImport(model::TextView title, const char* pattern,

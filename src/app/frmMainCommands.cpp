@@ -4,9 +4,12 @@
 #include "app/frmOptions.h"
 #include "app/frmSplash.h"
 #include "generate/Documentation.h"
+#include "generate/GeneratedFile.h"
 #include "generate/GenerationRun.h"
+#include "generate/WorkshopName.h"
 #include "model/CodePage.h"
 #include "model/OutlineEditing.h"
+#include "model/PagePath.h"
 #include "platform/Files.h"
 #include "ui/WaitCursor.h"
 
@@ -76,12 +79,6 @@ void frmMain::noticeFailure(const std::error_code& error) {
     notice("Not done: " + model::fromUtf8(error.message()));
 }
 
-/// The project's name up to its first point, with another extension.
-Text frmMain::outputName(const char* extension) const {
-    const Text title = project_.projectFileTitle();
-    return title.substr(0, title.find('.')) + '.' + extension;
-}
-
 void frmMain::mnuFileGenerateHelp_Click() {
     constexpr const char* title = "Generate Help Files";
     leaveField();
@@ -92,8 +89,18 @@ void frmMain::mnuFileGenerateHelp_Click() {
     const auto file = Prompter::current().chooseFile(
         this, {ui::FileQuestion::Kind::save, "Generate Help Workshop Files",
                "Help Workshop Files (*.hhp)|*.hhp|Text Files (*.txt)|*.txt|All Files (*.*)|*.*", 1,
-               files_.folder(), model::nativePath(outputName("hhp")), "hhp"});
+               files_.folder(), generate::proposedWorkshopName(project_.projectPath()), "hhp"});
     if (!file) {
+        return;
+    }
+    const fs::path workshopFile = platform::fullPath(*file);
+    if (const auto fault = generate::workshopNameFault(workshopFile, project_.projectPath())) {
+        Prompter::current().tell(this, {model::displayText(fault->path.filename()) + ": "
+                                            + model::fromUtf8(fault->reason),
+                                        title, model::MessageIcon::exclamation});
+        return;
+    }
+    if (!settleEditedPages(workshopFile.parent_path() / model::pageFolderName)) {
         return;
     }
     report_ = std::make_unique<dlgReport>(*this);
@@ -111,7 +118,7 @@ void frmMain::mnuFileGenerateHelp_Click() {
         report_->show();
     };
     const generate::GenerationReport report =
-        generate::generateHelp(project_, {platform::fullPath(*file), programFolder_, save, show});
+        generate::generateHelp(project_, {workshopFile, programFolder_, save, show});
     report_->txtReport.setText(report.text);
     report_->activate(); // a question for the project's name may have come before it
     updateStatus();
@@ -130,7 +137,7 @@ void frmMain::mnuFileGenerateDoc_Click() {
     const auto file = Prompter::current().chooseFile(
         this, {ui::FileQuestion::Kind::save, "Generate Help Documentation as HTML",
                "HTML Files (*.htm)|*.htm||All Files (*.*)|*.*", 1, folder,
-               model::nativePath(outputName("htm")), "htm"});
+               generate::siblingFile(project_.projectPath().filename(), "htm"), "htm"});
     if (!file) {
         return;
     }

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "app/frmMain.h"
+#include "generate/GeneratedFile.h"
 #include "import/Synchroniser.h"
 #include "import/TextImport.h"
 #include "import/VbImport.h"
@@ -115,14 +116,14 @@ void frmMain::mnuFileSynch_Click() {
         Prompter::current().tell(this, *message);
         return;
     }
-    const Text title = project_.projectFileTitle();
-    const Text beginning =
-        title.substr(0, title.find('.') + 1); // nothing of a name without a point
+    // Of a name without a point nothing is proposed but the extension.
+    const fs::path name = project_.projectPath().filename();
+    const fs::path proposed = name.has_extension() ? generate::siblingFile(name, "tsp") : "tsp";
     const auto file = Prompter::current().chooseFile(
         this, {ui::FileQuestion::Kind::open, "Synchronize Help HTML Files with Topicsmith Project",
                "Topicsmith Project Files (*.tsp)|*.tsp|Text Files (*.txt)|*.txt|All Files "
                "(*.*)|*.*",
-               1, files_.folder(), model::nativePath(beginning + "tsp"), "tsp"});
+               1, files_.folder(), proposed, "tsp"});
     if (!file || !closeEditor()) {
         return;
     }
@@ -135,7 +136,7 @@ void frmMain::mnuFileSynch_Click() {
     for (const model::Message& conflict : result.conflicts) {
         Prompter::current().tell(this, conflict);
     }
-    notice(summary(result));
+    notice(summary(result) + untouchedPages(result));
 }
 
 /// A project is opened; anything that can be imported is, into that project where there is one.

@@ -28,21 +28,29 @@ Text summary(const ImportOutcome& outcome) {
     return text;
 }
 
-Text skippedForms(const ImportOutcome& outcome) {
-    const model::FileFailures& skipped = outcome.skipped;
+Text named(const model::FileFailures& files) {
     constexpr std::size_t shown = 20;
     Text list;
-    for (std::size_t i = 0; i < std::min(skipped.size(), shown); ++i) {
-        model::append(list, i == 0 ? ": " : ", ", model::displayText(skipped[i].path.filename()),
-                      " (", model::fromUtf8(skipped[i].reason), ")");
+    for (std::size_t i = 0; i < std::min(files.size(), shown); ++i) {
+        model::append(list, i == 0 ? ": " : ", ", model::displayText(files[i].path.filename()),
+                      " (", model::fromUtf8(files[i].reason), ")");
     }
-    if (skipped.size() > shown) {
-        model::append(list, " and ", std::to_string(skipped.size() - shown), " more");
+    if (files.size() > shown) {
+        model::append(list, " and ", std::to_string(files.size() - shown), " more");
     }
     return list;
 }
 
+Text skippedForms(const ImportOutcome& outcome) {
+    return named(outcome.skipped);
+}
+
+bool isWhole(const ImportOutcome& outcome) {
+    return outcome.skipped.empty() && outcome.leftOut == 0 && !outcome.message && !outcome.cut;
+}
+
 bool appendTopic(model::Project& project, model::Topic topic, ImportOutcome& outcome) {
+    topic.title = model::trim(topic.title); // as it will be read again
     if (project.outline().full()) {
         ++outcome.leftOut;
         return false;

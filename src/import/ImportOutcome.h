@@ -19,6 +19,7 @@ struct ImportOutcome {
     std::optional<model::Message> message; ///< what the author has to be told
     model::FileFailures skipped;           ///< forms that gave no topic, as the source names them
     int leftOut = 0;                       ///< topics for which the outline had no room
+    bool cut = false;                      ///< the input ends inside of a topic
 };
 
 /// "12 topics imported, 2 forms skipped", for a line on the screen.
@@ -26,6 +27,12 @@ model::Text summary(const ImportOutcome& outcome);
 
 /// ": frmMap.frm (No such file or directory), ...", to go on with; empty when no form was skipped.
 model::Text skippedForms(const ImportOutcome& outcome);
+
+/// The same of any files.
+model::Text named(const model::FileFailures& files);
+
+/// Whether everything came in that the input holds.
+bool isWhole(const ImportOutcome& outcome);
 
 /// Appends a topic unless the outline is full, which is noted.
 bool appendTopic(model::Project& project, model::Topic topic, ImportOutcome& outcome);

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "model/FileFailure.h"
 #include "model/Message.h"
 #include "model/Project.h"
 
@@ -10,7 +11,8 @@ namespace importer {
 struct Synchronisation {
     std::vector<int> changed;              ///< positions of the topics that took a page's text
     std::vector<model::Message> conflicts; ///< pages edited while their topics were, too
-    std::vector<int> withoutPage;          ///< topics whose page is missing or has no whole block
+    model::FileFailures withoutText;       ///< pages that are missing or have no whole block
+    model::FileFailures unreadable;        ///< pages of which nothing is known
 };
 
 /// Takes what was edited in the generated pages back into the topics' bodies. A topic that was
@@ -21,7 +23,11 @@ Synchronisation synchronise(model::Project& project, const std::filesystem::path
 /// The message instead for a project without topics; nothing for any other.
 std::optional<model::Message> nothingToSynchronise(const model::Project& project);
 
-/// "2 topics taken back, 1 conflict, 3 pages missing or damaged", for a line on the screen.
+/// "2 topics taken back, 1 conflict, 3 pages missing or damaged, 1 page unreadable", for a line on
+/// the screen.
 model::Text summary(const Synchronisation& result);
+
+/// ": a.htm (Permission denied), ...", to go on with: the pages that could not be looked at.
+model::Text untouchedPages(const Synchronisation& result);
 
 } // namespace importer

@@ -10,12 +10,14 @@ using model::Topic;
 
 namespace {
 
-Topic readTopic(model::FieldReader& fields) {
+Topic readTopic(model::FieldReader& fields, bool& cut) {
     Topic topic;
     for (Text Topic::*field : model::topicFields) {
         topic.*field = fields.next();
+        cut = cut || fields.cutAtEnd();
     }
     topic.body = fields.next();
+    cut = cut || fields.cutInQuotes();
     return topic;
 }
 
@@ -28,6 +30,7 @@ void readTopics(model::FieldReader& fields, FileTopics& result) {
     constexpr int skippedFields = 8; // seven options and the first topic's marker
     model::TextView marker;
     for (int i = 0; i < skippedFields; ++i) {
+        result.cut = result.cut || (i + 1 < skippedFields && fields.atEnd());
         marker = fields.next();
     }
     while (!fields.atEnd()) {
@@ -35,7 +38,7 @@ void readTopics(model::FieldReader& fields, FileTopics& result) {
             result.stop = LoadStop::corrupted;
             return;
         }
-        result.topics.push_back(readTopic(fields));
+        result.topics.push_back(readTopic(fields, result.cut));
         marker = fields.next();
     }
 }
@@ -59,6 +62,7 @@ ImportOutcome importTopics(model::Project& project, const std::filesystem::path&
     ImportOutcome outcome;
     outcome.readError = source.readError;
     outcome.message = messageFor(source.stop);
+    outcome.cut = source.cut;
     const model::UndoStep step(project, "Import Topics");
     int row = 0;
     for (Topic& topic : source.topics) {

@@ -12,6 +12,8 @@ struct FileTopics {
     std::error_code readError;
     std::vector<model::Topic> topics; ///< those before the place where reading stopped
     model::LoadStop stop = model::LoadStop::none;
+    bool cut =
+        false; ///< the file ends inside of a topic, which is there as far as it goes, or before
 };
 
 /// Reads the topics of another project file, as they stand there. Expects the topics behind seven

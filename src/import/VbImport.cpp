@@ -57,7 +57,7 @@ Topic topicOf(VbForm form) {
     return topic;
 }
 
-/// `path` is as it stands in the project file.
+/// `path` is as it stands in the project file; not empty.
 void importForm(Project& project, TextView path, model::FileFinder& finder,
                 ImportOutcome& outcome) {
     if (project.outline().full()) {
@@ -156,7 +156,11 @@ ImportOutcome importVbProject(Project& project, const fs::path& projectFile) {
     }
     model::FileFinder finder(platform::fullPath(projectFile).parent_path());
     for (const Text& form : file.forms) {
-        importForm(project, form, finder, outcome);
+        if (form.empty()) {
+            outcome.skipped.push_back({projectFile, "a form without a file"});
+        } else {
+            importForm(project, form, finder, outcome);
+        }
     }
     CallLinker linker(project);
     for (int position = 1; position <= project.outline().count(); ++position) {

@@ -15,26 +15,45 @@ std::int32_t leadingNumber(TextView text) {
     return number;
 }
 
-/// Reads on behind the start marker; false when the end marker is missing.
-bool readContent(LineReader& lines, ProtectedBlock& block) {
-    bool first = true;
-    for (TextView line; lines.next(line); first = false) {
-        if (line.starts_with(blockEnd)) {
-            return true;
-        }
-        if (first) {
-            block.content = line;
-            block.asIs = line;
-        } else {
-            append(block.content, lineBreak, line);
-            const char* end = line.data() + line.size();
-            block.asIs = {block.asIs.data(), static_cast<std::size_t>(end - block.asIs.data())};
-        }
+void appendContentLine(ProtectedBlock& block, TextView line, bool isFirst) {
+    if (isFirst) {
+        block.content = line;
+        block.asIs = line;
+    } else {
+        append(block.content, lineBreak, line);
+        const char* end = line.data() + line.size();
+        block.asIs = {block.asIs.data(), static_cast<std::size_t>(end - block.asIs.data())};
     }
-    return false;
+}
+
+/// Reads on behind the start marker.
+std::optional<ProtectedBlock> readContent(LineReader& lines, ProtectedBlock block) {
+    std::optional<ProtectedBlock> first;
+    bool isFirstLine = true;
+    for (TextView line; lines.next(line); isFirstLine = false) {
+        if (line.starts_with(blockEnd)) {
+            if (block.hasGeneratedLength()) {
+                return block;
+            }
+            if (first) {
+                first->endUnknown = true;
+            } else {
+                first = block;
+            }
+        }
+        appendContentLine(block, line, isFirstLine);
+    }
+    return first;
 }
 
 } // namespace
+
+bool ProtectedBlock::hasGeneratedLength() const {
+    const auto isGenerated = [this](std::size_t length) {
+        return generatedLength >= 0 && length == static_cast<std::size_t>(generatedLength);
+    };
+    return isGenerated(content.size()) || isGenerated(asIs.size());
+}
 
 void appendProtectedBlock(Text& page, TextView body) {
     const TextView content = body.empty() ? placeholderBody : body;
@@ -49,7 +68,7 @@ std::optional<ProtectedBlock> findProtectedBlock(TextView page) {
         if (line.starts_with(blockStart)) {
             ProtectedBlock block;
             block.generatedLength = leadingNumber(line.substr(blockStart.size()));
-            return readContent(lines, block) ? std::optional(std::move(block)) : std::nullopt;
+            return readContent(lines, std::move(block));
         }
     }
     return {};

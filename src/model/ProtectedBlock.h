@@ -28,9 +28,17 @@ struct ProtectedBlock {
 
     /// The content's length when the page was generated, from the marker; 0 when that holds none.
     std::int32_t generatedLength = 0;
+
+    /// The end marker stands behind the beginning several times, because the text holds it itself,
+    /// and none of them gives the generated length: nobody can tell where the text ends. `content`
+    /// goes on to the first.
+    bool endUnknown = false;
+
+    bool hasGeneratedLength() const;
 };
 
-/// The first block of a page; nothing when there is none or its end is missing.
+/// The first block of a page; nothing when there is none or its end is missing. Of several end
+/// markers that one counts with which the content has the generated length.
 std::optional<ProtectedBlock> findProtectedBlock(TextView page);
 
 } // namespace model

@@ -187,8 +187,44 @@ TEST_F(BatchTest, ImportTopicsTakesPositions) {
     }
     EXPECT_EQ(run({"import-topics", project, folder / "o.tsp", "1", "4"}), exitFailed);
     EXPECT_EQ(run({"import-topics", project, project}), exitFailed);
-    EXPECT_EQ(errors, "Error: Corrupted Input File, Loading Stopped\n");
+    EXPECT_EQ(errors, "Error: Corrupted Input File, Loading Stopped\n"
+                      "Import from Topicsmith Project File: "
+                          + project + ": cannot be read to its end\n");
     EXPECT_EQ(test::bytesOf(project), before);
+}
+
+/// What comes in comes in; only the exit code is another.
+TEST_F(BatchTest, StrictImportsMindWhatIsMissing) {
+    const auto isWhole = [this](const std::string& command, const std::string& source) {
+        const std::string project = folder / "p.tsp";
+        fs::remove(project);
+        EXPECT_EQ(run({command, project, source}), exitDone) << command;
+        const std::string lenient = test::bytesOf(project) + output + errors;
+        fs::remove(project);
+        const ExitCode code = run({command, "--strict", project, source});
+        EXPECT_EQ(test::bytesOf(project) + output + errors, lenient);
+        return code == exitDone;
+    };
+    test::writeBytes(folder / "app.vbp", "Title=T\r\n");
+    EXPECT_TRUE(isWhole("import-vb", folder / "app.vbp"));
+    test::writeBytes(folder / "app.vbp", "Title=T\r\nForm=\r\n");
+    EXPECT_FALSE(isWhole("import-vb", folder / "app.vbp"));
+    std::string outline;
+    for (int i = 0; i < 500; ++i) {
+        outline += "1\tA\r\n";
+    }
+    test::writeBytes(folder / "in.txt", outline);
+    EXPECT_TRUE(isWhole("import-text", folder / "in.txt"));
+    test::writeBytes(folder / "in.txt", outline + "x");
+    EXPECT_FALSE(isWhole("import-text", folder / "in.txt"));
+    const std::string head = "HTML Topicsmith Format 1\r\n1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n";
+    const std::string whole = model::formatProject(test::flatOutline(2), {});
+    const std::string topics = whole.substr(whole.find("++"));
+    test::writeBytes(folder / "o.tsp", head + topics);
+    EXPECT_TRUE(isWhole("import-topics", folder / "o.tsp"));
+    test::writeBytes(folder / "o.tsp", head + topics.substr(0, topics.size() - 20));
+    EXPECT_FALSE(isWhole("import-topics", folder / "o.tsp"));
+    EXPECT_NE(errors.find("o.tsp: ends inside of a topic\n"), std::string::npos);
 }
 
 TEST_F(BatchTest, SynchroniseReadsThePagesBesideTheProject) {
@@ -213,6 +249,45 @@ TEST_F(BatchTest, SynchroniseReadsThePagesBesideTheProject) {
     EXPECT_EQ(run({"synchronise", save("empty.tsp", {})}), exitFailed);
     EXPECT_EQ(errors,
               "HTML Topicsmith: You need to have at least 1 Help Topic to Synchronize with\n");
+}
+
+TEST_F(BatchTest, SynchroniseNamesPagesThatItCannotTake) {
+    const std::string project = save("p.tsp", test::flatOutline(3));
+    EXPECT_EQ(run({"generate", project, folder / "p.hhp"}), exitDone);
+    EXPECT_EQ(run({"synchronise", project, "--strict"}), exitDone);
+    const fs::path page = folder / "html/t2.htm";
+    test::writeBytes(page, "re-indented \xE9");
+    EXPECT_EQ(run({"synchronise", project}), exitDone);
+    EXPECT_EQ(errors, "Synchronize Files: " + page.string()
+                          + ": the marker lines around its text are missing or damaged\n");
+    EXPECT_EQ(run({"synchronise", project, "--strict"}), exitFailed);
+    fs::remove(page);
+    fs::create_directory(page);
+    EXPECT_EQ(run({"synchronise", project}), exitFailed);
+    EXPECT_EQ(errors, "Synchronize Files: " + page.string() + ": Is a directory\n");
+    EXPECT_EQ(output, "No topics taken back, no conflicts, 1 page unreadable\n");
+}
+
+TEST_F(BatchTest, GenerateCanLeaveEditedPagesAlone) {
+    const std::string project = save("p.tsp", test::flatOutline(2));
+    const Arguments keep{"generate", "--keep-edited", project, folder / "p.hhp"};
+    EXPECT_EQ(run(keep), exitDone) << errors;
+    EXPECT_EQ(run(keep), exitDone) << errors;
+    const fs::path page = folder / "html/t2.htm";
+    std::string edited = test::bytesOf(page);
+    edited.replace(edited.find("text"), 4, "TEXT"); // not even the length changes
+    test::writeBytes(page, edited);
+    fs::remove(folder / "p.hhc");
+    const std::string before = test::bytesOf(project);
+    EXPECT_EQ(run(keep), exitFailed);
+    EXPECT_EQ(output, "");
+    EXPECT_EQ(errors,
+              "Generate Help Files: " + page.string() + ": was edited since it was generated\n");
+    EXPECT_EQ(test::bytesOf(page), edited);
+    EXPECT_EQ(test::bytesOf(project), before);
+    EXPECT_FALSE(fs::exists(folder / "p.hhc"));
+    EXPECT_EQ(run({"generate", project, folder / "p.hhp"}), exitDone);
+    EXPECT_NE(test::bytesOf(page), edited);
 }
 
 TEST_F(BatchTest, FindListsMatches) {

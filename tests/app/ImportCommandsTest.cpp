@@ -211,6 +211,7 @@ TEST_F(ImportCommands, SynchronisingTakesEditsAndTellsConflicts) {
         bytes.replace(bytes.find("text"), 4, "edited");
         test::writeBytes(folder / "html" / page, bytes);
     }
+    fs::remove(folder / "html/c.htm");
     window->showTopic(2);
     enter(window->txtTitle);
     type("!");
@@ -222,5 +223,7 @@ TEST_F(ImportCommands, SynchronisingTakesEditsAndTellsConflicts) {
     EXPECT_EQ(titles(), "a:S b!:C c:");
     EXPECT_EQ(topic(1).body + topic(2).body + topic(3).body, "editedtexttext");
     EXPECT_EQ(project().currentIndex(), 2);
-    EXPECT_EQ(status(), "p.tsp     1 topic taken back, 1 conflict");
+    EXPECT_EQ(status(),
+              "p.tsp     1 topic taken back, 1 conflict, 1 page missing or damaged: c.htm "
+              "(No such file or directory)");
 }

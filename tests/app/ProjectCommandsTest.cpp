@@ -15,6 +15,9 @@ namespace {
 constexpr const char* projectFilter =
     "Topicsmith Project Files (*.tsp)|*.tsp|Text Files (*.txt)|*.txt|All Files (*.*)|*.*";
 
+constexpr const char* workshopFilter =
+    "Help Workshop Files (*.hhp)|*.hhp|Text Files (*.txt)|*.txt|All Files (*.*)|*.*";
+
 /// New, Open, Save, generation and Exit in the main window.
 class ProjectCommands : public test::MainWindow {
 protected:
@@ -255,14 +258,13 @@ TEST_F(ProjectCommands, GenerationRepairsReportsAndSaves) {
     test::writeBytes(folder / "my.first.tsp", model::formatProject(outline, {}));
     open(folder / "my.first.tsp");
     clickRow(window->lvLevels, 2);
-    const FileQuestion question{
-        FileQuestion::Kind::save,
-        "Generate Help Workshop Files",
-        "Help Workshop Files (*.hhp)|*.hhp|Text Files (*.txt)|*.txt|All Files (*.*)|*.*",
-        1,
-        folder.path(),
-        "my.hhp",
-        "hhp"};
+    const FileQuestion question{FileQuestion::Kind::save,
+                                "Generate Help Workshop Files",
+                                workshopFilter,
+                                1,
+                                folder.path(),
+                                "my.hhp",
+                                "hhp"};
     prompter.expect(question, std::nullopt);
     EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Help Files"}));
     EXPECT_FALSE(fs::exists(folder / "html"));
@@ -297,6 +299,94 @@ TEST_F(ProjectCommands, GenerationRepairsReportsAndSaves) {
     EXPECT_EQ(topic(2).fileName, "A.htm");
     EXPECT_EQ(topic(2).contextNumber, "7");
     EXPECT_TRUE(project().dataChanged());
+}
+
+TEST_F(ProjectCommands, GenerationAsksOnceBeforeItOverwritesEditedPages) {
+    test::writeBytes(folder / "a.tsp", model::formatProject(titled({"a", "b", "c"}), {}));
+    open(folder / "a.tsp");
+    const auto expectName = [this] {
+        prompter.expect(FileQuestion{FileQuestion::Kind::save, "Generate Help Workshop Files",
+                                     workshopFilter, 1, folder.path(), "a.hhp", "hhp"},
+                        folder / "a.hhp");
+    };
+    const auto generate = [this] {
+        EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Help Files"}));
+        prompter.verify();
+    };
+    const auto edit = [this](const char* page, const char* from, const char* to) {
+        std::string bytes = test::bytesOf(folder / "html" / page);
+        bytes.replace(bytes.find(from), std::string(from).size(), to);
+        test::writeBytes(folder / "html" / page, bytes);
+    };
+    const auto expectQuestion = [this, &expectName](const std::string& pages, Answer answer) {
+        expectName();
+        prompter.expect({pages, "Generate Help Files", Buttons::yesNoCancel,
+                         QuestionIcon::exclamation, "&Synchronize First", "&Overwrite"},
+                        answer);
+    };
+    const std::string one = "1 page would be overwritten that may hold what the project lacks:\r\n"
+                            "\r\na.htm: was edited since it was generated";
+    for (int i = 0; i < 2; ++i) { // without a question
+        expectName();
+        generate();
+    }
+    edit("a.htm", "text",
+         "\xC9"
+         "dited");
+    expectQuestion(one, Answer::cancel);
+    generate();
+    EXPECT_EQ(topic(1).body, "text");
+    expectQuestion(one, Answer::yes);
+    generate();
+    EXPECT_EQ(topic(1).body, "\xC9"
+                             "dited");
+    EXPECT_EQ(titles(), "a: b: c:");
+
+    edit("a.htm", "dited", "dited again");
+    edit("b.htm", "*Do Not Remove* [", "[");
+    const std::string damaged =
+        "\r\n\r\nb.htm: the marker lines around its text are missing or damaged";
+    expectQuestion("2 pages would be overwritten that may hold what the project lacks:\r\n\r\n"
+                   "a.htm: was edited since it was generated"
+                       + damaged.substr(2),
+                   Answer::yes);
+    prompter.expect({"Nothing was generated, because 1 page could not be taken back:" + damaged,
+                     "Generate Help Files", Buttons::ok, QuestionIcon::exclamation});
+    generate();
+    EXPECT_EQ(titles(), "a:S b: c:");
+    expectQuestion("1 page would be overwritten that may hold what the project lacks:" + damaged,
+                   Answer::no);
+    generate();
+    EXPECT_EQ(titles(), "a: b: c:");
+    expectName();
+    generate();
+}
+
+/// The help workshop's files are in its code page.
+TEST_F(ProjectCommands, NamesThatTheWorkshopCannotReadAreNeitherProposedNorTaken) {
+    const fs::path file = folder / fs::path(u8"помощь.tsp");
+    test::writeBytes(file, model::formatProject(titled({"a"}), {}));
+    open(file);
+    const auto expectName = [this](fs::path answer) {
+        prompter.expect(FileQuestion{FileQuestion::Kind::save, "Generate Help Workshop Files",
+                                     workshopFilter, 1, folder.path(), "help.hhp", "hhp"},
+                        std::move(answer));
+    };
+    expectName(folder / fs::path(u8"é помощь.hhp"));
+    prompter.expect({"\xE9 ??????.hhp: has a character in its name that the help workshop does not "
+                     "know",
+                     "Generate Help Files", Buttons::ok, QuestionIcon::exclamation});
+    EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Help Files"}));
+    expectName(folder / "a.hhk");
+    prompter.expect({"a.hhk: is the name of a generated file; choose another output",
+                     "Generate Help Files", Buttons::ok, QuestionIcon::exclamation});
+    EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Help Files"}));
+    EXPECT_FALSE(fs::exists(folder / "html"));
+    prompter.expect(FileQuestion{FileQuestion::Kind::save, "Generate Help Documentation as HTML",
+                                 "HTML Files (*.htm)|*.htm||All Files (*.*)|*.*", 1, folder.path(),
+                                 fs::path(u8"помощь.htm"), "htm"},
+                    std::nullopt);
+    EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Documentation"}));
 }
 
 TEST_F(ProjectCommands, DocumentationTakesItsPicturesFromTheProjectsFolder) {

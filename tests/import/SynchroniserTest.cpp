@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "generate/GenerationRun.h"
+#include "import/EditedPages.h"
+#include "import/ImportOutcome.h"
 #include "model/ProtectedBlock.h"
 #include "support/TestFiles.h"
 
@@ -97,9 +99,46 @@ TEST_F(SynchroniserTest, LeavesWhatNobodyEdited) {
     const Synchronisation result = run();
     EXPECT_TRUE(result.changed.empty());
     EXPECT_TRUE(result.conflicts.empty());
-    EXPECT_EQ(result.withoutPage, (std::vector{5, 6, 7}));
+    EXPECT_EQ(result.withoutText.size(), 3U);
     EXPECT_EQ(project.outline(), outline);
     EXPECT_FALSE(project.dataChanged());
+}
+
+TEST_F(SynchroniserTest, PagesThatCannotBeTakenBackAreNamed) {
+    for (int i = 0; i < 3; ++i) {
+        add("", "edited\r\n");
+    }
+    test::writeBytes(folder / "t1.htm", "<p>" + start + "3] --> joined " + end);
+    std::filesystem::remove(folder / "t2.htm");
+    std::filesystem::create_directory(folder / "t2.htm");
+    std::filesystem::remove(folder / "t3.htm");
+    outline.append(test::topic(1, "outside", "../t1.htm"));
+    const Synchronisation result = run();
+    EXPECT_EQ(summary(result),
+              "No topics taken back, no conflicts, 3 pages missing or damaged, 1 page unreadable");
+    EXPECT_EQ(untouchedPages(result),
+              ": t2.htm (Is a directory), t1.htm (the marker lines around its text are missing or "
+              "damaged), t3.htm (No such file or directory), t1.htm (the file name does not stay "
+              "inside the page folder)");
+}
+
+/// The end marker's own line in a text must not cut it.
+TEST_F(SynchroniserTest, ATextMayHoldTheEndMarker) {
+    const Text body = "one\r\n" + end + "\r\ntwo";
+    const Text length = std::to_string(body.size());
+    add("", body + "\r\n", length);
+    add("C", body + "\r\n", length);
+    add("", "more " + body + "\r\n", length);
+    add("", "two edited\r\n", length);
+    for (const int position : {1, 3, 4}) {
+        outline.at(position).body = body;
+    }
+    const Synchronisation result = run();
+    EXPECT_EQ(summary(result), "1 topic taken back, no conflicts, 1 page missing or damaged");
+    EXPECT_EQ(untouchedPages(result),
+              ": t3.htm (its text holds the end marker, so its end is not known)");
+    EXPECT_EQ(project.outline().at(3).body, body);
+    EXPECT_EQ(project.outline().at(4).body, "two edited");
 }
 
 TEST_F(SynchroniserTest, ConvertedLineEndsAreNoEdit) {
@@ -141,11 +180,23 @@ TEST_F(SynchroniserTest, PagesComeBackAsTheyWereEdited) {
     };
     edit("a.htm", "<p>more</p>\r\n", "<p>\xE0 la carte</p>\r\n\r\n");
     edit("b.htm", "Descriptive text goes here.", "Text at last.");
+    edit("c.htm", end.substr(0, 20), "<!-- gone");
+    const model::FileFailures edited = editedPages(project.outline(), folder / "html");
+    EXPECT_EQ(named(edited), ": a.htm (was edited since it was generated), b.htm (was edited since "
+                             "it was generated), c.htm (the marker lines around its text are "
+                             "missing or damaged)");
+    project.setField(1, &model::Topic::status, "C");
+    EXPECT_EQ(editedPages(project.outline(), folder / "html").front().reason,
+              "was edited since it was generated, and so was its topic");
+    project.setField(1, &model::Topic::status, "");
     EXPECT_EQ(synchronise(project, folder / "html").changed, (std::vector{1, 2}));
     EXPECT_EQ(project.outline().at(1).body, "<p>Caf\xE9</p>\r\n<p>\xE0 la carte</p>\r\n\r\n");
     EXPECT_NE(project.outline().at(2).body.find("Text at last."), Text::npos);
     generate();
     const Synchronisation again = synchronise(project, folder / "html");
-    EXPECT_TRUE(again.changed.empty() && again.conflicts.empty() && again.withoutPage.empty());
+    EXPECT_TRUE(again.changed.empty() && again.conflicts.empty() && again.withoutText.empty());
     EXPECT_EQ(project.outline().at(1).status, "");
+    project.setField(1, &model::Topic::body, "newer than its page");
+    project.setField(1, &model::Topic::status, "C");
+    EXPECT_TRUE(editedPages(project.outline(), folder / "html").empty());
 }

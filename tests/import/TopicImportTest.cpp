@@ -42,6 +42,7 @@ TEST_F(TopicImport, ExpectsSevenOptions) {
     }
     EXPECT_EQ(read("something else").stop, LoadStop::unknownFormat);
     EXPECT_EQ(read(projectFile({})).stop, LoadStop::none);
+    EXPECT_FALSE(read(projectFile({})).cut);
     EXPECT_TRUE(readFileTopics(folder / "missing").readError);
 }
 
@@ -50,10 +51,15 @@ TEST_F(TopicImport, KeepsWhatStandsBeforeADamage) {
     const FileTopics broken = read(file.substr(0, file.rfind("++")) + "x\r\ny\r\n");
     EXPECT_EQ(broken.topics.size(), 2);
     EXPECT_EQ(broken.stop, LoadStop::corrupted);
+    EXPECT_FALSE(broken.cut || read(file).cut);
     const FileTopics cut = read(file.substr(0, file.rfind("t3.htm")));
     ASSERT_EQ(cut.topics.size(), 3);
     EXPECT_EQ(cut.topics[2].title + '|' + cut.topics[2].fileName, "Topic 3|");
     EXPECT_EQ(cut.stop, LoadStop::none);
+    for (const Text& part : {file.substr(0, file.rfind("t3.htm")), file.substr(0, 60),
+                             file.substr(0, file.size() - 6) + "\"cut"}) {
+        EXPECT_TRUE(read(part).cut) << part;
+    }
 }
 
 TEST_F(TopicImport, AppendsWhatIsWantedWithoutContexts) {

@@ -130,10 +130,10 @@ TEST_F(VbImportTest, NamesTheOverviewAfterTheProject) {
     EXPECT_TRUE(project.dataChanged());
     project.reset();
     import({"Title=\"\""});
-    EXPECT_EQ(topic(1).title + '|' + topic(1).fileName, " Overview|Overview.htm");
+    EXPECT_EQ(topic(1).title + '|' + topic(1).fileName, "Overview|Overview.htm");
     EXPECT_EQ(import({"Title=Sales/Tool"}).topicsAdded, 0);
     EXPECT_EQ(project.options().projectName, "Sales/Tool");
-    EXPECT_EQ(topic(1).title, " Overview");
+    EXPECT_EQ(topic(1).title, "Overview");
 }
 
 TEST_F(VbImportTest, MarksTheCurrentTopicAndCanBeTakenBack) {
@@ -178,6 +178,15 @@ TEST_F(VbImportTest, ForeignLettersBecomeQuestionMarks) {
     import({"Form=a.frm"});
     EXPECT_EQ(topic(2).title + '|' + topic(2).fileName, "?\xE9|\xE9.htm");
     EXPECT_NE(topic(2).body, "");
+}
+
+TEST_F(VbImportTest, TitlesAreAsTheyWillBeReadAndEveryFormLineIsNamed) {
+    write("a.frm", formFile("frmA", "  \xC9tage ", "frmA.Show"));
+    const ImportOutcome outcome = import({"Form=a.frm", "Form= ", "Form=gone.frm"});
+    EXPECT_EQ(topic(2).title, "\xC9tage");
+    EXPECT_NE(topic(2).body.find(">\xC9tage</a>"), Text::npos);
+    EXPECT_EQ(skippedForms(outcome),
+              ": app.vbp (a form without a file), gone.frm (No such file or directory)");
 }
 
 TEST_F(VbImportTest, GoesOnWhereTheOutlineIsFull) {

@@ -1,0 +1,72 @@
+#include <algorithm>
+
+#include "app/frmMain.h"
+#include "import/EditedPages.h"
+#include "import/ImportOutcome.h"
+#include "import/Synchroniser.h"
+#include "model/CodePage.h"
+#include "ui/WaitCursor.h"
+
+// What the main window asks before a generation overwrites what was edited in pages.
+namespace app {
+
+namespace fs = std::filesystem;
+using model::Text;
+using ui::Prompter;
+
+namespace {
+
+constexpr const char* title = "Generate Help Files";
+
+/// Each page on a line of its own, for a message.
+Text lines(const model::FileFailures& pages) {
+    constexpr std::size_t shown = 10;
+    Text list;
+    for (std::size_t i = 0; i < std::min(pages.size(), shown); ++i) {
+        model::append(list, model::lineBreak, model::displayText(pages[i].path.filename()), ": ",
+                      model::fromUtf8(pages[i].reason));
+    }
+    if (pages.size() > shown) {
+        model::append(list, model::lineBreak, "and ", std::to_string(pages.size() - shown),
+                      " more");
+    }
+    return list;
+}
+
+} // namespace
+
+/// False when the generation is not to be: the author cancelled, or wants the pages' texts, and
+/// some could not be taken back.
+bool frmMain::settleEditedPages(const fs::path& pageFolder) {
+    model::FileFailures edited;
+    {
+        const ui::WaitCursor busy;
+        edited = importer::editedPages(project_.outline(), pageFolder);
+    }
+    if (edited.empty()) {
+        return true;
+    }
+    const ui::Answer answer = Prompter::current().ask(
+        this,
+        {importer::counted(edited.size(), "page")
+             + " would be overwritten that may hold what the project lacks:\r\n" + lines(edited),
+         title, ui::Buttons::yesNoCancel, ui::QuestionIcon::exclamation, "&Synchronize First",
+         "&Overwrite"});
+    if (answer != ui::Answer::yes || !closeEditor()) {
+        return answer == ui::Answer::no;
+    }
+    {
+        const ui::WaitCursor busy;
+        importer::synchronise(project_, pageFolder);
+        edited = importer::editedPages(project_.outline(), pageFolder);
+    }
+    if (!edited.empty()) {
+        Prompter::current().tell(this, {"Nothing was generated, because "
+                                            + importer::counted(edited.size(), "page")
+                                            + " could not be taken back:\r\n" + lines(edited),
+                                        title, model::MessageIcon::exclamation});
+    }
+    return edited.empty();
+}
+
+} // namespace app

@@ -1,0 +1,41 @@
+#include "generate/WorkshopName.h"
+
+#include "generate/GeneratedFile.h"
+#include "model/CodePage.h"
+#include "platform/Files.h"
+
+namespace generate {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool isInCodePage(const fs::path& name) {
+    return model::nativePath(model::displayText(name)) == name;
+}
+
+} // namespace
+
+fs::path proposedWorkshopName(const fs::path& project) {
+    constexpr const char* extension = "hhp";
+    const fs::path name = siblingFile(project.filename(), extension);
+    return isInCodePage(name) ? name : siblingFile("help", extension);
+}
+
+std::optional<model::FileFailure> workshopNameFault(const fs::path& workshopFile,
+                                                    const fs::path& project) {
+    if (!isInCodePage(workshopFile.filename())) {
+        return model::FileFailure{
+            workshopFile, "has a character in its name that the help workshop does not know"};
+    }
+    for (const char* extension : {"chm", "hhc", "hhk"}) {
+        const fs::path sibling = siblingFile(workshopFile, extension);
+        if (haveSameName(sibling, workshopFile) || platform::isSameFile(sibling, project)) {
+            return model::FileFailure{sibling,
+                                      "is the name of a generated file; choose another output"};
+        }
+    }
+    return {};
+}
+
+} // namespace generate

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <optional>
+
+#include "model/FileFailure.h"
+
+/// Which names the help workshop's project can have.
+namespace generate {
+
+/// The name to propose for it, without a folder: that of the project up to its first point, or one
+/// that suits any project where the workshop could not read that.
+std::filesystem::path proposedWorkshopName(const std::filesystem::path& project);
+
+/// Why a workshop project cannot have this name, with the file that would be wrong; nothing when it
+/// can. The name has to stand in the workshop's own files, which are in its code page, and the
+/// files beside it must be neither that file nor the help project.
+std::optional<model::FileFailure> workshopNameFault(const std::filesystem::path& workshopFile,
+                                                    const std::filesystem::path& project);
+
+} // namespace generate
