@@ -20,6 +20,8 @@ public:
     virtual void topicRemoved(int /*position*/) {}
     /// Every row may be another one now; the options too.
     virtual void projectReplaced() {}
+    /// Two topics have changed places; their rows and the current topic are told about after this.
+    virtual void topicsSwapped(int /*a*/, int /*b*/) {}
     /// Another topic is current now, or none (-1). The number may be the same.
     virtual void currentIndexChanged(int /*position*/) {}
     /// The current topic has another position.

@@ -21,6 +21,15 @@ bool knowsOlderText(const UndoRecord& record, const ProjectChange& change) {
 
 } // namespace
 
+bool UndoRecord::isOnlyAbout(std::initializer_list<Text Topic::*> fields) const {
+    return currentBefore == currentAfter
+           && std::all_of(changes.begin(), changes.end(), [&](const ProjectChange& change) {
+                  const auto* edit = std::get_if<FieldChange>(&change);
+                  return edit != nullptr && edit->position == currentAfter
+                         && std::find(fields.begin(), fields.end(), edit->field) != fields.end();
+              });
+}
+
 void UndoHistory::record(ProjectChange change) {
     if (depth_ == 0) {
         clear();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <initializer_list>
 #include <optional>
 #include <variant>
 #include <vector>
@@ -46,6 +47,9 @@ struct UndoRecord {
     int currentBefore = -1;
     int currentAfter = -1;
     Text Topic::*typedField = nullptr; ///< not null while further typing joins this record
+
+    /// Whether all it did was done to these fields of one topic, the current one before and after.
+    bool isOnlyAbout(std::initializer_list<Text Topic::*> fields) const;
 };
 
 /// The commands that can be taken back, and those that were. Kept by a Project, which also knows
@@ -69,12 +73,19 @@ public:
 
     void clear();
 
+    /// Whether typing is going on that has not been ended.
+    bool isTyping() const { return !done_.empty() && done_.back().typedField != nullptr; }
+
     bool canUndo() const { return depth_ == 0 && !done_.empty(); }
     bool canRedo() const { return depth_ == 0 && !undone_.empty(); }
 
     /// Empty when there is nothing.
     TextView undoName() const { return canUndo() ? TextView(done_.back().name) : TextView(); }
     TextView redoName() const { return canRedo() ? TextView(undone_.back().name) : TextView(); }
+
+    /// The next to be taken back or done again; there must be one.
+    const UndoRecord& nextUndo() const { return done_.back(); }
+    const UndoRecord& nextRedo() const { return undone_.back(); }
 
     /// Moves the newest record over to the other side and gives it to be applied.
     UndoRecord& stepBack();

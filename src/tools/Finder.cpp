@@ -35,11 +35,12 @@ std::size_t findIn(TextView text, std::size_t from, const FindQuestion& question
 
 Finder::Outcome Finder::next(const FindQuestion& question, FindHost& host) {
     const Finder before = *this;
-    const int count = host.outline().count();
-    // Topics may have gone since the last match.
-    newSearch_ = newSearch_ || currentIndex_ > count || startIndex_ > count;
+    const auto count = static_cast<std::size_t>(host.outline().count());
+    // Topics may have come or gone since the last match.
+    newSearch_ = newSearch_ || searched_.size() != count;
     if (newSearch_) {
-        startIndex_ = currentIndex_ = host.selectedTopic();
+        searched_.assign(count, false);
+        currentIndex_ = host.selectedTopic();
         stage_ = FindStage::title;
         position_ = 0;
         foundAny_ = false;
@@ -47,7 +48,7 @@ Finder::Outcome Finder::next(const FindQuestion& question, FindHost& host) {
         ++position_;
     }
     newSearch_ = false;
-    for (bool first = true; first || currentIndex_ != startIndex_; first = false) {
+    do {
         const bool found = searchTopic(question, host);
         const bool goesOn = found ? host.showMatch(match_) : !question.bodies || host.leaveBody();
         if (!goesOn) {
@@ -58,12 +59,37 @@ Finder::Outcome Finder::next(const FindQuestion& question, FindHost& host) {
             foundAny_ = true;
             return Outcome::found;
         }
-        stage_ = FindStage::title;
-        position_ = 0;
-        currentIndex_ = currentIndex_ == count ? 1 : currentIndex_ + 1;
-    }
+    } while (leaveTopic());
     newSearch_ = true;
     return Outcome::searched;
+}
+
+bool Finder::leaveTopic() {
+    stage_ = FindStage::title;
+    position_ = 0;
+    const auto current = searched_.begin() + (currentIndex_ - 1);
+    *current = true;
+    auto next = std::find(current, searched_.end(), false);
+    if (next == searched_.end()) {
+        next = std::find(searched_.begin(), current, false);
+        if (next == current) {
+            return false;
+        }
+    }
+    currentIndex_ = static_cast<int>(next - searched_.begin()) + 1;
+    return true;
+}
+
+void Finder::topicsSwapped(int a, int b) {
+    const auto known = static_cast<int>(searched_.size());
+    if (a > known || b > known) {
+        return;
+    }
+    std::vector<bool>::swap(searched_[static_cast<std::size_t>(a) - 1],
+                            searched_[static_cast<std::size_t>(b) - 1]);
+    if (currentIndex_ == a || currentIndex_ == b) {
+        currentIndex_ = a + b - currentIndex_;
+    }
 }
 
 /// Searches what is left of the current topic.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "model/TopicOutline.h"
 
@@ -49,7 +50,7 @@ public:
 };
 
 /// Goes through all topics from one match to the next, beginning at the selected topic and round
-/// the end of the outline, until it is back.
+/// the end of the outline, until it is back. Topics may be moved meanwhile.
 class Finder {
 public:
     enum class Outcome {
@@ -60,6 +61,9 @@ public:
 
     /// The next search begins anew.
     void restart() { newSearch_ = true; }
+
+    /// Two topics have changed places. What was searched of them stays searched.
+    void topicsSwapped(int a, int b);
 
     /// The outline must not be empty.
     Outcome next(const FindQuestion& question, FindHost& host);
@@ -73,8 +77,11 @@ public:
 private:
     bool searchTopic(const FindQuestion& question, const FindHost& host);
 
+    /// Goes on to the next topic that is yet to be searched; false when there is none.
+    bool leaveTopic();
+
     bool newSearch_ = true;
-    int startIndex_ = 0;
+    std::vector<bool> searched_; ///< by position less one
     int currentIndex_ = 0;
     FindStage stage_ = FindStage::title;
     std::size_t position_ = 0; ///< where the search in the current text begins

@@ -1,5 +1,7 @@
 #include "tools/frmFind.h"
 
+#include <algorithm>
+
 #include "model/HelpContext.h"
 #include "ui/Prompter.h"
 #include "ui/ShowHelp.h"
@@ -52,6 +54,27 @@ void frmFind::ask() {
     activate();
     txtFind.setFocus();
     txtFind.selectAll();
+}
+
+void frmFind::includeBodies() {
+    if (!optInvSearch[1].selected()) {
+        optInvSearch[1].select();
+        finder_.restart();
+    }
+}
+
+/// Below the place or above it, whichever has room; the sides would often have none.
+void frmFind::uncover(const ui::ScreenPlace& place) {
+    constexpr int frame = 600; // more than any title bar or frame
+    const bool beside = left() >= place.left + place.width || left() + width() + frame <= place.left
+                        || top() >= place.top + place.height
+                        || top() + height() + frame <= place.top;
+    if (beside) {
+        return;
+    }
+    const int below = place.top + place.height + frame / 2;
+    const bool fits = below + height() + frame <= screenHeight();
+    setPosition(left(), fits ? below : std::max(place.top - height() - frame, 0));
 }
 
 void frmFind::txtFind_Change() {

@@ -26,6 +26,15 @@ public:
     /// The topics are others now: the next search begins anew.
     void restart() { finder_.restart(); }
 
+    /// Two topics have changed places.
+    void topicsSwapped(int a, int b) { finder_.topicsSwapped(a, b); }
+
+    /// Searches bodies, too.
+    void includeBodies();
+
+    /// Moves out of the way when it covers a place on the screen.
+    void uncover(const ui::ScreenPlace& place);
+
     ui::TextBox txtFind{*this};
     ui::Label lblFind{*this, "Fi&nd What:", &txtFind};
     ui::CheckBox chkMatchCase{*this, "Match Case"};

@@ -113,6 +113,22 @@ TEST(Finder, GoesOnAfterTheQuestionChanged) {
     EXPECT_EQ(press(finder, {"y", false, false, true}, host), "1t2");
 }
 
+TEST(Finder, SearchesMovedTopicsOnce) {
+    Host host = titles({"x1", "x2", "y", "x3", "x4"}, 2);
+    Finder finder;
+    const auto swap = [&](int a, int b) {
+        host.topics_.swap(a, b);
+        finder.topicsSwapped(a, b);
+    };
+    EXPECT_EQ(press(finder, {"x"}, host), "2t0");
+    EXPECT_EQ(press(finder, {"x"}, host), "4t0"); // x3
+    swap(5, 2);                                   // x4 to where the search began
+    swap(4, 1);                                   // and x3 to the front
+    EXPECT_EQ(press(finder, {"x"}, host), "2t0"); // x4
+    EXPECT_EQ(press(finder, {"x"}, host), "4t0"); // x1
+    EXPECT_EQ(press(finder, {"x"}, host), "-");
+}
+
 TEST(Finder, BearsWithAnAuthorWhoStaysOrRemovesTopics) {
     Host host(test::outlineOf(
         {topic(1, "a", "a.htm", "x"), topic(1, "b", "b.htm", ""), topic(1, "c", "c.htm", "x")}));
