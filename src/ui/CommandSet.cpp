@@ -4,6 +4,15 @@
 
 namespace ui {
 
+namespace {
+
+Text plainCaption(Text caption) {
+    std::erase(caption, '&');
+    return caption.substr(0, caption.find("..."));
+}
+
+} // namespace
+
 void CommandSet::add(Window& window, Entry entry, CommandLook look, Control* list) {
     const bool inList = entry.kind == CommandKind::listCommand;
     if (inList || entry.kind == CommandKind::command || entry.kind == CommandKind::barCommand) {
@@ -84,6 +93,13 @@ Command* CommandSet::find(TextView name) const {
     return found.empty() ? nullptr : found.front();
 }
 
+void CommandSet::setSubject(TextView name, TextView subject) {
+    if (Command* command = find(name)) {
+        const Text& caption = command->look().caption;
+        command->setCaption(subject.empty() ? caption : caption + ' ' + Text(subject));
+    }
+}
+
 Menu* CommandSet::menu(TextView name) const {
     for (const Entry& entry : entries_) {
         if (entry.menu != nullptr && entry.name == name) {
@@ -96,6 +112,7 @@ Menu* CommandSet::menu(TextView name) const {
 void CommandSet::run(std::size_t index) {
     const std::weak_ptr<int> alive = alive_;
     if (entries_[index].isPossible()) {
+        running_ = plainCaption(entries_[index].command->look().caption);
         BeforeRun.raise();
         const std::function<void()> command = entries_[index].run;
         command();
@@ -103,6 +120,7 @@ void CommandSet::run(std::size_t index) {
     if (alive.expired()) {
         return; // the command has closed the window
     }
+    running_.clear();
     update();
     AfterRun.raise();
 }

@@ -87,6 +87,12 @@ public:
     /// A menu of the filled menu bar, by its name; null when there is none.
     Menu* menu(TextView name) const;
 
+    /// The caption of the command that runs at present, without marks; empty for none.
+    const Text& running() const { return running_; }
+
+    /// Says what a command is about at present: "Undo" becomes "Undo Typing". Empty for nothing.
+    void setSubject(TextView name, TextView subject);
+
     /// Asks all conditions anew.
     void update();
 
@@ -111,6 +117,7 @@ private:
     void run(std::size_t index);
 
     std::vector<Entry> entries_;
+    Text running_;
     std::shared_ptr<int> alive_ = std::make_shared<int>(); ///< goes with the set
 };
 

@@ -63,17 +63,22 @@ protected:
     }
 
     void keyPressEvent(QKeyEvent* event) override {
-        const Key key = keyOf(*event);
-        if (key.code == KeyCode::enter && currentIndex().isValid()
-            && owner_.DblClick.isConnected()) {
-            owner_.DblClick.raise(currentIndex().row() + 1);
-        } else if (event->matches(QKeySequence::Copy) || key.alt) {
-            event->ignore(); // the toolkit would copy a cell, or scroll sideways
-        } else if (event->key() == Qt::Key_F10 && key.shift) {
-            showMenuAtRow();
-        } else {
-            QTreeView::keyPressEvent(event);
+        const QPointer<QWidget> alive(this);
+        handleKey(event);
+        if (alive) {
+            selectCurrent();
         }
+    }
+
+    bool viewportEvent(QEvent* event) override {
+        const QPointer<QWidget> alive(this);
+        const bool handled = QTreeView::viewportEvent(event);
+        const bool ofButton = event->type() == QEvent::MouseButtonPress
+                              || event->type() == QEvent::MouseButtonRelease;
+        if (alive && ofButton) {
+            selectCurrent();
+        }
+        return handled;
     }
 
     void contextMenuEvent(QContextMenuEvent* event) override {
@@ -133,6 +138,29 @@ protected:
     }
 
 private:
+    void handleKey(QKeyEvent* event) {
+        const Key key = keyOf(*event);
+        if (key.code == KeyCode::enter && currentIndex().isValid()
+            && owner_.DblClick.isConnected()) {
+            owner_.DblClick.raise(currentIndex().row() + 1);
+        } else if (event->matches(QKeySequence::Copy) || key.alt) {
+            event->ignore(); // the toolkit would copy a cell, or scroll sideways
+        } else if (event->key() == Qt::Key_F10 && key.shift) {
+            showMenuAtRow();
+        } else {
+            QTreeView::keyPressEvent(event);
+        }
+    }
+
+    /// Whoever hears of another row may turn back to the first one, in the midst of the view's own
+    /// doing. The view selects its row all the same when it goes on; the current one counts.
+    void selectCurrent() {
+        if (currentIndex().isValid() && !selectionModel()->isSelected(currentIndex())) {
+            selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect
+                                                         | QItemSelectionModel::Rows);
+        }
+    }
+
     void showMenuAtRow() {
         if (menu != nullptr) {
             scrollTo(currentIndex());

@@ -59,6 +59,15 @@ QStringList filtersOf(const Text& filter) {
     return filters;
 }
 
+/// The toolkit takes the last part of a folder that is not there for the name of a file.
+QString existingFolder(std::filesystem::path folder) {
+    std::error_code ignored;
+    while (folder.has_relative_path() && !is_directory(folder, ignored)) {
+        folder = folder.parent_path();
+    }
+    return pathToQt(folder);
+}
+
 } // namespace
 
 Answer Prompter::ask(Window* window, const MessageBox& box) {
@@ -91,7 +100,7 @@ std::optional<std::filesystem::path> Prompter::chooseFile(Window* window,
                                                           const FileQuestion& question) {
     const bool save = question.kind == FileQuestion::Kind::save;
     QFileDialog dialog(window == nullptr ? nullptr : window->native().widget.data(),
-                       toQt(question.title), pathToQt(question.folder));
+                       toQt(question.title), existingFolder(question.folder));
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     const QStringList filters = filtersOf(question.filter);

@@ -8,6 +8,7 @@
 
 #include "model/CodePage.h"
 #include "ui/Prompter.h"
+#include "ui/Twips.h"
 #include "ui/qt/TextBoxNative.h"
 
 namespace ui {
@@ -44,6 +45,20 @@ void TextBox::setText(TextView text) {
     box().setText(text);
 }
 
+void TextBox::changeText(TextView text) {
+    const Difference change = differenceOf(toQt(countedText()), toQt(text));
+    setText(text);
+    select(static_cast<std::size_t>(change.start + change.inserted), 0);
+}
+
+bool TextBox::isEdited() const {
+    return box().isEdited();
+}
+
+void TextBox::setUnedited() {
+    box().setUnedited();
+}
+
 Selection TextBox::selection() const {
     return box().selection();
 }
@@ -61,6 +76,8 @@ void TextBox::selectAll() {
 }
 
 void TextBox::replaceSelection(TextView text) {
+    box().beginStep();
+    box().steps.end();
     box().replaceSelection(box().admit(toQt(text)));
 }
 
@@ -78,6 +95,48 @@ void TextBox::paste() {
     box().enter(QGuiApplication::clipboard()->text());
 }
 
+bool TextBox::canUndo() const {
+    return box().canUndo();
+}
+
+bool TextBox::canRedo() const {
+    return box().canRedo();
+}
+
+void TextBox::undo() {
+    box().steps.end();
+    box().undo();
+}
+
+void TextBox::redo() {
+    box().steps.end();
+    box().redo();
+}
+
+Text TextBox::undoName() const {
+    return canUndo() ? fromQt(box().undoName()) : Text();
+}
+
+Text TextBox::redoName() const {
+    return canRedo() ? fromQt(box().redoName()) : Text();
+}
+
+void TextBox::nameSteps(TextView name) {
+    box().stepName = name.empty() ? Native::typing() : toQt(name);
+    box().steps.end();
+}
+
+void TextBox::leaveUndoToWindow() {
+    box().undoneByWindow = true;
+}
+
+ScreenPlace TextBox::selectionPlace() const {
+    const QRect place = box().selectionRect();
+    const QPoint corner = native().widget->mapToGlobal(place.topLeft());
+    return {toTwips(corner.x()), toTwips(corner.y()), toTwips(place.width()),
+            toTwips(place.height())};
+}
+
 std::string TextBox::unicodeText() const {
     return box().unicodeText();
 }
@@ -87,6 +146,8 @@ Text TextBox::countedText() const {
 }
 
 void TextBox::edit(TextView text, std::size_t caret) {
+    box().beginStep();
+    box().steps.end();
     box().edit(toQt(text), caret);
 }
 
@@ -139,15 +200,37 @@ void TextBox::Native::enter(const QString& entered) {
     lines.replace(QChar::ParagraphSeparator, '\n').replace(QChar::LineSeparator, '\n');
     const QString admitted = admit(lines);
     if (!admitted.isEmpty() || entered.isEmpty()) {
-        replaceSelection(admitted);
+        enterStep(admitted);
     }
+}
+
+void TextBox::Native::enterStep(const QString& admitted) {
+    const std::size_t place = owner.selection().start;
+    const std::u16string letters = admitted.toStdU16String();
+    if (steps.entering(place, letters, std::chrono::steady_clock::now())) {
+        beginStep();
+        owner.StepBegins.raise();
+    }
+    replaceSelection(admitted);
+}
+
+bool TextBox::Native::isUndoOrRedo(const QKeyEvent& event) {
+    return event.matches(QKeySequence::Undo) || isRedo(event);
+}
+
+bool TextBox::Native::isRedo(const QKeyEvent& event) {
+    // Ctrl+Y is not everywhere the toolkit's own key for it.
+    return event.matches(QKeySequence::Redo)
+           || (event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_Y);
 }
 
 bool TextBox::Native::keyDown(const QKeyEvent& event) {
     Key key = keyOf(event);
     owner.KeyDown.raise(key);
-    if (!key.handled && event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_Y) {
-        redo(); // not everywhere the toolkit's own key for it
+    if (!key.handled && isUndoOrRedo(event)) {
+        if (!undoneByWindow) {
+            isRedo(event) ? owner.redo() : owner.undo();
+        }
         key.handled = true;
     }
     // A letter with Alt is a menu's or label's; where there is none of it, it is no text either.

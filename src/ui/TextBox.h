@@ -12,6 +12,11 @@ struct Selection {
     std::size_t length = 0;
 };
 
+/// In twips.
+struct ScreenPlace {
+    int left, top, width, height;
+};
+
 /// What becomes of typed or pasted characters that the code page lacks.
 enum class ForeignCharacters {
     asReferences, ///< "&#937;": nothing is lost in HTML
@@ -32,6 +37,15 @@ public:
 
     /// Forgets what could be undone.
     void setText(TextView text);
+
+    /// The same for another state of what is shown already: the caret goes where they differ.
+    void changeText(TextView text);
+
+    /// Whether the text differs from the one that was set, by an edit that was not taken back.
+    bool isEdited() const;
+
+    /// The text of now counts as the one that was set; what was done can still be taken back.
+    void setUnedited();
 
     Selection selection() const;
     Text selectedText() const;
@@ -57,8 +71,29 @@ public:
     void cut();
     void paste();
 
+    // Step by step, see TypingSteps.
+    bool canUndo() const;
+    bool canRedo() const;
+    void undo();
+    void redo();
+
+    /// What undo() and redo() would take back and do again, for the person; empty for nothing.
+    Text undoName() const;
+    Text redoName() const;
+
+    /// What changes from here on has this name in undoName(), in boxes of many lines; empty for
+    /// what is typed.
+    void nameSteps(TextView name);
+
+    /// The box takes nothing back itself: what is typed is undone by commands of the window, step
+    /// by step as StepBegins tells.
+    void leaveUndoToWindow();
+
+    /// Where the caret or the selection is on the screen.
+    ScreenPlace selectionPlace() const;
+
     /// For a box of many lines that holds HTML: a font of fixed width, coloured mark-up, and the
-    /// Tab key enters a tab.
+    /// Tab key enters a tab, or moves the selected lines in; with Shift, out again.
     void setForHtml();
 
     void setReadOnly();
@@ -69,6 +104,7 @@ public:
     void acceptOnly(TextView characters);
 
     Event<> Change;
+    Event<> StepBegins; ///< the next Change is not to be taken back together with the last
     Event<> SelectionChange;
 
     // Not raised when a menu or another window has the focus for a while.

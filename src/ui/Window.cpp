@@ -63,6 +63,8 @@ protected:
         const bool handled = Base::event(event);
         if (event->type() == QEvent::LayoutRequest) { // a font or scale has changed
             guarded([this] { owner_.Resize(); });
+        } else if (event->type() == QEvent::WindowActivate) {
+            owner_.Activated.raise();
         }
         return handled;
     }
@@ -86,7 +88,7 @@ private:
                 files.push_back(pathFromQt(url.toLocalFile()));
             }
         }
-        if (files.empty()) {
+        if (files.empty() || !owner_.FilesDropped.isConnected()) {
             event->ignore();
             return;
         }
@@ -214,6 +216,23 @@ void Window::show() {
     native_->widget->show();
 }
 
+void Window::showUnfocused() {
+    QWidget* widget = native_->widget;
+    QWidget* active = QApplication::activeWindow();
+    widget->setAttribute(Qt::WA_ShowWithoutActivating);
+    widget->setWindowState(widget->windowState() & ~Qt::WindowMinimized);
+    widget->show();
+    widget->raise();
+    widget->setAttribute(Qt::WA_ShowWithoutActivating, false);
+    if (active != nullptr && active != widget) {
+        active->activateWindow(); // not every system asks who is to have the focus
+    }
+}
+
+void Window::raise() {
+    native_->widget->raise();
+}
+
 void Window::run() {
     if (auto* dialog = qobject_cast<QDialog*>(native_->widget.data())) {
         if (dialog->parentWidget() != nullptr) {
@@ -236,6 +255,10 @@ bool Window::close() {
 
 bool Window::isVisible() const {
     return native_->widget->isVisible();
+}
+
+bool Window::isActive() const {
+    return native_->widget->isActiveWindow();
 }
 
 bool Window::isOpen(TextView name) {

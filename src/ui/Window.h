@@ -38,6 +38,13 @@ public:
     void setChanged(bool changed);
 
     void show();
+
+    /// Shows it, or brings it to the front, and leaves the focus where it is.
+    void showUnfocused();
+
+    /// Brings it to the front of the program's windows where it can be seen; the focus stays.
+    void raise();
+
     /// Shows it above its owner, and whatever else is the owner's, until it is closed.
     void run();
     void activate();
@@ -45,6 +52,7 @@ public:
     /// Closes as if by the person; false when mayClose() prevented it.
     bool close();
     bool isVisible() const;
+    bool isActive() const;
 
     static bool isOpen(TextView name);
 
@@ -86,6 +94,7 @@ public:
 
     Event<> Closed;
     Event<> FocusChange; ///< another control, perhaps none, has the focus
+    Event<> Activated;   ///< this window has the focus now, and another one had it
     Event<const std::vector<std::filesystem::path>&> FilesDropped;
 
     // What the person does to the window; for the window itself to answer.

@@ -4,6 +4,7 @@
 #include "ui/ImageCombo.h"
 #include "ui/Settings.h"
 #include "ui/Toolbar.h"
+#include "ui/TypingSteps.h"
 #include "ui/testing/Driver.h"
 
 using namespace ui::testing;
@@ -66,6 +67,38 @@ TEST_F(Controls, AnEditOfTheProgramIsOneStepToTakeBack) {
         press("Ctrl+Y");
         EXPECT_EQ(box.text(), "ab<b>" + lineBreak + "</b>c");
     }
+}
+
+TEST(TypingSteps, AreWordsPausesDeletionsAndWhatWasPasted) {
+    ui::TypingSteps steps;
+    auto now = ui::TypingSteps::Time() + std::chrono::hours(1);
+    std::size_t place = 0;
+    std::string cut;
+    const auto enter = [&](std::u16string_view letters) {
+        cut += steps.entering(place, letters, now) ? "|" : "";
+        for (const char16_t letter : letters) {
+            cut += static_cast<char>(letter);
+        }
+        place += letters.size();
+    };
+    const auto enterEach = [&](std::u16string_view letters) {
+        for (std::size_t i = 0; i < letters.size(); ++i) {
+            enter(letters.substr(i, 1));
+        }
+    };
+    enterEach(u"one  two");
+    now += ui::TypingSteps::pause - std::chrono::milliseconds(1);
+    enterEach(u"s");
+    now += ui::TypingSteps::pause;
+    enterEach(u"aid ");
+    enter(u"pasted");
+    enterEach(u"on");
+    place = 3;
+    enterEach(u"up");
+    EXPECT_EQ(cut, "|one  |twos|aid |pasted|on|up");
+    EXPECT_TRUE(steps.deleting(now));
+    EXPECT_FALSE(steps.deleting(now));
+    EXPECT_TRUE(steps.entering(place, u"x", now));
 }
 
 TEST_F(Controls, ADropDownButtonKeepsTheLastChoice) {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <map>
 
 #include <QFontDatabase>
 #include <QMimeData>
@@ -6,6 +7,7 @@
 #include <QTextBlock>
 
 #include "ui/qt/HtmlColours.h"
+#include "ui/qt/LineIndent.h"
 #include "ui/qt/TextBoxNative.h"
 
 namespace ui {
@@ -18,8 +20,17 @@ public:
     TextBox::Native* native = nullptr;
 
 protected:
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::ShortcutOverride
+            && TextBox::Native::isUndoOrRedo(static_cast<const QKeyEvent&>(*event))) {
+            event->ignore();
+            return true;
+        }
+        return QPlainTextEdit::event(event);
+    }
+
     void keyPressEvent(QKeyEvent* event) override {
-        if (native->keyDown(*event)) {
+        if (native->keyDown(*event) || indents(*event)) {
             event->accept();
         } else if (!isReadOnly() && isTyping(*event)) {
             native->enter(event->text());
@@ -34,6 +45,11 @@ protected:
     void inputMethodEvent(QInputMethodEvent* event) override {
         native->admitCommit(*event);
         QPlainTextEdit::inputMethodEvent(event);
+    }
+
+    bool canInsertFromMimeData(const QMimeData* source) const override {
+        return !TextBox::Native::bringsFiles(*source)
+               && QPlainTextEdit::canInsertFromMimeData(source);
     }
 
     void insertFromMimeData(const QMimeData* source) override { native->enter(source->text()); }
@@ -54,6 +70,13 @@ protected:
         QPlainTextEdit::focusOutEvent(event);
         native->focusOut(*event);
     }
+
+private:
+    bool indents(const QKeyEvent& event) {
+        const bool in = event.key() == Qt::Key_Tab && event.modifiers() == Qt::NoModifier;
+        const bool out = event.key() == Qt::Key_Backtab;
+        return (in || out) && !tabChangesFocus() && !isReadOnly() && indentLines(*this, in);
+    }
 };
 
 /// A document counts a line break as one character; the text of a box as two.
@@ -63,8 +86,7 @@ struct AreaBox : TextBox::Native {
         area_.setTabChangesFocus(true);
         QObject::connect(&area_, &QPlainTextEdit::textChanged, [this] {
             if (!setting_) {
-                edited_ = true;
-                owner.Change.raise();
+                changed();
             }
         });
         QObject::connect(&area_, &QPlainTextEdit::selectionChanged,
@@ -72,7 +94,7 @@ struct AreaBox : TextBox::Native {
     }
 
     Text text() const override {
-        if (!edited_) {
+        if (!isEdited()) {
             return original_;
         }
         // Not toPlainText(), which turns non-breaking spaces into blanks.
@@ -82,9 +104,17 @@ struct AreaBox : TextBox::Native {
     void setText(TextView text) override {
         setting_ = true;
         original_ = text;
-        edited_ = false;
         area_.setPlainText(toQt(text));
         setting_ = false;
+        names_.clear();
+        steps.end();
+    }
+
+    bool isEdited() const override { return area_.document()->isModified(); }
+
+    void setUnedited() override {
+        original_ = text();
+        area_.document()->setModified(false);
     }
 
     Selection selection() const override {
@@ -103,7 +133,14 @@ struct AreaBox : TextBox::Native {
     }
 
     void replaceSelection(const QString& text) override {
-        area_.textCursor().insertText(text);
+        QTextCursor cursor = area_.textCursor();
+        if (beginsStep_) { // the toolkit joins no block of edits to what was before it
+            cursor.beginEditBlock();
+        }
+        cursor.insertText(text);
+        if (std::exchange(beginsStep_, false)) {
+            cursor.endEditBlock();
+        }
         area_.ensureCursorVisible();
     }
 
@@ -115,10 +152,12 @@ struct AreaBox : TextBox::Native {
         const Difference change = differenceOf(area_.document()->toRawText(), after);
         QTextCursor cursor = area_.textCursor();
         if (change.removed > 0 || change.inserted > 0) {
+            cursor.beginEditBlock();
             cursor.setPosition(static_cast<int>(change.start));
             cursor.setPosition(static_cast<int>(change.start + change.removed),
                                QTextCursor::KeepAnchor);
             cursor.insertText(after.mid(change.start, change.inserted));
+            cursor.endEditBlock();
         }
         cursor.setPosition(positionOf(caret));
         area_.setTextCursor(cursor);
@@ -132,11 +171,49 @@ struct AreaBox : TextBox::Native {
         new HtmlColours(area_.document()); // belongs to the document
     }
 
-    void redo() override { area_.redo(); }
+    bool canUndo() const override { return area_.document()->isUndoAvailable(); }
+    bool canRedo() const override { return area_.document()->isRedoAvailable(); }
+    void undo() override {
+        stepping_ = true;
+        area_.undo();
+        stepping_ = false;
+    }
+    void redo() override {
+        stepping_ = true;
+        area_.redo();
+        stepping_ = false;
+    }
+    QString undoName() const override { return nameAt(names_.find(doneSteps())); }
+    QString redoName() const override { return nameAt(names_.upper_bound(doneSteps())); }
+    void beginStep() override { beginsStep_ = true; }
+
+    QRect selectionRect() const override {
+        QTextCursor end = area_.textCursor();
+        QTextCursor start = end;
+        start.setPosition(end.selectionStart());
+        end.setPosition(end.selectionEnd());
+        const QRect place = area_.cursorRect(start).united(area_.cursorRect(end));
+        return place.translated(area_.viewport()->pos());
+    }
+
     void setReadOnly() override { area_.setReadOnly(true); }
     bool isReadOnly() const override { return area_.isReadOnly(); }
 
 private:
+    void changed() {
+        if (!stepping_) {
+            names_.erase(names_.lower_bound(doneSteps()), names_.end());
+            names_[doneSteps()] = stepName;
+        }
+        owner.Change.raise();
+    }
+
+    int doneSteps() const { return area_.document()->availableUndoSteps(); }
+
+    QString nameAt(std::map<int, QString>::const_iterator step) const {
+        return step == names_.end() ? typing() : step->second;
+    }
+
     static Text withLineBreaks(QString raw) {
         return fromQt(raw.replace(QChar::ParagraphSeparator, QStringLiteral("\r\n")));
     }
@@ -169,8 +246,10 @@ private:
 
     TextArea& area_;
     Text original_;
-    bool edited_ = false;
+    std::map<int, QString> names_; ///< of what can be taken back, by how much is done after it
+    bool beginsStep_ = false;
     bool setting_ = false;
+    bool stepping_ = false; ///< while something is taken back or done again
 };
 
 } // namespace

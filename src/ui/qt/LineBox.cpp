@@ -2,8 +2,10 @@
 #include <limits>
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QLineEdit>
+#include <QMenu>
 
 #include "ui/qt/TextBoxNative.h"
 
@@ -21,7 +23,8 @@ protected:
     bool event(QEvent* event) override {
         if (event->type() == QEvent::ShortcutOverride) {
             const auto& key = static_cast<const QKeyEvent&>(*event);
-            if (key.modifiers() == Qt::ControlModifier && key.key() == Qt::Key_U) {
+            if ((key.modifiers() == Qt::ControlModifier && key.key() == Qt::Key_U)
+                || TextBox::Native::isUndoOrRedo(key)) {
                 event->ignore();
                 return true;
             }
@@ -59,6 +62,26 @@ protected:
         native->focusOut(*event);
     }
 
+    void contextMenuEvent(QContextMenuEvent* event) override {
+        QMenu* menu = createStandardContextMenu();
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        const QList<QAction*> actions = menu->actions();
+        if (native->undoneByWindow && !isReadOnly()) {
+            for (const qsizetype ofUndo : {0, 1, 2}) { // with the line below them
+                menu->removeAction(actions.value(ofUndo));
+            }
+        }
+        menu->popup(event->globalPos());
+    }
+
+    void dragEnterEvent(QDragEnterEvent* event) override {
+        if (TextBox::Native::bringsFiles(*event->mimeData())) {
+            event->ignore();
+        } else {
+            QLineEdit::dragEnterEvent(event);
+        }
+    }
+
 public:
     /// Line breaks become blanks.
     static QString oneLine(QString text) {
@@ -90,9 +113,18 @@ struct LineBox : TextBox::Native {
     void setText(TextView text) override {
         original_ = text;
         edited_ = false;
-        shown_ = toQt(text);
+        shown_ = unedited_ = toQt(text);
         line_.setText(shown_);
         line_.setCursorPosition(0);
+        steps.end();
+    }
+
+    bool isEdited() const override { return edited_; }
+
+    void setUnedited() override {
+        original_ = text();
+        unedited_ = line_.text();
+        edited_ = false;
     }
 
     Selection selection() const override {
@@ -120,7 +152,31 @@ struct LineBox : TextBox::Native {
         select(caret, 0);
     }
 
-    void redo() override { line_.redo(); }
+    bool canUndo() const override { return !undoneByWindow && line_.isUndoAvailable(); }
+    bool canRedo() const override { return !undoneByWindow && line_.isRedoAvailable(); }
+    void undo() override {
+        stepping_ = true;
+        line_.undo();
+        stepping_ = false;
+    }
+    void redo() override {
+        stepping_ = true;
+        line_.redo();
+        stepping_ = false;
+    }
+
+    /// The toolkit joins what is entered at one caret, so the caret has to have been elsewhere.
+    void beginStep() override {
+        if (!line_.hasSelectedText()) {
+            const int caret = line_.cursorPosition();
+            line_.setCursorPosition(caret > 0 ? caret - 1 : 1);
+            line_.setCursorPosition(caret);
+        }
+    }
+
+    /// The whole box: there is no more of the text to be seen.
+    QRect selectionRect() const override { return line_.rect(); }
+
     void setReadOnly() override {
         line_.setReadOnly(true);
         QPalette palette = line_.palette(); // as what cannot be typed into
@@ -135,12 +191,15 @@ private:
     void edited(const QString& now) {
         const Difference entry = differenceOf(shown_, now);
         shown_ = now;
-        edited_ = true;
+        edited_ = !stepping_ || now != unedited_;
         const QString entered = now.mid(entry.start, entry.inserted);
         if (const QString admitted = admitLine(entered); admitted != entered) {
             line_.setSelection(static_cast<int>(entry.start), static_cast<int>(entry.inserted));
             line_.insert(admitted); // comes back here
             return;
+        }
+        if (entry.inserted == 0 && steps.deleting(std::chrono::steady_clock::now())) {
+            owner.StepBegins.raise();
         }
         owner.Change.raise();
     }
@@ -149,8 +208,10 @@ private:
 
     LineEdit& line_;
     Text original_;
+    QString unedited_; ///< what is shown of it
     QString shown_;
     bool edited_ = false;
+    bool stepping_ = false; ///< while something is taken back or done again
 };
 
 } // namespace

@@ -1,9 +1,14 @@
 #pragma once
 
+#include <algorithm>
+
 #include <QFocusEvent>
 #include <QInputMethodEvent>
+#include <QMimeData>
+#include <QUrl>
 
 #include "ui/TextBox.h"
+#include "ui/TypingSteps.h"
 #include "ui/qt/Native.h"
 
 namespace ui {
@@ -22,7 +27,20 @@ struct TextBox::Native : NativeWidget {
     virtual Text countedText() const = 0;
     virtual void edit(const QString& text, std::size_t caret) = 0;
     virtual void setForHtml() {}
+    virtual bool isEdited() const = 0;
+    virtual void setUnedited() = 0;
+    virtual bool canUndo() const = 0;
+    virtual bool canRedo() const = 0;
+    virtual void undo() = 0;
     virtual void redo() = 0;
+    virtual QString undoName() const { return typing(); }
+    virtual QString redoName() const { return typing(); }
+
+    /// What is entered next is not to be taken back together with what was entered before.
+    virtual void beginStep() = 0;
+
+    /// Of the caret or the selection, in the widget.
+    virtual QRect selectionRect() const = 0;
     virtual void setReadOnly() = 0;
     virtual bool isReadOnly() const = 0;
 
@@ -34,6 +52,18 @@ struct TextBox::Native : NativeWidget {
 
     /// Handles a key before the widget does; true when the widget is not to see it.
     bool keyDown(const QKeyEvent& event);
+
+    /// Keys for which a window's command comes before the box.
+    static bool isUndoOrRedo(const QKeyEvent& event);
+
+    /// Files that are dropped are for the window; as text they would be addresses.
+    static bool bringsFiles(const QMimeData& data) {
+        const QList<QUrl> urls = data.urls();
+        return std::any_of(urls.begin(), urls.end(),
+                           [](const QUrl& url) { return url.isLocalFile(); });
+    }
+
+    static QString typing() { return QStringLiteral("Typing"); }
 
     /// Replaces what an input method is about to enter by what may come in.
     void admitCommit(QInputMethodEvent& event) const {
@@ -47,6 +77,13 @@ struct TextBox::Native : NativeWidget {
     TextBox& owner;
     ForeignCharacters foreign = ForeignCharacters::asReferences;
     QString accepted; ///< empty for all
+    TypingSteps steps;
+    QString stepName = typing();
+    bool undoneByWindow = false;
+
+private:
+    static bool isRedo(const QKeyEvent& event);
+    void enterStep(const QString& admitted);
 };
 
 std::unique_ptr<NativeWidget> makeLineBox(TextBox& box, QWidget* parent);

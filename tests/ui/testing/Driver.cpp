@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -94,16 +95,51 @@ void clickTab(const Control& tabStrip, int page) {
     settle();
 }
 
-void dropFile(Window& window, const std::filesystem::path& file) {
+namespace {
+
+/// The toolkit looks for the innermost widget that takes what is dragged.
+void dropFile(QWidget* widget, const std::filesystem::path& file) {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(pathToQt(file))});
-    QDragEnterEvent enter({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(&widgetOf(window), &enter);
-    if (enter.isAccepted()) {
-        QDropEvent drop({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(&widgetOf(window), &drop);
+    for (; widget != nullptr; widget = widget->isWindow() ? nullptr : widget->parentWidget()) {
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        enter.ignore();
+        if (widget->acceptDrops()) {
+            QApplication::sendEvent(widget, &enter);
+        }
+        if (enter.isAccepted()) {
+            QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+            QApplication::sendEvent(widget, &drop);
+            break;
+        }
     }
     settle();
+}
+
+void lookAtFileDialog(const std::function<void(const std::string&, const std::string&)>& look) {
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr) {
+        QTimer::singleShot(1, qApp, [look] { lookAtFileDialog(look); }); // it is yet to come
+        return;
+    }
+    look(dialog->directory().absolutePath().toStdString(),
+         dialog->findChild<QLineEdit*>()->text().toStdString());
+    dialog->reject();
+}
+
+} // namespace
+
+void dropFile(Window& window, const std::filesystem::path& file) {
+    dropFile(&widgetOf(window), file);
+}
+
+void dropFile(const Control& control, const std::filesystem::path& file) {
+    auto* area = qobject_cast<QAbstractScrollArea*>(&widgetOf(control));
+    dropFile(area == nullptr ? &widgetOf(control) : area->viewport(), file);
+}
+
+void whenFileDialog(std::function<void(const std::string&, const std::string&)> look) {
+    QTimer::singleShot(0, qApp, [look = std::move(look)] { lookAtFileDialog(look); });
 }
 
 void type(const std::string& utf8) {

@@ -45,8 +45,9 @@ void doubleClickRow(const ListView& list, int row);
 /// Drags a row and drops it on the upper or lower half of another.
 void dragRow(const ListView& list, int from, int onto, bool lowerHalf);
 
-/// Drops a file from elsewhere on a window.
+/// Drops a file from elsewhere on a window, or on a control in it.
 void dropFile(Window& window, const std::filesystem::path& file);
+void dropFile(const Control& control, const std::filesystem::path& file);
 
 /// Types into what has the focus. Letters outside of ASCII are as good as others.
 void type(const std::string& utf8);
@@ -75,6 +76,9 @@ bool chooseFromButton(Window& window, const char* toolTip, const char* caption);
 /// when these are equal.
 std::string buttonPicture(Window& window, const char* toolTip);
 
+/// The row that is drawn as the selected one; 0 for none or several.
+int highlightedRow(const ListView& list);
+
 /// How many rows the list has been told to draw anew since the last call.
 int takeRowUpdates(const ListView& list);
 
@@ -94,6 +98,10 @@ void clickItem(const TreeView& tree, const std::string& text);
 
 /// Does something in the dialog that the next command will open and wait for.
 void whenModal(std::function<void(Window&)> act);
+
+/// Cancels the file dialog that the next command will open, after a look at the folder that it
+/// shows and the name that it proposes.
+void whenFileDialog(std::function<void(const std::string& folder, const std::string& name)> look);
 
 // Browsers of either kind.
 

@@ -51,6 +51,11 @@ void dragRow(const ListView& list, int from, int onto, bool lowerHalf) {
     settle();
 }
 
+int highlightedRow(const ListView& list) {
+    const QModelIndexList rows = viewOf(list).selectionModel()->selectedRows();
+    return rows.size() == 1 ? rows.first().row() + 1 : 0;
+}
+
 int takeRowUpdates(const ListView& list) {
     static std::map<const ListView*, std::shared_ptr<int>> counts;
     const bool first = !counts.contains(&list);
