@@ -62,6 +62,11 @@ constexpr MainCommand commands[] = {
     {end},
 
     {menu, "mnuEdit", "&Edit"},
+    {command, "mnuEditUndo", "U&ndo", nullptr, nullptr, "Undo", "Ctrl+Z",
+     run<&frmMain::mnuEditUndo_Click>, when<&frmMain::canUndo>},
+    {command, "mnuEditRedo", "&Redo", nullptr, nullptr, "Redo", "Ctrl+Y; Ctrl+Shift+Z",
+     run<&frmMain::mnuEditRedo_Click>, when<&frmMain::canRedo>},
+    {separator, "mnuEditBarUndo"},
     {command, "mnuEditCut", "C&ut", "Cut", "Cut", "Cut", "Ctrl+X", run<&frmMain::mnuEditCut_Click>,
      when<&frmMain::canCut>},
     {command, "mnuEditCopy", "&Copy", "Copy", "Copy", "Copy", "Ctrl+C",
@@ -101,10 +106,6 @@ constexpr MainCommand commands[] = {
      run<&frmMain::mnuEditFindNext_Click>},
     {listCommand, "mnuListEdit", "&Edit Topic Text...", nullptr, nullptr, nullptr, nullptr,
      run<&frmMain::mnuListEdit_Click>, when<&frmMain::hasTopic>},
-    {listCommand, "mnuListUndo", "&Undo", nullptr, nullptr, "Undo", "Ctrl+Z",
-     run<&frmMain::mnuListUndo_Click>, when<&frmMain::canUndo>},
-    {listCommand, "mnuListRedo", "&Redo", nullptr, nullptr, "Redo", "Ctrl+Y; Ctrl+Shift+Z",
-     run<&frmMain::mnuListRedo_Click>, when<&frmMain::canRedo>},
 };
 
 constexpr const char* keys[] = {
@@ -114,7 +115,7 @@ constexpr const char* keys[] = {
 };
 
 constexpr const char* listMenu[] = {
-    "mnuListEdit",   nullptr, "mnuListUndo",    "mnuListRedo",   nullptr,     "mnuEditAdd",
+    "mnuListEdit",   nullptr, "mnuEditUndo",    "mnuEditRedo",   nullptr,     "mnuEditAdd",
     "mnuEditDelete", nullptr, "mnuEditPromote", "mnuEditDemote", "mnuEditUp", "mnuEditDown",
 };
 

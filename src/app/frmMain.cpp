@@ -108,6 +108,8 @@ void frmMain::connectControls() {
     UI_ON(txtHelpNum, KeyDown);
     for (ui::TextBox* box : {&txtLevel, &txtTitle, &txtFilename, &txtHelpID, &txtHelpNum}) {
         box->SelectionChange.connect([this] { updateCommands(); });
+        box->leaveUndoToWindow();
+        box->StepBegins.connect([this] { project_.endTyping(); });
     }
     clipboard_.Change.connect([this] { updateCommands(); });
     FocusChange.connect([this] { updateCommands(); });
@@ -194,8 +196,8 @@ void frmMain::fillMenus() {
 void frmMain::updateCommands() {
     commands_.update();
     const model::UndoHistory& history = project_.history();
-    commands_.find("mnuListUndo")->setCaption("&Undo " + Text(history.undoName()));
-    commands_.find("mnuListRedo")->setCaption("&Redo " + Text(history.redoName()));
+    commands_.setSubject("mnuEditUndo", history.undoName());
+    commands_.setSubject("mnuEditRedo", history.redoName());
 }
 
 void frmMain::updateRecentFiles() {
@@ -236,6 +238,12 @@ void frmMain::projectReplaced() {
     restartSearch();
     lvLevels.reset();
     showCurrent();
+}
+
+void frmMain::topicsSwapped(int a, int b) {
+    if (find_ != nullptr) {
+        find_->topicsSwapped(a, b);
+    }
 }
 
 void frmMain::currentIndexChanged(int /*position*/) {
@@ -294,9 +302,14 @@ bool frmMain::showTopic(int position) {
 }
 
 void frmMain::openTopicEditor(int position) {
-    if (!showTopic(position)) {
-        return;
+    if (showTopic(position)) {
+        showEditor(position);
+        editor_->activate();
     }
+}
+
+/// The topic must be the current one. The focus stays where it is.
+void frmMain::showEditor(int position) {
     if (editor_ != nullptr && !editor_->isVisible()) {
         // Just closed, perhaps by a command of its own that is still running.
         editor_->Closed.connect({});
@@ -306,12 +319,12 @@ void frmMain::openTopicEditor(int position) {
         editor_ = std::make_unique<editor::frmEditBody>(*this, project_, settings_, editorMemory_,
                                                         programFolder_);
         editor_->Closed.connect([this] { discard(std::move(editor_)); });
-        editor_->Find.connect([this] { mnuEditFind_Click(); });
+        editor_->Find.connect([this] { editor_Find(); });
         editor_->FindNext.connect([this] { mnuEditFindNext_Click(); });
+        editor_->Activated.connect([this] { editor_Activated(); });
         editor_->setCaption("Edit Topic - " + project_.outline().at(position).title);
-        editor_->show();
     }
-    editor_->activate();
+    editor_->showUnfocused();
 }
 
 /// The editor belongs to the current topic; whoever leaves that asks here first. False when the

@@ -82,18 +82,18 @@ public:
     void txtLevel_KeyDown(ui::Key& key) { moveByKey(key); }
     void txtTitle_Change();
     void txtTitle_GotFocus();
-    void txtTitle_LostFocus() { leaveField(); }
+    void txtTitle_LostFocus() { finishField(); }
     void txtTitle_KeyDown(ui::Key& key);
     void txtFilename_Change();
     void txtFilename_GotFocus();
-    void txtFilename_LostFocus() { leaveField(); }
+    void txtFilename_LostFocus() { finishField(); }
     void txtFilename_KeyDown(ui::Key& key) { moveByKey(key); }
     void txtHelpID_Change();
     void txtHelpID_KeyDown(ui::Key& key) { moveByKeyOrEnter(key); }
     void txtHelpNum_Change();
     void txtHelpNum_KeyDown(ui::Key& key) { moveByKeyOrEnter(key); }
-    void txtHelpID_LostFocus() { leaveField(); }
-    void txtHelpNum_LostFocus() { leaveField(); }
+    void txtHelpID_LostFocus() { project_.endTyping(); }
+    void txtHelpNum_LostFocus() { project_.endTyping(); }
     void tmrRecovery_Tick();
     void files_Dropped(const std::vector<std::filesystem::path>& files);
 
@@ -111,6 +111,8 @@ public:
     void mnuFileProperties_Click();
     void mnuFileMRU_Click(int index);
     void mnuFileExit_Click() { close(); }
+    void mnuEditUndo_Click();
+    void mnuEditRedo_Click();
     void mnuEditCut_Click();
     void mnuEditCopy_Click();
     void mnuEditPaste_Click();
@@ -126,8 +128,6 @@ public:
     void mnuHelpIndex_Click();
     void mnuHelpAbout_Click();
     void mnuListEdit_Click() { openTopicEditor(project_.currentIndex()); }
-    void mnuListUndo_Click();
-    void mnuListRedo_Click();
 
     // When they can be chosen.
     bool hasTopic() const { return project_.currentIndex() > 0; }
@@ -165,6 +165,7 @@ private:
     void topicInserted(int position) override;
     void topicRemoved(int position) override;
     void projectReplaced() override;
+    void topicsSwapped(int a, int b) override;
     void currentIndexChanged(int position) override;
     void currentTopicMoved(int position) override;
     void dataChangedToggled(bool dataChanged) override;
@@ -184,6 +185,8 @@ private:
     bool openHelp();
 
     void restartSearch();
+    void editor_Find();
+    void editor_Activated();
     tools::SpellChecker::Outcome checkTopic(tools::SpellChecker& checker, int position);
 
     void arrange();
@@ -203,9 +206,11 @@ private:
     void selectCurrent();
     void fillFields(bool always);
     bool closeEditor();
-    bool leaveEditorForUndo();
+    bool leaveEditorForUndo(const model::UndoRecord& step);
+    void showEditor(int position);
     void editField(model::TextView name, const ui::TextBox& box, model::Text model::Topic::*field);
     void leaveField();
+    void finishField();
     void moveByKey(ui::Key& key);
     void moveByKeyOrEnter(ui::Key& key);
     void showNeighbour(int step);

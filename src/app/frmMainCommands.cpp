@@ -208,7 +208,13 @@ void frmMain::mnuEditDelete_Click() {
     const ui::Answer answer = Prompter::current().ask(
         this, {"Delete the Topic '" + (title.empty() ? "<No Title>" : title) + "'?", "Delete Topic",
                ui::Buttons::yesNo, ui::QuestionIcon::question});
-    if (answer == ui::Answer::yes && closeEditor()) {
+    if (answer != ui::Answer::yes) {
+        return;
+    }
+    if (hasEdits()) {
+        editor_->mnuFileSave_Click(); // so that they can come back with the topic
+    }
+    if (closeEditor()) {
         model::deleteTopic(project_);
     }
 }
@@ -250,21 +256,27 @@ void frmMain::mnuHelpAbout_Click() {
     about.run();
 }
 
-/// False when the editor held edits: saving them is a step of its own, which must not be the one
-/// that is taken back at once.
-bool frmMain::leaveEditorForUndo() {
-    const bool edited = editor_ != nullptr && editor_->isVisible() && editor_->changed();
+/// The editor stays when the step is not about what it shows. False when it held edits: saving them
+/// is a step of its own, which must not be the one that is taken back at once.
+bool frmMain::leaveEditorForUndo(const model::UndoRecord& step) {
+    using model::Topic;
+    if (step.currentAfter == project_.currentIndex()
+        && step.isOnlyAbout({&Topic::level, &Topic::status, &Topic::title, &Topic::fileName,
+                             &Topic::contextId, &Topic::contextNumber})) {
+        return true;
+    }
+    const bool edited = hasEdits();
     return closeEditor() && !edited;
 }
 
-void frmMain::mnuListUndo_Click() {
-    if (leaveEditorForUndo()) {
+void frmMain::mnuEditUndo_Click() {
+    if (leaveEditorForUndo(project_.history().nextUndo())) {
         project_.undo();
     }
 }
 
-void frmMain::mnuListRedo_Click() {
-    if (leaveEditorForUndo()) {
+void frmMain::mnuEditRedo_Click() {
+    if (leaveEditorForUndo(project_.history().nextRedo())) {
         project_.redo();
     }
 }

@@ -8,6 +8,11 @@ using model::Text;
 using model::TextView;
 using model::Topic;
 
+namespace {
+/// Where the caret goes: the end of any usual text.
+constexpr std::size_t usualEnd = 99;
+} // namespace
+
 /// With `always`, another topic is shown: the fields forget what could be undone in them. Otherwise
 /// only what differs is filled in, so that a field keeps its caret while it is typed into.
 void frmMain::fillFields(bool always) {
@@ -20,8 +25,10 @@ void frmMain::fillFields(bool always) {
                                                            {&txtHelpID, &topic.contextId},
                                                            {&txtHelpNum, &topic.contextNumber}};
     for (const auto& [box, text] : fields) {
-        if (always || box->text() != *text) {
+        if (always) {
             box->setText(*text);
+        } else if (box->text() != *text) {
+            box->changeText(*text);
         }
     }
 }
@@ -56,19 +63,27 @@ void frmMain::txtHelpNum_Change() {
     editField("Edit HelpCont #", txtHelpNum, &Topic::contextNumber);
 }
 
+/// For a command that means the end of what is being typed, though the focus stays.
 void frmMain::leaveField() {
+    const ui::TextBox* box = focusedTextBox();
+    if (box == &txtTitle || box == &txtFilename) {
+        finishField();
+    }
+    project_.endTyping();
+}
+
+void frmMain::finishField() {
     model::completeFileName(project_);
     project_.endTyping();
     updateCommands();
 }
 
-/// The caret goes to a fixed place: the end of any usual text.
 void frmMain::txtTitle_GotFocus() {
-    txtTitle.select(99, 0);
+    txtTitle.select(usualEnd, 0);
 }
 
 void frmMain::txtFilename_GotFocus() {
-    txtFilename.select(99, 0);
+    txtFilename.select(usualEnd, 0);
 }
 
 void frmMain::txtTitle_KeyDown(ui::Key& key) {
@@ -101,7 +116,10 @@ void frmMain::showNeighbour(int step) {
     const int position = project_.currentIndex() + step;
     if (hasTopic() && position >= 1 && position <= project_.outline().count()) {
         leaveField();
-        showTopic(position);
+        ui::TextBox* box = focusedTextBox();
+        if (showTopic(position) && box != nullptr) {
+            box->select(usualEnd, 0); // as on entering it
+        }
     }
 }
 

@@ -33,7 +33,14 @@ void frmMain::mnuEditFind_Click() {
     find_->ask();
 }
 
+/// Who asks from the midst of a text means the texts.
+void frmMain::editor_Find() {
+    mnuEditFind_Click();
+    find_->includeBodies();
+}
+
 void frmMain::mnuEditFindNext_Click() {
+    leaveField();
     if (find_ == nullptr || !find_->isVisible() || !find_->cmdFindNext.isEnabled()) {
         mnuEditFind_Click();
     } else {
@@ -58,23 +65,36 @@ std::optional<model::Text> frmMain::editedText(int topic, FindStage stage) const
     return model::withLineBreaks(body);
 }
 
+/// The focus of the window that shows the match goes there; which window has it is left alone, so
+/// that Enter in Find means the next match and never what is marked.
 bool frmMain::showMatch(const FindMatch& match) {
-    leaveField();
+    if (project_.history().isTyping()) {
+        leaveField();
+    }
     if (!showTopic(match.topic)) {
         return false;
     }
     lvLevels.select(match.topic);
-    if (match.stage == FindStage::title) {
-        activate();
-        txtTitle.setFocus();
-        txtTitle.select(match.start, match.length);
-        return true;
+    const bool inTitle = match.stage == FindStage::title;
+    if (!inTitle) {
+        showEditor(match.topic);
     }
-    openTopicEditor(match.topic);
-    ui::TextBox& box = boxOf(*editor_, match.stage);
+    ui::TextBox& box = inTitle ? txtTitle : boxOf(*editor_, match.stage);
     box.setFocus();
     box.select(match.start, match.length);
+    if (!find_->isActive()) { // from the key for the next match
+        inTitle ? activate() : editor_->activate();
+    }
+    find_->raise();
+    find_->uncover(box.selectionPlace());
     return true;
+}
+
+/// Both are the main window's, and the one that came to the front last would cover the other.
+void frmMain::editor_Activated() {
+    if (find_ != nullptr && find_->isVisible()) {
+        find_->raise();
+    }
 }
 
 /// Positions mean other topics from here on.

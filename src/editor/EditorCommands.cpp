@@ -34,6 +34,11 @@ constexpr ui::CommandRow<Form> commands[] = {
     {end},
 
     {menu, "mnuEdit", "&Edit"},
+    {command, "mnuEditUndo", "U&ndo", nullptr, nullptr, "Undo", "Ctrl+Z",
+     run<&Form::mnuEditUndo_Click>, when<&Form::canUndo>},
+    {command, "mnuEditRedo", "&Redo", nullptr, nullptr, "Redo", "Ctrl+Y; Ctrl+Shift+Z",
+     run<&Form::mnuEditRedo_Click>, when<&Form::canRedo>},
+    {separator, "mnuEditBar0"},
     {command, "mnuEditCut", "C&ut", "Cut", "Cut", "Cut", "Ctrl+X", run<&Form::mnuEditCut_Click>,
      when<&Form::canCopy>},
     {command, "mnuEditCopy", "&Copy", "Copy", "Copy", "Copy", "Ctrl+C",
@@ -98,6 +103,8 @@ constexpr ui::CommandRow<Form> commands[] = {
      run<&Form::mnuEditFind_Click>},
     {command, "mnuEditFindNext", "Find Next", nullptr, nullptr, nullptr, "F3",
      run<&Form::mnuEditFindNext_Click>},
+    {command, "mnuPreviewClose", "Close Preview", nullptr, nullptr, nullptr, "Esc",
+     run<&Form::mnuPreviewClose_Click>, when<&Form::hasPreview>},
 };
 
 constexpr const char* keys[] = {

@@ -34,7 +34,7 @@ frmEditBody::frmEditBody(ui::Window& owner, model::Project& project, ui::Setting
     showTopic();
     connectControls();
     fillFromTemplate();
-    commands_.update();
+    updateCommands();
     txtBody.setFocus();
 }
 
@@ -143,6 +143,7 @@ void frmEditBody::showTopic() {
     txtShortDesc.setText(topic.shortDescription);
     txtKeywords.setText(topic.keywords);
     txtBody.setText(topic.body);
+    image_ = icboImage.selectedKey();
 }
 
 void frmEditBody::fillFromTemplate() {
@@ -157,8 +158,23 @@ void frmEditBody::fillFromTemplate() {
                                  "Missing File", ui::Buttons::ok, ui::QuestionIcon::exclamation});
     } else if (!text->empty()) {
         txtBody.setText(*text);
-        setChangedState(true);
+        fromTemplate_ = true;
+        lookForEdits();
     }
+}
+
+/// What has been taken back to the beginning, or to what was saved last, is no edit any more.
+void frmEditBody::lookForEdits() {
+    setChangedState(fromTemplate_ || txtBody.isEdited() || txtKeywords.isEdited()
+                    || txtShortDesc.isEdited() || icboImage.selectedKey() != image_);
+    updateCommands();
+}
+
+void frmEditBody::updateCommands() {
+    commands_.update();
+    const ui::TextBox* box = focusedTextBox();
+    commands_.setSubject("mnuEditUndo", box == nullptr ? Text() : box->undoName());
+    commands_.setSubject("mnuEditRedo", box == nullptr ? Text() : box->redoName());
 }
 
 void frmEditBody::setChangedState(bool changed) {
@@ -185,6 +201,11 @@ void frmEditBody::mnuFileSave_Click() {
     }
     const model::UndoStep step(project_, "Edit Topic Text");
     storeIn(project_);
+    for (ui::TextBox* box : {&txtBody, &txtKeywords, &txtShortDesc}) {
+        box->setUnedited();
+    }
+    image_ = icboImage.selectedKey();
+    fromTemplate_ = false;
     setChangedState(false);
 }
 
@@ -206,16 +227,22 @@ void frmEditBody::connectControls() {
     UI_ON(tbTools, ButtonClick);
     UI_ON(tbTools, ButtonMenuClick);
     for (ui::TextBox* box : {&txtBody, &txtKeywords, &txtShortDesc}) {
-        box->SelectionChange.connect([this] { commands_.update(); });
+        box->SelectionChange.connect([this] { updateCommands(); });
     }
-    clipboard_.Change.connect([this] { commands_.update(); });
-    FocusChange.connect([this] { commands_.update(); });
+    clipboard_.Change.connect([this] { updateCommands(); });
+    FocusChange.connect([this] { updateCommands(); });
+    commands_.BeforeRun.connect([this] { txtBody.nameSteps(commands_.running()); });
+    commands_.AfterRun.connect([this] {
+        txtBody.nameSteps({});
+        updateCommands();
+    });
 }
 
 // ---- The drop-down buttons ----
 
 void frmEditBody::tbTools_ButtonClick(const Text& key) {
     const int number = key.empty() ? 0 : key.back() - '0';
+    txtBody.nameSteps(key.starts_with("Heading") ? "Insert Heading" : "Insert Table");
     if (key.starts_with("Heading")) {
         mnuTagHeading_Click(number);
     } else if (key == "NewLine") {
@@ -223,6 +250,8 @@ void frmEditBody::tbTools_ButtonClick(const Text& key) {
     } else if (key.starts_with("Col")) {
         mnuTableCol_Click(number);
     }
+    txtBody.nameSteps({});
+    updateCommands();
 }
 
 void frmEditBody::tbTools_ButtonMenuClick(const Text& key) {

@@ -77,10 +77,10 @@ public:
     ui::Event<> Find;
     ui::Event<> FindNext;
 
-    void txtBody_Change() { setChangedState(true); }
-    void txtKeywords_Change() { setChangedState(true); }
-    void txtShortDesc_Change() { setChangedState(true); }
-    void icboImage_Change() { setChangedState(true); }
+    void txtBody_Change() { lookForEdits(); }
+    void txtKeywords_Change() { lookForEdits(); }
+    void txtShortDesc_Change() { lookForEdits(); }
+    void icboImage_Change() { lookForEdits(); }
     void tbTools_ButtonClick(const Text& key);
     void tbTools_ButtonMenuClick(const Text& key);
 
@@ -89,6 +89,9 @@ public:
     void mnuFilePreview_Click();
     void mnuFileSave_Click();
     void mnuFileClose_Click() { close(); }
+    void mnuPreviewClose_Click() { preview_->close(); }
+    void mnuEditUndo_Click() { focusedTextBox()->undo(); }
+    void mnuEditRedo_Click() { focusedTextBox()->redo(); }
     void mnuEditCut_Click();
     void mnuEditCopy_Click();
     void mnuEditPaste_Click();
@@ -110,6 +113,9 @@ public:
     void mnuEditFind_Click() { Find.raise(); }
     void mnuEditFindNext_Click() { FindNext.raise(); }
 
+    bool hasPreview() const { return preview_ != nullptr && preview_->isVisible(); }
+    bool canUndo() const;
+    bool canRedo() const;
     bool canCopy() const;
     bool canPaste() const;
 
@@ -123,7 +129,9 @@ private:
     void storeSettings();
     void showTopic();
     void fillFromTemplate();
+    void lookForEdits();
     void setChangedState(bool changed);
+    void updateCommands();
     void showTableButton(const Text& key);
 
     /// False, and said so, in a field that is not for mark-up; false too where no field has the
@@ -140,6 +148,8 @@ private:
     ui::CommandSet commands_{*this, editorCommands()};
     std::unique_ptr<frmPreview> preview_;
     int tableSize_ = 3;
+    Text image_;                ///< that was chosen at first, or is saved
+    bool fromTemplate_ = false; ///< the body is, and not saved yet
     bool changed_ = false;
 };
 

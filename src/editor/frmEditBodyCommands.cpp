@@ -22,6 +22,16 @@ fs::path frmEditBody::projectFolder() const {
 
 // ---- Clipboard and import ----
 
+bool frmEditBody::canUndo() const {
+    const ui::TextBox* box = focusedTextBox();
+    return box != nullptr && box->canUndo();
+}
+
+bool frmEditBody::canRedo() const {
+    const ui::TextBox* box = focusedTextBox();
+    return box != nullptr && box->canRedo();
+}
+
 bool frmEditBody::canCopy() const {
     const ui::TextBox* box = focusedTextBox();
     return box != nullptr && box->selection().length > 0;
@@ -86,7 +96,10 @@ void frmEditBody::mnuFilePreview_Click() {
     }
     if (preview_ == nullptr) {
         preview_ = std::make_unique<frmPreview>(*this, settings_);
-        preview_->Closed.connect([this] { discard(std::move(preview_)); });
+        preview_->Closed.connect([this] {
+            discard(std::move(preview_));
+            updateCommands();
+        });
     }
     preview_->preview(topic.title, file,
                       project_.hasFile() ? project_.projectPath().parent_path() : projectFolder());

@@ -1,5 +1,7 @@
 #include "editor/frmPreview.h"
 
+#include <algorithm>
+
 #include "model/HelpContext.h"
 #include "ui/Prompter.h"
 #include "ui/WindowPlace.h"
@@ -20,6 +22,9 @@ frmPreview::frmPreview(ui::Window& owner, ui::Settings& settings)
     setHelpContext(model::previewHelp);
     setMinimumSize(minimumWidth, minimumHeight);
     ui::restorePlace(*this, settings_, section, minimumWidth, minimumHeight);
+    if (settings_.get(section, "Left", "").empty()) {
+        placeBeside(owner);
+    }
     brwPreview.setAccessibleName("Preview");
     UI_ON(brwPreview, Refused);
     UI_ON(closeCommand, Click);
@@ -29,8 +34,17 @@ void frmPreview::preview(model::TextView title, const std::filesystem::path& fil
                          const std::filesystem::path& projectFolder) {
     setCaption("Preview of: " + model::Text(title));
     brwPreview.navigate(file, projectFolder);
-    show();
-    activate();
+    showUnfocused();
+}
+
+/// To the right of the editor or to its left; where neither has room, as far to the right as the
+/// screen goes.
+void frmPreview::placeBeside(const ui::Window& editor) {
+    constexpr int gap = 150; // for the frames
+    const int right = editor.left() + editor.width() + gap;
+    const int left = editor.left() - width() - gap;
+    const int last = std::max(screenWidth() - width() - gap, 0);
+    setPosition(right <= last || left < 0 ? std::min(right, last) : left, editor.top());
 }
 
 void frmPreview::brwPreview_Refused() {
@@ -40,7 +54,7 @@ void frmPreview::brwPreview_Refused() {
 
 void frmPreview::Resize() {
     if (state() != ui::WindowState::minimised) {
-        brwPreview.place(64, 64, width() - 128, height() - 512);
+        brwPreview.place(0, contentTop(), width(), height() - contentTop());
     }
 }
 

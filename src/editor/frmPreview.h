@@ -16,7 +16,8 @@ public:
     /// Nothing is owned.
     frmPreview(ui::Window& owner, ui::Settings& settings);
 
-    /// Shows a file, or shows it anew, with what lies in the project's folder.
+    /// Shows a file, or shows it anew, with what lies in the project's folder. The focus stays in
+    /// the editor.
     void preview(model::TextView title, const std::filesystem::path& file,
                  const std::filesystem::path& projectFolder);
 
@@ -29,6 +30,9 @@ public:
 
     void Resize() override;
     bool mayClose() override;
+
+private:
+    void placeBeside(const ui::Window& editor);
 };
 
 } // namespace editor

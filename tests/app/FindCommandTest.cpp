@@ -32,10 +32,20 @@ protected:
         findNext();
     }
 
-    /// What is selected in a box, which must have the focus.
-    static std::string selectedIn(const ui::TextBox& box) {
-        return box.hasFocus() ? box.selectedText() + '@' + std::to_string(box.selection().start)
-                              : "no focus";
+    /// What is selected in a box, which must be the one for the keys of its window.
+    static std::string selectedIn(const ui::Window& window, const ui::TextBox& box) {
+        return window.focusedTextBox() == &box
+                   ? box.selectedText() + '@' + std::to_string(box.selection().start)
+                   : "no focus";
+    }
+
+    /// Whether a window lies above a box's selection.
+    static bool covers(const ui::Window& window, const ui::TextBox& box) {
+        const ui::ScreenPlace place = box.selectionPlace();
+        return window.left() < place.left + place.width
+               && place.left < window.left() + window.width()
+               && window.top() < place.top + place.height
+               && place.top < window.top() + window.height();
     }
 };
 
@@ -52,7 +62,7 @@ TEST_F(FindCommand, AsksForATextAndNeedsATopic) {
     press("Escape");
     EXPECT_EQ(window->findDialog(), nullptr);
     EXPECT_TRUE(choose(*window, {"Edit", "Find..."}));
-    EXPECT_EQ(selectedIn(dialog().txtFind), "\xE9@0");
+    EXPECT_EQ(selectedIn(dialog(), dialog().txtFind), "\xE9@0");
     EXPECT_TRUE(dialog().cmdFindNext.isEnabled());
     press("Delete");
     EXPECT_FALSE(dialog().cmdFindNext.isEnabled());
@@ -66,11 +76,13 @@ TEST_F(FindCommand, ShowsTitlesInTheMainWindow) {
     findNext();
     EXPECT_EQ(project().currentIndex(), 3);
     EXPECT_EQ(window->lvLevels.selected(), 3);
-    EXPECT_EQ(selectedIn(window->txtTitle), "Tab@0");
-    press("F3"); // in the main window
-    EXPECT_EQ(selectedIn(window->txtTitle), "tab@7");
+    EXPECT_EQ(selectedIn(*window, window->txtTitle), "Tab@0");
+    show(*window);
+    press("F3");
+    EXPECT_TRUE(window->txtTitle.hasFocus());
+    EXPECT_EQ(selectedIn(*window, window->txtTitle), "tab@7");
     findNext();
-    EXPECT_EQ(selectedIn(window->txtTitle), "tab@2");
+    EXPECT_EQ(selectedIn(*window, window->txtTitle), "tab@2");
     prompter.expect({"Specified region searched, No more matches", "Find"});
     findNext();
     EXPECT_EQ(project().currentIndex(), 1);
@@ -93,11 +105,13 @@ TEST_F(FindCommand, OpensTheEditorForTextsAndClosesItBehindThem) {
     load(std::move(outline));
     findInTexts("word");
     ASSERT_NE(window->editor(), nullptr);
-    EXPECT_EQ(selectedIn(window->editor()->txtBody), "word@5");
+    EXPECT_EQ(selectedIn(*window->editor(), window->editor()->txtBody), "word@5");
+    show(*window->editor());
     press("Ctrl+End");
     type(", words");
     press("F3"); // in the editor
-    EXPECT_EQ(selectedIn(window->editor()->txtBody), "word@11");
+    EXPECT_EQ(selectedIn(*window->editor(), window->editor()->txtBody), "word@11");
+    EXPECT_TRUE(window->editor()->txtBody.hasFocus());
     const ui::MessageBox question{"Changes Made, Save Changes?", "Save", Buttons::yesNoCancel,
                                   QuestionIcon::question};
     prompter.expect(question, Answer::cancel);
@@ -108,7 +122,7 @@ TEST_F(FindCommand, OpensTheEditorForTextsAndClosesItBehindThem) {
     press("F3"); // closes the editor that it came from
     EXPECT_EQ(titles(), "a:C b: c:");
     EXPECT_EQ(project().currentIndex(), 2);
-    EXPECT_EQ(selectedIn(window->editor()->txtShortDesc), "word@2");
+    EXPECT_EQ(selectedIn(*window->editor(), window->editor()->txtShortDesc), "word@2");
     EXPECT_EQ(window->editor()->caption(), "Edit Topic - b");
     prompter.expect({"Specified region searched, No more matches", "Find"});
     show(*window->editor());
@@ -122,9 +136,48 @@ TEST_F(FindCommand, MarksMatchesBehindOtherLineEnds) {
     outline.at(1).body = "l1\nl2\rl3 word x word";
     load(std::move(outline));
     findInTexts("word");
-    EXPECT_EQ(selectedIn(window->editor()->txtBody), "word@11");
+    EXPECT_EQ(selectedIn(*window->editor(), window->editor()->txtBody), "word@11");
     findNext();
-    EXPECT_EQ(selectedIn(window->editor()->txtBody), "word@18");
+    EXPECT_EQ(selectedIn(*window->editor(), window->editor()->txtBody), "word@18");
+}
+
+TEST_F(FindCommand, KeepsTheFocusAndOutOfTheWay) {
+    auto outline = titled({"a", "b"});
+    outline.at(1).body = outline.at(2).body = "word\r\n";
+    load(std::move(outline));
+    window->openTopicEditor(1);
+    show(*window->editor());
+    press("Ctrl+F"); // means bodies
+    type("word");
+    for (const int topic : {1, 2}) {
+        dialog().setPosition(window->editor()->left(), window->editor()->top());
+        press("Enter");
+        EXPECT_EQ(project().currentIndex(), topic);
+        EXPECT_EQ(selectedIn(*window->editor(), window->editor()->txtBody), "word@0");
+        EXPECT_TRUE(dialog().isActive());
+        EXPECT_FALSE(covers(dialog(), window->editor()->txtBody));
+    }
+    prompter.expect({"Specified region searched, No more matches", "Find"});
+    press("Enter");
+    EXPECT_EQ(topic(1).body + topic(2).body, "word\r\nword\r\n");
+}
+
+TEST_F(FindCommand, FollowsTopicsThatAreMovedMeanwhile) {
+    load(titled({"x1", "x2", "x3", "y", "x4"}));
+    open();
+    type("x");
+    findNext();
+    findNext();
+    dragRow(window->lvLevels, 5, 1, false); // behind the search, if it went by places
+    EXPECT_EQ(titles(), "x4:M x1: x2: x3: y:");
+    std::string found;
+    for (int match = 0; match < 2; ++match) {
+        findNext();
+        found += window->txtTitle.text() + ' ';
+    }
+    EXPECT_EQ(found, "x3 x4 ");
+    prompter.expect({"Specified region searched, No more matches", "Find"});
+    findNext();
 }
 
 TEST_F(FindCommand, OutlivesItsProject) {
@@ -135,7 +188,7 @@ TEST_F(FindCommand, OutlivesItsProject) {
     findNext();
     load(titled({"x x", "x"}));
     findNext();
-    EXPECT_EQ(selectedIn(window->txtTitle), "x@0");
+    EXPECT_EQ(selectedIn(*window, window->txtTitle), "x@0");
     EXPECT_TRUE(window->close());
     settle();
     EXPECT_EQ(window->findDialog(), nullptr);

@@ -27,7 +27,8 @@ TEST_F(frmMain, StartsEmptyWithTheDescribedMenus) {
     EXPECT_EQ(menuText(*window, {"File", "Generate Files"}),
               "Generate &Help Files\nGenerate &Documentation");
     EXPECT_EQ(menuText(*window, {"Edit"}),
-              "(C&ut\tCtrl+X)\n(&Copy\tCtrl+C)\n(&Paste\tCtrl+V)\nFind...\tCtrl+F\n-\n"
+              "(U&ndo\tCtrl+Z)\n(&Redo\tCtrl+Y)\n-\n(C&ut\tCtrl+X)\n(&Copy\tCtrl+C)\n(&Paste\tCtrl+"
+              "V)\nFind...\tCtrl+F\n-\n"
               "&Add New Topic\tIns\n(&Delete Topic\tDel)\n-\n(Promote Topic\tAlt+Right)\n"
               "(Demote Topic\tAlt+Left)\n(Move Topic Up\tAlt+Up)\n(Move Topic Down\tAlt+Down)");
     EXPECT_EQ(menuText(*window, {"Help"}), "&Contents...\tF1\nHelp &Index...\n-\n&About...");
@@ -155,6 +156,27 @@ TEST_F(frmMain, AFileNameIsMadeOnLeavingTheTitle) {
     project().setField(2, &model::Topic::title, model::Text(120, 'x'));
     press("Shift+Tab");
     EXPECT_EQ(caretOf(window->txtTitle), 99);
+}
+
+TEST_F(frmMain, WhatIsUntouchedIsNotCompleted) {
+    auto outline = titled({"a", "b"});
+    outline.at(1).fileName = outline.at(2).fileName = "";
+    load(std::move(outline));
+    press("Ctrl+F");
+    window->findDialog()->close();
+    show(*window);
+    press("Ctrl+S");
+    enter(window->txtHelpNum);
+    press("Return");
+    press("Up");
+    press("Ctrl+N"); // asks nothing
+    EXPECT_EQ(project().outline().count(), 0);
+    load(titled({"a"}));
+    project().setField(1, &model::Topic::fileName, "");
+    enter(window->txtTitle);
+    press("Ctrl+S"); // from the field
+    EXPECT_EQ(topic(1).fileName, "a.htm");
+    EXPECT_TRUE(window->close());
 }
 
 TEST_F(frmMain, KeysInTheFieldsWalkThroughTheList) {

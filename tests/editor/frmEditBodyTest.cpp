@@ -3,6 +3,7 @@
 #include "app/MainWindowFixture.h"
 #include "editor/dlgGraphicOptions.h"
 #include "editor/dlgWebLinkText.h"
+#include "model/ProjectFile.h"
 
 using namespace ui::testing;
 using test::titled;
@@ -89,6 +90,13 @@ TEST_F(frmEditBody, AsksBeforeEditsAreLost) {
     EXPECT_TRUE(editor().isVisible());
     EXPECT_EQ(project().currentIndex(), 1);
     EXPECT_EQ(window->lvLevels.selected(), 1);
+    EXPECT_EQ(highlightedRow(window->lvLevels), 1);
+    show(*window);
+    window->lvLevels.setFocus();
+    expectCloseQuestion(Answer::cancel);
+    press("Down");
+    EXPECT_EQ(project().currentIndex(), 1);
+    EXPECT_EQ(highlightedRow(window->lvLevels), 1);
     expectCloseQuestion(Answer::no);
     clickRow(window->lvLevels, 2);
     EXPECT_EQ(window->editor(), nullptr);
@@ -123,6 +131,114 @@ TEST_F(frmEditBody, AsksBeforeEditsAreLost) {
     EXPECT_TRUE(window->close()); // with the edit
     EXPECT_NE(test::bytesOf(folder / "p.tsp").find("a.htm\r\n\r\n\r\n\r\nAuto\r\n\r\ny\r\n"),
               std::string::npos);
+}
+
+TEST_F(frmEditBody, EditsGoAndComeBackWithADeletedTopic) {
+    edit("old");
+    type("\xC3\xA4"); // "ä" in UTF-8
+    prompter.expect(
+        {"Delete the Topic 'a'?", "Delete Topic", Buttons::yesNo, QuestionIcon::question},
+        Answer::yes);
+    show(*window);
+    EXPECT_TRUE(pressButton(*window, "Delete Current Topic")); // no more questions
+    EXPECT_EQ(window->editor(), nullptr);
+    EXPECT_EQ(titles(), "b:");
+    press("Ctrl+Z");
+    EXPECT_EQ(topic(1).body, "\xE4old");
+}
+
+TEST_F(frmEditBody, StaysOpenWhenAFieldIsTakenBack) {
+    edit("x");
+    type("edit");
+    show(*window);
+    enter(window->txtTitle);
+    type("2");
+    press("Ctrl+Z");
+    EXPECT_EQ(titles(), "a: b:");
+    EXPECT_TRUE(editor().isVisible());
+    EXPECT_TRUE(editor().changed());
+    EXPECT_TRUE(pressButton(*window, "Move Down"));
+    expectCloseQuestion(Answer::cancel);
+    press("Ctrl+Z"); // the topic would come to another place
+    EXPECT_EQ(titles(), "b: a:M");
+}
+
+TEST_F(frmEditBody, TakesBackWordByWordUntilNothingIsChanged) {
+    edit("text\n\xE4");
+    EXPECT_TRUE(menuText(editor(), {"Edit"}).starts_with("(U&ndo\tCtrl+Z)\n(&Redo\tCtrl+Y)\n-\n"));
+    type("one two ");
+    press("Ctrl+B");
+    press("Ctrl+Z");
+    EXPECT_TRUE(menuText(editor(), {"Edit"})
+                    .starts_with("U&ndo Typing\tCtrl+Z\n&Redo Make Bold\tCtrl+Y\n-\n"));
+    EXPECT_TRUE(choose(editor(), {"Edit", "Undo Typing"}));
+    EXPECT_EQ(body(), "one |text\r\n\xE4");
+    EXPECT_TRUE(editor().changed());
+    press("Ctrl+Z");
+    EXPECT_EQ(editor().txtBody.text(), "text\n\xE4"); // byte by byte
+    EXPECT_FALSE(editor().changed());
+    editor().txtKeywords.setFocus();
+    type("k1 k2");
+    press("Ctrl+Z");
+    EXPECT_EQ(editor().txtKeywords.text(), "k1 ");
+    press("Ctrl+S");
+    EXPECT_EQ(topic(1).keywords, "k1 ");
+    press("Ctrl+Z");
+    EXPECT_EQ(editor().txtKeywords.text(), "");
+    EXPECT_TRUE(editor().changed()); // it is not what was saved
+    press("Ctrl+Y");
+    EXPECT_FALSE(editor().changed());
+    editor().icboImage.setFocus();
+    press("Down");
+    EXPECT_TRUE(editor().changed());
+    press("Up");
+    EXPECT_TRUE(editor().close()); // without a question
+}
+
+TEST_F(frmEditBody, TabMovesSelectedLinesInAndOut) {
+    edit("a\r\n\r\n  \xE4\r\nc");
+    editor().txtBody.select(0, 8); // up to the end of the third line
+    press("Tab");
+    EXPECT_EQ(body(), "|\ta\r\n\r\n\t  \xE4\r\nc");
+    press("Shift+Backtab");
+    EXPECT_EQ(body(), "|a\r\n\r\n  \xE4\r\nc");
+    press("Shift+Backtab");
+    EXPECT_EQ(body(), "|a\r\n\r\n\xE4\r\nc");
+    press("Ctrl+Z");
+    EXPECT_EQ(editor().txtBody.countedText(), "a\r\n\r\n  \xE4\r\nc");
+    editor().txtBody.select(0, 3); // not the line at whose start it ends
+    press("Tab");
+    EXPECT_EQ(body(), "|\ta\r\n\r\n  \xE4\r\nc");
+    editor().txtBody.select(100, 0);
+    press("Tab");
+    EXPECT_EQ(body(), "\ta\r\n\r\n  \xE4\r\nc\t|");
+    press("Shift+Backtab"); // nothing selected: leaves the box
+    EXPECT_FALSE(editor().txtBody.hasFocus());
+}
+
+TEST_F(frmEditBody, AFileIsNoTextToDrop) {
+    edit("x");
+    dropFile(editor().txtBody, folder / "other.txt");
+    dropFile(editor().txtKeywords, folder / "other.txt");
+    EXPECT_FALSE(editor().changed());
+    const model::ProjectOptions options;
+    test::writeBytes(folder / "other.tsp", model::formatProject(titled({"o"}), options));
+    dropFile(window->txtTitle, folder / "other.tsp"); // the window opens it
+    EXPECT_EQ(titles(), "o:");
+}
+
+TEST_F(frmEditBody, AFolderThatIsNotThereIsNotProposedAsAFile) {
+    edit("x");
+    settings->setPath("Open", "File Path", folder.path());
+    ui::Prompter real;
+    ui::Prompter::use(&real);
+    std::string shown;
+    whenFileDialog([&shown](const std::string& place, const std::string& name) {
+        shown = place + '|' + name;
+    });
+    EXPECT_TRUE(pressButton(editor(), "Insert Page Link"));
+    ui::Prompter::use(&prompter);
+    EXPECT_EQ(shown, canonical(folder.path()).generic_string() + '|');
 }
 
 TEST_F(frmEditBody, TheEditorStaysWithAMovedTopic) {

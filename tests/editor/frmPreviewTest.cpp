@@ -168,7 +168,14 @@ TEST_F(frmPreview, ShowsTheEditOnceMoreAtTheSamePlace) {
 
 TEST_F(frmPreview, ClosesWithItsEditorAndKeepsItsPlace) {
     preview("x");
-    EXPECT_EQ(placeOf(shown().brwPreview).width, (shown().width() - 128 + 7) / 15);
+    EXPECT_EQ(placeOf(shown().brwPreview),
+              (Place{0, 0, shown().width() / 15, shown().height() / 15}));
+    const auto& editor = *window->editor();
+    EXPECT_TRUE(editor.isActive());
+    EXPECT_GT(shown().left() + shown().width(), editor.left() + editor.width());
+    press("Esc");
+    EXPECT_FALSE(ui::Window::isOpen(editor::frmPreview::windowName));
+    EXPECT_TRUE(pressButton(*window->editor(), "Preview Help Topic"));
     shown().setSize(7500, 6000);
     settle();
     EXPECT_TRUE(window->editor()->close());
