@@ -217,13 +217,17 @@ private:
     const char* problemOfFile(int position, const Text& path) {
         constexpr const char* isMissing = "does not exist";
         constexpr const char* isOutside = "lies outside of the project";
+        constexpr const char* isNoName = "cannot be the name of a file on Windows"; // but a device
         for (const Text& each : {path, model::unescaped(path)}) {
             const Text place = plainPath(fromPage(position, each));
             if (place == ".." || place.starts_with("../")) {
                 return isOutside;
             }
-            if (path.empty() || !model::pageNameFault(place).empty()) {
-                continue; // no file has it, though a device may
+            if (path.empty() || place.empty()) {
+                continue; // no file, but a folder
+            }
+            if (!model::pageNameFault(place).empty()) {
+                return isNoName;
             }
             const fs::path file = files_.find(place);
             if (platform::leadsOutOf(folder_, file)) {
