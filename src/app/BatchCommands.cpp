@@ -2,6 +2,7 @@
 #include <limits>
 #include <string>
 
+#include "app/BatchHelp.h"
 #include "app/BatchImports.h"
 #include "app/BatchProject.h"
 #include "app/BatchTools.h"
@@ -166,6 +167,9 @@ constexpr BatchCommand commands[] = {
      "Lists what the help workshop or a reader would stumble over: position of the topic, kind of "
      "fault, what it is, with tabs between.",
      1, 1, check, "--output="},
+    {"verify", "HELP.chm [--against PROJECT.hhp]",
+     "Lists what is wrong with a compiled help file, and where it differs from its project.", 1, 1,
+     verify, "--against="},
     {"info", "PROJECT.tsp", "Prints facts about a project, one per line.", 1, 1, runInfo},
 };
 

@@ -1,36 +1,13 @@
 #include "help/ChmDirectory.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <set>
+
+#include "help/ChmBytes.h"
 
 namespace help {
 
 namespace {
-
-/// A little-endian number; 0 behind the end.
-std::uint64_t numberAt(std::string_view bytes, std::size_t offset, std::size_t length) {
-    std::uint64_t number = 0;
-    for (std::size_t i = length; i-- > 0;) {
-        const bool inside = offset < bytes.size() && i < bytes.size() - offset;
-        number = number << 8U | (inside ? static_cast<unsigned char>(bytes[offset + i]) : 0U);
-    }
-    return number;
-}
-
-/// Takes a number of seven bits a byte, the highest ones first; false at the end.
-bool takePackedNumber(std::string_view& bytes, std::uint64_t& number) {
-    number = 0;
-    while (!bytes.empty()) {
-        const auto byte = static_cast<unsigned char>(bytes.front());
-        bytes.remove_prefix(1);
-        number = number << 7U | (byte & 0x7FU);
-        if ((byte & 0x80U) == 0) {
-            return true;
-        }
-    }
-    return false;
-}
 
 /// The paths in one block of the directory; none in a block of the index above it.
 void takePaths(std::string_view block, std::set<std::string>& known,

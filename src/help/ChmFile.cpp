@@ -38,9 +38,10 @@ std::unique_ptr<ChmFile> ChmFile::open(const std::filesystem::path& path) {
     return file->paths_.empty() ? nullptr : std::move(file);
 }
 
-/// Each file is two numbers of eight bytes, its path and its bytes.
+/// Each file is two numbers of eight bytes, its path and its bytes; without a path, it is a fault.
 void ChmFile::list() {
     constexpr std::size_t numberSize = 8;
+    constexpr std::uint64_t longestFault = 1024;
     const std::uint64_t end = unpacked_.size();
     unpacked_.remove();
     for (std::uint64_t at = 0; at + 2 * numberSize <= end;) {
@@ -52,7 +53,9 @@ void ChmFile::list() {
             return; // cut
         }
         const std::string path = unpacked_.read(at, pathSize);
-        if (places_.emplace(packedKey(path), Place{at + pathSize, size}).second) {
+        if (path.empty()) {
+            faults_.push_back(unpacked_.read(at, std::min(size, longestFault)));
+        } else if (places_.emplace(packedKey(path), Place{at + pathSize, size}).second) {
             paths_.push_back(path);
         }
         at += pathSize + size;

@@ -25,6 +25,9 @@ public:
     /// Whether all of it could be read.
     bool isWhole() const { return whole_; }
 
+    /// What is wrong with it, for an author: some of it harms only other readers.
+    const std::vector<std::string>& faults() const { return faults_; }
+
     bool holds(const std::string& path) const;
 
     /// A packed file's bytes; nothing when there is none.
@@ -45,6 +48,7 @@ private:
     bool whole_ = false;
 
     platform::TemporaryFile unpacked_;
+    std::vector<std::string> faults_;
     std::vector<std::string> paths_;
     std::unordered_map<std::string, Place> places_; ///< by packedKey()
 };

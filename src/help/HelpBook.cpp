@@ -74,7 +74,7 @@ std::optional<std::string> HelpBook::read(const std::string& path) const {
 /// A page as it stands in contents or index; another help's page and a place elsewhere stay as
 /// they are.
 std::string HelpBook::pathOf(std::string_view local) const {
-    if (local.empty() || local.find("::") != std::string_view::npos || isAddress(local)) {
+    if (local.empty() || leadsElsewhere(local)) {
         return std::string(local);
     }
     const std::size_t anchor = std::min(local.find('#'), local.size());
@@ -231,6 +231,11 @@ std::vector<HelpTarget> HelpBook::search(const HelpQuestion& question) {
         targets.push_back(std::move(each.target));
     }
     return targets;
+}
+
+bool leadsElsewhere(std::string_view address) {
+    return address.starts_with("//") || address.find("::") != std::string_view::npos
+           || isAddress(address);
 }
 
 std::optional<BookLink> linkToOtherBook(std::string_view address) {

@@ -30,7 +30,9 @@ public:
     static std::unique_ptr<HelpBook> open(const std::filesystem::path& path);
 
     const std::filesystem::path& path() const { return path_; }
-    bool isWhole() const { return file_->isWhole(); }   ///< false when parts are damaged
+    bool isWhole() const { return file_->isWhole(); } ///< false when parts are damaged
+    const ChmFile& file() const { return *file_; }
+    const ChmFacts& facts() const { return facts_; }
     const std::string& title() const { return title_; } ///< the file's name where it has none
 
     const std::vector<ContentsEntry>& contents() const { return contents_; }
@@ -78,6 +80,9 @@ private:
     std::optional<std::vector<Page>> pages_;
     std::optional<std::vector<IndexEntry>> index_;
 };
+
+/// Whether an address is none of a file in the same help.
+bool leadsElsewhere(std::string_view address);
 
 /// A page of another help file, as links between help files name it.
 struct BookLink {

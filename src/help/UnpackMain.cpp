@@ -5,6 +5,7 @@
 #include <string>
 
 #include "help/ChmDirectory.h"
+#include "help/DirectoryCheck.h"
 #include "platform/Files.h"
 #include "platform/Process.h"
 
@@ -29,6 +30,13 @@ void putNumber(std::uint64_t number) {
 
 void put(const std::string& bytes) {
     std::fwrite(bytes.data(), 1, bytes.size(), stdout);
+}
+
+/// What is wrong, in place of a file: without a name.
+void putFault(const std::string& fault) {
+    putNumber(0);
+    putNumber(fault.size());
+    put(fault);
 }
 
 /// False when the file is damaged.
@@ -69,6 +77,9 @@ int main(int argc, char* argv[]) {
     }
     bool whole = !help::isCut(file);
     const std::vector<std::string> paths = help::packedPaths(file);
+    for (const std::string& fault : help::directoryFaults(file)) {
+        putFault(fault);
+    }
     std::string().swap(file);
     // The library takes a name as the system has it, and leaves it alone.
     auto* name = const_cast<std::filesystem::path::value_type*>(path.c_str());
@@ -77,7 +88,10 @@ int main(int argc, char* argv[]) {
         return 1;
     }
     for (const std::string& packed : paths) {
-        whole = unpack(help, packed) && whole;
+        if (!unpack(help, packed)) {
+            putFault(packed + " cannot be unpacked");
+            whole = false;
+        }
         if (std::ferror(stdout) != 0) {
             break; // there is no room for more
         }

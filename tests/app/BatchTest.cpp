@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
+#include "compile/Container.h"
 #include "support/TestFiles.h"
 
 using namespace app;
@@ -346,6 +347,26 @@ TEST_F(BatchTest, CheckListsFaultsAndChangesNothing) {
     EXPECT_EQ(run({"check", project, "--output", folder / "out"}), exitDone);
     EXPECT_EQ(run({"check", save("empty.tsp", {})}), exitFailed);
     EXPECT_NE(errors.find("No Help Topic Files Found"), std::string::npos);
+}
+
+TEST_F(BatchTest, VerifyListsWhatIsWrongWithCompiledHelp) {
+    const auto pack = [this](const char* page) {
+        compile::Container container({});
+        container.add("/a.htm", page);
+        test::writeBytes(folder / "a.chm", container.pack().value());
+    };
+    pack("<a href='a.htm'>a</a>");
+    EXPECT_EQ(run({"verify", folder / "a.chm"}), exitDone);
+    EXPECT_EQ(output, "");
+    test::writeBytes(folder / "a.hhp", "[FILES]\r\na.htm\r\n");
+    test::writeBytes(folder / "a.htm", "other");
+    EXPECT_EQ(run({"verify", folder / "a.chm", "--against", folder / "a.hhp"}), exitFailed);
+    EXPECT_EQ(output, "/a.htm is not as on the disk\n");
+    pack("<a href='b\xE9&#7;.htm'>b</a>");
+    EXPECT_EQ(run({"verify", folder / "a.chm"}), exitFailed);
+    EXPECT_EQ(output, "/a.htm:1: leads to bé?.htm, which is not there\n");
+    EXPECT_EQ(run({"verify", folder / "a.hhp"}), exitFailed);
+    EXPECT_NE(errors.find("cannot be read as compiled help"), std::string::npos);
 }
 
 TEST_F(BatchTest, TheProjectIsNeverTheOutput) {
