@@ -2,6 +2,7 @@
 
 #include "Require.h"
 #include "help/ChmDirectory.h"
+#include "help/DirectoryCheck.h"
 #include "help/HelpPage.h"
 #include "help/HelpSearch.h"
 #include "workshop/Sitemap.h"
@@ -20,5 +21,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const std::string& path : help::packedPaths(bytes)) {
         require(path.size() < size && path.starts_with('/'), "a path that does not stand there");
     }
+    help::directoryFaults(bytes);
     return 0;
 }
