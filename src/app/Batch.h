@@ -1,11 +1,13 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "app/Console.h"
+#include "model/ProjectLock.h"
 #include "platform/Files.h"
 
 namespace app {
@@ -46,6 +48,7 @@ enum ExitCode {
 struct BatchSession {
     Console& console;
     std::filesystem::path programFolder;
+    std::optional<model::ProjectLock> lock = {}; ///< of the project that the command changes
 };
 
 /// One command of the batch program: one row of the table in BatchCommands.cpp.

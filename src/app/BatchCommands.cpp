@@ -80,7 +80,8 @@ bool refuseEmpty(BatchSession& session, const Project& project, const char* titl
 ExitCode runGenerate(BatchSession& session, const CommandLine& arguments) {
     fs::path output = arguments.path(1);
     Project project;
-    if (!loadWhole(session, arguments.path(0), project) || refuseEmpty(session, project, helpTitle)
+    if (!loadForChange(session, arguments.path(0), project)
+        || refuseEmpty(session, project, helpTitle)
         || !prepareOutput(session, helpTitle, "hhp", project.projectPath(), output)
         || refuseWorkshopName(session, output, project.projectPath())
         || (arguments.has("--keep-edited") && refuseEdited(session, project, output))) {

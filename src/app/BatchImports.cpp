@@ -105,7 +105,7 @@ ExitCode importTopics(BatchSession& session, const CommandLine& arguments) {
 
 ExitCode synchronise(BatchSession& session, const CommandLine& arguments) {
     Project project;
-    if (!loadWhole(session, arguments.path(0), project)) {
+    if (!loadForChange(session, arguments.path(0), project)) {
         return exitFailed;
     }
     if (const auto message = importer::nothingToSynchronise(project)) {

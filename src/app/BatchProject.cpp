@@ -2,6 +2,7 @@
 
 #include "model/ProjectFile.h"
 #include "platform/Files.h"
+#include "platform/UnfinishedFile.h"
 
 namespace app {
 
@@ -20,6 +21,19 @@ std::string whyCut(model::LoadStop stop) {
     default:
         return {};
     }
+}
+
+/// Says so where another program has it.
+bool lockForChange(BatchSession& session, const fs::path& path) {
+    constexpr std::chrono::seconds patience(10);
+    session.lock.emplace(platform::fullPath(path), patience);
+    if (!session.lock->isHeld()) {
+        session.console.failure("Error", path,
+                                make_error_code(model::SaveRefusal::beingWritten).message());
+        return false;
+    }
+    platform::removeUnfinishedFiles(platform::fullPath(path).parent_path());
+    return true;
 }
 
 } // namespace
@@ -47,12 +61,20 @@ bool loadWhole(BatchSession& session, const fs::path& path, Project& project) {
     return false;
 }
 
+bool loadForChange(BatchSession& session, const fs::path& path, Project& project) {
+    return lockForChange(session, path) && loadWhole(session, path, project);
+}
+
 bool loadOrStart(BatchSession& session, const fs::path& path, Project& project) {
+    if (!lockForChange(session, path)) {
+        return false;
+    }
     std::error_code ignored;
     if (platform::isFile(path) || fs::exists(fs::symlink_status(path, ignored))) {
         return loadWhole(session, path, project);
     }
     project.setProjectPath(platform::fullPath(path));
+    project.origin().file = platform::FileState(project.projectPath());
     return true;
 }
 

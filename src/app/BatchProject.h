@@ -10,6 +10,10 @@ namespace app {
 /// too many topics is refused: a script must not go on with a part of it.
 bool loadWhole(BatchSession& session, const std::filesystem::path& path, model::Project& project);
 
+/// The same for a command that changes the project: no other program writes it meanwhile.
+bool loadForChange(BatchSession& session, const std::filesystem::path& path,
+                   model::Project& project);
+
 /// The same, but where there is no such file the project is a new one that belongs there.
 bool loadOrStart(BatchSession& session, const std::filesystem::path& path, model::Project& project);
 

@@ -31,7 +31,9 @@ int main(int argc, char* argv[]) {
     ui::Application application(argc, argv, "HTML Topicsmith", app::version);
     ui::Settings settings;
     app::frmMain window(settings, platform::programFolder());
+    application.Ending.connect([&window] { window.keepForRecovery(); });
     window.show();
+    window.waitUntilSeen();
     const auto arguments = application.arguments();
     auto path = arguments.empty() ? std::filesystem::path() : trimmed(arguments.front());
     if (!path.empty()) {

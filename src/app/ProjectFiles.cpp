@@ -1,8 +1,11 @@
 #include "app/ProjectFiles.h"
 
+#include "model/CodePage.h"
 #include "model/Helper.h"
 #include "model/ProjectFile.h"
+#include "model/ProjectLock.h"
 #include "platform/Files.h"
+#include "platform/UnfinishedFile.h"
 #include "ui/WaitCursor.h"
 #include "ui/Window.h"
 
@@ -23,6 +26,14 @@ constexpr const char* recentSection = "MRUFiles";
 void makeCurrent(const fs::path& folder) {
     std::error_code ignored;
     fs::current_path(folder, ignored);
+}
+
+/// Held by the window that has the project open.
+fs::path openMarkFile(const ui::Settings& settings, const fs::path& project) {
+    std::error_code error;
+    const fs::path file = fs::weakly_canonical(project, error);
+    return settings.folder()
+           / ("open-" + std::to_string(fs::hash_value(error ? project : file)) + ".lock");
 }
 
 } // namespace
@@ -48,6 +59,7 @@ bool ProjectFiles::newProject() {
         return false;
     }
     project_.reset();
+    markOpen();
     return true;
 }
 
@@ -85,14 +97,28 @@ bool ProjectFiles::openProject() {
     }
     path = platform::fullPath(path);
     rememberFolder(path.parent_path());
-    project_.setProjectPath(path);
     if (!model::fileExists(path)) {
+        // The project stays without a file: it may be there again when something is saved.
         removeRecentFile(path);
         Prompter::current().tell(&window_, model::fileNotFoundMessage(path));
         return false;
     }
     addRecentFile(path);
-    return load(path);
+    return mayOpenTwice(path) && load(path);
+}
+
+bool ProjectFiles::mayOpenTwice(const fs::path& path) {
+    if (!platform::FileLock(openMarkFile(settings_, path), platform::FileLock::AfterUse::remove)
+             .isTaken()) {
+        return true;
+    }
+    return Prompter::current().ask(
+               &window_, {"The project is open in another window of this program already:\n"
+                              + model::displayText(path)
+                              + "\nWhat is saved there and here will have to be told apart.",
+                          "Open", ui::Buttons::yesNo, ui::QuestionIcon::exclamation,
+                          "&Open Here Too", "Do &Not Open"})
+           == ui::Answer::yes;
 }
 
 bool ProjectFiles::load(const fs::path& path) {
@@ -103,10 +129,12 @@ bool ProjectFiles::load(const fs::path& path) {
     }
     lastError_ = outcome.readError;
     const bool read = !outcome.readError && outcome.stop != model::LoadStop::unknownFormat;
-    if (!read) {
+    if (outcome.stop == model::LoadStop::unknownFormat) {
         // The next save must not put the new project in the place of a file of another kind.
         project_.setProjectPath(Project::newFileName);
     }
+    markOpen();
+    platform::removeUnfinishedFiles(path.parent_path());
     if (outcome.stop == model::LoadStop::endInBody) {
         notice_ = "The file was cut: it ends inside the text of its last topic";
     } else if (outcome.stop == model::LoadStop::endInOptions) {
@@ -119,6 +147,7 @@ bool ProjectFiles::load(const fs::path& path) {
 }
 
 void ProjectFiles::adopt(const fs::path& path) {
+    markOpen();
     if (project_.hasFile()) {
         rememberFolder(path.parent_path());
         addRecentFile(path);
@@ -142,17 +171,94 @@ bool ProjectFiles::saveProject(bool saveAs) {
         rememberFolder(path.parent_path());
         addRecentFile(path);
     }
-    project_.setProjectPath(path);
-    const ui::WaitCursor busy;
-    lastError_ = model::saveProject(project_, path);
+    return write(path);
+}
+
+bool ProjectFiles::write(const fs::path& path) {
+    const auto save = [this, &path](model::Overwrite overwrite) -> std::error_code {
+        constexpr std::chrono::seconds patience(2);
+        const ui::WaitCursor busy;
+        const model::ProjectLock lock(path, patience);
+        return lock.isHeld() ? model::saveProject(project_, path, overwrite)
+                             : model::SaveRefusal::beingWritten;
+    };
+    lastError_ = save(model::Overwrite::whatWasRead);
+    if (const auto question = questionFor(lastError_, path)) {
+        lastError_ = {};
+        known_ = platform::fileFacts(path);
+        const ui::Answer answer = Prompter::current().ask(&window_, *question);
+        if (answer == ui::Answer::no) {
+            return saveProject(true);
+        }
+        if (answer != ui::Answer::yes) {
+            return false;
+        }
+        lastError_ = save(model::Overwrite::anything);
+    }
+    if (!lastError_) {
+        markOpen();
+    }
     return !lastError_;
 }
 
-void ProjectFiles::openRecentFile(int slot) {
+std::optional<ui::MessageBox> ProjectFiles::questionFor(const std::error_code& refusal,
+                                                        const fs::path& path) const {
+    const model::Text title = "Save - " + project_.projectFileTitle();
+    const auto box = [&title](const model::Text& text, const char* yes) {
+        return ui::MessageBox{
+            text, title,        ui::Buttons::yesNoCancel, ui::QuestionIcon::exclamation,
+            yes,  "Save &As..."};
+    };
+    if (refusal == model::SaveRefusal::changedMeanwhile) {
+        return box("The file was changed by another program since it was opened here:\n"
+                       + model::displayText(path)
+                       + "\nSaving would put what is shown here in its place.",
+                   "&Save Anyway");
+    }
+    if (refusal == model::SaveRefusal::partlyRead) {
+        const int count = project_.origin().topicsRead.value_or(0);
+        return box("Only " + std::to_string(count) + (count == 1 ? " topic" : " topics")
+                       + " of this file could be read; save over it?\n" + model::displayText(path)
+                       + "\nIt will be kept as \""
+                       + model::displayText(model::backupFile(path).filename()) + "\".",
+                   "&Save Over It");
+    }
+    return {};
+}
+
+bool ProjectFiles::isChangedElsewhere() {
+    const fs::path& path = project_.projectPath();
+    return project_.hasFile() && (!known_ || platform::fileFacts(path) != known_)
+           && project_.origin().file.differs(path);
+}
+
+bool ProjectFiles::wantsReading() {
+    const fs::path& path = project_.projectPath();
+    known_ = platform::fileFacts(path);
+    model::Text text = "The project file was changed by another program:\n"
+                       + model::displayText(path) + "\nRead it again?";
+    if (project_.dataChanged()) {
+        text += "\nThe changes made here since the last save would be lost.";
+    }
+    return Prompter::current().ask(&window_,
+                                   {text, "Open", ui::Buttons::yesNo, ui::QuestionIcon::question,
+                                    "&Read Again", "&Keep What Is Shown"})
+           == ui::Answer::yes;
+}
+
+void ProjectFiles::markOpen() {
+    openMark_.reset();
+    if (project_.hasFile()) {
+        openMark_ = std::make_unique<platform::FileLock>(
+            openMarkFile(settings_, project_.projectPath()), platform::FileLock::AfterUse::remove);
+    }
+}
+
+bool ProjectFiles::openRecentFile(int slot) {
     const fs::path path = recentFiles_.path(slot);
     addRecentFile(path);
     setPendingOpenPath(path);
-    openProject();
+    return openProject();
 }
 
 void ProjectFiles::addRecentFile(const fs::path& path) {

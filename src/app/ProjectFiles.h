@@ -1,12 +1,14 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <system_error>
 #include <utility>
 
 #include "model/Project.h"
 #include "model/RecentFiles.h"
+#include "platform/FileLock.h"
 #include "ui/Prompter.h"
 #include "ui/Settings.h"
 
@@ -32,8 +34,16 @@ public:
     /// The project has come from elsewhere, but belongs to this file.
     void adopt(const std::filesystem::path& path);
 
-    /// True when the project was written.
+    /// True when the project was written. Asks before it does away with what the author has not
+    /// seen: a file that was not read whole, or was written by another program meanwhile.
     bool saveProject(bool saveAs);
+
+    /// Whether another program has written the project's file and the author has not been told.
+    bool isChangedElsewhere();
+
+    /// Asks whether to read it again then; nothing has happened to the project yet.
+    bool wantsReading();
+    void readAgain() { load(project_.projectPath()); }
 
     /// Why reading or writing failed since the last call, if it did.
     std::error_code takeError() { return std::exchange(lastError_, {}); }
@@ -46,7 +56,7 @@ public:
     std::filesystem::path folder() const;
 
     const model::RecentFiles& recentFiles() const { return recentFiles_; }
-    void openRecentFile(int slot);
+    bool openRecentFile(int slot); ///< as openProject()
     void loadRecentFiles();
     void saveRecentFiles();
 
@@ -57,6 +67,12 @@ private:
     std::optional<std::filesystem::path> chooseFile(ui::FileQuestion::Kind kind, model::Text title,
                                                     std::filesystem::path fileName);
     bool load(const std::filesystem::path& path);
+    bool mayOpenTwice(const std::filesystem::path& path);
+    bool write(const std::filesystem::path& path);
+    std::optional<ui::MessageBox> questionFor(const std::error_code& refusal,
+                                              const std::filesystem::path& path) const;
+    /// Tells the other windows of this person's programs.
+    void markOpen();
     /// Makes it current, and the one where the next question begins.
     void rememberFolder(const std::filesystem::path& folder);
     void addRecentFile(const std::filesystem::path& path);
@@ -68,6 +84,8 @@ private:
     model::RecentFiles recentFiles_;
     std::filesystem::path pendingOpenPath_;
     std::error_code lastError_;
+    std::optional<platform::FileFacts> known_; ///< of a file that the author has been told of
+    std::unique_ptr<platform::FileLock> openMark_;
     model::Text notice_;
 };
 

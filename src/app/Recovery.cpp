@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/Files.h"
+#include "platform/UnfinishedFile.h"
 
 namespace app {
 
@@ -19,11 +20,12 @@ fs::path fileOf(const fs::path& folder, int number, const char* ending) {
     return folder / ("recovery-" + std::to_string(number) + ending);
 }
 
-/// The length of the project's path, the path and the project.
+/// The length of the project's path and the topic's position, the path and the project.
 std::string packed(const Recovery::Work& work) {
     const std::string path = platform::utf8FromPath(work.path);
     std::string bytes(header);
-    bytes += std::to_string(path.size()) + '\n' + path + work.project;
+    bytes +=
+        std::to_string(path.size()) + ' ' + std::to_string(work.topic) + '\n' + path + work.project;
     return bytes;
 }
 
@@ -32,19 +34,30 @@ std::optional<Recovery::Work> unpacked(std::string_view bytes) {
         return {};
     }
     bytes.remove_prefix(header.size());
+    const auto number = [&bytes](auto& value) {
+        const auto [end, error] = std::from_chars(bytes.data(), bytes.data() + bytes.size(), value);
+        bytes.remove_prefix(static_cast<std::size_t>(end - bytes.data()));
+        return error == std::errc();
+    };
+    Recovery::Work work;
     std::size_t length = 0;
-    const auto [end, error] = std::from_chars(bytes.data(), bytes.data() + bytes.size(), length);
-    bytes.remove_prefix(static_cast<std::size_t>(end - bytes.data()));
-    if (error != std::errc() || !bytes.starts_with('\n') || bytes.size() - 1 < length) {
+    bool isSound = number(length);
+    if (isSound && bytes.starts_with(' ')) { // earlier versions wrote no topic
+        bytes.remove_prefix(1);
+        isSound = number(work.topic);
+    }
+    if (!isSound || !bytes.starts_with('\n') || bytes.size() - 1 < length) {
         return {};
     }
-    return Recovery::Work{model::Text(bytes.substr(1 + length)),
-                          platform::pathFromUtf8(bytes.substr(1, length))};
+    work.project = bytes.substr(1 + length);
+    work.path = platform::pathFromUtf8(bytes.substr(1, length));
+    return work;
 }
 
 } // namespace
 
 Recovery::Recovery(const fs::path& folder) {
+    platform::removeUnfinishedFiles(folder);
     for (int number = 1; number <= mostPrograms; ++number) {
         const fs::path file = fileOf(folder, number, ".tsp");
         std::error_code ignored;

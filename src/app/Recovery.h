@@ -17,6 +17,7 @@ public:
     struct Work {
         model::Text project;        ///< as a project file holds it
         std::filesystem::path path; ///< of the project itself, which is as it was saved last
+        int topic = 1;              ///< the one that was current
     };
 
     /// Looks for what ended programs have left behind in the folder.

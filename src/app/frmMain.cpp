@@ -53,7 +53,7 @@ bool frmMain::openFile(const fs::path& path) {
     }
     files_.setPendingOpenPath(path);
     const bool opened = files_.openProject();
-    noticeFailure();
+    noticeOutcome(opened);
     return opened;
 }
 
@@ -113,6 +113,7 @@ void frmMain::connectControls() {
     }
     clipboard_.Change.connect([this] { updateCommands(); });
     FocusChange.connect([this] { updateCommands(); });
+    Activated.connect([this] { readAgainIfChanged(); });
     UI_ON(tmrRecovery, Tick);
     FilesDropped.connect([this](const std::vector<fs::path>& files) { files_Dropped(files); });
 }
@@ -171,7 +172,7 @@ bool frmMain::mayClose() {
         return false;
     }
     if (!files_.offerSave()) {
-        noticeFailure();
+        noticeOutcome(false);
         return false;
     }
     storeWindow();
@@ -216,6 +217,7 @@ void frmMain::updateRecentFiles() {
 // ---- The project ----
 
 void frmMain::topicChanged(int position) {
+    noteWork();
     lvLevels.rowChanged(position);
     if (position == project_.currentIndex()) {
         fillFields(false);
@@ -223,12 +225,14 @@ void frmMain::topicChanged(int position) {
 }
 
 void frmMain::topicInserted(int position) {
+    noteWork();
     restartSearch();
     lvLevels.rowInserted(position);
     selectCurrent();
 }
 
 void frmMain::topicRemoved(int position) {
+    noteWork();
     restartSearch();
     lvLevels.rowRemoved(position);
     selectCurrent();
@@ -259,7 +263,9 @@ void frmMain::dataChangedToggled(bool dataChanged) {
     tbTools.setToolTip("Save",
                        dataChanged ? "Save - Current Data Changed" : "Save the Current Data");
     setChanged(dataChanged);
-    if (!dataChanged) {
+    if (dataChanged) {
+        noteWork();
+    } else {
         keepForRecovery(); // what is saved need not be brought back
     }
 }
@@ -279,14 +285,39 @@ void frmMain::selectCurrent() {
 }
 
 void frmMain::updateStatus() {
+    const bool isTroubled =
+        std::any_of(troubles_.begin(), troubles_.end(),
+                    [](const auto& trouble) { return !trouble.second.empty(); });
     const int count = project_.outline().count();
-    notice(count == 0 ? "No topics"
-                      : "Topic " + std::to_string(project_.currentIndex()) + " of "
-                            + std::to_string(count));
+    if (isTroubled) {
+        notice({});
+    } else if (count == 0) {
+        notice("No topics");
+    } else {
+        notice("Topic " + std::to_string(project_.currentIndex()) + " of " + std::to_string(count));
+    }
 }
 
 void frmMain::notice(const Text& text) {
-    lblStatus.setCaption(project_.projectFileTitle() + "     " + text);
+    Text line = project_.projectFileTitle();
+    const auto add = [&line](const Text& part) { line += part.empty() ? part : "     " + part; };
+    for (const auto& trouble : troubles_) {
+        add(trouble.second);
+    }
+    add(text);
+    lblStatus.setCaption(line);
+}
+
+/// An empty text for what has come right.
+void frmMain::setTrouble(Trouble kind, const Text& text) {
+    const bool isNews = troubles_[kind] != text;
+    if (!text.empty() && (isNews || kind != Trouble::recovery)) { // which is tried again and again
+        Prompter::current().beep();
+    }
+    if (isNews) {
+        troubles_[kind] = text;
+        updateStatus();
+    }
 }
 
 // ---- The list ----
@@ -320,6 +351,7 @@ void frmMain::showEditor(int position) {
                                                         programFolder_);
         editor_->Closed.connect([this] { discard(std::move(editor_)); });
         editor_->Find.connect([this] { editor_Find(); });
+        editor_->Edited.connect([this] { noteWork(); });
         editor_->FindNext.connect([this] { mnuEditFindNext_Click(); });
         editor_->Activated.connect([this] { editor_Activated(); });
         editor_->setCaption("Edit Topic - " + project_.outline().at(position).title);
@@ -331,6 +363,12 @@ void frmMain::showEditor(int position) {
 /// author wants to go on editing.
 bool frmMain::closeEditor() {
     return editor_ == nullptr || !editor_->isVisible() || editor_->close();
+}
+
+/// For commands that take the whole project while the editor stays open. False when the author
+/// cancels.
+bool frmMain::storeEditor() {
+    return editor_ == nullptr || !editor_->isVisible() || editor_->offerSave();
 }
 
 void frmMain::lvLevels_RowDragged(int from, int to) {

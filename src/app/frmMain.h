@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -11,6 +13,7 @@
 #include "editor/frmEditBody.h"
 #include "help/frmHelp.h"
 #include "import/frmImport.h"
+#include "model/ProjectFile.h"
 #include "tools/SpellChecker.h"
 #include "tools/frmFind.h"
 #include "ui/Clipboard.h"
@@ -54,6 +57,9 @@ public:
 
     void enableTopicFields(bool enabled);
 
+    /// Keeps unsaved work for a restart at once: the program is about to be ended.
+    void keepForRecovery();
+
     /// To be called once at the start, when the window is shown: asks whether unsaved work of an
     /// earlier run is wanted, and keeps that of this run from now on. True when work came back.
     bool offerRecovery();
@@ -94,7 +100,7 @@ public:
     void txtHelpNum_KeyDown(ui::Key& key) { moveByKeyOrEnter(key); }
     void txtHelpID_LostFocus() { project_.endTyping(); }
     void txtHelpNum_LostFocus() { project_.endTyping(); }
-    void tmrRecovery_Tick();
+    void tmrRecovery_Tick() { keepForRecovery(); }
     void files_Dropped(const std::vector<std::filesystem::path>& files);
 
     // The commands, see MainCommands.cpp.
@@ -160,6 +166,9 @@ public:
     bool mayClose() override;
 
 private:
+    /// What the line at the bottom goes on saying until it has come right.
+    enum class Trouble { file, input, output, recovery };
+
     // What happens to the project.
     void topicChanged(int position) override;
     void topicInserted(int position) override;
@@ -177,9 +186,9 @@ private:
     bool leaveBody() override { return closeEditor(); }
     bool showMatch(const tools::FindMatch& match) override;
 
-    ui::Answer decideRecovery(const Recovery::Work& work, bool isWhole);
+    ui::Answer decideRecovery(const Recovery::Work& work, const model::ParsedProject& parsed);
     bool hasEdits() const;
-    void keepForRecovery();
+    void noteWork();
 
     void showHelpContext(int context);
     bool openHelp();
@@ -199,13 +208,16 @@ private:
     void updateRecentFiles();
     void updateStatus();
     void notice(const model::Text& text);
-    void noticeFailure();
-    void noticeFailure(const std::error_code& error);
+    void noticeOutcome(bool done);
+    static model::Text failureNotice(const std::error_code& error); ///< empty for none
+    void setTrouble(Trouble kind, const model::Text& text);
+    void readAgainIfChanged();
 
     void showCurrent();
     void selectCurrent();
     void fillFields(bool always);
     bool closeEditor();
+    bool storeEditor();
     bool leaveEditorForUndo(const model::UndoRecord& step);
     void showEditor(int position);
     void editField(model::TextView name, const ui::TextBox& box, model::Text model::Topic::*field);
@@ -223,7 +235,9 @@ private:
     void importVbProject(const std::filesystem::path& file);
     void finishImport(const importer::ImportOutcome& outcome);
 
-    bool keepingFailed_ = false; ///< and said so
+    std::map<Trouble, model::Text> troubles_; ///< what is wrong until it is mended
+    bool keepsWork_ = false;                  ///< not while work of an earlier run is in question
+    std::chrono::steady_clock::time_point oldestWork_; ///< the first edit that is not kept yet
     ui::Clipboard clipboard_;
     ui::CommandSet commands_{*this, mainCommands(), &lvLevels};
     editor::EditorMemory editorMemory_;

@@ -22,7 +22,7 @@ using ui::Prompter;
 
 namespace {
 
-Text failureNotice(const model::FileFailures& failures) {
+Text unwrittenFiles(const model::FileFailures& failures) {
     if (failures.empty()) {
         return {};
     }
@@ -33,50 +33,58 @@ Text failureNotice(const model::FileFailures& failures) {
 
 } // namespace
 
+Text frmMain::failureNotice(const std::error_code& error) {
+    return error ? "Not done: " + model::fromUtf8(error.message()) : Text();
+}
+
 void frmMain::mnuFileNew_Click() {
     leaveField();
     if (closeEditor()) {
-        files_.newProject();
-        noticeFailure();
+        noticeOutcome(files_.newProject());
     }
 }
 
 void frmMain::mnuFileOpen_Click() {
     leaveField();
     if (closeEditor()) {
-        files_.openProject();
-        noticeFailure();
+        noticeOutcome(files_.openProject());
     }
 }
 
 void frmMain::mnuFileSave_Click(int index) {
     leaveField();
-    files_.saveProject(index == 1);
-    noticeFailure();
+    if (storeEditor()) {
+        noticeOutcome(files_.saveProject(index == 1));
+    }
 }
 
 void frmMain::mnuFileMRU_Click(int index) {
     leaveField();
     if (closeEditor()) {
-        files_.openRecentFile(index);
-        noticeFailure();
+        noticeOutcome(files_.openRecentFile(index));
     }
 }
 
-/// There is no message for it, but an author should not be left in the dark.
-void frmMain::noticeFailure() {
+/// There is no message for failures of reading and writing, but an author should not be left in the
+/// dark. What was cancelled changes nothing.
+void frmMain::noticeOutcome(bool done) {
+    const std::error_code error = files_.takeError();
+    if (done || error) {
+        setTrouble(Trouble::file, failureNotice(error));
+    }
     updateStatus();
-    if (const std::error_code error = files_.takeError()) {
-        noticeFailure(error);
-    } else if (const Text said = files_.takeNotice(); !said.empty()) {
+    if (const Text said = files_.takeNotice(); !said.empty()) {
         Prompter::current().beep();
         notice(said);
     }
 }
 
-void frmMain::noticeFailure(const std::error_code& error) {
-    Prompter::current().beep();
-    notice("Not done: " + model::fromUtf8(error.message()));
+/// Somebody else may have written the file while the author was away.
+void frmMain::readAgainIfChanged() {
+    if (files_.isChangedElsewhere() && files_.wantsReading() && closeEditor()) {
+        files_.readAgain();
+        noticeOutcome(true);
+    }
 }
 
 void frmMain::mnuFileGenerateHelp_Click() {
@@ -84,6 +92,9 @@ void frmMain::mnuFileGenerateHelp_Click() {
     leaveField();
     if (const auto message = generate::nothingToGenerate(project_, title)) {
         Prompter::current().tell(this, *message);
+        return;
+    }
+    if (!storeEditor()) {
         return;
     }
     const auto file = Prompter::current().chooseFile(
@@ -121,16 +132,16 @@ void frmMain::mnuFileGenerateHelp_Click() {
         generate::generateHelp(project_, {workshopFile, programFolder_, save, show});
     report_->txtReport.setText(report.text);
     report_->activate(); // a question for the project's name may have come before it
-    updateStatus();
-    if (!report.failures.empty()) {
-        notice(failureNotice(report.failures));
-    }
+    setTrouble(Trouble::output, unwrittenFiles(report.failures));
 }
 
 void frmMain::mnuFileGenerateDoc_Click() {
     leaveField();
     if (const auto message = generate::nothingToGenerate(project_, "Generate Documentation")) {
         Prompter::current().tell(this, *message);
+        return;
+    }
+    if (!storeEditor()) {
         return;
     }
     const fs::path folder = files_.folder();
@@ -147,9 +158,7 @@ void frmMain::mnuFileGenerateDoc_Click() {
         failures = generate::generateDocumentation(project_, platform::fullPath(*file), folder);
     }
     Prompter::current().tell(this, generate::documentationComplete());
-    if (!failures.empty()) {
-        notice(failureNotice(failures));
-    }
+    setTrouble(Trouble::output, unwrittenFiles(failures));
 }
 
 void frmMain::mnuFileProperties_Click() {

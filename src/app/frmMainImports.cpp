@@ -71,9 +71,7 @@ void frmMain::mnuFileImportHelp_Click() {
     import_->Imported.connect(
         [this](const importer::ImportOutcome& outcome) { finishImport(outcome); });
     import_->show();
-    if (const std::error_code error = import_->fill()) {
-        noticeFailure(error);
-    }
+    setTrouble(Trouble::input, failureNotice(import_->fill()));
 }
 
 void frmMain::importTextFile(const fs::path& file) {
@@ -102,9 +100,8 @@ void frmMain::finishImport(const importer::ImportOutcome& outcome) {
     if (outcome.message) {
         Prompter::current().tell(this, *outcome.message);
     }
-    if (outcome.readError) {
-        noticeFailure(outcome.readError);
-    } else {
+    setTrouble(Trouble::input, failureNotice(outcome.readError));
+    if (!outcome.readError) {
         notice(summary(outcome) + skippedForms(outcome));
     }
     updateCommands();

@@ -8,7 +8,9 @@ namespace app {
 
 namespace {
 
-constexpr int interval = 20000; // milliseconds
+// In milliseconds. Whoever types without a pause is kept now and then, too.
+constexpr int pause = 5000;
+constexpr std::chrono::milliseconds longestWait(15000);
 
 /// Whether the project's own file holds it after all.
 bool isSaved(const Recovery::Work& work) {
@@ -18,9 +20,17 @@ bool isSaved(const Recovery::Work& work) {
 
 } // namespace
 
-void frmMain::tmrRecovery_Tick() {
-    keepForRecovery();
-    tmrRecovery.start(interval);
+void frmMain::noteWork() {
+    if (!keepsWork_) {
+        return;
+    }
+    const auto now = std::chrono::steady_clock::now();
+    if (!tmrRecovery.isRunning()) {
+        oldestWork_ = now;
+    }
+    if (now - oldestWork_ < longestWait) {
+        tmrRecovery.start(pause);
+    }
 }
 
 bool frmMain::hasEdits() const {
@@ -39,29 +49,37 @@ void frmMain::keepForRecovery() {
         work.setCurrentIndex(project_.currentIndex());
         editor_->storeIn(work);
     }
-    const std::error_code error =
-        recovery_.keep({formatProject(work.outline(), work.options()), work.projectPath()});
-    if (error && !keepingFailed_) {
-        keepingFailed_ = true;
-        notice("Unsaved work cannot be kept for a restart: " + model::fromUtf8(error.message()));
+    const std::error_code error = recovery_.keep({formatProject(work.outline(), work.options()),
+                                                  work.projectPath(), project_.currentIndex()});
+    setTrouble(Trouble::recovery, error ? "Unsaved work cannot be kept for a restart: "
+                                              + model::fromUtf8(error.message())
+                                        : model::Text());
+    if (error) {
+        noteWork(); // to try again
     }
 }
 
 /// Yes, No, or Cancel for another time. Asks only where there is something to decide.
-ui::Answer frmMain::decideRecovery(const Recovery::Work& work, bool isWhole) {
+ui::Answer frmMain::decideRecovery(const Recovery::Work& work, const model::ParsedProject& parsed) {
     if (isSaved(work)) {
         return ui::Answer::no;
     }
-    if (!isWhole) {
+    if (parsed.stop != model::LoadStop::none) {
         return ui::Answer::cancel;
     }
     model::Text text = "The program ended before the changes of this project were saved:\n"
-                       + model::displayText(work.path) + "\nDo you want them back?";
+                       + model::displayText(work.path);
+    if (work.topic >= 1 && work.topic <= parsed.outline.count()) {
+        const model::Text& title = parsed.outline.at(work.topic).title;
+        text += "\nThe last topic was '" + (title.empty() ? "<No Title>" : title) + "'.";
+    }
+    text += "\nDo you want them back?";
     if (recovery_.isOlderThan(work.path)) {
         text += "\nThe project has been saved since then.";
     }
-    return ui::Prompter::current().ask(
-        this, {text, "HTML Topicsmith", ui::Buttons::yesNoCancel, ui::QuestionIcon::question});
+    return ui::Prompter::current().ask(this, {text, "HTML Topicsmith", ui::Buttons::yesNoCancel,
+                                              ui::QuestionIcon::question, "&Bring Back", "&Discard",
+                                              "Ask &Later"});
 }
 
 bool frmMain::offerRecovery() {
@@ -72,10 +90,13 @@ bool frmMain::offerRecovery() {
             break;
         }
         model::ParsedProject parsed = model::parseProject(work->project);
-        switch (decideRecovery(*work, parsed.stop == model::LoadStop::none)) {
+        switch (decideRecovery(*work, parsed)) {
         case ui::Answer::yes:
             recovery_.adopt();
             project_.replace(std::move(parsed.outline), std::move(parsed.options), work->path);
+            if (work->topic <= project_.outline().count()) {
+                project_.setCurrentIndex(work->topic);
+            }
             files_.adopt(work->path);
             project_.markChanged(model::projectChanged);
             notice("Brought back; not saved yet");
@@ -88,7 +109,7 @@ bool frmMain::offerRecovery() {
             recovery_.leave();
         }
     }
-    tmrRecovery.start(interval); // not before: what is asked about must not be forgotten
+    keepsWork_ = true; // not before: what is asked about must not be forgotten
     return recovered;
 }
 

@@ -120,6 +120,10 @@ bool frmEditBody::mayClose() {
         preview_->close();
     }
     storeSettings(); // also when the author then cancels
+    return offerSave();
+}
+
+bool frmEditBody::offerSave() {
     if (!changed_) {
         return true;
     }
@@ -183,6 +187,9 @@ void frmEditBody::setChangedState(bool changed) {
         tbTools.setImage("Save", changed ? "SaveChanged" : "Save");
         tbTools.setToolTip("Save", changed ? "Save - Current Data Changed" : "Save");
         setChanged(changed);
+    }
+    if (changed) {
+        Edited.raise();
     }
 }
 

@@ -54,6 +54,10 @@ public:
 
     bool changed() const { return changed_; }
 
+    /// Asks whether edits are to be saved into the topic, and does so; false when the author
+    /// cancels.
+    bool offerSave();
+
     /// The topic with the edits, as saving would make it but for its letter.
     model::Topic editedTopic() const;
 
@@ -72,6 +76,8 @@ public:
     ui::Label lblImage{pnlFields, "Image:", &icboImage};
     ui::TextBox txtBody{*this, ui::TextBox::Lines::many};
     ui::Toolbar tbTools{*this, ui::Toolbar::Size::small};
+
+    ui::Event<> Edited; ///< raised for every edit
 
     // The author wants to search the project, or the search to go on.
     ui::Event<> Find;

@@ -24,10 +24,18 @@ void Project::replace(TopicOutline outline, ProjectOptions options, std::filesys
     outline_ = std::move(outline);
     options_ = std::move(options);
     projectPath_ = std::move(path);
+    origin_ = {};
     currentIndex_ = outline_.empty() ? -1 : 1;
     history_.clear();
     markSaved();
     observer_->projectReplaced();
+}
+
+void Project::setProjectPath(std::filesystem::path path) {
+    if (path != projectPath_) {
+        projectPath_ = std::move(path);
+        origin_ = {};
+    }
 }
 
 void Project::setField(int position, Text Topic::*field, Text value) {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 
 #include "model/ProjectOptions.h"
 #include "model/TopicOutline.h"
 #include "model/UndoHistory.h"
+#include "platform/FileState.h"
 
 namespace model {
 
@@ -39,6 +41,12 @@ enum StatusCode {
     projectChanged = 99     ///< no letter; only the project counts as changed
 };
 
+/// What is known of the file that a project belongs to.
+struct ProjectOrigin {
+    platform::FileState file;      ///< as it was read or written last
+    std::optional<int> topicsRead; ///< set when the file holds more than could be read
+};
+
 /// The open project: its outline and options, the file it belongs to, and what has become of it
 /// since it was loaded or saved. Commands change it through the operations here, which tell the
 /// observer.
@@ -55,8 +63,13 @@ public:
 
     /// "New.tsp" as long as the project has no file.
     const std::filesystem::path& projectPath() const { return projectPath_; }
-    void setProjectPath(std::filesystem::path path) { projectPath_ = std::move(path); }
+    void setProjectPath(std::filesystem::path path);
     bool hasFile() const { return projectPath_ != newFileName; }
+
+    /// Not known (see FileState) until it is set, and when the path becomes another one. Saving
+    /// looks at it.
+    ProjectOrigin& origin() { return origin_; }
+    const ProjectOrigin& origin() const { return origin_; }
 
     /// The path's last component.
     Text projectFileTitle() const;
@@ -124,6 +137,7 @@ private:
     TopicOutline outline_;
     ProjectOptions options_;
     std::filesystem::path projectPath_ = newFileName;
+    ProjectOrigin origin_;
     bool dataChanged_ = false;
     int currentIndex_ = -1;
     UndoHistory history_;

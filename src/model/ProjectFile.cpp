@@ -8,6 +8,9 @@
 #include "platform/Files.h"
 
 namespace model {
+
+namespace fs = std::filesystem;
+
 namespace {
 
 NavigationType navigationTypeOf(TextView field) {
@@ -168,6 +171,15 @@ std::size_t sizeBound(const TopicOutline& outline, const ProjectOptions& options
     return size;
 }
 
+/// Nobody but its owner reads it: who may read the original has not been asked.
+std::error_code keepAside(const fs::path& file) {
+    std::string bytes;
+    if (const std::error_code error = platform::readFile(file, bytes)) {
+        return error == std::errc::no_such_file_or_directory ? std::error_code() : error;
+    }
+    return platform::replaceFile(backupFile(file), bytes, platform::Access::owner);
+}
+
 } // namespace
 
 std::optional<Message> messageFor(LoadStop stop) {
@@ -189,7 +201,7 @@ std::optional<Message> messageFor(LoadStop stop) {
     return {};
 }
 
-Message fileNotFoundMessage(const std::filesystem::path& path) {
+Message fileNotFoundMessage(const fs::path& path) {
     return {"File \"" + displayText(path) + "\" Not Found", "File Open Error",
             MessageIcon::information};
 }
@@ -219,7 +231,7 @@ Text formatProject(const TopicOutline& outline, const ProjectOptions& options) {
     return file;
 }
 
-std::error_code readProjectFile(const std::filesystem::path& path, Text& file) {
+std::error_code readProjectFile(const fs::path& path, Text& file) {
     constexpr std::size_t enoughForHeader = 4096;
     std::error_code error = platform::readPart(path, file, 0, enoughForHeader);
     if (!error && FieldReader(file).next() == projectFileHeader) {
@@ -228,22 +240,79 @@ std::error_code readProjectFile(const std::filesystem::path& path, Text& file) {
     return error;
 }
 
-LoadOutcome loadProject(Project& project, const std::filesystem::path& path) {
+LoadOutcome loadProject(Project& project, const fs::path& path) {
+    platform::FileState state(path);
     Text file;
     if (const std::error_code error = readProjectFile(path, file)) {
         return {error};
     }
+    state.setContents(file);
     ParsedProject parsed = parseProject(std::move(file));
     project.replace(std::move(parsed.outline), std::move(parsed.options), path);
+    project.origin().file = state;
+    if (parsed.stop != LoadStop::none) {
+        project.origin().topicsRead = project.outline().count();
+    }
     return {{}, parsed.stop, parsed.stopLine};
 }
 
-std::error_code saveProject(Project& project, const std::filesystem::path& path) {
+std::error_code make_error_code(SaveRefusal refusal) {
+    class Category : public std::error_category {
+        const char* name() const noexcept override { return "project file"; }
+        std::string message(int refusal) const override {
+            switch (static_cast<SaveRefusal>(refusal)) {
+            case SaveRefusal::partlyRead:
+                return "the file holds more than could be read";
+            case SaveRefusal::beingWritten:
+                return "another program is writing the file";
+            case SaveRefusal::changedMeanwhile:
+                break;
+            }
+            return "the file was changed by another program since it was read";
+        }
+    };
+    static const Category category;
+    return {static_cast<int>(refusal), category};
+}
+
+fs::path backupFile(const fs::path& project) {
+    fs::path file;
+    int number = 1;
+    do {
+        file = project;
+        file.replace_extension();
+        file += number == 1 ? ".bak" : ".bak" + std::to_string(number);
+        file += project.extension();
+        ++number;
+    } while (platform::isFile(file));
+    return file;
+}
+
+std::error_code saveProject(Project& project, const fs::path& path, Overwrite overwrite) {
+    ProjectOrigin& origin = project.origin();
+    const bool isOwn =
+        project.hasFile()
+        && (path == project.projectPath() || platform::isSameFile(path, project.projectPath()));
+    if (isOwn && overwrite == Overwrite::whatWasRead) {
+        if (origin.file.differs(path)) {
+            return SaveRefusal::changedMeanwhile;
+        }
+        if (origin.topicsRead) {
+            return SaveRefusal::partlyRead;
+        }
+    }
+    if (isOwn && origin.topicsRead) {
+        if (const std::error_code error = keepAside(path)) {
+            return error;
+        }
+    }
     const Text file = formatProject(project.outline(), project.options());
     if (const std::error_code error = platform::replaceFile(path, file)) {
         return error;
     }
     project.setProjectPath(path);
+    origin = {platform::FileState(path), {}};
+    origin.file.setContents(file);
     project.markSaved();
     return {};
 }

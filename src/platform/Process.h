@@ -14,6 +14,19 @@ std::vector<std::string> programArguments(int argc, char* argv[]);
 /// Lets bytes pass through the standard streams as they are, taken for UTF-8 by a console.
 void useStreamsForUtf8();
 
+/// By which the system knows this program; never 0.
+std::uint64_t processNumber();
+
+/// Whether a program of this machine has that number.
+bool isRunning(std::uint64_t process);
+
+/// From now on the signals that ask a program to end (terminate, hang up, interrupt) do not end it
+/// but make this descriptor readable; -1 on a system that has none. A second one ends it.
+int catchEndSignals();
+
+/// Ends the program as the signal that came would have done.
+void endBySignal();
+
 /// A file of this program's own in the system's folder for such, removed at the end.
 class TemporaryFile {
 public:

@@ -2,8 +2,10 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QSocketNotifier>
 #include <QStandardPaths>
 
+#include "platform/Process.h"
 #include "ui/Window.h"
 #include "ui/qt/Icons.h"
 #include "ui/qt/Native.h"
@@ -14,6 +16,7 @@ struct Application::Native {
     int& argc;
     char** argv;
     QApplication application{argc, argv};
+    std::unique_ptr<QSocketNotifier> endSignals = {};
 };
 
 Application::Application(int& argc, char** argv, const char* name, const char* version) {
@@ -21,6 +24,15 @@ Application::Application(int& argc, char** argv, const char* name, const char* v
     // The toolkit would look for finer pictures beside those of a page, even on other machines.
     qputenv("QT_HIGHDPI_DISABLE_2X_IMAGE_LOADING", "1");
     native_.reset(new Native{argc, argv});
+    QObject::connect(&native_->application, &QGuiApplication::commitDataRequest,
+                     [this] { Ending.raise(); });
+    if (const int descriptor = platform::catchEndSignals(); descriptor >= 0) {
+        native_->endSignals = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Read);
+        QObject::connect(native_->endSignals.get(), &QSocketNotifier::activated, [this] {
+            Ending.raise();
+            platform::endBySignal();
+        });
+    }
     QApplication::setApplicationName(name);
     QApplication::setApplicationVersion(version);
     QApplication::setDesktopFileName(QStringLiteral("topicsmith"));

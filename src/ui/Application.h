@@ -4,6 +4,8 @@
 #include <memory>
 #include <vector>
 
+#include "ui/Event.h"
+
 namespace ui {
 
 /// The program as the toolkit sees it. Made first, before any window, and kept until the end.
@@ -24,6 +26,10 @@ public:
 
     /// Handles events until the last window is closed.
     int run();
+
+    /// The program is about to be ended from outside, by a signal or with the desktop: what must
+    /// not be lost is to be kept now, without a question.
+    Event<> Ending;
 
 private:
     struct Native;

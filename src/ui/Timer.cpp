@@ -23,4 +23,8 @@ void Timer::stop() {
     native_->timer.stop();
 }
 
+bool Timer::isRunning() const {
+    return native_->timer.isActive();
+}
+
 } // namespace ui

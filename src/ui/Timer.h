@@ -16,6 +16,7 @@ public:
 
     void start(int milliseconds);
     void stop();
+    bool isRunning() const;
 
     Event<> Tick;
 

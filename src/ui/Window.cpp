@@ -3,13 +3,16 @@
 #include <algorithm>
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QDialog>
 #include <QLayout>
 #include <QMainWindow>
 #include <QMimeData>
 #include <QPainter>
 #include <QScreen>
+#include <QThread>
 #include <QTimer>
+#include <QWindow>
 
 #include "ui/ShowHelp.h"
 #include "ui/Twips.h"
@@ -64,7 +67,12 @@ protected:
         if (event->type() == QEvent::LayoutRequest) { // a font or scale has changed
             guarded([this] { owner_.Resize(); });
         } else if (event->type() == QEvent::WindowActivate) {
-            owner_.Activated.raise();
+            // When the toolkit is done with it: the handler may ask something.
+            QTimer::singleShot(0, this, [this] {
+                if (this->isActiveWindow() && QApplication::activeModalWidget() == nullptr) {
+                    owner_.Activated.raise();
+                }
+            });
         }
         return handled;
     }
@@ -231,6 +239,15 @@ void Window::showUnfocused() {
 
 void Window::raise() {
     native_->widget->raise();
+}
+
+void Window::waitUntilSeen() {
+    const QWindow* window = native_->widget->windowHandle();
+    QDeadlineTimer patience(1000);
+    while (window != nullptr && !window->isExposed() && !patience.hasExpired()) {
+        QCoreApplication::processEvents();
+        QThread::msleep(5);
+    }
 }
 
 void Window::run() {

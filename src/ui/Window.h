@@ -45,6 +45,10 @@ public:
     /// Brings it to the front of the program's windows where it can be seen; the focus stays.
     void raise();
 
+    /// Handles events until it can be seen, so that a question stands over it; for a second at
+    /// most.
+    void waitUntilSeen();
+
     /// Shows it above its owner, and whatever else is the owner's, until it is closed.
     void run();
     void activate();
@@ -93,8 +97,8 @@ public:
     static void letEventsRun();
 
     Event<> Closed;
+    Event<> Activated;   ///< the person comes back to it, and nothing else waits for an answer
     Event<> FocusChange; ///< another control, perhaps none, has the focus
-    Event<> Activated;   ///< this window has the focus now, and another one had it
     Event<const std::vector<std::filesystem::path>&> FilesDropped;
 
     // What the person does to the window; for the window itself to answer.

@@ -1,4 +1,5 @@
 #include <chrono>
+#include <deque>
 #include <gtest/gtest.h>
 #include <random>
 #include <thread>
@@ -12,11 +13,14 @@ using namespace std::chrono;
 
 namespace {
 
+fs::path batchProgram() {
+    const fs::path programs = platform::pathFromUtf8(TOPICSMITH_PROGRAM_FOLDER);
+    return programs / platform::programFile("topicsmith-batch").filename();
+}
+
 /// Starts the batch program, and ends it the hard way after a while; at once when it is done.
 void importText(const test::TemporaryFolder& folder, microseconds patience) {
-    const fs::path programs = platform::pathFromUtf8(TOPICSMITH_PROGRAM_FOLDER);
-    test::Child child(programs / platform::programFile("topicsmith-batch").filename(),
-                      {"import-text", folder / "p.tsp", folder / "outline.txt"});
+    test::Child child(batchProgram(), {"import-text", folder / "p.tsp", folder / "outline.txt"});
     const auto end = steady_clock::now() + patience;
     while (!child.hasEnded() && steady_clock::now() < end) {
         std::this_thread::sleep_for(50us);
@@ -70,4 +74,26 @@ TEST(KilledSave, LeavesTheOldProjectOrTheNewOne) {
     }
     EXPECT_GT(interrupted, 0);
     EXPECT_LT(old, round) << "no save got through";
+}
+
+TEST(SavesSideBySide, LoseNothing) {
+    constexpr int programs = 12;
+    const test::TemporaryFolder folder;
+    test::writeBytes(folder / "outline.txt", "Another\n");
+    {
+        std::deque<test::Child> children;
+        for (int i = 0; i < programs; ++i) {
+            children.emplace_back(
+                batchProgram(),
+                std::vector<std::string>{"import-text", folder / "p.tsp", folder / "outline.txt"});
+        }
+        const auto end = steady_clock::now() + seconds(60);
+        for (test::Child& child : children) {
+            while (!child.hasEnded() && steady_clock::now() < end) {
+                std::this_thread::sleep_for(1ms);
+            }
+        }
+    }
+    EXPECT_EQ(model::parseProject(test::bytesOf(folder / "p.tsp")).outline.count(), programs);
+    EXPECT_EQ(folder.fileCount(), 2U) << "a lock was left behind";
 }

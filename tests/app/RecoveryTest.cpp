@@ -15,10 +15,12 @@ protected:
         return window->offerRecovery();
     }
 
-    void expectQuestion(ui::Answer answer, const char* more = "") {
+    void expectQuestion(ui::Answer answer, const std::string& topic, const char* more = "") {
         prompter.expect({"The program ended before the changes of this project were saved:\n"
-                             + std::string(folder / "p.tsp") + "\nDo you want them back?" + more,
-                         "HTML Topicsmith", ui::Buttons::yesNoCancel, ui::QuestionIcon::question},
+                             + std::string(folder / "p.tsp") + "\nThe last topic was '" + topic
+                             + "'.\nDo you want them back?" + more,
+                         "HTML Topicsmith", ui::Buttons::yesNoCancel, ui::QuestionIcon::question,
+                         "&Bring Back", "&Discard", "Ask &Later"},
                         answer);
     }
 
@@ -35,9 +37,11 @@ TEST_F(Recovery, BringsBackTheOutlineAndTheOpenEditor) {
     doubleClickRow(window->lvLevels, 2);
     show(*window->editor());
     window->editor()->txtBody.edit("Caf\xE9\r\nunsaved", 0);
+    EXPECT_TRUE(window->tmrRecovery.isRunning());
     window->tmrRecovery_Tick();
-    expectQuestion(ui::Answer::yes);
+    expectQuestion(ui::Answer::yes, "b");
     ASSERT_TRUE(crash());
+    EXPECT_EQ(project().currentIndex(), 2);
     EXPECT_EQ(titles(), "a\xE9:C b:C");
     EXPECT_EQ(topic(2).body, "Caf\xE9\r\nunsaved");
     EXPECT_TRUE(project().dataChanged());
@@ -50,12 +54,12 @@ TEST_F(Recovery, BringsBackTheOutlineAndTheOpenEditor) {
 #endif
 
     // Nobody saved it yet, and it can be decided later.
-    expectQuestion(ui::Answer::cancel);
+    expectQuestion(ui::Answer::cancel, "b");
     EXPECT_FALSE(crash());
     window->tmrRecovery_Tick();
     test::writeBytes(folder / "p.tsp", "newer");
     fs::last_write_time(folder / "p.tsp", fs::file_time_type::clock::now() + std::chrono::hours(1));
-    expectQuestion(ui::Answer::yes, "\nThe project has been saved since then.");
+    expectQuestion(ui::Answer::yes, "b", "\nThe project has been saved since then.");
     ASSERT_TRUE(crash());
     show(*window);
     press("Ctrl+S");
@@ -80,7 +84,7 @@ TEST_F(Recovery, IsForgottenWhenNothingIsLost) {
     load(test::titled({"a"}));
     project().markChanged(model::projectChanged);
     window->tmrRecovery_Tick();
-    expectQuestion(ui::Answer::no);
+    expectQuestion(ui::Answer::no, "a");
     EXPECT_FALSE(crash());
     EXPECT_FALSE(isKept());
     test::writeBytes(folder / "recovery-1.tsp", "of a later version");
@@ -88,10 +92,27 @@ TEST_F(Recovery, IsForgottenWhenNothingIsLost) {
     EXPECT_TRUE(isKept());
 }
 
+TEST_F(Recovery, SaysThatItCannotKeepWorkAsLongAsThatIsSo) {
+    load(test::titled({"a", "b"}));
+    window->offerRecovery();
+    fs::create_directory(folder / "recovery-1.tsp"); // nothing can be written there
+    project().markChanged(model::projectChanged);
+    EXPECT_TRUE(window->tmrRecovery.isRunning());
+    window->tmrRecovery_Tick();
+    clickRow(window->lvLevels, 2);
+    const std::string said = "Unsaved work cannot be kept";
+    EXPECT_NE(window->lblStatus.caption().find(said), std::string::npos);
+    EXPECT_TRUE(window->tmrRecovery.isRunning()) << "it is not tried again";
+    fs::remove(folder / "recovery-1.tsp");
+    window->tmrRecovery_Tick();
+    EXPECT_EQ(window->lblStatus.caption().find(said), std::string::npos);
+    EXPECT_TRUE(isKept());
+}
+
 TEST_F(Recovery, ProgramsSideBySideKeepTheirOwn) {
     {
         app::Recovery second(folder.path());
-        EXPECT_FALSE(second.keep({"x\x80", folder / "two\nlines.tsp"}));
+        EXPECT_FALSE(second.keep({"x\x80", folder / "two\nlines.tsp", 7}));
         app::Recovery third(folder.path());
         EXPECT_FALSE(third.keep({"third", folder / "3.tsp"}));
         EXPECT_FALSE(third.leftBehind()) << "all are in use";
@@ -103,6 +124,7 @@ TEST_F(Recovery, ProgramsSideBySideKeepTheirOwn) {
     ASSERT_TRUE(next.leftBehind());
     EXPECT_EQ(next.leftBehind()->project, "x\x80");
     EXPECT_EQ(next.leftBehind()->path, folder / "two\nlines.tsp");
+    EXPECT_EQ(next.leftBehind()->topic, 7);
     next.discard();
     ASSERT_TRUE(next.leftBehind());
     EXPECT_EQ(next.leftBehind()->project, "third");

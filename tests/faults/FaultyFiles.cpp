@@ -28,8 +28,10 @@ bool fails() {
     return true;
 }
 
+/// Locks are done without where they cannot be had.
 bool isWatched(const char* path) {
-    return !watchedFolder.empty() && std::string_view(path).starts_with(watchedFolder);
+    const std::string_view name(path);
+    return !watchedFolder.empty() && name.starts_with(watchedFolder) && !name.ends_with(".lock");
 }
 
 bool isWatched(int file) {

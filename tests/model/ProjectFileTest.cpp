@@ -3,6 +3,7 @@
 #include "model/FieldReader.h"
 #include "support/TestFiles.h"
 
+namespace fs = std::filesystem;
 using namespace model;
 using test::lines;
 
@@ -228,4 +229,42 @@ TEST(ProjectFile, LoadingReplacesTheProjectAndAFailedSaveLeavesItChanged) {
     EXPECT_FALSE(project.dataChanged());
     EXPECT_EQ(project.projectFileTitle(), "q.tsp");
     EXPECT_EQ(test::bytesOf(folder / "q.tsp"), test::bytesOf(folder / "p.tsp"));
+}
+
+TEST(ProjectFile, OnlyWhatWasReadIsOverwritten) {
+    const test::TemporaryFolder folder;
+    const fs::path file = folder / "p.tsp";
+    const Text mine = emptyProject() + record("mine");
+    const Text other = emptyProject() + record("else");
+    ASSERT_EQ(mine.size(), other.size());
+    test::writeBytes(file, mine);
+    Project project;
+    loadProject(project, file);
+
+    // Written by somebody else, without a trace in size and time.
+    const auto time = fs::last_write_time(file);
+    test::writeBytes(file, other);
+    fs::last_write_time(file, time);
+    EXPECT_EQ(saveProject(project, file), SaveRefusal::changedMeanwhile);
+    EXPECT_EQ(test::bytesOf(file), other);
+    EXPECT_FALSE(saveProject(project, file, Overwrite::anything));
+    EXPECT_FALSE(saveProject(project, file)) << "the own save counts as somebody else's";
+    fs::last_write_time(file, time - std::chrono::hours(1));
+    EXPECT_FALSE(saveProject(project, file)) << "only the time is another";
+    fs::remove(file);
+    EXPECT_FALSE(saveProject(project, file));
+
+    // A part of it cannot be read: it is kept before the rest takes its place.
+    const Text damaged = mine + "+-\r\nrest\r\n";
+    test::writeBytes(file, damaged);
+    test::writeBytes(folder / "p.bak.tsp", "an earlier one");
+    ASSERT_EQ(loadProject(project, file).stop, LoadStop::corrupted);
+    EXPECT_EQ(saveProject(project, file), SaveRefusal::partlyRead);
+    EXPECT_EQ(test::bytesOf(file), damaged);
+    EXPECT_FALSE(saveProject(project, folder / "other.tsp")) << "nothing is lost elsewhere";
+    loadProject(project, file);
+    EXPECT_FALSE(saveProject(project, file, Overwrite::anything));
+    EXPECT_EQ(test::bytesOf(folder / "p.bak2.tsp"), damaged);
+    EXPECT_EQ(test::bytesOf(folder / "p.bak.tsp"), "an earlier one");
+    EXPECT_FALSE(saveProject(project, file));
 }

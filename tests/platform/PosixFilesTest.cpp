@@ -1,6 +1,8 @@
+#include <csignal>
 #include <functional>
 #include <grp.h>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -8,6 +10,8 @@
 #include <unistd.h>
 
 #include "platform/Files.h"
+#include "platform/Process.h"
+#include "platform/UnfinishedFile.h"
 #include "support/TestFiles.h"
 
 namespace fs = std::filesystem;
@@ -205,4 +209,38 @@ TEST(PosixFiles, AFileThatIsTooLargeIsNotReadButItsPartsAre) {
     EXPECT_EQ(bytes, std::string(1, '\0'));
     EXPECT_FALSE(platform::readPart(folder / "huge", bytes, platform::largestFile * 2, 100));
     EXPECT_EQ(bytes, "");
+}
+
+TEST(PosixFiles, WhatEndedProgramsLeftIsRemoved) {
+    const test::TemporaryFolder folder;
+    const pid_t ended = ::fork();
+    if (ended == 0) {
+        ::_exit(0);
+    }
+    ::waitpid(ended, nullptr, 0);
+    const auto unfinished = [](const std::string& process) {
+        return ".topicsmith-" + process + "-0";
+    };
+    const std::string gone = std::to_string(ended);
+    const auto hourAgo = fs::file_time_type::clock::now() - std::chrono::hours(1);
+    for (const std::string& name : {unfinished(gone), unfinished(std::to_string(::getpid())),
+                                    unfinished(gone) + ".tsp", unfinished("x")}) {
+        writeBytes(folder / name, "x");
+        fs::last_write_time(folder / name, hourAgo);
+    }
+    writeBytes(folder / (unfinished(gone) + "1"), "just being written on another machine");
+    platform::removeUnfinishedFiles(folder.path());
+    EXPECT_FALSE(fs::exists(folder / unfinished(gone)));
+    EXPECT_EQ(folder.fileCount(), 4U);
+}
+
+TEST(PosixFiles, ASignalLeavesTimeToKeepWork) {
+    const auto keepAndEnd = [] {
+        pollfd signals{platform::catchEndSignals(), POLLIN, 0};
+        ::raise(SIGTERM);
+        if (::poll(&signals, 1, 0) == 1) {
+            platform::endBySignal();
+        }
+    };
+    EXPECT_EXIT(keepAndEnd(), ::testing::KilledBySignal(SIGTERM), "");
 }

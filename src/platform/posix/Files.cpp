@@ -10,7 +10,9 @@
 #include <unistd.h>
 #include <utility>
 
+#include "platform/FileState.h"
 #include "platform/InPlace.h"
+#include "platform/UnfinishedFile.h"
 #include "platform/posix/Permissions.h"
 
 namespace platform {
@@ -129,13 +131,6 @@ std::error_code fill(File& file, std::string_view bytes) {
     return file.close();
 }
 
-/// A name beside `path` that no file has. Independent of the file's own name, which may be as long
-/// as names can be.
-fs::path temporaryName(const fs::path& path, int attempt) {
-    return path.parent_path()
-           / (".topicsmith-" + std::to_string(::getpid()) + "-" + std::to_string(attempt));
-}
-
 /// Whether a file that may be written cannot be exchanged because of the folder that it lies in, or
 /// because it is a place where something is mounted.
 bool isFoldersFault(int reason) {
@@ -248,7 +243,7 @@ std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access
     constexpr int attemptLimit =
         1000; // leftovers of interrupted saves with the same process number
     for (int attempt = 0; attempt < attemptLimit; ++attempt) {
-        const fs::path temporary = temporaryName(target, attempt);
+        const fs::path temporary = unfinishedFile(target, attempt);
         File file(temporary, O_WRONLY | O_CREAT | O_EXCL,
                   exists || access == Access::owner ? 0600 : 0666);
         if (!file.isOpen()) {
@@ -294,6 +289,16 @@ bool isFile(const fs::path& path) {
     std::error_code error;
     const auto status = fs::status(path, error);
     return fs::exists(status) && !fs::is_directory(status);
+}
+
+std::optional<FileFacts> fileFacts(const fs::path& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) {
+        return {};
+    }
+    return FileFacts{status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size),
+                     std::chrono::seconds(status.st_mtim.tv_sec)
+                         + std::chrono::nanoseconds(status.st_mtim.tv_nsec)};
 }
 
 bool isSameFile(const fs::path& one, const fs::path& other) {

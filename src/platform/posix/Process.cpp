@@ -5,6 +5,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
+#include <limits>
 #include <spawn.h>
 #include <string>
 #include <sys/resource.h>
@@ -21,6 +22,15 @@ std::vector<std::string> programArguments(int argc, char* argv[]) {
 }
 
 void useStreamsForUtf8() {} // as they are
+
+std::uint64_t processNumber() {
+    return static_cast<std::uint64_t>(getpid());
+}
+
+bool isRunning(std::uint64_t process) {
+    return process > std::numeric_limits<pid_t>::max() || kill(static_cast<pid_t>(process), 0) == 0
+           || errno != ESRCH;
+}
 
 TemporaryFile::TemporaryFile() {
     std::error_code error;

@@ -5,7 +5,9 @@
 #include <limits>
 #include <new>
 
+#include "platform/FileState.h"
 #include "platform/InPlace.h"
+#include "platform/UnfinishedFile.h"
 #include "platform/windows/System.h"
 
 namespace platform {
@@ -146,13 +148,6 @@ std::error_code moveOver(const std::wstring& from, const std::wstring& to) {
     }
 }
 
-/// A name beside `path` that no file has.
-fs::path temporaryName(const fs::path& path, int attempt) {
-    return path.parent_path()
-           / (".topicsmith-" + std::to_string(GetCurrentProcessId()) + "-"
-              + std::to_string(attempt));
-}
-
 /// Fails when the file holds more than `most`.
 std::error_code read(const fs::path& path, std::string& bytes, std::uint64_t offset,
                      std::size_t count, std::uint64_t most) {
@@ -278,7 +273,7 @@ std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access
 
     constexpr int attemptLimit = 1000; // leftovers of interrupted saves with the same number
     for (int attempt = 0; attempt < attemptLimit; ++attempt) {
-        const fs::path temporary = temporaryName(target, attempt);
+        const fs::path temporary = unfinishedFile(target, attempt);
         const std::wstring temporaryFile = systemName(temporary);
         Handle file(openFile(temporary, GENERIC_WRITE, CREATE_NEW));
         if (!file.isOpen()) {
@@ -309,6 +304,21 @@ bool isFile(const fs::path& path) {
     const DWORD attributes = GetFileAttributesW(systemName(path).c_str());
     return attributes == INVALID_FILE_ATTRIBUTES ? GetLastError() == ERROR_ACCESS_DENIED
                                                  : (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+std::optional<FileFacts> fileFacts(const fs::path& path) {
+    const Handle file(openFile(path, 0, OPEN_EXISTING));
+    BY_HANDLE_FILE_INFORMATION facts{};
+    if (!file.isOpen() || GetFileInformationByHandle(file.get(), &facts) == FALSE) {
+        return {};
+    }
+    const auto joined = [](DWORD high, DWORD low) { return std::uint64_t(high) << 32U | low; };
+    constexpr std::uint64_t to1970 = 116'444'736'000'000'000; // from 1601, in steps of 100 ns
+    const std::uint64_t written =
+        joined(facts.ftLastWriteTime.dwHighDateTime, facts.ftLastWriteTime.dwLowDateTime);
+    return FileFacts{facts.dwVolumeSerialNumber, joined(facts.nFileIndexHigh, facts.nFileIndexLow),
+                     joined(facts.nFileSizeHigh, facts.nFileSizeLow),
+                     std::chrono::nanoseconds(100 * static_cast<std::int64_t>(written - to1970))};
 }
 
 bool isSameFile(const fs::path& one, const fs::path& other) {

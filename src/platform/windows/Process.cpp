@@ -106,6 +106,26 @@ void useStreamsForUtf8() {
     }
 }
 
+std::uint64_t processNumber() {
+    return GetCurrentProcessId();
+}
+
+bool isRunning(std::uint64_t process) {
+    const Handle handle(
+        OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, static_cast<DWORD>(process)));
+    DWORD code = 0;
+    if (!handle.isOpen()) {
+        return GetLastError() != ERROR_INVALID_PARAMETER; // it may belong to somebody else
+    }
+    return GetExitCodeProcess(handle.get(), &code) == FALSE || code == STILL_ACTIVE;
+}
+
+int catchEndSignals() {
+    return -1; // the toolkit is told when the person logs off
+}
+
+void endBySignal() {}
+
 TemporaryFile::TemporaryFile() {
     std::array<wchar_t, MAX_PATH + 1> folder{};
     std::array<wchar_t, MAX_PATH + 1> name{};
