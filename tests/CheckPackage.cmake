@@ -19,10 +19,11 @@ run(dpkg-deb --extract ${package} root)
 file(GLOB_RECURSE unpacker ${SCRATCH}/root/usr/lib/topicsmith-unpack)
 get_filename_component(program_folder "${unpacker}" DIRECTORY)
 set(usr ${SCRATCH}/root/usr)
-foreach(file ${usr}/bin/topicsmith ${usr}/bin/topicsmith-batch ${program_folder}/topicsmith-unpack
+foreach(file ${usr}/bin/topicsmith ${usr}/bin/topicsmith-batch ${usr}/bin/topicsmith-hhc ${program_folder}/topicsmith-unpack
              ${program_folder}/topicsmith-browser.so "${program_folder}/HTML Topicsmith.chm"
              "${program_folder}/Home Button.jpg" ${usr}/share/applications/topicsmith.desktop
              ${usr}/share/mime/packages/topicsmith.xml ${usr}/share/man/man1/topicsmith-batch.1
+             ${usr}/share/man/man1/topicsmith-hhc.1
              ${usr}/share/icons/hicolor/scalable/apps/topicsmith.svg
              ${usr}/share/doc/topicsmith/copyright)
   if(NOT EXISTS "${file}")

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <span>
@@ -49,6 +50,8 @@ struct BatchSession {
     Console& console;
     std::filesystem::path programFolder;
     std::optional<model::ProjectLock> lock = {}; ///< of the project that the command changes
+    std::optional<std::int64_t> sourceTime = {}; ///< to be written in place of the files' own times
+    bool isAtTerminal = false;                   ///< somebody sees the messages as they come
 };
 
 /// One command of the batch program: one row of the table in BatchCommands.cpp.

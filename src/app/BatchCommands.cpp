@@ -2,16 +2,13 @@
 #include <limits>
 #include <string>
 
+#include "app/BatchCompile.h"
+#include "app/BatchGenerate.h"
 #include "app/BatchHelp.h"
 #include "app/BatchImports.h"
 #include "app/BatchProject.h"
 #include "app/BatchTools.h"
 #include "generate/Documentation.h"
-#include "generate/GenerationRun.h"
-#include "generate/WorkshopName.h"
-#include "import/EditedPages.h"
-#include "model/PagePath.h"
-#include "model/ProjectFile.h"
 #include "platform/Files.h"
 
 namespace app {
@@ -20,80 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 using model::Project;
 
-constexpr const char* helpTitle = "Generate Help Files";
 constexpr const char* documentationTitle = "Generate Documentation";
-
-/// Where a command is to write: a file path with an extension, in a folder that exists. Says why
-/// when there can be no such file, or when it would take the project's own place.
-bool prepareOutput(BatchSession& session, const char* title, const char* extension,
-                   const fs::path& project, fs::path& output) {
-    std::error_code error;
-    const fs::path name = output.filename();
-    if (name.empty() || name == "." || name == ".." || fs::is_directory(output, error)) {
-        session.console.failure(title, output, "names a folder, not a file");
-        return false;
-    }
-    if (!output.has_extension()) {
-        output += '.';
-        output += extension;
-    }
-    output = platform::fullPath(output);
-    if (const std::error_code failed = platform::createFolders(output.parent_path())) {
-        session.console.failure(title, output.parent_path(), failed.message());
-        return false;
-    }
-    output = platform::fullPath(output); // now that the folder exists, links in it can be followed
-    if (platform::isSameFile(output, project)) {
-        session.console.failure(title, output, "is the project itself");
-        return false;
-    }
-    return true;
-}
-
-/// True, and said so, when a workshop project cannot have this name.
-bool refuseWorkshopName(BatchSession& session, const fs::path& workshopFile,
-                        const fs::path& project) {
-    const auto fault = generate::workshopNameFault(workshopFile, project);
-    if (fault) {
-        session.console.failure(helpTitle, fault->path, fault->reason);
-    }
-    return fault.has_value();
-}
-
-/// True, and said so, when a generation would overwrite what was edited in pages.
-bool refuseEdited(BatchSession& session, const Project& project, const fs::path& workshopFile) {
-    const model::FileFailures edited = importer::editedPages(
-        project.outline(), workshopFile.parent_path() / model::pageFolderName);
-    session.console.failures(helpTitle, edited);
-    return !edited.empty();
-}
-
-/// True, and said so, when the project has no topics.
-bool refuseEmpty(BatchSession& session, const Project& project, const char* title) {
-    const auto message = generate::nothingToGenerate(project, title);
-    if (message) {
-        session.console.message(*message);
-    }
-    return message.has_value();
-}
-
-ExitCode runGenerate(BatchSession& session, const CommandLine& arguments) {
-    fs::path output = arguments.path(1);
-    Project project;
-    if (!loadForChange(session, arguments.path(0), project)
-        || refuseEmpty(session, project, helpTitle)
-        || !prepareOutput(session, helpTitle, "hhp", project.projectPath(), output)
-        || refuseWorkshopName(session, output, project.projectPath())
-        || (arguments.has("--keep-edited") && refuseEdited(session, project, output))) {
-        return exitFailed;
-    }
-    const auto save = [&project] { return model::saveProject(project, project.projectPath()); };
-    const generate::GenerationReport report =
-        generate::generateHelp(project, {output, session.programFolder, save, {}});
-    session.console.result(report.text);
-    session.console.failures(helpTitle, report.failures);
-    return report.failures.empty() ? exitDone : exitFailed;
-}
 
 ExitCode runDocument(BatchSession& session, const CommandLine& arguments) {
     fs::path output = arguments.path(1);
@@ -144,7 +68,12 @@ constexpr BatchCommand commands[] = {
     {"generate", "PROJECT.tsp OUTPUT.hhp [--keep-edited]",
      "Writes the help workshop's sources, saves the project, prints the report; with "
      "--keep-edited only if no page was edited since it was generated.",
-     2, 2, runGenerate, "--keep-edited"},
+     2, 2, generateSources, "--keep-edited"},
+    {"compile",
+     "PROJECT.tsp OUTPUT.chm | PROJECT.hhp [OUTPUT.chm] [--strict] [--jobs N] [--quiet]",
+     "Makes a compiled help: of a project, whose sources are generated beside it as above, or of "
+     "any workshop project, which stays as it is. With --strict nothing is made after a warning.",
+     1, 2, compileHelp, "--strict --jobs= --quiet --keep-edited"},
     {"document", "PROJECT.tsp OUTPUT.htm", "Writes the whole outline as one HTML page.", 2, 2,
      runDocument},
     {"import-vb", "PROJECT.tsp APP.vbp [--strict]",

@@ -27,6 +27,9 @@ int catchEndSignals();
 /// Ends the program as the signal that came would have done.
 void endBySignal();
 
+/// Whether what goes to the stream for messages is seen by somebody at a terminal.
+bool isAtTerminal();
+
 /// A file of this program's own in the system's folder for such, removed at the end.
 class TemporaryFile {
 public:

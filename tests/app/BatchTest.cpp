@@ -1,4 +1,4 @@
-#include "app/Batch.h"
+#include "app/BatchCompile.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -392,4 +392,44 @@ TEST_F(BatchTest, OutputThatDoesNotArriveIsAFailure) {
     Console console(full, err);
     BatchSession session{console, {}};
     EXPECT_EQ(runBatch(session, {"--version"}), exitFailed);
+}
+
+TEST_F(BatchTest, CompileGeneratesAndMakesAHelp) {
+    model::ProjectOptions options;
+    options.projectName = "Caf\xE9";
+    const auto outline = test::outlineOf(
+        {topic(1, "A", "a.htm", "<img src=\"../own.bmp\"> <img src=\"../none.bmp\">")});
+    const std::string project = save("p.tsp", outline, options);
+    test::writeBytes(folder / "own.bmp", "picture"); // beside the project, not beside the output
+    const std::string help = folder / "out/my.help.chm";
+    EXPECT_EQ(run({"compile", project, help, "--strict", "--jobs=2"}), exitFailed);
+    EXPECT_FALSE(fs::exists(help));
+    EXPECT_NE(errors.find(": warning: file not found: none.bmp\n"), std::string::npos) << errors;
+    EXPECT_EQ(run({"compile", project, help}), exitDone);
+    EXPECT_NE(output.find("Generation Complete."), std::string::npos);
+    EXPECT_NE(output.find("my.help.chm: "), std::string::npos);
+    EXPECT_EQ(test::bytesOf(help).substr(0, 4), "ITSF");
+    EXPECT_NE(test::bytesOf(help).find("Caf\xE9"), std::string::npos) << "the title stands in it";
+    EXPECT_EQ(run({"compile", project, help, "--quiet"}), exitDone);
+    EXPECT_EQ(output, "");
+}
+
+TEST_F(BatchTest, CompileTakesWorkshopProjectsAsTheWorkshopDoes) {
+    test::writeBytes(folder / "a.htm", "<title>A</title>");
+    test::writeBytes(folder / "p.hhp", "[FILES]\r\na.htm\r\nnone.htm\r\n");
+    const std::string project = folder / "p.hhp";
+    EXPECT_EQ(run({"compile", project}), exitDone);
+    EXPECT_EQ(errors, project + ":3: warning: file not found: none.htm\n");
+    EXPECT_EQ(test::bytesOf(folder / "p.chm").substr(0, 4), "ITSF");
+    EXPECT_EQ(run({"compile", project, folder / "p.hhp"}), exitFailed) << "is the project itself";
+    EXPECT_EQ(run({"compile", folder / "none.hhp"}), exitFailed);
+    EXPECT_EQ(run({"compile", folder / "p.tsp"}), exitUsage);
+    EXPECT_EQ(run({"compile", project, "--jobs=none"}), exitUsage);
+
+    std::ostringstream out;
+    Console console(out, out);
+    BatchSession session{console, programFolder};
+    EXPECT_EQ(runLikeWorkshop(session, {project}), 1); // as tools expect it
+    EXPECT_EQ(runLikeWorkshop(session, {folder / "none.hhp"}), 0);
+    EXPECT_EQ(runLikeWorkshop(session, {}), 0);
 }

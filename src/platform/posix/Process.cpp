@@ -32,6 +32,10 @@ bool isRunning(std::uint64_t process) {
            || errno != ESRCH;
 }
 
+bool isAtTerminal() {
+    return isatty(STDERR_FILENO) != 0;
+}
+
 TemporaryFile::TemporaryFile() {
     std::error_code error;
     std::string name = (fs::temp_directory_path(error) / "topicsmith-XXXXXX").string();

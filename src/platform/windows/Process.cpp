@@ -97,6 +97,10 @@ std::vector<std::string> programArguments(int /*argc*/, char* /*argv*/[]) {
     return arguments;
 }
 
+bool isAtTerminal() {
+    return _isatty(_fileno(stderr)) != 0;
+}
+
 void useStreamsForUtf8() {
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);

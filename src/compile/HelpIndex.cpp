@@ -1,0 +1,131 @@
+#include "compile/HelpIndex.h"
+
+#include <algorithm>
+#include <map>
+
+namespace compile {
+
+namespace {
+
+void addIndexFile(const SitemapSource& index, KeywordIndex& keywords) {
+    std::vector<std::string> levels;
+    for (std::size_t i = 0; i < index.map.entries.size(); ++i) {
+        const workshop::SitemapEntry& entry = index.map.entries[i];
+        levels.resize(std::min(levels.size(), static_cast<std::size_t>(entry.depth) - 1));
+        levels.push_back(entry.name);
+        // One that refers to itself is the heading of those below it.
+        KeywordEntry keyword{levels,
+                             {},
+                             entry.seeAlso == entry.name ? "" : entry.seeAlso,
+                             {index.shown, entry.line}};
+        for (std::size_t t = 0; t < entry.targets.size(); ++t) {
+            const workshop::SitemapTarget& target = entry.targets[t];
+            keyword.targets.push_back(
+                {target.title, target.page, index.files[i][t], target.frame, target.window});
+        }
+        keywords.add(std::move(keyword));
+    }
+}
+
+/// A comma and a blank stand between a keyword and the one above it.
+std::vector<std::string> keywordLevels(const std::string& keyword) {
+    constexpr std::string_view divider = ", ";
+    std::vector<std::string> levels;
+    for (std::size_t start = 0; start < keyword.size();) {
+        const std::size_t end = std::min(keyword.find(divider, start), keyword.size());
+        if (end > start) {
+            levels.push_back(keyword.substr(start, end - start));
+        }
+        start = end + divider.size();
+    }
+    return levels.empty() ? std::vector<std::string>{keyword} : levels;
+}
+
+/// False when the pages have no keywords.
+bool addPages(const SourceFiles& files, KeywordIndex& keywords) {
+    bool any = false;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        const std::string& title = files[i].facts.title.text;
+        for (const workshop::PageText& keyword : files[i].facts.keywords) {
+            keywords.add({keywordLevels(keyword.text),
+                          {{title.empty() ? keyword.text : title, files[i].name, i}},
+                          {},
+                          {files.shown(files[i].relative), keyword.line}});
+            any = true;
+        }
+    }
+    return any;
+}
+
+} // namespace
+
+HelpKeywords collectKeywords(const SitemapSource& index, const SourceFiles& files, bool ofPages) {
+    KeywordIndex keywords;
+    addIndexFile(index, keywords);
+    const bool any = ofPages && addPages(files, keywords);
+    return {keywords.take(), any};
+}
+
+std::vector<workshop::SitemapEntry> sitemapEntries(const std::vector<KeywordEntry>& entries) {
+    std::vector<workshop::SitemapEntry> written;
+    written.reserve(entries.size());
+    for (const KeywordEntry& entry : entries) {
+        workshop::SitemapEntry& each = written.emplace_back();
+        each.depth = static_cast<int>(entry.levels.size());
+        each.name = entry.levels.back();
+        each.seeAlso = entry.seeAlso;
+        for (const KeywordTarget& target : entry.targets) {
+            each.targets.push_back({target.title, target.address, target.frame, target.window});
+        }
+    }
+    return written;
+}
+
+std::vector<Keyword> treeKeywords(const std::vector<KeywordEntry>& entries, HelpTopics& topics,
+                                  const TextEncoder& encoder) {
+    std::vector<Keyword> keywords;
+    keywords.reserve(entries.size());
+    std::vector<std::size_t> open; // those above
+    for (const KeywordEntry& entry : entries) {
+        encoder.text(entry.levels.back(), entry.place, "the keyword"); // to say what will be lost
+        Keyword keyword{entry.levels, {}, entry.targets.empty() ? entry.seeAlso : ""};
+        for (const KeywordTarget& target : entry.targets) {
+            if (const auto topic = topics.ofKeyword(target, entry.place)) {
+                keyword.topics.push_back(*topic);
+            }
+        }
+        open.resize(std::min(open.size(), entry.levels.size() - 1));
+        for (const std::size_t above : open) {
+            if (entries[above].targets.empty() && entries[above].seeAlso.empty()) {
+                keywords[above].topics.insert(keywords[above].topics.end(), keyword.topics.begin(),
+                                              keyword.topics.end());
+            }
+        }
+        open.push_back(keywords.size());
+        keywords.push_back(std::move(keyword));
+    }
+    return keywords;
+}
+
+std::vector<Keyword> associativeKeywords(const SourceFiles& files, const HelpTopics& topics) {
+    std::map<std::string, Keyword> links;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        for (const workshop::PageText& link : files[i].facts.associativeLinks) {
+            Keyword& keyword = links.emplace(link.text, Keyword{{link.text}}).first->second;
+            const auto topic = topics.ofPage(i);
+            if (topic && (keyword.topics.empty() || keyword.topics.back() != *topic)) {
+                keyword.topics.push_back(*topic);
+            }
+        }
+    }
+    std::vector<Keyword> keywords;
+    for (auto& [name, keyword] : links) {
+        keywords.push_back(std::move(keyword));
+    }
+    std::stable_sort(keywords.begin(), keywords.end(), [](const Keyword& a, const Keyword& b) {
+        return comesBefore(a.levels, b.levels);
+    });
+    return keywords;
+}
+
+} // namespace compile

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace compile {
+
+/// A keyword with those that it stands below. Texts are in UTF-8.
+struct Keyword {
+    std::vector<std::string> levels; ///< the last one is its own; at least one
+    std::vector<std::uint32_t> topics = {};
+    std::string seeAlso = {}; ///< another keyword in place of topics; empty for none
+};
+
+/// Whether one comes before another in an index: level by level, without regard to letter case,
+/// accents and what stands before the first letter or digit.
+bool comesBefore(const std::vector<std::string>& one, const std::vector<std::string>& other);
+
+/// By which comesBefore() goes first of all; equal for keywords that differ in such things only.
+std::vector<std::u32string> sortKey(const std::vector<std::string>& levels);
+
+/// The four files of "$WWKeywordLinks" or "$WWAssociativeLinks", in which readers look keywords up.
+struct KeywordTree {
+    std::string tree, data, map, property;
+    bool isCut = false; ///< a keyword had more topics than readers can take
+};
+
+/// `keywords` are in the order of comesBefore(), each once; for none the files are those of an
+/// empty tree.
+KeywordTree keywordTree(const std::vector<Keyword>& keywords, unsigned language);
+
+} // namespace compile

@@ -1,0 +1,117 @@
+#include "compile/SitemapSource.h"
+
+#include "model/PagePath.h"
+#include "platform/Files.h"
+
+namespace compile {
+
+std::string packedAddress(const SourceFiles& files, std::size_t file, const std::string& page) {
+    const std::size_t sharp = page.find('#');
+    return files[file].name + (sharp == std::string::npos ? std::string() : page.substr(sharp));
+}
+
+SitemapSource readSitemapFile(const workshop::Line& option, const Place& place, unsigned codePage,
+                              SourceFiles& files, Messages& messages) {
+    SitemapSource source;
+    const std::size_t file =
+        option.text.empty() ? SourceFiles::none : files.reserve(option.text, place);
+    if (file == SourceFiles::none) {
+        return source;
+    }
+    source.name = files[file].name;
+    source.shown = files.shown(files[file].relative);
+    if (const auto error = platform::readFile(files[file].path, source.bytes)) {
+        messages.warn({source.shown}, "cannot be read: " + error.message());
+    }
+    files.noteTime(files[file].path);
+    const auto text = workshop::decodedSource(source.bytes, codePage);
+    source.map =
+        workshop::readSitemap(text.utf8, text.isUnicode ? workshop::plainReferences : codePage);
+    source.isAsItShouldBe = source.map.isStrict && !text.isUnicode;
+    if (source.map.isCut) {
+        messages.warn({source.shown}, "has too many entries; those at the end are left out");
+    }
+    return source;
+}
+
+void resolveTargets(SitemapSource& source, SourceFiles& files, Messages& messages) {
+    for (workshop::SitemapEntry& entry : source.map.entries) {
+        auto& found = source.files.emplace_back();
+        for (workshop::SitemapTarget& target : entry.targets) {
+            const Place place{source.shown, target.line};
+            const Address address = splitAddress(target.page);
+            std::size_t file = SourceFiles::none;
+            if (!address.isElsewhere && address.path.empty()) {
+                messages.warn(place, "\"" + target.page + "\" names no page");
+            } else if (!address.isElsewhere) {
+                file = files.fromProject(address.path, place);
+            }
+            found.push_back(file);
+            if (file == SourceFiles::none) {
+                continue;
+            }
+            if (!address.fragment.empty()) {
+                files.wantAnchor(file, address.fragment, place);
+            }
+            std::string packed = packedAddress(files, file, target.page);
+            source.isAsItShouldBe =
+                source.isAsItShouldBe && caseKey(model::plainPath(target.page)) == caseKey(packed);
+            target.page = std::move(packed);
+        }
+    }
+}
+
+SitemapSource contentsOfHeadings(const SourceFiles& files, unsigned levels) {
+    SitemapSource contents;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        const SourceFile& file = files[i];
+        const auto add = [&](unsigned depth, const std::string& name, const std::string& page) {
+            contents.map.entries.push_back({static_cast<int>(depth), name, {{name, page}}});
+            contents.files.push_back({i});
+        };
+        if (!file.isPage || !file.isPacked) {
+            continue;
+        }
+        const std::string& title = file.facts.title.text;
+        add(1, title.empty() ? file.name : title, file.name);
+        for (const workshop::Heading& heading : file.facts.headings) {
+            if (heading.level > 1 && heading.level <= levels && !heading.text.empty()) {
+                add(heading.level, heading.text,
+                    heading.anchor.empty() ? file.name : file.name + '#' + heading.anchor);
+            }
+        }
+    }
+    return contents;
+}
+
+ContentsStyle contentsStyle(const SitemapSource& contents, const TextEncoder& encoder) {
+    ContentsStyle style;
+    for (const auto& [name, value] : contents.map.properties) {
+        const auto is = [&name = name](const char* known) {
+            return model::equalIgnoringCase(name, known);
+        };
+        const std::string bytes = encoder.text(value, {contents.shown}, "a property");
+        if (is("imagelist")) {
+            style.imageList = bytes;
+        } else if (is("font")) {
+            style.font = bytes;
+        } else if (is("framename")) {
+            style.frame = bytes;
+        } else if (is("windowname")) {
+            style.window = bytes;
+        } else if (is("imagetype")) {
+            style.folders = model::equalIgnoringCase(value, "folder");
+        } else if (is("background")) {
+            style.background = workshop::readNumber(value);
+        } else if (is("foreground")) {
+            style.foreground = workshop::readNumber(value);
+        } else if (is("window styles")) {
+            style.styles = workshop::readNumber(value);
+        } else if (is("exwindow styles")) {
+            style.extendedStyles = workshop::readNumber(value);
+        }
+    }
+    return style;
+}
+
+} // namespace compile

@@ -1,0 +1,347 @@
+#include "compile/SourceFiles.h"
+
+#include <algorithm>
+
+#include "model/CodePage.h"
+#include "model/PagePath.h"
+#include "platform/Files.h"
+#include "platform/Unicode.h"
+#include "workshop/Encoding.h"
+
+namespace compile {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view climb = "../";
+
+bool hasEnding(std::string_view path, std::string_view lowerEnding) {
+    return path.size() > lowerEnding.size()
+           && model::startsWithIgnoringCase(path.substr(path.size() - lowerEnding.size()),
+                                            lowerEnding);
+}
+
+bool isPageName(std::string_view path) {
+    return hasEnding(path, ".htm") || hasEnding(path, ".html") || hasEnding(path, ".xhtml");
+}
+
+bool startsAtMachine(std::string_view path) {
+    constexpr std::string_view slashes = "/\\";
+    return path.size() > 1 && slashes.find(path[0]) != std::string_view::npos
+           && slashes.find(path[1]) != std::string_view::npos;
+}
+
+/// Whether a link of the file system leads out of the folder.
+bool leavesByLink(const fs::path& folder, const std::string& relative, const fs::path& path) {
+    std::error_code error;
+    const fs::path real =
+        fs::canonical(path, error).lexically_relative(fs::canonical(folder, error));
+    return !relative.starts_with(climb) && (error || real.empty() || *real.begin() == "..");
+}
+
+std::string folderOf(const std::string& relative) {
+    return relative.substr(0, relative.rfind('/') + 1);
+}
+
+} // namespace
+
+Address splitAddress(std::string_view address) {
+    constexpr std::size_t drive = 1;
+    Address parts;
+    const std::size_t colon = address.find(':');
+    const bool hasProtocol =
+        colon != std::string_view::npos && colon > 0 && address.find_first_of("/\\#?") > colon;
+    parts.isElsewhere = (hasProtocol && colon != drive) || startsAtMachine(address)
+                        || address.find("::") != std::string_view::npos;
+    const std::size_t sharp = address.find('#');
+    if (sharp != std::string_view::npos) {
+        parts.fragment = address.substr(sharp + 1);
+    }
+    parts.path = address.substr(0, std::min(sharp, address.find('?')));
+    return parts;
+}
+
+std::string caseKey(std::string_view utf8) {
+    std::string key;
+    key.reserve(utf8.size());
+    while (!utf8.empty()) {
+        const char32_t character = model::takeUtf8(utf8);
+        if (character < 0x80) {
+            key += model::lowerCase(static_cast<char>(character));
+        } else {
+            model::appendUtf8(key, platform::lowerCase(character));
+        }
+    }
+    return key;
+}
+
+SourceFiles::SourceFiles(Settings settings, Container& container, Messages& messages)
+    : settings_(std::move(settings)), container_(container), messages_(messages),
+      finder_(settings_.folder), otherFinder_(settings_.otherFolder) {}
+
+std::size_t SourceFiles::fromProject(std::string_view path, const Place& place) {
+    return packed(projectFile(path, place));
+}
+
+std::size_t SourceFiles::reserve(std::string_view path, const Place& place) {
+    const std::size_t index = projectFile(path, place);
+    if (index != none) {
+        files_[index].isReserved = true;
+    }
+    return index;
+}
+
+std::size_t SourceFiles::packed(std::size_t index) {
+    if (index != none && !files_[index].isReserved) {
+        files_[index].isPacked = true;
+    }
+    return index;
+}
+
+std::size_t SourceFiles::projectFile(std::string_view path, const Place& place) {
+    if (startsAtMachine(path) || splitAddress(path).isElsewhere) {
+        messages_.warn(place, "\"" + std::string(path) + "\" is not a file of this machine");
+        return none;
+    }
+    std::string slashed(path);
+    std::replace(slashed.begin(), slashed.end(), '\\', '/');
+    if (path.find('%') != std::string_view::npos
+        && !platform::isFile(finder_.findNative(platform::pathFromUtf8(slashed)))) {
+        slashed = fromPercent(slashed);
+    }
+    const fs::path native = platform::pathFromUtf8(slashed);
+    const std::string relative = model::plainPath(
+        native.is_absolute()
+            ? platform::utf8FromPath(native.lexically_normal().lexically_relative(settings_.folder))
+            : slashed);
+    if (relative.empty()) {
+        return none;
+    }
+    if (relative.starts_with(climb)) {
+        outside_.insert(folderOf(relative));
+    }
+    return locate(relative, place, false);
+}
+
+/// A file by a path whose spelling may differ from that on the disk.
+std::size_t SourceFiles::locate(const std::string& relative, const Place& place, bool ofPage) {
+    const std::string key = caseKey(relative);
+    auto known = known_.find(key);
+    if (known == known_.end()) {
+        known = known_.emplace(key, search(relative, ofPage)).first;
+    }
+    if (known->second == none) {
+        messages_.warn(place, "file not found: " + relative);
+    } else {
+        checkSpelling(relative, known->second, place);
+    }
+    return known->second;
+}
+
+std::size_t SourceFiles::search(const std::string& relative, bool ofPage) {
+    const fs::path native = platform::pathFromUtf8(relative);
+    const auto isThere = [&](const fs::path& folder, const fs::path& path) {
+        return platform::isFile(path) && (!ofPage || !leavesByLink(folder, relative, path));
+    };
+    if (const fs::path path = finder_.findNative(native); isThere(settings_.folder, path)) {
+        return found(settings_.folder, path, relative);
+    }
+    if (!settings_.otherFolder.empty()) {
+        if (const fs::path path = otherFinder_.findNative(native);
+            isThere(settings_.otherFolder, path)) {
+            return found(settings_.otherFolder, path, relative);
+        }
+    }
+    return none;
+}
+
+std::size_t SourceFiles::found(const fs::path& folder, const fs::path& path,
+                               const std::string& asked) {
+    std::string relative = platform::utf8FromPath(path.lexically_relative(folder));
+    std::replace(relative.begin(), relative.end(), '\\', '/');
+    relative = relative.empty() ? asked : relative;
+    const auto [place, isNew] = onDisk_.emplace(relative, files_.size());
+    if (isNew) {
+        files_.push_back({path, relative, packedName(relative), isPageName(relative)});
+    }
+    return place->second;
+}
+
+/// Nothing can be packed above the help's own folder.
+std::string SourceFiles::packedName(const std::string& relative) const {
+    std::string name = relative;
+    while (name.starts_with(climb)) {
+        name.erase(0, climb.size());
+    }
+    return settings_.flat ? name.substr(name.rfind('/') + 1) : name;
+}
+
+void SourceFiles::checkSpelling(const std::string& relative, std::size_t index,
+                                const Place& place) {
+    const std::string& actual = files_[index].relative;
+    if (relative == actual) {
+        return;
+    }
+    const fs::path other = settings_.folder / platform::pathFromUtf8(relative);
+    if (platform::isFile(other) && !platform::isSameFile(other, files_[index].path)) {
+        messages_.warn(place, relative + " and " + actual
+                                  + " differ in letter case only; the help can hold one of them");
+    } else {
+        messages_.note(place, relative + " is called " + actual);
+    }
+}
+
+/// The bytes of "%20" and the like in their places, in whatever encoding they are.
+std::string SourceFiles::fromPercent(std::string_view path) const {
+    if (path.find('%') == std::string_view::npos) {
+        return std::string(path);
+    }
+    return workshop::decodedSource(model::unescaped(path), settings_.codePage).utf8;
+}
+
+/// A page may not lead out of the project's folder on its own account.
+bool SourceFiles::isAllowed(const std::string& relative) const {
+    return !relative.starts_with(climb)
+           || std::any_of(outside_.begin(), outside_.end(),
+                          [&](const std::string& folder) { return relative.starts_with(folder); });
+}
+
+std::size_t SourceFiles::fromPage(std::size_t page, const std::string& path, const Place& place) {
+    constexpr std::size_t drive = 1;
+    if (path.find(':') == drive) {
+        messages_.warn(place, "\"" + path + "\" is a place on the author's machine");
+        return none;
+    }
+    const bool fromRoot = path.starts_with('/') || path.starts_with('\\');
+    const std::string folder = fromRoot ? std::string() : folderOf(files_[page].relative);
+    const auto resolve = [&](const std::string& each) { return model::plainPath(folder + each); };
+    std::string relative = resolve(fromPercent(path));
+    const std::string literal = resolve(path); // a file may be called "100%25.htm"
+    if (literal != relative && !known_.contains(caseKey(relative))
+        && platform::isFile(finder_.findNative(platform::pathFromUtf8(literal)))) {
+        relative = literal;
+    }
+    if (!isAllowed(relative)) {
+        messages_.warn(place, "\"" + path + "\" leads out of the project's folder");
+        return none;
+    }
+    std::error_code ignored;
+    if (relative.empty()
+        || (path.find_last_of("/\\") + 1 == path.size()
+            && fs::is_directory(finder_.findNative(platform::pathFromUtf8(relative)), ignored))) {
+        return none; // a folder
+    }
+    return packed(locate(relative, place, true));
+}
+
+void SourceFiles::followAddresses(std::size_t index,
+                                  const std::vector<workshop::PageText>& addresses,
+                                  const std::string& base) {
+    const std::string page = shown(files_[index].relative);
+    for (const workshop::PageText& each : addresses) {
+        const Address address = splitAddress(each.text);
+        const Place place{page, each.line};
+        if (address.isElsewhere) {
+            if (model::startsWithIgnoringCase(each.text, "file:")) {
+                messages_.warn(place, "\"" + each.text + "\" is a place on the author's machine");
+            }
+            continue;
+        }
+        const bool isHere = address.path.empty();
+        const std::size_t target = isHere ? index : fromPage(index, base + address.path, place);
+        if (target != none && !address.fragment.empty()) {
+            wantAnchor(target, address.fragment, place);
+        }
+    }
+}
+
+void SourceFiles::wantAnchor(std::size_t file, const std::string& fragment, const Place& place) {
+    wanted_.push_back({file, fragment, place});
+}
+
+void SourceFiles::checkAnchors() {
+    std::unordered_map<std::size_t, std::unordered_set<std::string>> anchors; // of each page
+    for (const WantedAnchor& each : wanted_) {
+        const SourceFile& file = files_[each.file];
+        if (!file.isPage || model::equalIgnoringCase(each.fragment, "top")) {
+            continue;
+        }
+        const auto [known, isNew] = anchors.try_emplace(each.file);
+        if (isNew) {
+            for (const workshop::PageText& anchor : file.facts.anchors) {
+                known->second.insert(anchor.text);
+            }
+        }
+        if (!known->second.contains(each.fragment)
+            && !known->second.contains(fromPercent(each.fragment))) {
+            messages_.warn(each.place, file.relative + " has no place \"" + each.fragment + "\"");
+        }
+    }
+    wanted_.clear();
+}
+
+bool SourceFiles::readAll(const std::stop_token& stop) {
+    for (; next_ < files_.size(); ++next_) {
+        if (stop.stop_requested()) {
+            return false;
+        }
+        if (files_[next_].isPacked) {
+            read(next_);
+        }
+    }
+    return true;
+}
+
+void SourceFiles::read(std::size_t index) {
+    const Place place{shown(files_[index].relative), 0};
+    const std::string& name = files_[index].name;
+    std::string bytes;
+    if (const std::error_code error = platform::readFile(files_[index].path, bytes)) {
+        messages_.warn(place, "cannot be read: " + error.message());
+        files_[index].isPacked = false;
+        return;
+    }
+    noteTime(files_[index].path);
+    if (name.starts_with('#') || name.starts_with('$')) {
+        messages_.warn(place, "has a name that the help keeps for itself; it is left out");
+        files_[index].isPacked = false;
+        return;
+    }
+    if (!container_.add("/" + name, bytes)) {
+        messages_.warn(place, "its name in the help is too long or taken; it is left out");
+        files_[index].isPacked = false;
+        return;
+    }
+    if (files_[index].isPage) {
+        readPageFile(index, bytes);
+    } else if (hasEnding(name, ".css")) {
+        followAddresses(index, workshop::readStyleSheet(bytes), {});
+    }
+}
+
+void SourceFiles::readPageFile(std::size_t index, const std::string& bytes) {
+    workshop::PageFacts facts =
+        workshop::readPage(workshop::decodedPage(bytes, settings_.codePage));
+    const Address base = splitAddress(facts.base);
+    const auto addresses = std::exchange(facts.addresses, {});
+    files_[index].facts = std::move(facts);
+    if (!base.isElsewhere) {
+        followAddresses(index, addresses, folderOf(base.path));
+    }
+    for (const workshop::PageText& anchor : files_[index].facts.repeatedAnchors) {
+        messages_.warn({shown(files_[index].relative), anchor.line},
+                       "the place \"" + anchor.text + "\" is there already");
+    }
+}
+
+void SourceFiles::noteTime(const fs::path& path) {
+    std::error_code error;
+    const auto time = fs::last_write_time(path, error);
+    if (!error) {
+        newest_ = std::max(newest_, std::chrono::time_point_cast<std::chrono::seconds>(
+                                        std::chrono::file_clock::to_sys(time)));
+    }
+}
+
+} // namespace compile
