@@ -353,7 +353,7 @@ void frmMain::showEditor(int position) {
         editor_->Find.connect([this] { editor_Find(); });
         editor_->Edited.connect([this] { noteWork(); });
         editor_->FindNext.connect([this] { mnuEditFindNext_Click(); });
-        editor_->Activated.connect([this] { editor_Activated(); });
+        editor_->Raised.connect([this] { editor_Raised(); });
         editor_->setCaption("Edit Topic - " + project_.outline().at(position).title);
     }
     editor_->showUnfocused();

@@ -195,7 +195,7 @@ private:
 
     void restartSearch();
     void editor_Find();
-    void editor_Activated();
+    void editor_Raised();
     tools::SpellChecker::Outcome checkTopic(tools::SpellChecker& checker, int position);
 
     void arrange();

@@ -80,6 +80,10 @@ bool frmMain::showMatch(const FindMatch& match) {
         showEditor(match.topic);
     }
     ui::TextBox& box = inTitle ? txtTitle : boxOf(*editor_, match.stage);
+    const ui::Window& shown = inTitle ? static_cast<const ui::Window&>(*this) : *editor_;
+    if (ui::TextBox* before = shown.focusedTextBox(); before != nullptr && before != &box) {
+        before->select(before->selection().start, 0); // one match is marked, not two
+    }
     box.setFocus();
     box.select(match.start, match.length);
     if (!find_->isActive()) { // from the key for the next match
@@ -91,7 +95,7 @@ bool frmMain::showMatch(const FindMatch& match) {
 }
 
 /// Both are the main window's, and the one that came to the front last would cover the other.
-void frmMain::editor_Activated() {
+void frmMain::editor_Raised() {
     if (find_ != nullptr && find_->isVisible()) {
         find_->raise();
     }

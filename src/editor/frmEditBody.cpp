@@ -238,6 +238,7 @@ void frmEditBody::connectControls() {
     }
     clipboard_.Change.connect([this] { updateCommands(); });
     FocusChange.connect([this] { updateCommands(); });
+    Activated.connect([this] { Raised.raise(); });
     commands_.BeforeRun.connect([this] { txtBody.nameSteps(commands_.running()); });
     commands_.AfterRun.connect([this] {
         txtBody.nameSteps({});

@@ -83,6 +83,8 @@ public:
     ui::Event<> Find;
     ui::Event<> FindNext;
 
+    ui::Event<> Raised; ///< the window, perhaps with its preview, has come before others
+
     void txtBody_Change() { lookForEdits(); }
     void txtKeywords_Change() { lookForEdits(); }
     void txtShortDesc_Change() { lookForEdits(); }

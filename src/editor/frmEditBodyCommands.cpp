@@ -100,9 +100,11 @@ void frmEditBody::mnuFilePreview_Click() {
             discard(std::move(preview_));
             updateCommands();
         });
+        preview_->Activated.connect([this] { Raised.raise(); });
     }
     preview_->preview(topic.title, file,
                       project_.hasFile() ? project_.projectPath().parent_path() : projectFolder());
+    Raised.raise();
 }
 
 // ---- Mark-up ----
