@@ -352,7 +352,7 @@ void frmMain::showEditor(int position) {
         editor_->Closed.connect([this] { discard(std::move(editor_)); });
         editor_->Find.connect([this] { editor_Find(); });
         editor_->Edited.connect([this] { noteWork(); });
-        editor_->FindNext.connect([this] { mnuEditFindNext_Click(); });
+        editor_->FindNext.connect([this] { editor_FindNext(); });
         editor_->Raised.connect([this] { editor_Raised(); });
         editor_->setCaption("Edit Topic - " + project_.outline().at(position).title);
     }

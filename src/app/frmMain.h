@@ -194,7 +194,10 @@ private:
     bool openHelp();
 
     void restartSearch();
+    bool canFindNext() const;
+    void find_Closed();
     void editor_Find();
+    void editor_FindNext();
     void editor_Raised();
     tools::SpellChecker::Outcome checkTopic(tools::SpellChecker& checker, int position);
 

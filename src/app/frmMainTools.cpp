@@ -25,12 +25,20 @@ void frmMain::mnuEditFind_Click() {
     if (find_ == nullptr || !find_->isVisible()) {
         tools::FindHost& host = *this;
         find_ = std::make_unique<tools::frmFind>(*this, host, lastFindText_);
-        find_->Closed.connect([this] { discard(std::move(find_)); });
+        find_->Closed.connect([this] { find_Closed(); });
         find_->show();
         // Beside the fields and the upper rows of the list, where matches appear.
         find_->setPosition(left() + width() - find_->width(), top() + height() - find_->height());
     }
     find_->ask();
+}
+
+void frmMain::find_Closed() {
+    const bool inText = find_->match().stage != FindStage::title;
+    discard(std::move(find_));
+    if (inText && editor_ != nullptr && editor_->isVisible()) {
+        editor_->activate(); // to go on with what was found
+    }
 }
 
 /// Who asks from the midst of a text means the texts.
@@ -39,12 +47,24 @@ void frmMain::editor_Find() {
     find_->includeBodies();
 }
 
+void frmMain::editor_FindNext() {
+    if (canFindNext()) {
+        mnuEditFindNext_Click();
+    } else {
+        editor_Find();
+    }
+}
+
+bool frmMain::canFindNext() const {
+    return find_ != nullptr && find_->isVisible() && find_->cmdFindNext.isEnabled();
+}
+
 void frmMain::mnuEditFindNext_Click() {
     leaveField();
-    if (find_ == nullptr || !find_->isVisible() || !find_->cmdFindNext.isEnabled()) {
-        mnuEditFind_Click();
-    } else {
+    if (canFindNext()) {
         find_->cmdFindNext_Click();
+    } else {
+        mnuEditFind_Click();
     }
 }
 

@@ -29,6 +29,9 @@ public:
     /// Two topics have changed places.
     void topicsSwapped(int a, int b) { finder_.topicsSwapped(a, b); }
 
+    /// The last one; in no topic before the first.
+    const FindMatch& match() const { return finder_.match(); }
+
     /// Searches bodies, too.
     void includeBodies();
 

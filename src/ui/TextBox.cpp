@@ -211,7 +211,9 @@ void TextBox::Native::enterStep(const QString& admitted) {
         beginStep();
         owner.StepBegins.raise();
     }
+    entering = true;
     replaceSelection(admitted);
+    entering = false;
 }
 
 bool TextBox::Native::isUndoOrRedo(const QKeyEvent& event) {

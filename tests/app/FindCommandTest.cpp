@@ -147,7 +147,7 @@ TEST_F(FindCommand, KeepsTheFocusAndOutOfTheWay) {
     load(std::move(outline));
     window->openTopicEditor(1);
     show(*window->editor());
-    press("Ctrl+F"); // means bodies
+    press("F3"); // opens Find, and means bodies
     type("word");
     for (const int topic : {1, 2}) {
         dialog().setPosition(window->editor()->left(), window->editor()->top());
@@ -160,6 +160,11 @@ TEST_F(FindCommand, KeepsTheFocusAndOutOfTheWay) {
     prompter.expect({"Specified region searched, No more matches", "Find"});
     press("Enter");
     EXPECT_EQ(topic(1).body + topic(2).body, "word\r\nword\r\n");
+    findNext();
+    show(*window);
+    show(dialog());
+    press("Escape"); // goes on where the match is
+    EXPECT_TRUE(window->editor()->txtBody.hasFocus());
 }
 
 TEST_F(FindCommand, FollowsTopicsThatAreMovedMeanwhile) {

@@ -201,7 +201,8 @@ struct AreaBox : TextBox::Native {
 
 private:
     void changed() {
-        if (!stepping_) {
+        // The toolkit's own menu takes back as well; only an edit leaves nothing to be done again.
+        if (!stepping_ && !canRedo()) {
             names_.erase(names_.lower_bound(doneSteps()), names_.end());
             names_[doneSteps()] = stepName;
         }

@@ -191,17 +191,24 @@ private:
     void edited(const QString& now) {
         const Difference entry = differenceOf(shown_, now);
         shown_ = now;
-        edited_ = !stepping_ || now != unedited_;
+        edited_ = now != unedited_ || !(stepping_ || line_.isRedoAvailable());
         const QString entered = now.mid(entry.start, entry.inserted);
         if (const QString admitted = admitLine(entered); admitted != entered) {
             line_.setSelection(static_cast<int>(entry.start), static_cast<int>(entry.inserted));
             line_.insert(admitted); // comes back here
             return;
         }
-        if (entry.inserted == 0 && steps.deleting(std::chrono::steady_clock::now())) {
+        if (!entering && beginsStep(entry, entered)) {
             owner.StepBegins.raise();
         }
         owner.Change.raise();
+    }
+
+    bool beginsStep(const Difference& entry, const QString& entered) {
+        const auto now = std::chrono::steady_clock::now();
+        return entry.inserted == 0 ? steps.deleting(now)
+                                   : steps.entering(static_cast<std::size_t>(entry.start),
+                                                    entered.toStdU16String(), now);
     }
 
     QString admitLine(const QString& entered) const { return admit(LineEdit::oneLine(entered)); }

@@ -80,6 +80,7 @@ struct TextBox::Native : NativeWidget {
     TypingSteps steps;
     QString stepName = typing();
     bool undoneByWindow = false;
+    bool entering = false; ///< while enter() is at work
 
 private:
     static bool isRedo(const QKeyEvent& event);
