@@ -86,14 +86,6 @@ void frmEditBody::mnuFilePreview_Click() {
     const model::Topic& topic = project_.outline().at(project_.currentIndex());
     const Text page = previewPage(topic.title, txtBody.countedText(), project_.options(),
                                   model::attributeText(projectFolder()));
-    fs::path file = programFolder_ / pageName;
-    if (platform::writeFile(file, page)) {
-        file = ui::Application::userFolder() / pageName;
-        if (platform::writeFile(file, page)) {
-            Prompter::current().beep();
-            return;
-        }
-    }
     if (preview_ == nullptr) {
         preview_ = std::make_unique<frmPreview>(*this, settings_);
         preview_->Closed.connect([this] {
@@ -102,8 +94,13 @@ void frmEditBody::mnuFilePreview_Click() {
         });
         preview_->Activated.connect([this] { Raised.raise(); });
     }
-    preview_->preview(topic.title, file,
-                      project_.hasFile() ? project_.projectPath().parent_path() : projectFolder());
+    const fs::path folder =
+        project_.hasFile() ? project_.projectPath().parent_path() : projectFolder();
+    if (preview_->preview(topic.title, page, programFolder_ / pageName, folder)
+        && preview_->preview(topic.title, page, ui::Application::userFolder() / pageName, folder)) {
+        Prompter::current().beep();
+        return;
+    }
     Raised.raise();
 }
 

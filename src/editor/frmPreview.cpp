@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/HelpContext.h"
+#include "platform/Files.h"
 #include "ui/Prompter.h"
 #include "ui/WindowPlace.h"
 
@@ -13,6 +14,15 @@ namespace {
 constexpr const char* section = "Preview";
 constexpr int minimumWidth = 5000;
 constexpr int minimumHeight = 3000;
+
+/// One that is there may be open to others, or be a link to anywhere: it is no more.
+std::error_code writePrivately(const std::filesystem::path& file, model::TextView page) {
+    std::error_code ignored;
+    if (!std::filesystem::is_directory(std::filesystem::symlink_status(file, ignored))) {
+        std::filesystem::remove(file, ignored);
+    }
+    return platform::replaceFile(file, page, platform::Access::owner);
+}
 
 } // namespace
 
@@ -30,11 +40,22 @@ frmPreview::frmPreview(ui::Window& owner, ui::Settings& settings)
     UI_ON(closeCommand, Click);
 }
 
-void frmPreview::preview(model::TextView title, const std::filesystem::path& file,
-                         const std::filesystem::path& projectFolder) {
+frmPreview::~frmPreview() {
+    removePage();
+}
+
+std::error_code frmPreview::preview(model::TextView title, model::TextView page,
+                                    const std::filesystem::path& file,
+                                    const std::filesystem::path& projectFolder) {
+    removePage();
+    if (const std::error_code error = writePrivately(file, page)) {
+        return error;
+    }
+    file_ = file;
     setCaption("Preview of: " + model::Text(title));
     brwPreview.navigate(file, projectFolder);
     showUnfocused();
+    return {};
 }
 
 /// To the right of the editor or to its left; where neither has room, as far to the right as the
@@ -45,6 +66,14 @@ void frmPreview::placeBeside(const ui::Window& editor) {
     const int left = editor.left() - width() - gap;
     const int last = std::max(screenWidth() - width() - gap, 0);
     setPosition(right <= last || left < 0 ? std::min(right, last) : left, editor.top());
+}
+
+void frmPreview::removePage() {
+    std::error_code ignored;
+    if (!file_.empty()) {
+        std::filesystem::remove(file_, ignored);
+    }
+    file_.clear();
 }
 
 void frmPreview::brwPreview_Refused() {
@@ -60,6 +89,7 @@ void frmPreview::Resize() {
 
 bool frmPreview::mayClose() {
     ui::storePlace(*this, settings_, section);
+    removePage();
     return true;
 }
 

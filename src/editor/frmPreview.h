@@ -1,5 +1,8 @@
 #pragma once
 
+#include <filesystem>
+#include <system_error>
+
 #include "ui/Browser.h"
 #include "ui/Settings.h"
 #include "ui/Window.h"
@@ -15,11 +18,14 @@ public:
 
     /// Nothing is owned.
     frmPreview(ui::Window& owner, ui::Settings& settings);
+    ~frmPreview() override;
 
-    /// Shows a file, or shows it anew, with what lies in the project's folder. The focus stays in
-    /// the editor.
-    void preview(model::TextView title, const std::filesystem::path& file,
-                 const std::filesystem::path& projectFolder);
+    /// Writes a page into a file, which only the person can read and which goes away with the
+    /// window, and shows it, or shows it anew, with what lies in the project's folder. The
+    /// focus stays in the editor.
+    std::error_code preview(model::TextView title, model::TextView page,
+                            const std::filesystem::path& file,
+                            const std::filesystem::path& projectFolder);
 
     ui::Browser brwPreview{*this};
 
@@ -33,6 +39,9 @@ public:
 
 private:
     void placeBeside(const ui::Window& editor);
+    void removePage();
+
+    std::filesystem::path file_; ///< empty when there is none to remove
 };
 
 } // namespace editor

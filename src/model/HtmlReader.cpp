@@ -145,33 +145,69 @@ bool HtmlReader::hasName(TextView lowerName) const {
     return name_.size() == lowerName.size() && startsWithIgnoringCase(name_, lowerName);
 }
 
-std::optional<TextView> HtmlReader::attribute(TextView lowerName) const {
-    TextView rest = isText() ? TextView() : piece_.substr(name_.size());
-    const auto skip = [&rest](TextView characters) {
-        rest.remove_prefix(std::min(rest.find_first_not_of(characters), rest.size()));
-    };
-    const auto take = [&rest](std::size_t end) {
-        const TextView taken = rest.substr(0, std::min(end, rest.size()));
-        rest.remove_prefix(taken.size());
-        return taken;
-    };
-    for (skip(" \t\r\n\f/="); !rest.empty(); skip(" \t\r\n\f/=")) {
-        const TextView name = take(rest.find_first_of(" \t\r\n\f/="));
+namespace {
+
+/// Takes the attributes of a tag one after the other.
+class AttributeReader {
+public:
+    explicit AttributeReader(TextView behindName) : rest_(behindName) {}
+
+    bool next(HtmlReader::Attribute& attribute) {
+        skip(" \t\r\n\f/=");
+        if (rest_.empty()) {
+            return false;
+        }
+        attribute = {take(rest_.find_first_of(" \t\r\n\f/=")), {}};
         skip(blanks);
-        TextView value;
-        if (rest.starts_with('=')) {
-            rest.remove_prefix(1);
+        if (rest_.starts_with('=')) {
+            rest_.remove_prefix(1);
             skip(blanks);
-            const char quote = rest.empty() ? '\0' : rest.front();
-            const std::size_t end = rest.find(quote, 1);
-            if ((quote == '"' || quote == '\'') && end != TextView::npos) {
-                value = take(end + 1).substr(1, end - 1);
-            } else {
-                value = take(rest.find_first_of(blanks));
+            attribute.value = takeValue();
+        }
+        return true;
+    }
+
+private:
+    void skip(TextView characters) {
+        rest_.remove_prefix(std::min(rest_.find_first_not_of(characters), rest_.size()));
+    }
+
+    TextView take(std::size_t end) {
+        const TextView taken = rest_.substr(0, std::min(end, rest_.size()));
+        rest_.remove_prefix(taken.size());
+        return taken;
+    }
+
+    TextView takeValue() {
+        const char quote = rest_.empty() ? '\0' : rest_.front();
+        if (quote == '"' || quote == '\'') {
+            const std::size_t end = rest_.find(quote, 1);
+            if (end != TextView::npos) {
+                return take(end + 1).substr(1, end - 1);
             }
         }
-        if (equalIgnoringCase(name, lowerName)) {
-            return value;
+        return take(rest_.find_first_of(blanks));
+    }
+
+    TextView rest_;
+};
+
+} // namespace
+
+std::vector<HtmlReader::Attribute> HtmlReader::attributes() const {
+    std::vector<Attribute> all;
+    AttributeReader reader(isText() ? TextView() : piece_.substr(name_.size()));
+    for (Attribute attribute; reader.next(attribute);) {
+        all.push_back(attribute);
+    }
+    return all;
+}
+
+std::optional<TextView> HtmlReader::attribute(TextView lowerName) const {
+    AttributeReader reader(isText() ? TextView() : piece_.substr(name_.size()));
+    for (Attribute attribute; reader.next(attribute);) {
+        if (equalIgnoringCase(attribute.name, lowerName)) {
+            return attribute.value.value_or(TextView());
         }
     }
     return {};

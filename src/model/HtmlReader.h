@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "model/Text.h"
 
@@ -50,8 +51,16 @@ public:
     bool opens(TextView lowerName) const { return !closing_ && hasName(lowerName); }
     bool closes(TextView lowerName) const { return closing_ && hasName(lowerName); }
 
-    /// The value of a tag's attribute as it stands, without its quotes; nothing when the tag has
-    /// none of that name.
+    bool closes() const { return closing_; }
+
+    struct Attribute {
+        TextView name;
+        std::optional<TextView> value; ///< as it stands, without its quotes; nothing without "="
+    };
+    std::vector<Attribute> attributes() const; ///< of a tag
+
+    /// The value of a tag's attribute; nothing when the tag has none of that name, empty when it
+    /// has no value.
     std::optional<TextView> attribute(TextView lowerName) const;
 
     /// Where the text or the tag's name stands.

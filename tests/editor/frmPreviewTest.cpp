@@ -1,5 +1,9 @@
 #include "editor/frmPreview.h"
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 #include "app/MainWindowFixture.h"
 
 using namespace ui::testing;
@@ -62,8 +66,29 @@ TEST_F(frmPreview, ShowsTextPicturesAndStyleOfTheTopic) {
                         "e"),
               std::string::npos);
     EXPECT_TRUE(waitForPageHeight(shown().brwPreview, 8000));
-    EXPECT_TRUE(std::filesystem::exists(folder / "program" / "temp.htm"));
     EXPECT_EQ(project().outline().at(1).body.substr(0, 3), "<p>");
+}
+
+/// An earlier program may have left a page that everybody can read, somebody else a link.
+TEST_F(frmPreview, ItsPageIsThePersonsAloneAndGoesAwayWithIt) {
+    const std::filesystem::path page = folder / "program/temp.htm";
+    test::writeBytes(page, "from earlier");
+    preview("once");
+    EXPECT_NE(test::bytesOf(page).find("once"), std::string::npos);
+#ifndef _WIN32
+    EXPECT_EQ(status(page).permissions(), std::filesystem::perms(0600));
+#endif
+    shown().close();
+    EXPECT_FALSE(exists(page));
+    settle();
+    test::writeBytes(folder / "victim", "kept");
+    test::makeLink(folder / "victim", page);
+    EXPECT_TRUE(window->editor()->close());
+    preview("twice");
+    EXPECT_EQ(test::bytesOf(folder / "victim"), "kept");
+    EXPECT_TRUE(exists(page));
+    window.reset(); // as the program ends
+    EXPECT_FALSE(exists(page));
 }
 
 TEST_F(frmPreview, ShowsNoFilesThatAreNotTheProjects) {
@@ -88,6 +113,50 @@ TEST_F(frmPreview, ShowsNoFilesThatAreNotTheProjects) {
         waitForPage(shown().brwPreview, "drawn");
         EXPECT_FALSE(waitForPageHeight(shown().brwPreview, 3000, 500));
     }
+}
+
+namespace {
+model::Text repeated(const model::Text& text, int count) {
+    model::Text all;
+    for (int i = 0; i < count; ++i) {
+        all += text;
+    }
+    return all;
+}
+} // namespace
+
+/// What never ends, or takes all time or memory when it is shown as it is.
+TEST_F(frmPreview, HostilePagesAndPicturesAreBounded) {
+    std::filesystem::create_directory(folder / "images");
+    test::writeBytes(folder / "images/huge.bmp", test::bitmap(9, 3000));
+    resize_file(folder / "images/huge.bmp", std::uintmax_t(6) << 30U);
+    model::ProjectOptions options;
+    options.cssFile = "..\\images\\pipe";
+#ifndef _WIN32
+    ASSERT_EQ(::mkfifo((folder / "images/pipe").c_str(), 0600), 0);
+#endif
+    preview("<img src='..\\images\\pipe'><img src='..\\images\\huge.bmp'>"
+                + repeated("<div>", 20000)
+                + repeated(
+                    "<p \" > </table> \"><table><tr><td><!-- </table> --><a title='</table>'>", 40)
+                + model::Text(300000, 'x') + " at the end",
+            options);
+    EXPECT_NE(waitForPage(shown().brwPreview, "at the end").find("at the end"), std::string::npos);
+}
+
+/// What is made bounded looks as before.
+TEST_F(frmPreview, RichTextReadsPagesAsBrowsersDo) {
+    preview(
+        "<style><!-- pre { margin-top: 3000px } --></style>a < b &amp; c <!-- hidden -->"
+        "<table border=1 nowrap><tr><td title='1 > \"2\"'>cell</table><a name=x>one<a name=y>two"
+        "<pre>\xE4\n  last</pre>");
+    const std::string text = waitForPage(shown().brwPreview, "last");
+    EXPECT_NE(text.find("a < b & c"), std::string::npos) << text;
+    EXPECT_NE(text.find("cell"), std::string::npos) << text;
+    EXPECT_NE(text.find("onetwo"), std::string::npos) << text;
+    EXPECT_NE(text.find("\xC3\xA4\n  last"), std::string::npos) << text;
+    EXPECT_EQ(text.find("hidden"), std::string::npos) << text;
+    EXPECT_TRUE(waitForPageHeight(shown().brwPreview, 2700));
 }
 
 #ifdef _WIN32
@@ -183,7 +252,6 @@ TEST_F(frmPreview, ClosesWithItsEditorAndKeepsItsPlace) {
     EXPECT_EQ(settings->get("Preview", "Height"), "6000");
     settle();
     // Without room in the program's own folder the page goes to a folder of the person's.
-    std::filesystem::remove(folder / "program" / "temp.htm");
     std::filesystem::create_directory(folder / "program" / "temp.htm");
     preview("in another folder");
     EXPECT_EQ(shown().height(), 6000);

@@ -28,6 +28,19 @@ inline bool liesBelow(const QString& folder, const QString& file) {
     return !root.isEmpty() && place.startsWith(root.endsWith('/') ? root : root + '/', caseOfPaths);
 }
 
+/// No picture and no other part of a page is larger, in bytes.
+inline constexpr qint64 largestPart = qint64(32) << 20U;
+
+/// Whether a page may have a file: one below a folder, by its name and in the end, and neither a
+/// pipe nor a device, which never end, nor huge. The same for everything that draws pages.
+inline bool mayBeShown(const QString& folder, const QString& file) {
+    if (!isNamedBelow(folder, file) || !liesBelow(folder, file)) {
+        return false;
+    }
+    const QFileInfo facts(file);
+    return facts.isFile() && facts.size() <= largestPart;
+}
+
 /// What stands in place of a page that is not there, as HTML.
 inline QString missingPage(const QString& path) {
     return QStringLiteral("<p>This page is not in the help file:</p><p>%1</p>")

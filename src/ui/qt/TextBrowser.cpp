@@ -1,5 +1,6 @@
+#include <QBuffer>
 #include <QDir>
-#include <QFile>
+#include <QImageReader>
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -9,9 +10,11 @@
 #include <QTimer>
 
 #include "model/CodePage.h"
+#include "platform/Files.h"
 #include "ui/qt/BrowserView.h"
 #include "ui/qt/PageFiles.h"
 #include "ui/qt/PageScheme.h"
+#include "ui/qt/TameHtml.h"
 
 // The library that is loaded for the browser where there is no web engine: the toolkit's own rich
 // text. It knows no scripts, forwards nobody, and shows the simpler part of HTML and of style
@@ -41,12 +44,8 @@ QByteArray dataIn(const QUrl& url) {
     return address.left(comma).endsWith(";base64") ? QByteArray::fromBase64(bytes) : bytes;
 }
 
-/// Pages as the toolkit reads them well: it takes a carriage return for a blank and wants to know
-/// the kind of a style sheet, which browsers take for granted.
-QString readable(QString html) {
-    static const QRegularExpression sheet("<link\\b(?=[^>]*\\bstylesheet\\b)(?![^>]*\\btype\\b)",
-                                          QRegularExpression::CaseInsensitiveOption);
-    return html.remove('\r').replace(sheet, "<link type='text/css'");
+QString readable(std::string_view utf8) {
+    return QString::fromStdString(tamed(utf8));
 }
 
 /// An address as browsers understand it, with either slash.
@@ -80,6 +79,7 @@ public:
     QVariant loadResource(int type, const QUrl& url) override {
         if (type == QTextDocument::HtmlResource) {
             page_ = url;
+            roomForPictures_ = mostForPictures;
         }
         const auto found = url.scheme() == QLatin1String("data")
                                ? QVariant(dataIn(url))
@@ -88,22 +88,38 @@ public:
         if (type == QTextDocument::ImageResource) {
             return picture(found ? found->toByteArray() : QByteArray());
         }
+        if (type == QTextDocument::StyleSheetResource && found
+            && found->toByteArray().size() > largestSheet) {
+            return QByteArray();
+        }
         return found.value_or(QByteArray());
     }
 
 private:
+    // A small file can hold a large picture, and every rule of a sheet is compared with every tag.
+    static constexpr qint64 mostForPictures = qint64(256) << 20U;
+    static constexpr qsizetype largestSheet = qsizetype(256) << 10U;
+
     /// A sign for one that is missing, or cannot be shown.
-    static QImage picture(const QByteArray& bytes) {
+    QImage picture(QByteArray bytes) {
+        constexpr qint64 bytesOfPixel = 4;
+        QBuffer buffer(&bytes);
+        QImageReader reader(&buffer);
+        const QSize size = reader.size();
+        const qint64 room = qint64(size.width()) * size.height() * bytesOfPixel;
         QImage image;
-        if (!drawsOnlyItself(bytes) || !image.loadFromData(bytes)) {
-            image = QImage(16, 16, QImage::Format_RGB32);
-            image.fill(Qt::lightGray);
+        if (drawsOnlyItself(bytes) && room <= roomForPictures_ && reader.read(&image)) {
+            roomForPictures_ -= image.sizeInBytes();
+            return image;
         }
+        image = QImage(16, 16, QImage::Format_RGB32);
+        image.fill(Qt::lightGray);
         return image;
     }
 
     Read read_;
-    QUrl page_; ///< that is shown, or being read
+    QUrl page_;                                ///< that is shown, or being read
+    qint64 roomForPictures_ = mostForPictures; ///< that this page has left, in memory
 };
 
 class TextPreview : public BrowserView {
@@ -137,18 +153,14 @@ private:
     std::optional<QVariant> read(int type, const QUrl& url) const {
         const bool isPage = type == QTextDocument::HtmlResource && url == shown_;
         const QString path = fileOf(url);
-        if (!isPage && (!isNamedBelow(folder_, path) || !liesBelow(folder_, path))) {
+        if (!isPage && !mayBeShown(folder_, path)) {
             return {};
         }
-        QFile file(path);
-        if (!file.open(QFile::ReadOnly)) {
+        std::string bytes;
+        if (platform::readFile(platform::pathFromUtf8(path.toStdString()), bytes, largestPart)) {
             return {};
         }
-        const QByteArray bytes = file.readAll();
-        if (!isPage) {
-            return bytes;
-        }
-        return readable(QString::fromStdString(model::toUtf8(bytes.toStdString())));
+        return isPage ? QVariant(readable(model::toUtf8(bytes))) : QByteArray::fromStdString(bytes);
     }
 
     /// Windows paths look like an address whose protocol is the drive.
@@ -227,8 +239,13 @@ private:
         if (type != QTextDocument::HtmlResource) {
             return bytes ? std::optional<QVariant>(*bytes) : std::nullopt;
         }
-        return bytes ? readable(QString::fromUtf8(*bytes).remove(QChar::ByteOrderMark))
-                     : missingPage(path);
+        constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+        if (!bytes) {
+            return missingPage(path);
+        }
+        std::string_view page(bytes->constData(), static_cast<std::size_t>(bytes->size()));
+        page.remove_prefix(page.starts_with(byteOrderMark) ? byteOrderMark.size() : 0);
+        return readable(page);
     }
 
     /// At the next quiet moment, as web engines do: of several pages, the last one is shown.
@@ -264,7 +281,9 @@ private:
     void showMarks() {
         QList<QTextEdit::ExtraSelection> marks;
         QTextCursor place(page_->document());
-        while (!marked_.isEmpty() && !(place = page_->document()->find(marked_, place)).isNull()) {
+        constexpr qsizetype most = 1000; // more would take the window's time
+        while (!marked_.isEmpty() && marks.size() < most
+               && !(place = page_->document()->find(marked_, place)).isNull()) {
             QTextEdit::ExtraSelection mark;
             mark.cursor = place;
             mark.format.setBackground(QColor("#ffe08a"));

@@ -30,10 +30,7 @@ public:
 
 private:
     bool isOwn(const QUrl& url) const {
-        if (!url.isLocalFile() || !url.host().isEmpty()) {
-            return false;
-        }
-        return liesBelow(folder, url.toLocalFile());
+        return url.isLocalFile() && url.host().isEmpty() && mayBeShown(folder, url.toLocalFile());
     }
 };
 
