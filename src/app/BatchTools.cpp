@@ -18,6 +18,14 @@ constexpr const char* spellTitle = "Spell Check All";
 
 constexpr const char* partNames[] = {"title", "description", "body"};
 
+/// A topic's title in a line of results. A damaged project can have one of megabytes, and many
+/// matches in it.
+model::Text shortTitle(const model::Topic& topic) {
+    constexpr std::size_t most = 200;
+    const model::TextView title = topic.title;
+    return model::oneLine(title.substr(0, most)) + (title.size() > most ? "..." : "");
+}
+
 /// A search without a window.
 class Searched : public tools::FindHost {
 public:
@@ -53,7 +61,7 @@ ExitCode find(BatchSession& session, const CommandLine& arguments) {
         session.console.result(std::to_string(match.topic) + '\t'
                                + partNames[static_cast<std::size_t>(match.stage) - 1] + '\t'
                                + std::to_string(match.start) + '\t'
-                               + model::oneLine(project.outline().at(match.topic).title));
+                               + shortTitle(project.outline().at(match.topic)));
     }
     return finder.foundAny() ? exitDone : exitFailed;
 }

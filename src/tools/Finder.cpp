@@ -1,6 +1,6 @@
 #include "tools/Finder.h"
 
-#include <algorithm>
+#include <vector>
 
 namespace tools {
 
@@ -8,25 +8,40 @@ using model::Topic;
 
 namespace {
 
-/// A whole word has a blank or an end of the text on both sides.
-std::size_t findIn(TextView text, std::size_t from, const FindQuestion& question) {
-    const TextView term = question.text;
-    const auto equal = [&question](char a, char b) {
-        return question.matchCase ? a == b : model::lowerCase(a) == model::lowerCase(b);
-    };
-    const auto isBlankAt = [text](std::size_t i) { return i >= text.size() || text[i] == ' '; };
-    while (from <= text.size()) {
-        const auto* found = std::search(text.begin() + static_cast<std::ptrdiff_t>(from),
-                                        text.end(), term.begin(), term.end(), equal);
-        const auto start = static_cast<std::size_t>(found - text.begin());
-        if (found == text.end()) {
-            break;
+/// For each beginning of a text, how much of its end is a beginning, too.
+std::vector<std::size_t> overlapsOf(TextView text) {
+    std::vector<std::size_t> overlaps(text.size());
+    std::size_t matched = 0;
+    for (std::size_t i = 1; i < text.size(); ++i) {
+        while (matched > 0 && text[i] != text[matched]) {
+            matched = overlaps[matched - 1];
         }
-        if (!question.wholeWords
-            || ((start == 0 || isBlankAt(start - 1)) && isBlankAt(start + term.size()))) {
+        matched += text[i] == text[matched] ? 1U : 0U;
+        overlaps[i] = matched;
+    }
+    return overlaps;
+}
+
+/// Looks at each character once, however often the term begins and does not go on. A whole word has
+/// a blank or an end of the text on both sides.
+std::size_t findIn(TextView text, std::size_t from, const FindQuestion& question) {
+    const Text term = question.matchCase ? question.text : model::lowerCase(question.text);
+    const std::vector<std::size_t> overlaps = overlapsOf(term);
+    const auto isBlankAt = [text](std::size_t i) { return i >= text.size() || text[i] == ' '; };
+    std::size_t matched = 0;
+    for (std::size_t i = from; i < text.size(); ++i) {
+        const char character = question.matchCase ? text[i] : model::lowerCase(text[i]);
+        while (matched > 0 && (matched == term.size() || character != term[matched])) {
+            matched = overlaps[matched - 1];
+        }
+        matched += character == term[matched] ? 1U : 0U;
+        if (matched < term.size()) {
+            continue;
+        }
+        const std::size_t start = i + 1 - term.size();
+        if (!question.wholeWords || ((start == 0 || isBlankAt(start - 1)) && isBlankAt(i + 1))) {
             return start;
         }
-        from = start + 1;
     }
     return Text::npos;
 }

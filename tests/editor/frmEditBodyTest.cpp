@@ -1,5 +1,7 @@
 #include "editor/frmEditBody.h"
 
+#include <chrono>
+
 #include "app/MainWindowFixture.h"
 #include "editor/dlgGraphicOptions.h"
 #include "editor/dlgWebLinkText.h"
@@ -432,4 +434,22 @@ TEST_F(frmEditBody, ATextFileComesInAtTheCaret) {
     prompter.expect(question(folder / "texts"), {});
     EXPECT_TRUE(choose(editor(), {"File", "Import"}));
     EXPECT_EQ(body(), "1\r\na\xFC\r\n|b");
+}
+
+/// A picture in the text is a line without blanks.
+TEST_F(frmEditBody, AVeryLongLineTakesLittleTime) {
+    const auto start = std::chrono::steady_clock::now();
+    const model::Text picture = "<p>\xE4</p>\r\n<img src=data:" + model::Text(300000, 'A') + ">";
+    edit(picture);
+    editor().txtBody.select(150000, 3);
+    type("\xC3\xBC"
+         "b");
+    EXPECT_EQ(editor().txtBody.countedText(), model::Text(picture).replace(150000, 3,
+                                                                           "\xFC"
+                                                                           "b"));
+    EXPECT_EQ(editor().txtBody.selection().start, 150002U);
+    editor().txtBody.edit(model::Text(300000, 'A') + " end", 0); // as if it had come in later
+    type("x");
+    EXPECT_EQ(editor().txtBody.countedText(), 'x' + model::Text(300000, 'A') + " end");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }

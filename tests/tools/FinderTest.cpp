@@ -1,5 +1,6 @@
 #include "tools/Finder.h"
 
+#include <chrono>
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -146,4 +147,40 @@ TEST(Finder, BearsWithAnAuthorWhoStaysOrRemovesTopics) {
     host.selected_ = 2;
     EXPECT_EQ(press(finder, question, host), "1b0");
     EXPECT_EQ(press(finder, question, host), "-");
+}
+
+/// All texts of two letters against all terms, where matches overlap and begin in vain.
+TEST(Finder, FindsWhatAPlainSearchFinds) {
+    const auto word = [](unsigned bits, int length) {
+        Text made;
+        for (int i = 0; i < length; ++i) {
+            made += (bits >> i & 1U) != 0 ? 'a' : 'b';
+        }
+        return made;
+    };
+    for (unsigned textBits = 0; textBits < 1U << 9U; ++textBits) {
+        const Text text = word(textBits, 9);
+        for (unsigned termBits = 1U << 4U; termBits < 1U << 5U; ++termBits) {
+            const Text term = word(termBits, 4);
+            std::string expected;
+            for (std::size_t at = 0; (at = text.find(term, at)) != Text::npos; ++at) {
+                expected += "1t" + std::to_string(at) + ' ';
+            }
+            EXPECT_EQ(searchAll({.text = term}, Host(test::outlineOf({topic(1, text, "t.htm")}))),
+                      expected + (expected.empty() ? "none" : "-"))
+                << text << ' ' << term;
+        }
+    }
+}
+
+TEST(Finder, ATermThatBeginsAgainAndAgainTakesNoLonger) {
+    const Text most(100000, '\xC4');
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(searchAll({.text = most + "b", .bodies = true},
+                        Host(test::outlineOf({topic(1, "t", "t.htm", most + most + "\xE4 b")}))),
+              "none");
+    EXPECT_EQ(searchAll({.text = most, .wholeWords = true, .bodies = true},
+                        Host(test::outlineOf({topic(1, "t", "t.htm", most + most + ' ' + most)}))),
+              "1b200001 -");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
 }

@@ -79,6 +79,17 @@ private:
     }
 };
 
+/// Whether some word is so long that breaking lines between words would read it to its end for each
+/// of the lines that it takes, as it happens with pictures in a text.
+bool hasLongWord(QStringView text) {
+    constexpr qsizetype longest = 2000;
+    qsizetype length = 0;
+    return std::any_of(text.begin(), text.end(), [&length](QChar c) {
+        length = c.isSpace() && c != QChar::Nbsp ? 0 : length + 1;
+        return length > longest;
+    });
+}
+
 /// A document counts a line break as one character; the text of a box as two.
 struct AreaBox : TextBox::Native {
     AreaBox(TextArea* shown, TextBox& box) : Native(shown, box), area_(*shown) {
@@ -89,6 +100,8 @@ struct AreaBox : TextBox::Native {
                 changed();
             }
         });
+        QObject::connect(area_.document(), &QTextDocument::contentsChange,
+                         [this](int position, int, int added) { checkWords(position, added); });
         QObject::connect(&area_, &QPlainTextEdit::selectionChanged,
                          [this] { owner.SelectionChange.raise(); });
     }
@@ -104,7 +117,9 @@ struct AreaBox : TextBox::Native {
     void setText(TextView text) override {
         setting_ = true;
         original_ = text;
-        area_.setPlainText(toQt(text));
+        const QString shown = toQt(text);
+        breakAnywhere(hasLongWord(shown));
+        area_.setPlainText(shown);
         setting_ = false;
         names_.clear();
         steps.end();
@@ -213,6 +228,26 @@ private:
 
     QString nameAt(std::map<int, QString>::const_iterator step) const {
         return step == names_.end() ? typing() : step->second;
+    }
+
+    void breakAnywhere(bool anywhere) {
+        const auto mode =
+            anywhere ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere;
+        if (area_.wordWrapMode() != mode) {
+            area_.setWordWrapMode(mode);
+        }
+    }
+
+    /// Looks at the lines of a change. Long words that have gone do no harm.
+    void checkWords(int position, int added) {
+        const QTextDocument& document = *area_.document();
+        const int end = position + added;
+        for (QTextBlock line = document.findBlock(position);
+             !setting_ && area_.wordWrapMode() != QTextOption::WrapAnywhere && line.isValid()
+             && line.position() <= end;
+             line = line.next()) {
+            breakAnywhere(hasLongWord(line.text()));
+        }
     }
 
     static Text withLineBreaks(QString raw) {

@@ -1,5 +1,7 @@
 #include "ui/qt/HtmlColours.h"
 
+#include <algorithm>
+
 #include <QGuiApplication>
 #include <QPalette>
 
@@ -32,8 +34,13 @@ qsizetype endAfter(const QString& line, const char* mark, qsizetype from) {
 } // namespace
 
 void HtmlColours::highlightBlock(const QString& line) {
+    // What is coloured is laid out piece by piece: a picture of a megabyte would take seconds.
+    static constexpr qsizetype longest = 10000;
     const auto paint = [this](qsizetype from, qsizetype to, const QColor& colour) {
-        setFormat(static_cast<int>(from), static_cast<int>(to - from), colour);
+        if (from < longest) {
+            setFormat(static_cast<int>(from), static_cast<int>(std::min(to, longest) - from),
+                      colour);
+        }
     };
     int state = previousBlockState();
     for (qsizetype at = 0; at < line.size();) {
