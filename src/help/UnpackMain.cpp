@@ -2,11 +2,13 @@
 #include <chm_lib.h>
 #include <cstdint>
 #include <cstdio>
+#include <new>
 #include <string>
 
 #include "help/ChmDirectory.h"
 #include "help/DirectoryCheck.h"
 #include "platform/Files.h"
+#include "platform/MappedFile.h"
 #include "platform/Process.h"
 
 // Unpacks a compiled help file to standard output, see help/ChmFile.cpp. This is a program of its
@@ -17,7 +19,8 @@ namespace {
 // A damaged file can claim any size.
 constexpr LONGUINT64 largestFile = LONGUINT64(64) << 20;
 constexpr std::uint64_t largestWhole = std::uint64_t(512) << 20;
-constexpr unsigned longestTime = 30; // in seconds
+constexpr platform::Limits limits = {
+    .seconds = 30, .written = largestWhole, .memory = largestWhole + platform::largestFile};
 
 void putNumber(std::uint64_t number) {
     std::array<unsigned char, 8> bytes{};
@@ -61,31 +64,19 @@ bool unpack(chmFile* help, const std::string& path) {
     return std::fflush(stdout) == 0; // what is whole stays, whatever comes next
 }
 
-} // namespace
-
-int main(int argc, char* argv[]) {
-    platform::limitThisProgram(longestTime, largestWhole);
-    platform::useStreamsForUtf8();
-    const std::vector<std::string> arguments = platform::programArguments(argc, argv);
-    if (arguments.size() != 1) {
-        return 1;
-    }
-    const std::filesystem::path path = platform::pathFromUtf8(arguments.front());
-    std::string file;
-    if (platform::readFile(path, file)) {
-        return 1;
-    }
-    bool whole = !help::isCut(file);
-    const std::vector<std::string> paths = help::packedPaths(file);
-    for (const std::string& fault : help::directoryFaults(file)) {
+/// False when something could not be read, or there is no room for more.
+bool unpackAll(const std::filesystem::path& path) {
+    const platform::MappedFile file(path);
+    bool whole = !help::isCut(file.bytes());
+    const std::vector<std::string> paths = help::packedPaths(file.bytes());
+    for (const std::string& fault : help::directoryFaults(file.bytes())) {
         putFault(fault);
     }
-    std::string().swap(file);
     // The library takes a name as the system has it, and leaves it alone.
     auto* name = const_cast<std::filesystem::path::value_type*>(path.c_str());
     chmFile* help = paths.empty() ? nullptr : chm_open(name);
     if (help == nullptr) {
-        return 1;
+        return false;
     }
     for (const std::string& packed : paths) {
         if (!unpack(help, packed)) {
@@ -97,5 +88,23 @@ int main(int argc, char* argv[]) {
         }
     }
     chm_close(help);
-    return whole ? 0 : 1;
+    return whole;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    platform::limitThisProgram(limits);
+    platform::useStreamsForUtf8();
+    const std::vector<std::string> arguments = platform::programArguments(argc, argv);
+    if (arguments.size() != 1) {
+        return 1;
+    }
+    const std::filesystem::path path = platform::pathFromUtf8(arguments.front());
+    platform::confineThisProgram(path);
+    try {
+        return unpackAll(path) ? 0 : 1;
+    } catch (const std::bad_alloc&) {
+        return 1; // what is whole was written
+    }
 }

@@ -60,8 +60,19 @@ private:
 bool runOnFile(const std::filesystem::path& program, const std::filesystem::path& file,
                const std::filesystem::path& output);
 
-/// For a program that reads what nobody vouches for: it is ended after so many seconds or when it
-/// has written so many bytes to a file, and leaves no image of its memory behind.
-void limitThisProgram(unsigned seconds, std::uint64_t bytes);
+/// What a program may take that reads what nobody vouches for.
+struct Limits {
+    unsigned seconds = 0;      ///< from now on
+    std::uint64_t written = 0; ///< bytes in one file
+    std::uint64_t memory = 0;  ///< bytes in all
+};
+
+/// Ends this program when it takes more, and lets it leave no image of its memory behind. It is
+/// the memory's own business whether that ends it, or is just not to be had.
+void limitThisProgram(const Limits& limits);
+
+/// Lets this program read one file from now on, and write into what is open already: it opens
+/// nothing else, starts no program and asks no network, as far as the system can hinder it.
+void confineThisProgram(const std::filesystem::path& file);
 
 } // namespace platform

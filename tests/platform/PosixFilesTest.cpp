@@ -43,17 +43,17 @@ unsigned modeOf(const fs::path& file) {
 constexpr const char* accessList = "system.posix_acl_access";
 constexpr const char* listForNewFiles = "system.posix_acl_default";
 
-/// A list as the system keeps it: the owner and the person 12345 may read and write, the group
-/// nothing, all others nothing.
-std::string listOfRights() {
+/// A list as the system keeps it: the owner and one other person may read and write, the group and
+/// everybody else nothing.
+std::string listOfRights(char person) {
     std::string list("\x02\0\0\0", 4);
-    const auto entry = [&list](char kind, char rights, const std::string& person) {
+    const auto entry = [&list](char kind, char rights, const std::string& who) {
         list += {kind, 0, rights, 0};
-        list += person;
+        list += who;
     };
     const std::string none = "\xFF\xFF\xFF\xFF";
     entry(0x01, 6, none);
-    entry(0x02, 6, std::string("\x39\x30\0\0", 4));
+    entry(0x02, 6, {person, 0, 0, 0});
     entry(0x04, 0, none);
     entry(0x10, 6, none);
     entry(0x20, 0, none);
@@ -98,17 +98,17 @@ TEST(PosixFiles, ReplacingKeepsPermissionsAndFollowsLinks) {
 TEST(PosixFiles, ReplacingKeepsListsOfRightsAndTakesOnNoneOfTheFolder) {
     const test::TemporaryFolder folder;
     writeBytes(folder / "listed", "old");
-    if (!setAttribute(folder / "listed", accessList, listOfRights())
+    if (!setAttribute(folder / "listed", accessList, listOfRights(12))
         || !setAttribute(folder / "listed", "user.note", "a\x80")) {
         GTEST_SKIP() << "this disk knows no lists of rights";
     }
-    ASSERT_TRUE(setAttribute(folder.path(), listForNewFiles, listOfRights()));
+    ASSERT_TRUE(setAttribute(folder.path(), listForNewFiles, listOfRights(34)));
     writeBytes(folder / "plain", "old");
     ASSERT_EQ(::removexattr((folder / "plain").c_str(), accessList), 0);
     ASSERT_EQ(::chmod((folder / "plain").c_str(), 0640), 0);
 
     EXPECT_FALSE(platform::replaceFile(folder / "listed", "new"));
-    EXPECT_EQ(attribute(folder / "listed", accessList), listOfRights());
+    EXPECT_EQ(attribute(folder / "listed", accessList), listOfRights(12));
     EXPECT_EQ(attribute(folder / "listed", "user.note"), "a\x80");
     EXPECT_EQ(modeOf(folder / "listed"), 0660U);
     EXPECT_FALSE(platform::replaceFile(folder / "plain", "new"));

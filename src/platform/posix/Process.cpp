@@ -2,13 +2,11 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <limits>
 #include <spawn.h>
 #include <string>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -111,23 +109,6 @@ bool runOnFile(const fs::path& program, const fs::path& file, const fs::path& ou
         }
     }
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
-
-void limitThisProgram(unsigned seconds, std::uint64_t bytes) {
-    const auto limit = [](auto resource, rlim_t value) {
-        const rlimit both = {value, value};
-        setrlimit(resource, &both); // a limit that cannot be set is one that stands lower already
-    };
-    // The one that started this program may have other habits.
-    for (const int number : {SIGALRM, SIGXFSZ}) {
-        std::signal(number, SIG_DFL);
-    }
-    sigset_t none;
-    sigemptyset(&none);
-    sigprocmask(SIG_SETMASK, &none, nullptr);
-    alarm(seconds);
-    limit(RLIMIT_FSIZE, bytes);
-    limit(RLIMIT_CORE, 0);
 }
 
 } // namespace platform

@@ -65,14 +65,14 @@ LONG WINAPI endAtOnce(EXCEPTION_POINTERS* /*exception*/) {
 }
 
 /// What the watching thread of a limited program must know.
-struct Limits {
+struct Watched {
     ULONGLONG end; ///< milliseconds since the machine was started
     LONGLONG bytes;
 };
 
 DWORD WINAPI watch(void* data) {
     constexpr DWORD pause = 20; // milliseconds
-    const std::unique_ptr<Limits> limits(static_cast<Limits*>(data));
+    const std::unique_ptr<Watched> limits(static_cast<Watched*>(data));
     const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
     for (;;) {
         LARGE_INTEGER size{};
@@ -81,6 +81,21 @@ DWORD WINAPI watch(void* data) {
             TerminateProcess(GetCurrentProcess(), 1);
         }
         Sleep(pause);
+    }
+}
+
+/// Puts this program into a group of its own, which is bounded in memory and starts no others.
+void limitJob(std::uint64_t memory) {
+    const HANDLE job = CreateJobObjectW(nullptr, nullptr); // as long as the program
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+    limits.BasicLimitInformation.LimitFlags =
+        JOB_OBJECT_LIMIT_PROCESS_MEMORY | JOB_OBJECT_LIMIT_ACTIVE_PROCESS;
+    limits.BasicLimitInformation.ActiveProcessLimit = 1;
+    limits.ProcessMemoryLimit = static_cast<SIZE_T>(memory);
+    if (job != nullptr
+        && SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits)
+               != FALSE) {
+        AssignProcessToJobObject(job, GetCurrentProcess());
     }
 }
 
@@ -216,15 +231,19 @@ bool runOnFile(const fs::path& program, const fs::path& file, const fs::path& ou
            && GetExitCodeProcess(process.get(), &code) != FALSE && code == 0;
 }
 
-void limitThisProgram(unsigned seconds, std::uint64_t bytes) {
+void limitThisProgram(const Limits& limits) {
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
     SetUnhandledExceptionFilter(endAtOnce);
-    auto limits = std::make_unique<Limits>(
-        Limits{GetTickCount64() + ULONGLONG{seconds} * 1000, static_cast<LONGLONG>(bytes)});
-    const Handle thread(CreateThread(nullptr, 0, watch, limits.get(), 0, nullptr));
+    limitJob(limits.memory);
+    auto watched =
+        std::make_unique<Watched>(Watched{GetTickCount64() + ULONGLONG{limits.seconds} * 1000,
+                                          static_cast<LONGLONG>(limits.written)});
+    const Handle thread(CreateThread(nullptr, 0, watch, watched.get(), 0, nullptr));
     if (thread.isOpen()) {
-        static_cast<void>(limits.release()); // the thread's now
+        static_cast<void>(watched.release()); // the thread's now
     }
 }
+
+void confineThisProgram(const std::filesystem::path& /*file*/) {} // its job starts no programs
 
 } // namespace platform
