@@ -1,5 +1,6 @@
 #include "tools/Finder.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace tools {
