@@ -254,7 +254,7 @@ private:
     static bool isOldPage(const fs::path& file) {
         constexpr std::size_t headSize = 200;
         std::string head;
-        return !platform::readFile(file, head, headSize)
+        return !platform::readPart(file, head, 0, headSize)
                && head.find(generatorLine) != std::string::npos;
     }
 
