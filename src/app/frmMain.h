@@ -229,6 +229,7 @@ private:
     void moveByKey(ui::Key& key);
     void moveByKeyOrEnter(ui::Key& key);
     void showNeighbour(int step);
+    std::optional<std::filesystem::path> chooseWorkshopFile();
     bool settleEditedPages(const std::filesystem::path& pageFolder);
 
     std::filesystem::path importFolder() const;

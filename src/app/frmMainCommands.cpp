@@ -6,10 +6,8 @@
 #include "generate/Documentation.h"
 #include "generate/GeneratedFile.h"
 #include "generate/GenerationRun.h"
-#include "generate/WorkshopName.h"
 #include "model/CodePage.h"
 #include "model/OutlineEditing.h"
-#include "model/PagePath.h"
 #include "platform/Files.h"
 #include "ui/WaitCursor.h"
 
@@ -97,21 +95,8 @@ void frmMain::mnuFileGenerateHelp_Click() {
     if (!storeEditor()) {
         return;
     }
-    const auto file = Prompter::current().chooseFile(
-        this, {ui::FileQuestion::Kind::save, "Generate Help Workshop Files",
-               "Help Workshop Files (*.hhp)|*.hhp|Text Files (*.txt)|*.txt|All Files (*.*)|*.*", 1,
-               files_.folder(), generate::proposedWorkshopName(project_.projectPath()), "hhp"});
-    if (!file) {
-        return;
-    }
-    const fs::path workshopFile = platform::fullPath(*file);
-    if (const auto fault = generate::workshopNameFault(workshopFile, project_.projectPath())) {
-        Prompter::current().tell(this, {model::displayText(fault->path.filename()) + ": "
-                                            + model::fromUtf8(fault->reason),
-                                        title, model::MessageIcon::exclamation});
-        return;
-    }
-    if (!settleEditedPages(workshopFile.parent_path() / model::pageFolderName)) {
+    const auto workshopFile = chooseWorkshopFile();
+    if (!workshopFile) {
         return;
     }
     report_ = std::make_unique<dlgReport>(*this);
@@ -129,7 +114,7 @@ void frmMain::mnuFileGenerateHelp_Click() {
         report_->show();
     };
     const generate::GenerationReport report =
-        generate::generateHelp(project_, {workshopFile, programFolder_, save, show});
+        generate::generateHelp(project_, {*workshopFile, programFolder_, save, show});
     report_->txtReport.setText(report.text);
     report_->activate(); // a question for the project's name may have come before it
     setTrouble(Trouble::output, unwrittenFiles(report.failures));

@@ -1,13 +1,16 @@
 #include <algorithm>
 
 #include "app/frmMain.h"
+#include "generate/WorkshopName.h"
 #include "import/EditedPages.h"
 #include "import/ImportOutcome.h"
 #include "import/Synchroniser.h"
 #include "model/CodePage.h"
+#include "model/PagePath.h"
+#include "platform/Files.h"
 #include "ui/WaitCursor.h"
 
-// What the main window asks before a generation overwrites what was edited in pages.
+// What the main window asks before a generation.
 namespace app {
 
 namespace fs = std::filesystem;
@@ -34,6 +37,27 @@ Text lines(const model::FileFailures& pages) {
 }
 
 } // namespace
+
+/// Where the help workshop's project is to go; nothing when the author cancelled, or it cannot be
+/// there.
+std::optional<fs::path> frmMain::chooseWorkshopFile() {
+    const auto chosen = Prompter::current().chooseFile(
+        this, {ui::FileQuestion::Kind::save, "Generate Help Workshop Files",
+               "Help Workshop Files (*.hhp)|*.hhp|Text Files (*.txt)|*.txt|All Files (*.*)|*.*", 1,
+               files_.folder(), generate::proposedWorkshopName(project_.projectPath()), "hhp"});
+    if (!chosen) {
+        return {};
+    }
+    const fs::path file = platform::fullPath(*chosen);
+    if (const auto fault = generate::workshopNameFault(file, project_.projectPath())) {
+        Prompter::current().tell(this, {model::displayText(fault->path.filename()) + ": "
+                                            + model::fromUtf8(fault->reason),
+                                        title, model::MessageIcon::exclamation});
+        return {};
+    }
+    const bool settled = settleEditedPages(file.parent_path() / model::pageFolderName);
+    return settled ? std::optional(file) : std::nullopt;
+}
 
 /// False when the generation is not to be: the author cancelled, or wants the pages' texts, and
 /// some could not be taken back.
