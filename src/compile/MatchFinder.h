@@ -29,58 +29,73 @@ inline unsigned commonLength(const std::uint8_t* a, const std::uint8_t* b, unsig
     return most;
 }
 
-/// Finds earlier places of what stands at a place of one interval. Places whose first four bytes
-/// have the same hash are chained; of three bytes, only the last such place is kept.
+/// Finds earlier places of what stands at a place of one interval. Places with the same hash are
+/// chained: of four bytes for short matches near by, and of six, so that long ones further away are
+/// not lost among them. Of three bytes, only the last such place is kept.
 class MatchFinder {
 public:
     /// Forgets everything. Eight bytes behind the interval can be read.
-    void start(const std::uint8_t* interval);
+    void start(const std::uint8_t* interval) {
+        bytes_ = interval;
+        last3_.fill(0);
+        short_.last.fill(0);
+        long_.last.fill(0);
+    }
 
     /// Makes a place known, to be called for all of them in order. Four bytes must follow.
     void insert(std::uint32_t place) {
-        const std::uint32_t word = wordAt(place);
-        last3_[hash3(word)] = static_cast<std::uint16_t>(place + 1);
-        std::uint16_t& last = last4_[hash4(word)];
-        before_[place] = last;
-        last = static_cast<std::uint16_t>(place + 1);
+        last3_[hash3(place)] = static_cast<std::uint16_t>(place + 1);
+        short_.insert(hash4(place), place);
+        long_.insert(hash6(place), place);
     }
 
-    /// Hands `use` matches of at most `most` bytes, the nearest first, each longer than `length`
-    /// and than the ones before. At most `effort` places are looked at. To be called before the
-    /// place is inserted.
+    /// Hands `use` matches of at most `most` bytes, each longer than `length` and than the ones
+    /// before, and than two; so no distance is too large for a token. To be called before the place
+    /// is inserted.
     template <typename Use>
-    void find(std::uint32_t place, unsigned length, unsigned most, unsigned effort,
-              const Use& use) const {
-        const std::uint32_t word = wordAt(place);
-        const std::uint8_t* here = bytes_ + place;
+    void find(std::uint32_t place, unsigned length, unsigned most, const Use& use) const {
+        constexpr unsigned shortEffort = 8; // places to compare with
+        constexpr unsigned longEffort = 32;
         const auto take = [&](std::uint32_t earlier) {
-            const unsigned found = commonLength(bytes_ + earlier, here, most);
-            if (found > length && place - earlier <= greatestDistance) {
+            const unsigned found = commonLength(bytes_ + earlier, bytes_ + place, most);
+            if (found > length) {
                 length = found;
                 use(found, place - earlier);
             }
         };
-        if (length < 3) {
-            if (const std::uint32_t near = last3_[hash3(word)]; near > 0) {
-                take(near - 1);
+        const auto follow = [&](const Chain& chain, std::uint32_t hash, unsigned effort) {
+            for (std::uint32_t next = chain.last[hash]; next > 0 && effort > 0 && length < most;
+                 --effort) {
+                const std::uint32_t earlier = next - 1;
+                next = chain.before[earlier];
+                // The byte that would make it longer differs most often.
+                const std::uint32_t end = length - 3;
+                if (length < 3 || wordAt(earlier + end) == wordAt(place + end)) {
+                    take(earlier);
+                }
             }
+        };
+        if (const std::uint32_t near = last3_[hash3(place)]; near > 0 && length < 3) {
+            take(near - 1);
         }
-        for (std::uint32_t next = last4_[hash4(word)]; next > 0 && effort > 0 && length < most;
-             --effort) {
-            const std::uint32_t earlier = next - 1;
-            next = before_[earlier];
-            // The last of the bytes that would make it longer differs most often.
-            if (wordAt(earlier) == word
-                && (length < 4 || wordAt(earlier + length - 3) == wordAt(place + length - 3))) {
-                take(earlier);
-            }
-        }
+        follow(short_, hash4(place), shortEffort);
+        follow(long_, hash6(place), longEffort);
     }
 
 private:
-    static constexpr unsigned hash3Bits = 12;
-    static constexpr unsigned hash4Bits = 15;
-    static constexpr unsigned wordBits = 32;
+    static constexpr unsigned shortestBits = 12;
+    static constexpr unsigned hashBits = 15;
+
+    /// Places are stored one larger, so that 0 is none.
+    struct Chain {
+        std::array<std::uint16_t, 1U << hashBits> last{};
+        std::array<std::uint16_t, 65536> before{};
+
+        void insert(std::uint32_t hash, std::uint32_t place) {
+            before[place] = last[hash];
+            last[hash] = static_cast<std::uint16_t>(place + 1);
+        }
+    };
 
     /// Four bytes, read alike on every machine.
     std::uint32_t wordAt(std::uint32_t place) const {
@@ -88,24 +103,21 @@ private:
         return at[0] | std::uint32_t(at[1]) << 8U | std::uint32_t(at[2]) << 16U
                | std::uint32_t(at[3]) << 24U;
     }
-    static std::uint32_t hash3(std::uint32_t word) {
-        return (word << 8U) * 0x9E3779B1U >> (wordBits - hash3Bits);
+    std::uint32_t hash3(std::uint32_t place) const {
+        return (wordAt(place) << 8U) * 0x9E3779B1U >> (32U - shortestBits);
     }
-    static std::uint32_t hash4(std::uint32_t word) {
-        return word * 0x9E3779B1U >> (wordBits - hash4Bits);
+    std::uint32_t hash4(std::uint32_t place) const {
+        return wordAt(place) * 0x9E3779B1U >> (32U - hashBits);
+    }
+    std::uint32_t hash6(std::uint32_t place) const {
+        const std::uint64_t word = wordAt(place) | std::uint64_t(wordAt(place + 4)) << 32U;
+        return static_cast<std::uint32_t>((word << 16U) * 0x9E3779B97F4A7C15U >> (64U - hashBits));
     }
 
     const std::uint8_t* bytes_ = nullptr;
-    // Places are stored one larger, so that 0 is none.
-    std::array<std::uint16_t, 1U << hash3Bits> last3_{};
-    std::array<std::uint16_t, 1U << hash4Bits> last4_{};
-    std::array<std::uint16_t, 65536> before_{}; ///< in the chain
+    std::array<std::uint16_t, 1U << shortestBits> last3_{};
+    Chain short_;
+    Chain long_;
 };
-
-inline void MatchFinder::start(const std::uint8_t* interval) {
-    bytes_ = interval;
-    last3_.fill(0);
-    last4_.fill(0);
-}
 
 } // namespace compile

@@ -15,7 +15,6 @@ constexpr int lastDistanceCost = 7;
 constexpr int longMatchCost = 3; ///< more for the length
 
 constexpr unsigned longEnough = 120; ///< nothing better is looked for
-constexpr unsigned effort = 32;      ///< earlier places to compare with
 constexpr std::uint32_t mostLater = 2;
 constexpr std::uint32_t wordSize = 4; ///< that the finder needs
 
@@ -53,7 +52,7 @@ Parser::Choice Parser::choose(std::uint32_t place) {
         }
     }
     if (longest < longEnough && place + wordSize <= size_) {
-        finder_.find(place, longest, most, effort, [&](unsigned length, std::uint32_t distance) {
+        finder_.find(place, longest, most, [&](unsigned length, std::uint32_t distance) {
             const unsigned value = distance + distanceOffset;
             best.improve(length, value, matchCost + static_cast<int>(extraBits(slotOf(value))));
         });

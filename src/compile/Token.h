@@ -10,7 +10,6 @@ namespace compile {
 
 constexpr unsigned shortestMatch = 2;
 constexpr unsigned longestMatch = 257;
-constexpr std::uint32_t greatestDistance = 0xFFFD;
 constexpr unsigned distanceOffset = 2; ///< of distances among the values of tokens
 
 /// A step of what is unpacked: a byte, or a piece that stood before.
