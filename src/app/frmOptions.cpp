@@ -1,13 +1,44 @@
 #include "app/frmOptions.h"
 
+#include <algorithm>
+
+#include "model/CodePage.h"
 #include "model/HelpContext.h"
+#include "model/PagePath.h"
+#include "platform/Files.h"
 
 namespace app {
 
+namespace fs = std::filesystem;
 using model::NavigationType;
+using model::Text;
+using ui::FileQuestion;
+using ui::Prompter;
 
-frmOptions::frmOptions(ui::Window& owner, const model::ProjectOptions& options)
-    : Window(Kind::dialog, "frmOptions", &owner), options_(options) {
+namespace {
+
+/// How a file is written in an option that counts from a folder: with "..", and backslashes as in
+/// all paths of a project.
+fs::path pathFrom(const fs::path& folder, const fs::path& file) {
+    const fs::path relative = file.lexically_relative(folder);
+    return relative.empty() ? file : relative; // on another drive
+}
+
+constexpr const char* chooseStyleSheet = "Select Style Sheet";
+constexpr const char* chooseBackground = "Select Background Image";
+constexpr const char* chooseTemplate = "Select Template";
+
+Text withBackslashes(Text path) {
+    std::replace(path.begin(), path.end(), '/', '\\');
+    return path;
+}
+
+} // namespace
+
+frmOptions::frmOptions(ui::Window& owner, const model::ProjectOptions& options,
+                       fs::path projectFolder)
+    : Window(Kind::dialog, "frmOptions", &owner), options_(options),
+      folder_(platform::fullPath(projectFolder.empty() ? fs::path(".") : projectFolder)) {
     setCaption("Properties");
     arrangeGeneration();
     arrangeAdditional();
@@ -21,6 +52,7 @@ frmOptions::frmOptions(ui::Window& owner, const model::ProjectOptions& options)
     setSize(8250, 5400);
     cmdOK.setDefault();
     fill();
+    setEdited(false);
     watch();
     tbsOptions_Click();
     txtProjectName.setFocus();
@@ -30,8 +62,19 @@ void frmOptions::arrangeGeneration() {
     txtCopyright.setAccessibleName("Copyright String");
     txtTemplate.setForeignCharacters(ui::ForeignCharacters::refused); // it is looked up on the disk
     auto form = ui::Layout::form();
-    form.addField(lblProjectName, txtProjectName).addField(lblCSS, txtCSS);
-    form.addField(lblBImage, txtBImage).addField(lblTemplate, txtTemplate);
+    form.addField(lblProjectName, txtProjectName);
+    const auto addFile = [&form](ui::Label& label, ui::TextBox& box, ui::Button& choose,
+                                 const char* name) {
+        choose.setAccessibleName(name);
+        choose.setToolTip(name);
+        choose.setFixedWidth(525);
+        auto both = ui::Layout::row();
+        both.withoutMargins().add(box, 1).add(choose);
+        form.addField(label, std::move(both));
+    };
+    addFile(lblCSS, txtCSS, cmdCSS, chooseStyleSheet);
+    addFile(lblBImage, txtBImage, cmdBImage, chooseBackground);
+    addFile(lblTemplate, txtTemplate, cmdTemplate, chooseTemplate);
     form.addField(chkCopyright, txtCopyright);
     pnlGeneration.setLayout(std::move(form));
     tbsOptions.add("File Generation Options", "Set Options for Generating Help Files",
@@ -88,7 +131,7 @@ void frmOptions::fill() {
 }
 
 void frmOptions::watch() {
-    const auto edited = [this] { changed_ = true; };
+    const auto edited = [this] { setEdited(true); };
     txtTemplate.Change.connect([this, edited] {
         edited();
         TemplateEdited.raise();
@@ -106,6 +149,9 @@ void frmOptions::watch() {
         button.Click.connect(edited);
     }
     UI_ON(chkCopyright, Click);
+    UI_ON(cmdCSS, Click);
+    UI_ON(cmdBImage, Click);
+    UI_ON(cmdTemplate, Click);
     UI_ON(cmdOK, Click);
     UI_ON(cmdCancel, Click);
     UI_ON(cmdApply, Click);
@@ -113,9 +159,64 @@ void frmOptions::watch() {
     UI_ON(tbsOptions, Click);
 }
 
+/// Since the last Apply.
+void frmOptions::setEdited(bool edited) {
+    changed_ = edited;
+    cmdApply.setEnabled(edited);
+}
+
 void frmOptions::chkCopyright_Click() {
     txtCopyright.setEnabled(chkCopyright.checked());
-    changed_ = true;
+    setEdited(true);
+}
+
+/// Pages lie in a folder of their own, and what they show is found from there.
+void frmOptions::cmdCSS_Click() {
+    chooseFile({FileQuestion::Kind::open,
+                chooseStyleSheet,
+                "Style Sheets (*.css)|*.css|All Files (*.*)|*.*",
+                1,
+                folder_,
+                {}},
+               folder_ / model::pageFolderName, txtCSS);
+}
+
+void frmOptions::cmdBImage_Click() {
+    chooseFile({FileQuestion::Kind::open,
+                chooseBackground,
+                "All Image Files|*.gif;*.jpg;*.jpeg;*.png;*.bmp|All Files (*.*)|*.*",
+                1,
+                folder_,
+                {}},
+               folder_ / model::pageFolderName, txtBImage);
+}
+
+void frmOptions::cmdTemplate_Click() {
+    chooseFile({FileQuestion::Kind::open,
+                chooseTemplate,
+                "HTML Files|*.htm;*.html|Text Files (*.txt)|*.txt|All Files (*.*)|*.*",
+                1,
+                folder_,
+                {}},
+               folder_, txtTemplate);
+}
+
+void frmOptions::chooseFile(const FileQuestion& question, const fs::path& countsFrom,
+                            ui::TextBox& box) {
+    const auto file = Prompter::current().chooseFile(this, question);
+    if (!file) {
+        return;
+    }
+    const fs::path path = pathFrom(countsFrom, platform::fullPath(*file));
+    const Text text = model::displayText(path);
+    if (model::nativePath(text) != path) {
+        Prompter::current().ask(this,
+                                {"The name of this file has characters that a project cannot hold.",
+                                 caption(), ui::Buttons::ok, ui::QuestionIcon::exclamation});
+        return;
+    }
+    box.edit(withBackslashes(text), text.size());
+    box.setFocus();
 }
 
 void frmOptions::readBack() {
@@ -140,7 +241,7 @@ void frmOptions::readBack() {
 void frmOptions::cmdApply_Click() {
     if (changed_) {
         readBack();
-        changed_ = false;
+        setEdited(false);
         Apply.raise(options_);
     }
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/TestFiles.h"
 #include "ui/testing/Driver.h"
 
 using namespace ui::testing;
@@ -10,8 +11,8 @@ namespace {
 
 class frmOptions : public ::testing::Test {
 protected:
-    void open(const model::ProjectOptions& options) {
-        dialog.emplace(owner, options);
+    void open(const model::ProjectOptions& options, const std::filesystem::path& folder = {}) {
+        dialog.emplace(owner, options, folder);
         dialog->Apply.connect([this](const model::ProjectOptions& edited) {
             applied = edited;
             ++times;
@@ -101,6 +102,45 @@ TEST_F(frmOptions, ANavigationTypeWithoutANameSelectsNothing) {
     options.navigationType = static_cast<model::NavigationType>(7);
     open(options);
     EXPECT_FALSE(dialog->optNavType[0].selected() || dialog->optNavType[1].selected());
+}
+
+TEST_F(frmOptions, FilesAreChosenAndNamedAsTheProjectFindsThem) {
+    const test::TemporaryFolder folder;
+    open({}, folder / "project");
+    ScriptedPrompter prompter;
+    const auto choose = [&](const ui::Button& button, const char* title, const char* filter,
+                            const std::filesystem::path& chosen) {
+        prompter.expect({ui::FileQuestion::Kind::open, title, filter, 1, folder / "project", {}},
+                        chosen);
+        click(button);
+    };
+    constexpr const char* styles = "Style Sheets (*.css)|*.css|All Files (*.*)|*.*";
+    EXPECT_FALSE(dialog->cmdApply.isEnabled());
+    choose(dialog->cmdCSS, "Select Style Sheet", styles, folder / "project/look/\xC3\xA4.css");
+    EXPECT_EQ(dialog->txtCSS.text(), "..\\look\\\xE4.css");
+    EXPECT_TRUE(dialog->cmdApply.isEnabled());
+    choose(dialog->cmdBImage, "Select Background Image",
+           "All Image Files|*.gif;*.jpg;*.jpeg;*.png;*.bmp|All Files (*.*)|*.*",
+           folder / "shared.jpg");
+    EXPECT_EQ(dialog->txtBImage.text(), "..\\..\\shared.jpg");
+    int edits = 0;
+    dialog->TemplateEdited.connect([&edits] { ++edits; });
+    choose(dialog->cmdTemplate, "Select Template",
+           "HTML Files|*.htm;*.html|Text Files (*.txt)|*.txt|All Files (*.*)|*.*",
+           folder / "project/page.htm");
+    EXPECT_EQ(dialog->txtTemplate.text(), "page.htm");
+    EXPECT_EQ(edits, 1);
+    click(dialog->cmdApply);
+    EXPECT_EQ(applied.backgroundImage, "..\\..\\shared.jpg");
+    EXPECT_FALSE(dialog->cmdApply.isEnabled());
+
+    prompter.expect(
+        {ui::FileQuestion::Kind::open, "Select Style Sheet", styles, 1, folder / "project", {}},
+        folder / "project/\xCE\xA9.css");
+    prompter.expect({"The name of this file has characters that a project cannot hold.",
+                     "Properties", ui::Buttons::ok, ui::QuestionIcon::exclamation});
+    click(dialog->cmdCSS);
+    EXPECT_EQ(dialog->txtCSS.text(), "..\\look\\\xE4.css");
 }
 
 TEST_F(frmOptions, UncheckingTheCopyrightKeepsItsText) {
