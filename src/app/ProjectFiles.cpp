@@ -64,6 +64,10 @@ bool ProjectFiles::newProject() {
 }
 
 fs::path ProjectFiles::folder() const {
+    return project_.hasFile() ? project_.projectPath().parent_path() : lastFolder();
+}
+
+fs::path ProjectFiles::lastFolder() const {
     return settings_.path(folderSection, folderKey);
 }
 
@@ -78,7 +82,7 @@ std::optional<fs::path> ProjectFiles::chooseFile(ui::FileQuestion::Kind kind, mo
         &window_,
         {kind, std::move(title),
          "Topicsmith Project Files (*.tsp)|*.tsp|Text Files (*.txt)|*.txt|All Files (*.*)|*.*", 1,
-         folder(), std::move(fileName), kind == ui::FileQuestion::Kind::save ? "tsp" : ""});
+         lastFolder(), std::move(fileName), kind == ui::FileQuestion::Kind::save ? "tsp" : ""});
     return chosen ? std::optional(platform::fullPath(*chosen)) : std::nullopt;
 }
 

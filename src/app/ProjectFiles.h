@@ -52,8 +52,12 @@ public:
     /// message for it.
     model::Text takeNotice() { return std::exchange(notice_, {}); }
 
-    /// Where the author last opened or saved a project; empty at first.
+    /// Where the project lies; for one without a file, as lastFolder().
     std::filesystem::path folder() const;
+
+    /// Where the author last opened or saved a project, in whichever program that runs; empty at
+    /// first.
+    std::filesystem::path lastFolder() const;
 
     const model::RecentFiles& recentFiles() const { return recentFiles_; }
     bool openRecentFile(int slot); ///< as openProject()

@@ -1,23 +1,27 @@
 #include "app/dlgReport.h"
 
-#include "model/HelpContext.h"
-
 namespace app {
 
-dlgReport::dlgReport(ui::Window& owner) : Window(Kind::dialog, windowName, &owner) {
-    setCaption("Generation Report");
-    setHelpContext(model::reportHelp);
+dlgReport::dlgReport(ui::Window& owner, ui::TextView caption, model::HelpContext context)
+    : Window(Kind::dialog, windowName, &owner) {
+    setCaption(caption);
+    setHelpContext(context);
     txtReport.setReadOnly();
-    txtReport.setAccessibleName("Generation Report");
+    txtReport.setAccessibleName(caption);
     OKButton.setDefault();
     auto buttons = ui::Layout::row();
-    buttons.addStretch().add(OKButton);
+    buttons.add(cmdCopy).addStretch().add(OKButton);
     auto content = ui::Layout::column();
     content.add(txtReport, 1).add(std::move(buttons));
     setLayout(std::move(content));
     setSize(7500, 6000);
     OKButton.setFocus();
+    UI_ON(cmdCopy, Click);
     UI_ON(OKButton, Click);
+}
+
+void dlgReport::cmdCopy_Click() {
+    clipboard_.setText(txtReport.text());
 }
 
 } // namespace app

@@ -8,6 +8,7 @@
 #include "model/Helper.h"
 #include "model/OutlineEditing.h"
 #include "ui/ShowHelp.h"
+#include "ui/WindowPlace.h"
 
 namespace app {
 
@@ -137,7 +138,7 @@ void frmMain::Resize() {
 }
 
 void frmMain::restoreWindow() {
-    setSize(settings_.number("Main", "Width", 9650), settings_.number("Main", "Height", 5980));
+    ui::restoreSize(*this, settings_, "Main", 9650, 5980);
     const int state = settings_.number("Main", "Window State", 0);
     if (state == 1 || state == 2) {
         setState(static_cast<ui::WindowState>(state));
@@ -224,17 +225,17 @@ void frmMain::topicChanged(int position) {
     }
 }
 
-void frmMain::topicInserted(int position) {
+void frmMain::topicInserted(int /*position*/) {
     noteWork();
     restartSearch();
-    lvLevels.rowInserted(position);
+    lvLevels.rowInserted();
     selectCurrent();
 }
 
-void frmMain::topicRemoved(int position) {
+void frmMain::topicRemoved(int /*position*/) {
     noteWork();
     restartSearch();
-    lvLevels.rowRemoved(position);
+    lvLevels.rowRemoved();
     selectCurrent();
 }
 
@@ -263,6 +264,7 @@ void frmMain::dataChangedToggled(bool dataChanged) {
     tbTools.setToolTip("Save",
                        dataChanged ? "Save - Current Data Changed" : "Save the Current Data");
     setChanged(dataChanged);
+    showDocument();
     if (dataChanged) {
         noteWork();
     } else {
@@ -271,7 +273,7 @@ void frmMain::dataChangedToggled(bool dataChanged) {
 }
 
 void frmMain::showCurrent() {
-    enableTopicFields(hasTopic());
+    enableFields(hasTopic());
     fillFields(true);
     selectCurrent();
 }
@@ -298,7 +300,14 @@ void frmMain::updateStatus() {
     }
 }
 
+/// As long as nothing is open, the window shows the program's name alone.
+void frmMain::showDocument() {
+    const bool any = project_.hasFile() || project_.dataChanged();
+    setDocument(any ? project_.projectFileTitle() : Text());
+}
+
 void frmMain::notice(const Text& text) {
+    showDocument();
     Text line = project_.projectFileTitle();
     const auto add = [&line](const Text& part) { line += part.empty() ? part : "     " + part; };
     for (const auto& trouble : troubles_) {

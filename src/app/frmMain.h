@@ -12,6 +12,7 @@
 #include "app/dlgReport.h"
 #include "editor/frmEditBody.h"
 #include "help/frmHelp.h"
+#include "import/Synchroniser.h"
 #include "import/frmImport.h"
 #include "model/ProjectFile.h"
 #include "tools/SpellChecker.h"
@@ -55,6 +56,7 @@ public:
     /// Opens the editor for a topic's text.
     void openTopicEditor(int position);
 
+    /// Without fields, no topic is current.
     void enableTopicFields(bool enabled);
 
     /// Keeps unsaved work for a restart at once: the program is about to be ended.
@@ -150,7 +152,7 @@ public:
     /// Null when no topic is being edited.
     editor::frmEditBody* editor() const { return editor_.get(); }
 
-    /// Of the last generation run, as long as it is open; null otherwise.
+    /// Of the last command that had one, as long as it is open; null otherwise.
     dlgReport* report() const { return report_.get(); }
 
     /// For topics of another project, as long as it is open; null otherwise.
@@ -164,6 +166,7 @@ public:
 
     void Resize() override;
     bool mayClose() override;
+    bool takesFiles(const std::vector<std::filesystem::path>& files) const override;
 
 private:
     /// What the line at the bottom goes on saying until it has come right.
@@ -171,7 +174,9 @@ private:
 
     // What happens to the project.
     void topicChanged(int position) override;
+    void topicInserting(int position) override { lvLevels.rowInserting(position); }
     void topicInserted(int position) override;
+    void topicRemoving(int position) override { lvLevels.rowRemoving(position); }
     void topicRemoved(int position) override;
     void projectReplaced() override;
     void topicsSwapped(int a, int b) override;
@@ -210,6 +215,7 @@ private:
     void updateCommands();
     void updateRecentFiles();
     void updateStatus();
+    void showDocument();
     void notice(const model::Text& text);
     void noticeOutcome(bool done);
     static model::Text failureNotice(const std::error_code& error); ///< empty for none
@@ -219,6 +225,7 @@ private:
     void showCurrent();
     void selectCurrent();
     void fillFields(bool always);
+    void enableFields(bool enabled);
     bool closeEditor();
     bool storeEditor();
     bool leaveEditorForUndo(const model::UndoRecord& step);
@@ -238,6 +245,8 @@ private:
     void importTextFile(const std::filesystem::path& file);
     void importVbProject(const std::filesystem::path& file);
     void finishImport(const importer::ImportOutcome& outcome);
+    void tellConflicts(const importer::Synchronisation& result);
+    void showReport(model::TextView caption, model::HelpContext context, const model::Text& text);
 
     std::map<Trouble, model::Text> troubles_; ///< what is wrong until it is mended
     bool keepsWork_ = false;                  ///< not while work of an earlier run is in question

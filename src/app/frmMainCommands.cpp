@@ -147,7 +147,7 @@ void frmMain::mnuFileGenerateDoc_Click() {
 }
 
 void frmMain::mnuFileProperties_Click() {
-    frmOptions options(*this, project_.options());
+    frmOptions options(*this, project_.options(), files_.folder());
     options.Apply.connect([this](const model::ProjectOptions& edited) {
         const model::UndoStep step(project_, "Change Properties");
         project_.setOptions(edited);

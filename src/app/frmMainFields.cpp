@@ -33,10 +33,14 @@ void frmMain::fillFields(bool always) {
     }
 }
 
-void frmMain::enableTopicFields(bool enabled) {
+void frmMain::enableFields(bool enabled) {
     for (ui::TextBox* box : {&txtLevel, &txtTitle, &txtFilename, &txtHelpID, &txtHelpNum}) {
         box->setEnabled(enabled);
     }
+}
+
+void frmMain::enableTopicFields(bool enabled) {
+    enableFields(enabled);
     if (!enabled) {
         project_.setCurrentIndex(-1);
     }

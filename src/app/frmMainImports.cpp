@@ -2,7 +2,6 @@
 
 #include "app/frmMain.h"
 #include "generate/GeneratedFile.h"
-#include "import/Synchroniser.h"
 #include "import/TextImport.h"
 #include "import/VbImport.h"
 #include "model/CodePage.h"
@@ -29,11 +28,20 @@ bool hasExtension(const fs::path& file, TextView extension) {
     return model::equalIgnoringCase(platform::utf8FromPath(file.extension()), extension);
 }
 
+bool wantsReport(ui::Window& window, std::size_t conflicts) {
+    return Prompter::current().ask(&window,
+                                   {"There are " + std::to_string(conflicts)
+                                        + " more conflicts.  Show all of them in a report?",
+                                    "Synch Conflict", ui::Buttons::yesNo,
+                                    ui::QuestionIcon::question, "&Report", "One &by One"})
+           == ui::Answer::yes;
+}
+
 } // namespace
 
 fs::path frmMain::importFolder() const {
     const fs::path folder = settings_.path(importSection, importKey);
-    return folder.empty() ? files_.folder() : folder;
+    return folder.empty() ? files_.lastFolder() : folder;
 }
 
 /// Asks for the file to import; its default extension is that of the pattern.
@@ -102,7 +110,10 @@ void frmMain::finishImport(const importer::ImportOutcome& outcome) {
     }
     setTrouble(Trouble::input, failureNotice(outcome.readError));
     if (!outcome.readError) {
-        notice(summary(outcome) + skippedForms(outcome));
+        notice(summary(outcome));
+    }
+    if (!outcome.skipped.empty()) {
+        showReport("Import Report", model::mainWindowHelp, importer::report(outcome));
     }
     updateCommands();
 }
@@ -130,10 +141,37 @@ void frmMain::mnuFileSynch_Click() {
         result = importer::synchronise(project_, platform::fullPath(*file).parent_path()
                                                      / model::pageFolderName);
     }
-    for (const model::Message& conflict : result.conflicts) {
-        Prompter::current().tell(this, conflict);
-    }
+    tellConflicts(result);
     notice(summary(result) + untouchedPages(result));
+}
+
+/// One by one, but for an author who would rather have hundreds of them at once.
+void frmMain::tellConflicts(const importer::Synchronisation& result) {
+    const auto& conflicts = result.conflicts;
+    for (std::size_t told = 0; told < conflicts.size();) {
+        Prompter::current().tell(this, conflicts[told]);
+        ++told;
+        const std::size_t left = conflicts.size() - told;
+        if (told == 1 && left > 1 && wantsReport(*this, left)) {
+            showReport("Synchronization Report", model::mainWindowHelp, importer::report(result));
+            return;
+        }
+    }
+}
+
+/// Takes the place of an earlier report.
+void frmMain::showReport(TextView caption, model::HelpContext context, const Text& text) {
+    report_ = std::make_unique<dlgReport>(*this, caption, context);
+    report_->Closed.connect([this] { discard(std::move(report_)); });
+    report_->txtReport.setText(text);
+    report_->show();
+}
+
+bool frmMain::takesFiles(const std::vector<fs::path>& files) const {
+    return std::any_of(files.begin(), files.end(), [](const fs::path& file) {
+        return hasExtension(file, ".tsp") || hasExtension(file, ".txt")
+               || hasExtension(file, ".vbp");
+    });
 }
 
 /// A project is opened; anything that can be imported is, into that project where there is one.

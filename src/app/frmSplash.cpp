@@ -1,22 +1,20 @@
 #include "app/frmSplash.h"
 
 #include "app/Version.h"
-#include "ui/Browser.h"
 
 namespace app {
 
 frmSplash::frmSplash(ui::Window& owner)
     : Window(Kind::splash, "frmSplash", &owner),
-      lblVersion(*this, model::Text("Version ") + version),
-      lblBrowser(*this, "Pages drawn by " + ui::browserName()) {
+      lblVersion(*this, model::Text("Version ") + version) {
     setCaption("HTML Topicsmith");
     lblProduct.setLarge();
-    for (ui::Label* label : {&lblProduct, &lblVersion, &lblPurpose, &lblBrowser}) {
+    for (ui::Label* label : {&lblProduct, &lblVersion, &lblPurpose}) {
         label->setCentred();
     }
     auto content = ui::Layout::column();
     content.addSpace(300).add(imgProgram).addSpace(150).add(lblProduct).add(lblVersion);
-    content.addSpace(150).add(lblPurpose).add(lblBrowser).addSpace(300);
+    content.addSpace(150).add(lblPurpose).addSpace(300);
     setLayout(std::move(content));
     setMinimumSize(6300, 3900);
     UI_ON(tmrClose, Tick);

@@ -6,8 +6,8 @@
 
 namespace app {
 
-/// Product name and version, at the start of the program and from About; closed by a click or key,
-/// or by its timer.
+/// Product name and version, at the start of the program and from About; closed by a click or key
+/// in any window, or by its timer.
 class frmSplash : public ui::Window {
 public:
     explicit frmSplash(ui::Window& owner);
@@ -16,7 +16,6 @@ public:
     ui::Label lblProduct{*this, "HTML Topicsmith"};
     ui::Label lblVersion;
     ui::Label lblPurpose{*this, "An authoring tool for compiled HTML help"};
-    ui::Label lblBrowser;
     ui::Timer tmrClose;
 
     void startTimer() { tmrClose.start(2000); }

@@ -17,7 +17,8 @@ namespace fs = std::filesystem;
 using ui::Prompter;
 
 fs::path frmEditBody::projectFolder() const {
-    return settings_.path("Open", "File Path");
+    return project_.hasFile() ? project_.projectPath().parent_path()
+                              : settings_.path("Open", "File Path");
 }
 
 // ---- Clipboard and import ----
@@ -94,8 +95,7 @@ void frmEditBody::mnuFilePreview_Click() {
         });
         preview_->Activated.connect([this] { Raised.raise(); });
     }
-    const fs::path folder =
-        project_.hasFile() ? project_.projectPath().parent_path() : projectFolder();
+    const fs::path folder = projectFolder();
     if (preview_->preview(topic.title, page, programFolder_ / pageName, folder)
         && preview_->preview(topic.title, page, ui::Application::userFolder() / pageName, folder)) {
         Prompter::current().beep();

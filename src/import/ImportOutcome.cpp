@@ -41,8 +41,18 @@ Text named(const model::FileFailures& files) {
     return list;
 }
 
-Text skippedForms(const ImportOutcome& outcome) {
-    return named(outcome.skipped);
+void appendLines(Text& text, const model::FileFailures& files) {
+    for (const model::FileFailure& file : files) {
+        model::appendLine(text, model::displayText(file.path), ": ", model::fromUtf8(file.reason));
+    }
+}
+
+Text report(const ImportOutcome& outcome) {
+    Text text;
+    model::appendLine(text, summary(outcome));
+    model::appendLine(text);
+    appendLines(text, outcome.skipped);
+    return text;
 }
 
 bool isWhole(const ImportOutcome& outcome) {

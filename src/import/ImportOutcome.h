@@ -25,11 +25,14 @@ struct ImportOutcome {
 /// "12 topics imported, 2 forms skipped", for a line on the screen.
 model::Text summary(const ImportOutcome& outcome);
 
-/// ": frmMap.frm (No such file or directory), ...", to go on with; empty when no form was skipped.
-model::Text skippedForms(const ImportOutcome& outcome);
+/// The same with a line for each skipped form, for a window of its own.
+model::Text report(const ImportOutcome& outcome);
 
-/// The same of any files.
+/// ": a.htm (Permission denied), ...", to go on with; empty for no file.
 model::Text named(const model::FileFailures& files);
+
+/// The same at any length, with a line for each.
+void appendLines(model::Text& text, const model::FileFailures& files);
 
 /// Whether everything came in that the input holds.
 bool isWhole(const ImportOutcome& outcome);

@@ -17,6 +17,12 @@ model::Message conflictMessage(const Text& fileName) {
             "Synch Conflict", model::MessageIcon::exclamation};
 }
 
+model::FileFailures untouched(const Synchronisation& result) {
+    model::FileFailures pages = result.unreadable;
+    pages.insert(pages.end(), result.withoutText.begin(), result.withoutText.end());
+    return pages;
+}
+
 } // namespace
 
 Synchronisation synchronise(model::Project& project, const std::filesystem::path& pageFolder) {
@@ -74,9 +80,18 @@ Text summary(const Synchronisation& result) {
 }
 
 Text untouchedPages(const Synchronisation& result) {
-    model::FileFailures pages = result.unreadable;
-    pages.insert(pages.end(), result.withoutText.begin(), result.withoutText.end());
-    return named(pages);
+    return named(untouched(result));
+}
+
+Text report(const Synchronisation& result) {
+    Text text;
+    model::appendLine(text, summary(result));
+    model::appendLine(text);
+    for (const model::Message& conflict : result.conflicts) {
+        model::appendLine(text, conflict.text);
+    }
+    appendLines(text, untouched(result));
+    return text;
 }
 
 } // namespace importer

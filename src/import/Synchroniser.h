@@ -30,4 +30,7 @@ model::Text summary(const Synchronisation& result);
 /// ": a.htm (Permission denied), ...", to go on with: the pages that could not be looked at.
 model::Text untouchedPages(const Synchronisation& result);
 
+/// The summary with a line for each conflict and each of those pages, for a window of its own.
+model::Text report(const Synchronisation& result);
+
 } // namespace importer

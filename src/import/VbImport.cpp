@@ -57,6 +57,11 @@ Topic topicOf(VbForm form) {
     return topic;
 }
 
+/// Authors of an application know a form by its object's name.
+std::string reasonWithoutCaption(const VbForm& form) {
+    return form.name.empty() ? "no caption" : model::toUtf8(form.name) + " has no caption";
+}
+
 /// `path` is as it stands in the project file; not empty.
 void importForm(Project& project, TextView path, model::FileFinder& finder,
                 ImportOutcome& outcome) {
@@ -71,7 +76,7 @@ void importForm(Project& project, TextView path, model::FileFinder& finder,
     }
     VbForm form = readVbForm(text);
     if (form.caption.empty()) {
-        outcome.skipped.push_back({model::nativePath(path), "no caption"});
+        outcome.skipped.push_back({model::nativePath(path), reasonWithoutCaption(form)});
     } else if (appendTopic(project, topicOf(std::move(form)), outcome)) {
         project.markChanged(model::statusNew);
     }

@@ -1,6 +1,7 @@
 #include "model/Project.h"
 
 #include <algorithm>
+#include <cassert>
 #include <utility>
 
 #include "model/CodePage.h"
@@ -10,6 +11,14 @@ namespace model {
 ProjectObserver& Project::nobody() {
     static ProjectObserver observer;
     return observer;
+}
+
+template <typename... Arguments>
+void Project::tell(void (ProjectObserver::*what)(Arguments...), Arguments... arguments) {
+    assert(!telling_ && "an observer changes what it is told about");
+    telling_ = true;
+    (observer_->*what)(arguments...);
+    telling_ = false;
 }
 
 void Project::setObserver(ProjectObserver* observer) {
@@ -28,7 +37,7 @@ void Project::replace(TopicOutline outline, ProjectOptions options, std::filesys
     currentIndex_ = outline_.empty() ? -1 : 1;
     history_.clear();
     markSaved();
-    observer_->projectReplaced();
+    tell(&ProjectObserver::projectReplaced);
 }
 
 void Project::setProjectPath(std::filesystem::path path) {
@@ -41,13 +50,13 @@ void Project::setProjectPath(std::filesystem::path path) {
 void Project::setField(int position, Text Topic::*field, Text value) {
     std::swap(outline_.at(position).*field, value);
     history_.record(FieldChange{position, field, std::move(value)});
-    observer_->topicChanged(position);
+    tell(&ProjectObserver::topicChanged, position);
 }
 
 void Project::setCurrentIndex(int position) {
     if (currentIndex_ != position) {
         currentIndex_ = position;
-        observer_->currentIndexChanged(position);
+        tell(&ProjectObserver::currentIndexChanged, position);
     }
 }
 
@@ -65,16 +74,18 @@ void Project::removeTopic(int position) {
 }
 
 void Project::insertAt(int position, Topic topic) {
+    tell(&ProjectObserver::topicInserting, position);
     outline_.insert(position, std::move(topic));
     const bool moved = currentIndex_ >= position;
     currentIndex_ += moved ? 1 : 0;
-    observer_->topicInserted(position);
+    tell(&ProjectObserver::topicInserted, position);
     if (moved) {
-        observer_->currentTopicMoved(currentIndex_);
+        tell(&ProjectObserver::currentTopicMoved, currentIndex_);
     }
 }
 
 Topic Project::removeAt(int position) {
+    tell(&ProjectObserver::topicRemoving, position);
     Topic topic = outline_.remove(position);
     const bool wasCurrent = currentIndex_ == position;
     const bool moved = currentIndex_ > position;
@@ -83,11 +94,11 @@ Topic Project::removeAt(int position) {
     } else if (moved || currentIndex_ > outline_.count()) {
         --currentIndex_;
     }
-    observer_->topicRemoved(position);
+    tell(&ProjectObserver::topicRemoved, position);
     if (wasCurrent) {
-        observer_->currentIndexChanged(currentIndex_);
+        tell(&ProjectObserver::currentIndexChanged, currentIndex_);
     } else if (moved) {
-        observer_->currentTopicMoved(currentIndex_);
+        tell(&ProjectObserver::currentTopicMoved, currentIndex_);
     }
     return topic;
 }
@@ -102,7 +113,7 @@ void Project::swapTopics(int a, int b) {
 void Project::apply(ProjectChange& change) {
     if (auto* field = std::get_if<FieldChange>(&change)) {
         std::swap(outline_.at(field->position).*field->field, field->value);
-        observer_->topicChanged(field->position);
+        tell(&ProjectObserver::topicChanged, field->position);
     } else if (auto* topic = std::get_if<TopicChange>(&change)) {
         if (topic->absent) {
             insertAt(topic->position, *std::exchange(topic->absent, std::nullopt));
@@ -114,10 +125,10 @@ void Project::apply(ProjectChange& change) {
         observer_->topicsSwapped(swap->a, swap->b);
         const bool moved = currentIndex_ == swap->a || currentIndex_ == swap->b;
         currentIndex_ = moved ? swap->a + swap->b - currentIndex_ : currentIndex_;
-        observer_->topicChanged(swap->a);
-        observer_->topicChanged(swap->b);
+        tell(&ProjectObserver::topicChanged, swap->a);
+        tell(&ProjectObserver::topicChanged, swap->b);
         if (moved) {
-            observer_->currentTopicMoved(currentIndex_);
+            tell(&ProjectObserver::currentTopicMoved, currentIndex_);
         }
     } else if (auto* options = std::get_if<OptionsChange>(&change)) {
         std::swap(options_, options->value);
@@ -168,7 +179,7 @@ void Project::markSaved() {
 void Project::setDataChanged(bool changed) {
     if (dataChanged_ != changed) {
         dataChanged_ = changed;
-        observer_->dataChangedToggled(changed);
+        tell(&ProjectObserver::dataChangedToggled, changed);
     }
 }
 

@@ -18,7 +18,10 @@ public:
     virtual ~ProjectObserver() = default;
 
     virtual void topicChanged(int /*position*/) {}
+    // A topic that comes or goes is told of before and after.
+    virtual void topicInserting(int /*position*/) {}
     virtual void topicInserted(int /*position*/) {}
+    virtual void topicRemoving(int /*position*/) {}
     virtual void topicRemoved(int /*position*/) {}
     /// Every row may be another one now; the options too.
     virtual void projectReplaced() {}
@@ -128,6 +131,10 @@ private:
 
     friend class UndoStep;
 
+    /// Every word to the observer goes through here.
+    template <typename... Arguments>
+    void tell(void (ProjectObserver::*what)(Arguments...), Arguments... arguments);
+
     void setDataChanged(bool changed);
     void insertAt(int position, Topic topic);
     Topic removeAt(int position);
@@ -142,6 +149,7 @@ private:
     int currentIndex_ = -1;
     UndoHistory history_;
     ProjectObserver* observer_ = &nobody();
+    bool telling_ = false;
 };
 
 /// Marks what happens during its life as one command that can be taken back.

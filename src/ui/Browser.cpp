@@ -11,7 +11,9 @@ namespace ui {
 
 namespace {
 
-/// The build decides whether there is a web engine, and the person whether it is used.
+/// The build decides whether there is a web engine, and the person whether it is used:
+/// TOPICSMITH_BROWSER=text in the environment asks for the toolkit's rich text, which shows the
+/// simpler part of HTML.
 bool hasWebEngine() {
 #ifdef TOPICSMITH_WEB_ENGINE
     return qEnvironmentVariable("TOPICSMITH_BROWSER") != QLatin1String("text");
@@ -21,10 +23,6 @@ bool hasWebEngine() {
 }
 
 } // namespace
-
-std::string browserName() {
-    return hasWebEngine() ? "Qt WebEngine" : "Qt rich text";
-}
 
 QFunctionPointer browserFunction(const char* name) {
     const char* library = hasWebEngine() ? "topicsmith-browser" : "topicsmith-text-browser";

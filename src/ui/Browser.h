@@ -1,7 +1,6 @@
 #pragma once
 
 #include <filesystem>
-#include <string>
 
 #include "ui/Control.h"
 #include "ui/Event.h"
@@ -26,9 +25,5 @@ private:
     Native& browser() const;
     static std::unique_ptr<NativeWidget> make(Browser& browser, Container& container);
 };
-
-/// What draws pages here, in the preview and in the help: "Qt WebEngine", or "Qt rich text", which
-/// shows the simpler part of HTML. The environment's TOPICSMITH_BROWSER=text asks for the latter.
-std::string browserName();
 
 } // namespace ui

@@ -9,9 +9,19 @@ namespace ui {
 /// toolkit.
 void reportException() noexcept;
 
+/// Stands while what the toolkit has called for is done; see Window::discard().
+class RunningHandler {
+public:
+    RunningHandler() noexcept;
+    ~RunningHandler();
+    RunningHandler(const RunningHandler&) = delete;
+    RunningHandler& operator=(const RunningHandler&) = delete;
+};
+
 /// Calls what the toolkit has called for; an exception ends here.
 template <typename Function>
 void guarded(const Function& function) noexcept {
+    const RunningHandler running;
     try {
         function();
     } catch (...) {

@@ -46,6 +46,7 @@ public:
         setSelectionMode(QAbstractItemView::SingleSelection);
         setEditTriggers(QAbstractItemView::NoEditTriggers);
         setDragDropOverwriteMode(false);
+        setDropIndicatorShown(false); // one column wide; see paintEvent()
         setTabKeyNavigation(false);
         header()->setStretchLastSection(model.columnCount() == 1);
         header()->setSectionsMovable(false);
@@ -99,6 +100,13 @@ protected:
             painter.setPen(palette().color(QPalette::Highlight));
             painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
         }
+        if (dropGap_ >= 0) {
+            constexpr int thickness = 4;
+            const QRect above = visualRect(model_.index(dropGap_ - 1, 0)); // empty for none
+            QPainter(viewport())
+                .fillRect(0, std::max(above.bottom() + 1 - thickness / 2, 0), viewport()->width(),
+                          thickness, palette().color(QPalette::Highlight));
+        }
     }
 
     /// Without the toolkit's picture of the row, which would hide where it is going to.
@@ -125,9 +133,22 @@ protected:
         }
     }
 
-    void dropEvent(QDropEvent* event) override {
+    void dragMoveEvent(QDragMoveEvent* event) override {
+        QTreeView::dragMoveEvent(event);
         const int from = model_.draggedRow(*event->mimeData());
-        const int to = targetRow(from, event->position().toPoint());
+        const int gap = gapAt(event->position().toPoint());
+        markGap(event->isAccepted() && targetRow(from, gap) != from ? gap : -1);
+    }
+
+    void dragLeaveEvent(QDragLeaveEvent* event) override {
+        QTreeView::dragLeaveEvent(event);
+        markGap(-1);
+    }
+
+    void dropEvent(QDropEvent* event) override {
+        markGap(-1);
+        const int from = model_.draggedRow(*event->mimeData());
+        const int to = targetRow(from, gapAt(event->position().toPoint()));
         event->setDropAction(Qt::CopyAction); // the view need not remove the row
         event->accept();
         setState(NoState);
@@ -168,19 +189,26 @@ private:
         }
     }
 
-    /// The row whose place the dragged one takes, dropped above or below the row under the mouse.
-    int targetRow(int from, QPoint place) const {
+    /// How many rows stand before the gap above or below the row under the mouse.
+    int gapAt(QPoint place) const {
         const QModelIndex under = indexAt(place);
         if (!under.isValid()) {
             return model_.rowCount();
         }
-        const bool below = place.y() > visualRect(under).center().y();
-        const int gap = under.row() + (below ? 1 : 0); // rows before the gap
-        return gap >= from ? gap : gap + 1;
+        return under.row() + (place.y() > visualRect(under).center().y() ? 1 : 0);
+    }
+
+    /// The row whose place the dragged one takes when it is dropped into a gap.
+    static int targetRow(int from, int gap) { return gap >= from ? gap : gap + 1; }
+
+    void markGap(int gap) {
+        dropGap_ = gap;
+        viewport()->update();
     }
 
     ListView& owner_;
     ListModel& model_;
+    int dropGap_ = -1; ///< where a dragged row would go; -1 for nowhere
 };
 
 } // namespace
@@ -248,14 +276,24 @@ void ListView::rowChanged(int row) {
     list().model.rowChanged(row);
 }
 
-void ListView::rowInserted(int row) {
+void ListView::rowInserting(int row) {
     const WhileByProgram guard(list().byProgram);
-    list().model.rowInserted(row);
+    list().model.rowInserting(row);
 }
 
-void ListView::rowRemoved(int row) {
+void ListView::rowInserted() {
     const WhileByProgram guard(list().byProgram);
-    list().model.rowRemoved(row);
+    list().model.rowInserted();
+}
+
+void ListView::rowRemoving(int row) {
+    const WhileByProgram guard(list().byProgram);
+    list().model.rowRemoving(row);
+}
+
+void ListView::rowRemoved() {
+    const WhileByProgram guard(list().byProgram);
+    list().model.rowRemoved();
 }
 
 void ListView::reset() {

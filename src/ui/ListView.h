@@ -44,11 +44,13 @@ public:
     /// The source is not owned and must outlive the list.
     ListView(Container& container, const std::vector<Column>& columns, const ListSource& source);
 
-    // What happened in the source.
+    // What happens in the source. A row that comes or goes is told of before and after.
     void rowChanged(int row);
-    void rowInserted(int row);
-    void rowRemoved(int row);
-    void reset();
+    void rowInserting(int row);
+    void rowInserted();
+    void rowRemoving(int row);
+    void rowRemoved();
+    void reset(); ///< all rows are others now
 
     /// -1 for none. A row that came or went above it takes the selection along.
     int selected() const;

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QUrl>
@@ -68,6 +69,17 @@ QString existingFolder(std::filesystem::path folder) {
     return pathToQt(folder);
 }
 
+/// Of a pattern, as of a name, the toolkit's own dialog would look for the file.
+void presetName(QFileDialog& dialog, const QString& name) {
+    auto* box = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    if (box != nullptr && name.contains('*')) {
+        box->setText(name);
+        box->selectAll();
+    } else {
+        dialog.selectFile(name);
+    }
+}
+
 } // namespace
 
 Answer Prompter::ask(Window* window, const MessageBox& box) {
@@ -107,14 +119,12 @@ std::optional<std::filesystem::path> Prompter::chooseFile(Window* window,
     dialog.setOption(QFileDialog::HideNameFilterDetails); // the description names the pattern
     dialog.setNameFilters(filters);
     dialog.selectNameFilter(filters.value(question.filterIndex - 1));
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !question.asksToReplace);
     dialog.setDefaultSuffix(toQt(question.defaultExtension));
     if (question.fileName.has_parent_path()) {
         dialog.setDirectory(pathToQt(question.fileName.parent_path()));
     }
-    // A pattern is what the filter is for; as a name, the toolkit would look for a file of it.
-    if (const QString name = pathToQt(question.fileName.filename()); !name.contains('*')) {
-        dialog.selectFile(name);
-    }
+    presetName(dialog, pathToQt(question.fileName.filename()));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return {};
     }

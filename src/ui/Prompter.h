@@ -40,6 +40,7 @@ struct FileQuestion {
     std::filesystem::path folder;   ///< shown first; empty for the current one
     std::filesystem::path fileName; ///< preset; with a folder of its own, that one is shown
     Text defaultExtension = {};     ///< for a name without one; without the point
+    bool asksToReplace = true;      ///< where a file is to be saved that is there already
 
     bool operator==(const FileQuestion&) const = default;
 };
@@ -56,7 +57,7 @@ public:
     /// A box closed without a button counts as cancelled, or as No where nothing can be cancelled.
     virtual Answer ask(Window* window, const MessageBox& box);
 
-    /// Empty when cancelled. Overwriting a file was confirmed.
+    /// Empty when cancelled. That a file is replaced was confirmed where the question wants that.
     virtual std::optional<std::filesystem::path> chooseFile(Window* window,
                                                             const FileQuestion& question);
     virtual void beep();

@@ -4,21 +4,18 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
-#include <QDialog>
 #include <QLayout>
 #include <QMainWindow>
-#include <QMimeData>
-#include <QPainter>
 #include <QScreen>
 #include <QThread>
 #include <QTimer>
 #include <QWindow>
 
-#include "ui/ShowHelp.h"
 #include "ui/Twips.h"
 #include "ui/qt/MenuNative.h"
 #include "ui/qt/Native.h"
 #include "ui/qt/TextBoxNative.h"
+#include "ui/qt/WindowShells.h"
 
 namespace ui {
 
@@ -35,118 +32,49 @@ std::vector<std::unique_ptr<Window>>& discarded() {
     return windows;
 }
 
-/// What a window does when the person acts on it; the same for all kinds of windows.
-template <typename Base>
-class Shell : public Base {
-public:
-    Shell(Window& owner, QWidget* parent) : Base(parent), owner_(owner) {
-        this->setAcceptDrops(true);
-    }
+/// A handler's box or dialog lets events happen: the window in whose handler that is must not go
+/// yet.
+int runningHandlers = 0;
 
-protected:
-    void closeEvent(QCloseEvent* event) override {
-        bool mayClose = false;
-        guarded([&] { mayClose = owner_.mayClose(); });
-        if (!mayClose) {
-            event->ignore();
-            return;
+void dropDiscardedLater() {
+    QTimer::singleShot(0, qApp, [] {
+        if (runningHandlers == 0) {
+            Window::dropDiscarded();
         }
-        event->accept();
-        // The window may be gone when the handler returns: it is told later, when nothing here
-        // is left to do.
-        QTimer::singleShot(0, this, [this] { owner_.Closed.raise(); });
-    }
-
-    void resizeEvent(QResizeEvent* event) override {
-        Base::resizeEvent(event);
-        guarded([this] { owner_.Resize(); });
-    }
-
-    bool event(QEvent* event) override {
-        const bool handled = Base::event(event);
-        if (event->type() == QEvent::LayoutRequest) { // a font or scale has changed
-            guarded([this] { owner_.Resize(); });
-        } else if (event->type() == QEvent::WindowActivate) {
-            // When the toolkit is done with it: the handler may ask something.
-            QTimer::singleShot(0, this, [this] {
-                if (this->isActiveWindow() && QApplication::activeModalWidget() == nullptr) {
-                    owner_.Activated.raise();
-                }
-            });
-        }
-        return handled;
-    }
-
-    void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() == Qt::Key_F1 && owner_.helpContext() != 0) {
-            guarded([this] { showHelp(owner_.helpContext()); });
-        } else {
-            Base::keyPressEvent(event);
-        }
-    }
-
-    void dragEnterEvent(QDragEnterEvent* event) override { takeFiles(event, false); }
-    void dropEvent(QDropEvent* event) override { takeFiles(event, true); }
-
-private:
-    void takeFiles(QDropEvent* event, bool dropped) {
-        std::vector<std::filesystem::path> files;
-        for (const QUrl& url : event->mimeData()->urls()) {
-            if (url.isLocalFile()) {
-                files.push_back(pathFromQt(url.toLocalFile()));
-            }
-        }
-        if (files.empty() || !owner_.FilesDropped.isConnected()) {
-            event->ignore();
-            return;
-        }
-        event->acceptProposedAction();
-        if (dropped) {
-            // After the drop is over: the handler may ask something, and the source waits.
-            QTimer::singleShot(0, this, [this, files] { owner_.FilesDropped.raise(files); });
-        }
-    }
-
-    Window& owner_;
-};
-
-class DialogShell : public Shell<QDialog> {
-public:
-    using Shell::Shell;
-    void reject() override { close(); } // Escape
-};
-
-class SplashShell : public Shell<QDialog> {
-public:
-    using Shell::Shell;
-
-protected:
-    void mousePressEvent(QMouseEvent*) override { close(); }
-    void keyPressEvent(QKeyEvent*) override { close(); }
-
-    void paintEvent(QPaintEvent* event) override {
-        Shell::paintEvent(event);
-        QPainter painter(this);
-        painter.setPen(palette().color(QPalette::Mid));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    }
-
-    /// No window manager places a splash window.
-    void showEvent(QShowEvent* event) override {
-        Shell::showEvent(event);
-        move(screen()->availableGeometry().center() - rect().center());
-    }
-};
+    });
+}
 
 } // namespace
+
+RunningHandler::RunningHandler() noexcept {
+    ++runningHandlers;
+}
+
+RunningHandler::~RunningHandler() {
+    if (--runningHandlers == 0 && !discarded().empty()) {
+        dropDiscardedLater();
+    }
+}
 
 struct Window::Native : NativeWidget {
     using NativeWidget::NativeWidget;
     std::unique_ptr<NativeWidget> inside; ///< where the controls are placed
     Text name;
     QMetaObject::Connection focusWatch;
+    QString caption;
+    QString document;
     int helpContext = 0;
     QPointer<QWidget> focused; ///< the last one but for the menu bar, which takes it for a while
+
+    /// The toolkit shows the changed mark at the place that is kept for it, and wants that doubled
+    /// where it is part of a text.
+    void showTitle() const {
+        const QString mark = QStringLiteral("[*]");
+        const auto plain = [&mark](QString text) { return text.replace(mark, mark + mark); };
+        widget->setWindowTitle(document.isEmpty()
+                                   ? plain(caption) + mark
+                                   : plain(document) + mark + " - " + plain(caption));
+    }
 };
 
 Window::Window(Kind kind, TextView name, Window* owner) {
@@ -196,16 +124,22 @@ NativeWidget& Window::native() const {
 }
 
 void Window::setCaption(TextView caption) {
-    native_->widget->setWindowTitle(toQt(caption) + QStringLiteral("[*]"));
+    native_->caption = toQt(caption);
+    native_->showTitle();
 }
 
 void Window::setUnicodeCaption(const std::string& utf8) {
-    native_->widget->setWindowTitle(QString::fromStdString(utf8) + QStringLiteral("[*]"));
+    native_->caption = QString::fromStdString(utf8);
+    native_->showTitle();
 }
 
 Text Window::caption() const {
-    QString title = native_->widget->windowTitle();
-    return fromQt(title.remove(QStringLiteral("[*]"))); // where the changed mark stands
+    return fromQt(native_->caption);
+}
+
+void Window::setDocument(TextView name) {
+    native_->document = toQt(name);
+    native_->showTitle();
 }
 
 void Window::setHelpContext(int context) {
@@ -304,11 +238,11 @@ void Window::closeAllBut(const Window& window) {
 
 void Window::discard(std::unique_ptr<Window> window) {
     discarded().push_back(std::move(window));
-    QTimer::singleShot(0, qApp, &Window::dropDiscarded);
+    dropDiscardedLater();
 }
 
 void Window::dropDiscarded() {
-    discarded().clear();
+    std::exchange(discarded(), {}).clear(); // which may raise events
 }
 
 int Window::width() const {

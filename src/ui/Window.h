@@ -30,11 +30,14 @@ public:
     void setUnicodeCaption(const std::string& utf8);
     Text caption() const;
 
+    /// What is open in the window, shown before the caption; empty for nothing.
+    void setDocument(TextView name);
+
     /// The page of the program's own help that F1 shows here, see ShowHelp.h. 0 for none.
     void setHelpContext(int context);
     int helpContext() const;
 
-    /// Shows the changed mark beside the caption, where the platform has one.
+    /// Shows the changed mark beside the document, or else the caption, where the platform has one.
     void setChanged(bool changed);
 
     void show();
@@ -64,7 +67,8 @@ public:
     static Window* modal();
     static void closeAllBut(const Window& window);
 
-    /// Lets go of a window at the next quiet moment, so that its own handlers may order it.
+    /// Lets go of a window at the next moment when no handler runs, so that its own may order it
+    /// and ask something afterwards.
     static void discard(std::unique_ptr<Window> window);
     static void dropDiscarded(); ///< at once
 
@@ -99,11 +103,15 @@ public:
     Event<> Closed;
     Event<> Activated;   ///< the person comes back to it, and nothing else waits for an answer
     Event<> FocusChange; ///< another control, perhaps none, has the focus
-    Event<const std::vector<std::filesystem::path>&> FilesDropped;
+    Event<const std::vector<std::filesystem::path>&> FilesDropped; ///< which takesFiles() accepted
 
     // What the person does to the window; for the window itself to answer.
     virtual void Resize() {}
     virtual bool mayClose() { return true; }
+    /// Whether anything is done with files that are about to be dropped.
+    virtual bool takesFiles(const std::vector<std::filesystem::path>& /*files*/) const {
+        return false;
+    }
 
 private:
     struct Native;

@@ -4,14 +4,25 @@
 
 namespace ui {
 
+namespace {
+
+/// Of the window manager's title bar, which nobody knows before the window is shown.
+constexpr int titleHeight = 540;
+
+} // namespace
+
+void restoreSize(Window& window, const Settings& settings, const char* section, int width,
+                 int height) {
+    window.setSize(
+        std::min(settings.number(section, "Width", width), Window::screenWidth()),
+        std::min(settings.number(section, "Height", height), Window::screenHeight() - titleHeight));
+}
+
 void restorePlace(Window& window, const Settings& settings, const char* section, int width,
                   int height) {
-    width = settings.number(section, "Width", width);
-    height = settings.number(section, "Height", height);
-    window.setSize(width, height);
-    // A screen can be smaller than the one of the last time.
-    const int lastLeft = std::max(Window::screenWidth() - width, 0);
-    const int lastTop = std::max(Window::screenHeight() - height, 0);
+    restoreSize(window, settings, section, width, height);
+    const int lastLeft = std::max(Window::screenWidth() - window.width(), 0);
+    const int lastTop = std::max(Window::screenHeight() - titleHeight - window.height(), 0);
     window.setPosition(std::clamp(settings.number(section, "Left", lastLeft / 2), 0, lastLeft),
                        std::clamp(settings.number(section, "Top", lastTop / 2), 0, lastTop));
     const int state = settings.number(section, "Window State", 0);

@@ -53,3 +53,20 @@ TEST_F(AllWindows, NameTheirControlsAndCloseWithEscape) {
     }
     EXPECT_TRUE(window->isVisible());
 }
+
+TEST_F(AllWindows, TheSplashGoesWithTheNextKeyOrClickInAnyOfThem) {
+    app::frmSplash splash(*window);
+    const auto reappear = [&] {
+        show(splash);
+        show(*window);
+        return splash.isVisible();
+    };
+    EXPECT_TRUE(reappear());
+    press("Down");
+    EXPECT_FALSE(splash.isVisible());
+    EXPECT_TRUE(reappear());
+    click(window->lvLevels);
+    EXPECT_FALSE(splash.isVisible());
+    press("Ctrl+F"); // and reaches its window as ever
+    EXPECT_NE(window->findDialog(), nullptr);
+}

@@ -34,7 +34,7 @@ protected:
                          "Synchronize Help HTML Files with Topicsmith Project",
                          "Topicsmith Project Files (*.tsp)|*.tsp|Text Files (*.txt)|*.txt|"
                          "All Files (*.*)|*.*",
-                         1, settings->path("Open", "File Path"), preset, "tsp"},
+                         1, folder.path(), preset, "tsp"},
             std::move(answer));
     }
 
@@ -50,6 +50,34 @@ protected:
                                      + "\r\n1\r\n2\r\n3\r\n4\r\n5\r\n"
                                        "6\r\n7\r\n"
                                      + whole.substr(whole.find("++")));
+    }
+
+    /// What it said.
+    std::string closeReport() {
+        if (window->report() == nullptr) {
+            return "no report";
+        }
+        app::dlgReport& report = *window->report();
+        click(report.cmdCopy);
+        EXPECT_EQ(ui::Clipboard().text(), report.txtReport.text());
+        const std::string text = report.caption() + '\n' + report.txtReport.text();
+        click(report.OKButton);
+        EXPECT_EQ(window->report(), nullptr);
+        show(*window);
+        return text;
+    }
+
+    /// A project whose pages somebody has edited.
+    void generateAndEdit(std::initializer_list<const char*> names) {
+        load(titled(names));
+        generate::generateHelp(project(),
+                               {folder / "p.hhp", {}, [] { return std::error_code(); }, {}});
+        for (const char* name : names) {
+            const fs::path page = folder / "html" / (std::string(name) + ".htm");
+            std::string bytes = test::bytesOf(page);
+            bytes.replace(bytes.find("text"), 4, "edited");
+            test::writeBytes(page, bytes);
+        }
     }
 
     std::string status() { return window->lblStatus.caption(); }
@@ -94,8 +122,8 @@ TEST_F(ImportCommands, DroppedFilesComeInWithoutAQuestion) {
     EXPECT_EQ(titles(), "App Overview:N A:N");
     EXPECT_EQ(window->txtTitle.text(), "App Overview");
     EXPECT_TRUE(window->txtTitle.isEnabled());
-    EXPECT_EQ(status(), "New.tsp     2 topics imported, 1 form skipped: gone.frm (No such file or "
-                        "directory)");
+    EXPECT_EQ(status(), "New.tsp     2 topics imported, 1 form skipped");
+    closeReport();
     dropFile(*window, file("in.txt", "1\tB"));
     EXPECT_EQ(titles(), "App Overview:N A:N B:N");
     window->lvLevels.setFocus();
@@ -106,6 +134,10 @@ TEST_F(ImportCommands, DroppedFilesComeInWithoutAQuestion) {
     press("Ctrl+Y");
     EXPECT_EQ(window->lvLevels.selected(), 1);
     EXPECT_EQ(prompter.takeBeeps(), 0);
+    EXPECT_TRUE(dropFile(*window, file("in.txt", "")));
+    EXPECT_FALSE(dropFile(*window, file("picture.png", ""))); // nothing would come of it
+    window->openTopicEditor(1);
+    EXPECT_FALSE(dropFile(*window->editor(), file("in.txt", "")));
     dropFile(*window, folder / "gone.txt");
     EXPECT_EQ(status(), "New.tsp     Not done: No such file or directory");
     EXPECT_EQ(prompter.takeBeeps(), 1);
@@ -204,13 +236,7 @@ TEST_F(ImportCommands, SynchronisingAsksForAProjectAndNeedsATopic) {
 }
 
 TEST_F(ImportCommands, SynchronisingTakesEditsAndTellsConflicts) {
-    load(titled({"a", "b", "c"}));
-    generate::generateHelp(project(), {folder / "p.hhp", {}, [] { return std::error_code(); }, {}});
-    for (const char* page : {"a.htm", "b.htm"}) {
-        std::string bytes = test::bytesOf(folder / "html" / page);
-        bytes.replace(bytes.find("text"), 4, "edited");
-        test::writeBytes(folder / "html" / page, bytes);
-    }
+    generateAndEdit({"a", "b", "c"});
     fs::remove(folder / "html/c.htm");
     window->showTopic(2);
     enter(window->txtTitle);
@@ -221,9 +247,55 @@ TEST_F(ImportCommands, SynchronisingTakesEditsAndTellsConflicts) {
                      "Synch Conflict", Buttons::ok, QuestionIcon::exclamation});
     EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
     EXPECT_EQ(titles(), "a:S b!:C c:");
-    EXPECT_EQ(topic(1).body + topic(2).body + topic(3).body, "editedtexttext");
+    EXPECT_EQ(topic(1).body + topic(2).body, "editedtext");
     EXPECT_EQ(project().currentIndex(), 2);
     EXPECT_EQ(status(),
               "p.tsp     1 topic taken back, 1 conflict, 1 page missing or damaged: c.htm "
               "(No such file or directory)");
+}
+
+TEST_F(ImportCommands, ManyConflictsFitIntoAReport) {
+    generateAndEdit({"a", "b", "c", "d"});
+    for (int position = 1; position <= 4; ++position) {
+        project().setField(position, &model::Topic::status, "C");
+    }
+    const auto conflict = [](char page) {
+        return std::string("File \"") + page
+               + ".htm\" has a difference content from Stored Body.  Synchronization is not "
+                 "possible";
+    };
+    const auto expectConflict = [&](char page) {
+        prompter.expect({conflict(page), "Synch Conflict", Buttons::ok, QuestionIcon::exclamation});
+    };
+    const ui::MessageBox offer{"There are 3 more conflicts.  Show all of them in a report?",
+                               "Synch Conflict",
+                               Buttons::yesNo,
+                               QuestionIcon::question,
+                               "&Report",
+                               "One &by One"};
+    expectSynchronise(folder / "any.tsp");
+    expectConflict('a');
+    prompter.expect(offer, ui::Answer::no);
+    for (const char page : {'b', 'c', 'd'}) {
+        expectConflict(page);
+    }
+    EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
+    EXPECT_EQ(window->report(), nullptr);
+
+    expectSynchronise(folder / "any.tsp");
+    expectConflict('a');
+    prompter.expect(offer, ui::Answer::yes);
+    EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
+    EXPECT_EQ(status(), "p.tsp     No topics taken back, 4 conflicts");
+    EXPECT_EQ(closeReport(), "Synchronization Report\nNo topics taken back, 4 conflicts\r\n\r\n"
+                                 + conflict('a') + "\r\n" + conflict('b') + "\r\n" + conflict('c')
+                                 + "\r\n" + conflict('d') + "\r\n");
+}
+
+TEST_F(ImportCommands, SkippedFormsAreListedWithTheirNames) {
+    file("a.frm", "VERSION 5.00\nBegin VB.Form frmBlank\nEnd\nAttribute VB_Name = \"frmBlank\"\n");
+    dropFile(*window, file("app.vbp", "Title=App\nForm=a.frm\nForm=sub\\gone.frm"));
+    EXPECT_EQ(closeReport(), "Import Report\n1 topic imported, 2 forms skipped\r\n\r\n"
+                             "a.frm: frmBlank has no caption\r\n"
+                             "sub/gone.frm: No such file or directory\r\n");
 }

@@ -72,6 +72,7 @@ TEST_F(OutlineCommands, DeletedTopicsComeBackAsTheyWere) {
     outline.at(1).status = "S";
     outline.at(3).level = "..2";
     load(outline);
+    watchModelOf(window->lvLevels);
     remove("a");
     EXPECT_EQ(titles(), "b: c:");
     EXPECT_EQ(current(), "b");
@@ -172,6 +173,17 @@ TEST_F(OutlineCommands, ADraggedRowGoesWhereItIsDropped) {
     EXPECT_EQ(titles(), "b: c: a:M d:");
     undo();
     EXPECT_EQ(titles(), "a: b: c: d:");
+}
+
+TEST_F(OutlineCommands, ABarOverTheWholeRowShowsWhereARowWillGo) {
+    load(titled({"a", "b", "c", "d"}));
+    const ui::ListView& list = window->lvLevels;
+    for (const auto& [from, onto, lower] : {std::tuple(1, 3, true), std::tuple(4, 1, false)}) {
+        const Place mark = dropMarkOf(list, from, onto, lower);
+        EXPECT_GT(mark.width, placeOf(list).width * 9 / 10);
+        EXPECT_TRUE(mark.height > 1 && mark.height < 6) << mark.height;
+    }
+    EXPECT_EQ(dropMarkOf(list, 2, 1, true).width, 0); // its own place
 }
 
 TEST_F(OutlineCommands, TypingIsTakenBackFieldByField) {

@@ -264,7 +264,8 @@ TEST_F(ProjectCommands, GenerationRepairsReportsAndSaves) {
                                 1,
                                 folder.path(),
                                 "my.hhp",
-                                "hhp"};
+                                "hhp",
+                                false};
     prompter.expect(question, std::nullopt);
     EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Help Files"}));
     EXPECT_FALSE(fs::exists(folder / "html"));
@@ -306,7 +307,7 @@ TEST_F(ProjectCommands, GenerationAsksOnceBeforeItOverwritesEditedPages) {
     open(folder / "a.tsp");
     const auto expectName = [this] {
         prompter.expect(FileQuestion{FileQuestion::Kind::save, "Generate Help Workshop Files",
-                                     workshopFilter, 1, folder.path(), "a.hhp", "hhp"},
+                                     workshopFilter, 1, folder.path(), "a.hhp", "hhp", false},
                         folder / "a.hhp");
     };
     const auto generate = [this] {
@@ -369,7 +370,7 @@ TEST_F(ProjectCommands, NamesThatTheWorkshopCannotReadAreNeitherProposedNorTaken
     open(file);
     const auto expectName = [this](fs::path answer) {
         prompter.expect(FileQuestion{FileQuestion::Kind::save, "Generate Help Workshop Files",
-                                     workshopFilter, 1, folder.path(), "help.hhp", "hhp"},
+                                     workshopFilter, 1, folder.path(), "help.hhp", "hhp", false},
                         std::move(answer));
     };
     expectName(folder / fs::path(u8"é помощь.hhp"));
@@ -387,6 +388,40 @@ TEST_F(ProjectCommands, NamesThatTheWorkshopCannotReadAreNeitherProposedNorTaken
                                  fs::path(u8"помощь.htm"), "htm"},
                     std::nullopt);
     EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Documentation"}));
+}
+
+TEST_F(ProjectCommands, AnotherProgramsFolderIsOnlyWhereItOpensFiles) {
+    fs::create_directory(folder / "own");
+    fs::create_directory(folder / "others");
+    auto outline = titled({"a"});
+    outline.at(1).body = "<img src='..\\images\\x.jpg'>";
+    test::writeBytes(folder / "own/a.tsp", model::formatProject(outline, {}));
+    open(folder / "own/a.tsp");
+    settings->setPath("Open", "File Path", folder / "others"); // by the other one
+    press("Ctrl+S");
+    EXPECT_EQ(fs::current_path(), fs::canonical(folder / "own"));
+    EXPECT_EQ(settings->path("Open", "File Path"), folder / "others");
+    prompter.expect(FileQuestion{FileQuestion::Kind::save, "Generate Help Documentation as HTML",
+                                 "HTML Files (*.htm)|*.htm||All Files (*.*)|*.*", 1, folder / "own",
+                                 "a.htm", "htm"},
+                    folder / "document.htm");
+    prompter.expect({"HTML Documentation Generation is Complete", "Documentation", Buttons::ok,
+                     QuestionIcon::none});
+    EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Documentation"}));
+    EXPECT_NE(
+        test::bytesOf(folder / "document.htm").find(std::string(folder / "own") + "\\images\\x"),
+        std::string::npos);
+    window->openTopicEditor(1);
+    prompter.expect(FileQuestion{FileQuestion::Kind::open, "Select Graphic to Insert",
+                                 "All Image Files|*.gif;*.jpg;*.bmp;*.jpeg||All Files (*.*)|*.*", 1,
+                                 folder / "own/images", "*.*", ""},
+                    std::nullopt);
+    window->editor()->txtBody.setFocus();
+    window->editor()->mnuTagInsert_Click();
+    EXPECT_TRUE(window->editor()->close());
+    show(*window);
+    expectOpen(folder / "others", {});
+    press("Ctrl+O");
 }
 
 TEST_F(ProjectCommands, DocumentationTakesItsPicturesFromTheProjectsFolder) {

@@ -272,6 +272,10 @@ TEST_F(frmMain, KeepsItsSizesPerWindowState) {
     settle();
     window->close();
     EXPECT_EQ(settings->get("Main", "Window State"), "2");
+    settings->set("Main", "Window State", "0");
+    settings->set("Main", "Width", "90000"); // of a larger screen
+    restart();
+    EXPECT_EQ(window->width(), ui::Window::screenWidth());
 }
 
 TEST_F(frmMain, SaysWhenTheProjectIsChanged) {
@@ -285,4 +289,32 @@ TEST_F(frmMain, SaysWhenTheProjectIsChanged) {
     project().markSaved();
     EXPECT_EQ(buttonPicture(*window, "Save the Current Data"), saved);
     EXPECT_FALSE(isMarkedChanged(*window));
+}
+
+TEST_F(frmMain, ItsTitleNamesTheProject) {
+    EXPECT_EQ(titleOf(*window), "HTML Topicsmith - 0.1");
+    project().markChanged(model::projectChanged);
+    EXPECT_EQ(titleOf(*window), "New.tsp* - HTML Topicsmith - 0.1");
+    project().replace(titled({"a"}), {}, folder / "\xC3\xA4[*].tsp");
+    EXPECT_EQ(titleOf(*window), "\xC3\xA4[*].tsp - HTML Topicsmith - 0.1");
+    project().markChanged(model::projectChanged);
+    EXPECT_EQ(titleOf(*window), "\xC3\xA4[*].tsp* - HTML Topicsmith - 0.1");
+    EXPECT_EQ(window->caption(), "HTML Topicsmith - 0.1");
+    EXPECT_TRUE(isMarkedChanged(*window));
+}
+
+TEST_F(frmMain, TheLevelLooksLikeWhatCannotBeTypedInto) {
+    load(titled({"a"}));
+    const std::string grey = backgroundOf(window->txtLevel);
+    EXPECT_NE(grey, backgroundOf(window->txtTitle));
+    setDarkColours(true);
+    EXPECT_NE(backgroundOf(window->txtLevel), grey);
+    EXPECT_NE(backgroundOf(window->txtLevel), backgroundOf(window->txtTitle));
+    setDarkColours(false);
+    EXPECT_EQ(backgroundOf(window->txtLevel), grey);
+    enter(window->txtTitle);
+    press("Shift+Tab");
+    EXPECT_FALSE(window->txtTitle.hasFocus() || window->txtLevel.hasFocus());
+    press("Alt+L"); // to copy from it
+    EXPECT_TRUE(window->txtLevel.hasFocus());
 }

@@ -234,13 +234,11 @@ TEST_F(frmEditBody, AFolderThatIsNotThereIsNotProposedAsAFile) {
     settings->setPath("Open", "File Path", folder.path());
     ui::Prompter real;
     ui::Prompter::use(&real);
-    std::string shown;
-    whenFileDialog([&shown](const std::string& place, const std::string& name) {
-        shown = place + '|' + name;
-    });
-    EXPECT_TRUE(pressButton(editor(), "Insert Page Link"));
+    const BoxLook shown =
+        lookAtBox([this] { EXPECT_TRUE(pressButton(editor(), "Insert Page Link")); });
     ui::Prompter::use(&prompter);
-    EXPECT_EQ(shown, canonical(folder.path()).generic_string() + '|');
+    EXPECT_EQ(shown.folder, canonical(folder.path()).generic_string());
+    EXPECT_EQ(shown.fileName, "*.*");
 }
 
 TEST_F(frmEditBody, TheEditorStaysWithAMovedTopic) {

@@ -185,7 +185,7 @@ TEST_F(VbImportTest, TitlesAreAsTheyWillBeReadAndEveryFormLineIsNamed) {
     const ImportOutcome outcome = import({"Form=a.frm", "Form= ", "Form=gone.frm"});
     EXPECT_EQ(topic(2).title, "\xC9tage");
     EXPECT_NE(topic(2).body.find(">\xC9tage</a>"), Text::npos);
-    EXPECT_EQ(skippedForms(outcome),
+    EXPECT_EQ(named(outcome.skipped),
               ": app.vbp (a form without a file), gone.frm (No such file or directory)");
 }
 
@@ -208,6 +208,8 @@ TEST_F(VbImportTest, ImportsTheOrchardLedger) {
     for (const model::FileFailure& form : outcome.skipped) {
         skipped += form.path.filename().string() + ": " + form.reason + '\n';
     }
-    EXPECT_EQ(skipped, "frmVarietyCopy.frm: No such file or directory\nfrmSplash.frm: no caption\n"
-                       "frmHidden.frm: no caption\nfrmLogin.frm: No such file or directory\n");
+    EXPECT_EQ(
+        skipped,
+        "frmVarietyCopy.frm: No such file or directory\nfrmSplash.frm: frmSplash has no caption\n"
+        "frmHidden.frm: frmHidden has no caption\nfrmLogin.frm: No such file or directory\n");
 }

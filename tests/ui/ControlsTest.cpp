@@ -5,6 +5,7 @@
 #include "ui/Settings.h"
 #include "ui/Toolbar.h"
 #include "ui/TypingSteps.h"
+#include "ui/WindowPlace.h"
 #include "ui/testing/Driver.h"
 
 using namespace ui::testing;
@@ -139,6 +140,66 @@ TEST_F(Controls, AnExceptionEndsWhereTheEventWasRaised) {
     prompter.expect({"Something unexpected went wrong.\n\nno more room", "", ui::Buttons::ok,
                      ui::QuestionIcon::critical});
     event.raise();
+}
+
+TEST_F(Controls, AWindowStaysAsLongAsOneOfItsHandlersMayRun) {
+    class Watched : public ui::Window {
+    public:
+        explicit Watched(bool& gone) : Window(Kind::dialog, "watched"), gone_(gone) {}
+        ~Watched() override { gone_ = true; }
+
+    private:
+        bool& gone_;
+    };
+    bool gone = false;
+    auto watched = std::make_unique<Watched>(gone);
+    ui::Event<> outer;
+    ui::Event<> inner;
+    inner.connect([&] { ui::Window::discard(std::move(watched)); });
+    outer.connect([&] {
+        inner.raise();
+        settle(); // as while a box stands
+        EXPECT_FALSE(gone);
+    });
+    outer.raise();
+    settle();
+    EXPECT_TRUE(gone);
+}
+
+TEST_F(Controls, AWindowIsNeverLargerThanTheScreen) {
+    const test::TemporaryFolder folder;
+    ui::Settings settings(folder / "settings.ini");
+    for (const char* key : {"Width", "Height", "Left", "Top"}) {
+        settings.setNumber("Place", key, 90000);
+    }
+    ui::restorePlace(window, settings, "Place", 3000, 3000);
+    EXPECT_EQ(window.width(), ui::Window::screenWidth());
+    EXPECT_LT(window.height(), ui::Window::screenHeight()); // it has a title bar as well
+    EXPECT_GT(window.height(), ui::Window::screenHeight() * 9 / 10);
+    EXPECT_EQ(window.left(), 0);
+    EXPECT_EQ(window.top(), 0);
+}
+
+TEST_F(Controls, TheToolkitsBoxesAskWhatTheyAreTold) {
+    ui::Prompter real;
+    EXPECT_FALSE(lookAtBox([&] {
+                     real.ask(&window, {"text", "", ui::Buttons::yesNoCancel});
+                 }).hasPictures);
+    const test::TemporaryFolder folder;
+    const auto look = [&](ui::FileQuestion::Kind kind, const char* name, bool asksToReplace) {
+        return lookAtBox([&] {
+            real.chooseFile(&window, {kind, "Title", "Text Files (*.txt)|*.txt", 1, folder.path(),
+                                      name, "txt", asksToReplace});
+        });
+    };
+    const BoxLook open = look(ui::FileQuestion::Kind::open, "*.txt", true);
+    EXPECT_EQ(open.fileName, "*.txt");
+    EXPECT_EQ(open.selected, "*.txt"); // the next key replaces it
+    EXPECT_FALSE(open.hasPictures);
+    const BoxLook save = look(ui::FileQuestion::Kind::save, "a.txt", true);
+    EXPECT_EQ(save.fileName, "a.txt");
+    EXPECT_TRUE(save.asksToReplace);
+    EXPECT_FALSE(look(ui::FileQuestion::Kind::save, "a.txt", false).asksToReplace);
 }
 
 TEST(Settings, AreKeptBySectionAndKey) {

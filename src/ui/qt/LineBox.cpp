@@ -18,7 +18,24 @@ public:
     using QLineEdit::QLineEdit;
     TextBox::Native* native = nullptr;
 
+    /// Grey, as what cannot be typed into, in whichever colours the desktop has at present.
+    void greyOut() {
+        const QBrush background = QGuiApplication::palette().brush(QPalette::Window);
+        if (palette().brush(QPalette::Base) != background) {
+            QPalette own;
+            own.setBrush(QPalette::Base, background);
+            setPalette(own);
+        }
+    }
+
 protected:
+    void changeEvent(QEvent* event) override {
+        QLineEdit::changeEvent(event);
+        if (isReadOnly() && event->type() == QEvent::PaletteChange) {
+            greyOut();
+        }
+    }
+
     /// Some desktops have Ctrl+U delete the line; a window's command comes first.
     bool event(QEvent* event) override {
         if (event->type() == QEvent::ShortcutOverride) {
@@ -179,9 +196,8 @@ struct LineBox : TextBox::Native {
 
     void setReadOnly() override {
         line_.setReadOnly(true);
-        QPalette palette = line_.palette(); // as what cannot be typed into
-        palette.setBrush(QPalette::Base, palette.brush(QPalette::Window));
-        line_.setPalette(palette);
+        line_.setFocusPolicy(Qt::ClickFocus); // to copy from, but no station of the Tab key
+        line_.greyOut();
     }
     bool isReadOnly() const override { return line_.isReadOnly(); }
 

@@ -21,32 +21,35 @@ QString plainToolTip(const Text& text) {
 } // namespace
 
 ListModel::ListModel(const std::vector<Column>& columns, const ListSource& source)
-    : columns_(columns), source_(source), count_(source.rowCount()) {}
+    : columns_(columns), source_(source) {}
 
 void ListModel::rowChanged(int row) {
     emit dataChanged(index(row - 1, 0), index(row - 1, columnCount() - 1));
 }
 
-void ListModel::rowInserted(int row) {
+void ListModel::rowInserting(int row) {
     beginInsertRows({}, row - 1, row - 1);
-    ++count_;
+}
+
+void ListModel::rowInserted() {
     endInsertRows();
 }
 
-void ListModel::rowRemoved(int row) {
+void ListModel::rowRemoving(int row) {
     beginRemoveRows({}, row - 1, row - 1);
-    --count_;
+}
+
+void ListModel::rowRemoved() {
     endRemoveRows();
 }
 
 void ListModel::reset() {
     beginResetModel();
-    count_ = source_.rowCount();
     endResetModel();
 }
 
 int ListModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : count_;
+    return parent.isValid() ? 0 : source_.rowCount();
 }
 
 int ListModel::columnCount(const QModelIndex& parent) const {

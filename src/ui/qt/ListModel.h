@@ -20,9 +20,12 @@ public:
     bool draggable = false;
     std::function<void(int row)> boxClicked;
 
+    // As in ListView.
     void rowChanged(int row);
-    void rowInserted(int row);
-    void rowRemoved(int row);
+    void rowInserting(int row);
+    void rowInserted();
+    void rowRemoving(int row);
+    void rowRemoved();
     void reset();
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -45,7 +48,6 @@ private:
 
     std::vector<Column> columns_;
     const ListSource& source_;
-    int count_; ///< what the view knows of
 };
 
 } // namespace ui

@@ -4,7 +4,6 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -15,6 +14,7 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include "ui/qt/PlainButtons.h"
 #include "ui/testing/Native.h"
 
 namespace ui::testing {
@@ -56,6 +56,7 @@ Toolkit::Toolkit(int& argc, char** argv) {
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     native_ = std::make_unique<Native>(argc, argv);
     QApplication::setApplicationName("HTML Topicsmith");
+    keepButtonsPlain();
 }
 
 Toolkit::~Toolkit() = default;
@@ -98,48 +99,39 @@ void clickTab(const Control& tabStrip, int page) {
 namespace {
 
 /// The toolkit looks for the innermost widget that takes what is dragged.
-void dropFile(QWidget* widget, const std::filesystem::path& file) {
+bool dropFile(QWidget* widget, const std::filesystem::path& file) {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(pathToQt(file))});
+    const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+    bool copied = false;
     for (; widget != nullptr; widget = widget->isWindow() ? nullptr : widget->parentWidget()) {
-        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QDragEnterEvent enter({5, 5}, actions, &data, Qt::LeftButton, Qt::ShiftModifier);
+        enter.setDropAction(Qt::MoveAction);
         enter.ignore();
         if (widget->acceptDrops()) {
             QApplication::sendEvent(widget, &enter);
         }
         if (enter.isAccepted()) {
-            QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+            QDropEvent drop({5, 5}, actions, &data, Qt::LeftButton, Qt::ShiftModifier);
+            drop.setDropAction(Qt::MoveAction);
             QApplication::sendEvent(widget, &drop);
+            copied = drop.isAccepted() && drop.dropAction() == Qt::CopyAction;
             break;
         }
     }
     settle();
-}
-
-void lookAtFileDialog(const std::function<void(const std::string&, const std::string&)>& look) {
-    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-    if (dialog == nullptr) {
-        QTimer::singleShot(1, qApp, [look] { lookAtFileDialog(look); }); // it is yet to come
-        return;
-    }
-    look(dialog->directory().absolutePath().toStdString(),
-         dialog->findChild<QLineEdit*>()->text().toStdString());
-    dialog->reject();
+    return copied;
 }
 
 } // namespace
 
-void dropFile(Window& window, const std::filesystem::path& file) {
-    dropFile(&widgetOf(window), file);
+bool dropFile(Window& window, const std::filesystem::path& file) {
+    return dropFile(&widgetOf(window), file);
 }
 
-void dropFile(const Control& control, const std::filesystem::path& file) {
+bool dropFile(const Control& control, const std::filesystem::path& file) {
     auto* area = qobject_cast<QAbstractScrollArea*>(&widgetOf(control));
-    dropFile(area == nullptr ? &widgetOf(control) : area->viewport(), file);
-}
-
-void whenFileDialog(std::function<void(const std::string&, const std::string&)> look) {
-    QTimer::singleShot(0, qApp, [look = std::move(look)] { lookAtFileDialog(look); });
+    return dropFile(area == nullptr ? &widgetOf(control) : area->viewport(), file);
 }
 
 void type(const std::string& utf8) {
@@ -218,7 +210,26 @@ std::string doubledMnemonics(Window& window) {
 }
 
 bool isMarkedChanged(Window& window) {
-    return widgetOf(window).isWindowModified() && widgetOf(window).windowTitle().endsWith("[*]");
+    const QWidget& widget = widgetOf(window);
+    return widget.isWindowModified() && widget.windowTitle().contains("[*]");
+}
+
+std::string titleOf(const Window& window) {
+    const QWidget& widget = widgetOf(window);
+    QString title = widget.windowTitle();
+    // Twice where it is part of the text.
+    title.replace("[*][*]", "\x1").replace("[*]", widget.isWindowModified() ? "*" : "");
+    return title.replace("\x1", "[*]").toStdString();
+}
+
+void setDarkColours(bool dark) {
+    QApplication::setPalette(dark ? QPalette(Qt::darkGray, QColor(40, 40, 40)) : QPalette());
+    settle();
+}
+
+std::string backgroundOf(const Control& control) {
+    const QImage image = widgetOf(control).grab().toImage();
+    return image.pixelColor(image.width() - 8, image.height() / 2).name().toStdString();
 }
 
 int caretOf(const TextBox& box) {

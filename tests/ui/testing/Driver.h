@@ -27,6 +27,15 @@ private:
     std::unique_ptr<Native> native_;
 };
 
+/// In pixels.
+struct Place {
+    int left, top, width, height;
+    bool operator==(const Place&) const = default;
+};
+
+/// Of a control in its window.
+Place placeOf(const Control& control);
+
 /// Shows a window and waits until it is active.
 void show(Window& window);
 
@@ -45,9 +54,14 @@ void doubleClickRow(const ListView& list, int row);
 /// Drags a row and drops it on the upper or lower half of another.
 void dragRow(const ListView& list, int from, int onto, bool lowerHalf);
 
-/// Drops a file from elsewhere on a window, or on a control in it.
-void dropFile(Window& window, const std::filesystem::path& file);
-void dropFile(const Control& control, const std::filesystem::path& file);
+/// The bar that would show where the row goes: in pixels, of what changes in the list. All are 0
+/// for none.
+Place dropMarkOf(const ListView& list, int from, int onto, bool lowerHalf);
+
+/// Drops a file from elsewhere on a window, or on a control in it, as by somebody who would rather
+/// have it moved. False when it is refused, or taken as anything but a copy.
+bool dropFile(Window& window, const std::filesystem::path& file);
+bool dropFile(const Control& control, const std::filesystem::path& file);
 
 /// Types into what has the focus. Letters outside of ASCII are as good as others.
 void type(const std::string& utf8);
@@ -99,10 +113,6 @@ void clickItem(const TreeView& tree, const std::string& text);
 /// Does something in the dialog that the next command will open and wait for.
 void whenModal(std::function<void(Window&)> act);
 
-/// Cancels the file dialog that the next command will open, after a look at the folder that it
-/// shows and the name that it proposes.
-void whenFileDialog(std::function<void(const std::string& folder, const std::string& name)> look);
-
 // Browsers of either kind.
 
 /// False when the toolkit's rich text draws its pages.
@@ -118,15 +128,32 @@ int scrollOf(const Control& browser);
 void clickInPage(const Control& browser, int x, int y);
 void pressInPage(const Control& browser, const char* key);
 
+/// Watches the list's model from now on; the program ends with a fault of it.
+void watchModelOf(const ListView& list);
+
+/// What one of the toolkit's own boxes or file dialogs shows.
+struct BoxLook {
+    std::string folder;
+    std::string fileName;
+    std::string selected;     ///< of that
+    bool hasPictures = false; ///< on its buttons
+    bool asksToReplace = false;
+};
+
+/// Looks at the box or file dialog that `ask` shows, and cancels it.
+BoxLook lookAtBox(const std::function<void()>& ask);
+
+/// As when the desktop changes its colours, or takes that back.
+void setDarkColours(bool dark);
+
+/// What a control is filled with, as "#rrggbb".
+std::string backgroundOf(const Control& control);
+
+/// As a window shows it, with "*" for the changed mark.
+std::string titleOf(const Window& window);
+
 /// Waits for ten seconds at most; false when the condition does not come true.
 bool waitFor(const std::function<bool()>& condition);
-
-/// The position of a control in its window, in pixels: left, top, width, height.
-struct Place {
-    int left, top, width, height;
-    bool operator==(const Place&) const = default;
-};
-Place placeOf(const Control& control);
 
 /// Whatever a person can reach and no label or name tells about: one line each.
 std::string unnamedControls(Window& window);

@@ -1,5 +1,6 @@
 #include <map>
 
+#include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QMimeData>
 #include <QTest>
@@ -35,18 +36,34 @@ void doubleClickRow(const ListView& list, int row) {
     settle();
 }
 
+namespace {
+
+/// A row on its way to the upper or lower half of another.
+struct Drag {
+    Drag(const ListView& list, int from, int onto, bool lowerHalf)
+        : view(viewOf(list)), data(view.model()->mimeData({indexOf(list, from, 0)})) {
+        const QRect target = view.visualRect(indexOf(list, onto, 2));
+        place = {target.center().x(), lowerHalf ? target.bottom() - 1 : target.top() + 1};
+        QDragEnterEvent enter(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(view.viewport(), &enter);
+        QDragMoveEvent move(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(view.viewport(), &move);
+        isAccepted = move.isAccepted();
+    }
+
+    QTreeView& view;
+    std::unique_ptr<QMimeData> data;
+    QPoint place;
+    bool isAccepted;
+};
+
+} // namespace
+
 void dragRow(const ListView& list, int from, int onto, bool lowerHalf) {
-    QTreeView& view = viewOf(list);
-    const std::unique_ptr<QMimeData> data(view.model()->mimeData({indexOf(list, from, 0)}));
-    const QRect target = view.visualRect(indexOf(list, onto, 2));
-    const QPoint place(target.center().x(), lowerHalf ? target.bottom() - 1 : target.top() + 1);
-    QDragEnterEvent enter(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
-    QApplication::sendEvent(view.viewport(), &enter);
-    QDragMoveEvent move(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
-    QApplication::sendEvent(view.viewport(), &move);
-    if (move.isAccepted()) {
-        QDropEvent drop(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
-        QApplication::sendEvent(view.viewport(), &drop);
+    const Drag drag(list, from, onto, lowerHalf);
+    if (drag.isAccepted) {
+        QDropEvent drop(drag.place, Qt::MoveAction, drag.data.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(drag.view.viewport(), &drop);
     }
     settle();
 }
@@ -54,6 +71,29 @@ void dragRow(const ListView& list, int from, int onto, bool lowerHalf) {
 int highlightedRow(const ListView& list) {
     const QModelIndexList rows = viewOf(list).selectionModel()->selectedRows();
     return rows.size() == 1 ? rows.first().row() + 1 : 0;
+}
+
+Place dropMarkOf(const ListView& list, int from, int onto, bool lowerHalf) {
+    QWidget& viewport = *viewOf(list).viewport();
+    const QImage before = viewport.grab().toImage();
+    const Drag drag(list, from, onto, lowerHalf);
+    const QImage during = viewport.grab().toImage();
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(&viewport, &leave);
+    QRect mark;
+    for (int y = 0; y < before.height(); ++y) {
+        for (int x = 0; x < before.width(); ++x) {
+            if (before.pixel(x, y) != during.pixel(x, y)) {
+                mark |= QRect(x, y, 1, 1);
+            }
+        }
+    }
+    return {mark.left(), mark.top(), mark.width(), mark.height()};
+}
+
+void watchModelOf(const ListView& list) {
+    new QAbstractItemModelTester(
+        viewOf(list).model(), QAbstractItemModelTester::FailureReportingMode::Fatal, &viewOf(list));
 }
 
 int takeRowUpdates(const ListView& list) {

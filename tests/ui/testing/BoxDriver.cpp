@@ -1,0 +1,43 @@
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+
+#include "ui/testing/Driver.h"
+
+namespace ui::testing {
+
+namespace {
+
+void look(const QWidget& box, BoxLook& found) {
+    for (const auto* button : box.findChildren<QPushButton*>()) {
+        found.hasPictures = found.hasPictures || !button->icon().isNull();
+    }
+    if (const auto* dialog = qobject_cast<const QFileDialog*>(&box)) {
+        const auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
+        found.folder = dialog->directory().absolutePath().toStdString();
+        found.fileName = name->text().toStdString();
+        found.selected = name->selectedText().toStdString();
+        found.asksToReplace = !dialog->testOption(QFileDialog::DontConfirmOverwrite);
+    }
+}
+
+} // namespace
+
+BoxLook lookAtBox(const std::function<void()>& ask) {
+    BoxLook found;
+    QTimer watch; // until the box is there
+    QObject::connect(&watch, &QTimer::timeout, [&found] {
+        if (QWidget* box = QApplication::activeModalWidget(); box != nullptr && box->isVisible()) {
+            look(*box, found);
+            box->close();
+        }
+    });
+    watch.start(10);
+    ask();
+    return found;
+}
+
+} // namespace ui::testing
