@@ -61,7 +61,7 @@ ContentsTree contentsTree(const std::vector<ContentsNode>& nodes) {
     const std::vector<Links> links = linksOf(nodes);
     const std::vector<std::size_t> order = orderOf(links);
     ContentsTree tree;
-    tree.offsets.resize(nodes.size());
+    tree.offsets.assign(nodes.size(), 0);
     std::uint32_t end = blockSize;
     for (const std::size_t i : order) {
         const std::uint32_t size = links[i].child == none ? leafSize : bookSize;
