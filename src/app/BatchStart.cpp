@@ -5,6 +5,7 @@
 #include <cstring>
 #include <exception>
 #include <iostream>
+#include <new>
 
 #include "platform/Process.h"
 
@@ -37,6 +38,13 @@ int startBatch(int argc, char* argv[], int failed,
         session.sourceTime = sourceTime();
         session.isAtTerminal = platform::isAtTerminal();
         return run(session, platform::programArguments(argc, argv));
+    } catch (const std::bad_alloc&) {
+        std::cerr << "topicsmith-batch: not enough memory for";
+        for (int i = 1; i < argc; ++i) {
+            std::cerr << ' ' << argv[i];
+        }
+        std::cerr << '\n';
+        return failed;
     } catch (const std::exception& exception) {
         // Memory or the standard library's file calls; nothing of ours throws.
         std::cerr << "topicsmith-batch: " << exception.what() << '\n';

@@ -179,14 +179,8 @@ bool ProjectFiles::saveProject(bool saveAs) {
 }
 
 bool ProjectFiles::write(const fs::path& path) {
-    const auto save = [this, &path](model::Overwrite overwrite) -> std::error_code {
-        constexpr std::chrono::seconds patience(2);
-        const ui::WaitCursor busy;
-        const model::ProjectLock lock(path, patience);
-        return lock.isHeld() ? model::saveProject(project_, path, overwrite)
-                             : model::SaveRefusal::beingWritten;
-    };
-    lastError_ = save(model::Overwrite::whatWasRead);
+    auto overwrite = model::Overwrite::whatWasRead;
+    lastError_ = save(path, overwrite);
     if (const auto question = questionFor(lastError_, path)) {
         lastError_ = {};
         known_ = platform::fileFacts(path);
@@ -197,12 +191,46 @@ bool ProjectFiles::write(const fs::path& path) {
         if (answer != ui::Answer::yes) {
             return false;
         }
-        lastError_ = save(model::Overwrite::anything);
+        overwrite = model::Overwrite::anything;
+        lastError_ = save(path, overwrite);
+    }
+    if (lastError_ == platform::FileError::folderIsClosed) {
+        if (const auto refusal = mayWriteInPlace(path)) {
+            return refusal == ui::Answer::no && saveProject(true);
+        }
+        lastError_ = save(path, overwrite);
     }
     if (!lastError_) {
         markOpen();
     }
     return !lastError_;
+}
+
+std::error_code ProjectFiles::save(const fs::path& path, model::Overwrite overwrite) {
+    constexpr std::chrono::seconds patience(2);
+    const ui::WaitCursor busy;
+    const model::ProjectLock lock(path, patience);
+    return lock.isHeld() ? model::saveProject(project_, path, overwrite,
+                                              path == inPlace_ ? copy_ : fs::path())
+                         : model::SaveRefusal::beingWritten;
+}
+
+std::optional<ui::Answer> ProjectFiles::mayWriteInPlace(const fs::path& path) {
+    const fs::path copy = model::backupFile(settings_.folder() / path.filename());
+    const ui::Answer answer = Prompter::current().ask(
+        &window_,
+        {"The folder does not allow new files, so the file can only be written where it lies:\n"
+             + model::displayText(path)
+             + "\nIf that is interrupted, the file is damaged. What it holds now will be kept as:\n"
+             + model::displayText(copy),
+         "Save - " + project_.projectFileTitle(), ui::Buttons::yesNoCancel,
+         ui::QuestionIcon::exclamation, "&Write It There", "Save &As..."});
+    if (answer != ui::Answer::yes) {
+        return answer;
+    }
+    inPlace_ = path;
+    copy_ = copy;
+    return {};
 }
 
 std::optional<ui::MessageBox> ProjectFiles::questionFor(const std::error_code& refusal,

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "model/Project.h"
+#include "model/ProjectFile.h"
 #include "model/RecentFiles.h"
 #include "platform/FileLock.h"
 #include "ui/Prompter.h"
@@ -73,6 +74,9 @@ private:
     bool load(const std::filesystem::path& path);
     bool mayOpenTwice(const std::filesystem::path& path);
     bool write(const std::filesystem::path& path);
+    std::error_code save(const std::filesystem::path& path, model::Overwrite overwrite);
+    /// Nothing when the file may be written where it lies from now on.
+    std::optional<ui::Answer> mayWriteInPlace(const std::filesystem::path& path);
     std::optional<ui::MessageBox> questionFor(const std::error_code& refusal,
                                               const std::filesystem::path& path) const;
     /// Tells the other windows of this person's programs.
@@ -90,6 +94,8 @@ private:
     std::error_code lastError_;
     std::optional<platform::FileFacts> known_; ///< of a file that the author has been told of
     std::unique_ptr<platform::FileLock> openMark_;
+    std::filesystem::path inPlace_; ///< the file that may be written where it lies
+    std::filesystem::path copy_;    ///< of its contents before the last save
     model::Text notice_;
 };
 

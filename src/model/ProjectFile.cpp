@@ -177,7 +177,9 @@ std::error_code keepAside(const fs::path& file) {
     if (const std::error_code error = platform::readFile(file, bytes)) {
         return error == std::errc::no_such_file_or_directory ? std::error_code() : error;
     }
-    return platform::replaceFile(backupFile(file), bytes, platform::Access::owner);
+    const std::error_code error =
+        platform::replaceFile(backupFile(file), bytes, platform::Access::owner);
+    return error == std::errc::permission_denied ? platform::FileError::folderIsClosed : error;
 }
 
 } // namespace
@@ -288,7 +290,8 @@ fs::path backupFile(const fs::path& project) {
     return file;
 }
 
-std::error_code saveProject(Project& project, const fs::path& path, Overwrite overwrite) {
+std::error_code saveProject(Project& project, const fs::path& path, Overwrite overwrite,
+                            const fs::path& copy) {
     ProjectOrigin& origin = project.origin();
     const bool isOwn =
         project.hasFile()
@@ -301,13 +304,14 @@ std::error_code saveProject(Project& project, const fs::path& path, Overwrite ov
             return SaveRefusal::partlyRead;
         }
     }
-    if (isOwn && origin.topicsRead) {
+    if (isOwn && origin.topicsRead && copy.empty()) {
         if (const std::error_code error = keepAside(path)) {
             return error;
         }
     }
     const Text file = formatProject(project.outline(), project.options());
-    if (const std::error_code error = platform::replaceFile(path, file)) {
+    if (const std::error_code error = copy.empty() ? platform::replaceFile(path, file)
+                                                   : platform::overwriteFile(path, file, copy)) {
         return error;
     }
     project.setProjectPath(path);

@@ -78,8 +78,12 @@ enum class Overwrite { whatWasRead, anything };
 /// counts as unchanged only when the writing succeeded. Gives a SaveRefusal where the project's own
 /// file is not the one that was read, unless anything may be overwritten; a file that was partly
 /// read is kept then, see backupFile(). To be called under a ProjectLock.
+///
+/// Where the folder takes no new files (platform::FileError::folderIsClosed) the file can be
+/// written where it lies: `copy`, if it is not empty, is where its old contents are kept before.
 std::error_code saveProject(Project& project, const std::filesystem::path& path,
-                            Overwrite overwrite = Overwrite::whatWasRead);
+                            Overwrite overwrite = Overwrite::whatWasRead,
+                            const std::filesystem::path& copy = {});
 
 /// The name under which a partly read file will be kept: "manual.bak.tsp" beside "manual.tsp", or
 /// one with a number that no file has.

@@ -12,6 +12,7 @@ namespace ui {
 
 struct Settings::Native {
     QSettings store;
+    QString file; ///< where it should lie
 
     static QString name(const std::string& section, const std::string& key) {
         return QString::fromStdString(section) + '/' + QString::fromStdString(key);
@@ -28,18 +29,37 @@ constexpr auto storeFormat = QSettings::NativeFormat;
 constexpr auto storeFormat = QSettings::IniFormat;
 #endif
 
+/// Whether the toolkit may read a file: it would wait for a pipe and read a huge one as a whole.
+bool isReadable(const QString& file) {
+    constexpr qint64 largest = qint64(4) << 20U;
+    const QFileInfo facts(file);
+    return !facts.exists() || (facts.isFile() && facts.size() <= largest);
+}
+
+/// Settings in another's place are not read; those that are set are kept until the program ends.
+QString placeOf(const QString& file) {
+    return isReadable(file) ? file : file + "/none";
+}
+
 } // namespace
 
 Settings::Settings() {
     const QString carried = QCoreApplication::applicationDirPath() + "/topicsmith.ini";
-    native_.reset(
-        QFileInfo(carried).isFile()
-            ? new Native{QSettings(carried, QSettings::IniFormat)}
-            : new Native{QSettings(storeFormat, QSettings::UserScope, storeName, storeName)});
+    const QString usual = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+                          + '/' + storeName + '/' + storeName + ".ini";
+    if (QFileInfo(carried).isFile()) {
+        native_.reset(new Native{QSettings(placeOf(carried), QSettings::IniFormat), carried});
+    } else if (storeFormat == QSettings::IniFormat && !isReadable(usual)) {
+        native_.reset(new Native{QSettings(placeOf(usual), QSettings::IniFormat), usual});
+    } else {
+        native_.reset(
+            new Native{QSettings(storeFormat, QSettings::UserScope, storeName, storeName), usual});
+    }
 }
 
 Settings::Settings(const std::filesystem::path& file)
-    : native_(new Native{QSettings(pathToQt(file), QSettings::IniFormat)}) {}
+    : native_(
+        new Native{QSettings(placeOf(pathToQt(file)), QSettings::IniFormat), pathToQt(file)}) {}
 
 Settings::~Settings() = default;
 
@@ -66,7 +86,7 @@ void Settings::setNumber(const std::string& section, const std::string& key, int
 std::filesystem::path Settings::folder() const {
     const bool isFile = native_->store.format() == QSettings::IniFormat;
     const QString folder = isFile
-                               ? QFileInfo(native_->store.fileName()).absolutePath()
+                               ? QFileInfo(native_->file).absolutePath()
                                : QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     QDir().mkpath(folder);
     return pathFromQt(folder);

@@ -2,6 +2,8 @@
 
 #ifndef _WIN32
 #include <sys/stat.h>
+
+#include "support/Listener.h"
 #endif
 
 #include "app/MainWindowFixture.h"
@@ -143,6 +145,16 @@ TEST_F(frmPreview, HostilePagesAndPicturesAreBounded) {
             options);
     EXPECT_NE(waitForPage(shown().brwPreview, "at the end").find("at the end"), std::string::npos);
 }
+
+#ifndef _WIN32
+TEST_F(frmPreview, AsksNothingOfTheNetwork) {
+    const test::Listener network;
+    preview(network.page());
+    EXPECT_NE(waitForPage(shown().brwPreview, "asking").find("asking"), std::string::npos);
+    EXPECT_FALSE(waitForPageHeight(shown().brwPreview, 100000, 1000)); // it had its time
+    EXPECT_FALSE(network.wasAsked());
+}
+#endif
 
 /// What is made bounded looks as before.
 TEST_F(frmPreview, RichTextReadsPagesAsBrowsersDo) {

@@ -1,9 +1,11 @@
 #include <sys/mount.h>
+#include <unistd.h>
 
 #include "app/MainWindowFixture.h"
 #include "faults/FaultyFiles.h"
 #include "generate/Documentation.h"
 #include "generate/GenerationRun.h"
+#include "model/CodePage.h"
 
 using namespace ui::testing;
 namespace fs = std::filesystem;
@@ -31,18 +33,22 @@ protected:
     /// Does something again and again, with another operation failing each time, once and for
     /// good, until none fails. `act` gets a changed project, and `check` whether a fault happened.
     template <typename Act, typename Check>
-    void withEveryFault(const Act& act, const Check& check) {
-        for (const bool forGood : {false, true}) {
+    void withEveryFault(const Act& act, const Check& check,
+                        std::initializer_list<int> errors = {ENOSPC, EIO, EACCES, EDQUOT}) {
+        bool forGood = false;
+        for (const int error : errors) {
+            forGood = !forGood;
             int n = 1;
             for (bool happened = true; happened; ++n) {
                 ASSERT_LT(n, 500) << "the faults do not come to an end";
-                SCOPED_TRACE((forGood ? "for good from " : "only ") + std::to_string(n));
+                SCOPED_TRACE((forGood ? "for good from " : "only ") + std::to_string(n) + ", error "
+                             + std::to_string(error));
                 fs::remove_all(folder / "work");
                 fs::create_directory(folder / "work");
                 test::writeBytes(file, before);
                 Project project;
                 change(project);
-                test::injectFault((folder / "work").c_str(), n, forGood);
+                test::injectFault((folder / "work").c_str(), n, forGood, error);
                 act(project);
                 happened = test::takeFault();
                 check(project, happened);
@@ -107,6 +113,90 @@ TEST_F(Faults, ADocumentationNamesWhatFails) {
         });
 }
 
+TEST_F(Faults, ASaveReachesTheDiskBeforeItTakesTheOldFilesPlace) {
+    Project project;
+    change(project);
+    test::recordOperations((folder / "work").c_str());
+    EXPECT_FALSE(model::saveProject(project, file));
+    const std::string operations = test::takeOperations();
+    EXPECT_NE(operations.find("open rights write flush close rename flush folder "),
+              std::string::npos)
+        << operations;
+}
+
+TEST_F(Faults, AWriteInPiecesWritesAll) {
+    Project project;
+    change(project);
+    test::injectFault((folder / "work").c_str(), 0, false);
+    test::writeInPieces();
+    EXPECT_FALSE(model::saveProject(project, file));
+    test::takeFault();
+    EXPECT_EQ(test::bytesOf(file), model::formatProject(changed, {}));
+}
+
+TEST_F(Faults, AProjectThatCannotBeReadIsNotOpenedInParts) {
+    for (int n = 1; n < 10; ++n) {
+        Project project;
+        test::injectFault((folder / "work").c_str(), n, true, EIO, true);
+        const auto outcome = model::loadProject(project, file);
+        const bool happened = test::takeFault();
+        EXPECT_EQ(outcome.readError == std::errc::io_error, happened) << n;
+        EXPECT_EQ(project.outline().count(), happened ? 0 : 3);
+    }
+}
+
+TEST_F(Faults, AWriteProtectedProjectIsNotReplaced) {
+    Project project;
+    change(project);
+    fs::permissions(file, fs::perms::owner_read);
+    constexpr uid_t nobody = 65534;
+    const bool isSuperuser = ::getuid() == 0; // for whom nothing is protected
+    if (isSuperuser) {
+        fs::permissions(folder.path(), fs::perms::all);
+        fs::permissions(folder / "work", fs::perms::all);
+        ASSERT_EQ(::setresuid(nobody, nobody, 0), 0);
+    }
+    const std::error_code error = model::saveProject(project, file);
+    if (isSuperuser) {
+        ASSERT_EQ(::setresuid(0, 0, 0), 0);
+    }
+    EXPECT_EQ(error, std::errc::permission_denied);
+    EXPECT_EQ(test::bytesOf(file), before);
+    EXPECT_TRUE(project.dataChanged());
+}
+
+TEST_F(Faults, AClosedFoldersFileIsWrittenWhereItLiesWhenTheAuthorWantsThat) {
+    change(project());
+    settle();
+    const fs::path copy = folder / "p.bak.tsp"; // beside the settings
+    const ui::MessageBox question = {
+        "The folder does not allow new files, so the file can only be written where it lies:\n"
+            + model::displayText(file)
+            + "\nIf that is interrupted, the file is damaged. What it holds now will be kept as:\n"
+            + model::displayText(copy),
+        "Save - p.tsp",
+        ui::Buttons::yesNoCancel,
+        ui::QuestionIcon::exclamation,
+        "&Write It There",
+        "Save &As..."};
+    for (const ui::Answer answer : {ui::Answer::cancel, ui::Answer::yes}) {
+        prompter.expect(question, answer);
+        test::closeFolder((folder / "work").c_str());
+        press("Ctrl+S");
+        test::takeFault();
+        prompter.verify();
+        EXPECT_EQ(isMarkedChanged(*window), answer == ui::Answer::cancel);
+    }
+    EXPECT_EQ(test::bytesOf(file), model::formatProject(changed, {}));
+    EXPECT_EQ(test::bytesOf(copy), before);
+    project().markChanged(model::projectChanged); // from now on without a question
+    test::closeFolder((folder / "work").c_str());
+    press("Ctrl+S");
+    test::takeFault();
+    EXPECT_FALSE(isMarkedChanged(*window));
+    EXPECT_EQ(test::bytesOf(copy), model::formatProject(changed, {}));
+}
+
 TEST_F(Faults, TheWindowStaysMarkedAsChanged) {
     withEveryFault(
         [&](Project&) {
@@ -119,7 +209,8 @@ TEST_F(Faults, TheWindowStaysMarkedAsChanged) {
             EXPECT_EQ(test::bytesOf(file), happened ? before : model::formatProject(changed, {}));
             EXPECT_EQ(window->lblStatus.caption().find("No space") != std::string::npos, happened);
             prompter.takeBeeps();
-        });
+        },
+        {ENOSPC, ENOSPC}); // once and for good: others lead to a question
 }
 
 TEST_F(Faults, AFolderThatGoesAwayAndAFullDiskAreSaid) {

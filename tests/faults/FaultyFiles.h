@@ -1,12 +1,28 @@
 #pragma once
 
+#include <cerrno>
+#include <string>
+
 /// Lets file operations fail on purpose. The library behind this takes the place of the system's
 /// functions in the test program.
 namespace test {
 
-/// From now on the n-th opening, writing, flushing, cutting or renaming of a file below a folder
-/// fails, once or for good; 0 for none. Counts from 1.
-void injectFault(const char* folder, int n, bool forGood);
+/// From now on the n-th opening, writing, flushing, cutting, closing, renaming or giving of rights
+/// to a file, or making of a folder, below a folder fails, once or for good; 0 for none. Counts
+/// from 1. Reading fails only when `reading` is set, in place of all that.
+void injectFault(const char* folder, int n, bool forGood, int error = ENOSPC, bool reading = false);
+
+/// What happens to files and folders below a folder from now on, until takeFault(): "open",
+/// "write", "flush", "close", "rename" and so on, with a blank behind each; of a folder only "flush
+/// folder".
+void recordOperations(const char* folder);
+std::string takeOperations();
+
+/// From now on every writing below that folder takes a few bytes only, or is interrupted first.
+void writeInPieces();
+
+/// No file can be made in a folder.
+void closeFolder(const char* folder);
 
 /// Ends that; true when a fault has happened.
 bool takeFault();

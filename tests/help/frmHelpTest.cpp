@@ -3,6 +3,9 @@
 #include "app/MainWindowFixture.h"
 #include "platform/Files.h"
 #include "support/HelpCompiler.h"
+#ifndef _WIN32
+#include "support/Listener.h"
+#endif
 
 using namespace ui::testing;
 
@@ -117,6 +120,27 @@ TEST_F(frmHelp, EveryWindowHasItsPage) {
     EXPECT_TRUE(choose(*window, {"File", "Properties"}));
     EXPECT_TRUE(shows("Options"));
 }
+
+#ifndef _WIN32
+TEST_F(frmHelp, AsksNothingOfTheNetwork) {
+    if (!test::canCompileHelp()) {
+        GTEST_SKIP() << "no compiler runs here";
+    }
+    const test::Listener network;
+    test::writeBytes(folder / "start.htm", "<html><head><title>t</title></head><body>"
+                                               + network.page() + "</body></html>");
+    test::writeBytes(folder / "t.hhp",
+                     "[OPTIONS]\r\nCompiled file=program/other.chm\r\nDefault "
+                     "topic=start.htm\r\nTitle=t\r\n\r\n[FILES]\r\nstart.htm\r\n");
+    test::compileHelp(folder / "t.hhp");
+    press("F1");
+    show(shown());
+    EXPECT_TRUE(shown().openBook(folder / "program/other.chm"));
+    EXPECT_TRUE(shows("asking"));
+    EXPECT_FALSE(waitForPageHeight(shown().brwPage, 100000, 1000)); // it had its time
+    EXPECT_FALSE(network.wasAsked());
+}
+#endif
 
 TEST_F(frmHelp, ShowsOtherHelpFilesAndLeadsOutside) {
     if (!test::canCompileHelp()) {

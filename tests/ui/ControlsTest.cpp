@@ -1,3 +1,7 @@
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 #include <gtest/gtest.h>
 
 #include "support/TestFiles.h"
@@ -218,4 +222,23 @@ TEST(Settings, AreKeptBySectionAndKey) {
     EXPECT_EQ(settings.number("Edit", "Height", 5850), 5850);
     EXPECT_EQ(settings.get("Main", "Missing", "fallback"), "fallback");
     EXPECT_EQ(settings.path("Open", "File Path"), path);
+}
+
+TEST(Settings, WhatCannotBeReadDoesNotStopTheStart) {
+    const test::TemporaryFolder folder;
+    test::writeBytes(folder / "huge.ini", "[Main]\nHeight=1\n");
+    resize_file(folder / "huge.ini", std::uintmax_t(5) << 30U); // takes no room on the disk
+    std::filesystem::create_directory(folder / "folder.ini");
+#ifndef _WIN32
+    ASSERT_EQ(::mkfifo((folder / "pipe.ini").c_str(), 0600), 0);
+    for (const char* name : {"huge.ini", "folder.ini", "pipe.ini"}) {
+#else
+    for (const char* name : {"huge.ini", "folder.ini"}) {
+#endif
+        ui::Settings settings(folder / name);
+        EXPECT_EQ(settings.number("Main", "Height", 7), 7);
+        settings.setNumber("Main", "Height", 8);
+        EXPECT_EQ(settings.number("Main", "Height", 7), 8) << "as long as the program runs";
+        EXPECT_EQ(settings.folder(), folder.path());
+    }
 }

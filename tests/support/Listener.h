@@ -1,0 +1,52 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <poll.h>
+#include <string>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace test {
+
+/// A machine on the network, for tests that nobody asks it: it is this one.
+class Listener {
+public:
+    Listener() : socket_(::socket(AF_INET, SOCK_STREAM, 0)) {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof address;
+        auto* place = reinterpret_cast<sockaddr*>(&address);
+        EXPECT_EQ(::bind(socket_, place, size), 0);
+        EXPECT_EQ(::listen(socket_, 1), 0);
+        EXPECT_EQ(::getsockname(socket_, place, &size), 0);
+        address_ = "http://127.0.0.1:" + std::to_string(ntohs(address.sin_port)) + '/';
+    }
+    ~Listener() { ::close(socket_); }
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+
+    /// Ends with a slash.
+    const std::string& address() const { return address_; }
+
+    bool wasAsked() const {
+        pollfd calls{socket_, POLLIN, 0};
+        return ::poll(&calls, 1, 0) != 0;
+    }
+
+    /// Mark-up of all kinds that asks for something as soon as it is shown.
+    std::string page() const {
+        return "<p>asking</p><link rel='stylesheet' type='text/css' href='" + address_
+               + "a.css'><style>@import '" + address_ + "b.css'; p { background: url(" + address_
+               + "c.png) }</style><img src='" + address_ + "d.png'><iframe src='" + address_
+               + "e.htm'></iframe><object data='" + address_ + "f.swf'></object><p background='"
+               + address_ + "g.png'></p>";
+    }
+
+private:
+    int socket_;
+    std::string address_;
+};
+
+} // namespace test
