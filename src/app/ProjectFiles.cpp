@@ -1,5 +1,7 @@
 #include "app/ProjectFiles.h"
 
+#include <algorithm>
+
 #include "model/CodePage.h"
 #include "model/Helper.h"
 #include "model/ProjectFile.h"
@@ -276,6 +278,26 @@ bool ProjectFiles::wantsReading() {
                                    {text, "Open", ui::Buttons::yesNo, ui::QuestionIcon::question,
                                     "&Read Again", "&Keep What Is Shown"})
            == ui::Answer::yes;
+}
+
+bool ProjectFiles::readAgain() {
+    const fs::path path = project_.projectPath();
+    const int current = project_.currentIndex();
+    model::Text file;
+    lastError_ = model::readProjectFile(path, file);
+    if (lastError_) {
+        return false;
+    }
+    const auto stop = model::parseProject(std::move(file)).stop;
+    if (stop == model::LoadStop::unknownFormat) {
+        Prompter::current().tell(&window_, *model::messageFor(stop));
+        return false;
+    }
+    const bool read = load(path);
+    if (const int count = project_.outline().count(); count > 0) {
+        project_.setCurrentIndex(std::clamp(current, 1, count));
+    }
+    return read;
 }
 
 void ProjectFiles::markOpen() {

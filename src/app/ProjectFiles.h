@@ -44,7 +44,9 @@ public:
 
     /// Asks whether to read it again then; nothing has happened to the project yet.
     bool wantsReading();
-    void readAgain() { load(project_.projectPath()); }
+
+    /// False, and the project stays as it is, when there is no project in the file any more.
+    bool readAgain();
 
     /// Why reading or writing failed since the last call, if it did.
     std::error_code takeError() { return std::exchange(lastError_, {}); }

@@ -80,8 +80,7 @@ void frmMain::noticeOutcome(bool done) {
 /// Somebody else may have written the file while the author was away.
 void frmMain::readAgainIfChanged() {
     if (files_.isChangedElsewhere() && files_.wantsReading() && closeEditor()) {
-        files_.readAgain();
-        noticeOutcome(true);
+        noticeOutcome(files_.readAgain());
     }
 }
 

@@ -104,23 +104,43 @@ TEST_F(SaveSafety, WhatAnotherProgramWroteIsNotOverwrittenUnasked) {
 
 TEST_F(SaveSafety, ComingBackOffersToReadAgain) {
     open();
-    const auto comeBackTo = [this](const char* title, Answer answer, const char* more = "") {
-        test::writeBytes(file, theirs(title));
+    const auto expectOffer = [this](Answer answer, const char* more = "") {
         prompter.expect({"The project file was changed by another program:\n" + std::string(file)
                              + "\nRead it again?" + more,
                          "Open", Buttons::yesNo, QuestionIcon::question, "&Read Again",
                          "&Keep What Is Shown"},
                         answer);
+    };
+    const auto comeBack = [this] {
         window->Activated.raise();
         prompter.verify();
     };
-    window->Activated.raise(); // nothing has happened
-    comeBackTo("newer", Answer::yes);
-    EXPECT_EQ(titles(), "newer:");
+    comeBack(); // nothing has happened
+    test::writeBytes(file, model::formatProject(titled({"newer", "second"}), {}));
+    expectOffer(Answer::yes);
+    comeBack();
+    EXPECT_EQ(titles(), "newer: second:");
+    clickRow(window->lvLevels, 2);
     change();
-    comeBackTo("other", Answer::no, "\nThe changes made here since the last save would be lost.");
-    window->Activated.raise(); // it has been decided
-    EXPECT_EQ(titles(), "newer:");
+    const char* lost = "\nThe changes made here since the last save would be lost.";
+    test::writeBytes(file, theirs("other"));
+    expectOffer(Answer::no, lost);
+    comeBack();
+    comeBack(); // it has been decided
+    EXPECT_EQ(titles(), "newer: second:");
+
+    // What is shown is better than nothing.
+    test::writeBytes(file, "no project any more");
+    expectOffer(Answer::yes, lost);
+    prompter.expect(
+        {"Unknown File Format, Loading Stopped", "Error", Buttons::ok, QuestionIcon::critical});
+    comeBack();
+    EXPECT_EQ(titles(), "newer: second:");
+    test::writeBytes(file, model::formatProject(titled({"a", "b", "c"}), {}));
+    expectOffer(Answer::yes, lost);
+    comeBack();
+    EXPECT_EQ(titles(), "a: b: c:");
+    EXPECT_EQ(project().currentIndex(), 2); // the author stays where they are
 }
 
 TEST_F(SaveSafety, ASecondWindowOnTheProjectSaysSo) {
