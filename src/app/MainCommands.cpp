@@ -39,6 +39,10 @@ constexpr MainCommand commands[] = {
      "MakeHelp", nullptr, run<&frmMain::mnuFileGenerateHelp_Click>},
     {command, "mnuFileGenerateDoc", "Generate &Documentation", nullptr, nullptr, "MakeDocument",
      nullptr, run<&frmMain::mnuFileGenerateDoc_Click>},
+    {command, "mnuFileCompileHelp", "&Compile Help...", "CompileHelp", "Compile Help",
+     "CompileHelp", "F9", run<&frmMain::mnuFileCompileHelp_Click>},
+    {command, "mnuFileCompileTo", "Compile &To...", nullptr, nullptr, nullptr, "Shift+F9",
+     run<&frmMain::mnuFileCompileTo_Click>},
     {end},
     {command, "mnuFileSynch", "S&ynchronize Files", "Synch", "Synchronize Files", "Synch", nullptr,
      run<&frmMain::mnuFileSynch_Click>},
@@ -109,9 +113,9 @@ constexpr MainCommand commands[] = {
 };
 
 constexpr const char* keys[] = {
-    "New",    "Open",     "Save",   "Synch",  nullptr,    "Cut",    "Copy",
-    "Paste",  nullptr,    "Insert", "Delete", nullptr,    "Demote", "Promote",
-    "MoveUp", "MoveDown", nullptr,  "Search", "MakeHelp",
+    "New",    "Open",     "Save",   "Synch",  nullptr,    "Cut",         "Copy",
+    "Paste",  nullptr,    "Insert", "Delete", nullptr,    "Demote",      "Promote",
+    "MoveUp", "MoveDown", nullptr,  "Search", "MakeHelp", "CompileHelp",
 };
 
 constexpr const char* listMenu[] = {

@@ -9,6 +9,7 @@
 #include "app/OutlineRows.h"
 #include "app/ProjectFiles.h"
 #include "app/Recovery.h"
+#include "app/dlgCompile.h"
 #include "app/dlgReport.h"
 #include "editor/frmEditBody.h"
 #include "help/frmHelp.h"
@@ -114,6 +115,8 @@ public:
     void mnuFileImportProject_Click();
     void mnuFileGenerateHelp_Click();
     void mnuFileGenerateDoc_Click();
+    void mnuFileCompileHelp_Click() { compileHelp(false); }
+    void mnuFileCompileTo_Click() { compileHelp(true); }
     void mnuFileSynch_Click();
     void mnuFileSpellChkAll_Click();
     void mnuFileProperties_Click();
@@ -154,6 +157,12 @@ public:
 
     /// Of the last command that had one, as long as it is open; null otherwise.
     dlgReport* report() const { return report_.get(); }
+
+    /// Of the last compilation, as long as it is open; null otherwise.
+    dlgCompile* compilation() const { return compilation_.get(); }
+
+    /// Where what was compiled was opened; null otherwise.
+    help::frmHelp* compiledHelpWindow() const { return compiledHelp_.get(); }
 
     /// For topics of another project, as long as it is open; null otherwise.
     importer::frmImport* importDialog() const { return import_.get(); }
@@ -237,6 +246,16 @@ private:
     void moveByKeyOrEnter(ui::Key& key);
     void showNeighbour(int step);
     std::optional<std::filesystem::path> chooseWorkshopFile();
+    bool mayGenerateInto(const std::filesystem::path& workshopFile, const char* command);
+    model::Text generateInto(const std::filesystem::path& workshopFile, const char* title,
+                             const std::function<void(const model::Text&)>& show);
+    std::filesystem::path compiledHelp() const;
+    void compileHelp(bool ask);
+    std::optional<std::filesystem::path> chooseCompiledHelp();
+    void compileFrom(const std::filesystem::path& workshopFile,
+                     const std::filesystem::path& output);
+    void showPlace(const workshop::Message& message);
+    void openCompiledHelp(const std::filesystem::path& file);
     bool settleEditedPages(const std::filesystem::path& pageFolder);
 
     std::filesystem::path importFolder() const;
@@ -260,6 +279,8 @@ private:
     model::Text lastFindText_; ///< as long as the program runs
     std::unique_ptr<tools::frmFind> find_;
     std::unique_ptr<help::frmHelp> help_;
+    std::unique_ptr<dlgCompile> compilation_;
+    std::unique_ptr<help::frmHelp> compiledHelp_;
 };
 
 } // namespace app

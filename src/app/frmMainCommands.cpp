@@ -100,6 +100,17 @@ void frmMain::mnuFileGenerateHelp_Click() {
     }
     report_ = std::make_unique<dlgReport>(*this);
     report_->Closed.connect([this] { discard(std::move(report_)); });
+    const Text report = generateInto(*workshopFile, title, [this](const Text& text) {
+        report_->txtReport.setText(text);
+        report_->show();
+    });
+    report_->txtReport.setText(report);
+    report_->activate(); // a question for the project's name may have come before it
+}
+
+/// Generates, and returns the report, which is also shown as far as it is when the pages follow.
+Text frmMain::generateInto(const fs::path& workshopFile, const char* title,
+                           const std::function<void(const Text&)>& show) {
     const model::UndoStep step(project_, title);
     std::optional<ui::WaitCursor> busy(std::in_place);
     const auto save = [this, &busy]() -> std::error_code {
@@ -108,15 +119,10 @@ void frmMain::mnuFileGenerateHelp_Click() {
         busy.emplace();
         return files_.takeError();
     };
-    const auto show = [this](const Text& text) {
-        report_->txtReport.setText(text);
-        report_->show();
-    };
-    const generate::GenerationReport report =
-        generate::generateHelp(project_, {*workshopFile, programFolder_, save, show});
-    report_->txtReport.setText(report.text);
-    report_->activate(); // a question for the project's name may have come before it
+    generate::GenerationReport report =
+        generate::generateHelp(project_, {workshopFile, programFolder_, save, show});
     setTrouble(Trouble::output, unwrittenFiles(report.failures));
+    return std::move(report.text);
 }
 
 void frmMain::mnuFileGenerateDoc_Click() {

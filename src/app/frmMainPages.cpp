@@ -50,14 +50,19 @@ std::optional<fs::path> frmMain::chooseWorkshopFile() {
         return {};
     }
     const fs::path file = platform::fullPath(*chosen);
-    if (const auto fault = generate::workshopNameFault(file, project_.projectPath())) {
+    return mayGenerateInto(file, title) ? std::optional(file) : std::nullopt;
+}
+
+/// False, and said so, when the workshop's project cannot have that name; or when the author does
+/// not want to lose what was edited in pages.
+bool frmMain::mayGenerateInto(const fs::path& workshopFile, const char* command) {
+    if (const auto fault = generate::workshopNameFault(workshopFile, project_.projectPath())) {
         Prompter::current().tell(this, {model::displayText(fault->path.filename()) + ": "
                                             + model::fromUtf8(fault->reason),
-                                        title, model::MessageIcon::exclamation});
-        return {};
+                                        command, model::MessageIcon::exclamation});
+        return false;
     }
-    const bool settled = settleEditedPages(file.parent_path() / model::pageFolderName);
-    return settled ? std::optional(file) : std::nullopt;
+    return settleEditedPages(workshopFile.parent_path() / model::pageFolderName);
 }
 
 /// False when the generation is not to be: the author cancelled, or wants the pages' texts, and

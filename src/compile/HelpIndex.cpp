@@ -28,17 +28,20 @@ void addIndexFile(const SitemapSource& index, KeywordIndex& keywords) {
 }
 
 /// A comma and a blank stand between a keyword and the one above it.
-std::vector<std::string> keywordLevels(const std::string& keyword) {
+std::vector<std::string> keywordLevels(std::string_view keyword) {
     constexpr std::string_view divider = ", ";
+    constexpr std::size_t longest = 1000; // readers take no longer or deeper ones
+    constexpr std::size_t deepest = 10;
+    keyword = keyword.substr(0, longest);
     std::vector<std::string> levels;
-    for (std::size_t start = 0; start < keyword.size();) {
-        const std::size_t end = std::min(keyword.find(divider, start), keyword.size());
-        if (end > start) {
-            levels.push_back(keyword.substr(start, end - start));
+    while (!keyword.empty()) {
+        const std::size_t end = levels.size() + 1 < deepest ? keyword.find(divider) : keyword.npos;
+        if (const std::string_view level = keyword.substr(0, end); !level.empty()) {
+            levels.emplace_back(level);
         }
-        start = end + divider.size();
+        keyword.remove_prefix(end == keyword.npos ? keyword.size() : end + divider.size());
     }
-    return levels.empty() ? std::vector<std::string>{keyword} : levels;
+    return levels;
 }
 
 /// False when the pages have no keywords.
@@ -47,7 +50,11 @@ bool addPages(const SourceFiles& files, KeywordIndex& keywords) {
     for (std::size_t i = 0; i < files.size(); ++i) {
         const std::string& title = files[i].facts.title.text;
         for (const workshop::PageText& keyword : files[i].facts.keywords) {
-            keywords.add({keywordLevels(keyword.text),
+            auto levels = keywordLevels(keyword.text);
+            if (levels.empty()) {
+                continue; // nothing but commas
+            }
+            keywords.add({std::move(levels),
                           {{title.empty() ? keyword.text : title, files[i].name, i}},
                           {},
                           {files.shown(files[i].relative), keyword.line}});

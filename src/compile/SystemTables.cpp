@@ -1,5 +1,7 @@
 #include "compile/SystemTables.h"
 
+#include <algorithm>
+
 #include "compile/Bytes.h"
 
 namespace compile {
@@ -86,7 +88,7 @@ public:
     }
     void text(unsigned code, const std::string& text) {
         if (!text.empty()) {
-            record(code, text + '\0');
+            record(code, text.substr(0, StringTable::longest) + '\0');
         }
     }
     void number(unsigned code, std::uint32_t value) {
@@ -168,10 +170,12 @@ std::string headerTable(std::uint32_t topics, const ContentsStyle* style,
     }
     append32(bytes, 0);
     append32(bytes, 1);
-    append32(bytes, mergedFiles.size());
+    constexpr std::size_t most = 1000; // for which there is room
+    const std::size_t count = std::min(mergedFiles.size(), most);
+    append32(bytes, count);
     append32(bytes, 0);
-    for (const std::string& file : mergedFiles) {
-        append32(bytes, strings.add(file));
+    for (std::size_t i = 0; i < count; ++i) {
+        append32(bytes, strings.add(mergedFiles[i]));
     }
     bytes.resize(size, '\0');
     return bytes;

@@ -222,6 +222,11 @@ void frmHelp::showContext(unsigned number) {
     tbsFind.select(0);
 }
 
+void frmHelp::showPage(const std::string& path) {
+    go(book_->read(path) ? path : book_->homePage());
+    tbsFind.select(0);
+}
+
 void frmHelp::showIndex() {
     tbsFind.select(indexPage);
     tbsFind_Click();

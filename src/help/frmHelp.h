@@ -36,6 +36,9 @@ public:
 
     /// Shows the page of a context number, or the first one when the help has none for it.
     void showContext(unsigned number);
+
+    /// Shows a page by its path in the help, or the first one when there is no such page.
+    void showPage(const std::string& path);
     void showIndex();
 
     ui::Splitter splParts{*this};

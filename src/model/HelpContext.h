@@ -15,7 +15,8 @@ enum HelpContext {
     topicImportHelp = 253,
     findHelp = 261,
     spellingHelp = 262,
-    reportHelp = 330
+    reportHelp = 330,
+    compileHelp = 340
 };
 
 /// All of them, for whoever checks that the manual has their pages.
@@ -30,6 +31,7 @@ inline constexpr HelpContext helpContexts[] = {mainWindowHelp,
                                                topicImportHelp,
                                                findHelp,
                                                spellingHelp,
-                                               reportHelp};
+                                               reportHelp,
+                                               compileHelp};
 
 } // namespace model

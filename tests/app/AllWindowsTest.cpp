@@ -21,6 +21,8 @@ protected:
     std::vector<std::unique_ptr<ui::Window>> windows() {
         std::vector<std::unique_ptr<ui::Window>> all;
         all.push_back(std::make_unique<app::dlgReport>(*window));
+        all.push_back(std::make_unique<app::dlgCompile>(*window, folder / "none.hhp",
+                                                        compile::CompileOptions()));
         all.push_back(std::make_unique<app::frmOptions>(*window, model::ProjectOptions()));
         all.push_back(std::make_unique<app::frmSplash>(*window));
         all.push_back(

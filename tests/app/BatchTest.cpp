@@ -1,9 +1,8 @@
-#include "app/BatchCompile.h"
-
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <sstream>
 
+#include "app/BatchCompile.h"
 #include "compile/Container.h"
 #include "support/TestFiles.h"
 

@@ -265,6 +265,20 @@ TEST_F(CompilerTest, SameInputGivesTheSameBytesAndFailuresLeaveTheOldFile) {
     EXPECT_EQ(test::bytesOf(folder / "one.chm"), "old");
 }
 
+TEST_F(CompilerTest, NothingIsTooDeepOrTooLong) {
+    std::string keyword;
+    for (int i = 0; i < 300000; ++i) {
+        keyword += "k, ";
+    }
+    write("a.htm", "<title>" + std::string(70000, 't') + "</title><param name=keyword value='"
+                       + keyword + "'><param name=keyword value=', , '>");
+    write("p.hhp", "[OPTIONS]\nAuto Index=Yes\nBinary TOC=Yes\nTitle=" + std::string(70000, 't')
+                       + "\n[FILES]\na.htm\n");
+    const CompileOutcome outcome = compile("p.hhp");
+    EXPECT_TRUE(outcome.isWritten);
+    EXPECT_EQ(help::HelpBook::open(outcome.output)->title(), std::string(1000, 't'));
+}
+
 // What the generators of documentation write, in small.
 TEST_F(CompilerTest, CompilesWhatOtherToolsWrite) {
     write("index.html", "<title>Index</title><a id='i'></a><h1>One</h1><h2 id=h>Part</h2>");

@@ -1,0 +1,84 @@
+#include "app/MainWindowFixture.h"
+#include "model/ProjectFile.h"
+
+using namespace ui::testing;
+using ui::FileQuestion;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class CompileCommand : public test::MainWindow {
+protected:
+    void SetUp() override {
+        auto outline =
+            test::outlineOf({test::topic(1, "Caf\xE9", "a.htm"),
+                             test::topic(1, "B", "b.htm", "<a href=\"none.htm\">x</a>")});
+        test::writeBytes(folder / "p.tsp", model::formatProject(outline, {}));
+        ASSERT_TRUE(window->openFile(folder / "p.tsp"));
+    }
+
+    void expectQuestion(const fs::path& proposed, std::optional<fs::path> answer) {
+        prompter.expect(FileQuestion{FileQuestion::Kind::save, "Compile Help To",
+                                     "Compiled Help (*.chm)|*.chm|All Files (*.*)|*.*", 1,
+                                     folder.path(), proposed, "chm"},
+                        std::move(answer));
+    }
+
+    void compile(const char* caption) {
+        EXPECT_TRUE(choose(*window, {"File", "Generate Files", caption}));
+        prompter.verify();
+        ASSERT_NE(window->compilation(), nullptr);
+        EXPECT_TRUE(waitFor([this] { return window->compilation()->cmdOpen.isEnabled(); }));
+    }
+};
+
+} // namespace
+
+TEST_F(CompileCommand, CompilesLeadsToTopicsAndOpensTheHelp) {
+    expectQuestion("p.chm", std::nullopt);
+    EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Compile Help..."}));
+    EXPECT_EQ(window->compilation(), nullptr);
+
+    expectQuestion("p.chm", folder / "out.chm");
+    compile("Compile Help...");
+    app::dlgCompile& dialog = *window->compilation();
+    EXPECT_TRUE(dialog.lblProgress.caption().starts_with("out.chm: 2 files in "))
+        << dialog.lblProgress.caption();
+    EXPECT_EQ(cellText(dialog.lvMessages, 1, 0), "warning");
+    EXPECT_EQ(cellText(dialog.lvMessages, 1, 1), "b.htm");
+    EXPECT_EQ(cellText(dialog.lvMessages, 1, 3), "file not found: html/none.htm");
+    EXPECT_EQ(project().currentIndex(), 1);
+    doubleClickRow(dialog.lvMessages, 1);
+    EXPECT_EQ(project().currentIndex(), 2);
+
+    click(dialog.cmdOpen);
+    ASSERT_NE(window->compiledHelpWindow(), nullptr);
+    EXPECT_EQ(window->compiledHelpWindow()->book()->path(), folder / "out.chm");
+    EXPECT_TRUE(waitFor([this] {
+        return window->compiledHelpWindow()->brwPage.shown() == "/html/b.htm";
+    })) << window->compiledHelpWindow()->brwPage.shown();
+
+    compile("Compile Help..."); // to the same place, without a question
+    expectQuestion(folder / "out.chm", folder / "other.chm");
+    compile("Compile To...");
+    EXPECT_EQ(window->compilation()->outcome()->output, folder / "other.chm");
+    click(window->compilation()->CloseButton);
+    EXPECT_EQ(window->compilation(), nullptr);
+}
+
+TEST_F(CompileCommand, WhatCannotBeWrittenIsSaidAndAWindowClosedEarlyDoesNoHarm) {
+    fs::create_directory(folder / "dir.chm");
+    expectQuestion("p.chm", folder / "dir.chm");
+    EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Compile Help..."}));
+    app::dlgCompile& dialog = *window->compilation();
+    EXPECT_TRUE(waitFor([&] { return !dialog.CancelButton.isEnabled(); }));
+    EXPECT_EQ(dialog.lblProgress.caption(), "Nothing was written.");
+    EXPECT_FALSE(dialog.cmdOpen.isEnabled());
+
+    EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Compile Help..."}));
+    click(window->compilation()->CancelButton);
+    window->compilation()->close();
+    settle();
+    EXPECT_EQ(window->compilation(), nullptr);
+}
