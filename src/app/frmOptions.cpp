@@ -36,7 +36,7 @@ Text withBackslashes(Text path) {
 } // namespace
 
 frmOptions::frmOptions(ui::Window& owner, const model::ProjectOptions& options,
-                       fs::path projectFolder)
+                       const fs::path& projectFolder)
     : Window(Kind::dialog, "frmOptions", &owner), options_(options),
       folder_(platform::fullPath(projectFolder.empty() ? fs::path(".") : projectFolder)) {
     setCaption("Properties");

@@ -15,7 +15,7 @@ class frmOptions : public ui::Window {
 public:
     /// Files that are chosen are named as the project in `projectFolder` finds them.
     frmOptions(ui::Window& owner, const model::ProjectOptions& options,
-               std::filesystem::path projectFolder = {});
+               const std::filesystem::path& projectFolder = {});
 
     /// Raised by Apply and OK when something was edited since.
     ui::Event<const model::ProjectOptions&> Apply;
