@@ -5,7 +5,6 @@
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
-#include <utility>
 
 #include "help/HelpBook.h"
 #include "platform/Files.h"
@@ -43,7 +42,7 @@ public:
         ::close(pipe_[1]);
         if (process_ != 0) {
             ::kill(process_, SIGKILL);
-            waitForEnd();
+            ::waitpid(process_, nullptr, 0);
         }
     }
     Unpacker(const Unpacker&) = delete;
@@ -59,10 +58,17 @@ public:
         return all;
     }
 
+    /// How it ended; -1 when it did not within ten seconds.
     int waitForEnd() {
         int status = -1;
-        ::waitpid(std::exchange(process_, 0), &status, 0);
-        return status;
+        for (int i = 0; i < 500 && process_ != 0; ++i) {
+            if (::waitpid(process_, &status, WNOHANG) == process_) {
+                process_ = 0;
+            } else {
+                ::usleep(20000);
+            }
+        }
+        return process_ == 0 ? status : -1;
     }
 
 private:
