@@ -34,12 +34,16 @@ inline unsigned commonLength(const std::uint8_t* a, const std::uint8_t* b, unsig
 /// not lost among them. Of three bytes, only the last such place is kept.
 class MatchFinder {
 public:
-    /// Forgets everything. Eight bytes behind the interval can be read.
-    void start(const std::uint8_t* interval) {
+    /// Forgets everything. Eight bytes behind the interval can be read. False when hardly anything
+    /// repeats in it, so that it is not worth looking.
+    bool start(const std::uint8_t* interval, std::uint32_t size) {
         bytes_ = interval;
+        short_.last.fill(0);
+        const bool repeats = repeatsItself(size);
         last3_.fill(0);
         short_.last.fill(0);
         long_.last.fill(0);
+        return repeats;
     }
 
     /// Makes a place known, to be called for all of them in order. Four bytes must follow.
@@ -96,6 +100,21 @@ private:
             last[hash] = static_cast<std::uint16_t>(place + 1);
         }
     };
+
+    /// Stops as soon as it is certain, early in any text.
+    bool repeatsItself(std::uint32_t size) {
+        const std::uint32_t enough = size / 256;
+        std::uint32_t repeated = 0;
+        for (std::uint32_t place = 0; place + 4 <= size; ++place) {
+            std::uint16_t& last = short_.last[hash4(place)];
+            repeated += last > 0 && wordAt(last - 1U) == wordAt(place) ? 1U : 0U;
+            if (repeated > enough) {
+                return true;
+            }
+            last = static_cast<std::uint16_t>(place + 1);
+        }
+        return false;
+    }
 
     /// Four bytes, read alike on every machine.
     std::uint32_t wordAt(std::uint32_t place) const {

@@ -14,8 +14,7 @@ constexpr int matchCost = 11; ///< and the bits of the distance
 constexpr int lastDistanceCost = 7;
 constexpr int longMatchCost = 3; ///< more for the length
 
-constexpr unsigned longEnough = 120; ///< nothing better is looked for
-constexpr std::uint32_t mostLater = 2;
+constexpr unsigned longEnough = 120;  ///< nothing better is looked for
 constexpr std::uint32_t wordSize = 4; ///< that the finder needs
 
 } // namespace
@@ -60,19 +59,16 @@ Parser::Choice Parser::choose(std::uint32_t place) {
     return best;
 }
 
-/// A byte or two may come first when that makes room for a better match.
+/// A byte may come first when that makes room for a better match. To look further ahead takes
+/// longer, and makes what is rated as roughly as here no smaller.
 Parser::Choice Parser::laterIfBetter(Choice choice) {
-    for (std::uint32_t i = 1; i <= mostLater; ++i) {
-        if (choice.gain == 0 || choice.token.length >= longEnough) {
+    while (choice.gain > 0 && choice.token.length < longEnough) {
+        const Choice later = choose(place_ + 1);
+        if (later.gain <= choice.gain) {
             break;
         }
-        const Choice later = choose(place_ + i);
-        if (later.gain > choice.gain) {
-            choice = later;
-            for (; i > 0; --i) {
-                addByte();
-            }
-        }
+        addByte();
+        choice = later;
     }
     return choice;
 }
@@ -89,7 +85,12 @@ void Parser::parse(const std::uint8_t* interval, std::size_t size, std::vector<T
     distances_ = {};
     tokens_ = &tokens;
     tokens.clear();
-    finder_.start(interval);
+    if (!finder_.start(interval, size_)) { // pictures, mostly
+        tokens.reserve(size);
+        while (place_ < size_) {
+            addByte();
+        }
+    }
     while (place_ < size_) {
         const Choice choice = laterIfBetter(choose(place_));
         if (choice.gain == 0) {
