@@ -28,8 +28,8 @@ public:
         : input_(std::move(input)), options_(options), messages_(messages),
           container_({said().language, 0, options.jobs, options.progress, options.stop}),
           files_({input_.folder, input_.shownFolder, said().codePage, said().flat,
-                  options.otherFolder}, container_,
-                 messages),
+                  options.otherFolder},
+                 container_, messages),
           encoder_(said().codePage, messages), topics_(files_, encoder_, strings_) {}
 
     /// The help's bytes; nothing when it was stopped or cannot be made.
@@ -262,6 +262,7 @@ private:
             }
         }
         std::vector<std::string> merged;
+        merged.reserve(input_.project.mergedFiles.size());
         for (const workshop::Line& line : input_.project.mergedFiles) {
             merged.push_back(text(line.text, placeOf(line), "the file name"));
         }

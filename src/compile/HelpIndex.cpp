@@ -126,6 +126,7 @@ std::vector<Keyword> associativeKeywords(const SourceFiles& files, const HelpTop
         }
     }
     std::vector<Keyword> keywords;
+    keywords.reserve(links.size());
     for (auto& [name, keyword] : links) {
         keywords.push_back(std::move(keyword));
     }

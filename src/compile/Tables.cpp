@@ -46,7 +46,9 @@ std::uint32_t addressHash(std::string_view address) {
     for (const char character : address) {
         int value = 0x2C;
         if (character != '/' && character != '\\') {
-            const int code = static_cast<signed char>(character);
+            constexpr int negative = 0x80; // from there on bytes count as negative numbers
+            const int byte = static_cast<unsigned char>(character);
+            const int code = byte < negative ? byte : byte - 2 * negative;
             value = code - (code <= 'Z' ? 0x30 : 0x50);
         }
         hash = 43 * hash + static_cast<std::uint32_t>(value);
@@ -60,6 +62,8 @@ TopicTable::Bytes TopicTable::bytes() const {
     Bytes tables;
     std::vector<std::uint32_t> hashes;
     std::vector<std::uint32_t> texts;
+    hashes.reserve(rows_.size());
+    texts.reserve(rows_.size());
     tables.texts.push_back('\0');
     for (const Row& row : rows_) {
         const std::string_view address = std::string_view(row.address).substr(0, longestAddress);
