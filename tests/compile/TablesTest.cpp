@@ -94,7 +94,8 @@ TEST(Tables, NoTextLiesInTwoBlocks) {
     StringTable strings;
     TopicTable topics;
     for (int i = 0; i < 3000; ++i) {
-        const std::string text = "caf\xE9 " + std::to_string(i) + std::string(static_cast<std::size_t>(i) % 90, 'x');
+        const std::string text =
+            "caf\xE9 " + std::to_string(i) + std::string(static_cast<std::size_t>(i) % 90, 'x');
         const std::uint32_t offset = strings.add(text);
         EXPECT_EQ(strings.bytes().substr(offset, text.size() + 1), text + '\0');
         EXPECT_EQ(offset / 4096, (offset + text.size()) / 4096) << i;
