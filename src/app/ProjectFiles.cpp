@@ -155,6 +155,15 @@ bool ProjectFiles::load(const fs::path& path) {
 void ProjectFiles::adopt(const fs::path& path) {
     markOpen();
     if (project_.hasFile()) {
+        platform::FileState state(path);
+        if (std::string bytes; !platform::readFile(path, bytes)) {
+            state.setContents(bytes);
+            const model::ParsedProject parsed = model::parseProject(std::move(bytes));
+            if (parsed.stop != model::LoadStop::none) {
+                project_.origin().topicsRead = parsed.outline.count();
+            }
+        }
+        project_.origin().file = state;
         rememberFolder(path.parent_path());
         addRecentFile(path);
     }

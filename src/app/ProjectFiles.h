@@ -32,7 +32,7 @@ public:
     bool openProject();
     void setPendingOpenPath(std::filesystem::path path) { pendingOpenPath_ = std::move(path); }
 
-    /// The project has come from elsewhere, but belongs to this file.
+    /// The project has come from elsewhere, but belongs to this file, as it is now.
     void adopt(const std::filesystem::path& path);
 
     /// True when the project was written. Asks before it does away with what the author has not

@@ -57,11 +57,17 @@ TEST_F(Recovery, BringsBackTheOutlineAndTheOpenEditor) {
     expectQuestion(ui::Answer::cancel, "b");
     EXPECT_FALSE(crash());
     window->tmrRecovery_Tick();
-    test::writeBytes(folder / "p.tsp", "newer");
+    test::writeBytes(folder / "p.tsp",
+                     model::formatProject(test::titled({"newer"}), {}) + "?\r\n?\r\n");
     fs::last_write_time(folder / "p.tsp", fs::file_time_type::clock::now() + std::chrono::hours(1));
     expectQuestion(ui::Answer::yes, "b", "\nThe project has been saved since then.");
     ASSERT_TRUE(crash());
     show(*window);
+    prompter.expect({"Only 1 topic of this file could be read; save over it?\n"
+                         + std::string(folder / "p.tsp") + "\nIt will be kept as \"p.bak.tsp\".",
+                     "Save - p.tsp", ui::Buttons::yesNoCancel, ui::QuestionIcon::exclamation,
+                     "&Save Over It", "Save &As..."},
+                    ui::Answer::yes);
     press("Ctrl+S");
     EXPECT_FALSE(isKept());
     EXPECT_FALSE(crash());
