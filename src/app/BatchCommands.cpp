@@ -69,7 +69,9 @@ constexpr BatchCommand commands[] = {
      "Writes the help workshop's sources, saves the project, prints the report; with "
      "--keep-edited only if no page was edited since it was generated.",
      2, 2, generateSources, "--keep-edited"},
-    {"compile", "PROJECT.tsp OUTPUT.chm | PROJECT.hhp [OUTPUT.chm] [--strict] [--jobs N] [--quiet]",
+    {"compile",
+     "PROJECT.tsp OUTPUT.chm | PROJECT.hhp [OUTPUT.chm] [--strict] [--jobs N] [--quiet] "
+     "[--keep-edited]",
      "Makes a compiled help: of a project, whose sources are generated beside it as above, or of "
      "any workshop project, which stays as it is. With --strict nothing is made after a warning.",
      1, 2, compileHelp, "--strict --jobs= --quiet --keep-edited"},

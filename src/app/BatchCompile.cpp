@@ -15,17 +15,6 @@ namespace {
 
 constexpr const char* compileTitle = "Compile Help";
 
-const char* nameOf(workshop::Severity severity) {
-    switch (severity) {
-    case workshop::Severity::note:
-        return "note";
-    case workshop::Severity::warning:
-        return "warning";
-    default:
-        return "error";
-    }
-}
-
 /// As compilers do it, so that editors find the place.
 void printMessages(BatchSession& session, const std::vector<workshop::Message>& messages,
                    bool isQuiet) {

@@ -190,6 +190,7 @@ bool ProjectFiles::saveProject(bool saveAs) {
 }
 
 bool ProjectFiles::write(const fs::path& path) {
+    const bool holdsMore = project_.origin().topicsRead.has_value();
     auto overwrite = model::Overwrite::whatWasRead;
     lastError_ = save(path, overwrite);
     if (const auto question = questionFor(lastError_, path)) {
@@ -212,6 +213,9 @@ bool ProjectFiles::write(const fs::path& path) {
         lastError_ = save(path, overwrite);
     }
     if (!lastError_) {
+        if (holdsMore && path == inPlace_) { // that copy is all there is of the rest
+            copy_ = model::backupFile(settings_.folder() / path.filename());
+        }
         markOpen();
     }
     return !lastError_;

@@ -14,17 +14,6 @@ constexpr int pollMilliseconds = 50;
 
 enum MessageColumn { kindColumn, fileColumn, lineColumn, textColumn };
 
-const char* nameOf(workshop::Severity severity) {
-    switch (severity) {
-    case workshop::Severity::note:
-        return "note";
-    case workshop::Severity::warning:
-        return "warning";
-    default:
-        return "error";
-    }
-}
-
 } // namespace
 
 dlgCompile::dlgCompile(ui::Window& owner, const std::filesystem::path& workshopFile,

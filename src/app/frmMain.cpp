@@ -358,7 +358,10 @@ void frmMain::showEditor(int position) {
     if (editor_ == nullptr) {
         editor_ = std::make_unique<editor::frmEditBody>(*this, project_, settings_, editorMemory_,
                                                         programFolder_);
-        editor_->Closed.connect([this] { discard(std::move(editor_)); });
+        editor_->Closed.connect([this] {
+            discard(std::move(editor_));
+            noteWork(); // what was not saved in it is not wanted
+        });
         editor_->Find.connect([this] { editor_Find(); });
         editor_->Edited.connect([this] { noteWork(); });
         editor_->FindNext.connect([this] { editor_FindNext(); });

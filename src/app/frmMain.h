@@ -264,7 +264,7 @@ private:
     void importTextFile(const std::filesystem::path& file);
     void importVbProject(const std::filesystem::path& file);
     void finishImport(const importer::ImportOutcome& outcome);
-    void tellConflicts(const importer::Synchronisation& result);
+    bool tellConflicts(const importer::Synchronisation& result);
     void showReport(model::TextView caption, model::HelpContext context, const model::Text& text);
 
     std::map<Trouble, model::Text> troubles_; ///< what is wrong until it is mended

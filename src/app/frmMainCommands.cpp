@@ -6,6 +6,7 @@
 #include "generate/Documentation.h"
 #include "generate/GeneratedFile.h"
 #include "generate/GenerationRun.h"
+#include "import/ImportOutcome.h"
 #include "model/CodePage.h"
 #include "model/OutlineEditing.h"
 #include "platform/Files.h"
@@ -79,9 +80,14 @@ void frmMain::noticeOutcome(bool done) {
 
 /// Somebody else may have written the file while the author was away.
 void frmMain::readAgainIfChanged() {
-    if (files_.isChangedElsewhere() && files_.wantsReading() && closeEditor()) {
-        noticeOutcome(files_.readAgain());
+    if (!files_.isChangedElsewhere() || !files_.wantsReading()) {
+        return;
     }
+    const bool edited = hasEdits();
+    if (!closeEditor() || (edited && !editor_->changed())) {
+        return; // what was saved from the editor just now would be lost; the next save asks
+    }
+    noticeOutcome(files_.readAgain());
 }
 
 void frmMain::mnuFileGenerateHelp_Click() {
@@ -115,13 +121,21 @@ Text frmMain::generateInto(const fs::path& workshopFile, const char* title,
     std::optional<ui::WaitCursor> busy(std::in_place);
     const auto save = [this, &busy]() -> std::error_code {
         busy.reset(); // it may ask for a name
-        files_.saveProject(false);
+        const bool saved = files_.saveProject(false);
         busy.emplace();
-        return files_.takeError();
+        const std::error_code error = files_.takeError();
+        if (saved || error) {
+            setTrouble(Trouble::file, failureNotice(error));
+        }
+        return error;
     };
     generate::GenerationReport report =
         generate::generateHelp(project_, {workshopFile, programFolder_, save, show});
     setTrouble(Trouble::output, unwrittenFiles(report.failures));
+    if (!report.failures.empty()) {
+        model::append(report.text, model::lineBreak, model::lineBreak, "Not written:");
+        importer::appendLines(report.text, report.failures);
+    }
     return std::move(report.text);
 }
 

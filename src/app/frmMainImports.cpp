@@ -141,12 +141,16 @@ void frmMain::mnuFileSynch_Click() {
         result = importer::synchronise(project_, platform::fullPath(*file).parent_path()
                                                      / model::pageFolderName);
     }
-    tellConflicts(result);
+    const bool isReported = tellConflicts(result);
+    if (!isReported && result.unreadable.size() + result.withoutText.size() > 1) {
+        showReport("Synchronization Report", model::mainWindowHelp, importer::report(result));
+    }
     notice(summary(result) + untouchedPages(result));
 }
 
-/// One by one, but for an author who would rather have hundreds of them at once.
-void frmMain::tellConflicts(const importer::Synchronisation& result) {
+/// One by one, but for an author who would rather have hundreds of them at once: true when they are
+/// in a report.
+bool frmMain::tellConflicts(const importer::Synchronisation& result) {
     const auto& conflicts = result.conflicts;
     for (std::size_t told = 0; told < conflicts.size();) {
         Prompter::current().tell(this, conflicts[told]);
@@ -154,9 +158,10 @@ void frmMain::tellConflicts(const importer::Synchronisation& result) {
         const std::size_t left = conflicts.size() - told;
         if (told == 1 && left > 1 && wantsReport(*this, left)) {
             showReport("Synchronization Report", model::mainWindowHelp, importer::report(result));
-            return;
+            return true;
         }
     }
+    return false;
 }
 
 /// Takes the place of an earlier report.

@@ -40,6 +40,7 @@ bool frmMain::hasEdits() const {
 void frmMain::keepForRecovery() {
     if (!project_.dataChanged() && !hasEdits()) {
         recovery_.forget();
+        setTrouble(Trouble::recovery, {});
         return;
     }
     // As it would be if all was saved now, the letters too.

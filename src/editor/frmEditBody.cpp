@@ -171,6 +171,7 @@ void frmEditBody::fillFromTemplate() {
 void frmEditBody::lookForEdits() {
     setChangedState(fromTemplate_ || txtBody.isEdited() || txtKeywords.isEdited()
                     || txtShortDesc.isEdited() || icboImage.selectedKey() != image_);
+    Edited.raise();
     updateCommands();
 }
 
@@ -187,9 +188,6 @@ void frmEditBody::setChangedState(bool changed) {
         tbTools.setImage("Save", changed ? "SaveChanged" : "Save");
         tbTools.setToolTip("Save", changed ? "Save - Current Data Changed" : "Save");
         setChanged(changed);
-    }
-    if (changed) {
-        Edited.raise();
     }
 }
 

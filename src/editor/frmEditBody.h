@@ -77,7 +77,7 @@ public:
     ui::TextBox txtBody{*this, ui::TextBox::Lines::many};
     ui::Toolbar tbTools{*this, ui::Toolbar::Size::small};
 
-    ui::Event<> Edited; ///< raised for every edit
+    ui::Event<> Edited; ///< raised for every edit, also one that is taken back
 
     // The author wants to search the project, or the search to go on.
     ui::Event<> Find;

@@ -122,7 +122,7 @@ void Project::apply(ProjectChange& change) {
         }
     } else if (auto* swap = std::get_if<SwapChange>(&change)) {
         outline_.swap(swap->a, swap->b);
-        observer_->topicsSwapped(swap->a, swap->b);
+        tell(&ProjectObserver::topicsSwapped, swap->a, swap->b);
         const bool moved = currentIndex_ == swap->a || currentIndex_ == swap->b;
         currentIndex_ = moved ? swap->a + swap->b - currentIndex_ : currentIndex_;
         tell(&ProjectObserver::topicChanged, swap->a);

@@ -19,7 +19,9 @@ bool TypingSteps::entering(std::size_t place, std::u16string_view letters, Time 
 }
 
 bool TypingSteps::deleting(Time now) {
-    return !goesOn(now) || std::exchange(last_, Last::deletion) != Last::deletion;
+    const bool joins = goesOn(now) && last_ == Last::deletion;
+    last_ = Last::deletion;
+    return !joins;
 }
 
 } // namespace ui

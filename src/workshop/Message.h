@@ -10,6 +10,19 @@ enum class Severity {
     error    ///< no help comes out
 };
 
+/// As compilers call it.
+constexpr const char* nameOf(Severity severity) {
+    switch (severity) {
+    case Severity::note:
+        return "note";
+    case Severity::warning:
+        return "warning";
+    case Severity::error:
+        break;
+    }
+    return "error";
+}
+
 /// What the author of some input has to be told, as compilers do it.
 struct Message {
     std::string file; ///< in UTF-8

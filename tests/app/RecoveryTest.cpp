@@ -98,6 +98,24 @@ TEST_F(Recovery, IsForgottenWhenNothingIsLost) {
     EXPECT_TRUE(isKept());
 }
 
+TEST_F(Recovery, DoesNotKeepWhatWasDiscardedInTheEditor) {
+    load(test::titled({"a"}));
+    window->offerRecovery();
+    window->openTopicEditor(1);
+    window->editor()->txtBody.edit("not wanted", 0);
+    window->tmrRecovery_Tick();
+    EXPECT_TRUE(isKept());
+    window->tmrRecovery.stop();
+    prompter.expect({"Changes Made, Save Changes?", "Save", ui::Buttons::yesNoCancel,
+                     ui::QuestionIcon::question},
+                    ui::Answer::no);
+    EXPECT_TRUE(window->editor()->close());
+    settle();
+    EXPECT_TRUE(window->tmrRecovery.isRunning());
+    window->tmrRecovery_Tick();
+    EXPECT_FALSE(isKept());
+}
+
 TEST_F(Recovery, SaysThatItCannotKeepWorkAsLongAsThatIsSo) {
     load(test::titled({"a", "b"}));
     window->offerRecovery();

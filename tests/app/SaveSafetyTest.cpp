@@ -141,6 +141,18 @@ TEST_F(SaveSafety, ComingBackOffersToReadAgain) {
     comeBack();
     EXPECT_EQ(titles(), "a: b: c:");
     EXPECT_EQ(project().currentIndex(), 2); // the author stays where they are
+
+    // What is saved from the editor only now is not read over.
+    window->openTopicEditor(2);
+    window->editor()->txtBody.edit("just written", 0);
+    test::writeBytes(file, theirs("other"));
+    expectOffer(Answer::yes);
+    prompter.expect(
+        {"Changes Made, Save Changes?", "Save", Buttons::yesNoCancel, QuestionIcon::question},
+        Answer::yes);
+    comeBack();
+    EXPECT_EQ(topic(2).body, "just written");
+    EXPECT_TRUE(project().dataChanged());
 }
 
 TEST_F(SaveSafety, ASecondWindowOnTheProjectSaysSo) {

@@ -101,6 +101,7 @@ TEST(TypingSteps, AreWordsPausesDeletionsAndWhatWasPasted) {
     place = 3;
     enterEach(u"up");
     EXPECT_EQ(cut, "|one  |twos|aid |pasted|on|up");
+    now += ui::TypingSteps::pause;
     EXPECT_TRUE(steps.deleting(now));
     EXPECT_FALSE(steps.deleting(now));
     EXPECT_TRUE(steps.entering(place, u"x", now));

@@ -1,4 +1,5 @@
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
@@ -13,9 +14,11 @@ std::array<int, 2> ends{-1, -1}; // of the pipe: out, in
 volatile std::sig_atomic_t lastSignal = 0;
 
 void noteSignal(int signal) {
+    const int interrupted = errno;
     lastSignal = signal;
     const char byte = 0;
     [[maybe_unused]] const ssize_t written = write(ends[1], &byte, 1);
+    errno = interrupted;
 }
 
 } // namespace
@@ -28,7 +31,11 @@ int catchEndSignals() {
     action.sa_handler = noteSignal;
     action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
     for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
-        sigaction(signal, &action, nullptr);
+        struct sigaction before {};
+        // Whoever started the program may want it to go on, as nohup does.
+        if (sigaction(signal, nullptr, &before) == 0 && before.sa_handler != SIG_IGN) {
+            sigaction(signal, &action, nullptr);
+        }
     }
     return ends[0];
 }

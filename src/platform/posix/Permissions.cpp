@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 constexpr std::size_t largestAttribute = 65536; // the system's own limit, for all names too
 constexpr const char* accessList = "system.posix_acl_access";
 
-/// Nothing when it cannot be read; `error` says why.
+/// Nothing when it cannot be read; `errno` says why.
 std::optional<std::string> attribute(const fs::path& file, const char* name) {
     std::string value(largestAttribute, '\0');
     const ssize_t size = ::getxattr(file.c_str(), name, value.data(), value.size());

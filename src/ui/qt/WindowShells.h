@@ -64,11 +64,11 @@ protected:
         }
     }
 
-    void dragEnterEvent(QDragEnterEvent* event) override { accept(*event); }
-    void dragMoveEvent(QDragMoveEvent* event) override { accept(*event); }
+    void dragEnterEvent(QDragEnterEvent* event) override { takeCopy(*event); }
+    void dragMoveEvent(QDragMoveEvent* event) override { takeCopy(*event); }
 
     void dropEvent(QDropEvent* event) override {
-        if (accept(*event)) {
+        if (takeCopy(*event)) {
             // After the drop is over: the handler may ask something, and the source waits.
             QTimer::singleShot(
                 0, this, [this, files = filesIn(*event)] { owner_.FilesDropped.raise(files); });
@@ -87,7 +87,7 @@ private:
     }
 
     /// Always as a copy: whoever moves a file deletes it when the window has taken it.
-    bool accept(QDropEvent& event) const {
+    bool takeCopy(QDropEvent& event) const {
         bool taken = false;
         guarded([&] { taken = owner_.takesFiles(filesIn(event)); });
         taken = taken && event.possibleActions().testFlag(Qt::CopyAction);
