@@ -5,6 +5,7 @@
 #include "app/BatchGenerate.h"
 #include "app/BatchProject.h"
 #include "compile/Compiler.h"
+#include "generate/WorkshopName.h"
 #include "model/CodePage.h"
 
 namespace app {
@@ -86,6 +87,10 @@ ExitCode compileOwn(BatchSession& session, const CommandLine& arguments,
     if (!loadForChange(session, arguments.path(0), project)
         || refuseEmpty(session, project, compileTitle)
         || !prepareOutput(session, compileTitle, "chm", project.projectPath(), output)) {
+        return exitFailed;
+    }
+    if (const auto fault = generate::compiledNameFault(output, project.projectPath())) {
+        session.console.failure(compileTitle, fault->path, fault->reason);
         return exitFailed;
     }
     fs::path workshopFile = output;

@@ -12,6 +12,7 @@
 #include "app/dlgCompile.h"
 #include "app/dlgReport.h"
 #include "editor/frmEditBody.h"
+#include "generate/GenerationReport.h"
 #include "help/frmHelp.h"
 #include "import/Synchroniser.h"
 #include "import/frmImport.h"
@@ -246,9 +247,11 @@ private:
     void moveByKeyOrEnter(ui::Key& key);
     void showNeighbour(int step);
     std::optional<std::filesystem::path> chooseWorkshopFile();
+    bool refused(const std::optional<model::FileFailure>& fault, const char* command);
     bool mayGenerateInto(const std::filesystem::path& workshopFile, const char* command);
-    model::Text generateInto(const std::filesystem::path& workshopFile, const char* title,
-                             const std::function<void(const model::Text&)>& show);
+    generate::GenerationReport generateInto(const std::filesystem::path& workshopFile,
+                                            const char* title,
+                                            const std::function<void(const model::Text&)>& show);
     std::filesystem::path compiledHelp() const;
     void compileHelp(bool ask);
     std::optional<std::filesystem::path> chooseCompiledHelp();

@@ -106,17 +106,18 @@ void frmMain::mnuFileGenerateHelp_Click() {
     }
     report_ = std::make_unique<dlgReport>(*this);
     report_->Closed.connect([this] { discard(std::move(report_)); });
-    const Text report = generateInto(*workshopFile, title, [this](const Text& text) {
-        report_->txtReport.setText(text);
-        report_->show();
-    });
-    report_->txtReport.setText(report);
+    const generate::GenerationReport report =
+        generateInto(*workshopFile, title, [this](const Text& text) {
+            report_->txtReport.setText(text);
+            report_->show();
+        });
+    report_->txtReport.setText(report.text);
     report_->activate(); // a question for the project's name may have come before it
 }
 
 /// Generates, and returns the report, which is also shown as far as it is when the pages follow.
-Text frmMain::generateInto(const fs::path& workshopFile, const char* title,
-                           const std::function<void(const Text&)>& show) {
+generate::GenerationReport frmMain::generateInto(const fs::path& workshopFile, const char* title,
+                                                 const std::function<void(const Text&)>& show) {
     const model::UndoStep step(project_, title);
     std::optional<ui::WaitCursor> busy(std::in_place);
     const auto save = [this, &busy]() -> std::error_code {
@@ -136,7 +137,7 @@ Text frmMain::generateInto(const fs::path& workshopFile, const char* title,
         model::append(report.text, model::lineBreak, model::lineBreak, "Not written:");
         importer::appendLines(report.text, report.failures);
     }
-    return std::move(report.text);
+    return report;
 }
 
 void frmMain::mnuFileGenerateDoc_Click() {

@@ -57,11 +57,16 @@ void frmMain::compileHelp(bool ask) {
     }
     fs::path workshopFile = output;
     workshopFile.replace_extension(".hhp");
-    if (output == workshopFile || !mayGenerateInto(workshopFile, compileTitle)) {
+    if (refused(generate::compiledNameFault(output, project_.projectPath()), compileTitle)
+        || !mayGenerateInto(workshopFile, compileTitle)) {
         return;
     }
     compilation_.reset(); // the one before gives way
-    generateInto(workshopFile, compileTitle, {});
+    const generate::GenerationReport report = generateInto(workshopFile, compileTitle, {});
+    if (!report.failures.empty()) { // a help of old pages would look as if all was well
+        showReport("Generation Report", model::reportHelp, report.text);
+        return;
+    }
     settings_.setPath(section, "Project", project_.projectPath());
     settings_.setPath(section, "Help", output);
     compileFrom(workshopFile, output);

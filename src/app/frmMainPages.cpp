@@ -53,16 +53,21 @@ std::optional<fs::path> frmMain::chooseWorkshopFile() {
     return mayGenerateInto(file, title) ? std::optional(file) : std::nullopt;
 }
 
-/// False, and said so, when the workshop's project cannot have that name; or when the author does
-/// not want to lose what was edited in pages.
-bool frmMain::mayGenerateInto(const fs::path& workshopFile, const char* command) {
-    if (const auto fault = generate::workshopNameFault(workshopFile, project_.projectPath())) {
+/// Says why an output file cannot have its name.
+bool frmMain::refused(const std::optional<model::FileFailure>& fault, const char* command) {
+    if (fault) {
         Prompter::current().tell(this, {model::displayText(fault->path.filename()) + ": "
                                             + model::fromUtf8(fault->reason),
                                         command, model::MessageIcon::exclamation});
-        return false;
     }
-    return settleEditedPages(workshopFile.parent_path() / model::pageFolderName);
+    return fault.has_value();
+}
+
+/// False, and said so, when the workshop's project cannot have that name; or when the author does
+/// not want to lose what was edited in pages.
+bool frmMain::mayGenerateInto(const fs::path& workshopFile, const char* command) {
+    return !refused(generate::workshopNameFault(workshopFile, project_.projectPath()), command)
+           && settleEditedPages(workshopFile.parent_path() / model::pageFolderName);
 }
 
 /// False when the generation is not to be: the author cancelled, or wants the pages' texts, and

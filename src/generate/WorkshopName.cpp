@@ -38,4 +38,18 @@ std::optional<model::FileFailure> workshopNameFault(const fs::path& workshopFile
     return {};
 }
 
+std::optional<model::FileFailure> compiledNameFault(const fs::path& compiledHelp,
+                                                    const fs::path& project) {
+    if (compiledHelp == project || platform::isSameFile(compiledHelp, project)) {
+        return model::FileFailure{compiledHelp, "is the project itself"};
+    }
+    for (const char* extension : {"hhp", "hhc", "hhk"}) {
+        if (haveSameName(compiledHelp, siblingFile(compiledHelp, extension))) {
+            return model::FileFailure{compiledHelp,
+                                      "is the name of a generated file; choose another output"};
+        }
+    }
+    return {};
+}
+
 } // namespace generate

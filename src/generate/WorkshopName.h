@@ -17,4 +17,8 @@ std::filesystem::path proposedWorkshopName(const std::filesystem::path& project)
 std::optional<model::FileFailure> workshopNameFault(const std::filesystem::path& workshopFile,
                                                     const std::filesystem::path& project);
 
+/// The same for the compiled help that is made of them.
+std::optional<model::FileFailure> compiledNameFault(const std::filesystem::path& compiledHelp,
+                                                    const std::filesystem::path& project);
+
 } // namespace generate

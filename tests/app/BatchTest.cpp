@@ -381,6 +381,7 @@ TEST_F(BatchTest, TheProjectIsNeverTheOutput) {
     EXPECT_EQ(run({"generate", project, folder / "x.hhk"}), exitFailed);
     EXPECT_EQ(run({"generate", project, folder / fs::path(u8"помощь.hhp")}), exitFailed);
     EXPECT_EQ(run({"document", project, project}), exitFailed);
+    EXPECT_EQ(run({"compile", project, folder / "x.hhp"}), exitFailed);
     EXPECT_EQ(test::bytesOf(project), before);
 }
 

@@ -67,6 +67,22 @@ TEST_F(CompileCommand, CompilesLeadsToTopicsAndOpensTheHelp) {
     EXPECT_EQ(window->compilation(), nullptr);
 }
 
+TEST_F(CompileCommand, NeitherTheProjectNorItsSourcesAreTheOutput) {
+    const std::string before = test::bytesOf(folder / "p.tsp");
+    const std::pair<const char*, const char*> cases[] = {
+        {"p.tsp", "p.tsp: is the project itself"},
+        {"x.hhp", "x.hhp: is the name of a generated file; choose another output"},
+        {"p.HHC", "p.HHC: is the name of a generated file; choose another output"}};
+    for (const auto& [name, words] : cases) {
+        expectQuestion("p.chm", folder / name);
+        prompter.expect({words, "Compile Help", ui::Buttons::ok, ui::QuestionIcon::exclamation});
+        EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Compile Help..."}));
+        prompter.verify();
+        EXPECT_EQ(window->compilation(), nullptr);
+    }
+    EXPECT_EQ(test::bytesOf(folder / "p.tsp"), before);
+}
+
 TEST_F(CompileCommand, WhatCannotBeWrittenIsSaidAndAWindowClosedEarlyDoesNoHarm) {
     fs::create_directory(folder / "dir.chm");
     expectQuestion("p.chm", folder / "dir.chm");
