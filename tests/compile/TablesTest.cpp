@@ -113,7 +113,7 @@ TEST(Tables, NoTextLiesInTwoBlocks) {
         EXPECT_LT(row % 4096, 4096U - 4U);
     }
     for (std::size_t row = 0; row + 12 <= bytes.addresses.size();
-         row += row % 4096 == 4080 ? 16 : 12) {
+         row += row % 4096 == 4080 ? 16U : 12U) {
         EXPECT_LE(before, number(bytes.addresses, row));
         before = number(bytes.addresses, row);
     }
