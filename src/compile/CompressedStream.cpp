@@ -12,7 +12,7 @@ CompressedStream::CompressedStream(unsigned jobs, std::stop_token stop) : stop_(
     const unsigned wanted = jobs > 0 ? jobs : std::max(1U, std::thread::hardware_concurrency());
     for (unsigned i = 1; i < wanted; ++i) {
         try {
-            workers_.emplace_back([this](const std::stop_token& end) { work(end); });
+            workers_.emplace_back([this](const std::stop_token& end) { workAsLongAsItGoes(end); });
         } catch (const std::system_error&) {
             return; // the others do it
         }
@@ -53,7 +53,8 @@ void CompressedStream::close() {
 
 /// The next interval to compress, under the lock; null when there is none.
 CompressedStream::Interval* CompressedStream::take() {
-    return taken_ < intervals_.size() && !stop_.stop_requested() ? &intervals_[taken_++] : nullptr;
+    const bool goesOn = !failure_ && !stop_.stop_requested();
+    return goesOn && taken_ < intervals_.size() ? &intervals_[taken_++] : nullptr;
 }
 
 void CompressedStream::compress(LzxEncoder& encoder, Interval& interval) {
@@ -81,6 +82,16 @@ void CompressedStream::work(const std::stop_token& end) {
     }
 }
 
+void CompressedStream::workAsLongAsItGoes(const std::stop_token& end) noexcept {
+    try {
+        work(end);
+    } catch (...) {
+        const std::scoped_lock lock(mutex_);
+        failure_ = std::current_exception();
+        changed_.notify_all();
+    }
+}
+
 bool CompressedStream::finish(const Progress& progress) {
     close();
     LzxEncoder encoder;
@@ -90,6 +101,8 @@ bool CompressedStream::finish(const Progress& progress) {
             lock.unlock();
             compress(encoder, *interval);
             lock.lock();
+        } else if (failure_) {
+            std::rethrow_exception(failure_);
         } else if (stop_.stop_requested()) {
             return false;
         } else {

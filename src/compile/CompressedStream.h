@@ -3,6 +3,7 @@
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
+#include <exception>
 #include <functional>
 #include <mutex>
 #include <stop_token>
@@ -32,7 +33,8 @@ public:
     void append(std::string_view bytes);
     std::uint64_t size() const { return size_; } ///< of what was appended
 
-    /// Compresses what is left; false when it was stopped. The rest can be asked for then.
+    /// Compresses what is left; false when it was stopped. The rest can be asked for then. Throws
+    /// what a thread threw, as when there was no memory for it.
     bool finish(const Progress& progress);
 
     std::uint64_t compressedSize() const;
@@ -51,6 +53,7 @@ private:
     Interval* take();
     void compress(LzxEncoder& encoder, Interval& interval);
     void work(const std::stop_token& end);
+    void workAsLongAsItGoes(const std::stop_token& end) noexcept;
 
     std::stop_token stop_;
     std::uint64_t size_ = 0;
@@ -61,6 +64,7 @@ private:
     std::size_t taken_ = 0;
     std::size_t done_ = 0;
     bool closed_ = false;
+    std::exception_ptr failure_;        ///< of a worker; nothing more is begun then
     std::vector<std::jthread> workers_; ///< the last member: they end first
 };
 

@@ -1,11 +1,46 @@
 #include "compile/Container.h"
 
+#include <atomic>
+#include <cstdlib>
 #include <gtest/gtest.h>
+#include <new>
 #include <random>
+#include <thread>
 
 #include "compile/HuffmanCode.h"
 
 using namespace compile;
+
+namespace {
+
+std::atomic<bool> othersLackMemory = false;
+std::atomic<int> refusals = 0;
+const std::thread::id mainThread = std::this_thread::get_id();
+
+void* memoryFor(std::size_t size) noexcept {
+    if (othersLackMemory && std::this_thread::get_id() != mainThread) {
+        ++refusals;
+        return nullptr;
+    }
+    return std::malloc(size > 0 ? size : 1); // NOLINT(*-no-malloc,*-owning-memory)
+}
+
+} // namespace
+
+// In the places of the usual ones, to take away the memory of a thread.
+void* operator new(std::size_t size) {
+    void* memory = memoryFor(size);
+    return memory != nullptr ? memory : throw std::bad_alloc();
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return memoryFor(size);
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory); // NOLINT(*-no-malloc,*-owning-memory)
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory); // NOLINT(*-no-malloc,*-owning-memory)
+}
 
 namespace {
 
@@ -45,6 +80,17 @@ TEST(Container, IsTheSameForAnyNumberOfThreadsAndOnEveryMachine) {
     for (const unsigned jobs : {0U, 2U, 7U}) {
         EXPECT_TRUE(packed({.jobs = jobs}) == one) << jobs;
     }
+}
+
+TEST(Container, LackOfMemoryInAThreadIsItsCallersFailure) {
+    const auto waitForRefusal = [](std::uint64_t, std::uint64_t) {
+        while (refusals == 0) {
+            std::this_thread::yield();
+        }
+    };
+    othersLackMemory = true;
+    EXPECT_THROW(packed({.jobs = 3, .progress = waitForRefusal}), std::bad_alloc);
+    othersLackMemory = false;
 }
 
 TEST(Container, TellsItsProgressAndCanBeStopped) {
