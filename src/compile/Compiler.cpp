@@ -9,6 +9,7 @@
 #include "compile/PopupTexts.h"
 #include "compile/ProjectInput.h"
 #include "compile/WordBreaker.h"
+#include "model/PagePath.h"
 #include "model/Text.h"
 #include "platform/Files.h"
 
@@ -41,6 +42,7 @@ public:
             return {};
         }
         files_.checkAnchors();
+        dropMissing(contexts_, files_, messages_);
         packPopups();
         makeContents();
         makeIndex();
@@ -80,8 +82,22 @@ private:
         const auto read = [this](const workshop::Line& option) {
             return readSitemapFile(option, placeOf(option), said().codePage, files_, messages_);
         };
-        contents_ = read(sitemapOption(said().contentsFile, &workshop::WindowType::contents));
-        index_ = read(sitemapOption(said().indexFile, &workshop::WindowType::index));
+        const auto contents = sitemapOption(said().contentsFile, &workshop::WindowType::contents);
+        const auto index = sitemapOption(said().indexFile, &workshop::WindowType::index);
+        contents_ = read(contents);
+        index_ = read(index);
+        for (const workshop::WindowType& window : input_.project.windows) {
+            checkWindowsOwn(window.contents, contents.text, placeOf(window));
+            checkWindowsOwn(window.index, index.text, placeOf(window));
+        }
+    }
+
+    /// All windows have one contents and one index, as many readers know no more.
+    void checkWindowsOwn(const std::string& own, const std::string& used, const Place& place) {
+        if (!own.empty() && caseKey(model::plainPath(own)) != caseKey(model::plainPath(used))) {
+            messages_.warn(place, "the window shows " + used + " and not " + own
+                                      + ", as the help has one for all windows");
+        }
     }
 
     /// Says all files that the project itself wants in the help, in the order in which they are
@@ -130,7 +146,11 @@ private:
                 continue;
             }
             files_.noteTime(files_[file].path);
-            container_.add("/" + files_[file].name, popupTexts(bytes, input_.project.numbers));
+            if (!container_.add("/" + files_[file].name,
+                                popupTexts(bytes, input_.project.numbers))) {
+                messages_.warn({files_.shown(files_[file].relative)},
+                               "its name in the help is too long or taken; it is left out");
+            }
         }
     }
 
@@ -245,7 +265,7 @@ private:
         if (!contexts_.empty()) {
             std::map<std::uint32_t, std::string> pages;
             for (const auto& [number, page] : contexts_) {
-                pages[number] = text(page, {input_.shown}, "the file name");
+                pages[number] = text(page.address, page.place, "the file name");
             }
             container_.add("/#IVB", contextTable(pages, strings_));
         }
@@ -265,6 +285,11 @@ private:
         merged.reserve(input_.project.mergedFiles.size());
         for (const workshop::Line& line : input_.project.mergedFiles) {
             merged.push_back(text(line.text, placeOf(line), "the file name"));
+        }
+        if (merged.size() > mostMergedFiles) {
+            messages_.warn(placeOf(input_.project.mergedFiles[mostMergedFiles]),
+                           "the help has room for " + std::to_string(mostMergedFiles)
+                               + " merged files; this one and those behind it are left out");
         }
         const ContentsStyle style = contentsStyle(contents_, encoder_);
         system.header = headerTable(topics_.table.size(), contents_.name.empty() ? nullptr : &style,
@@ -291,7 +316,7 @@ private:
     SitemapSource index_;
     std::vector<std::size_t> popups_;
     std::vector<WindowRow> windows_;
-    std::map<std::uint32_t, std::string> contexts_;
+    Contexts contexts_;
     std::string defaultTopic_;
     std::vector<ContentsNode> nodes_;
     std::string contentsBytes_;
@@ -319,6 +344,11 @@ CompileOutcome compileProject(const fs::path& project, const CompileOptions& opt
             if (platform::isSameFile(files[i].path, own.output)) {
                 messages.fail(place, "is itself part of the help");
             }
+        }
+        std::error_code ignored;
+        if (options.output.empty() && fs::is_symlink(own.output, ignored)) {
+            messages.fail(place, "is a link, and a project may not choose what to replace through "
+                                 "one; name the output yourself");
         }
         const bool mayWrite =
             bytes && !messages.hasError() && !(own.strict && messages.hasWarning());

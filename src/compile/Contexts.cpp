@@ -16,7 +16,7 @@ public:
                   Messages& messages)
         : project_(project), placeOf_(placeOf), files_(files), messages_(messages) {}
 
-    std::map<std::uint32_t, std::string> read() {
+    Contexts read() {
         readNumbers();
         for (const workshop::Alias& alias : project_.aliases) {
             take(alias);
@@ -58,6 +58,9 @@ private:
     void take(const workshop::Alias& alias) {
         const Place place = placeOf_(alias.page);
         const Address address = splitAddress(alias.page.text);
+        if (address.path.empty()) {
+            messages_.warn(place, "\"" + alias.page.text + "\" names no page");
+        }
         const std::size_t file = files_.fromProject(address.path, place);
         const std::uint32_t* number = numberOf(alias.name);
         if (number == nullptr) {
@@ -71,7 +74,8 @@ private:
         }
         const auto [owner, isNew] = owners_.emplace(*number, alias.name);
         if (isNew) {
-            contexts_[*number] = packedAddress(files_, file, alias.page.text);
+            contexts_.insert(
+                {*number, {file, packedAddress(files_, file, alias.page.text), place}});
         } else {
             messages_.warn(place, "context " + std::to_string(*number) + " of " + alias.name
                                       + " is given to " + owner->second + " already");
@@ -105,15 +109,27 @@ private:
     std::unordered_map<std::string, std::string> anyCase_; ///< names by their keys
     std::unordered_set<std::string> used_;
     std::map<std::uint32_t, std::string> owners_;
-    std::map<std::uint32_t, std::string> contexts_;
+    Contexts contexts_;
 };
 
 } // namespace
 
-std::map<std::uint32_t, std::string> readContexts(const workshop::HelpProject& project,
-                                                  const PlaceOf& placeOf, SourceFiles& files,
-                                                  Messages& messages) {
+Contexts readContexts(const workshop::HelpProject& project, const PlaceOf& placeOf,
+                      SourceFiles& files, Messages& messages) {
     return ContextReader(project, placeOf, files, messages).read();
+}
+
+void dropMissing(Contexts& contexts, const SourceFiles& files, Messages& messages) {
+    std::erase_if(contexts, [&](const auto& context) {
+        const auto& [number, page] = context;
+        const SourceFile& file = files[page.file];
+        if (file.isPacked || file.isReserved) { // a reserved one is packed in another form
+            return false;
+        }
+        messages.warn(page.place, "context " + std::to_string(number) + " leads to " + file.relative
+                                      + ", which is left out");
+        return true;
+    });
 }
 
 } // namespace compile

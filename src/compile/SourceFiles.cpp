@@ -32,17 +32,31 @@ bool startsAtMachine(std::string_view path) {
            && slashes.find(path[1]) != std::string_view::npos;
 }
 
-/// Whether a link of the file system leads out of the folder.
-bool leavesByLink(const fs::path& folder, const std::string& relative, const fs::path& path) {
-    std::error_code error;
-    const fs::path real =
-        fs::canonical(path, error).lexically_relative(fs::canonical(folder, error));
-    return !relative.starts_with(climb) && (error || real.empty() || *real.begin() == "..");
+/// Whether a path comes through one place twice, as links to folders above them make it.
+bool goesInCircles(const fs::path& folder, const fs::path& path) {
+    std::set<fs::path> passed;
+    for (fs::path each = path.parent_path();; each = each.parent_path()) {
+        std::error_code error;
+        if (!passed.insert(fs::canonical(each, error)).second) {
+            return true;
+        }
+        if (each == folder || !each.has_relative_path()) {
+            return false;
+        }
+    }
 }
 
-std::string folderOf(const std::string& relative) {
+std::string_view folderOf(std::string_view relative) {
     return relative.substr(0, relative.rfind('/') + 1);
 }
+
+/// Names that the help keeps for its own tables.
+bool isInternalName(std::string_view name) {
+    return name.starts_with('#') || name.starts_with('$');
+}
+
+constexpr const char* internalNameText =
+    "has a name that the help keeps for itself; it is left out";
 
 } // namespace
 
@@ -86,9 +100,14 @@ std::size_t SourceFiles::fromProject(std::string_view path, const Place& place) 
 
 std::size_t SourceFiles::reserve(std::string_view path, const Place& place) {
     const std::size_t index = projectFile(path, place);
-    if (index != none) {
-        files_[index].isReserved = true;
+    if (index == none) {
+        return none;
     }
+    if (isInternalName(files_[index].name)) {
+        messages_.warn({shown(files_[index].relative)}, internalNameText);
+        return none;
+    }
+    files_[index].isReserved = true;
     return index;
 }
 
@@ -119,17 +138,19 @@ std::size_t SourceFiles::projectFile(std::string_view path, const Place& place) 
         return none;
     }
     if (relative.starts_with(climb)) {
-        outside_.insert(folderOf(relative));
+        outside_.emplace(folderOf(relative));
     }
-    return locate(relative, place, false);
+    return locate(relative, place);
 }
 
-/// A file by a path whose spelling may differ from that on the disk.
-std::size_t SourceFiles::locate(const std::string& relative, const Place& place, bool ofPage) {
+/// A file by a path whose spelling may differ from that on the disk. A page's one has to lie, links
+/// followed, within the folder that allows it.
+std::size_t SourceFiles::locate(const std::string& relative, const Place& place,
+                                const std::string* within) {
     const std::string key = caseKey(relative);
     auto known = known_.find(key);
     if (known == known_.end()) {
-        known = known_.emplace(key, search(relative, ofPage)).first;
+        known = known_.emplace(key, search(relative, within)).first;
     }
     if (known->second == none) {
         messages_.warn(place, "file not found: " + relative);
@@ -139,21 +160,40 @@ std::size_t SourceFiles::locate(const std::string& relative, const Place& place,
     return known->second;
 }
 
-std::size_t SourceFiles::search(const std::string& relative, bool ofPage) {
+std::size_t SourceFiles::search(const std::string& relative, const std::string* within) {
     const fs::path native = platform::pathFromUtf8(relative);
-    const auto isThere = [&](const fs::path& folder, const fs::path& path) {
-        return platform::isFile(path) && (!ofPage || !leavesByLink(folder, relative, path));
+    const auto isThere = [&](model::FileFinder& finder, const fs::path& path) {
+        return platform::isFile(path)
+               && (within == nullptr
+                   || isWithin(finder.findNative(platform::pathFromUtf8(*within)), path));
     };
-    if (const fs::path path = finder_.findNative(native); isThere(settings_.folder, path)) {
+    if (const fs::path path = finder_.findNative(native); isThere(finder_, path)) {
         return found(settings_.folder, path, relative);
     }
     if (!settings_.otherFolder.empty()) {
-        if (const fs::path path = otherFinder_.findNative(native);
-            isThere(settings_.otherFolder, path)) {
+        if (const fs::path path = otherFinder_.findNative(native); isThere(otherFinder_, path)) {
             return found(settings_.otherFolder, path, relative);
         }
     }
     return none;
+}
+
+/// Links may lead pages to other places in the folder. As each way to a file is a name to pack it
+/// under, ways in circles and all too many ones are none.
+bool SourceFiles::isWithin(const fs::path& folder, const fs::path& path) {
+    constexpr int mostNames = 64;
+    std::error_code error;
+    const fs::path root = fs::canonical(folder, error);
+    const fs::path real = error ? fs::path() : fs::canonical(path, error);
+    if (error) {
+        return false;
+    }
+    if (real == root / path.lexically_relative(folder)) {
+        return true;
+    }
+    const fs::path below = real.lexically_relative(root);
+    return !below.empty() && *below.begin() != ".." && !goesInCircles(folder, path)
+           && ++linkedNames_[real] <= mostNames;
 }
 
 std::size_t SourceFiles::found(const fs::path& folder, const fs::path& path,
@@ -200,11 +240,20 @@ std::string SourceFiles::fromPercent(std::string_view path) const {
     return workshop::decodedSource(model::unescaped(path), settings_.codePage).utf8;
 }
 
-/// A page may not lead out of the project's folder on its own account.
-bool SourceFiles::isAllowed(const std::string& relative) const {
-    return !relative.starts_with(climb)
-           || std::any_of(outside_.begin(), outside_.end(),
-                          [&](const std::string& folder) { return relative.starts_with(folder); });
+/// A page may not lead out of the project's folder on its own account: the folder, relative to
+/// that, which allows a page the path; nothing when none does.
+std::optional<std::string> SourceFiles::folderAllowing(std::string_view relative) const {
+    if (!relative.starts_with(climb)) {
+        return std::string();
+    }
+    for (std::string_view folder = folderOf(relative); !folder.empty();
+         folder = folderOf(folder.substr(0, folder.size() - 1))) {
+        if (outside_.contains(folder)) {
+            const bool climbsOn = relative.substr(folder.size()).starts_with(climb);
+            return climbsOn ? std::nullopt : std::optional<std::string>(folder);
+        }
+    }
+    return {};
 }
 
 std::size_t SourceFiles::fromPage(std::size_t page, const std::string& path, const Place& place) {
@@ -214,7 +263,7 @@ std::size_t SourceFiles::fromPage(std::size_t page, const std::string& path, con
         return none;
     }
     const bool fromRoot = path.starts_with('/') || path.starts_with('\\');
-    const std::string folder = fromRoot ? std::string() : folderOf(files_[page].relative);
+    const std::string folder(fromRoot ? std::string_view() : folderOf(files_[page].relative));
     const auto resolve = [&](const std::string& each) { return model::plainPath(folder + each); };
     std::string relative = resolve(fromPercent(path));
     const std::string literal = resolve(path); // a file may be called "100%25.htm"
@@ -222,7 +271,8 @@ std::size_t SourceFiles::fromPage(std::size_t page, const std::string& path, con
         && platform::isFile(finder_.findNative(platform::pathFromUtf8(literal)))) {
         relative = literal;
     }
-    if (!isAllowed(relative)) {
+    const auto within = folderAllowing(relative);
+    if (!within) {
         messages_.warn(place, "\"" + path + "\" leads out of the project's folder");
         return none;
     }
@@ -232,7 +282,7 @@ std::size_t SourceFiles::fromPage(std::size_t page, const std::string& path, con
             && fs::is_directory(finder_.findNative(platform::pathFromUtf8(relative)), ignored))) {
         return none; // a folder
     }
-    return packed(locate(relative, place, true));
+    return packed(locate(relative, place, &*within));
 }
 
 void SourceFiles::followAddresses(std::size_t index,
@@ -303,8 +353,8 @@ void SourceFiles::read(std::size_t index) {
         return;
     }
     noteTime(files_[index].path);
-    if (name.starts_with('#') || name.starts_with('$')) {
-        messages_.warn(place, "has a name that the help keeps for itself; it is left out");
+    if (isInternalName(name)) {
+        messages_.warn(place, internalNameText);
         files_[index].isPacked = false;
         return;
     }
@@ -327,7 +377,7 @@ void SourceFiles::readPageFile(std::size_t index, const std::string& bytes) {
     const auto addresses = std::exchange(facts.addresses, {});
     files_[index].facts = std::move(facts);
     if (!base.isElsewhere) {
-        followAddresses(index, addresses, folderOf(base.path));
+        followAddresses(index, addresses, std::string(folderOf(base.path)));
     }
     for (const workshop::PageText& anchor : files_[index].facts.repeatedAnchors) {
         messages_.warn({shown(files_[index].relative), anchor.line},

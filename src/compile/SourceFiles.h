@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <set>
 #include <stop_token>
 #include <string>
 #include <string_view>
@@ -94,14 +95,16 @@ private:
     std::size_t projectFile(std::string_view path, const Place& place);
     std::size_t packed(std::size_t index);
     std::size_t fromPage(std::size_t page, const std::string& path, const Place& place);
-    std::size_t locate(const std::string& relative, const Place& place, bool ofPage);
-    std::size_t search(const std::string& relative, bool ofPage);
+    std::size_t locate(const std::string& relative, const Place& place,
+                       const std::string* within = nullptr);
+    std::size_t search(const std::string& relative, const std::string* within);
+    bool isWithin(const std::filesystem::path& folder, const std::filesystem::path& path);
     std::size_t found(const std::filesystem::path& folder, const std::filesystem::path& path,
                       const std::string& asked);
     std::string packedName(const std::string& relative) const;
     void checkSpelling(const std::string& relative, std::size_t index, const Place& place);
     std::string fromPercent(std::string_view path) const;
-    bool isAllowed(const std::string& relative) const;
+    std::optional<std::string> folderAllowing(std::string_view relative) const;
     void read(std::size_t index);
     void readPageFile(std::size_t index, const std::string& bytes);
     void followAddresses(std::size_t index, const std::vector<workshop::PageText>& addresses,
@@ -116,7 +119,8 @@ private:
     std::size_t next_ = 0;                                ///< to be read
     std::unordered_map<std::string, std::size_t> known_;  ///< by the key of the relative path
     std::unordered_map<std::string, std::size_t> onDisk_; ///< by the relative path as it is spelt
-    std::unordered_set<std::string> outside_;             ///< folders that the project went to
+    std::set<std::string, std::less<>> outside_;          ///< folders that the project went to
+    std::map<std::filesystem::path, int> linkedNames_;    ///< of files that links lead pages to
     std::vector<WantedAnchor> wanted_;
     std::chrono::sys_seconds newest_{};
 };

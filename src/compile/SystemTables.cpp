@@ -170,8 +170,7 @@ std::string headerTable(std::uint32_t topics, const ContentsStyle* style,
     }
     append32(bytes, 0);
     append32(bytes, 1);
-    constexpr std::size_t most = 1000; // for which there is room
-    const std::size_t count = std::min(mergedFiles.size(), most);
+    const std::size_t count = std::min(mergedFiles.size(), mostMergedFiles);
     append32(bytes, count);
     append32(bytes, 0);
     for (std::size_t i = 0; i < count; ++i) {

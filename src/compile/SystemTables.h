@@ -35,6 +35,9 @@ struct ContentsStyle {
     std::optional<std::uint32_t> background, foreground, styles, extendedStyles;
 };
 
+/// For as many merged files there is room.
+inline constexpr std::size_t mostMergedFiles = 1000;
+
 /// "#IDXHDR". `style` is null for a help without contents.
 std::string headerTable(std::uint32_t topics, const ContentsStyle* style,
                         const std::vector<std::string>& mergedFiles, StringTable& strings);
