@@ -10,7 +10,7 @@ namespace compile {
 
 CompressedStream::CompressedStream(unsigned jobs, std::stop_token stop) : stop_(std::move(stop)) {
     const unsigned wanted = jobs > 0 ? jobs : std::max(1U, std::thread::hardware_concurrency());
-    for (unsigned i = 1; i < wanted; ++i) {
+    for (unsigned i = 1; i < std::min(wanted, mostJobs); ++i) {
         try {
             workers_.emplace_back([this](const std::stop_token& end) { workAsLongAsItGoes(end); });
         } catch (const std::system_error&) {

@@ -24,6 +24,8 @@ using Progress = std::function<void(std::uint64_t done, std::uint64_t total)>;
 /// independently, while more bytes come in; the result is the same for any number of threads.
 class CompressedStream {
 public:
+    static constexpr unsigned mostJobs = 64; ///< each takes memory of its own
+
     /// `jobs` counts the caller's thread too, which helps in finish(); 0: one a processor.
     CompressedStream(unsigned jobs, std::stop_token stop);
     ~CompressedStream();

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <new>
 #include <random>
@@ -108,6 +109,18 @@ TEST(Container, TellsItsProgressAndCanBeStopped) {
     EXPECT_FALSE(packed({.jobs = 1, .progress = stopAtOnce, .stop = stop.get_token()}));
     EXPECT_FALSE(packed({.jobs = 3, .stop = stop.get_token()}));
 }
+
+#ifdef __linux__
+TEST(Container, ThreadsAreNotWithoutNumber) {
+    const auto threads = [] {
+        const std::filesystem::directory_iterator all("/proc/self/task");
+        return std::distance(begin(all), end(all));
+    };
+    const auto before = threads();
+    const CompressedStream stream(1000, {});
+    EXPECT_LT(threads() - before, CompressedStream::mostJobs);
+}
+#endif
 
 TEST(Container, RefusesNamesThatReadersWouldMix) {
     Container container({});
