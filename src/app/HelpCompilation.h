@@ -21,6 +21,8 @@ public:
 
     void cancel() { thread_.request_stop(); }
 
+    bool isCancelled() const { return thread_.get_stop_token().stop_requested(); }
+
     int percent() const { return percent_; }
     bool isDone() const { return done_; }
 
@@ -28,8 +30,11 @@ public:
     const compile::CompileOutcome& outcome() const { return outcome_; }
 
 private:
-    void run(const std::filesystem::path& workshopFile, compile::CompileOptions options,
-             const std::stop_token& stop);
+    void run(const std::filesystem::path& workshopFile, const compile::CompileOptions& options,
+             const std::stop_token& stop) noexcept;
+    void work(const std::filesystem::path& workshopFile, compile::CompileOptions options,
+              const std::stop_token& stop);
+    void fail(std::string file, const char* why) noexcept;
 
     compile::CompileOutcome outcome_; ///< the thread's until it is done
     std::atomic<int> percent_ = 0;

@@ -50,13 +50,19 @@ void dlgCompile::tmrProgress_Tick() {
         showOutcome();
         return;
     }
-    lblProgress.setCaption("Compiling... " + std::to_string(compilation_.percent()) + " %");
+    showProgress();
     tmrProgress.start(pollMilliseconds);
 }
 
 void dlgCompile::CancelButton_Click() {
     compilation_.cancel();
-    lblProgress.setCaption("Cancelling...");
+    showProgress();
+}
+
+void dlgCompile::showProgress() {
+    lblProgress.setCaption(compilation_.isCancelled()
+                               ? "Cancelling..."
+                               : "Compiling... " + std::to_string(compilation_.percent()) + " %");
 }
 
 void dlgCompile::showOutcome() {

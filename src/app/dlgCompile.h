@@ -44,6 +44,7 @@ private:
     int rowCount() const override { return shown_; }
     ui::Text cell(int row, int column) const override;
     ui::Text toolTip(int row, int column) const override;
+    void showProgress();
     void showOutcome();
 };
 
