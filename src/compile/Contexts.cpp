@@ -89,7 +89,7 @@ private:
         int count = 0;
         const workshop::ContextNumber* first = nullptr;
         for (const workshop::ContextNumber& each : project_.numbers) {
-            if (!used_.contains(each.name)) {
+            if (used_.insert(each.name).second) { // once, though two sections include it
                 first = first == nullptr ? &each : first;
                 names += count < most ? (count > 0 ? ", " : "") + each.name : std::string();
                 ++count;

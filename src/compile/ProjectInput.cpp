@@ -18,7 +18,6 @@ fs::path slashed(std::string path) {
     return platform::pathFromUtf8(path);
 }
 
-/// Headers are looked for beside the project, then beside the one that included them last.
 class Headers {
 public:
     explicit Headers(fs::path folder) : finder_(std::move(folder)) {}
@@ -28,19 +27,15 @@ public:
             return {};
         }
         std::string bytes;
-        for (const fs::path& base : {fs::path(), lastFolder_}) {
-            const fs::path file = finder_.findNative(base / slashed(path));
-            if (!platform::readFile(file, bytes)) {
-                lastFolder_ = file.parent_path();
-                return bytes;
-            }
+        const fs::path file = finder_.findNative(slashed(path));
+        if (platform::readFile(file, bytes, workshop::mostIncludedBytes)) {
+            return {};
         }
-        return {};
+        return bytes;
     }
 
 private:
     model::FileFinder finder_;
-    fs::path lastFolder_;
 };
 
 } // namespace

@@ -181,7 +181,13 @@ private:
     void takeMerged(std::string_view line) { project_.mergedFiles.push_back(here(line)); }
 
     void takePopup(std::string_view line) {
-        if (!takeInclude(line, &ProjectReader::takePopup)) {
+        constexpr std::string_view header = ".h"; // it says the numbers of the texts
+        const bool isHeader =
+            line.size() > header.size()
+            && equalIgnoringCase(line.substr(line.size() - header.size()), header);
+        if (isHeader && !line.starts_with('#')) {
+            readIncluded(std::string(line), &ProjectReader::takeMap);
+        } else if (!takeInclude(line, &ProjectReader::takeMap)) {
             project_.popupFiles.push_back(here(line));
         }
     }
@@ -228,19 +234,44 @@ private:
         return true;
     }
 
-    void readIncluded(const std::string& path, Section section) {
+    struct Included {
+        std::string path; ///< from the project's folder
+        std::string bytes;
+    };
+
+    /// It lies beside the project or beside the file that includes it. Files that include each
+    /// other have an end.
+    std::optional<Included> findIncluded(const std::string& path) {
         constexpr int deepest = 16;
         constexpr int most = 1000;
-        std::optional<std::string> bytes;
-        if (depth_ < deepest && ++included_ < most) {
-            bytes = include_(path);
+        if (depth_ >= deepest || ++included_ >= most || room_ == 0) {
+            return {};
         }
-        if (!bytes) {
+        const std::string beside =
+            currentFile_.substr(0, currentFile_.find_last_of("/\\") + 1) + path;
+        Included found{path, {}};
+        auto bytes = include_(path);
+        if (!bytes && beside != path) {
+            found.path = beside;
+            bytes = include_(beside);
+        }
+        if (!bytes || bytes->size() > room_) {
+            room_ = bytes ? 0 : room_;
+            return {};
+        }
+        room_ -= bytes->size();
+        found.bytes = std::move(*bytes);
+        return found;
+    }
+
+    void readIncluded(const std::string& path, Section section) {
+        const auto found = findIncluded(path);
+        if (!found) {
             say(Severity::warning, "cannot include \"" + path + "\"");
             return;
         }
-        const std::string text = decodedSource(*bytes, project_.options.codePage).utf8;
-        const std::string file = std::exchange(currentFile_, path);
+        const std::string text = decodedSource(found->bytes, project_.options.codePage).utf8;
+        const std::string file = std::exchange(currentFile_, found->path);
         const int line = std::exchange(line_, 0);
         const HeaderReader header = std::exchange(header_, {});
         ++depth_;
@@ -265,6 +296,7 @@ private:
     int line_ = 0;
     int depth_ = 0;
     int included_ = 0;
+    std::size_t room_ = mostIncludedBytes;
 };
 
 } // namespace

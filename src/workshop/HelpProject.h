@@ -76,7 +76,11 @@ struct HelpProject {
     std::vector<Message> messages; ///< without a file for the project's own
 };
 
-/// A file that the project includes, by the path that it gives; nothing when there is none.
+/// All included files together hold no more.
+inline constexpr std::size_t mostIncludedBytes = std::size_t(16) << 20;
+
+/// A file that the project includes, by its path from the project's folder; nothing when there is
+/// none.
 using IncludedFile = std::function<std::optional<std::string>(const std::string& path)>;
 
 /// Reads a project, whatever it looks like.

@@ -73,6 +73,21 @@ TEST(HelpProject, ContextsComeFromHeadersToo) {
                      ":11: cannot include \"missing.h\""}));
 }
 
+TEST(HelpProject, WhatIncludesItselfHasAnEnd) {
+    constexpr std::size_t size = std::size_t(1) << 20;
+    std::string lines;
+    for (int i = 0; i < 100; ++i) {
+        lines += "#include \"big.h\"\n";
+    }
+    std::size_t bytes = 0;
+    const HelpProject project = readProject("[MAP]\n" + lines, [&](const std::string&) {
+        bytes += size;
+        return std::optional(lines + std::string(size - lines.size(), '\n'));
+    });
+    EXPECT_LE(bytes, std::size_t(17) << 20);
+    EXPECT_FALSE(project.messages.empty());
+}
+
 TEST(HelpProject, WindowsHaveAllTheirFields) {
     const HelpProject project = read(
         "[WINDOWS]\n"
