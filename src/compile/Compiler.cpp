@@ -198,6 +198,10 @@ private:
         keywordTree_ = keywordTree(isBinary ? treeKeywords(keywords.entries, topics_, encoder_)
                                             : std::vector<Keyword>(),
                                    said().language);
+        if (keywords.isCut) {
+            messages_.note({index_.shown},
+                           "keywords that are too long with those above them stand without these");
+        }
         if (keywordTree_.isCut) {
             messages_.note({index_.shown},
                            "a keyword has more pages than a binary index can hold for one");

@@ -2,19 +2,38 @@
 
 #include <algorithm>
 #include <map>
+#include <numeric>
 
 namespace compile {
 
 namespace {
 
-void addIndexFile(const SitemapSource& index, KeywordIndex& keywords) {
-    std::vector<std::string> levels;
+constexpr std::string_view divider = ", "; // between a keyword and the one above it
+constexpr std::size_t longest = 1000;      // keyword with those above it that readers take
+
+std::size_t joinedSize(const std::vector<std::string>& levels) {
+    return std::accumulate(levels.begin(), levels.end(), std::size_t(0),
+                           [](std::size_t size, const std::string& level) {
+                               return size + (size > 0 ? divider.size() : 0) + level.size();
+                           });
+}
+
+/// False when keywords lost those above them, which made them too long.
+bool addIndexFile(const SitemapSource& index, KeywordIndex& keywords) {
+    bool areWhole = true;
+    std::vector<std::vector<std::string>> open; // the entry before, and those above it
     for (std::size_t i = 0; i < index.map.entries.size(); ++i) {
         const workshop::SitemapEntry& entry = index.map.entries[i];
-        levels.resize(std::min(levels.size(), static_cast<std::size_t>(entry.depth) - 1));
+        open.resize(std::min(open.size(), static_cast<std::size_t>(entry.depth) - 1));
+        std::vector<std::string> levels = open.empty() ? std::vector<std::string>() : open.back();
         levels.push_back(entry.name);
+        if (levels.size() > 1 && joinedSize(levels) > longest) {
+            levels = {entry.name};
+            areWhole = false;
+        }
+        open.push_back(levels);
         // One that refers to itself is the heading of those below it.
-        KeywordEntry keyword{levels,
+        KeywordEntry keyword{std::move(levels),
                              {},
                              entry.seeAlso == entry.name ? "" : entry.seeAlso,
                              {index.shown, entry.line}};
@@ -25,13 +44,11 @@ void addIndexFile(const SitemapSource& index, KeywordIndex& keywords) {
         }
         keywords.add(std::move(keyword));
     }
+    return areWhole;
 }
 
-/// A comma and a blank stand between a keyword and the one above it.
 std::vector<std::string> keywordLevels(std::string_view keyword) {
-    constexpr std::string_view divider = ", ";
-    constexpr std::size_t longest = 1000; // readers take no longer or deeper ones
-    constexpr std::size_t deepest = 10;
+    constexpr std::size_t deepest = 10; // that readers take
     keyword = keyword.substr(0, longest);
     std::vector<std::string> levels;
     while (!keyword.empty()) {
@@ -68,9 +85,9 @@ bool addPages(const SourceFiles& files, KeywordIndex& keywords) {
 
 HelpKeywords collectKeywords(const SitemapSource& index, const SourceFiles& files, bool ofPages) {
     KeywordIndex keywords;
-    addIndexFile(index, keywords);
+    const bool areWhole = addIndexFile(index, keywords);
     const bool any = ofPages && addPages(files, keywords);
-    return {keywords.take(), any};
+    return {keywords.take(), any, !areWhole};
 }
 
 std::vector<workshop::SitemapEntry> sitemapEntries(const std::vector<KeywordEntry>& entries) {

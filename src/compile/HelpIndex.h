@@ -9,6 +9,7 @@ namespace compile {
 struct HelpKeywords {
     std::vector<KeywordEntry> entries; ///< in order, each once
     bool anyOfPages = false;           ///< not all stand in the index file
+    bool isCut = false;                ///< some lost those above them, which made them too long
 };
 
 /// Those of the index file, and those of the pages where the project wants them.

@@ -36,6 +36,15 @@ bool isAddress(std::string_view text) {
            && text.find_first_of("/\\#?") > colon;
 }
 
+/// A keyword behind the one above it. Nested long ones would take memory without end, so one that
+/// became too long stands alone.
+std::string joined(const std::string& above, const std::string& keyword) {
+    constexpr std::string_view divider = ", ";
+    constexpr std::size_t longest = 1000;
+    const bool fits = above.size() + divider.size() + keyword.size() <= longest;
+    return above.empty() || !fits ? keyword : above + ", " + keyword;
+}
+
 std::string withoutAnchor(const std::string& page) {
     return page.substr(0, page.find('#'));
 }
@@ -194,8 +203,7 @@ const std::vector<IndexEntry>& HelpBook::index() {
     for (const workshop::SitemapEntry& entry : sitemap(facts_.indexFile)) {
         const auto depth = static_cast<std::size_t>(entry.depth);
         above.resize(depth);
-        above[depth - 1] =
-            (depth > 1 && !above[depth - 2].empty() ? above[depth - 2] + ", " : "") + entry.name;
+        above[depth - 1] = joined(depth > 1 ? above[depth - 2] : std::string(), entry.name);
         for (const workshop::SitemapTarget& target : entry.targets) {
             add(above[depth - 1], {target.title, pathOf(target.page)});
         }

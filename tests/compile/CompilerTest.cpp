@@ -393,6 +393,46 @@ TEST_F(CompilerTest, NothingIsTooDeepOrTooLong) {
     EXPECT_EQ(help::HelpBook::open(outcome.output)->title(), std::string(1000, 't'));
 }
 
+TEST_F(CompilerTest, KeywordsTooLongWithThoseAboveThemStandWithoutThese) {
+    const std::string a(600, 'a');
+    const std::string b(600, 'b');
+    write("t.htm", "<title>T</title><param name=keyword value=own>");
+    write("i.hhk", "<ul>" + entry(a, "t.htm") + "<ul>" + entry(b, "t.htm") + "<ul>"
+                       + entry("c", "t.htm") + "</ul></ul></ul>");
+    write("plain.hhp", "[OPTIONS]\nIndex file=i.hhk\n[FILES]\nt.htm\n");
+    EXPECT_EQ(messagesOf(compile("plain.hhp")),
+              (Lines{"i.hhk:0: note: keywords that are too long with those above them stand "
+                     "without these"}));
+    const Lines keywords = {a + ": /t.htm", b + ": /t.htm", b + ", c: /t.htm", "own: /t.htm"};
+    EXPECT_EQ(indexOf(*help::HelpBook::open(folder / "plain.chm")), keywords);
+
+    write("again.hhp", "[OPTIONS]\nIndex file=i.hhk\nAuto Index=Yes\n[FILES]\nt.htm\n");
+    const CompileOutcome outcome = compile("again.hhp"); // its index is written anew
+    EXPECT_EQ(indexOf(*help::HelpBook::open(outcome.output)), keywords);
+    const auto entries =
+        workshop::readSitemap(help::ChmFile::open(outcome.output)->read("/i.hhk").value()).entries;
+    ASSERT_EQ(entries.size(), 4U);
+    EXPECT_EQ(entries[1].depth, 1);
+    EXPECT_EQ(entries[2].depth, 2);
+}
+
+TEST_F(CompilerTest, HeadersLieBesideTheirIncludersAndNumberPopups) {
+    write("sub/a.H", "#include \"deep/b.h\"\n#include \"c.h\"\n#define IDH_A 1\n");
+    write("sub/deep/b.h", "#define IDH_B 2\n");
+    write("sub/c.h", "#define IDH_C 3\n#include <none.h>\n");
+    write("d.h", "#define IDH_D 4\n");
+    write("t.htm", "<title>T</title>");
+    write("texts.txt", ".topic IDH_A\nOne\n.topic IDH_B\n.topic IDH_C\n.topic IDH_D\n");
+    write("p.hhp", "[FILES]\nt.htm\n[MAP]\n#include \"d.h\"\n"
+                   "[TEXT POPUPS]\nsub\\a.h\n#include \"d.h\"\ntexts.txt\n");
+    const CompileOutcome outcome = compile("p.hhp");
+    EXPECT_EQ(messagesOf(outcome),
+              (Lines{"sub\\c.h:2: warning: cannot include \"none.h\"",
+                     "d.h:1: note: 4 numbers have no page: IDH_D, IDH_B, IDH_C, IDH_A"}));
+    EXPECT_EQ(help::ChmFile::open(outcome.output)->read("/texts.txt"),
+              ".topic 1\r\nOne\r\n.topic 2\r\n.topic 3\r\n.topic 4\r\n");
+}
+
 // What the generators of documentation write, in small.
 TEST_F(CompilerTest, CompilesWhatOtherToolsWrite) {
     write("index.html", "<title>Index</title><a id='i'></a><h1>One</h1><h2 id=h>Part</h2>");
