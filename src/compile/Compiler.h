@@ -14,13 +14,13 @@ namespace compile {
 
 /// What a caller may want otherwise than a workshop's project says.
 struct CompileOptions {
-    std::filesystem::path output = {};     ///< empty: where the project says
-    std::filesystem::path otherFolder = {};    ///< files missing in the project's are looked for here
-    std::string title = {};                ///< in UTF-8; empty: the project's
-    std::optional<std::int64_t> time = {}; ///< seconds since 1970; nothing: the newest input's
-    unsigned jobs = 0;                     ///< threads; 0: one a processor
-    bool strict = false;                   ///< nothing is written after a warning
-    Progress progress = {};                ///< of the compression; on the caller's thread
+    std::filesystem::path output = {};      ///< empty: where the project says
+    std::filesystem::path otherFolder = {}; ///< files missing in the project's are looked for here
+    std::string title = {};                 ///< in UTF-8; empty: the project's
+    std::optional<std::int64_t> time = {};  ///< seconds since 1970; nothing: the newest input's
+    unsigned jobs = 0;                      ///< threads; 0: one a processor
+    bool strict = false;                    ///< nothing is written after a warning
+    Progress progress = {};                 ///< of the compression; on the caller's thread
     std::stop_token stop = {};
 };
 
