@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 
 #include "model/CharacterReferences.h"
 #include "model/CodePage.h"
@@ -120,14 +121,27 @@ private:
         object_ = Object::none;
     }
 
+    /// Where a value stands; npos for that of an attribute without one, which stands nowhere.
+    std::size_t offsetOf(std::string_view value) const {
+        const std::less_equal<const char*> isNotBehind;
+        const bool isInside = isNotBehind(html_.data(), value.data())
+                              && isNotBehind(value.data(), html_.data() + html_.size());
+        return isInside ? static_cast<std::size_t>(value.data() - html_.data())
+                        : std::string_view::npos;
+    }
+
     bool isQuoted(std::string_view value) const {
-        const auto end = static_cast<std::size_t>(value.data() - html_.data()) + value.size();
-        return end < html_.size() && html_[end] == '"';
+        const std::size_t start = offsetOf(value);
+        return start != std::string_view::npos && start + value.size() < html_.size()
+               && html_[start + value.size()] == '"';
     }
 
     /// With the quotes that stand in it.
     std::string_view whole(std::string_view value) const {
-        const auto start = static_cast<std::size_t>(value.data() - html_.data());
+        const std::size_t start = offsetOf(value);
+        if (start == std::string_view::npos) {
+            return value;
+        }
         const std::size_t end = std::min(html_.find('>', start + value.size()), html_.size());
         const std::string_view rest =
             html_.substr(start + value.size(), end - start - value.size());

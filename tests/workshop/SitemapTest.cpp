@@ -37,7 +37,7 @@ TEST(Sitemap, IsReadAsItIsInTheWild) {
         "<param name=\"See Also\" value=\"many\"></ul></ul></ul>"
         "<object type=\"text/sitemap\"><param name=merge value=\"x.chm::/x.hhc\"></object>"
         "<object type=\"text/site properties\"><param name=\"ImageType\" value=\"Folder\"></object>"
-        "<object type=\"text/sitemap\"></object>");
+        "<object type=\"text/sitemap\"><param name value><param name=Name value></object>");
     EXPECT_EQ(linesOf(map), (Lines{"1 many | One -> a.htm | Two -> b.htm",
                                    "1 Say \"yes\" now | Say \"yes\" now -> http://x.invalid/ new",
                                    "2 Caf\u00E9 > \u0436 see many", "1  merge x.chm::/x.hhc"}));
