@@ -11,7 +11,7 @@
 namespace {
 
 namespace fs = std::filesystem;
-using model::Text;
+using text::Text;
 
 /// A folder that goes when it does.
 class Folder {
@@ -42,8 +42,8 @@ private:
 Text menus(std::int64_t count) {
     Text text;
     for (std::int64_t i = 0; i < count; ++i) {
-        model::append(text, "   Begin VB.Menu mnu\r\n      Caption = \"&Entry ", std::to_string(i),
-                      "\"\r\n   End\r\n");
+        text::append(text, "   Begin VB.Menu mnu\r\n      Caption = \"&Entry ", std::to_string(i),
+                     "\"\r\n   End\r\n");
     }
     return text;
 }
@@ -56,11 +56,11 @@ Text form(int number, std::int64_t menuCount, std::int64_t calls, std::size_t si
     text += menus(menuCount);
     text += "End\r\nAttribute VB_Name = \"frm" + id + "\"\r\n";
     for (std::int64_t i = 0; i < calls; ++i) {
-        model::appendLine(text, "    frm", std::to_string(i), "x.Show vbModal");
+        text::appendLine(text, "    frm", std::to_string(i), "x.Show vbModal");
     }
     while (text.size() < size) {
-        model::appendLine(text,
-                          "    If Len(txtName.Text) = 0 Then MsgBox \"A name is missing\" ' why");
+        text::appendLine(text,
+                         "    If Len(txtName.Text) = 0 Then MsgBox \"A name is missing\" ' why");
     }
     return text;
 }
@@ -90,7 +90,7 @@ void importForms(benchmark::State& state) {
         const Text name = "f" + std::to_string(i) + ".frm";
         folder.write(
             name, form(i, 200, forms, static_cast<std::size_t>(state.range(0)) * megabyte / forms));
-        model::appendLine(project, "Form=", name);
+        text::appendLine(project, "Form=", name);
     }
     const fs::path file = folder.write("app.vbp", project);
     importAgain(state, folder, file);
@@ -111,7 +111,7 @@ void importMisspeltForms(benchmark::State& state) {
     for (int i = 0; i < state.range(0); ++i) {
         const Text name = "f" + std::to_string(i) + ".frm";
         folder.write(name, form(i, 1, 1, 0));
-        model::appendLine(project, "Form=", model::upperCase(name));
+        text::appendLine(project, "Form=", text::upperCase(name));
     }
     const fs::path file = folder.write("app.vbp", project);
     importAgain(state, folder, file);

@@ -5,21 +5,21 @@
 namespace bench {
 namespace {
 
-using model::Text;
+using text::Text;
 
 Text sampleBody(int number, std::size_t size) {
     Text body;
     body.reserve(size + 200);
     for (int line = 1; body.size() < size; ++line) {
-        model::appendLine(body, "<p>Line ", std::to_string(line), " of topic ",
-                          std::to_string(number),
-                          ", with <b>bold</b> words, commas and an apostrophe's worth of text.");
+        text::appendLine(body, "<p>Line ", std::to_string(line), " of topic ",
+                         std::to_string(number),
+                         ", with <b>bold</b> words, commas and an apostrophe's worth of text.");
         if (line % 10 == 0) {
-            model::appendLine(body, R"(See <a href='..\html\topic1.htm'>the start</a> and )",
-                              "<a href='https://example.org/'>the web</a>.");
+            text::appendLine(body, R"(See <a href='..\html\topic1.htm'>the start</a> and )",
+                             "<a href='https://example.org/'>the web</a>.");
         }
         if (line % 30 == 0) {
-            model::appendLine(body, R"(<img src='..\images\picture.jpg' border=0>)");
+            text::appendLine(body, R"(<img src='..\images\picture.jpg' border=0>)");
         }
     }
     return body;

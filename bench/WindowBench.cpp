@@ -107,9 +107,9 @@ void boldInMegabyte(benchmark::State& state) {
 BENCHMARK(boldInMegabyte)->Unit(benchmark::kMillisecond);
 
 void listOverLines(benchmark::State& state) {
-    model::Text text;
+    text::Text text;
     for (std::int64_t line = 0; line < state.range(0); ++line) {
-        model::appendLine(text, "One more line of the list.");
+        text::appendLine(text, "One more line of the list.");
     }
     for (auto _ : state) {
         benchmark::DoNotOptimize(editor::list({text, 0, text.size()}, "ul"));

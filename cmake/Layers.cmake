@@ -22,8 +22,8 @@ set(TOPICSMITH_LAYER_ROWS ${CMAKE_BINARY_DIR}/layers.txt)
 file(WRITE ${TOPICSMITH_LAYER_ROWS} "")
 
 # add_layer(NAME SOURCES file... [USES layer...] [FOLDER folder])
-# The target is called topicsmith_NAME. FOLDER is given where a folder of src/ holds more than one
-# library.
+# The target is called topicsmith_NAME. FOLDER is given where the folder below src/ has another name
+# than the layer: one folder is one library, whose files all belong to this row.
 function(add_layer name)
   cmake_parse_arguments(LAYER "" "FOLDER" "SOURCES;USES" ${ARGN})
   if(NOT LAYER_FOLDER)
@@ -37,5 +37,5 @@ function(add_layer name)
     target_link_libraries(topicsmith_${name} PUBLIC topicsmith_${used})
   endforeach()
   list(JOIN LAYER_USES " " uses)
-  file(APPEND ${TOPICSMITH_LAYER_ROWS} "${LAYER_FOLDER}: ${LAYER_FOLDER} ${uses}\n")
+  file(APPEND ${TOPICSMITH_LAYER_ROWS} "${name} ${LAYER_FOLDER} ${uses}\n")
 endfunction()

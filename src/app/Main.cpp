@@ -1,17 +1,17 @@
 #include <iostream>
 #include <string_view>
 
-#include "app/Version.h"
 #include "app/frmMain.h"
 #include "app/frmSplash.h"
 #include "platform/Files.h"
+#include "platform/Version.h"
 #include "ui/Application.h"
 
 namespace {
 
 /// Without the blanks around it.
 std::filesystem::path trimmed(const std::filesystem::path& argument) {
-    return platform::pathFromUtf8(model::trim(platform::utf8FromPath(argument)));
+    return platform::pathFromUtf8(text::trim(platform::utf8FromPath(argument)));
 }
 
 } // namespace
@@ -19,7 +19,7 @@ std::filesystem::path trimmed(const std::filesystem::path& argument) {
 int main(int argc, char* argv[]) {
     const std::string_view first = argc > 1 ? argv[1] : "";
     if (first == "--help" || first == "--version") {
-        std::cout << "HTML Topicsmith " << app::version << "\n";
+        std::cout << "HTML Topicsmith " << platform::version << "\n";
         if (first == "--help") {
             std::cout
                 << "\ntopicsmith [PROJECT.tsp]   opens the window, on a project if one is named\n"
@@ -28,7 +28,7 @@ int main(int argc, char* argv[]) {
         return 0;
     }
     platform::turnSizeLimitIntoError();
-    ui::Application application(argc, argv, "HTML Topicsmith", app::version);
+    ui::Application application(argc, argv, "HTML Topicsmith", platform::version);
     ui::Settings settings;
     app::frmMain window(settings, platform::programFolder());
     application.Ending.connect([&window] { window.keepForRecovery(); });

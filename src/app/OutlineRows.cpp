@@ -5,8 +5,8 @@
 
 namespace app {
 
-using model::Text;
 using model::Topic;
+using text::Text;
 
 namespace {
 
@@ -48,7 +48,7 @@ const TopicColumn& topicColumn(int column) {
 Text allMeanings() {
     Text text = "What has happened to the topic:";
     for (const StatusMeaning& status : statusMeanings) {
-        model::append(text, "\n", status.meaning);
+        text::append(text, "\n", status.meaning);
     }
     return text;
 }

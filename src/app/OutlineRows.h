@@ -15,8 +15,8 @@ public:
     static std::vector<ui::Column> columns();
 
     int rowCount() const override { return project_.outline().count(); }
-    model::Text cell(int row, int column) const override;
-    model::Text toolTip(int row, int column) const override;
+    text::Text cell(int row, int column) const override;
+    text::Text toolTip(int row, int column) const override;
     int indent(int row, int column) const override;
 
 private:

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "model/CodePage.h"
 #include "model/Helper.h"
 #include "model/ProjectFile.h"
 #include "model/ProjectLock.h"
 #include "platform/Files.h"
 #include "platform/UnfinishedFile.h"
+#include "text/CodePage.h"
 #include "ui/WaitCursor.h"
 #include "ui/Window.h"
 
@@ -78,7 +78,7 @@ void ProjectFiles::rememberFolder(const fs::path& folder) {
     settings_.setPath(folderSection, folderKey, folder);
 }
 
-std::optional<fs::path> ProjectFiles::chooseFile(ui::FileQuestion::Kind kind, model::Text title,
+std::optional<fs::path> ProjectFiles::chooseFile(ui::FileQuestion::Kind kind, text::Text title,
                                                  fs::path fileName) {
     const auto chosen = Prompter::current().chooseFile(
         &window_,
@@ -120,7 +120,7 @@ bool ProjectFiles::mayOpenTwice(const fs::path& path) {
     }
     return Prompter::current().ask(
                &window_, {"The project is open in another window of this program already:\n"
-                              + model::displayText(path)
+                              + text::displayText(path)
                               + "\nWhat is saved there and here will have to be told apart.",
                           "Open", ui::Buttons::yesNo, ui::QuestionIcon::exclamation,
                           "&Open Here Too", "Do &Not Open"})
@@ -235,9 +235,9 @@ std::optional<ui::Answer> ProjectFiles::mayWriteInPlace(const fs::path& path) {
     const ui::Answer answer = Prompter::current().ask(
         &window_,
         {"The folder does not allow new files, so the file can only be written where it lies:\n"
-             + model::displayText(path)
+             + text::displayText(path)
              + "\nIf that is interrupted, the file is damaged. What it holds now will be kept as:\n"
-             + model::displayText(copy),
+             + text::displayText(copy),
          "Save - " + project_.projectFileTitle(), ui::Buttons::yesNoCancel,
          ui::QuestionIcon::exclamation, "&Write It There", "Save &As..."});
     if (answer != ui::Answer::yes) {
@@ -250,24 +250,24 @@ std::optional<ui::Answer> ProjectFiles::mayWriteInPlace(const fs::path& path) {
 
 std::optional<ui::MessageBox> ProjectFiles::questionFor(const std::error_code& refusal,
                                                         const fs::path& path) const {
-    const model::Text title = "Save - " + project_.projectFileTitle();
-    const auto box = [&title](const model::Text& text, const char* yes) {
+    const text::Text title = "Save - " + project_.projectFileTitle();
+    const auto box = [&title](const text::Text& text, const char* yes) {
         return ui::MessageBox{
             text, title,        ui::Buttons::yesNoCancel, ui::QuestionIcon::exclamation,
             yes,  "Save &As..."};
     };
     if (refusal == model::SaveRefusal::changedMeanwhile) {
         return box("The file was changed by another program since it was opened here:\n"
-                       + model::displayText(path)
+                       + text::displayText(path)
                        + "\nSaving would put what is shown here in its place.",
                    "&Save Anyway");
     }
     if (refusal == model::SaveRefusal::partlyRead) {
         const int count = project_.origin().topicsRead.value_or(0);
         return box("Only " + std::to_string(count) + (count == 1 ? " topic" : " topics")
-                       + " of this file could be read; save over it?\n" + model::displayText(path)
+                       + " of this file could be read; save over it?\n" + text::displayText(path)
                        + "\nIt will be kept as \""
-                       + model::displayText(model::backupFile(path).filename()) + "\".",
+                       + text::displayText(model::backupFile(path).filename()) + "\".",
                    "&Save Over It");
     }
     return {};
@@ -282,8 +282,8 @@ bool ProjectFiles::isChangedElsewhere() {
 bool ProjectFiles::wantsReading() {
     const fs::path& path = project_.projectPath();
     known_ = platform::fileFacts(path);
-    model::Text text = "The project file was changed by another program:\n"
-                       + model::displayText(path) + "\nRead it again?";
+    text::Text text = "The project file was changed by another program:\n" + text::displayText(path)
+                      + "\nRead it again?";
     if (project_.dataChanged()) {
         text += "\nThe changes made here since the last save would be lost.";
     }
@@ -296,7 +296,7 @@ bool ProjectFiles::wantsReading() {
 bool ProjectFiles::readAgain() {
     const fs::path path = project_.projectPath();
     const int current = project_.currentIndex();
-    model::Text file;
+    text::Text file;
     lastError_ = model::readProjectFile(path, file);
     if (lastError_) {
         return false;

@@ -53,7 +53,7 @@ public:
 
     /// What else should be known of the file that was opened last; empty for nothing. There is no
     /// message for it.
-    model::Text takeNotice() { return std::exchange(notice_, {}); }
+    text::Text takeNotice() { return std::exchange(notice_, {}); }
 
     /// Where the project lies; for one without a file, as lastFolder().
     std::filesystem::path folder() const;
@@ -71,7 +71,7 @@ public:
     std::function<void()> recentFilesChanged;
 
 private:
-    std::optional<std::filesystem::path> chooseFile(ui::FileQuestion::Kind kind, model::Text title,
+    std::optional<std::filesystem::path> chooseFile(ui::FileQuestion::Kind kind, text::Text title,
                                                     std::filesystem::path fileName);
     bool load(const std::filesystem::path& path);
     bool mayOpenTwice(const std::filesystem::path& path);
@@ -98,7 +98,7 @@ private:
     std::unique_ptr<platform::FileLock> openMark_;
     std::filesystem::path inPlace_; ///< the file that may be written where it lies
     std::filesystem::path copy_;    ///< of its contents before the last save
-    model::Text notice_;
+    text::Text notice_;
 };
 
 } // namespace app

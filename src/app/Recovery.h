@@ -5,8 +5,8 @@
 #include <system_error>
 #include <vector>
 
-#include "model/Text.h"
 #include "platform/FileLock.h"
+#include "text/Text.h"
 
 namespace app {
 
@@ -15,7 +15,7 @@ namespace app {
 class Recovery {
 public:
     struct Work {
-        model::Text project;        ///< as a project file holds it
+        text::Text project;         ///< as a project file holds it
         std::filesystem::path path; ///< of the project itself, which is as it was saved last
         int topic = 1;              ///< the one that was current
     };

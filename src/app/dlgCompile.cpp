@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "model/CodePage.h"
-#include "model/HelpContext.h"
 #include "platform/Files.h"
+#include "text/CodePage.h"
+#include "ui/HelpContext.h"
 
 namespace app {
 
@@ -21,7 +21,7 @@ dlgCompile::dlgCompile(ui::Window& owner, const std::filesystem::path& workshopF
     : Window(Kind::dialog, windowName, &owner), compilation_(workshopFile, options),
       lvMessages(*this, {{"Kind", 1100}, {"File", 2500}, {"Line", 700}, {"Message", 6000}}, *this) {
     setCaption("Compile Help");
-    setHelpContext(model::compileHelp);
+    setHelpContext(ui::compileHelp);
     lblProgress.setWrapped();
     lvMessages.setAccessibleName("Messages");
     lvMessages.setSearchColumn(textColumn);
@@ -67,7 +67,7 @@ void dlgCompile::showProgress() {
 
 void dlgCompile::showOutcome() {
     const compile::CompileOutcome& outcome = compilation_.outcome();
-    const model::Text name = model::displayText(outcome.output.filename());
+    const text::Text name = text::displayText(outcome.output.filename());
     if (outcome.isWritten) {
         lblProgress.setCaption(name + ": " + std::to_string(outcome.files) + " files in "
                                + std::to_string(outcome.size) + " bytes");
@@ -89,23 +89,23 @@ void dlgCompile::lvMessages_DblClick(int row) {
     }
 }
 
-ui::Text dlgCompile::cell(int row, int column) const {
+text::Text dlgCompile::cell(int row, int column) const {
     const workshop::Message& message =
         compilation_.outcome().messages[static_cast<std::size_t>(row) - 1];
     switch (column) {
     case kindColumn:
         return nameOf(message.severity);
     case fileColumn:
-        return model::fromUtf8(message.file.substr(message.file.find_last_of("/\\") + 1));
+        return text::fromUtf8(message.file.substr(message.file.find_last_of("/\\") + 1));
     case lineColumn:
-        return message.line > 0 ? std::to_string(message.line) : ui::Text();
+        return message.line > 0 ? std::to_string(message.line) : text::Text();
     default:
-        return model::fromUtf8(message.text);
+        return text::fromUtf8(message.text);
     }
 }
 
-ui::Text dlgCompile::toolTip(int row, int column) const {
-    return column == fileColumn ? model::fromUtf8(
+text::Text dlgCompile::toolTip(int row, int column) const {
+    return column == fileColumn ? text::fromUtf8(
                compilation_.outcome().messages[static_cast<std::size_t>(row) - 1].file)
                                 : cell(row, column);
 }

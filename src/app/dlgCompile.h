@@ -42,8 +42,8 @@ public:
 
 private:
     int rowCount() const override { return shown_; }
-    ui::Text cell(int row, int column) const override;
-    ui::Text toolTip(int row, int column) const override;
+    text::Text cell(int row, int column) const override;
+    text::Text toolTip(int row, int column) const override;
     void showProgress();
     void showOutcome();
 };

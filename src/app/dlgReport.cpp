@@ -2,7 +2,7 @@
 
 namespace app {
 
-dlgReport::dlgReport(ui::Window& owner, ui::TextView caption, model::HelpContext context)
+dlgReport::dlgReport(ui::Window& owner, text::TextView caption, ui::HelpContext context)
     : Window(Kind::dialog, windowName, &owner) {
     setCaption(caption);
     setHelpContext(context);

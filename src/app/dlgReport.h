@@ -1,8 +1,8 @@
 #pragma once
 
-#include "model/HelpContext.h"
 #include "ui/Button.h"
 #include "ui/Clipboard.h"
+#include "ui/HelpContext.h"
 #include "ui/Window.h"
 
 namespace app {
@@ -13,8 +13,8 @@ class dlgReport : public ui::Window {
 public:
     static constexpr const char* windowName = "dlgReport";
 
-    explicit dlgReport(ui::Window& owner, ui::TextView caption = "Generation Report",
-                       model::HelpContext context = model::reportHelp);
+    explicit dlgReport(ui::Window& owner, text::TextView caption = "Generation Report",
+                       ui::HelpContext context = ui::reportHelp);
 
     ui::TextBox txtReport{*this, ui::TextBox::Lines::many};
     ui::Button cmdCopy{*this, "&Copy"};

@@ -3,18 +3,18 @@
 #include <algorithm>
 #include <sstream>
 
-#include "app/Version.h"
-#include "model/HelpContext.h"
 #include "model/Helper.h"
 #include "model/OutlineEditing.h"
+#include "platform/Version.h"
+#include "ui/HelpContext.h"
 #include "ui/ShowHelp.h"
 #include "ui/WindowPlace.h"
 
 namespace app {
 
 namespace fs = std::filesystem;
-using model::Text;
-using model::TextView;
+using text::Text;
+using text::TextView;
 using ui::Prompter;
 
 frmMain::frmMain(ui::Settings& settings, fs::path programFolder)
@@ -24,14 +24,14 @@ frmMain::frmMain(ui::Settings& settings, fs::path programFolder)
     fillMenus();
     connectControls();
     restoreWindow();
-    const TextView full = version;
+    const TextView full = platform::version;
     setCaption("HTML Topicsmith - " + Text(full.substr(0, full.rfind('.'))));
     helpFile_ = programFolder_ / "HTML Topicsmith.chm";
     if (!model::fileExists(helpFile_)) {
         Prompter::current().ask(this, {"WARNING: Missing Help File", "HTML Topicsmith",
                                        ui::Buttons::ok, ui::QuestionIcon::information});
     }
-    setHelpContext(model::mainWindowHelp);
+    setHelpContext(ui::mainWindowHelp);
     ui::setHelp([this](int context) { showHelpContext(context); });
     project_.setObserver(this);
     files_.recentFilesChanged = [this] { updateRecentFiles(); };

@@ -11,14 +11,14 @@
 #include "app/Recovery.h"
 #include "app/dlgCompile.h"
 #include "app/dlgReport.h"
-#include "editor/frmEditBody.h"
+#include "editor/forms/frmEditBody.h"
 #include "generate/GenerationReport.h"
-#include "help/frmHelp.h"
+#include "help/forms/frmHelp.h"
 #include "import/Synchroniser.h"
-#include "import/frmImport.h"
+#include "import/forms/frmImport.h"
 #include "model/ProjectFile.h"
 #include "tools/SpellChecker.h"
-#include "tools/frmFind.h"
+#include "tools/forms/frmFind.h"
 #include "ui/Clipboard.h"
 #include "ui/ListView.h"
 #include "ui/Panel.h"
@@ -197,7 +197,7 @@ private:
     // What a search asks for.
     const model::TopicOutline& outline() const override { return project_.outline(); }
     int selectedTopic() const override;
-    std::optional<model::Text> editedText(int topic, tools::FindStage stage) const override;
+    std::optional<text::Text> editedText(int topic, tools::FindStage stage) const override;
     bool leaveBody() override { return closeEditor(); }
     bool showMatch(const tools::FindMatch& match) override;
 
@@ -226,10 +226,10 @@ private:
     void updateRecentFiles();
     void updateStatus();
     void showDocument();
-    void notice(const model::Text& text);
+    void notice(const text::Text& text);
     void noticeOutcome(bool done);
-    static model::Text failureNotice(const std::error_code& error); ///< empty for none
-    void setTrouble(Trouble kind, const model::Text& text);
+    static text::Text failureNotice(const std::error_code& error); ///< empty for none
+    void setTrouble(Trouble kind, const text::Text& text);
     void readAgainIfChanged();
 
     void showCurrent();
@@ -240,7 +240,7 @@ private:
     bool storeEditor();
     bool leaveEditorForUndo(const model::UndoRecord& step);
     void showEditor(int position);
-    void editField(model::TextView name, const ui::TextBox& box, model::Text model::Topic::*field);
+    void editField(text::TextView name, const ui::TextBox& box, text::Text model::Topic::*field);
     void leaveField();
     void finishField();
     void moveByKey(ui::Key& key);
@@ -251,7 +251,7 @@ private:
     bool mayGenerateInto(const std::filesystem::path& workshopFile, const char* command);
     generate::GenerationReport generateInto(const std::filesystem::path& workshopFile,
                                             const char* title,
-                                            const std::function<void(const model::Text&)>& show);
+                                            const std::function<void(const text::Text&)>& show);
     std::filesystem::path compiledHelp() const;
     void compileHelp(bool ask);
     std::optional<std::filesystem::path> chooseCompiledHelp();
@@ -262,16 +262,16 @@ private:
     bool settleEditedPages(const std::filesystem::path& pageFolder);
 
     std::filesystem::path importFolder() const;
-    std::optional<std::filesystem::path> chooseImport(model::TextView title, const char* pattern,
+    std::optional<std::filesystem::path> chooseImport(text::TextView title, const char* pattern,
                                                       const char* filter);
     void importTextFile(const std::filesystem::path& file);
     void importVbProject(const std::filesystem::path& file);
     void finishImport(const importer::ImportOutcome& outcome);
     bool tellConflicts(const importer::Synchronisation& result);
-    void showReport(model::TextView caption, model::HelpContext context, const model::Text& text);
+    void showReport(text::TextView caption, ui::HelpContext context, const text::Text& text);
 
-    std::map<Trouble, model::Text> troubles_; ///< what is wrong until it is mended
-    bool keepsWork_ = false;                  ///< not while work of an earlier run is in question
+    std::map<Trouble, text::Text> troubles_; ///< what is wrong until it is mended
+    bool keepsWork_ = false;                 ///< not while work of an earlier run is in question
     std::chrono::steady_clock::time_point oldestWork_; ///< the first edit that is not kept yet
     ui::Clipboard clipboard_;
     ui::CommandSet commands_{*this, mainCommands(), &lvLevels};
@@ -279,7 +279,7 @@ private:
     std::unique_ptr<editor::frmEditBody> editor_;
     std::unique_ptr<dlgReport> report_;
     std::unique_ptr<importer::frmImport> import_;
-    model::Text lastFindText_; ///< as long as the program runs
+    text::Text lastFindText_; ///< as long as the program runs
     std::unique_ptr<tools::frmFind> find_;
     std::unique_ptr<help::frmHelp> help_;
     std::unique_ptr<dlgCompile> compilation_;

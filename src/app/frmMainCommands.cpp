@@ -7,16 +7,16 @@
 #include "generate/GeneratedFile.h"
 #include "generate/GenerationRun.h"
 #include "import/ImportOutcome.h"
-#include "model/CodePage.h"
 #include "model/OutlineEditing.h"
 #include "platform/Files.h"
+#include "text/CodePage.h"
 #include "ui/WaitCursor.h"
 
 // What the main window does when a command is chosen.
 namespace app {
 
 namespace fs = std::filesystem;
-using model::Text;
+using text::Text;
 using ui::Prompter;
 
 namespace {
@@ -26,14 +26,14 @@ Text unwrittenFiles(const model::FileFailures& failures) {
         return {};
     }
     return std::to_string(failures.size()) + (failures.size() == 1 ? " file" : " files")
-           + " could not be written: " + model::displayText(failures.front().path.filename()) + " ("
-           + model::fromUtf8(failures.front().reason) + ')';
+           + " could not be written: " + text::displayText(failures.front().path.filename()) + " ("
+           + text::fromUtf8(failures.front().reason) + ')';
 }
 
 } // namespace
 
 Text frmMain::failureNotice(const std::error_code& error) {
-    return error ? "Not done: " + model::fromUtf8(error.message()) : Text();
+    return error ? "Not done: " + text::fromUtf8(error.message()) : Text();
 }
 
 void frmMain::mnuFileNew_Click() {
@@ -134,7 +134,7 @@ generate::GenerationReport frmMain::generateInto(const fs::path& workshopFile, c
         generate::generateHelp(project_, {workshopFile, programFolder_, save, show});
     setTrouble(Trouble::output, unwrittenFiles(report.failures));
     if (!report.failures.empty()) {
-        model::append(report.text, model::lineBreak, model::lineBreak, "Not written:");
+        text::append(report.text, text::lineBreak, text::lineBreak, "Not written:");
         importer::appendLines(report.text, report.failures);
     }
     return report;

@@ -2,9 +2,9 @@
 #include "generate/GeneratedFile.h"
 #include "generate/GenerationRun.h"
 #include "generate/WorkshopName.h"
-#include "model/CodePage.h"
 #include "model/PagePath.h"
 #include "platform/Files.h"
+#include "text/CodePage.h"
 
 // Compiled help in the main window.
 namespace app {
@@ -64,7 +64,7 @@ void frmMain::compileHelp(bool ask) {
     compilation_.reset(); // the one before gives way
     const generate::GenerationReport report = generateInto(workshopFile, compileTitle, {});
     if (!report.failures.empty()) { // a help of old pages would look as if all was well
-        showReport("Generation Report", model::reportHelp, report.text);
+        showReport("Generation Report", ui::reportHelp, report.text);
         return;
     }
     settings_.setPath(section, "Project", project_.projectPath());
@@ -76,7 +76,7 @@ void frmMain::compileFrom(const fs::path& workshopFile, const fs::path& output) 
     compile::CompileOptions options;
     options.output = output;
     options.otherFolder = project_.projectPath().parent_path();
-    options.title = model::toUtf8(model::oneLine(project_.options().projectName));
+    options.title = text::toUtf8(text::oneLine(project_.options().projectName));
     compilation_ = std::make_unique<dlgCompile>(*this, workshopFile, options);
     compilation_->Closed.connect([this] { discard(std::move(compilation_)); });
     compilation_->MessageChosen.connect(
@@ -87,10 +87,10 @@ void frmMain::compileFrom(const fs::path& workshopFile, const fs::path& output) 
 
 /// The topic of the page to which a message belongs.
 void frmMain::showPlace(const workshop::Message& message) {
-    const model::Text file = model::pageKey(model::fromUtf8(message.file));
+    const text::Text file = model::pageKey(text::fromUtf8(message.file));
     const std::string folder = std::string("\\") + model::pageFolderName + "\\";
     for (int position = 1; position <= project_.outline().count(); ++position) {
-        const model::Text page = folder + model::pageKey(project_.outline().at(position).fileName);
+        const text::Text page = folder + model::pageKey(project_.outline().at(position).fileName);
         if (file.ends_with(page)) {
             showTopic(position);
             activate();
@@ -114,7 +114,7 @@ void frmMain::openCompiledHelp(const fs::path& file) {
     if (hasTopic()) {
         const model::Topic& topic = project_.outline().at(project_.currentIndex());
         compiledHelp_->showPage("/" + std::string(model::pageFolderName) + "/"
-                                + model::toUtf8(topic.fileName));
+                                + text::toUtf8(topic.fileName));
     }
     compiledHelp_->activate();
 }

@@ -4,9 +4,9 @@
 // The fields of the current topic in the main window.
 namespace app {
 
-using model::Text;
-using model::TextView;
 using model::Topic;
+using text::Text;
+using text::TextView;
 
 namespace {
 /// Where the caret goes: the end of any usual text.

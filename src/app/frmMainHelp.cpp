@@ -1,5 +1,5 @@
 #include "app/frmMain.h"
-#include "ui/HtmlHelp.h"
+#include "platform/HelpViewer.h"
 
 // The program's own help in the main window.
 namespace app {
@@ -10,7 +10,7 @@ void frmMain::mnuHelpContents_Click() {
 
 void frmMain::showHelpContext(int context) {
     const auto number = static_cast<unsigned>(context);
-    if (ui::showHelpContext(helpFile_, number)) {
+    if (platform::viewHelpPage(helpFile_, number)) {
         return;
     }
     if (openHelp()) {
@@ -20,7 +20,7 @@ void frmMain::showHelpContext(int context) {
 }
 
 void frmMain::mnuHelpIndex_Click() {
-    if (ui::showHelpIndex(helpFile_)) {
+    if (platform::viewHelpIndex(helpFile_)) {
         return;
     }
     if (openHelp()) {

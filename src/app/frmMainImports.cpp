@@ -4,17 +4,17 @@
 #include "generate/GeneratedFile.h"
 #include "import/TextImport.h"
 #include "import/VbImport.h"
-#include "model/CodePage.h"
 #include "model/PagePath.h"
 #include "platform/Files.h"
+#include "text/CodePage.h"
 #include "ui/WaitCursor.h"
 
 // What the main window does with files from elsewhere.
 namespace app {
 
 namespace fs = std::filesystem;
-using model::Text;
-using model::TextView;
+using text::Text;
+using text::TextView;
 using ui::Prompter;
 
 namespace {
@@ -25,7 +25,7 @@ constexpr const char* importKey = "File Path";
 constexpr const char* topicsFilter = "Topicsmith Project Files (*.tsp)|*.tsp|All Files (*.*)|*.*";
 
 bool hasExtension(const fs::path& file, TextView extension) {
-    return model::equalIgnoringCase(platform::utf8FromPath(file.extension()), extension);
+    return text::equalIgnoringCase(platform::utf8FromPath(file.extension()), extension);
 }
 
 bool wantsReport(ui::Window& window, std::size_t conflicts) {
@@ -113,7 +113,7 @@ void frmMain::finishImport(const importer::ImportOutcome& outcome) {
         notice(summary(outcome));
     }
     if (!outcome.skipped.empty()) {
-        showReport("Import Report", model::mainWindowHelp, importer::report(outcome));
+        showReport("Import Report", ui::mainWindowHelp, importer::report(outcome));
     }
     updateCommands();
 }
@@ -143,7 +143,7 @@ void frmMain::mnuFileSynch_Click() {
     }
     const bool isReported = tellConflicts(result);
     if (!isReported && result.unreadable.size() + result.withoutText.size() > 1) {
-        showReport("Synchronization Report", model::mainWindowHelp, importer::report(result));
+        showReport("Synchronization Report", ui::mainWindowHelp, importer::report(result));
     }
     notice(summary(result) + untouchedPages(result));
 }
@@ -157,7 +157,7 @@ bool frmMain::tellConflicts(const importer::Synchronisation& result) {
         ++told;
         const std::size_t left = conflicts.size() - told;
         if (told == 1 && left > 1 && wantsReport(*this, left)) {
-            showReport("Synchronization Report", model::mainWindowHelp, importer::report(result));
+            showReport("Synchronization Report", ui::mainWindowHelp, importer::report(result));
             return true;
         }
     }
@@ -165,7 +165,7 @@ bool frmMain::tellConflicts(const importer::Synchronisation& result) {
 }
 
 /// Takes the place of an earlier report.
-void frmMain::showReport(TextView caption, model::HelpContext context, const Text& text) {
+void frmMain::showReport(TextView caption, ui::HelpContext context, const Text& text) {
     report_ = std::make_unique<dlgReport>(*this, caption, context);
     report_->Closed.connect([this] { discard(std::move(report_)); });
     report_->txtReport.setText(text);

@@ -5,16 +5,16 @@
 #include "import/EditedPages.h"
 #include "import/ImportOutcome.h"
 #include "import/Synchroniser.h"
-#include "model/CodePage.h"
 #include "model/PagePath.h"
 #include "platform/Files.h"
+#include "text/CodePage.h"
 #include "ui/WaitCursor.h"
 
 // What the main window asks before a generation.
 namespace app {
 
 namespace fs = std::filesystem;
-using model::Text;
+using text::Text;
 using ui::Prompter;
 
 namespace {
@@ -26,12 +26,11 @@ Text lines(const model::FileFailures& pages) {
     constexpr std::size_t shown = 10;
     Text list;
     for (std::size_t i = 0; i < std::min(pages.size(), shown); ++i) {
-        model::append(list, model::lineBreak, model::displayText(pages[i].path.filename()), ": ",
-                      model::fromUtf8(pages[i].reason));
+        text::append(list, text::lineBreak, text::displayText(pages[i].path.filename()), ": ",
+                     text::fromUtf8(pages[i].reason));
     }
     if (pages.size() > shown) {
-        model::append(list, model::lineBreak, "and ", std::to_string(pages.size() - shown),
-                      " more");
+        text::append(list, text::lineBreak, "and ", std::to_string(pages.size() - shown), " more");
     }
     return list;
 }
@@ -56,9 +55,9 @@ std::optional<fs::path> frmMain::chooseWorkshopFile() {
 /// Says why an output file cannot have its name.
 bool frmMain::refused(const std::optional<model::FileFailure>& fault, const char* command) {
     if (fault) {
-        Prompter::current().tell(this, {model::displayText(fault->path.filename()) + ": "
-                                            + model::fromUtf8(fault->reason),
-                                        command, model::MessageIcon::exclamation});
+        Prompter::current().tell(
+            this, {text::displayText(fault->path.filename()) + ": " + text::fromUtf8(fault->reason),
+                   command, text::MessageIcon::exclamation});
     }
     return fault.has_value();
 }
@@ -99,7 +98,7 @@ bool frmMain::settleEditedPages(const fs::path& pageFolder) {
         Prompter::current().tell(this, {"Nothing was generated, because "
                                             + importer::counted(edited.size(), "page")
                                             + " could not be taken back:\r\n" + lines(edited),
-                                        title, model::MessageIcon::exclamation});
+                                        title, text::MessageIcon::exclamation});
     }
     return edited.empty();
 }

@@ -1,7 +1,7 @@
 #include "app/frmMain.h"
-#include "model/CodePage.h"
 #include "model/ProjectFile.h"
 #include "platform/Files.h"
+#include "text/CodePage.h"
 
 // Unsaved work that outlives the program.
 namespace app {
@@ -53,8 +53,8 @@ void frmMain::keepForRecovery() {
     const std::error_code error = recovery_.keep({formatProject(work.outline(), work.options()),
                                                   work.projectPath(), project_.currentIndex()});
     setTrouble(Trouble::recovery, error ? "Unsaved work cannot be kept for a restart: "
-                                              + model::fromUtf8(error.message())
-                                        : model::Text());
+                                              + text::fromUtf8(error.message())
+                                        : text::Text());
     if (error) {
         noteWork(); // to try again
     }
@@ -68,10 +68,10 @@ ui::Answer frmMain::decideRecovery(const Recovery::Work& work, const model::Pars
     if (parsed.stop != model::LoadStop::none) {
         return ui::Answer::cancel;
     }
-    model::Text text = "The program ended before the changes of this project were saved:\n"
-                       + model::displayText(work.path);
+    text::Text text = "The program ended before the changes of this project were saved:\n"
+                      + text::displayText(work.path);
     if (work.topic >= 1 && work.topic <= parsed.outline.count()) {
-        const model::Text& title = parsed.outline.at(work.topic).title;
+        const text::Text& title = parsed.outline.at(work.topic).title;
         text += "\nThe last topic was '" + (title.empty() ? "<No Title>" : title) + "'.";
     }
     text += "\nDo you want them back?";

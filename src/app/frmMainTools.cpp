@@ -1,9 +1,9 @@
 #include <algorithm>
 
 #include "app/frmMain.h"
-#include "model/TextLines.h"
+#include "text/TextLines.h"
 #include "tools/Dictionary.h"
-#include "tools/StartSpelling.h"
+#include "tools/forms/StartSpelling.h"
 
 // Find and spelling in the main window.
 namespace app {
@@ -74,15 +74,15 @@ int frmMain::selectedTopic() const {
 
 /// The editor belongs to the current topic. It counts every line end as two characters, which
 /// others may not have.
-std::optional<model::Text> frmMain::editedText(int topic, FindStage stage) const {
+std::optional<text::Text> frmMain::editedText(int topic, FindStage stage) const {
     if (editor_ != nullptr && editor_->isVisible() && topic == project_.currentIndex()) {
         return boxOf(*editor_, stage).countedText();
     }
-    const model::Text& body = project_.outline().at(topic).body;
-    if (stage != FindStage::body || !model::hasOtherLineEnds(body)) {
+    const text::Text& body = project_.outline().at(topic).body;
+    if (stage != FindStage::body || !text::hasOtherLineEnds(body)) {
         return {};
     }
-    return model::withLineBreaks(body);
+    return text::withLineBreaks(body);
 }
 
 /// The focus of the window that shows the match goes there; which window has it is left alone, so
@@ -153,18 +153,18 @@ void frmMain::mnuFileSpellChkAll_Click() {
 
 SpellChecker::Outcome frmMain::checkTopic(SpellChecker& checker, int position) {
     using model::Topic;
-    constexpr std::pair<model::Text Topic::*, const char*> fields[] = {
+    constexpr std::pair<text::Text Topic::*, const char*> fields[] = {
         {&Topic::title, "title"},
         {&Topic::shortDescription, "short description"},
         {&Topic::body, "text"}};
     for (const auto& [field, name] : fields) {
-        const model::Text& written = project_.outline().at(position).*field;
+        const text::Text& written = project_.outline().at(position).*field;
         if (written.empty()) {
             continue;
         }
-        const model::Text before = model::withLineBreaks(written); // as it comes back
-        model::Text text = before;
-        const model::Text place = project_.outline().at(position).title + " (" + name + ')';
+        const text::Text before = text::withLineBreaks(written); // as it comes back
+        text::Text text = before;
+        const text::Text place = project_.outline().at(position).title + " (" + name + ')';
         const SpellChecker::Outcome outcome = checker.check(text, place);
         if (text != before) {
             project_.setCurrentIndex(position);

@@ -2,16 +2,16 @@
 
 #include <algorithm>
 
-#include "model/CodePage.h"
-#include "model/HelpContext.h"
 #include "model/PagePath.h"
 #include "platform/Files.h"
+#include "text/CodePage.h"
+#include "ui/HelpContext.h"
 
 namespace app {
 
 namespace fs = std::filesystem;
 using model::NavigationType;
-using model::Text;
+using text::Text;
 using ui::FileQuestion;
 using ui::Prompter;
 
@@ -208,8 +208,8 @@ void frmOptions::chooseFile(const FileQuestion& question, const fs::path& counts
         return;
     }
     const fs::path path = pathFrom(countsFrom, platform::fullPath(*file));
-    const Text text = model::displayText(path);
-    if (model::nativePath(text) != path) {
+    const Text text = text::displayText(path);
+    if (text::nativePath(text) != path) {
         Prompter::current().ask(this,
                                 {"The name of this file has characters that a project cannot hold.",
                                  caption(), ui::Buttons::ok, ui::QuestionIcon::exclamation});
@@ -253,9 +253,9 @@ void frmOptions::cmdOK_Click() {
 
 /// Each page has its own help.
 void frmOptions::tbsOptions_Click() {
-    constexpr model::HelpContext contexts[] = {model::pageOptionsHelp, model::pageOptionsHelp,
-                                               model::navigationOptionsHelp,
-                                               model::documentationOptionsHelp};
+    constexpr ui::HelpContext contexts[] = {ui::pageOptionsHelp, ui::pageOptionsHelp,
+                                            ui::navigationOptionsHelp,
+                                            ui::documentationOptionsHelp};
     setHelpContext(contexts[tbsOptions.selected()]);
 }
 

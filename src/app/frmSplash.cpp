@@ -1,12 +1,12 @@
 #include "app/frmSplash.h"
 
-#include "app/Version.h"
+#include "platform/Version.h"
 
 namespace app {
 
 frmSplash::frmSplash(ui::Window& owner)
     : Window(Kind::splash, "frmSplash", &owner),
-      lblVersion(*this, model::Text("Version ") + version) {
+      lblVersion(*this, text::Text("Version ") + platform::version) {
     setCaption("HTML Topicsmith");
     lblProduct.setLarge();
     for (ui::Label* label : {&lblProduct, &lblVersion, &lblPurpose}) {

@@ -9,9 +9,9 @@
 #include "compile/PopupTexts.h"
 #include "compile/ProjectInput.h"
 #include "compile/WordBreaker.h"
-#include "model/PagePath.h"
-#include "model/Text.h"
 #include "platform/Files.h"
+#include "text/Address.h"
+#include "text/Text.h"
 
 namespace compile {
 
@@ -94,7 +94,7 @@ private:
 
     /// All windows have one contents and one index, as many readers know no more.
     void checkWindowsOwn(const std::string& own, const std::string& used, const Place& place) {
-        if (!own.empty() && caseKey(model::plainPath(own)) != caseKey(model::plainPath(used))) {
+        if (!own.empty() && caseKey(text::plainPath(own)) != caseKey(text::plainPath(used))) {
             messages_.warn(place, "the window shows " + used + " and not " + own
                                       + ", as the help has one for all windows");
         }
@@ -122,7 +122,7 @@ private:
         resolveTargets(contents_, files_, messages_);
         resolveTargets(index_, files_, messages_);
         for (const auto& [name, value] : contents_.map.properties) {
-            if (model::equalIgnoringCase(name, "imagelist") && !value.empty()) {
+            if (text::equalIgnoringCase(name, "imagelist") && !value.empty()) {
                 files_.fromProject(value, {contents_.shown});
             }
         }

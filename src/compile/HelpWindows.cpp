@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "model/Text.h"
+#include "text/Text.h"
 
 namespace compile {
 
@@ -70,7 +70,7 @@ void completeWindows(std::vector<WindowRow>& windows, const SystemFacts& facts) 
 bool putFirst(std::vector<WindowRow>& windows, const std::string& name) {
     const auto found =
         std::find_if(windows.begin(), windows.end(), [&name](const WindowRow& window) {
-            return model::equalIgnoringCase(window.name, name);
+            return text::equalIgnoringCase(window.name, name);
         });
     if (found == windows.end()) {
         return false;

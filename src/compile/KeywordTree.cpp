@@ -4,8 +4,8 @@
 #include <string_view>
 
 #include "compile/Bytes.h"
-#include "model/CodePage.h"
 #include "platform/Unicode.h"
+#include "text/CodePage.h"
 #include "workshop/Encoding.h"
 
 namespace compile {
@@ -40,7 +40,7 @@ bool isWordCharacter(char32_t character) {
 std::u32string keyOf(std::string_view utf8) {
     std::u32string key;
     while (!utf8.empty()) {
-        const char32_t character = platform::lowerCase(withoutAccent(model::takeUtf8(utf8)));
+        const char32_t character = platform::lowerCase(withoutAccent(text::takeUtf8(utf8)));
         if (!key.empty() || isWordCharacter(character)) {
             key += character;
         }
@@ -51,7 +51,7 @@ std::u32string keyOf(std::string_view utf8) {
 void appendUtf16(std::string& bytes, std::string_view utf8, std::size_t limit) {
     constexpr char32_t firstPair = 0x10000;
     for (std::size_t units = 0; !utf8.empty() && units + 2 < limit; ++units) {
-        const char32_t character = model::takeUtf8(utf8);
+        const char32_t character = text::takeUtf8(utf8);
         if (character < firstPair) {
             append16(bytes, character);
         } else {

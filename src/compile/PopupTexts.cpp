@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "model/TextLines.h"
+#include "text/TextLines.h"
 
 namespace compile {
 
@@ -14,18 +14,18 @@ std::string popupTexts(std::string_view bytes,
         known.emplace(each.name, each.number);
     }
     std::string texts;
-    model::LineReader lines(bytes);
+    text::LineReader lines(bytes);
     for (std::string_view line; lines.next(line);) {
-        if (model::startsWithIgnoringCase(line, ".comment")) {
+        if (text::startsWithIgnoringCase(line, ".comment")) {
             continue;
         }
-        const bool isTopic = model::startsWithIgnoringCase(line, topic);
+        const bool isTopic = text::startsWithIgnoringCase(line, topic);
         const auto number =
-            isTopic ? known.find(model::trim(line.substr(topic.size()))) : known.end();
+            isTopic ? known.find(text::trim(line.substr(topic.size()))) : known.end();
         if (number != known.end()) {
-            model::appendLine(texts, topic, " ", std::to_string(number->second));
+            text::appendLine(texts, topic, " ", std::to_string(number->second));
         } else {
-            model::appendLine(texts, line);
+            text::appendLine(texts, line);
         }
     }
     return texts;

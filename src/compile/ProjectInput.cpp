@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "compile/SourceFiles.h"
-#include "model/FileFinder.h"
-#include "model/Text.h"
 #include "platform/Files.h"
+#include "text/FileFinder.h"
+#include "text/Text.h"
 
 namespace compile {
 
@@ -35,7 +35,7 @@ public:
     }
 
 private:
-    model::FileFinder finder_;
+    text::FileFinder finder_;
 };
 
 } // namespace
@@ -58,7 +58,7 @@ fs::path ProjectInput::output(Messages& messages) const {
         return beside;
     }
     fs::path output = folder / slashed(option.text);
-    if (!model::equalIgnoringCase(platform::utf8FromPath(output.extension()), ".chm")) {
+    if (!text::equalIgnoringCase(platform::utf8FromPath(output.extension()), ".chm")) {
         output += ".chm"; // a project may not choose to replace any other kind of file
     }
     return output;

@@ -1,7 +1,7 @@
 #include "compile/SitemapSource.h"
 
-#include "model/PagePath.h"
 #include "platform/Files.h"
+#include "text/Address.h"
 
 namespace compile {
 
@@ -55,7 +55,7 @@ void resolveTargets(SitemapSource& source, SourceFiles& files, Messages& message
             }
             std::string packed = packedAddress(files, file, target.page);
             source.isAsItShouldBe =
-                source.isAsItShouldBe && caseKey(model::plainPath(target.page)) == caseKey(packed);
+                source.isAsItShouldBe && caseKey(text::plainPath(target.page)) == caseKey(packed);
             target.page = std::move(packed);
         }
     }
@@ -88,7 +88,7 @@ ContentsStyle contentsStyle(const SitemapSource& contents, const TextEncoder& en
     ContentsStyle style;
     for (const auto& [name, value] : contents.map.properties) {
         const auto is = [&name = name](const char* known) {
-            return model::equalIgnoringCase(name, known);
+            return text::equalIgnoringCase(name, known);
         };
         const std::string bytes = encoder.text(value, {contents.shown}, "a property");
         if (is("imagelist")) {
@@ -100,7 +100,7 @@ ContentsStyle contentsStyle(const SitemapSource& contents, const TextEncoder& en
         } else if (is("windowname")) {
             style.window = bytes;
         } else if (is("imagetype")) {
-            style.folders = model::equalIgnoringCase(value, "folder");
+            style.folders = text::equalIgnoringCase(value, "folder");
         } else if (is("background")) {
             style.background = workshop::readNumber(value);
         } else if (is("foreground")) {

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "model/CodePage.h"
-#include "model/PagePath.h"
 #include "platform/Files.h"
 #include "platform/Unicode.h"
+#include "text/Address.h"
+#include "text/CodePage.h"
 #include "workshop/Encoding.h"
 
 namespace compile {
@@ -18,8 +18,8 @@ constexpr std::string_view climb = "../";
 
 bool hasEnding(std::string_view path, std::string_view lowerEnding) {
     return path.size() > lowerEnding.size()
-           && model::startsWithIgnoringCase(path.substr(path.size() - lowerEnding.size()),
-                                            lowerEnding);
+           && text::startsWithIgnoringCase(path.substr(path.size() - lowerEnding.size()),
+                                           lowerEnding);
 }
 
 bool isPageName(std::string_view path) {
@@ -80,11 +80,11 @@ std::string caseKey(std::string_view utf8) {
     std::string key;
     key.reserve(utf8.size());
     while (!utf8.empty()) {
-        const char32_t character = model::takeUtf8(utf8);
+        const char32_t character = text::takeUtf8(utf8);
         if (character < 0x80) {
-            key += model::lowerCase(static_cast<char>(character));
+            key += text::lowerCase(static_cast<char>(character));
         } else {
-            model::appendUtf8(key, platform::lowerCase(character));
+            text::appendUtf8(key, platform::lowerCase(character));
         }
     }
     return key;
@@ -130,7 +130,7 @@ std::size_t SourceFiles::projectFile(std::string_view path, const Place& place) 
         slashed = fromPercent(slashed);
     }
     const fs::path native = platform::pathFromUtf8(slashed);
-    const std::string relative = model::plainPath(
+    const std::string relative = text::plainPath(
         native.is_absolute()
             ? platform::utf8FromPath(native.lexically_normal().lexically_relative(settings_.folder))
             : slashed);
@@ -162,7 +162,7 @@ std::size_t SourceFiles::locate(const std::string& relative, const Place& place,
 
 std::size_t SourceFiles::search(const std::string& relative, const std::string* within) {
     const fs::path native = platform::pathFromUtf8(relative);
-    const auto isThere = [&](model::FileFinder& finder, const fs::path& path) {
+    const auto isThere = [&](text::FileFinder& finder, const fs::path& path) {
         return platform::isFile(path)
                && (within == nullptr
                    || isWithin(finder.findNative(platform::pathFromUtf8(*within)), path));
@@ -237,7 +237,7 @@ std::string SourceFiles::fromPercent(std::string_view path) const {
     if (path.find('%') == std::string_view::npos) {
         return std::string(path);
     }
-    return workshop::decodedSource(model::unescaped(path), settings_.codePage).utf8;
+    return workshop::decodedSource(text::unescaped(path), settings_.codePage).utf8;
 }
 
 /// A page may not lead out of the project's folder on its own account: the folder, relative to
@@ -264,7 +264,7 @@ std::size_t SourceFiles::fromPage(std::size_t page, const std::string& path, con
     }
     const bool fromRoot = path.starts_with('/') || path.starts_with('\\');
     const std::string folder(fromRoot ? std::string_view() : folderOf(files_[page].relative));
-    const auto resolve = [&](const std::string& each) { return model::plainPath(folder + each); };
+    const auto resolve = [&](const std::string& each) { return text::plainPath(folder + each); };
     std::string relative = resolve(fromPercent(path));
     const std::string literal = resolve(path); // a file may be called "100%25.htm"
     if (literal != relative && !known_.contains(caseKey(relative))
@@ -293,7 +293,7 @@ void SourceFiles::followAddresses(std::size_t index,
         const Address address = splitAddress(each.text);
         const Place place{page, each.line};
         if (address.isElsewhere) {
-            if (model::startsWithIgnoringCase(each.text, "file:")) {
+            if (text::startsWithIgnoringCase(each.text, "file:")) {
                 messages_.warn(place, "\"" + each.text + "\" is a place on the author's machine");
             }
             continue;
@@ -314,7 +314,7 @@ void SourceFiles::checkAnchors() {
     std::unordered_map<std::size_t, std::unordered_set<std::string>> anchors; // of each page
     for (const WantedAnchor& each : wanted_) {
         const SourceFile& file = files_[each.file];
-        if (!file.isPage || model::equalIgnoringCase(each.fragment, "top")) {
+        if (!file.isPage || text::equalIgnoringCase(each.fragment, "top")) {
             continue;
         }
         const auto [known, isNew] = anchors.try_emplace(each.file);

@@ -14,7 +14,7 @@
 
 #include "compile/Container.h"
 #include "compile/Messages.h"
-#include "model/FileFinder.h"
+#include "text/FileFinder.h"
 #include "workshop/PageFacts.h"
 
 namespace compile {
@@ -113,8 +113,8 @@ private:
     Settings settings_;
     Container& container_;
     Messages& messages_;
-    model::FileFinder finder_;
-    model::FileFinder otherFinder_;
+    text::FileFinder finder_;
+    text::FileFinder otherFinder_;
     std::vector<SourceFile> files_;
     std::size_t next_ = 0;                                ///< to be read
     std::unordered_map<std::string, std::size_t> known_;  ///< by the key of the relative path

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "model/CodePage.h"
+#include "text/CodePage.h"
 #include "workshop/Encoding.h"
 
 namespace compile {
@@ -10,7 +10,7 @@ namespace compile {
 std::string TextEncoder::text(std::string_view utf8, const Place& place, const char* what) const {
     std::string missing;
     std::string bytes = workshop::encoded(utf8, codePage_, [&missing](char32_t character) {
-        model::appendUtf8(missing, character);
+        text::appendUtf8(missing, character);
         return "?";
     });
     if (!missing.empty()) {

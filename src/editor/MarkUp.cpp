@@ -4,9 +4,9 @@
 
 namespace editor {
 
-using model::append;
-using model::appendLine;
-using model::lineBreak;
+using text::append;
+using text::appendLine;
+using text::lineBreak;
 
 namespace {
 

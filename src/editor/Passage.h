@@ -1,11 +1,11 @@
 #pragma once
 
-#include "model/Text.h"
+#include "text/Text.h"
 
 namespace editor {
 
-using model::Text;
-using model::TextView;
+using text::Text;
+using text::TextView;
 
 /// A text and what is selected in it, as it goes into a mark-up command and comes out of it. The
 /// caret after a command is a selection of length 0.

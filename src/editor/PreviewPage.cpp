@@ -2,8 +2,8 @@
 
 namespace editor {
 
-using model::append;
-using model::appendLine;
+using text::append;
+using text::appendLine;
 
 namespace {
 

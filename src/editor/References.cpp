@@ -5,12 +5,12 @@
 #include <cmath>
 
 #include "editor/MarkUp.h"
-#include "model/TextLines.h"
+#include "text/TextLines.h"
 
 namespace editor {
 
-using model::append;
-using model::lineBreak;
+using text::append;
+using text::lineBreak;
 
 namespace {
 
@@ -23,7 +23,7 @@ Passage insertLink(Passage passage, TextView target, TextView linkText) {
 } // namespace
 
 int leadingNumber(TextView typed) {
-    TextView digits = model::trim(typed);
+    TextView digits = text::trim(typed);
     if (digits.starts_with('+') && !digits.starts_with("+-")) {
         digits.remove_prefix(1);
     }
@@ -68,9 +68,9 @@ Passage insertWebLink(Passage passage, TextView address, TextView linkText) {
 Text headingOf(TextView page) {
     constexpr TextView open = "<h1>";
     constexpr TextView close = "</h1>";
-    model::LineReader lines(page);
+    text::LineReader lines(page);
     for (TextView line; lines.next(line) && !lines.atEnd();) { // one without an end is none
-        line = model::trim(line);
+        line = text::trim(line);
         if (line.starts_with(open)) {
             const std::size_t tags = open.size() + close.size();
             return Text(line.size() < tags ? TextView()
@@ -81,7 +81,7 @@ Text headingOf(TextView page) {
 }
 
 Passage insertFile(Passage passage, TextView file) {
-    model::LineReader lines(file);
+    text::LineReader lines(file);
     TextView line;
     lines.next(line);
     const Text first = Text(line) + Text(lineBreak);

@@ -4,8 +4,8 @@
 
 namespace generate {
 
-using model::Text;
-using model::TextView;
+using text::Text;
+using text::TextView;
 
 namespace {
 
@@ -53,7 +53,7 @@ void turnIntoAnchorLink(BodyCopier& copier) {
     const TextView page = copier.rest().substr(0, quote);
     const bool isWholePage =
         page.size() >= extension.size()
-        && model::equalIgnoringCase(page.substr(page.size() - extension.size()), extension);
+        && text::equalIgnoringCase(page.substr(page.size() - extension.size()), extension);
     copier.copy(isWholePage ? quote - extension.size() : quote);
     copier.skip(isWholePage ? extension.size() : 0);
 }
@@ -94,10 +94,10 @@ private:
 LinkCounts countLinks(TextView body) {
     LinkCounts counts;
     for (std::size_t at = body.find('<'); at != TextView::npos; at = body.find('<', at + 1)) {
-        if (!model::startsWithIgnoringCase(body.substr(at), linkStart)) {
+        if (!text::startsWithIgnoringCase(body.substr(at), linkStart)) {
             continue;
         }
-        const bool web = model::startsWithIgnoringCase(body.substr(at + linkStart.size()), "http");
+        const bool web = text::startsWithIgnoringCase(body.substr(at + linkStart.size()), "http");
         ++(web ? counts.web : counts.pages);
     }
     return counts;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/Text.h"
+#include "text/Text.h"
 
 /// The links and pictures in a topic's body, as far as generation looks at them: only mark-up in
 /// the form in which the editor inserts it, with single quotes.
@@ -12,10 +12,10 @@ struct LinkCounts {
 };
 
 /// Letter case does not matter.
-LinkCounts countLinks(model::TextView body);
+LinkCounts countLinks(text::TextView body);
 
 /// Whether the body shows a picture, so that what follows it must be kept from flowing around it.
-bool holdsImage(model::TextView body);
+bool holdsImage(text::TextView body);
 
 /// What becomes of a body's page links in the documentation, where every topic is on one page.
 enum class PageLinks {
@@ -25,7 +25,7 @@ enum class PageLinks {
 
 /// Appends a body, written for a page of its own, as it stands in the documentation. Pictures of
 /// the project's images folder are looked for in `imageFolder`'s.
-void appendDocumentationBody(model::Text& out, model::TextView body, model::TextView imageFolder,
+void appendDocumentationBody(text::Text& out, text::TextView body, text::TextView imageFolder,
                              PageLinks links);
 
 } // namespace generate

@@ -7,10 +7,10 @@
 
 namespace generate {
 
-using model::appendLine;
-using model::Text;
-using model::TextView;
 using model::Topic;
+using text::appendLine;
+using text::Text;
+using text::TextView;
 
 namespace {
 

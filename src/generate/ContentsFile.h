@@ -7,6 +7,6 @@ namespace generate {
 /// The table of contents (`.hhc`), a sitemap whose lists follow the topics' depths. A jump over
 /// several depths opens one list but closes as many as it jumped: on purpose, the lists are not
 /// balanced.
-model::Text contentsFile(const model::TopicOutline& outline);
+text::Text contentsFile(const model::TopicOutline& outline);
 
 } // namespace generate

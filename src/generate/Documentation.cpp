@@ -7,17 +7,17 @@
 #include "generate/BodyLinks.h"
 #include "generate/GeneratedFile.h"
 #include "generate/PageLines.h"
-#include "model/CodePage.h"
+#include "text/CodePage.h"
 
 namespace generate {
 
-using model::append;
-using model::appendLine;
 using model::ProjectOptions;
-using model::Text;
-using model::TextView;
 using model::Topic;
 using model::TopicOutline;
+using text::append;
+using text::appendLine;
+using text::Text;
+using text::TextView;
 
 namespace {
 
@@ -160,7 +160,7 @@ private:
         constexpr TextView paragraph = "<p>";
         const Text& code = options_.additionalText;
         appendLine(page_);
-        if (model::startsWithIgnoringCase(code, paragraph)) {
+        if (text::startsWithIgnoringCase(code, paragraph)) {
             appendLine(page_, code);
         } else {
             appendLine(page_, paragraph, code, "</p>");
@@ -186,13 +186,13 @@ model::FileFailures generateDocumentation(const model::Project& project,
     model::FileFailures failures;
     writeGenerated(
         file,
-        documentationPage(project.outline(), project.options(), model::attributeText(imageFolder)),
+        documentationPage(project.outline(), project.options(), text::attributeText(imageFolder)),
         project.projectPath(), failures);
     return failures;
 }
 
-model::Message documentationComplete() {
-    return {"HTML Documentation Generation is Complete", "Documentation", model::MessageIcon::none};
+text::Message documentationComplete() {
+    return {"HTML Documentation Generation is Complete", "Documentation", text::MessageIcon::none};
 }
 
 } // namespace generate

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "model/CodePage.h"
 #include "platform/Files.h"
+#include "text/CodePage.h"
 
 namespace generate {
 
@@ -18,8 +18,8 @@ fs::path siblingFile(const fs::path& path, std::string_view extension) {
 }
 
 bool haveSameName(const fs::path& one, const fs::path& other) {
-    return model::lowerCase(model::displayText(one.filename()))
-           == model::lowerCase(model::displayText(other.filename()));
+    return text::lowerCase(text::displayText(one.filename()))
+           == text::lowerCase(text::displayText(other.filename()));
 }
 
 void noteFailure(model::FileFailures& failures, const fs::path& path,
@@ -29,7 +29,7 @@ void noteFailure(model::FileFailures& failures, const fs::path& path,
     }
 }
 
-void writeGenerated(const fs::path& path, model::TextView contents, const fs::path& project,
+void writeGenerated(const fs::path& path, text::TextView contents, const fs::path& project,
                     model::FileFailures& failures) {
     if (platform::isSameFile(path, project)) {
         failures.push_back({path, "is the project itself"});

@@ -4,7 +4,7 @@
 #include <system_error>
 
 #include "model/FileFailure.h"
-#include "model/Text.h"
+#include "text/Text.h"
 
 namespace generate {
 
@@ -21,7 +21,7 @@ void noteFailure(model::FileFailures& failures, const std::filesystem::path& pat
 
 /// Writes a file that can be made again, noting a failure. Whatever names and links say, it never
 /// takes the place of the project.
-void writeGenerated(const std::filesystem::path& path, model::TextView contents,
+void writeGenerated(const std::filesystem::path& path, text::TextView contents,
                     const std::filesystem::path& project, model::FileFailures& failures);
 
 } // namespace generate

@@ -8,19 +8,19 @@
 #include "generate/GeneratedFile.h"
 #include "generate/TopicValidation.h"
 #include "generate/WorkshopProject.h"
-#include "model/CodePage.h"
 #include "model/PagePath.h"
 #include "platform/Files.h"
+#include "text/CodePage.h"
 
 namespace generate {
 
 namespace fs = std::filesystem;
-using model::append;
-using model::lineBreak;
 using model::Project;
-using model::Text;
-using model::TextView;
 using model::Topic;
+using text::append;
+using text::lineBreak;
+using text::Text;
+using text::TextView;
 
 namespace {
 
@@ -29,7 +29,7 @@ class GenerationRun {
 public:
     GenerationRun(Project& project, const GenerationRequest& request)
         : project_(project), request_(request), folder_(request.workshopFile.parent_path()) {
-        append(report_.text, "Output to:", lineBreak, model::displayText(request.workshopFile),
+        append(report_.text, "Output to:", lineBreak, text::displayText(request.workshopFile),
                lineBreak);
     }
 
@@ -44,8 +44,8 @@ public:
         const fs::path contents = siblingFile(request_.workshopFile, "hhc");
         const fs::path index = siblingFile(request_.workshopFile, "hhk");
         const WorkshopFileNames names = {
-            model::displayText(siblingFile(request_.workshopFile, "chm").filename()),
-            model::displayText(contents.filename()), model::displayText(index.filename())};
+            text::displayText(siblingFile(request_.workshopFile, "chm").filename()),
+            text::displayText(contents.filename()), text::displayText(index.filename())};
         write(request_.workshopFile, workshopProject(project_.outline(), names));
         writeSibling(contents, contentsFile(project_.outline()));
         // The index is made from the keywords in the pages; the help workshop only wants the file.
@@ -189,11 +189,11 @@ std::vector<const char*> copiedPictures(const model::ProjectOptions& options) {
     return names;
 }
 
-std::optional<model::Message> nothingToGenerate(const Project& project, Text title) {
+std::optional<text::Message> nothingToGenerate(const Project& project, Text title) {
     if (!project.outline().empty()) {
         return {};
     }
-    return model::Message{"No Help Topic Files Found - Nothing to Generate", std::move(title)};
+    return text::Message{"No Help Topic Files Found - Nothing to Generate", std::move(title)};
 }
 
 GenerationReport generateHelp(Project& project, const GenerationRequest& request) {

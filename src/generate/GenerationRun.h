@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "generate/GenerationReport.h"
-#include "model/Message.h"
 #include "model/Project.h"
+#include "text/Message.h"
 
 namespace generate {
 
@@ -24,7 +24,7 @@ struct GenerationRequest {
 
     /// Called with the report so far, when the checks are done and the pages are still to be
     /// written. May be empty.
-    std::function<void(const model::Text&)> showReport;
+    std::function<void(const text::Text&)> showReport;
 };
 
 /// Holds the pictures of the pages, beside the workshop project.
@@ -35,7 +35,7 @@ std::vector<const char*> copiedPictures(const model::ProjectOptions& options);
 
 /// The message instead of a run for a project without topics; nothing for any other. `title` names
 /// the command.
-std::optional<model::Message> nothingToGenerate(const model::Project& project, model::Text title);
+std::optional<text::Message> nothingToGenerate(const model::Project& project, text::Text title);
 
 /// Writes the sources of the compiled help for a project with at least one topic: repairs context
 /// values and file names, writes all files, sets the letters C, N, S and M back and saves the

@@ -8,17 +8,18 @@
 #include "generate/GenerationRun.h"
 #include "generate/PageLines.h"
 #include "generate/PageNavigation.h"
-#include "model/CodePage.h"
-#include "model/FileFinder.h"
-#include "model/HtmlReader.h"
 #include "model/PagePath.h"
 #include "platform/Files.h"
+#include "text/Address.h"
+#include "text/CodePage.h"
+#include "text/FileFinder.h"
+#include "text/HtmlReader.h"
 
 namespace generate {
 
 namespace fs = std::filesystem;
-using model::Text;
-using model::TextView;
+using text::Text;
+using text::TextView;
 
 namespace {
 
@@ -58,7 +59,7 @@ TextView protocolOf(TextView address) {
 /// Whether an address, or what it means, leads past the page to a root, a drive or a share.
 bool isOfThisComputer(TextView address) {
     const TextView protocol = protocolOf(address);
-    return protocol.size() == 1 || model::equalIgnoringCase(protocol, "file")
+    return protocol.size() == 1 || text::equalIgnoringCase(protocol, "file")
            || address.starts_with('/') || address.starts_with('\\');
 }
 
@@ -77,12 +78,12 @@ public:
 
     /// Looks at all addresses in HTML that stands on the page of a topic or on all pages.
     void checkHtml(int position, TextView html) {
-        model::HtmlReader reader(html);
+        text::HtmlReader reader(html);
         while (reader.next()) {
             for (const char* attribute : {"id", "name"}) {
                 const auto anchor = reader.attribute(attribute);
                 if (anchor && (reader.opens("a") || TextView(attribute) == "id")) {
-                    anchors_.emplace(position, model::lowerCase(plainAddress(*anchor)));
+                    anchors_.emplace(position, text::lowerCase(plainAddress(*anchor)));
                 }
             }
             for (const AddressPlace& place : addressPlaces) {
@@ -102,14 +103,14 @@ public:
         }
         const TextView protocol = protocolOf(address);
         const bool isWeb = address.starts_with("//");
-        if (isWeb || (protocol.size() > 1 && !model::equalIgnoringCase(protocol, "file"))) {
+        if (isWeb || (protocol.size() > 1 && !text::equalIgnoringCase(protocol, "file"))) {
             return;
         }
         if (address.empty()) {
             add(position, kind, "\"\"", "is no address");
             return;
         }
-        if (isOfThisComputer(address) || isOfThisComputer(model::unescaped(address))) {
+        if (isOfThisComputer(address) || isOfThisComputer(text::unescaped(address))) {
             add(position, kind, address, "exists on this computer only");
             return;
         }
@@ -134,7 +135,7 @@ public:
     void finish() {
         for (const AnchorLink& link : anchorLinks_) {
             if (!hasAnchor(link.page, link.anchor)
-                && !hasAnchor(link.page, model::unescaped(link.anchor))) {
+                && !hasAnchor(link.page, text::unescaped(link.anchor))) {
                 add(link.position, FindingKind::link, link.address,
                     "leads to a place that its page does not have");
             }
@@ -157,12 +158,12 @@ private:
 
     /// As the browser understands it: without the blanks around it, references resolved.
     static Text plainAddress(TextView address) {
-        const Text resolved = model::fromUtf8(model::resolvedReferences(model::toUtf8(address)));
-        return Text(model::trim(model::oneLine(resolved)));
+        const Text resolved = text::fromUtf8(text::resolvedReferences(text::toUtf8(address)));
+        return Text(text::trim(text::oneLine(resolved)));
     }
 
     void add(int position, FindingKind kind, const Text& address, const char* problem) {
-        findings_.push_back({position, kind, model::oneLine(address) + ": " + problem});
+        findings_.push_back({position, kind, text::oneLine(address) + ": " + problem});
     }
 
     /// A file below the page folder by a path as it stands on the page of a topic.
@@ -175,14 +176,14 @@ private:
     /// A path that starts at the page folder, as one from the output folder without detours. It
     /// begins with ".." when it leads out of there.
     static Text plainPath(TextView path) {
-        return model::plainPath(Text(model::pageFolderName) + '/' + Text(path));
+        return text::plainPath(Text(model::pageFolderName) + '/' + Text(path));
     }
 
     static Text keyOf(TextView path) { return model::pageKey(plainPath(path)); }
 
     /// The position of the topic to whose page a path leads; -1 for none.
     int pageOf(int position, const Text& path) const {
-        for (const Text& each : {path, model::unescaped(path)}) {
+        for (const Text& each : {path, text::unescaped(path)}) {
             if (const auto found = pages_.find(keyOf(fromPage(position, each)));
                 found != pages_.end()) {
                 return found->second;
@@ -199,8 +200,7 @@ private:
 
     void noteAnchor(int position, int page, const Text& address) {
         const std::size_t hash = address.find('#');
-        const Text anchor =
-            hash == Text::npos ? Text() : model::lowerCase(address.substr(hash + 1));
+        const Text anchor = hash == Text::npos ? Text() : text::lowerCase(address.substr(hash + 1));
         if (!anchor.empty() && anchor != "top") {
             anchorLinks_.push_back({position, page, anchor, address});
         }
@@ -218,7 +218,7 @@ private:
         constexpr const char* isMissing = "does not exist";
         constexpr const char* isOutside = "lies outside of the project";
         constexpr const char* isNoName = "cannot be the name of a file on Windows"; // but a device
-        for (const Text& each : {path, model::unescaped(path)}) {
+        for (const Text& each : {path, text::unescaped(path)}) {
             const Text place = plainPath(fromPage(position, each));
             if (place == ".." || place.starts_with("../")) {
                 return isOutside;
@@ -260,7 +260,7 @@ private:
 
     const model::TopicOutline& outline_;
     fs::path folder_;
-    model::FileFinder files_;
+    text::FileFinder files_;
     std::vector<const char*> copied_;
     std::vector<Finding>& findings_;
     std::vector<bool> reached_;

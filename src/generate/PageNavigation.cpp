@@ -2,14 +2,14 @@
 
 namespace generate {
 
-using model::append;
-using model::appendLine;
 using model::NavigationType;
 using model::ProjectOptions;
-using model::Text;
-using model::TextView;
 using model::Topic;
 using model::TopicOutline;
+using text::append;
+using text::appendLine;
+using text::Text;
+using text::TextView;
 
 namespace {
 

@@ -14,12 +14,12 @@ struct ListedTopics {
 
 /// Appends the lists of topics below this one: on the first page that of all chapters, on any page
 /// that of the topic's children.
-ListedTopics appendTopicLists(model::Text& page, const model::TopicOutline& outline,
+ListedTopics appendTopicLists(text::Text& page, const model::TopicOutline& outline,
                               const model::ProjectOptions& options, int position);
 
 /// Appends the ways to the first, previous, next and parent topics that the options ask for.
 /// `nextListed`: a list on this page leads to the next topic already.
-void appendNavigation(model::Text& page, const model::TopicOutline& outline,
+void appendNavigation(text::Text& page, const model::TopicOutline& outline,
                       const model::ProjectOptions& options, int position, bool nextListed);
 
 } // namespace generate

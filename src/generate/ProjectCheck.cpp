@@ -6,16 +6,17 @@
 
 #include "generate/LinkCheck.h"
 #include "generate/WorkshopProject.h"
-#include "model/CharacterReferences.h"
-#include "model/CodePage.h"
 #include "model/PagePath.h"
+#include "text/Address.h"
+#include "text/CharacterReferences.h"
+#include "text/CodePage.h"
 
 namespace generate {
 
-using model::Text;
-using model::TextView;
 using model::Topic;
 using model::TopicOutline;
+using text::Text;
+using text::TextView;
 
 namespace {
 
@@ -30,10 +31,10 @@ public:
     void checkTopic(int position) {
         position_ = position;
         const Topic& topic = outline_.at(position);
-        if (model::trim(model::oneLine(topic.body)).empty()) {
+        if (text::trim(text::oneLine(topic.body)).empty()) {
             add(FindingKind::empty, "the topic has no text");
         }
-        if (model::trim(model::oneLine(topic.title)).empty()) {
+        if (text::trim(text::oneLine(topic.title)).empty()) {
             add(FindingKind::title, "the topic has no title");
         }
         checkFileName(topic.fileName);
@@ -57,20 +58,20 @@ public:
         position_ = 0;
         const Text workshop = workshopProject(outline_, {"help.chm", "help.hhc", "help.hhk"});
         for (std::size_t start = 0; start < workshop.size();) {
-            const std::size_t end = workshop.find(model::lineBreak, start);
+            const std::size_t end = workshop.find(text::lineBreak, start);
             if (const std::size_t length = end - start; length > longestWorkshopLine) {
                 constexpr std::size_t shown = 60;
                 add(FindingKind::workshopLine, "a line of " + std::to_string(length)
                                                    + " characters: " + workshop.substr(start, shown)
                                                    + "...");
             }
-            start = end + model::lineBreak.size();
+            start = end + text::lineBreak.size();
         }
     }
 
 private:
     void add(FindingKind kind, const Text& text) {
-        findings_.push_back({position_, kind, model::oneLine(text)});
+        findings_.push_back({position_, kind, text::oneLine(text)});
     }
 
     void checkFileName(const Text& fileName) {
@@ -82,12 +83,12 @@ private:
             return;
         }
         const TextView name = TextView(fileName).substr(fileName.find_last_of("/\\") + 1);
-        if (model::trim(name.substr(0, name.rfind('.'))).empty()) {
+        if (text::trim(name.substr(0, name.rfind('.'))).empty()) {
             fault("there is nothing before the ending");
         } else if (name.starts_with(' ')) {
             fault("the blank in front is lost when the project is saved");
         }
-        const Text lower = model::lowerCase(fileName);
+        const Text lower = text::lowerCase(fileName);
         if (!lower.ends_with(".htm") && !lower.ends_with(".html")) {
             fault("the help workshop wants the ending .htm or .html");
         }
@@ -100,7 +101,7 @@ private:
         if (fileName.find_first_of("*?\"<>|") != Text::npos) {
             fault("Windows allows no * ? \" < > | in file names");
         }
-        if (model::unescaped(fileName) != fileName) {
+        if (text::unescaped(fileName) != fileName) {
             fault("in a link, % and two digits stand for another character");
         }
         const auto [first, isNew] = pages_.emplace(model::pageKey(fileName), position_);
@@ -144,7 +145,7 @@ private:
     }
 
     void noteContext(std::map<Text, int>& known, const Text& value) {
-        const auto [first, isNew] = known.emplace(model::lowerCase(value), position_);
+        const auto [first, isNew] = known.emplace(text::lowerCase(value), position_);
         if (!isNew) {
             add(FindingKind::context,
                 value + ": topic " + std::to_string(first->second) + " has it, too");
@@ -163,10 +164,10 @@ private:
         }
         for (std::size_t at = text.find('&'); bare && at != TextView::npos;
              at = text.find('&', at + 1)) {
-            if (model::isForeign(model::characterReferenceAt(text, at))) {
+            if (text::isForeign(text::characterReferenceAt(text, at))) {
                 add(FindingKind::character,
                     Text(where) + ": a character that is not in Windows-1252, "
-                        + Text(text.substr(at, model::characterReferenceAt(text, at).length)));
+                        + Text(text.substr(at, text::characterReferenceAt(text, at).length)));
                 return;
             }
         }
@@ -191,7 +192,7 @@ private:
         bool found = false;
         while (!text.empty()) {
             const TextView before = text;
-            const char32_t character = model::takeUtf8(text);
+            const char32_t character = text::takeUtf8(text);
             const std::size_t length = before.size() - text.size();
             if (character == damaged && length == 1) {
                 return false;

@@ -27,7 +27,7 @@ const char* nameOf(FindingKind kind);
 struct Finding {
     int position = 0; ///< of the topic; 0 for the project as a whole
     FindingKind kind = FindingKind::link;
-    model::Text text; ///< one line
+    text::Text text; ///< one line
 };
 
 /// Looks for all of that in a project whose help is generated into `outputFolder`, in the order of

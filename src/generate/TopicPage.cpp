@@ -7,12 +7,12 @@
 
 namespace generate {
 
-using model::appendLine;
 using model::ProjectOptions;
-using model::Text;
-using model::TextView;
 using model::Topic;
 using model::TopicOutline;
+using text::appendLine;
+using text::Text;
+using text::TextView;
 
 namespace {
 
@@ -42,13 +42,13 @@ void appendKeywords(Text& page, const Text& keywords) {
     appendLine(page);
     appendLine(page, R"(<Object type="application/x-oleobject" )",
                R"(classid="clsid:1e2a7bd0-dab9-11d0-b93a-00c04fc99f9e">)");
-    TextView rest = model::trim(keywords);
+    TextView rest = text::trim(keywords);
     for (bool last = false; !last;) {
         const std::size_t semicolon = rest.find(';');
         last = semicolon == TextView::npos;
         appendLine(page, R"(  <param name="Keyword" value=")",
-                   model::trim(rest.substr(0, semicolon)), R"(">)");
-        rest = last ? TextView() : model::trim(rest.substr(semicolon + 1));
+                   text::trim(rest.substr(0, semicolon)), R"(">)");
+        rest = last ? TextView() : text::trim(rest.substr(semicolon + 1));
     }
     appendLine(page, "</OBJECT>",
                documentTypeLine); // repeated on purpose: part of the object's form

@@ -16,6 +16,6 @@ struct PageCounts {
 /// Puts the HTML page of one topic in place of `page` (whose memory is used again from page to
 /// page) and adds to the counts.
 void makeTopicPage(const model::TopicOutline& outline, const model::ProjectOptions& options,
-                   int position, model::Text& page, PageCounts& counts);
+                   int position, text::Text& page, PageCounts& counts);
 
 } // namespace generate

@@ -9,13 +9,13 @@
 namespace generate {
 namespace {
 
-using model::append;
-using model::appendLine;
-using model::lineBreak;
 using model::Project;
-using model::Text;
-using model::TextView;
 using model::Topic;
+using text::append;
+using text::appendLine;
+using text::lineBreak;
+using text::Text;
+using text::TextView;
 
 bool isDigit(char character) {
     return character >= '0' && character <= '9';
@@ -56,7 +56,7 @@ bool renameRound(Project& project, std::vector<Text>& keys, Text& report, Report
 } // namespace
 
 bool readsAsPositiveNumber(TextView text) {
-    text = model::trim(text);
+    text = text::trim(text);
     if (!text.empty() && (text.front() == '+' || text.front() == '-')) {
         if (text.front() == '-') {
             return false;
@@ -82,8 +82,8 @@ Text renamedDuplicate(TextView fileName) {
     TextView ending = extension;
     TextView stem = fileName;
     if (fileName.size() >= extension.size()
-        && model::equalIgnoringCase(fileName.substr(fileName.size() - extension.size()),
-                                    extension)) {
+        && text::equalIgnoringCase(fileName.substr(fileName.size() - extension.size()),
+                                   extension)) {
         stem.remove_suffix(extension.size());
     } else {
         // Not the usual page: it keeps the ending it has, if it has one.
@@ -140,7 +140,7 @@ void reportDuplicateContexts(const model::TopicOutline& outline, Text& report,
     std::vector<Context> contexts;
     for (const Topic& topic : outline) {
         if (!topic.contextId.empty()) {
-            contexts.push_back({&topic, model::lowerCase(topic.contextId)});
+            contexts.push_back({&topic, text::lowerCase(topic.contextId)});
         }
     }
     const auto message = [&](const char* kind, const Text& value, const Context& a,

@@ -14,22 +14,22 @@ struct ReportHeaders {
 
 /// A call of the help needs both context values: a topic with only one loses it, and a context
 /// string that reads as a number gets a prefix.
-void repairContexts(model::Project& project, model::Text& report, ReportHeaders& headers);
+void repairContexts(model::Project& project, text::Text& report, ReportHeaders& headers);
 
 /// Renames later topics until no two pages have the same file name. Topics without a file name
 /// have no page and are left alone.
-void renameDuplicateFiles(model::Project& project, model::Text& report, ReportHeaders& headers);
+void renameDuplicateFiles(model::Project& project, text::Text& report, ReportHeaders& headers);
 
 /// Reports context values that two topics share. Nothing is changed: only the author knows which
 /// topic the application means.
-void reportDuplicateContexts(const model::TopicOutline& outline, model::Text& report,
+void reportDuplicateContexts(const model::TopicOutline& outline, text::Text& report,
                              ReportHeaders& headers);
 
 /// Whether a text begins with a number above zero: an optional sign, digits and an optional
 /// fraction.
-bool readsAsPositiveNumber(model::TextView text);
+bool readsAsPositiveNumber(text::TextView text);
 
 /// The next name to try for a page whose name is taken: "intro.htm", "intro 1.htm", "intro 2.htm".
-model::Text renamedDuplicate(model::TextView fileName);
+text::Text renamedDuplicate(text::TextView fileName);
 
 } // namespace generate

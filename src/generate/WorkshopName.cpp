@@ -1,8 +1,8 @@
 #include "generate/WorkshopName.h"
 
 #include "generate/GeneratedFile.h"
-#include "model/CodePage.h"
 #include "platform/Files.h"
+#include "text/CodePage.h"
 
 namespace generate {
 
@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 namespace {
 
 bool isInCodePage(const fs::path& name) {
-    return model::nativePath(model::displayText(name)) == name;
+    return text::nativePath(text::displayText(name)) == name;
 }
 
 } // namespace

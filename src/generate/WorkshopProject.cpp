@@ -6,15 +6,15 @@
 
 namespace generate {
 
-using model::appendLine;
-using model::oneLine;
-using model::Text;
 using model::Topic;
 using model::TopicOutline;
+using text::appendLine;
+using text::oneLine;
+using text::Text;
 
 namespace {
 
-constexpr model::TextView pageFolder = "html\\";
+constexpr text::TextView pageFolder = "html\\";
 
 /// The compiler takes in whatever stands in these lists.
 bool isListed(const Topic& topic) {

@@ -6,10 +6,10 @@
 #include <set>
 #include <unordered_map>
 
-#include "model/PagePath.h"
-#include "model/Text.h"
 #include "platform/Files.h"
 #include "platform/Unicode.h"
+#include "text/Address.h"
+#include "text/Text.h"
 #include "workshop/Encoding.h"
 
 namespace help {
@@ -21,8 +21,8 @@ constexpr std::size_t mostPageBytes = std::size_t(256) << 20;
 
 bool hasEnding(std::string_view path, std::string_view lowerEnding) {
     return path.size() >= lowerEnding.size()
-           && model::startsWithIgnoringCase(path.substr(path.size() - lowerEnding.size()),
-                                            lowerEnding);
+           && text::startsWithIgnoringCase(path.substr(path.size() - lowerEnding.size()),
+                                           lowerEnding);
 }
 
 bool hasPageEnding(std::string_view path) {
@@ -87,7 +87,7 @@ std::string HelpBook::pathOf(std::string_view local) const {
         return std::string(local);
     }
     const std::size_t anchor = std::min(local.find('#'), local.size());
-    std::string path = model::plainPath(local.substr(0, anchor));
+    std::string path = text::plainPath(local.substr(0, anchor));
     while (path.starts_with("../")) { // nothing lies above
         path.erase(0, 3);
     }
@@ -251,10 +251,10 @@ std::optional<BookLink> linkToOtherBook(std::string_view address) {
     constexpr std::string_view protocols[] = {"ms-its:", "its:", "mk:@msitstore:"};
     const std::size_t end = address.find(divider);
     const std::string_view place = address.substr(0, end);
-    const bool hasProtocol = std::any_of(
-        std::begin(protocols), std::end(protocols), [address](std::string_view protocol) {
-            return model::startsWithIgnoringCase(address, protocol);
-        });
+    const bool hasProtocol = std::any_of(std::begin(protocols), std::end(protocols),
+                                         [address](std::string_view protocol) {
+                                             return text::startsWithIgnoringCase(address, protocol);
+                                         });
     if (end == std::string_view::npos || (!hasProtocol && !hasEnding(place, ".chm"))) {
         return {};
     }

@@ -8,8 +8,8 @@
 #include "help/ChmBytes.h"
 #include "help/HelpBook.h"
 #include "help/ProjectCheck.h"
-#include "model/PagePath.h"
 #include "platform/Unicode.h"
+#include "text/Address.h"
 #include "workshop/Encoding.h"
 #include "workshop/PageFacts.h"
 
@@ -91,9 +91,9 @@ void Check::checkTarget(const std::string& where, const std::string& address,
     if (end > 0) {
         std::string found;
         for (const std::string& name :
-             {whole.substr(0, end), model::unescaped(whole.substr(0, end))}) {
+             {whole.substr(0, end), text::unescaped(whole.substr(0, end))}) {
             const bool isWhole = name.front() == '/' || name.front() == '\\';
-            std::string path = model::plainPath(isWhole ? name : folder + name);
+            std::string path = text::plainPath(isWhole ? name : folder + name);
             while (path.starts_with("../")) { // nothing lies above
                 path.erase(0, 3);
             }
@@ -109,7 +109,7 @@ void Check::checkTarget(const std::string& where, const std::string& address,
     }
     const std::string anchor = packedKey(whole.substr(std::min(end + 1, whole.size())));
     if (page != nullptr && !anchor.empty() && !page->anchors.contains(anchor)
-        && !page->anchors.contains(model::unescaped(anchor))) {
+        && !page->anchors.contains(text::unescaped(anchor))) {
         faults_.push_back(where + ": leads to " + address
                           + ", a place that its page does not have");
     }

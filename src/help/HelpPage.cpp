@@ -1,8 +1,8 @@
 #include "help/HelpPage.h"
 
-#include "model/CodePage.h"
-#include "model/HtmlReader.h"
 #include "platform/Unicode.h"
+#include "text/CodePage.h"
+#include "text/HtmlReader.h"
 #include "workshop/Encoding.h"
 
 namespace help {
@@ -12,7 +12,7 @@ HelpPage readHelpPage(std::string_view bytes, unsigned codePage) {
     HelpPage page;
     std::string text;
     bool inTitle = false;
-    model::HtmlReader reader(html);
+    text::HtmlReader reader(html);
     while (reader.next()) {
         if (reader.isText()) {
             (inTitle ? page.title : text) += reader.text();
@@ -20,17 +20,17 @@ HelpPage readHelpPage(std::string_view bytes, unsigned codePage) {
         }
         inTitle = reader.opens("title"); // there are no tags in it
         if (reader.opens("param")
-            && model::equalIgnoringCase(reader.attribute("name").value_or(""), "keyword")) {
+            && text::equalIgnoringCase(reader.attribute("name").value_or(""), "keyword")) {
             if (const auto keyword = reader.attribute("value"); keyword && !keyword->empty()) {
-                page.keywords.push_back(model::resolvedReferences(*keyword));
-                model::append(text, " ", *keyword, " ");
+                page.keywords.push_back(text::resolvedReferences(*keyword));
+                text::append(text, " ", *keyword, " ");
             }
-        } else if (!model::isInlineTag(reader.lowerName())) {
+        } else if (!text::isInlineTag(reader.lowerName())) {
             text += ' ';
         }
     }
-    page.title = model::resolvedReferences(page.title);
-    page.text = searchable(model::resolvedReferences(text));
+    page.title = text::resolvedReferences(page.title);
+    page.text = searchable(text::resolvedReferences(text));
     return page;
 }
 
@@ -40,7 +40,7 @@ std::string searchable(std::string_view utf8) {
     std::string text;
     text.reserve(utf8.size());
     while (!utf8.empty()) {
-        const char32_t character = model::takeUtf8(utf8);
+        const char32_t character = text::takeUtf8(utf8);
         if (character == softHyphen) {
             continue;
         }
@@ -49,7 +49,7 @@ std::string searchable(std::string_view utf8) {
                 text += ' ';
             }
         } else {
-            model::appendUtf8(text, platform::lowerCase(character));
+            text::appendUtf8(text, platform::lowerCase(character));
         }
     }
     if (text.ends_with(' ')) {

@@ -2,9 +2,9 @@
 
 #include <unordered_map>
 
-#include "model/FileFinder.h"
-#include "model/PagePath.h"
 #include "platform/Files.h"
+#include "text/Address.h"
+#include "text/FileFinder.h"
 #include "workshop/Encoding.h"
 #include "workshop/HelpProject.h"
 #include "workshop/Sitemap.h"
@@ -35,14 +35,14 @@ private:
     /// The bytes of a file that the project names.
     std::optional<std::string> source(const std::string& path) {
         std::string bytes;
-        const auto found = finder_.findNative(platform::pathFromUtf8(model::plainPath(path)));
+        const auto found = finder_.findNative(platform::pathFromUtf8(text::plainPath(path)));
         return platform::readFile(found, bytes, largestSource) ? std::nullopt
                                                                : std::optional(bytes);
     }
 
     /// Where a file lies in the help; empty when it cannot be told.
     std::string packedPath(const std::string& path) const {
-        const std::string plain = model::plainPath(path);
+        const std::string plain = text::plainPath(path);
         if (project_.options.flat) {
             return '/' + plain.substr(plain.rfind('/') + 1);
         }
@@ -66,7 +66,7 @@ private:
     void compareFiles();
 
     HelpBook& book_;
-    model::FileFinder finder_;
+    text::FileFinder finder_;
     workshop::HelpProject project_;
     std::vector<std::string> differences_;
 };

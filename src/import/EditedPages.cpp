@@ -1,17 +1,17 @@
 #include "import/EditedPages.h"
 
-#include "model/CodePage.h"
 #include "model/Helper.h"
 #include "model/PagePath.h"
 #include "model/ProtectedBlock.h"
-#include "model/TextLines.h"
+#include "text/CodePage.h"
+#include "text/TextLines.h"
 
 namespace importer {
 
 using model::ProtectedBlock;
-using model::Text;
-using model::TextView;
 using model::Topic;
+using text::Text;
+using text::TextView;
 
 namespace {
 
@@ -19,7 +19,7 @@ namespace {
 /// converted them: neither is an edit.
 bool holds(const ProtectedBlock& block, TextView body) {
     return block.content == body || block.asIs == body
-           || block.content == model::withLineBreaks(body);
+           || block.content == text::withLineBreaks(body);
 }
 
 /// Saving makes apostrophes of the double quotes in a body that was taken back. The page that it
@@ -51,8 +51,8 @@ GeneratedPage readPage(const std::filesystem::path& pageFolder, const Topic& top
         return {PageState::missing, {}, std::string(fault)};
     }
     Text page;
-    if (const std::error_code error = model::readTextFile(
-            model::pagePath(pageFolder, topic.fileName), model::Foreign::references, page)) {
+    if (const std::error_code error = text::readTextFile(
+            model::pagePath(pageFolder, topic.fileName), text::Foreign::references, page)) {
         const bool isMissing =
             error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
         return {isMissing ? PageState::missing : PageState::unreadable, {}, error.message()};

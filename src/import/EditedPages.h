@@ -17,7 +17,7 @@ enum class PageState {
 
 struct GeneratedPage {
     PageState state = PageState::same;
-    model::Text text;    ///< of an edited page
+    text::Text text;     ///< of an edited page
     std::string problem; ///< what is wrong with any page that is not the same
 };
 

@@ -2,28 +2,28 @@
 
 #include <algorithm>
 
-#include "model/CodePage.h"
+#include "text/CodePage.h"
 
 namespace importer {
 
-using model::Text;
-using model::TextView;
+using text::Text;
+using text::TextView;
 
 Text counted(std::size_t count, TextView noun) {
     Text text = count == 0 ? "no" : std::to_string(count);
-    model::append(text, " ", noun, count == 1 ? "" : "s");
+    text::append(text, " ", noun, count == 1 ? "" : "s");
     return text;
 }
 
 Text summary(const ImportOutcome& outcome) {
     Text text = counted(static_cast<std::size_t>(outcome.topicsAdded), "topic") + " imported";
-    text.front() = model::upperCase(text.substr(0, 1)).front();
+    text.front() = text::upperCase(text.substr(0, 1)).front();
     if (outcome.leftOut > 0) {
-        model::append(text, ", ", std::to_string(outcome.leftOut), " left out (a project holds ",
-                      std::to_string(model::TopicOutline::maxTopics), " topics)");
+        text::append(text, ", ", std::to_string(outcome.leftOut), " left out (a project holds ",
+                     std::to_string(model::TopicOutline::maxTopics), " topics)");
     }
     if (!outcome.skipped.empty()) {
-        model::append(text, ", ", counted(outcome.skipped.size(), "form"), " skipped");
+        text::append(text, ", ", counted(outcome.skipped.size(), "form"), " skipped");
     }
     return text;
 }
@@ -32,25 +32,25 @@ Text named(const model::FileFailures& files) {
     constexpr std::size_t shown = 20;
     Text list;
     for (std::size_t i = 0; i < std::min(files.size(), shown); ++i) {
-        model::append(list, i == 0 ? ": " : ", ", model::displayText(files[i].path.filename()),
-                      " (", model::fromUtf8(files[i].reason), ")");
+        text::append(list, i == 0 ? ": " : ", ", text::displayText(files[i].path.filename()), " (",
+                     text::fromUtf8(files[i].reason), ")");
     }
     if (files.size() > shown) {
-        model::append(list, " and ", std::to_string(files.size() - shown), " more");
+        text::append(list, " and ", std::to_string(files.size() - shown), " more");
     }
     return list;
 }
 
 void appendLines(Text& text, const model::FileFailures& files) {
     for (const model::FileFailure& file : files) {
-        model::appendLine(text, model::displayText(file.path), ": ", model::fromUtf8(file.reason));
+        text::appendLine(text, text::displayText(file.path), ": ", text::fromUtf8(file.reason));
     }
 }
 
 Text report(const ImportOutcome& outcome) {
     Text text;
-    model::appendLine(text, summary(outcome));
-    model::appendLine(text);
+    text::appendLine(text, summary(outcome));
+    text::appendLine(text);
     appendLines(text, outcome.skipped);
     return text;
 }
@@ -60,7 +60,7 @@ bool isWhole(const ImportOutcome& outcome) {
 }
 
 bool appendTopic(model::Project& project, model::Topic topic, ImportOutcome& outcome) {
-    topic.title = model::trim(topic.title); // as it will be read again
+    topic.title = text::trim(topic.title); // as it will be read again
     if (project.outline().full()) {
         ++outcome.leftOut;
         return false;

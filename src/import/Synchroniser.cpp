@@ -6,15 +6,15 @@
 
 namespace importer {
 
-using model::Text;
 using model::Topic;
+using text::Text;
 
 namespace {
 
-model::Message conflictMessage(const Text& fileName) {
+text::Message conflictMessage(const Text& fileName) {
     return {"File \"" + fileName
                 + "\" has a difference content from Stored Body.  Synchronization is not possible",
-            "Synch Conflict", model::MessageIcon::exclamation};
+            "Synch Conflict", text::MessageIcon::exclamation};
 }
 
 model::FileFailures untouched(const Synchronisation& result) {
@@ -58,23 +58,22 @@ Synchronisation synchronise(model::Project& project, const std::filesystem::path
     return result;
 }
 
-std::optional<model::Message> nothingToSynchronise(const model::Project& project) {
+std::optional<text::Message> nothingToSynchronise(const model::Project& project) {
     if (!project.outline().empty()) {
         return {};
     }
-    return model::Message{"You need to have at least 1 Help Topic to Synchronize with", {}};
+    return text::Message{"You need to have at least 1 Help Topic to Synchronize with", {}};
 }
 
 Text summary(const Synchronisation& result) {
     Text text = counted(result.changed.size(), "topic") + " taken back, "
                 + counted(result.conflicts.size(), "conflict");
-    text.front() = model::upperCase(text.substr(0, 1)).front();
+    text.front() = text::upperCase(text.substr(0, 1)).front();
     if (!result.withoutText.empty()) {
-        model::append(text, ", ", counted(result.withoutText.size(), "page"),
-                      " missing or damaged");
+        text::append(text, ", ", counted(result.withoutText.size(), "page"), " missing or damaged");
     }
     if (!result.unreadable.empty()) {
-        model::append(text, ", ", counted(result.unreadable.size(), "page"), " unreadable");
+        text::append(text, ", ", counted(result.unreadable.size(), "page"), " unreadable");
     }
     return text;
 }
@@ -85,10 +84,10 @@ Text untouchedPages(const Synchronisation& result) {
 
 Text report(const Synchronisation& result) {
     Text text;
-    model::appendLine(text, summary(result));
-    model::appendLine(text);
-    for (const model::Message& conflict : result.conflicts) {
-        model::appendLine(text, conflict.text);
+    text::appendLine(text, summary(result));
+    text::appendLine(text);
+    for (const text::Message& conflict : result.conflicts) {
+        text::appendLine(text, conflict.text);
     }
     appendLines(text, untouched(result));
     return text;

@@ -4,13 +4,13 @@
 
 #include "model/Helper.h"
 #include "model/PagePath.h"
-#include "model/TextLines.h"
+#include "text/TextLines.h"
 
 namespace importer {
 
-using model::Text;
-using model::TextView;
 using model::Topic;
+using text::Text;
+using text::TextView;
 
 namespace {
 
@@ -39,7 +39,7 @@ Topic topicOf(TextView line) {
     topic.title = model::stripHighChars(title);
     topic.fileName = model::pageNameFor(topic.title);
     if (!description.empty()) {
-        model::append(topic.body, "<p>", description, "</p>");
+        text::append(topic.body, "<p>", description, "</p>");
     }
     return topic;
 }
@@ -48,7 +48,7 @@ Topic topicOf(TextView line) {
 
 TextOutline readTextOutline(TextView file, int room) {
     TextOutline outline;
-    model::LineReader lines(file);
+    text::LineReader lines(file);
     while (!lines.atEnd()) {
         if (static_cast<int>(outline.topics.size()) >= room) {
             outline.limitReached = true;
@@ -56,7 +56,7 @@ TextOutline readTextOutline(TextView file, int room) {
         }
         TextView line;
         lines.next(line);
-        if (!model::trim(line).empty()) {
+        if (!text::trim(line).empty()) {
             outline.topics.push_back(topicOf(line));
         }
     }
@@ -66,15 +66,15 @@ TextOutline readTextOutline(TextView file, int room) {
 ImportOutcome importText(model::Project& project, const std::filesystem::path& file) {
     ImportOutcome outcome;
     Text text;
-    if ((outcome.readError = model::readTextFile(file, model::Foreign::references, text))) {
+    if ((outcome.readError = text::readTextFile(file, text::Foreign::references, text))) {
         return outcome;
     }
     const int room = model::TopicOutline::maxTopics - project.outline().count();
     TextOutline outline = readTextOutline(text, room);
     if (outline.limitReached) {
         outcome.message =
-            model::Message{"Maximum Number of Help Topics Reached (500), Import Stopped",
-                           "Topic Limit", model::MessageIcon::none};
+            text::Message{"Maximum Number of Help Topics Reached (500), Import Stopped",
+                          "Topic Limit", text::MessageIcon::none};
     }
     const model::UndoStep step(project, "Import Text File");
     for (Topic& topic : outline.topics) {

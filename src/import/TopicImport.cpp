@@ -5,8 +5,8 @@
 namespace importer {
 
 using model::LoadStop;
-using model::Text;
 using model::Topic;
+using text::Text;
 
 namespace {
 
@@ -28,7 +28,7 @@ void readTopics(model::FieldReader& fields, FileTopics& result) {
         return;
     }
     constexpr int skippedFields = 8; // seven options and the first topic's marker
-    model::TextView marker;
+    text::TextView marker;
     for (int i = 0; i < skippedFields; ++i) {
         result.cut = result.cut || (i + 1 < skippedFields && fields.atEnd());
         marker = fields.next();

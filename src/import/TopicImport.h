@@ -27,6 +27,6 @@ ImportOutcome importTopics(model::Project& project, const std::filesystem::path&
                            const std::function<bool(int row)>& wanted);
 
 /// The command's title, for its file dialog and messages.
-inline constexpr model::TextView topicImportTitle = "Import from Topicsmith Project File";
+inline constexpr text::TextView topicImportTitle = "Import from Topicsmith Project File";
 
 } // namespace importer

@@ -8,12 +8,12 @@
 
 #include "import/VbProjectFile.h"
 #include "model/Helper.h"
-#include "model/TextLines.h"
+#include "text/TextLines.h"
 
 namespace importer {
 
-using model::Text;
-using model::TextView;
+using text::Text;
+using text::TextView;
 
 namespace {
 
@@ -26,7 +26,7 @@ std::optional<TextView> valueOf(TextView line, TextView property) {
 
 /// The rest of a line behind so many characters; empty when it is shorter.
 TextView behind(TextView line, std::size_t characters) {
-    return model::trim(line.substr(std::min(characters, line.size())));
+    return text::trim(line.substr(std::min(characters, line.size())));
 }
 
 /// A menu's caption without the mark of its access key.
@@ -45,9 +45,9 @@ public:
 
     /// False behind the line that ends the form.
     bool takeLine(TextView line) {
-        const TextView trimmed = model::trim(line);
+        const TextView trimmed = text::trim(line);
         const auto startsWith = [trimmed](TextView word) {
-            return model::startsWithIgnoringCase(trimmed, word);
+            return text::startsWithIgnoringCase(trimmed, word);
         };
         if (startsWith("begin")) {
             beginBlock(line, trimmed);
@@ -72,11 +72,11 @@ private:
         constexpr TextView mdiFormStart = "begin vb.mdiform";
         constexpr TextView menuStart = "begin vb.menu";
         depth_ = std::min(depth_ + 1, deepest);
-        if (model::startsWithIgnoringCase(trimmed, formStart)) {
+        if (text::startsWithIgnoringCase(trimmed, formStart)) {
             form_.name = behind(line, formStart.size());
-        } else if (model::startsWithIgnoringCase(trimmed, mdiFormStart)) {
+        } else if (text::startsWithIgnoringCase(trimmed, mdiFormStart)) {
             form_.name = behind(line, mdiFormStart.size());
-        } else if (model::startsWithIgnoringCase(trimmed, menuStart)) {
+        } else if (text::startsWithIgnoringCase(trimmed, menuStart)) {
             beginMenu();
         }
     }
@@ -85,8 +85,8 @@ private:
     void beginMenu() {
         Text& html = form_.menuHtml;
         if (html.empty()) {
-            model::append(html, "<p>The following menus are available:</p>", model::lineBreak,
-                          model::lineBreak);
+            text::append(html, "<p>The following menus are available:</p>", text::lineBreak,
+                         text::lineBreak);
         }
         if (html.ends_with(listEnd)) {
             html.resize(html.size() - listEnd.size());
@@ -112,13 +112,13 @@ private:
     }
 
     void takeFormProperty(TextView line, TextView trimmed) {
-        if (model::startsWithIgnoringCase(trimmed, captionKey)) {
+        if (text::startsWithIgnoringCase(trimmed, captionKey)) {
             if (const auto value = valueOf(line, captionKey)) {
                 form_.caption = unquoted(*value);
             }
-        } else if (model::startsWithIgnoringCase(trimmed, helpContextKey)) {
+        } else if (text::startsWithIgnoringCase(trimmed, helpContextKey)) {
             if (const auto value = valueOf(line, helpContextKey)) {
-                form_.helpContextId = model::trim(*value);
+                form_.helpContextId = text::trim(*value);
             }
         }
     }
@@ -131,7 +131,7 @@ private:
         const TextView caption = unquoted(*value);
         constexpr TextView separator = "-";
         if (caption != separator) {
-            model::appendLine(form_.menuHtml, "<li>", withoutAccessKey(caption));
+            text::appendLine(form_.menuHtml, "<li>", withoutAccessKey(caption));
         }
     }
 
@@ -194,7 +194,7 @@ private:
     }
 
     void add(TextView name) {
-        model::append(calledForms_, ";", name);
+        text::append(calledForms_, ";", name);
         for (std::size_t semicolon = 0; (semicolon = name.find(';')) != TextView::npos;) {
             names_.insert(name.substr(0, semicolon));
             name.remove_prefix(semicolon + 1);
@@ -211,7 +211,7 @@ private:
 
 VbForm readVbForm(TextView file) {
     VbForm form;
-    model::LineReader lines(file);
+    text::LineReader lines(file);
     TextView line;
     DesignerReader designer(form);
     while (lines.next(line) && designer.takeLine(line)) {

@@ -5,20 +5,20 @@
 
 #include "import/VbForm.h"
 #include "import/VbProjectFile.h"
-#include "model/CodePage.h"
-#include "model/FileFinder.h"
 #include "model/Helper.h"
-#include "model/TextLines.h"
 #include "platform/Files.h"
+#include "text/CodePage.h"
+#include "text/FileFinder.h"
+#include "text/TextLines.h"
 
 namespace importer {
 
 namespace fs = std::filesystem;
-using model::appendLine;
 using model::Project;
-using model::Text;
-using model::TextView;
 using model::Topic;
+using text::appendLine;
+using text::Text;
+using text::TextView;
 
 namespace {
 
@@ -28,7 +28,7 @@ constexpr TextView inTheMaking = "G";
 constexpr TextView isNew = "N";
 
 /// Names and captions make links and page names, where a reference would stand for something else.
-constexpr model::Foreign foreign = model::Foreign::questionMarks;
+constexpr text::Foreign foreign = text::Foreign::questionMarks;
 
 Topic overviewOf(const std::optional<Text>& projectTitle) {
     Topic topic;
@@ -59,24 +59,23 @@ Topic topicOf(VbForm form) {
 
 /// Authors of an application know a form by its object's name.
 std::string reasonWithoutCaption(const VbForm& form) {
-    return form.name.empty() ? "no caption" : model::toUtf8(form.name) + " has no caption";
+    return form.name.empty() ? "no caption" : text::toUtf8(form.name) + " has no caption";
 }
 
 /// `path` is as it stands in the project file; not empty.
-void importForm(Project& project, TextView path, model::FileFinder& finder,
-                ImportOutcome& outcome) {
+void importForm(Project& project, TextView path, text::FileFinder& finder, ImportOutcome& outcome) {
     if (project.outline().full()) {
         ++outcome.leftOut;
         return;
     }
     Text text;
-    if (const std::error_code error = model::readTextFile(finder.find(path), foreign, text)) {
-        outcome.skipped.push_back({model::nativePath(path), error.message()});
+    if (const std::error_code error = text::readTextFile(finder.find(path), foreign, text)) {
+        outcome.skipped.push_back({text::nativePath(path), error.message()});
         return;
     }
     VbForm form = readVbForm(text);
     if (form.caption.empty()) {
-        outcome.skipped.push_back({model::nativePath(path), reasonWithoutCaption(form)});
+        outcome.skipped.push_back({text::nativePath(path), reasonWithoutCaption(form)});
     } else if (appendTopic(project, topicOf(std::move(form)), outcome)) {
         project.markChanged(model::statusNew);
     }
@@ -123,7 +122,7 @@ private:
                 continue;
             }
             if (!any) {
-                body += body.empty() ? TextView() : model::lineBreak;
+                body += body.empty() ? TextView() : text::lineBreak;
                 appendLine(body, "<p>The following Windows are called:</p>");
                 appendLine(body, "<ul>");
                 any = true;
@@ -145,7 +144,7 @@ private:
 ImportOutcome importVbProject(Project& project, const fs::path& projectFile) {
     ImportOutcome outcome;
     Text text;
-    if ((outcome.readError = model::readTextFile(projectFile, foreign, text))) {
+    if ((outcome.readError = text::readTextFile(projectFile, foreign, text))) {
         return outcome;
     }
     const VbProjectFile file = readVbProjectFile(text);
@@ -159,7 +158,7 @@ ImportOutcome importVbProject(Project& project, const fs::path& projectFile) {
         project.setOptions(std::move(options));
         outcome.projectChanged = true;
     }
-    model::FileFinder finder(platform::fullPath(projectFile).parent_path());
+    text::FileFinder finder(platform::fullPath(projectFile).parent_path());
     for (const Text& form : file.forms) {
         if (form.empty()) {
             outcome.skipped.push_back({projectFile, "a form without a file"});

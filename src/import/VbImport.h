@@ -10,6 +10,6 @@ namespace importer {
 ImportOutcome importVbProject(model::Project& project, const std::filesystem::path& projectFile);
 
 /// The command's title, for its file dialog and messages.
-inline constexpr model::TextView vbImportTitle = "Create Help Topics From VB Project Files";
+inline constexpr text::TextView vbImportTitle = "Create Help Topics From VB Project Files";
 
 } // namespace importer

@@ -3,9 +3,14 @@
 #include <algorithm>
 #include <utility>
 
-#include "model/TextLines.h"
+#include "text/TextLines.h"
 
 namespace model {
+
+using text::Text;
+using text::TextView;
+using text::trim;
+using text::withLineBreaks;
 
 FieldReader::FieldReader(Text file) : file_(std::move(file)) {
     if (file_.find('\r') == Text::npos) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/Text.h"
+#include "text/Text.h"
 
 namespace model {
 
@@ -11,14 +11,14 @@ public:
     /// A file that holds a carriage return anywhere is one of ours: CR LF or a lone CR ends a line
     /// and a bare LF is text. A file without any was converted by another tool: its LFs are line
     /// ends, inside texts too, and become CR LF.
-    explicit FieldReader(Text file);
+    explicit FieldReader(text::Text file);
 
     FieldReader(const FieldReader&) = delete;
     FieldReader& operator=(const FieldReader&) = delete;
 
     /// The next field, without the quotes or without the blanks around it; empty when nothing is
     /// left. Valid as long as the reader.
-    TextView next();
+    text::TextView next();
 
     /// Nothing is left to read.
     bool atEnd() const { return position_ >= file_.size(); }
@@ -34,12 +34,12 @@ public:
     int line() const;
 
 private:
-    TextView quotedField();
-    TextView plainField();
+    text::TextView quotedField();
+    text::TextView plainField();
     void skipBlanks();
     void skipSeparator();
 
-    Text file_;
+    text::Text file_;
     std::size_t position_ = 0;
     std::size_t fieldStart_ = 0;
     bool cutAtEnd_ = false;

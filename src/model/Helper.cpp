@@ -2,10 +2,18 @@
 
 #include <algorithm>
 
-#include "model/CharacterReferences.h"
 #include "platform/Files.h"
+#include "text/CharacterReferences.h"
 
 namespace model {
+
+using text::CharacterReference;
+using text::characterReferenceAt;
+using text::isForeign;
+using text::Text;
+using text::TextView;
+using text::trim;
+using text::upperCase;
 namespace {
 
 /// Removes quotes and replaces the other characters that file systems refuse. The character behind

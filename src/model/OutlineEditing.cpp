@@ -5,6 +5,9 @@
 
 namespace model {
 
+using text::Text;
+using text::TextView;
+
 namespace {
 
 bool hasCurrent(const Project& project) {

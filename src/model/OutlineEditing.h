@@ -29,7 +29,8 @@ void moveTopicDown(Project& project);
 void moveTopicTo(Project& project, int position);
 
 /// What the author typed into a field of the current topic.
-void editField(Project& project, TextView name, Text Topic::*field, const Text& value);
+void editField(Project& project, text::TextView name, text::Text Topic::*field,
+               const text::Text& value);
 
 /// Gives a topic that has a title but no file name one made from the title; part of the typing of
 /// that title.

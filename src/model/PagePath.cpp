@@ -3,10 +3,17 @@
 #include <algorithm>
 #include <charconv>
 
-#include "model/CodePage.h"
 #include "model/Helper.h"
+#include "text/CodePage.h"
 
 namespace model {
+
+using text::append;
+using text::lowerCase;
+using text::nativePath;
+using text::Text;
+using text::TextView;
+using text::trim;
 namespace {
 
 constexpr TextView slashes = "/\\";
@@ -66,37 +73,6 @@ TextView pageNameFault(TextView fileName) {
 
 bool staysInPageFolder(TextView fileName) {
     return fileName.empty() || pageNameFault(fileName).empty();
-}
-
-Text plainPath(TextView path) {
-    Text plain;
-    while (!path.empty()) {
-        const std::size_t end = std::min(path.find_first_of(slashes), path.size());
-        const TextView part = path.substr(0, end);
-        path.remove_prefix(std::min(end + 1, path.size()));
-        if (part == ".." && !plain.empty() && !plain.ends_with("/..")) {
-            plain.erase(plain.rfind('/'));
-        } else if (!part.empty() && part != ".") {
-            append(plain, "/", part);
-        }
-    }
-    return plain.substr(std::min<std::size_t>(1, plain.size()));
-}
-
-Text unescaped(TextView address) {
-    Text result;
-    for (std::size_t i = 0; i < address.size(); ++i) {
-        unsigned code = 0;
-        const char* digits = address.data() + i + 1;
-        if (address[i] == '%' && i + 2 < address.size()
-            && std::from_chars(digits, digits + 2, code, 16).ptr == digits + 2) {
-            result += static_cast<char>(code);
-            i += 2;
-        } else {
-            result += address[i];
-        }
-    }
-    return result;
 }
 
 Text pageKey(TextView fileName) {

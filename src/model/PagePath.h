@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "model/Text.h"
+#include "text/Text.h"
 
 /// The page of a topic as a file.
 namespace model {
@@ -11,31 +11,23 @@ namespace model {
 inline constexpr const char* pageFolderName = "html";
 
 /// The name that a topic's page gets from its title.
-Text pageNameFor(TextView title);
+text::Text pageNameFor(text::TextView title);
 
 /// The page in a page folder. Ask pageNameFault() first.
-std::filesystem::path pagePath(const std::filesystem::path& pageFolder, TextView fileName);
+std::filesystem::path pagePath(const std::filesystem::path& pageFolder, text::TextView fileName);
 
 /// Why a topic's file name cannot be a page in the page folder; empty when it can. A project from
 /// elsewhere must not make the program touch a file outside that folder, so a name that climbs, or
 /// starts at a root or drive, or means a device or a stream on Windows, is refused, on every system
 /// alike.
-TextView pageNameFault(TextView fileName);
+text::TextView pageNameFault(text::TextView fileName);
 
 /// Whether a file name may stand in the lists of the help workshop, whose compiler reads what they
 /// name: it has no fault, or is empty and leads nowhere.
-bool staysInPageFolder(TextView fileName);
-
-/// A path with both kinds of slash, as one with "/" between its parts and none around them, without
-/// detours: ".." stands at most at its beginning. The bytes may be of any encoding that holds
-/// ASCII.
-Text plainPath(TextView path);
-
-/// An address with the bytes of "%20" and the like in their places.
-Text unescaped(TextView address);
+bool staysInPageFolder(text::TextView fileName);
 
 /// Two names with the same key are one page: letter case does not tell pages apart, nor does the
 /// kind of slash.
-Text pageKey(TextView fileName);
+text::Text pageKey(text::TextView fileName);
 
 } // namespace model

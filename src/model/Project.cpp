@@ -4,9 +4,13 @@
 #include <cassert>
 #include <utility>
 
-#include "model/CodePage.h"
+#include "text/CodePage.h"
 
 namespace model {
+
+using text::displayText;
+using text::Text;
+using text::TextView;
 
 ProjectObserver& Project::nobody() {
     static ProjectObserver observer;

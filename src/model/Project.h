@@ -75,7 +75,7 @@ public:
     const ProjectOrigin& origin() const { return origin_; }
 
     /// The path's last component.
-    Text projectFileTitle() const;
+    text::Text projectFileTitle() const;
 
     /// True while the project differs from its file, as far as is known: undoing back to the last
     /// save or load makes it false again.
@@ -95,7 +95,7 @@ public:
 
     // The following leave the status letters and the changed flag alone: the rule for them is for
     // the command to apply, see markChanged().
-    void setField(int position, Text Topic::*field, Text value);
+    void setField(int position, text::Text Topic::*field, text::Text value);
     void setOptions(ProjectOptions options);
     void insertTopic(int position, Topic topic);
 
@@ -157,7 +157,7 @@ class UndoStep {
 public:
     /// `name` is shown to the author. A `typedField` makes further typing into that field of the
     /// current topic part of the same step.
-    UndoStep(Project& project, TextView name, Text Topic::*typedField = nullptr)
+    UndoStep(Project& project, text::TextView name, text::Text Topic::*typedField = nullptr)
         : project_(project) {
         project_.history_.open(name, project_.currentIndex(), typedField);
     }

@@ -2,12 +2,21 @@
 
 #include <charconv>
 
-#include "model/CodePage.h"
 #include "model/FieldReader.h"
 #include "model/Helper.h"
 #include "platform/Files.h"
+#include "text/CodePage.h"
 
 namespace model {
+
+using text::appendLine;
+using text::lineBreak;
+using text::lowerCase;
+using text::Message;
+using text::MessageIcon;
+using text::Text;
+using text::TextView;
+using text::trim;
 
 namespace fs = std::filesystem;
 
@@ -204,7 +213,7 @@ std::optional<Message> messageFor(LoadStop stop) {
 }
 
 Message fileNotFoundMessage(const fs::path& path) {
-    return {"File \"" + displayText(path) + "\" Not Found", "File Open Error",
+    return {"File \"" + text::displayText(path) + "\" Not Found", "File Open Error",
             MessageIcon::information};
 }
 

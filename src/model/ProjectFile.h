@@ -3,25 +3,25 @@
 #include <optional>
 #include <system_error>
 
-#include "model/Message.h"
 #include "model/Project.h"
+#include "text/Message.h"
 
 /// The project file (`.tsp`), described in docs/file-formats.md.
 namespace model {
 
-inline constexpr TextView projectFileHeader = "HTML Topicsmith Format 1"; ///< its first field
-inline constexpr TextView topicMarker = "++";                             ///< before each topic
+inline constexpr text::TextView projectFileHeader = "HTML Topicsmith Format 1"; ///< its first field
+inline constexpr text::TextView topicMarker = "++"; ///< before each topic
 
 /// A topic's fields in the order of the file; the body follows them.
-inline constexpr Text Topic::*topicFields[] = {&Topic::level,
-                                               &Topic::status,
-                                               &Topic::title,
-                                               &Topic::fileName,
-                                               &Topic::contextId,
-                                               &Topic::contextNumber,
-                                               &Topic::shortDescription,
-                                               &Topic::image,
-                                               &Topic::keywords};
+inline constexpr text::Text Topic::*topicFields[] = {&Topic::level,
+                                                     &Topic::status,
+                                                     &Topic::title,
+                                                     &Topic::fileName,
+                                                     &Topic::contextId,
+                                                     &Topic::contextNumber,
+                                                     &Topic::shortDescription,
+                                                     &Topic::image,
+                                                     &Topic::keywords};
 
 /// How reading a project file ended. What was read until then is kept.
 enum class LoadStop {
@@ -36,7 +36,7 @@ enum class LoadStop {
 
 /// What the author is told. There are no words for none, endInOptions and endInBody: the window
 /// shows what there is.
-std::optional<Message> messageFor(LoadStop stop);
+std::optional<text::Message> messageFor(LoadStop stop);
 
 struct ParsedProject {
     TopicOutline outline;
@@ -45,13 +45,13 @@ struct ParsedProject {
     int stopLine = 0; ///< the line of the file, from 1, in which reading stopped; 0 for none
 };
 
-ParsedProject parseProject(Text file);
+ParsedProject parseProject(text::Text file);
 
-Text formatProject(const TopicOutline& outline, const ProjectOptions& options);
+text::Text formatProject(const TopicOutline& outline, const ProjectOptions& options);
 
 /// Reads the bytes of a project file. Of a file of another kind, however large, only the first are
 /// read.
-std::error_code readProjectFile(const std::filesystem::path& path, Text& file);
+std::error_code readProjectFile(const std::filesystem::path& path, text::Text& file);
 
 /// How loading went. After a read error the project is as it was.
 struct LoadOutcome {
@@ -90,7 +90,7 @@ std::error_code saveProject(Project& project, const std::filesystem::path& path,
 std::filesystem::path backupFile(const std::filesystem::path& project);
 
 /// Said instead of opening a file that is not there.
-Message fileNotFoundMessage(const std::filesystem::path& path);
+text::Message fileNotFoundMessage(const std::filesystem::path& path);
 
 } // namespace model
 

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "model/Text.h"
+#include "text/Text.h"
 
 namespace model {
 
@@ -24,13 +24,13 @@ enum class NavigationType : int { textLinks = 0, graphicButtons = 1 };
 /// What shapes the generated pages and documentation. Saved with the project; the values here are
 /// those of a new one.
 struct ProjectOptions {
-    Text projectName;
-    Text cssFile;         ///< as linked from a page in the `html` folder; empty for none
-    Text backgroundImage; ///< likewise
-    Text templateFile;    ///< page template for new bodies; empty for none
-    Text additionalText;  ///< HTML for the first topic only
+    text::Text projectName;
+    text::Text cssFile;         ///< as linked from a page in the `html` folder; empty for none
+    text::Text backgroundImage; ///< likewise
+    text::Text templateFile;    ///< page template for new bodies; empty for none
+    text::Text additionalText;  ///< HTML for the first topic only
     bool showCopyright = false;
-    Text copyrightText;
+    text::Text copyrightText;
     std::array<bool, navigationSwitchCount> navigationButtons = {true,  false, true,
                                                                  false, false, true};
     NavigationType navigationType = NavigationType::textLinks;

@@ -3,9 +3,16 @@
 #include <charconv>
 #include <string>
 
-#include "model/TextLines.h"
+#include "text/TextLines.h"
 
 namespace model {
+
+using text::append;
+using text::appendLine;
+using text::lineBreak;
+using text::LineReader;
+using text::Text;
+using text::TextView;
 
 namespace {
 

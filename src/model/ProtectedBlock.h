@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "model/Text.h"
+#include "text/Text.h"
 
 /// The marked region of a generated page that holds the topic's body, so that pages edited outside
 /// the program can be read back.
@@ -11,20 +11,20 @@ namespace model {
 
 /// The first marker line goes on with the length of the content, in characters and without the line
 /// end behind it, and blockStartEnd.
-inline constexpr TextView blockStart = "<!-- HTML Topicsmith Custom Code *Do Not Remove* [";
-inline constexpr TextView blockStartEnd = "] -->";
-inline constexpr TextView blockEnd = "<!-- HTML Topicsmith End Code *Do Not Remove* -->";
+inline constexpr text::TextView blockStart = "<!-- HTML Topicsmith Custom Code *Do Not Remove* [";
+inline constexpr text::TextView blockStartEnd = "] -->";
+inline constexpr text::TextView blockEnd = "<!-- HTML Topicsmith End Code *Do Not Remove* -->";
 
 /// Stands in for the body of a topic that has none.
-inline constexpr TextView placeholderBody =
+inline constexpr text::TextView placeholderBody =
     R"(<p><IMG src="..\images\Image.jpg" align=left BORDER=0> Descriptive text goes here.</p>)";
 
-void appendProtectedBlock(Text& page, TextView body);
+void appendProtectedBlock(text::Text& page, text::TextView body);
 
 /// A block as it is found in a page.
 struct ProtectedBlock {
-    Text content;  ///< its lines, with CR LF between them, whatever the page has
-    TextView asIs; ///< the same with the page's own line ends; a part of the page
+    text::Text content;  ///< its lines, with CR LF between them, whatever the page has
+    text::TextView asIs; ///< the same with the page's own line ends; a part of the page
 
     /// The content's length when the page was generated, from the marker; 0 when that holds none.
     std::int32_t generatedLength = 0;
@@ -39,6 +39,6 @@ struct ProtectedBlock {
 
 /// The first block of a page; nothing when there is none or its end is missing. Of several end
 /// markers that one counts with which the content has the generated length.
-std::optional<ProtectedBlock> findProtectedBlock(TextView page);
+std::optional<ProtectedBlock> findProtectedBlock(text::TextView page);
 
 } // namespace model

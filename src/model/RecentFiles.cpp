@@ -3,10 +3,13 @@
 #include <algorithm>
 #include <vector>
 
-#include "model/CodePage.h"
 #include "platform/Files.h"
+#include "text/CodePage.h"
 
 namespace model {
+
+using text::htmlFromUtf8;
+using text::upperCase;
 
 namespace fs = std::filesystem;
 

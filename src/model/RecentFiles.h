@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-#include "model/Text.h"
+#include "text/Text.h"
 
 namespace model {
 
@@ -31,7 +31,7 @@ private:
     struct Entry {
         std::filesystem::path path;
         std::string caption;
-        Text key; ///< equal for captions that are the same but for letter case
+        text::Text key; ///< equal for captions that are the same but for letter case
     };
 
     static Entry entryOf(const std::filesystem::path& path);

@@ -3,6 +3,9 @@
 #include <tuple>
 
 namespace model {
+
+using text::Text;
+using text::TextView;
 namespace {
 
 auto fields(const Topic& t) {

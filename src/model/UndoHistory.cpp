@@ -5,6 +5,9 @@
 
 namespace model {
 
+using text::Text;
+using text::TextView;
+
 namespace {
 
 /// While typing goes on, the text before its first letter is all that is needed.

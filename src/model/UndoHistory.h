@@ -17,8 +17,8 @@ namespace model {
 /// A field of a topic got another text; `value` is the one that it does not have now.
 struct FieldChange {
     int position;
-    Text Topic::*field;
-    Text value;
+    text::Text Topic::*field;
+    text::Text value;
 };
 
 /// A topic came or went; `absent` holds it while it is not in the outline.
@@ -42,14 +42,14 @@ using ProjectChange = std::variant<FieldChange, TopicChange, SwapChange, Options
 
 /// What one command did, to be taken back as a whole.
 struct UndoRecord {
-    Text name; ///< of the command, as an author knows it
+    text::Text name; ///< of the command, as an author knows it
     std::vector<ProjectChange> changes;
     int currentBefore = -1;
     int currentAfter = -1;
-    Text Topic::*typedField = nullptr; ///< not null while further typing joins this record
+    text::Text Topic::*typedField = nullptr; ///< not null while further typing joins this record
 
     /// Whether all it did was done to these fields of one topic, the current one before and after.
-    bool isOnlyAbout(std::initializer_list<Text Topic::*> fields) const;
+    bool isOnlyAbout(std::initializer_list<text::Text Topic::*> fields) const;
 };
 
 /// The commands that can be taken back, and those that were. Kept by a Project, which also knows
@@ -63,7 +63,7 @@ public:
 
     /// Opens a record. While `typedField` is the same and `currentIndex` too, typing joins what was
     /// typed before. Records nest: an inner one is part of the outer.
-    void open(TextView name, int currentIndex, Text Topic::*typedField);
+    void open(text::TextView name, int currentIndex, text::Text Topic::*typedField);
 
     /// Closes the record; one without changes is dropped.
     void close(int currentIndex);
@@ -80,8 +80,12 @@ public:
     bool canRedo() const { return depth_ == 0 && !undone_.empty(); }
 
     /// Empty when there is nothing.
-    TextView undoName() const { return canUndo() ? TextView(done_.back().name) : TextView(); }
-    TextView redoName() const { return canRedo() ? TextView(undone_.back().name) : TextView(); }
+    text::TextView undoName() const {
+        return canUndo() ? text::TextView(done_.back().name) : text::TextView();
+    }
+    text::TextView redoName() const {
+        return canRedo() ? text::TextView(undone_.back().name) : text::TextView();
+    }
 
     /// The next to be taken back or done again; there must be one.
     const UndoRecord& nextUndo() const { return done_.back(); }

@@ -26,4 +26,8 @@ public:
     virtual std::optional<AutomationValue> call(const char* method) = 0;
 };
 
+/// Starts a program by the name of its automation server, such as "Word.Application". Null when it
+/// is not installed or does not start, and always on systems without such servers.
+std::shared_ptr<AutomationObject> createAutomation(const char* server);
+
 } // namespace platform

@@ -5,9 +5,9 @@
 #include <hunspell/hunspell.hxx>
 #include <optional>
 
-#include "model/CodePage.h"
-#include "model/Text.h"
 #include "platform/Files.h"
+#include "text/CodePage.h"
+#include "text/Text.h"
 
 namespace tools {
 
@@ -25,7 +25,7 @@ std::optional<Encoding> encodingOf(const fs::path& affixFile) {
         if (set > 3) { // none; a byte order mark may stand in front
             continue;
         }
-        const std::string name = model::upperCase(line.substr(set + 4));
+        const std::string name = text::upperCase(line.substr(set + 4));
         if (name.starts_with("UTF-8")) {
             return Encoding::utf8;
         }
@@ -70,10 +70,10 @@ struct Dictionary::Native {
           encoding(encoded) {}
 
     std::string toDictionary(const std::string& utf8) const {
-        return encoding == Encoding::utf8 ? utf8 : model::fromUtf8(utf8);
+        return encoding == Encoding::utf8 ? utf8 : text::fromUtf8(utf8);
     }
     std::string fromDictionary(const std::string& word) const {
-        return encoding == Encoding::utf8 ? word : model::toUtf8(word);
+        return encoding == Encoding::utf8 ? word : text::toUtf8(word);
     }
 
     Hunspell hunspell;

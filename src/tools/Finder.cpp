@@ -26,12 +26,12 @@ std::vector<std::size_t> overlapsOf(TextView text) {
 /// Looks at each character once, however often the term begins and does not go on. A whole word has
 /// a blank or an end of the text on both sides.
 std::size_t findIn(TextView text, std::size_t from, const FindQuestion& question) {
-    const Text term = question.matchCase ? question.text : model::lowerCase(question.text);
+    const Text term = question.matchCase ? question.text : text::lowerCase(question.text);
     const std::vector<std::size_t> overlaps = overlapsOf(term);
     const auto isBlankAt = [text](std::size_t i) { return i >= text.size() || text[i] == ' '; };
     std::size_t matched = 0;
     for (std::size_t i = from; i < text.size(); ++i) {
-        const char character = question.matchCase ? text[i] : model::lowerCase(text[i]);
+        const char character = question.matchCase ? text[i] : text::lowerCase(text[i]);
         while (matched > 0 && (matched == term.size() || character != term[matched])) {
             matched = overlaps[matched - 1];
         }

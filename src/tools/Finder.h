@@ -7,8 +7,8 @@
 
 namespace tools {
 
-using model::Text;
-using model::TextView;
+using text::Text;
+using text::TextView;
 
 /// What is looked for.
 struct FindQuestion {

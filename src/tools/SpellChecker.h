@@ -1,11 +1,11 @@
 #pragma once
 
-#include "model/Text.h"
+#include "text/Text.h"
 
 namespace tools {
 
-using model::Text;
-using model::TextView;
+using text::Text;
+using text::TextView;
 
 /// Checks texts together with the author. Lives for one command.
 class SpellChecker {

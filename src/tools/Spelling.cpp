@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "model/CodePage.h"
-#include "model/TextLines.h"
 #include "platform/Files.h"
+#include "text/CodePage.h"
+#include "text/TextLines.h"
 
 namespace tools {
 
@@ -24,7 +24,7 @@ Text apostropheOf(TextView word) {
 Text correctedWord(TextView written, const std::string& correction) {
     const Text apostrophe = apostropheOf(written);
     Text word;
-    for (const char character : model::htmlFromUtf8(correction)) {
+    for (const char character : text::htmlFromUtf8(correction)) {
         word += character == '\'' ? apostrophe : Text(1, character);
     }
     return word;
@@ -40,7 +40,7 @@ PersonalWords::PersonalWords(std::filesystem::path file) : file_(std::move(file)
 std::error_code PersonalWords::read() {
     std::string bytes;
     const std::error_code error = platform::readFile(file_, bytes);
-    model::LineReader lines(bytes);
+    text::LineReader lines(bytes);
     for (TextView line; lines.next(line);) {
         words_.emplace(line);
     }

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "model/CharacterReferences.h"
-#include "model/CodePage.h"
+#include "text/CharacterReferences.h"
+#include "text/CodePage.h"
 
 namespace tools {
 
@@ -49,7 +49,7 @@ bool holdsCode(TextView name) {
 } // namespace
 
 WordReader::WordReader(TextView text, std::size_t from)
-    : text_(text), lower_(model::lowerCase(text)), tagEnds_(text),
+    : text_(text), lower_(text::lowerCase(text)), tagEnds_(text),
       position_(std::min(from, text.size())) {}
 
 std::optional<SpellingWord> WordReader::next() {
@@ -108,7 +108,7 @@ bool WordReader::skipTag() {
         rest.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789!?", nameStart), rest.size());
     const TextView name = rest.substr(nameStart, nameEnd - nameStart);
     position_ = end + 1;
-    behindTag_ = model::isInlineTag(name);
+    behindTag_ = text::isInlineTag(name);
     if (nameStart == 1 && holdsCode(name)) {
         skipElement(name);
     }
@@ -130,11 +130,11 @@ void WordReader::skipElement(TextView name) {
 }
 
 WordReader::Letter WordReader::takeLetter() {
-    const model::CharacterReference reference = model::characterReferenceAt(text_, position_);
+    const text::CharacterReference reference = text::characterReferenceAt(text_, position_);
     const std::size_t start = position_;
     const std::size_t length = std::max<std::size_t>(reference.length, 1);
     const char32_t code =
-        reference.length > 0 ? reference.character : model::unicodeOf(text_[position_]);
+        reference.length > 0 ? reference.character : text::unicodeOf(text_[position_]);
     position_ += length;
     return {code, start, length, behindTag_};
 }
@@ -145,7 +145,7 @@ void WordReader::collectWords() {
     const auto isSolid = [](char32_t code) { return isLetter(code) || isDigit(code); };
     const std::size_t start = token_.front().start;
     const bool isWholeToken =
-        start == 0 || text_[start - 1] == '>' || isBlank(model::unicodeOf(text_[start - 1]));
+        start == 0 || text_[start - 1] == '>' || isBlank(text::unicodeOf(text_[start - 1]));
     for (std::size_t i = 0; i < token_.size(); ++i) {
         const char32_t code = codeAt(i);
         const bool joins = i > 0 && isSolid(codeAt(i - 1)) && isSolid(codeAt(i + 1));
@@ -184,7 +184,7 @@ void WordReader::addWord(std::size_t first, std::size_t last) {
         if (divided || (!isLetter(letter.code) && !isApostrophe(letter.code))) {
             return;
         }
-        model::appendUtf8(word.letters, isApostrophe(letter.code) ? U'\'' : letter.code);
+        text::appendUtf8(word.letters, isApostrophe(letter.code) ? U'\'' : letter.code);
     }
     word.start = token_[first].start;
     word.length = token_[last - 1].start + token_[last - 1].length - word.start;

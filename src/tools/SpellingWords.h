@@ -5,12 +5,12 @@
 #include <set>
 #include <string>
 
-#include "model/HtmlReader.h"
+#include "text/HtmlReader.h"
 
 namespace tools {
 
-using model::Text;
-using model::TextView;
+using text::Text;
+using text::TextView;
 
 /// A word of a text as a reader sees it.
 struct SpellingWord {
@@ -46,7 +46,7 @@ private:
 
     TextView text_;
     Text lower_; ///< for names of tags
-    model::TagEnds tagEnds_;
+    text::TagEnds tagEnds_;
     std::size_t position_;
     std::deque<Letter> token_; ///< what stands between two blanks
     std::deque<SpellingWord> words_;

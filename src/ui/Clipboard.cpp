@@ -4,7 +4,7 @@
 #include <QGuiApplication>
 #include <QMimeData>
 
-#include "model/TextLines.h"
+#include "text/TextLines.h"
 #include "ui/qt/Native.h"
 
 namespace ui {
@@ -26,7 +26,7 @@ void Clipboard::clear() {
     QGuiApplication::clipboard()->clear();
 }
 
-void Clipboard::setText(model::TextView text) {
+void Clipboard::setText(text::TextView text) {
     QGuiApplication::clipboard()->setText(toQt(text));
 }
 
@@ -35,8 +35,8 @@ bool Clipboard::hasText() const {
     return data != nullptr && data->hasText();
 }
 
-model::Text Clipboard::text() const {
-    return model::withLineBreaks(fromQt(QGuiApplication::clipboard()->text()));
+text::Text Clipboard::text() const {
+    return text::withLineBreaks(fromQt(QGuiApplication::clipboard()->text()));
 }
 
 } // namespace ui

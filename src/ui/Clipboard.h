@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "model/Text.h"
+#include "text/Text.h"
 #include "ui/Event.h"
 
 namespace ui {
@@ -16,11 +16,11 @@ public:
     Clipboard& operator=(const Clipboard&) = delete;
 
     void clear();
-    void setText(model::TextView text);
+    void setText(text::TextView text);
     bool hasText() const;
 
     /// With CR LF for each line end, and question marks for characters that the code page lacks.
-    model::Text text() const;
+    text::Text text() const;
 
     Event<> Change; ///< whoever did it
 

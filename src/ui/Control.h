@@ -2,12 +2,12 @@
 
 #include <memory>
 
-#include "model/Text.h"
+#include "text/Text.h"
 
 namespace ui {
 
-using model::Text;
-using model::TextView;
+using text::Text;
+using text::TextView;
 
 /// What stands behind a control or window; only the files in qt/ know it.
 struct NativeWidget;

@@ -139,7 +139,7 @@ void Prompter::openAddress(const std::string& address) {
     QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
 }
 
-void Prompter::tell(Window* window, const model::Message& message) {
+void Prompter::tell(Window* window, const text::Message& message) {
     constexpr QuestionIcon icons[] = {QuestionIcon::none, QuestionIcon::information,
                                       QuestionIcon::exclamation, QuestionIcon::critical};
     ask(window,

@@ -3,12 +3,12 @@
 #include <filesystem>
 #include <optional>
 
-#include "model/Message.h"
+#include "text/Message.h"
 
 namespace ui {
 
-using model::Text;
-using model::TextView;
+using text::Text;
+using text::TextView;
 
 class Window;
 
@@ -65,7 +65,7 @@ public:
     /// Shows a web page, or begins a letter, in the program that the person uses for that.
     virtual void openAddress(const std::string& address);
 
-    void tell(Window* window, const model::Message& message);
+    void tell(Window* window, const text::Message& message);
 
     static Prompter& current();
     /// Null for the real one. Not owned.

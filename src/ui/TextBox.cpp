@@ -6,7 +6,7 @@
 #include <QGuiApplication>
 #include <QVariant>
 
-#include "model/CodePage.h"
+#include "text/CodePage.h"
 #include "ui/Prompter.h"
 #include "ui/Twips.h"
 #include "ui/qt/TextBoxNative.h"
@@ -172,7 +172,7 @@ void TextBox::acceptOnly(TextView characters) {
 }
 
 QString TextBox::Native::admit(const QString& entered) const {
-    const QString references = toQt(model::htmlFromUtf8(entered.toStdString()));
+    const QString references = toQt(text::htmlFromUtf8(entered.toStdString()));
     QString admitted;
     if (foreign == ForeignCharacters::asReferences) {
         admitted = references;
@@ -181,7 +181,7 @@ QString TextBox::Native::admit(const QString& entered) const {
     } else {
         for (const char32_t character : entered.toUcs4()) {
             const QString one = QString::fromUcs4(&character, 1);
-            if (toQt(model::htmlFromUtf8(one.toStdString())) == one) {
+            if (toQt(text::htmlFromUtf8(one.toStdString())) == one) {
                 admitted += one;
             }
         }

@@ -5,8 +5,8 @@
 #include <map>
 #include <optional>
 
-#include "model/CodePage.h"
 #include "platform/Unicode.h"
+#include "text/CodePage.h"
 
 namespace workshop {
 
@@ -66,11 +66,11 @@ unsigned codePageNamed(std::string_view name) {
 /// The code page that a page names in its head; 0 for none that is known.
 unsigned namedCodePage(std::string_view bytes) {
     constexpr std::size_t headSize = 2048;
-    const model::Text head = model::lowerCase(bytes.substr(0, headSize));
+    const text::Text head = text::lowerCase(bytes.substr(0, headSize));
     constexpr std::string_view xml = "<?xml";
     for (const std::string_view mark : {"charset", "encoding"}) {
         const std::size_t at = head.find(mark);
-        if (at == model::Text::npos || (mark == "encoding" && !head.starts_with(xml))) {
+        if (at == text::Text::npos || (mark == "encoding" && !head.starts_with(xml))) {
             continue;
         }
         std::string_view name = std::string_view(head).substr(at + mark.size());
@@ -94,7 +94,7 @@ std::optional<std::string> markedText(std::string_view bytes) {
         return platform::utf8FromCodePage(bytes.substr(utf8Mark.size()), platform::utf8CodePage);
     }
     if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) {
-        return model::utf8FromUtf16(bytes.substr(2), bytes.front() == '\xFE');
+        return text::utf8FromUtf16(bytes.substr(2), bytes.front() == '\xFE');
     }
     return {};
 }
@@ -104,18 +104,18 @@ std::string fromCodePage(std::string_view bytes, unsigned codePage) {
     if (codePage != shiftedCodePage && isPlain(bytes)) {
         return std::string(bytes);
     }
-    return codePage == westernCodePage ? model::toUtf8(bytes)
+    return codePage == westernCodePage ? text::toUtf8(bytes)
                                        : platform::utf8FromCodePage(bytes, codePage);
 }
 
 std::optional<std::string> oneEncoded(char32_t character, unsigned codePage) {
     const bool isControl = character >= 0x80 && character < 0xA0;
     std::string utf8;
-    model::appendUtf8(utf8, character);
+    text::appendUtf8(utf8, character);
     if (codePage != westernCodePage || isControl) {
         return isControl ? std::nullopt : platform::codePageFromUtf8(utf8, codePage);
     }
-    const std::string byte = model::fromUtf8(utf8);
+    const std::string byte = text::fromUtf8(utf8);
     return byte == "?" && character != U'?' ? std::nullopt : std::optional(byte);
 }
 
@@ -181,7 +181,7 @@ std::string encoded(std::string_view utf8, unsigned codePage, const Substitute& 
     bytes.reserve(utf8.size());
     std::map<char32_t, std::string> known;
     while (!utf8.empty()) {
-        const char32_t character = model::takeUtf8(utf8);
+        const char32_t character = text::takeUtf8(utf8);
         if (character < 0x80) {
             bytes += static_cast<char>(character);
             continue;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "model/Text.h"
+#include "text/Text.h"
 #include "workshop/HelpProject.h"
 
 namespace workshop {
@@ -51,7 +51,7 @@ std::optional<HeaderLine> HeaderReader::take(std::string_view line) {
         return {};
     }
     const std::string_view directive = takeWord(rest);
-    if (model::equalIgnoringCase(directive, "include")) {
+    if (text::equalIgnoringCase(directive, "include")) {
         const std::size_t start = rest.find_first_not_of(" \t\"<");
         const std::size_t end = rest.find_last_not_of(" \t\">");
         if (start == std::string_view::npos || end == std::string_view::npos || end < start) {
@@ -61,7 +61,7 @@ std::optional<HeaderLine> HeaderReader::take(std::string_view line) {
     }
     const std::string_view name = takeWord(rest);
     const std::size_t value = rest.find_first_not_of(" \t(");
-    if (!model::equalIgnoringCase(directive, "define") || value == std::string_view::npos) {
+    if (!text::equalIgnoringCase(directive, "define") || value == std::string_view::npos) {
         return {};
     }
     const auto number = readNumber(rest.substr(value));

@@ -3,15 +3,15 @@
 #include <algorithm>
 #include <utility>
 
-#include "model/Text.h"
-#include "model/TextLines.h"
+#include "text/Text.h"
+#include "text/TextLines.h"
 #include "workshop/Header.h"
 
 namespace workshop {
 
 namespace {
 
-using model::equalIgnoringCase;
+using text::equalIgnoringCase;
 
 constexpr std::string_view blanks = " \t";
 
@@ -86,7 +86,7 @@ const auto* rowOf(const Table& table, std::string_view name) {
 
 /// The language, which has to be known before anything else can be read; it is ASCII.
 std::optional<std::uint32_t> languageIn(std::string_view bytes) {
-    model::LineReader lines(bytes);
+    text::LineReader lines(bytes);
     for (std::string_view line; lines.next(line);) {
         const auto [name, value] = split(line);
         if (equalIgnoringCase(name, "language")) {
@@ -108,7 +108,7 @@ public:
                                    "are written in code page 1252");
         }
         const std::string text = decodedSource(bytes, project_.options.codePage).utf8;
-        model::LineReader lines(text);
+        text::LineReader lines(text);
         for (std::string_view line; lines.next(line);) {
             ++line_;
             line = trimmed(line);
@@ -275,7 +275,7 @@ private:
         const int line = std::exchange(line_, 0);
         const HeaderReader header = std::exchange(header_, {});
         ++depth_;
-        model::LineReader lines(text);
+        text::LineReader lines(text);
         for (std::string_view each; lines.next(each);) {
             ++line_;
             if (each = trimmed(each); !each.empty()) {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <unordered_set>
 
-#include "model/HtmlReader.h"
+#include "text/HtmlReader.h"
 #include "workshop/LineCounter.h"
 
 namespace workshop {
@@ -54,7 +54,7 @@ public:
                 takeTag();
             }
         }
-        facts_.title.text = collapsed(model::resolvedReferences(facts_.title.text));
+        facts_.title.text = collapsed(text::resolvedReferences(facts_.title.text));
         return std::move(facts_);
     }
 
@@ -95,7 +95,7 @@ private:
 
     /// Empty for a tag without the attribute.
     std::string value(std::string_view attribute) const {
-        return model::resolvedReferences(reader_.attribute(attribute).value_or(""));
+        return text::resolvedReferences(reader_.attribute(attribute).value_or(""));
     }
 
     void append(std::vector<PageText> addresses) {
@@ -108,7 +108,7 @@ private:
             name.size() == 2 && name[0] == 'h' && name[1] >= '1' && name[1] <= '6';
         if (isHeading && inHeading_) {
             Heading& heading = facts_.headings.back();
-            heading.text = collapsed(model::resolvedReferences(heading.text));
+            heading.text = collapsed(text::resolvedReferences(heading.text));
         }
         if (isHeading && opens) {
             facts_.headings.push_back({static_cast<unsigned>(name[1] - '0'), {}, value("id")});
@@ -124,7 +124,7 @@ private:
         }
         for (const auto& each : {id, anchor}) {
             if (each && !each->empty()) {
-                const std::string text = model::resolvedReferences(*each);
+                const std::string text = text::resolvedReferences(*each);
                 const bool isNew = known_.insert(text).second;
                 (isNew ? facts_.anchors : facts_.repeatedAnchors).push_back({text, line()});
                 if (inHeading_ && facts_.headings.back().anchor.empty()) {
@@ -144,7 +144,7 @@ private:
             takeSourceSet(value("srcset"));
         }
         if (const auto style = reader_.attribute("style")) {
-            append(readStyleSheet(model::resolvedReferences(*style), line()));
+            append(readStyleSheet(text::resolvedReferences(*style), line()));
         }
     }
 
@@ -181,7 +181,7 @@ private:
     }
 
     void takeMeta() {
-        const std::string name = model::lowerCase(value("name"));
+        const std::string name = text::lowerCase(value("name"));
         if (name == "ms-hkwd") {
             takeNames(facts_.keywords, value("content"));
         } else if (name == "ms-haid") {
@@ -190,7 +190,7 @@ private:
     }
 
     void takeParameter() {
-        const std::string name = model::lowerCase(value("name"));
+        const std::string name = text::lowerCase(value("name"));
         if (name == "keyword") {
             takeNames(facts_.keywords, value("value"));
         } else if (name == "alink name") {
@@ -198,7 +198,7 @@ private:
         }
     }
 
-    model::HtmlReader reader_;
+    text::HtmlReader reader_;
     LineCounter lines_;
     PageFacts facts_;
     std::unordered_set<std::string> known_;
@@ -242,8 +242,8 @@ std::vector<PageText> readStyleSheet(std::string_view css, int firstLine) {
         if (rest.starts_with("/*")) {
             const std::size_t end = rest.find("*/", 2);
             rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 2);
-        } else if (model::startsWithIgnoringCase(rest, "url(")
-                   || model::startsWithIgnoringCase(rest, "@import")) {
+        } else if (text::startsWithIgnoringCase(rest, "url(")
+                   || text::startsWithIgnoringCase(rest, "@import")) {
             const auto offset = static_cast<std::size_t>(rest.data() - start);
             if (const std::string_view address = takeStyleAddress(rest); !address.empty()) {
                 addresses.push_back({std::string(address), firstLine + lines.at(offset) - 1});

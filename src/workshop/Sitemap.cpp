@@ -4,17 +4,17 @@
 #include <array>
 #include <functional>
 
-#include "model/CharacterReferences.h"
-#include "model/CodePage.h"
-#include "model/HtmlReader.h"
 #include "platform/Unicode.h"
+#include "text/CharacterReferences.h"
+#include "text/CodePage.h"
+#include "text/HtmlReader.h"
 #include "workshop/LineCounter.h"
 
 namespace workshop {
 
 namespace {
 
-using model::equalIgnoringCase;
+using text::equalIgnoringCase;
 
 // What a damaged or hostile file must not go beyond.
 constexpr int deepest = 30;
@@ -25,15 +25,14 @@ constexpr std::size_t mostParameters = 1000; // of one object
 /// References put in their places. Those for bytes of another code page become its characters.
 std::string resolved(std::string_view text, unsigned codePage) {
     if (codePage == plainReferences) {
-        return model::resolvedReferences(text);
+        return text::resolvedReferences(text);
     }
     std::string result;
     while (!text.empty()) {
-        const model::CharacterReference reference = text.front() == '&'
-                                                        ? model::characterReferenceAt(text, 0)
-                                                        : model::CharacterReference();
+        const text::CharacterReference reference =
+            text.front() == '&' ? text::characterReferenceAt(text, 0) : text::CharacterReference();
         const char32_t character = reference.character;
-        if (reference.length == 0 || character == model::unknownCharacter) {
+        if (reference.length == 0 || character == text::unknownCharacter) {
             result += text.front();
             text.remove_prefix(1);
             continue;
@@ -42,7 +41,7 @@ std::string resolved(std::string_view text, unsigned codePage) {
             const char byte = static_cast<char>(character);
             result += platform::utf8FromCodePage({&byte, 1}, codePage);
         } else {
-            model::appendUtf8(result, character);
+            text::appendUtf8(result, character);
         }
         text.remove_prefix(reference.length);
     }
@@ -211,7 +210,7 @@ private:
 
     std::string_view html_;
     unsigned codePage_;
-    model::HtmlReader reader_;
+    text::HtmlReader reader_;
     LineCounter lines_;
     Sitemap sitemap_;
     SitemapEntry entry_;
@@ -223,7 +222,7 @@ private:
 };
 
 void appendParameter(std::string& file, std::string_view name, std::string_view value) {
-    model::append(file, "<param name=\"", name, "\" value=\"");
+    text::append(file, "<param name=\"", name, "\" value=\"");
     for (const char character : value) {
         switch (character) {
         case '&':
@@ -242,7 +241,7 @@ void appendParameter(std::string& file, std::string_view name, std::string_view 
             file += character;
         }
     }
-    model::appendLine(file, "\">");
+    text::appendLine(file, "\">");
 }
 
 bool isRemote(std::string_view page) {
@@ -260,7 +259,7 @@ void appendTarget(std::string& file, const SitemapTarget& target) {
 }
 
 void appendEntry(std::string& file, const SitemapEntry& entry) {
-    model::appendLine(file, "<LI><OBJECT type=\"text/sitemap\">");
+    text::appendLine(file, "<LI><OBJECT type=\"text/sitemap\">");
     if (!entry.name.empty()) {
         appendParameter(file, "Name", entry.name);
     }
@@ -281,7 +280,7 @@ void appendEntry(std::string& file, const SitemapEntry& entry) {
     for (const auto& [name, value] : entry.others) {
         appendParameter(file, name, value);
     }
-    model::appendLine(file, "</OBJECT>");
+    text::appendLine(file, "</OBJECT>");
 }
 
 } // namespace
@@ -292,29 +291,29 @@ Sitemap readSitemap(std::string_view utf8, unsigned referenceCodePage) {
 
 std::string formatSitemap(const Sitemap& sitemap) {
     std::string file;
-    model::appendLine(file, "<!DOCTYPE HTML PUBLIC \"-//IETF//DTD HTML//EN\">");
-    model::appendLine(file, "<HTML><HEAD><!-- Sitemap 1.0 --></HEAD><BODY>");
+    text::appendLine(file, "<!DOCTYPE HTML PUBLIC \"-//IETF//DTD HTML//EN\">");
+    text::appendLine(file, "<HTML><HEAD><!-- Sitemap 1.0 --></HEAD><BODY>");
     if (!sitemap.properties.empty()) {
-        model::appendLine(file, "<OBJECT type=\"text/site properties\">");
+        text::appendLine(file, "<OBJECT type=\"text/site properties\">");
         for (const auto& [name, value] : sitemap.properties) {
             appendParameter(file, name, value);
         }
-        model::appendLine(file, "</OBJECT>");
+        text::appendLine(file, "</OBJECT>");
     }
     int depth = 0;
     for (const SitemapEntry& entry : sitemap.entries) {
         for (; depth < entry.depth; ++depth) {
-            model::appendLine(file, "<UL>");
+            text::appendLine(file, "<UL>");
         }
         for (; depth > entry.depth; --depth) {
-            model::appendLine(file, "</UL>");
+            text::appendLine(file, "</UL>");
         }
         appendEntry(file, entry);
     }
     for (; depth > 0; --depth) {
-        model::appendLine(file, "</UL>");
+        text::appendLine(file, "</UL>");
     }
-    model::appendLine(file, "</BODY></HTML>");
+    text::appendLine(file, "</BODY></HTML>");
     return file;
 }
 

@@ -1,9 +1,9 @@
 #include "app/MainWindowFixture.h"
 #include "app/frmOptions.h"
 #include "app/frmSplash.h"
-#include "editor/dlgGraphicOptions.h"
-#include "editor/dlgWebLinkText.h"
-#include "tools/dlgSpelling.h"
+#include "editor/forms/dlgGraphicOptions.h"
+#include "editor/forms/dlgWebLinkText.h"
+#include "tools/forms/dlgSpelling.h"
 
 using namespace ui::testing;
 
@@ -37,7 +37,7 @@ protected:
     }
 
     Nothing host;
-    model::Text text;
+    text::Text text;
 };
 
 } // namespace

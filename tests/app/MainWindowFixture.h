@@ -65,7 +65,7 @@ private:
 inline model::TopicOutline titled(std::initializer_list<const char*> titles) {
     model::TopicOutline outline;
     for (const char* title : titles) {
-        outline.append(topic(1, title, model::Text(title) + ".htm"));
+        outline.append(topic(1, title, text::Text(title) + ".htm"));
     }
     return outline;
 }

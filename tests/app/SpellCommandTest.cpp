@@ -1,6 +1,6 @@
 #include "app/MainWindowFixture.h"
-#include "tools/StartSpelling.h"
-#include "tools/dlgSpelling.h"
+#include "tools/forms/StartSpelling.h"
+#include "tools/forms/dlgSpelling.h"
 
 using namespace ui::testing;
 using test::titled;

@@ -154,7 +154,7 @@ TEST_F(frmMain, AFileNameIsMadeOnLeavingTheTitle) {
     EXPECT_EQ(topic(2).title, "Open: a file2");
     EXPECT_EQ(topic(2).fileName, "Open a file.htm");
     // The caret goes to character 99, also of a longer text.
-    project().setField(2, &model::Topic::title, model::Text(120, 'x'));
+    project().setField(2, &model::Topic::title, text::Text(120, 'x'));
     press("Shift+Tab");
     EXPECT_EQ(caretOf(window->txtTitle), 99);
 }

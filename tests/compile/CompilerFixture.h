@@ -5,9 +5,9 @@
 
 #include "compile/Compiler.h"
 #include "help/HelpBook.h"
-#include "model/CodePage.h"
 #include "platform/Files.h"
 #include "support/TestFiles.h"
+#include "text/CodePage.h"
 
 namespace test {
 

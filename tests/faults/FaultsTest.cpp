@@ -5,7 +5,7 @@
 #include "faults/FaultyFiles.h"
 #include "generate/Documentation.h"
 #include "generate/GenerationRun.h"
-#include "model/CodePage.h"
+#include "text/CodePage.h"
 
 using namespace ui::testing;
 namespace fs = std::filesystem;
@@ -171,9 +171,9 @@ TEST_F(Faults, AClosedFoldersFileIsWrittenWhereItLiesWhenTheAuthorWantsThat) {
     const fs::path copy = folder / "p.bak.tsp"; // beside the settings
     const ui::MessageBox question = {
         "The folder does not allow new files, so the file can only be written where it lies:\n"
-            + model::displayText(file)
+            + text::displayText(file)
             + "\nIf that is interrupted, the file is damaged. What it holds now will be kept as:\n"
-            + model::displayText(copy),
+            + text::displayText(copy),
         "Save - p.tsp",
         ui::Buttons::yesNoCancel,
         ui::QuestionIcon::exclamation,
@@ -225,7 +225,7 @@ TEST_F(Faults, AFolderThatGoesAwayAndAFullDiskAreSaid) {
     }
     test::writeBytes(file, before);
     model::TopicOutline large = changed;
-    large.at(1).body = model::Text(100000, 'x');
+    large.at(1).body = text::Text(100000, 'x');
     Project full;
     full.replace(large, {}, file);
     EXPECT_EQ(model::saveProject(full, file), std::errc::no_space_on_device);

@@ -2,9 +2,10 @@
 
 #include "Require.h"
 #include "model/ProtectedBlock.h"
-#include "model/TextLines.h"
+#include "text/TextLines.h"
 
 using namespace model;
+using namespace text;
 
 namespace {
 

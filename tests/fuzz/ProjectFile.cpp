@@ -6,6 +6,7 @@
 #include "model/Helper.h"
 
 using namespace model;
+using namespace text;
 
 namespace {
 

@@ -3,12 +3,12 @@
 
 #include "Require.h"
 #include "import/TextImport.h"
-#include "model/TextLines.h"
+#include "text/TextLines.h"
 
 /// Any text gives topics that a project can hold.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const model::Text text = model::decodedText(
-        std::string(reinterpret_cast<const char*>(data), size), model::Foreign::references);
+    const text::Text text = text::decodedText(
+        std::string(reinterpret_cast<const char*>(data), size), text::Foreign::references);
     constexpr int room = 50;
     const importer::TextOutline outline = importer::readTextOutline(text, room);
     require(outline.topics.size() <= room, "too many topics");

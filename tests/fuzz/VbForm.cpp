@@ -5,17 +5,17 @@
 #include "Require.h"
 #include "import/VbProjectFile.h"
 #include "model/Helper.h"
-#include "model/TextLines.h"
+#include "text/TextLines.h"
 
-using model::Text;
-using model::TextView;
+using namespace text;
+using text::TextView;
 
 namespace {
 
 /// The same list, made the slow way: by looking through all of it for each name.
 Text calledForms(TextView code) {
     Text list;
-    model::LineReader lines(code);
+    text::LineReader lines(code);
     for (TextView line; lines.next(line);) {
         const std::size_t call = line.find(".Show");
         if (call == TextView::npos || line.starts_with("Rem ")) {

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 using namespace generate;
-using model::Text;
-using model::TextView;
+using namespace text;
+using text::TextView;
 
 namespace {
 

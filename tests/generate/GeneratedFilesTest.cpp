@@ -7,6 +7,7 @@
 #include "support/TestFiles.h"
 
 using namespace model;
+using namespace text;
 namespace fs = std::filesystem;
 
 namespace {

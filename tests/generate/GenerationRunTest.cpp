@@ -6,6 +6,7 @@
 #include "support/TestFiles.h"
 
 using namespace model;
+using namespace text;
 using generate::generateHelp;
 using generate::GenerationReport;
 using test::topic;

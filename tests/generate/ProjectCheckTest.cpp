@@ -5,9 +5,9 @@
 #include "support/TestFiles.h"
 
 using namespace generate;
-using model::Text;
 using model::Topic;
 using test::topic;
+using namespace text;
 namespace fs = std::filesystem;
 
 namespace {
@@ -145,7 +145,7 @@ TEST_F(ProjectCheck, NothingOutsideOfTheProjectIsLookedFor) {
     const Text there = folder.path().generic_string() + "/outside.htm";
     Text coded;
     for (const char character : there) {
-        model::append(coded, character == '/' ? "%2F" : Text(1, character));
+        text::append(coded, character == '/' ? "%2F" : Text(1, character));
     }
     outline.at(1).body = "<a href='" + coded
                          + "'>1</a><a href='%5c%5Chost\\a.htm'>2</a>"

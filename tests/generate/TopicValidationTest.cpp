@@ -6,6 +6,7 @@
 #include "support/TestFiles.h"
 
 using namespace model;
+using namespace text;
 using namespace generate;
 using test::lines;
 using test::topic;

@@ -4,13 +4,14 @@
 #include <random>
 
 #include "generate/GenerationRun.h"
-#include "model/CodePage.h"
-#include "model/HelpContext.h"
 #include "support/HelpCompiler.h"
 #include "support/TestFiles.h"
+#include "text/CodePage.h"
+#include "ui/HelpContext.h"
 
 using namespace help;
 using namespace model;
+using namespace text;
 namespace fs = std::filesystem;
 using test::topic;
 
@@ -72,7 +73,7 @@ void readAll(const fs::path& path) {
     for (const ContentsEntry& entry : book->contents()) {
         book->read(entry.target.page);
     }
-    book->pageOfContext(mainWindowHelp);
+    book->pageOfContext(ui::mainWindowHelp);
     book->index();
     book->search(HelpQuestion("the help"));
 }
@@ -146,7 +147,7 @@ TEST(HelpBook, ShowsTheManual) {
         targets += entry.targets.size();
     }
     EXPECT_EQ(targets, keywords);
-    for (const HelpContext context : helpContexts) {
+    for (const ui::HelpContext context : ui::helpContexts) {
         EXPECT_NE(book->pageOfContext(context), "") << context;
     }
     for (const auto& picture : fs::directory_iterator(sourceFolder / "help/images")) {

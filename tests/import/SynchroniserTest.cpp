@@ -9,8 +9,8 @@
 #include "support/TestFiles.h"
 
 using namespace importer;
-using model::Text;
 using test::lines;
+using namespace text;
 
 namespace {
 

@@ -5,11 +5,11 @@
 #include "support/TestFiles.h"
 
 using namespace importer;
-using model::Text;
+using namespace text;
 
 namespace {
 
-Text levels(model::TextView file) {
+Text levels(text::TextView file) {
     Text text;
     for (const model::Topic& topic : readTextOutline(file, 500).topics) {
         text += topic.level.substr(topic.level.size() - 1) + topic.title + ' ';

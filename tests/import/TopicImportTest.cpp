@@ -6,7 +6,7 @@
 
 using namespace importer;
 using model::LoadStop;
-using model::Text;
+using namespace text;
 
 namespace {
 

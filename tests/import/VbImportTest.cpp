@@ -4,18 +4,18 @@
 
 #include "import/VbForm.h"
 #include "import/VbProjectFile.h"
-#include "model/FileFinder.h"
 #include "support/TestFiles.h"
+#include "text/FileFinder.h"
 
 using namespace importer;
-using model::Text;
 using test::lines;
+using namespace text;
 namespace fs = std::filesystem;
 
 namespace {
 
 /// The code section of a form gets these lines.
-Text calledBy(std::initializer_list<model::TextView> code) {
+Text calledBy(std::initializer_list<text::TextView> code) {
     return readVbForm("Begin VB.Form frm\r\nEnd\r\n" + lines(code)).calledForms;
 }
 
@@ -26,7 +26,7 @@ Text formFile(const Text& name, const Text& caption, const Text& code = {}) {
 
 class VbImportTest : public testing::Test {
 protected:
-    ImportOutcome import(std::initializer_list<model::TextView> projectLines) {
+    ImportOutcome import(std::initializer_list<text::TextView> projectLines) {
         test::writeBytes(folder / "app.vbp", lines(projectLines));
         return importVbProject(project, folder / "app.vbp");
     }
@@ -105,8 +105,8 @@ TEST(FileFinder, KnowsBackslashesLetterCaseAndClimbing) {
     test::writeBytes(file, "x");
     const fs::path unconverted = folder / "app" / "frm\xDC.frm";
     test::writeBytes(unconverted, "x");
-    model::FileFinder finder(folder / "app");
-    const auto finds = [&finder](model::TextView path, const fs::path& expected) {
+    text::FileFinder finder(folder / "app");
+    const auto finds = [&finder](text::TextView path, const fs::path& expected) {
         return fs::equivalent(finder.find(path), expected);
     };
     EXPECT_TRUE(finds("My Forms\\FRM \xDC"

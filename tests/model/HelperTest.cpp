@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "model/PagePath.h"
+#include "text/Address.h"
 #include "model/Topic.h"
 
 using namespace model;
+using namespace text;
 
 TEST(Helper, MakeFileNameRemovesWhatFileSystemsRefuse) {
     const std::pair<const char*, const char*> cases[] = {

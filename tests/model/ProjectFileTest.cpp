@@ -5,6 +5,7 @@
 
 namespace fs = std::filesystem;
 using namespace model;
+using namespace text;
 using test::lines;
 
 namespace {

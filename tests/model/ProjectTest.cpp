@@ -5,6 +5,7 @@
 #include "support/TestFiles.h"
 
 using namespace model;
+using namespace text;
 
 namespace {
 

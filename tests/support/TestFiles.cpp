@@ -69,15 +69,15 @@ bool makeLink(const fs::path& target, const fs::path& link) {
     return !error;
 }
 
-model::Text lines(std::initializer_list<model::TextView> texts) {
-    model::Text joined;
-    for (const model::TextView text : texts) {
-        model::appendLine(joined, text);
+text::Text lines(std::initializer_list<text::TextView> texts) {
+    text::Text joined;
+    for (const text::TextView text : texts) {
+        text::appendLine(joined, text);
     }
     return joined;
 }
 
-model::Topic topic(int depth, model::Text title, model::Text fileName, model::Text body) {
+model::Topic topic(int depth, text::Text title, text::Text fileName, text::Text body) {
     model::Topic topic;
     topic.level = model::levelText(depth);
     topic.title = std::move(title);

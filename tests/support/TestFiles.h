@@ -44,9 +44,9 @@ std::string bitmap(int width, int height);
 bool makeLink(const std::filesystem::path& target, const std::filesystem::path& link);
 
 /// Lines joined with CR LF, each ended by it.
-model::Text lines(std::initializer_list<model::TextView> texts);
+text::Text lines(std::initializer_list<text::TextView> texts);
 
-model::Topic topic(int depth, model::Text title, model::Text fileName, model::Text body = "text");
+model::Topic topic(int depth, text::Text title, text::Text fileName, text::Text body = "text");
 
 /// Topics 1 to `count` of level 1, titled "Topic 1" and so on, in pages t1.htm and so on.
 model::TopicOutline flatOutline(int count);

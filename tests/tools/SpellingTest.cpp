@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "model/CharacterReferences.h"
 #include "support/TestFiles.h"
+#include "text/CharacterReferences.h"
 
 using namespace tools;
-using model::characterReferenceAt;
+using text::characterReferenceAt;
 namespace fs = std::filesystem;
 
 namespace {
@@ -108,7 +108,7 @@ TEST(CharacterReference, NeedsNameAndSemicolon) {
     EXPECT_EQ(characterReferenceAt("&#x20ac;", 0).character, 0x20ACU);
     EXPECT_EQ(characterReferenceAt("&eacute", 0).length, 0U);
     EXPECT_EQ(characterReferenceAt("&a b;", 0).length, 0U);
-    EXPECT_EQ(characterReferenceAt("&unheardof;", 0).character, model::unknownCharacter);
+    EXPECT_EQ(characterReferenceAt("&unheardof;", 0).character, text::unknownCharacter);
 }
 
 TEST(Dictionary, KnowsItsEncoding) {

@@ -26,7 +26,7 @@ protected:
 
 TEST_F(Controls, OffsetsInABoxOfManyLinesAreThoseOfItsText) {
     TextBox box(window, TextBox::Lines::many);
-    const model::Text text = "ab\r\n\r\nc\xA0\xE4\r\n";
+    const text::Text text = "ab\r\n\r\nc\xA0\xE4\r\n";
     box.setText(text);
     for (std::size_t start = 0; start <= text.size(); ++start) {
         for (std::size_t length = 0; start + length <= text.size(); ++length) {
@@ -56,7 +56,7 @@ TEST_F(Controls, OffsetsInABoxOfManyLinesAreThoseOfItsText) {
 TEST_F(Controls, AnEditOfTheProgramIsOneStepToTakeBack) {
     for (const TextBox::Lines lines : {TextBox::Lines::one, TextBox::Lines::many}) {
         TextBox box(window, lines);
-        const model::Text lineBreak = lines == TextBox::Lines::many ? "\r\n" : "";
+        const text::Text lineBreak = lines == TextBox::Lines::many ? "\r\n" : "";
         box.setText("ab" + lineBreak + "c");
         int changes = 0;
         box.Change.connect([&changes] { ++changes; });
@@ -112,8 +112,8 @@ TEST_F(Controls, ADropDownButtonKeepsTheLastChoice) {
     bar.addDropDown("edit", "Insert", {{"First", "One", "Cut"}, {"Second", "Two", "Copy"}});
     bar.setDropDown("edit", "Two", "Copy");
     std::string pressed;
-    bar.ButtonClick.connect([&pressed](const model::Text& key) { pressed += key + ' '; });
-    bar.ButtonMenuClick.connect([&](const model::Text& key) { bar.setDropDown("edit", key, ""); });
+    bar.ButtonClick.connect([&pressed](const text::Text& key) { pressed += key + ' '; });
+    bar.ButtonMenuClick.connect([&](const text::Text& key) { bar.setDropDown("edit", key, ""); });
     show(window);
     EXPECT_TRUE(pressButton(window, "Insert"));
     EXPECT_TRUE(chooseFromButton(window, "Insert", "First"));

@@ -2,12 +2,12 @@
 
 #include <QIcon>
 
-#include "model/Text.h"
+#include "text/Text.h"
 
 namespace ui {
 
 /// One of the program's own drawings, as sharp as the screen and in the colours of the palette.
 /// A null icon for an empty or unknown name.
-QIcon imageNamed(model::TextView name);
+QIcon imageNamed(text::TextView name);
 
 } // namespace ui

@@ -60,7 +60,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     const int row = index.row() + 1;
     switch (role) {
     case Qt::DisplayRole:
-        return toQt(model::oneLine(source_.cell(row, index.column()).substr(0, shownLength)));
+        return toQt(text::oneLine(source_.cell(row, index.column()).substr(0, shownLength)));
     case Qt::ToolTipRole:
         return plainToolTip(source_.toolTip(row, index.column()));
     case Qt::CheckStateRole:

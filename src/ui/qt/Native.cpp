@@ -2,16 +2,16 @@
 
 #include <QDir>
 
-#include "model/CodePage.h"
+#include "text/CodePage.h"
 
 namespace ui {
 
-QString toQt(model::TextView text) {
-    return QString::fromStdString(model::toUtf8(text));
+QString toQt(text::TextView text) {
+    return QString::fromStdString(text::toUtf8(text));
 }
 
-model::Text fromQt(const QString& text) {
-    return model::fromUtf8(text.toStdString());
+text::Text fromQt(const QString& text) {
+    return text::fromUtf8(text.toStdString());
 }
 
 #ifdef _WIN32

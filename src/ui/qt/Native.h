@@ -7,7 +7,7 @@
 #include <QString>
 #include <QWidget>
 
-#include "model/Text.h"
+#include "text/Text.h"
 #include "ui/Control.h"
 #include "ui/Key.h"
 
@@ -24,8 +24,8 @@ struct NativeWidget {
 };
 
 /// The border between the project's texts and the toolkit's.
-QString toQt(model::TextView text);
-model::Text fromQt(const QString& text);
+QString toQt(text::TextView text);
+text::Text fromQt(const QString& text);
 
 QString pathToQt(const std::filesystem::path& path);
 std::filesystem::path pathFromQt(const QString& path);

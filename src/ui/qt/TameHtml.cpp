@@ -4,13 +4,13 @@
 #include <iterator>
 #include <map>
 
-#include "model/HtmlReader.h"
+#include "text/HtmlReader.h"
 
 namespace ui {
 
 namespace {
 
-using model::HtmlReader;
+using text::HtmlReader;
 
 // The time for a table doubles with every one that it lies in; that for a tag grows with those
 // that it lies in; that for a line with the square of its longest word.
@@ -48,7 +48,7 @@ public:
                 addText(reader_.text());
             } else if (const std::string name = reader_.lowerName();
                        isName(name) && name != "script") {
-                if (!model::isInlineTag(name)) {
+                if (!text::isInlineTag(name)) {
                     run_ = 0;
                 }
                 reader_.closes() ? close(name) : open(name);
@@ -103,7 +103,7 @@ private:
         // Browsers take the kind of a style sheet for granted.
         const bool isSheet =
             name == "link" && !reader_.attribute("type")
-            && model::lowerCase(reader_.attribute("rel").value_or("")).find("stylesheet")
+            && text::lowerCase(reader_.attribute("rel").value_or("")).find("stylesheet")
                    != std::string::npos;
         made_ += isSheet ? " type=\"text/css\">" : ">";
     }

@@ -9,8 +9,8 @@
 #include <QTextBrowser>
 #include <QTimer>
 
-#include "model/CodePage.h"
 #include "platform/Files.h"
+#include "text/CodePage.h"
 #include "ui/qt/BrowserView.h"
 #include "ui/qt/PageFiles.h"
 #include "ui/qt/PageScheme.h"
@@ -160,7 +160,7 @@ private:
         if (platform::readFile(platform::pathFromUtf8(path.toStdString()), bytes, largestPart)) {
             return {};
         }
-        return isPage ? QVariant(readable(model::toUtf8(bytes))) : QByteArray::fromStdString(bytes);
+        return isPage ? QVariant(readable(text::toUtf8(bytes))) : QByteArray::fromStdString(bytes);
     }
 
     /// Windows paths look like an address whose protocol is the drive.

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
-#include "model/CodePage.h"
+#include "text/CodePage.h"
 #include "ui/testing/Driver.h"
 
 namespace ui::testing {
@@ -10,11 +10,11 @@ namespace {
 
 std::string described(const MessageBox& box) {
     std::ostringstream text;
-    text << "message \"" << model::toUtf8(box.text) << "\", title \"" << model::toUtf8(box.title)
+    text << "message \"" << text::toUtf8(box.text) << "\", title \"" << text::toUtf8(box.title)
          << "\", buttons " << static_cast<int>(box.buttons) << ", icon "
          << static_cast<int>(box.icon);
     for (const Text& words : {box.yes, box.no, box.cancel}) {
-        text << (words.empty() ? "" : ", \"" + model::toUtf8(words) + '"');
+        text << (words.empty() ? "" : ", \"" + text::toUtf8(words) + '"');
     }
     return text.str();
 }

@@ -1,0 +1,142 @@
+#include "batch/BatchCompile.h"
+
+#include <charconv>
+
+#include "batch/BatchGenerate.h"
+#include "batch/BatchProject.h"
+#include "compile/Compiler.h"
+#include "generate/WorkshopName.h"
+#include "text/CodePage.h"
+
+namespace batch {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* compileTitle = "Compile Help";
+
+/// As compilers do it, so that editors find the place.
+void printMessages(BatchSession& session, const std::vector<workshop::Message>& messages,
+                   bool isQuiet) {
+    for (const workshop::Message& message : messages) {
+        if (isQuiet && message.severity == workshop::Severity::note) {
+            continue;
+        }
+        std::ostream& stream = session.console.err();
+        stream << message.file << ':';
+        if (message.line > 0) {
+            stream << message.line << ':';
+        }
+        stream << ' ' << nameOf(message.severity) << ": " << message.text << '\n';
+    }
+}
+
+/// Tells a person at a terminal how far the work is.
+compile::Progress progressFor(BatchSession& session) {
+    if (!session.isAtTerminal) {
+        return {};
+    }
+    return [&session, shown = std::uint64_t(0)](std::uint64_t done, std::uint64_t total) mutable {
+        constexpr std::uint64_t whole = 100;
+        const std::uint64_t percent = total == 0 ? whole : done * whole / total;
+        if (percent != shown) {
+            shown = percent;
+            session.console.err() << "\r" << percent << " %" << std::flush;
+        }
+        if (done == total) {
+            session.console.err() << "\r      \r" << std::flush;
+        }
+    };
+}
+
+ExitCode compileWorkshop(BatchSession& session, const fs::path& project,
+                         const compile::CompileOptions& options, bool isQuiet) {
+    const compile::CompileOutcome outcome = compile::compileProject(project, options);
+    printMessages(session, outcome.messages, isQuiet);
+    if (!outcome.isWritten) {
+        session.console.failure(compileTitle, outcome.output.empty() ? project : outcome.output,
+                                "was not compiled");
+        return exitFailed;
+    }
+    if (!isQuiet) {
+        session.console.result(text::displayText(outcome.output) + ": "
+                               + std::to_string(outcome.files) + " files in "
+                               + std::to_string(outcome.size) + " bytes");
+    }
+    return exitDone;
+}
+
+bool isWorkshopProject(const fs::path& path) {
+    return text::equalIgnoringCase(platform::utf8FromPath(path.extension()), ".hhp");
+}
+
+/// False for a value that is no number.
+bool readJobs(const CommandLine& arguments, unsigned& jobs) {
+    const std::string value = arguments.value("--jobs");
+    const char* end = value.data() + value.size();
+    const auto [rest, error] = std::from_chars(value.data(), end, jobs);
+    return error == std::errc() && rest == end && jobs > 0;
+}
+
+/// Generates the sources beside the output and compiles them.
+ExitCode compileOwn(BatchSession& session, const CommandLine& arguments,
+                    compile::CompileOptions& options, bool isQuiet) {
+    model::Project project;
+    fs::path output = options.output;
+    if (!loadForChange(session, arguments.path(0), project)
+        || refuseEmpty(session, project, compileTitle)
+        || !prepareOutput(session, compileTitle, "chm", project.projectPath(), output)) {
+        return exitFailed;
+    }
+    if (const auto fault = generate::compiledNameFault(output, project.projectPath())) {
+        session.console.failure(compileTitle, fault->path, fault->reason);
+        return exitFailed;
+    }
+    fs::path workshopFile = output;
+    workshopFile.replace_extension(".hhp");
+    if (!generateInto(session, project, workshopFile, arguments)) {
+        return exitFailed;
+    }
+    options.output = output;
+    options.otherFolder = project.projectPath().parent_path();
+    options.title = text::toUtf8(text::oneLine(project.options().projectName));
+    return compileWorkshop(session, workshopFile, options, isQuiet);
+}
+
+} // namespace
+
+ExitCode compileHelp(BatchSession& session, const CommandLine& arguments) {
+    compile::CompileOptions options;
+    if (arguments.has("--jobs") && !readJobs(arguments, options.jobs)) {
+        return usageError(session, "compile expects a number of jobs from 1");
+    }
+    const bool isQuiet = arguments.has("--quiet");
+    options.strict = arguments.has("--strict");
+    options.time = session.sourceTime;
+    options.progress = isQuiet ? compile::Progress() : progressFor(session);
+    if (arguments.size() > 1) {
+        options.output = arguments.path(1);
+    }
+    if (!isWorkshopProject(arguments.path(0))) {
+        return arguments.size() > 1 ? compileOwn(session, arguments, options, isQuiet)
+                                    : usageError(session, "compile expects an output file");
+    }
+    if (arguments.size() > 1
+        && !prepareOutput(session, compileTitle, "chm", platform::fullPath(arguments.path(0)),
+                          options.output)) {
+        return exitFailed;
+    }
+    return compileWorkshop(session, arguments.path(0), options, isQuiet);
+}
+
+int runLikeWorkshop(BatchSession& session, const Arguments& arguments) {
+    if (arguments.size() != 1 || arguments.front().starts_with("--")) {
+        session.console.err() << "Usage: topicsmith-hhc PROJECT.hhp\n";
+        return hhcFailed;
+    }
+    return runBatch(session, {"compile", "--", arguments.front()}) == exitDone ? hhcDone
+                                                                               : hhcFailed;
+}
+
+} // namespace batch

@@ -1,0 +1,8 @@
+#include "batch/BatchStart.h"
+
+int main(int argc, char* argv[]) {
+    return batch::startBatch(argc, argv, batch::exitFailed,
+                             [](batch::BatchSession& session, const batch::Arguments& arguments) {
+                                 return static_cast<int>(batch::runBatch(session, arguments));
+                             });
+}

@@ -1,0 +1,89 @@
+#include "batch/BatchProject.h"
+
+#include "model/ProjectFile.h"
+#include "platform/Files.h"
+#include "platform/UnfinishedFile.h"
+
+namespace batch {
+
+namespace fs = std::filesystem;
+using model::Project;
+
+namespace {
+
+/// What to say of a cut file for which there is no message.
+std::string whyCut(model::LoadStop stop) {
+    switch (stop) {
+    case model::LoadStop::endInBody:
+        return "the file ends inside the text of its last topic; ";
+    case model::LoadStop::endInOptions:
+        return "the file ends before its first topic; ";
+    default:
+        return {};
+    }
+}
+
+/// Says so where another program has it.
+bool lockForChange(BatchSession& session, const fs::path& path) {
+    constexpr std::chrono::seconds patience(10);
+    session.lock.emplace(platform::fullPath(path), patience);
+    if (!session.lock->isHeld()) {
+        session.console.failure("Error", path,
+                                make_error_code(model::SaveRefusal::beingWritten).message());
+        return false;
+    }
+    platform::removeUnfinishedFiles(platform::fullPath(path).parent_path());
+    return true;
+}
+
+} // namespace
+
+bool loadWhole(BatchSession& session, const fs::path& path, Project& project) {
+    const model::LoadOutcome outcome = model::loadProject(project, platform::fullPath(path));
+    if (outcome.readError == std::errc::no_such_file_or_directory) {
+        session.console.message(model::fileNotFoundMessage(path));
+        return false;
+    }
+    if (outcome.readError) {
+        session.console.failure("Error", path, outcome.readError.message());
+        return false;
+    }
+    if (outcome.stop == model::LoadStop::none) {
+        return true;
+    }
+    if (const auto message = model::messageFor(outcome.stop)) {
+        session.console.message(*message);
+    }
+    session.console.failure("Error", path,
+                            whyCut(outcome.stop) + "stopped in line "
+                                + std::to_string(outcome.stopLine) + ", after "
+                                + std::to_string(project.outline().count()) + " topics");
+    return false;
+}
+
+bool loadForChange(BatchSession& session, const fs::path& path, Project& project) {
+    return lockForChange(session, path) && loadWhole(session, path, project);
+}
+
+bool loadOrStart(BatchSession& session, const fs::path& path, Project& project) {
+    if (!lockForChange(session, path)) {
+        return false;
+    }
+    std::error_code ignored;
+    if (platform::isFile(path) || fs::exists(fs::symlink_status(path, ignored))) {
+        return loadWhole(session, path, project);
+    }
+    project.setProjectPath(platform::fullPath(path));
+    project.origin().file = platform::FileState(project.projectPath());
+    return true;
+}
+
+bool saveBack(BatchSession& session, Project& project) {
+    const std::error_code error = model::saveProject(project, project.projectPath());
+    if (error) {
+        session.console.failure("Error", project.projectPath(), error.message());
+    }
+    return !error;
+}
+
+} // namespace batch

@@ -1,0 +1,55 @@
+#include "batch/BatchStart.h"
+
+#include <charconv>
+#include <cstdlib>
+#include <cstring>
+#include <exception>
+#include <iostream>
+#include <new>
+
+#include "platform/Process.h"
+
+namespace batch {
+
+namespace {
+
+/// The time that a build wants to stand in what it makes.
+std::optional<std::int64_t> sourceTime() {
+    const char* text =
+        std::getenv("SOURCE_DATE_EPOCH"); // NOLINT(concurrency-mt-unsafe): no threads
+    std::int64_t time = 0;
+    if (text == nullptr
+        || std::from_chars(text, text + std::strlen(text), time).ec != std::errc()) {
+        return {};
+    }
+    return time;
+}
+
+} // namespace
+
+int startBatch(int argc, char* argv[], int failed,
+               int (*run)(BatchSession& session, const Arguments& arguments)) {
+    try {
+        platform::turnSizeLimitIntoError();
+        platform::useStreamsForUtf8();
+        std::ios::sync_with_stdio(false);
+        Console console(std::cout, std::cerr);
+        BatchSession session{console, platform::programFolder()};
+        session.sourceTime = sourceTime();
+        session.isAtTerminal = platform::isAtTerminal();
+        return run(session, platform::programArguments(argc, argv));
+    } catch (const std::bad_alloc&) {
+        std::cerr << "topicsmith-batch: not enough memory for";
+        for (int i = 1; i < argc; ++i) {
+            std::cerr << ' ' << argv[i];
+        }
+        std::cerr << '\n';
+        return failed;
+    } catch (const std::exception& exception) {
+        // Memory or the standard library's file calls; nothing of ours throws.
+        std::cerr << "topicsmith-batch: " << exception.what() << '\n';
+        return failed;
+    }
+}
+
+} // namespace batch

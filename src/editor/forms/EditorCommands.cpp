@@ -1,0 +1,132 @@
+#include "editor/forms/EditorCommands.h"
+
+#include "editor/forms/frmEditBody.h"
+
+namespace editor {
+
+namespace {
+
+using enum ui::CommandKind;
+using Form = frmEditBody;
+
+template <auto... handlerAndArguments>
+constexpr auto run = ui::runHandler<Form, handlerAndArguments...>;
+
+template <auto condition>
+constexpr auto when = ui::askCondition<Form, condition>;
+
+/// A command without toolbar button.
+constexpr ui::CommandRow<Form> plain(const char* name, const char* caption, void (*run)(Form&),
+                                     const char* image = nullptr) {
+    return {command, name, caption, nullptr, nullptr, image, nullptr, run};
+}
+
+constexpr ui::CommandRow<Form> commands[] = {
+    {menu, "mnuFile", "&File"},
+    {command, "mnuFileImport", "&Import", "Import", "Import from File", "Import", nullptr,
+     run<&Form::mnuFileImport_Click>},
+    {command, "mnuFilePreview", "&Preview", "Preview", "Preview Help Topic", "Preview", "F5",
+     run<&Form::mnuFilePreview_Click>},
+    {command, "mnuFileSave", "&Save", "Save", "Save", "Save", "Ctrl+S",
+     run<&Form::mnuFileSave_Click>},
+    {command, "mnuFileClose", "C&lose", "Close", "Close", "Close", "Ctrl+W",
+     run<&Form::mnuFileClose_Click>},
+    {end},
+
+    {menu, "mnuEdit", "&Edit"},
+    {command, "mnuEditUndo", "U&ndo", nullptr, nullptr, "Undo", "Ctrl+Z",
+     run<&Form::mnuEditUndo_Click>, when<&Form::canUndo>},
+    {command, "mnuEditRedo", "&Redo", nullptr, nullptr, "Redo", "Ctrl+Y; Ctrl+Shift+Z",
+     run<&Form::mnuEditRedo_Click>, when<&Form::canRedo>},
+    {separator, "mnuEditBar0"},
+    {command, "mnuEditCut", "C&ut", "Cut", "Cut", "Cut", "Ctrl+X", run<&Form::mnuEditCut_Click>,
+     when<&Form::canCopy>},
+    {command, "mnuEditCopy", "&Copy", "Copy", "Copy", "Copy", "Ctrl+C",
+     run<&Form::mnuEditCopy_Click>, when<&Form::canCopy>},
+    {command, "mnuEditPaste", "&Paste", "Paste", "Paste", "Paste", "Ctrl+V",
+     run<&Form::mnuEditPaste_Click>, when<&Form::canPaste>},
+    {command, "mnuEditAll", "Select &All", nullptr, nullptr, "SelectAll", "Ctrl+A",
+     run<&Form::mnuEditAll_Click>},
+    {end},
+
+    {menu, "mnuTag", "&HTML Tag"},
+    {command, "mnuTagBold", "Make &Bold", "Bold", "Bold", "Bold", "Ctrl+B",
+     run<&Form::mnuTagBold_Click>},
+    {command, "mnuTagItalic", "Make &Italic", "Italic", "Italic", "Italic", "Ctrl+I",
+     run<&Form::mnuTagItalic_Click>},
+    {command, "mnuTagUnderline", "Make Unde&rline", "Underline", "Underline", "Underline", "Ctrl+U",
+     run<&Form::mnuTagUnderline_Click>},
+    {command, "mnuTagPara", "Make &Paragraph", "Para", "Insert Paragraph", "Para", nullptr,
+     run<&Form::mnuTagPara_Click>},
+    plain("mnuTagHeading", "Heading 1", run<&Form::mnuTagHeading_Click, 1>, "Heading1"),
+    plain("mnuTagHeading", "Heading 2", run<&Form::mnuTagHeading_Click, 2>, "Heading2"),
+    plain("mnuTagHeading", "Heading 3", run<&Form::mnuTagHeading_Click, 3>, "Heading3"),
+    plain("mnuTagHeading", "Heading 4", run<&Form::mnuTagHeading_Click, 4>, "Heading4"),
+    plain("mnuTagHeading", "Heading 5", run<&Form::mnuTagHeading_Click, 5>, "Heading5"),
+    {command, "mnuTagBullet", "Make Bullet List", "BulletList", "Insert Bullet List", "BulletList",
+     nullptr, run<&Form::mnuTagBullet_Click>},
+    {command, "mnuTagNumber", "Make Numbered List", "NumList", "Insert Numbered List", "NumList",
+     nullptr, run<&Form::mnuTagNumber_Click>},
+    {command, "mnuTagIntoList", "Insert Into List", "InsertIntoList", "Insert Into Current List",
+     "InsertIntoList", nullptr, run<&Form::mnuTagIntoList_Click>},
+    {command, "mnuTagInsert", "Insert &Graphic", "Graphic", "Insert Graphic", "Graphic", nullptr,
+     run<&Form::mnuTagInsert_Click>},
+    {command, "mnuTagPagelink", "Insert Page &Link", "PageLink", "Insert Page Link", "PageLink",
+     nullptr, run<&Form::mnuTagPagelink_Click>},
+    {command, "mnuTagWeblink", "Insert &Web Page", "WebLink", "Insert Web Link", "WebLink", nullptr,
+     run<&Form::mnuTagWeblink_Click>},
+    {menu, "mnuTagChars", "Insert &Special Chars"},
+    plain("mnuTagCharsNBS", "Non Breaking Space", run<&Form::mnuTagChars_Click, Form::nbsp>),
+    plain("mnuTagCharsSQuote", "Single Quote '", run<&Form::mnuTagChars_Click, Form::apostrophe>),
+    plain("mnuTagCharsDQuote", "Double Quote \"", run<&Form::mnuTagChars_Click, Form::quote>),
+    plain("mnuTagCharsLess", "Less Than <", run<&Form::mnuTagChars_Click, Form::less>),
+    plain("mnuTagCharsGreater", "Greater Than >", run<&Form::mnuTagChars_Click, Form::greater>),
+    plain("mnuTagCharsCopyright", "Copyright \xA9", run<&Form::mnuTagChars_Click, Form::copyright>),
+    plain("mnuTagCharsTrademark", "Trademark \x99", run<&Form::mnuTagChars_Click, Form::trademark>),
+    plain("mnuTagCharsRegTrademark", "Registered TM \xAE",
+          run<&Form::mnuTagChars_Click, Form::registered>),
+    {end},
+    {end},
+
+    {menu, "mnuTable", "Insert Table"},
+    plain("mnuTableCol", "2 Column Table", run<&Form::mnuTableCol_Click, 2>, "Col2"),
+    plain("mnuTableCol", "3 Column Table", run<&Form::mnuTableCol_Click, 3>, "Col3"),
+    plain("mnuTableCol", "4 Column Table", run<&Form::mnuTableCol_Click, 4>, "Col4"),
+    plain("mnuTableCol", "5 Column Table", run<&Form::mnuTableCol_Click, 5>, "Col5"),
+    {end},
+
+    {barCommand, "mnuSpellCheck", "Spell Check", nullptr, nullptr, nullptr, "F7",
+     run<&Form::mnuSpellCheck_Click>},
+
+    // Not in the menu bar.
+    {command, "mnuEditFind", "Find...", nullptr, nullptr, nullptr, "Ctrl+F",
+     run<&Form::mnuEditFind_Click>},
+    {command, "mnuEditFindNext", "Find Next", nullptr, nullptr, nullptr, "F3",
+     run<&Form::mnuEditFindNext_Click>},
+    {command, "mnuPreviewClose", "Close Preview", nullptr, nullptr, nullptr, "Esc",
+     run<&Form::mnuPreviewClose_Click>, when<&Form::hasPreview>},
+};
+
+constexpr const char* keys[] = {
+    "Import",         "Save",  "Close",   nullptr,     "Cut",     "Copy",       "Paste",
+    nullptr,          "Bold",  "Italic",  "Underline", "Para",    "BulletList", "NumList",
+    "InsertIntoList", nullptr, "Graphic", "PageLink",  "WebLink",
+};
+
+constexpr const char* lastKeys[] = {"Preview"};
+
+} // namespace
+
+std::span<const ui::CommandRow<frmEditBody>> editorCommands() {
+    return commands;
+}
+
+std::span<const char* const> editorToolbarKeys() {
+    return keys;
+}
+
+std::span<const char* const> editorLastToolbarKeys() {
+    return lastKeys;
+}
+
+} // namespace editor

@@ -1,0 +1,21 @@
+#include "editor/forms/TemplateCache.h"
+
+#include "platform/Files.h"
+#include "text/CodePage.h"
+
+namespace editor {
+
+std::optional<text::Text> TemplateCache::text(text::TextView fileName) {
+    const std::filesystem::path path = platform::fullPath(text::nativePath(fileName));
+    if (text_.empty() || path != path_) {
+        text::Text read;
+        if (platform::readFile(path, read)) {
+            return {};
+        }
+        path_ = path;
+        text_ = std::move(read);
+    }
+    return text_;
+}
+
+} // namespace editor

@@ -1,0 +1,164 @@
+#pragma once
+
+#include <functional>
+
+#include "editor/Passage.h"
+#include "editor/References.h"
+#include "editor/forms/EditorCommands.h"
+#include "editor/forms/TemplateCache.h"
+#include "editor/forms/frmPreview.h"
+#include "model/Project.h"
+#include "ui/Clipboard.h"
+#include "ui/ImageCombo.h"
+#include "ui/Panel.h"
+#include "ui/Settings.h"
+#include "ui/Window.h"
+
+namespace editor {
+
+/// What the editor keeps from one topic to the next, as long as the program runs.
+struct EditorMemory {
+    TemplateCache templates;
+    GraphicOptions graphic;
+};
+
+/// Edits the body, keywords, short description and image of the project's current topic. Edits
+/// stay here until they are saved; the window must be closed before another topic becomes current.
+class frmEditBody : public ui::Window {
+    // Before the controls.
+    model::Project& project_;
+    ui::Settings& settings_;
+    EditorMemory& memory_;
+    std::filesystem::path programFolder_;
+
+public:
+    static constexpr const char* windowName = "frmEditBody";
+
+    /// What mnuTagChars_Click inserts.
+    enum SpecialCharacter {
+        nbsp,
+        apostrophe,
+        quote,
+        less,
+        greater,
+        copyright,
+        trademark,
+        registered
+    };
+
+    /// There must be a current topic. Nothing is owned. The preview's page is written into
+    /// `programFolder`, or where that cannot be written, into a folder of the person's.
+    frmEditBody(ui::Window& owner, model::Project& project, ui::Settings& settings,
+                EditorMemory& memory, std::filesystem::path programFolder);
+    ~frmEditBody() override;
+
+    bool changed() const { return changed_; }
+
+    /// Asks whether edits are to be saved into the topic, and does so; false when the author
+    /// cancels.
+    bool offerSave();
+
+    /// The topic with the edits, as saving would make it but for its letter.
+    model::Topic editedTopic() const;
+
+    /// Puts the fields into the current topic of a project.
+    void storeIn(model::Project& project) const;
+
+    /// Null when no preview is open.
+    frmPreview* preview() const { return preview_.get(); }
+
+    ui::Panel pnlFields{*this};
+    ui::TextBox txtKeywords{pnlFields};
+    ui::TextBox txtShortDesc{pnlFields};
+    ui::ImageCombo icboImage{pnlFields};
+    ui::Label lblKeywords{pnlFields, "Keywords:", &txtKeywords};
+    ui::Label lblShortDesc{pnlFields, "Short Description:", &txtShortDesc};
+    ui::Label lblImage{pnlFields, "Image:", &icboImage};
+    ui::TextBox txtBody{*this, ui::TextBox::Lines::many};
+    ui::Toolbar tbTools{*this, ui::Toolbar::Size::small};
+
+    ui::Event<> Edited; ///< raised for every edit, also one that is taken back
+
+    // The author wants to search the project, or the search to go on.
+    ui::Event<> Find;
+    ui::Event<> FindNext;
+
+    ui::Event<> Raised; ///< the window, perhaps with its preview, has come before others
+
+    void txtBody_Change() { lookForEdits(); }
+    void txtKeywords_Change() { lookForEdits(); }
+    void txtShortDesc_Change() { lookForEdits(); }
+    void icboImage_Change() { lookForEdits(); }
+    void tbTools_ButtonClick(const Text& key);
+    void tbTools_ButtonMenuClick(const Text& key);
+
+    // The commands, see EditorCommands.cpp.
+    void mnuFileImport_Click();
+    void mnuFilePreview_Click();
+    void mnuFileSave_Click();
+    void mnuFileClose_Click() { close(); }
+    void mnuPreviewClose_Click() { preview_->close(); }
+    void mnuEditUndo_Click() { focusedTextBox()->undo(); }
+    void mnuEditRedo_Click() { focusedTextBox()->redo(); }
+    void mnuEditCut_Click();
+    void mnuEditCopy_Click();
+    void mnuEditPaste_Click();
+    void mnuEditAll_Click();
+    void mnuTagBold_Click();
+    void mnuTagItalic_Click();
+    void mnuTagUnderline_Click();
+    void mnuTagPara_Click();
+    void mnuTagHeading_Click(int level);
+    void mnuTagBullet_Click();
+    void mnuTagNumber_Click();
+    void mnuTagIntoList_Click();
+    void mnuTagInsert_Click();
+    void mnuTagPagelink_Click();
+    void mnuTagWeblink_Click();
+    void mnuTagChars_Click(SpecialCharacter character);
+    void mnuTableCol_Click(int index); ///< 1 for a new row
+    void mnuSpellCheck_Click();
+    void mnuEditFind_Click() { Find.raise(); }
+    void mnuEditFindNext_Click() { FindNext.raise(); }
+
+    bool hasPreview() const { return preview_ != nullptr && preview_->isVisible(); }
+    bool canUndo() const;
+    bool canRedo() const;
+    bool canCopy() const;
+    bool canPaste() const;
+
+    void Resize() override;
+    bool mayClose() override;
+
+private:
+    void arrange();
+    void connectControls();
+    void restoreSettings();
+    void storeSettings();
+    void showTopic();
+    void fillFromTemplate();
+    void lookForEdits();
+    void setChangedState(bool changed);
+    void updateCommands();
+    void showTableButton(const Text& key);
+
+    /// False, and said so, in a field that is not for mark-up; false too where no field has the
+    /// focus.
+    bool mayInsertTags();
+    void applyTag(const std::function<Passage(Passage)>& command);
+    void change(const std::function<Passage(Passage)>& command);
+
+    std::filesystem::path projectFolder() const;
+    std::optional<std::filesystem::path> chooseFile(const char* title, const char* filter,
+                                                    const char* folderName);
+
+    ui::Clipboard clipboard_;
+    ui::CommandSet commands_{*this, editorCommands()};
+    std::unique_ptr<frmPreview> preview_;
+    int tableSize_ = 3;
+    Text image_;                ///< that was chosen at first, or is saved
+    bool fromTemplate_ = false; ///< the body is, and not saved yet
+    bool changed_ = false;
+};
+
+} // namespace editor

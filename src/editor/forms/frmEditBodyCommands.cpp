@@ -1,0 +1,273 @@
+#include "editor/MarkUp.h"
+#include "editor/PreviewPage.h"
+#include "editor/forms/dlgGraphicOptions.h"
+#include "editor/forms/dlgWebLinkText.h"
+#include "editor/forms/frmEditBody.h"
+#include "platform/Files.h"
+#include "text/CodePage.h"
+#include "tools/Dictionary.h"
+#include "tools/forms/StartSpelling.h"
+#include "ui/Application.h"
+#include "ui/Prompter.h"
+
+// What the topic editor does when a command is chosen.
+namespace editor {
+
+namespace fs = std::filesystem;
+using ui::Prompter;
+
+fs::path frmEditBody::projectFolder() const {
+    return project_.hasFile() ? project_.projectPath().parent_path()
+                              : settings_.path("Open", "File Path");
+}
+
+// ---- Clipboard and import ----
+
+bool frmEditBody::canUndo() const {
+    const ui::TextBox* box = focusedTextBox();
+    return box != nullptr && box->canUndo();
+}
+
+bool frmEditBody::canRedo() const {
+    const ui::TextBox* box = focusedTextBox();
+    return box != nullptr && box->canRedo();
+}
+
+bool frmEditBody::canCopy() const {
+    const ui::TextBox* box = focusedTextBox();
+    return box != nullptr && box->selection().length > 0;
+}
+
+bool frmEditBody::canPaste() const {
+    return focusedTextBox() != nullptr && clipboard_.hasText();
+}
+
+void frmEditBody::mnuEditCopy_Click() {
+    focusedTextBox()->copy();
+}
+
+void frmEditBody::mnuEditCut_Click() {
+    focusedTextBox()->cut();
+}
+
+void frmEditBody::mnuEditPaste_Click() {
+    focusedTextBox()->paste();
+}
+
+void frmEditBody::mnuEditAll_Click() {
+    if (ui::TextBox* box = focusedTextBox()) {
+        box->selectAll();
+    }
+}
+
+void frmEditBody::mnuFileImport_Click() {
+    constexpr const char* section = "Import";
+    constexpr const char* key = "File Path";
+    fs::path folder = settings_.path(section, key);
+    if (folder.empty()) {
+        folder = projectFolder();
+    }
+    const auto file = Prompter::current().chooseFile(
+        this, {ui::FileQuestion::Kind::open, "Import Help File Topics",
+               "Text Files (*.txt)|*.txt|All Files (*.*)|*.*", 1, folder, "*.txt", "txt"});
+    if (!file) {
+        return;
+    }
+    settings_.setPath(section, key, platform::fullPath(*file).parent_path());
+    Text lines;
+    if (platform::readFile(*file, lines)) {
+        Prompter::current().beep();
+    } else {
+        change([&lines](Passage passage) { return insertFile(std::move(passage), lines); });
+    }
+}
+
+void frmEditBody::mnuFilePreview_Click() {
+    constexpr const char* pageName = "temp.htm";
+    const model::Topic& topic = project_.outline().at(project_.currentIndex());
+    const Text page = previewPage(topic.title, txtBody.countedText(), project_.options(),
+                                  text::attributeText(projectFolder()));
+    if (preview_ == nullptr) {
+        preview_ = std::make_unique<frmPreview>(*this, settings_);
+        preview_->Closed.connect([this] {
+            discard(std::move(preview_));
+            updateCommands();
+        });
+        preview_->Activated.connect([this] { Raised.raise(); });
+    }
+    const fs::path folder = projectFolder();
+    if (preview_->preview(topic.title, page, programFolder_ / pageName, folder)
+        && preview_->preview(topic.title, page, ui::Application::userFolder() / pageName, folder)) {
+        Prompter::current().beep();
+        return;
+    }
+    Raised.raise();
+}
+
+// ---- Mark-up ----
+
+bool frmEditBody::mayInsertTags() {
+    const ui::TextBox* box = focusedTextBox();
+    if (box == &txtKeywords || box == &txtShortDesc) {
+        Prompter::current().ask(this, {"Cannot Use HTML Tags on this Field", "Error",
+                                       ui::Buttons::ok, ui::QuestionIcon::critical});
+        return false;
+    }
+    return box == &txtBody;
+}
+
+void frmEditBody::applyTag(const std::function<Passage(Passage)>& command) {
+    if (mayInsertTags()) {
+        change(command);
+    }
+}
+
+void frmEditBody::change(const std::function<Passage(Passage)>& command) {
+    const ui::Selection selected = txtBody.selection();
+    const Passage changed = command({txtBody.countedText(), selected.start, selected.length});
+    txtBody.edit(changed.text, changed.start);
+}
+
+void frmEditBody::mnuTagBold_Click() {
+    applyTag([](Passage passage) { return wrap(std::move(passage), "<b>", "</b>"); });
+}
+
+void frmEditBody::mnuTagItalic_Click() {
+    applyTag([](Passage passage) { return wrap(std::move(passage), "<i>", "</i>"); });
+}
+
+void frmEditBody::mnuTagUnderline_Click() {
+    applyTag([](Passage passage) { return wrap(std::move(passage), "<u>", "</u>"); });
+}
+
+void frmEditBody::mnuTagPara_Click() {
+    applyTag([](Passage passage) { return wrap(std::move(passage), "<p>", "</p>"); });
+}
+
+void frmEditBody::mnuTagHeading_Click(int level) {
+    applyTag([level](Passage passage) { return heading(std::move(passage), level); });
+}
+
+void frmEditBody::mnuTagBullet_Click() {
+    applyTag([](Passage passage) { return list(std::move(passage), "ul"); });
+}
+
+void frmEditBody::mnuTagNumber_Click() {
+    applyTag([](Passage passage) { return list(std::move(passage), "ol"); });
+}
+
+void frmEditBody::mnuTagIntoList_Click() {
+    applyTag(insertIntoList);
+}
+
+void frmEditBody::mnuTagChars_Click(SpecialCharacter character) {
+    constexpr TextView entities[] = {"&nbsp;", "&#39;",  "&quot;",  "&lt;",
+                                     "&gt;",   "&copy;", "&trade;", "&reg;"};
+    applyTag([entity = entities[character]](Passage passage) {
+        return insert(std::move(passage), entity);
+    });
+}
+
+void frmEditBody::mnuTableCol_Click(int index) {
+    applyTag([this, index](Passage passage) {
+        if (index == 1) {
+            return tableRow(std::move(passage), tableSize_);
+        }
+        tableSize_ = index;
+        return table(std::move(passage), index);
+    });
+}
+
+// ---- Pictures and links ----
+
+std::optional<fs::path> frmEditBody::chooseFile(const char* title, const char* filter,
+                                                const char* folderName) {
+    return Prompter::current().chooseFile(this, {ui::FileQuestion::Kind::open, title, filter, 1,
+                                                 projectFolder() / folderName, "*.*", ""});
+}
+
+void frmEditBody::mnuTagInsert_Click() {
+    if (!mayInsertTags()) {
+        return;
+    }
+    const auto file =
+        chooseFile("Select Graphic to Insert",
+                   "All Image Files|*.gif;*.jpg;*.bmp;*.jpeg||All Files (*.*)|*.*", "images");
+    if (!file) {
+        return;
+    }
+    dlgGraphicOptions dialog(*this, memory_.graphic);
+    dialog.run();
+    if (!dialog.accepted) {
+        return;
+    }
+    memory_.graphic = dialog.options;
+    memory_.graphic.title.clear();
+    change([&](Passage passage) {
+        return insertGraphic(std::move(passage), text::displayText(file->filename()),
+                             dialog.options);
+    });
+}
+
+void frmEditBody::mnuTagPagelink_Click() {
+    if (!mayInsertTags()) {
+        return;
+    }
+    const auto file =
+        chooseFile("Select Page to Link", "All HTML Files|*.htm*||All Files (*.*)|*.*", "html");
+    if (!file) {
+        return;
+    }
+    Text page; // stays empty when the file cannot be read
+    static_cast<void>(platform::readFile(*file, page));
+    change([&](Passage passage) {
+        return insertPageLink(std::move(passage), text::displayText(file->filename()),
+                              headingOf(page));
+    });
+}
+
+void frmEditBody::mnuTagWeblink_Click() {
+    if (!mayInsertTags()) {
+        return;
+    }
+    dlgWebLinkText dialog(*this);
+    dialog.run();
+    if (!dialog.webLinkText.empty()) {
+        change([&dialog](Passage passage) {
+            return insertWebLink(std::move(passage), dialog.webLinkAddress, dialog.webLinkText);
+        });
+    }
+}
+
+void frmEditBody::mnuSpellCheck_Click() {
+    ui::TextBox* box = focusedTextBox();
+    if (box == nullptr) {
+        box = &txtBody;
+    }
+    const bool whole = box->selection().length == 0;
+    if (whole) {
+        box->selectAll();
+    }
+    Text text = box->selectedText();
+    if (text.empty()) {
+        Prompter::current().ask(this, {"Nothing to Check", "Error"});
+        return;
+    }
+    const Text before = text;
+    const Text place = project_.outline().at(project_.currentIndex()).title;
+    const auto checker =
+        tools::startSpelling(*this, settings_, tools::dictionaryFolders(programFolder_));
+    using Outcome = tools::SpellChecker::Outcome;
+    const Outcome outcome = checker == nullptr ? Outcome::failed : checker->check(text, place);
+    // The word processor first: when it fails at its end, the text is to stay, too.
+    const bool failed = outcome == Outcome::failed || (checker != nullptr && !checker->finish());
+    if (text != before && !failed) {
+        box->replaceSelection(text);
+    }
+    if (whole) {
+        box->select(box->selection().start, 0);
+    }
+    tools::tellOutcome(*this, failed ? Outcome::failed : outcome, checker.get());
+}
+
+} // namespace editor

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "text/Text.h"
+
+namespace text {
+
+/// Stands for what a reference means when that is not known.
+inline constexpr char32_t unknownCharacter = 0xFFFC;
+
+struct CharacterReference {
+    std::size_t length = 0; ///< in the text; 0 when there is no reference
+    char32_t character = 0;
+};
+
+/// Whether it stands for a character that the code page lacks.
+bool isForeign(const CharacterReference& reference);
+
+/// The reference at an offset of HTML: "&eacute;", "&#233;" or "&#xE9;". It needs its semicolon.
+CharacterReference characterReferenceAt(TextView text, std::size_t offset);
+
+} // namespace text

@@ -1,0 +1,37 @@
+#pragma once
+
+namespace ui {
+
+/// The context numbers of the program's own help by which its windows call up their pages.
+enum HelpContext {
+    mainWindowHelp = 150,
+    helpWindowHelp = 155,
+    editorHelp = 160,
+    linkDialogHelp = 162,
+    previewHelp = 163,
+    pageOptionsHelp = 231,
+    navigationOptionsHelp = 232,
+    documentationOptionsHelp = 233,
+    topicImportHelp = 253,
+    findHelp = 261,
+    spellingHelp = 262,
+    reportHelp = 330,
+    compileHelp = 340
+};
+
+/// All of them, for whoever checks that the manual has their pages.
+inline constexpr HelpContext helpContexts[] = {mainWindowHelp,
+                                               helpWindowHelp,
+                                               editorHelp,
+                                               linkDialogHelp,
+                                               previewHelp,
+                                               pageOptionsHelp,
+                                               navigationOptionsHelp,
+                                               documentationOptionsHelp,
+                                               topicImportHelp,
+                                               findHelp,
+                                               spellingHelp,
+                                               reportHelp,
+                                               compileHelp};
+
+} // namespace ui

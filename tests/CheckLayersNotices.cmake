@@ -1,0 +1,43 @@
+# Breaks every rule that CheckLayers.cmake knows, each alone on a copy of SOURCES in SCRATCH, and
+# sees that the check names the file that breaks it and nothing else.
+cmake_minimum_required(VERSION 3.25)
+
+file(REMOVE_RECURSE ${SCRATCH})
+file(COPY ${SOURCES}/ DESTINATION ${SCRATCH} FILES_MATCHING PATTERN "*.h" PATTERN "*.cpp")
+
+function(expect_fault file include words)
+  set(original "")
+  if(EXISTS ${SCRATCH}/${file})
+    file(READ ${SCRATCH}/${file} original)
+  endif()
+  file(WRITE ${SCRATCH}/${file} "#include ${include}\n")
+  execute_process(COMMAND ${CMAKE_COMMAND} -DSOURCES=${SCRATCH} -DROWS=${ROWS} -P ${CHECK}
+                  RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+  if(result EQUAL 0 OR NOT output MATCHES "${file}: ${words}" OR NOT output MATCHES " 1 faults")
+    message(SEND_ERROR "${file} with ${include} was not noticed:\n${output}")
+  endif()
+  if(original STREQUAL "")
+    file(REMOVE ${SCRATCH}/${file})
+  else()
+    file(WRITE ${SCRATCH}/${file} "${original}")
+  endif()
+endfunction()
+
+# What no room below a window may know: windows, their controls, and the toolkit.
+foreach(file import/VbForm.cpp batch/Batch.cpp tools/Finder.cpp workshop/Sitemap.cpp editor/MarkUp.cpp)
+  expect_fault(${file} "\"ui/Prompter.h\"" "[a-z]+ must not use ui")
+endforeach()
+expect_fault(editor/MarkUp.h "\"editor/forms/frmEditBody.h\"" "editor must not use editor_forms")
+expect_fault(help/HelpBook.cpp "\"model/Topic.h\"" "help must not use model")
+expect_fault(ui/Button.h "\"model/Topic.h\"" "ui must not use model")
+expect_fault(batch/Batch.h "\"app/frmMain.h\"" "batch must not use app")
+expect_fault(text/Text.h "\"model/Topic.h\"" "text must not use model")
+expect_fault(app/frmMain.cpp "\"ui/qt/Native.h\"" "ui/qt/Native.h is for ui alone")
+expect_fault(text/Text.cpp "\"platform/windows/System.h\"" "platform/windows/System.h is for platform alone")
+expect_fault(tools/forms/frmFind.cpp "<QWidget>" "only ui may use the toolkit")
+expect_fault(ui/Button.h "<QPushButton>" "the toolkit stays out")
+expect_fault(ui/Window.cpp "<windows.h>" "a header of the operating system")
+expect_fault(model/Project.cpp "<sys/stat.h>" "a header of the operating system")
+expect_fault(attic/Old.cpp "<string>" "no layer has this folder")
+expect_fault(app/frmMain.h "\"attic/Old.h\"" "no layer has attic/Old.h")
+file(REMOVE_RECURSE ${SCRATCH})

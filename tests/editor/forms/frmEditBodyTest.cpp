@@ -1,0 +1,453 @@
+#include "editor/forms/frmEditBody.h"
+
+#include <chrono>
+
+#include "app/MainWindowFixture.h"
+#include "editor/forms/dlgGraphicOptions.h"
+#include "editor/forms/dlgWebLinkText.h"
+#include "model/ProjectFile.h"
+
+using namespace ui::testing;
+using test::titled;
+using ui::Answer;
+using ui::Buttons;
+using ui::FileQuestion;
+using ui::QuestionIcon;
+
+namespace {
+
+/// The topic editor, opened from the main window as an author does.
+class frmEditBody : public test::MainWindow {
+protected:
+    void edit(text::Text body) {
+        auto outline = titled({"a", "b"});
+        outline.at(1).body = std::move(body);
+        load(std::move(outline));
+        openFirst();
+    }
+
+    void openFirst() {
+        doubleClickRow(window->lvLevels, 1);
+        ASSERT_NE(window->editor(), nullptr);
+        show(editor());
+        editor().txtBody.setFocus();
+        settle();
+    }
+
+    editor::frmEditBody& editor() { return *window->editor(); }
+
+    void expectCloseQuestion(Answer answer) {
+        prompter.expect(
+            {"Changes Made, Save Changes?", "Save", Buttons::yesNoCancel, QuestionIcon::question},
+            answer);
+    }
+
+    /// The body with "|" at the caret.
+    std::string body() {
+        text::Text text = editor().txtBody.countedText();
+        return text.insert(editor().txtBody.selection().start, "|");
+    }
+};
+
+} // namespace
+
+TEST_F(frmEditBody, SavesIntoTheTopicWhenAsked) {
+    edit("text\n\xE4");
+    EXPECT_EQ(editor().caption(), "Edit Topic - a");
+    EXPECT_FALSE(editor().changed());
+    press("Ctrl+S");
+    EXPECT_FALSE(project().dataChanged());
+    editor().txtBody.select(0, 0);
+    type("\xC3\xBC"); // "ü" in UTF-8
+    EXPECT_TRUE(editor().changed());
+    EXPECT_TRUE(isMarkedChanged(editor()));
+    EXPECT_NE(buttonPicture(editor(), "Save - Current Data Changed"), "");
+    EXPECT_EQ(topic(1).body, "text\n\xE4");
+    editor().txtKeywords.setFocus();
+    type("one;two");
+    editor().txtShortDesc.setFocus();
+    type("short");
+    editor().icboImage.setFocus();
+    press("Down");
+    EXPECT_TRUE(pressButton(editor(), "Save - Current Data Changed"));
+    EXPECT_EQ(topic(1).body, "\xFCtext\r\n\xE4");
+    EXPECT_EQ(topic(1).keywords, "one;two");
+    EXPECT_EQ(topic(1).shortDescription, "short");
+    EXPECT_EQ(topic(1).image, "New");
+    EXPECT_EQ(titles(), "a:C b:");
+    EXPECT_FALSE(editor().changed());
+    EXPECT_TRUE(editor().close());
+    show(*window);
+    window->lvLevels.setFocus();
+    press("Ctrl+Z");
+    EXPECT_EQ(topic(1).body, "text\n\xE4");
+    EXPECT_EQ(titles(), "a: b:");
+}
+
+TEST_F(frmEditBody, AsksBeforeEditsAreLost) {
+    edit("");
+    type("x");
+    expectCloseQuestion(Answer::cancel);
+    clickRow(window->lvLevels, 2); // the editor stays, and with it the topic
+    EXPECT_TRUE(editor().isVisible());
+    EXPECT_EQ(project().currentIndex(), 1);
+    EXPECT_EQ(window->lvLevels.selected(), 1);
+    EXPECT_EQ(highlightedRow(window->lvLevels), 1);
+    show(*window);
+    window->lvLevels.setFocus();
+    expectCloseQuestion(Answer::cancel);
+    press("Down");
+    EXPECT_EQ(project().currentIndex(), 1);
+    EXPECT_EQ(highlightedRow(window->lvLevels), 1);
+    expectCloseQuestion(Answer::no);
+    clickRow(window->lvLevels, 2);
+    EXPECT_EQ(window->editor(), nullptr);
+    EXPECT_EQ(project().currentIndex(), 2);
+    EXPECT_EQ(topic(1).body, "");
+    EXPECT_TRUE(pressButton(*window, "Promote"));
+    openFirst();
+    type("u");
+    expectCloseQuestion(Answer::yes);
+    show(*window);
+    window->lvLevels.setFocus();
+    press("Ctrl+Z"); // must not take back what the answer has just saved
+    EXPECT_EQ(topic(1).body, "u");
+    EXPECT_EQ(topic(2).level, "..2");
+    show(*window);
+    press("Ctrl+Z");
+    EXPECT_EQ(topic(1).body, "");
+    openFirst();
+    type("d");
+    expectCloseQuestion(Answer::cancel);
+    dropFile(*window, folder / "other.tsp");
+    EXPECT_EQ(titles(), "a: b:C");
+    expectCloseQuestion(Answer::no);
+    EXPECT_TRUE(editor().close());
+    settle();
+    openFirst();
+    type("y");
+    expectCloseQuestion(Answer::yes);
+    prompter.expect({"Changes Made, Save Changes?", "Save - p.tsp", Buttons::yesNoCancel,
+                     QuestionIcon::question},
+                    Answer::yes);
+    EXPECT_TRUE(window->close()); // with the edit
+    EXPECT_NE(test::bytesOf(folder / "p.tsp").find("a.htm\r\n\r\n\r\n\r\nAuto\r\n\r\ny\r\n"),
+              std::string::npos);
+}
+
+TEST_F(frmEditBody, EditsGoAndComeBackWithADeletedTopic) {
+    edit("old");
+    type("\xC3\xA4"); // "ä" in UTF-8
+    prompter.expect(
+        {"Delete the Topic 'a'?", "Delete Topic", Buttons::yesNo, QuestionIcon::question},
+        Answer::yes);
+    show(*window);
+    EXPECT_TRUE(pressButton(*window, "Delete Current Topic")); // no more questions
+    EXPECT_EQ(window->editor(), nullptr);
+    EXPECT_EQ(titles(), "b:");
+    press("Ctrl+Z");
+    EXPECT_EQ(topic(1).body, "\xE4old");
+}
+
+TEST_F(frmEditBody, StaysOpenWhenAFieldIsTakenBack) {
+    edit("x");
+    type("edit");
+    show(*window);
+    enter(window->txtTitle);
+    type("2");
+    press("Ctrl+Z");
+    EXPECT_EQ(titles(), "a: b:");
+    EXPECT_TRUE(editor().isVisible());
+    EXPECT_TRUE(editor().changed());
+    EXPECT_TRUE(pressButton(*window, "Move Down"));
+    expectCloseQuestion(Answer::cancel);
+    press("Ctrl+Z"); // the topic would come to another place
+    EXPECT_EQ(titles(), "b: a:M");
+}
+
+TEST_F(frmEditBody, TakesBackWordByWordUntilNothingIsChanged) {
+    edit("text\n\xE4");
+    EXPECT_TRUE(menuText(editor(), {"Edit"}).starts_with("(U&ndo\tCtrl+Z)\n(&Redo\tCtrl+Y)\n-\n"));
+    type("one two ");
+    press("Ctrl+B");
+    press("Ctrl+Z");
+    EXPECT_TRUE(menuText(editor(), {"Edit"})
+                    .starts_with("U&ndo Typing\tCtrl+Z\n&Redo Make Bold\tCtrl+Y\n-\n"));
+    EXPECT_TRUE(choose(editor(), {"Edit", "Undo Typing"}));
+    EXPECT_EQ(body(), "one |text\r\n\xE4");
+    EXPECT_TRUE(editor().changed());
+    press("Ctrl+Z");
+    EXPECT_EQ(editor().txtBody.text(), "text\n\xE4"); // byte by byte
+    EXPECT_FALSE(editor().changed());
+    editor().txtKeywords.setFocus();
+    type("k1 k2");
+    press("Ctrl+Z");
+    EXPECT_EQ(editor().txtKeywords.text(), "k1 ");
+    press("Ctrl+S");
+    EXPECT_EQ(topic(1).keywords, "k1 ");
+    press("Ctrl+Z");
+    EXPECT_EQ(editor().txtKeywords.text(), "");
+    EXPECT_TRUE(editor().changed()); // it is not what was saved
+    press("Ctrl+Y");
+    EXPECT_FALSE(editor().changed());
+    editor().icboImage.setFocus();
+    press("Down");
+    EXPECT_TRUE(editor().changed());
+    press("Up");
+    EXPECT_TRUE(editor().close()); // without a question
+}
+
+TEST_F(frmEditBody, TabMovesSelectedLinesInAndOut) {
+    edit("a\r\n\r\n  \xE4\r\nc");
+    editor().txtBody.select(0, 8); // up to the end of the third line
+    press("Tab");
+    EXPECT_EQ(body(), "|\ta\r\n\r\n\t  \xE4\r\nc");
+    press("Shift+Backtab");
+    EXPECT_EQ(body(), "|a\r\n\r\n  \xE4\r\nc");
+    press("Shift+Backtab");
+    EXPECT_EQ(body(), "|a\r\n\r\n\xE4\r\nc");
+    press("Ctrl+Z");
+    EXPECT_EQ(editor().txtBody.countedText(), "a\r\n\r\n  \xE4\r\nc");
+    editor().txtBody.select(0, 3); // not the line at whose start it ends
+    press("Tab");
+    EXPECT_EQ(body(), "|\ta\r\n\r\n  \xE4\r\nc");
+    editor().txtBody.select(100, 0);
+    press("Tab");
+    EXPECT_EQ(body(), "\ta\r\n\r\n  \xE4\r\nc\t|");
+    press("Shift+Backtab"); // nothing selected: leaves the box
+    EXPECT_FALSE(editor().txtBody.hasFocus());
+}
+
+TEST_F(frmEditBody, AFileIsNoTextToDrop) {
+    edit("x");
+    dropFile(editor().txtBody, folder / "other.txt");
+    dropFile(editor().txtKeywords, folder / "other.txt");
+    EXPECT_FALSE(editor().changed());
+    const model::ProjectOptions options;
+    test::writeBytes(folder / "other.tsp", model::formatProject(titled({"o"}), options));
+    dropFile(window->txtTitle, folder / "other.tsp"); // the window opens it
+    EXPECT_EQ(titles(), "o:");
+}
+
+TEST_F(frmEditBody, AFolderThatIsNotThereIsNotProposedAsAFile) {
+    edit("x");
+    settings->setPath("Open", "File Path", folder.path());
+    ui::Prompter real;
+    ui::Prompter::use(&real);
+    const BoxLook shown =
+        lookAtBox([this] { EXPECT_TRUE(pressButton(editor(), "Insert Page Link")); });
+    ui::Prompter::use(&prompter);
+    EXPECT_EQ(shown.folder, canonical(folder.path()).generic_string());
+    EXPECT_EQ(shown.fileName, "*.*");
+}
+
+TEST_F(frmEditBody, TheEditorStaysWithAMovedTopic) {
+    edit("x");
+    show(*window);
+    EXPECT_TRUE(pressButton(*window, "Move Down"));
+    show(editor());
+    editor().txtBody.setFocus();
+    type("y");
+    EXPECT_EQ(body(), "y|x");
+    EXPECT_TRUE(editor().changed());
+    press("Ctrl+S");
+    EXPECT_EQ(topic(2).body, "yx");
+}
+
+TEST_F(frmEditBody, CommandsInsertMarkUpAtTheCaretAsOneStep) {
+    edit("a\r\nb");
+    press("Ctrl+A");
+    EXPECT_TRUE(pressButton(editor(), "Insert Bullet List"));
+    EXPECT_EQ(body(), "<ul>\r\n<li>a\r\n<li>b|\r\n</ul>\r\n");
+    press("Ctrl+Z");
+    EXPECT_EQ(editor().txtBody.text(), "a\r\nb");
+    editor().txtBody.select(1, 0);
+    press("Ctrl+B");
+    EXPECT_EQ(body(), "a<b>|</b>\r\nb");
+    EXPECT_TRUE(choose(editor(), {"HTML Tag", "Insert Special Chars", "Trademark \xE2\x84\xA2"}));
+    EXPECT_EQ(body(), "a<b>&trade;|</b>\r\nb");
+    EXPECT_TRUE(choose(editor(), {"HTML Tag", "Heading 4"}));
+    EXPECT_EQ(body(), "a<b>&trade;<h4>|</h4></b>\r\nb");
+    EXPECT_EQ(unnamedControls(editor()), "");
+}
+
+TEST_F(frmEditBody, OtherFieldsRefuseMarkUp) {
+    edit("a");
+    editor().txtKeywords.setFocus();
+    prompter.expect(
+        {"Cannot Use HTML Tags on this Field", "Error", Buttons::ok, QuestionIcon::critical});
+    EXPECT_TRUE(pressButton(editor(), "Bold"));
+    EXPECT_EQ(editor().txtKeywords.text(), "");
+    editor().icboImage.setFocus();
+    EXPECT_TRUE(pressButton(editor(), "Bold"));
+    EXPECT_FALSE(editor().changed());
+}
+
+TEST_F(frmEditBody, DropDownButtonsRememberTheLastChoice) {
+    settings->set("Edit", "Table Size", "7");
+    settings->set("Edit", "Table", "Col7");
+    edit("");
+    EXPECT_TRUE(chooseFromButton(editor(), "Insert Heading", "Heading 3"));
+    EXPECT_EQ(body(), "|");
+    EXPECT_TRUE(pressButton(editor(), "Insert Heading"));
+    EXPECT_EQ(body(), "<h3>|</h3>");
+    EXPECT_TRUE(chooseFromButton(editor(), "Insert Table", "Insert Table Row"));
+    editor().txtBody.setText("");
+    EXPECT_TRUE(pressButton(editor(), "Insert Table"));
+    EXPECT_EQ(body(), "<TR>\r\n    <TD> |Col_1_Data <TD> Col_2_Data <TD> Col_3_Data ");
+    editor().txtBody.setText("");
+    EXPECT_TRUE(choose(editor(), {"Insert Table", "2 Column Table"}));
+    editor().txtBody.setText("");
+    EXPECT_TRUE(pressButton(editor(), "Insert Table"));
+    EXPECT_EQ(body(), "<TR>\r\n    <TD> |Col_1_Data <TD> Col_2_Data ");
+    expectCloseQuestion(Answer::cancel); // what follows is stored before the question
+    EXPECT_FALSE(editor().close());
+    EXPECT_EQ(settings->get("Edit", "Heading"), "Heading3");
+    EXPECT_EQ(settings->get("Edit", "Table"), "NewLine");
+    EXPECT_EQ(settings->get("Edit", "Table Size"), "2");
+    EXPECT_EQ(settings->get("Edit", "Width"), "7965");
+}
+
+TEST_F(frmEditBody, KeepsItsPlacePerWindowState) {
+    edit("");
+    EXPECT_EQ(placeOf(editor().txtBody).width, editor().width() / 15 - 22);
+    EXPECT_EQ(placeOf(editor().txtBody).height, editor().height() / 15 - 141);
+    editor().setSize(9000, 7500);
+    editor().setPosition(300, 450);
+    settle();
+    editor().close();
+    EXPECT_EQ(settings->get("Edit", "Height"), "7500");
+    EXPECT_EQ(settings->get("Edit", "Left"), "300");
+    EXPECT_EQ(settings->get("Edit", "Window State"), "0");
+    settle();
+    openFirst();
+    EXPECT_EQ(editor().width(), 9000);
+    editor().setState(ui::WindowState::maximised);
+    settle();
+    editor().close();
+    EXPECT_EQ(settings->get("Edit", "Window State"), "2");
+    EXPECT_EQ(settings->get("Edit", "Height"), "7500");
+}
+
+TEST_F(frmEditBody, EmptyBodiesStartFromTheTemplate) {
+    model::ProjectOptions options;
+    options.templateFile = "page.txt";
+    project().replace(titled({"a"}), options, folder / "p.tsp");
+    project().setField(1, &model::Topic::body, "");
+    prompter.expect({"Template file: page.txt Not Found - Ignored", "Missing File", Buttons::ok,
+                     QuestionIcon::exclamation});
+    openFirst();
+    prompter.verify();
+    EXPECT_FALSE(editor().changed());
+    editor().close();
+    settle();
+    test::writeBytes(folder / "page.txt", "<p>\xE4\r\n");
+    openFirst();
+    EXPECT_EQ(editor().txtBody.text(), "<p>\xE4\r\n");
+    EXPECT_TRUE(editor().changed());
+    expectCloseQuestion(Answer::no);
+    editor().close();
+    settle();
+    std::filesystem::remove(folder / "page.txt"); // it was read once
+    openFirst();
+    EXPECT_EQ(editor().txtBody.text(), "<p>\xE4\r\n");
+    expectCloseQuestion(Answer::yes);
+    editor().close();
+    EXPECT_EQ(topic(1).body, "<p>\xE4\r\n");
+}
+
+TEST_F(frmEditBody, PicturesAndLinksComeFromTheProjectsFolders) {
+    settings->setPath("Open", "File Path", folder.path());
+    edit("x");
+    const FileQuestion picture{FileQuestion::Kind::open,
+                               "Select Graphic to Insert",
+                               "All Image Files|*.gif;*.jpg;*.bmp;*.jpeg||All Files (*.*)|*.*",
+                               1,
+                               folder / "images",
+                               "*.*",
+                               ""};
+    prompter.expect(picture, folder / "images" / "logo.gif");
+    whenModal([](ui::Window& dialog) {
+        auto& options = dynamic_cast<editor::dlgGraphicOptions&>(dialog);
+        EXPECT_FALSE(options.txtVertical.isEnabled());
+        click(options.chkVertical);
+        options.txtVertical.setFocus();
+        type("5"); // over the selected 0
+        options.txtTitle.setFocus();
+        type("Logo");
+        press("Return");
+    });
+    EXPECT_TRUE(pressButton(editor(), "Insert Graphic"));
+    EXPECT_EQ(body(), "<img src='..\\images\\logo.gif' border=0 vspace=5 title='Logo'>|x");
+    prompter.expect(picture, folder / "logo.gif");
+    whenModal([](ui::Window& dialog) {
+        auto& options = dynamic_cast<editor::dlgGraphicOptions&>(dialog);
+        EXPECT_EQ(options.txtVertical.text(), "5");
+        EXPECT_EQ(options.txtTitle.text(), "");
+        click(options.CancelButton);
+    });
+    EXPECT_TRUE(choose(editor(), {"HTML Tag", "Insert Graphic"}));
+    editor().txtBody.setText("");
+
+    std::filesystem::create_directory(folder / "html");
+    test::writeBytes(folder / "html" / "b.htm", "<html>\r\n <h1>Title of \xC4</h1>\r\n<p>\r\n");
+    prompter.expect(FileQuestion{FileQuestion::Kind::open, "Select Page to Link",
+                                 "All HTML Files|*.htm*||All Files (*.*)|*.*", 1, folder / "html",
+                                 "*.*", ""},
+                    folder / "html" / "b.htm");
+    EXPECT_TRUE(pressButton(editor(), "Insert Page Link"));
+    EXPECT_EQ(body(), "<a href='..\\html\\b.htm'>Title of \xC4</a>|");
+
+    editor().txtBody.setText("");
+    whenModal([](ui::Window& dialog) {
+        auto& link = dynamic_cast<editor::dlgWebLinkText&>(dialog);
+        link.txtWebText.setFocus();
+        type(" Home ");
+        press("Tab");
+        type("h");
+        press("Return");
+    });
+    EXPECT_TRUE(pressButton(editor(), "Insert Web Link"));
+    EXPECT_EQ(body(), "<a href='http://h'>Home</a>|");
+}
+
+TEST_F(frmEditBody, ATextFileComesInAtTheCaret) {
+    settings->setPath("Open", "File Path", folder.path());
+    edit("ab");
+    std::filesystem::create_directory(folder / "texts");
+    test::writeBytes(folder / "texts" / "t.txt", "1\r\n\xFC");
+    const auto question = [](const std::filesystem::path& from) {
+        return FileQuestion{FileQuestion::Kind::open,
+                            "Import Help File Topics",
+                            "Text Files (*.txt)|*.txt|All Files (*.*)|*.*",
+                            1,
+                            from,
+                            "*.txt",
+                            "txt"};
+    };
+    editor().txtBody.select(1, 0);
+    prompter.expect(question(folder.path()), folder / "texts" / "t.txt");
+    EXPECT_TRUE(pressButton(editor(), "Import from File"));
+    EXPECT_EQ(body(), "1\r\na\xFC\r\n|b");
+    prompter.expect(question(folder / "texts"), {});
+    EXPECT_TRUE(choose(editor(), {"File", "Import"}));
+    EXPECT_EQ(body(), "1\r\na\xFC\r\n|b");
+}
+
+/// A picture in the text is a line without blanks.
+TEST_F(frmEditBody, AVeryLongLineTakesLittleTime) {
+    const auto start = std::chrono::steady_clock::now();
+    const text::Text picture = "<p>\xE4</p>\r\n<img src=data:" + text::Text(300000, 'A') + ">";
+    edit(picture);
+    editor().txtBody.select(150000, 3);
+    type("\xC3\xBC"
+         "b");
+    EXPECT_EQ(editor().txtBody.countedText(), text::Text(picture).replace(150000, 3,
+                                                                          "\xFC"
+                                                                          "b"));
+    EXPECT_EQ(editor().txtBody.selection().start, 150002U);
+    editor().txtBody.edit(text::Text(300000, 'A') + " end", 0); // as if it had come in later
+    type("x");
+    EXPECT_EQ(editor().txtBody.countedText(), 'x' + text::Text(300000, 'A') + " end");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+}
