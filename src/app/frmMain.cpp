@@ -34,8 +34,8 @@ frmMain::frmMain(ui::Settings& settings, fs::path programFolder)
     setHelpContext(ui::mainWindowHelp);
     ui::setHelp([this](int context) { showHelpContext(context); });
     project_.setObserver(this);
-    files_.recentFilesChanged = [this] { updateRecentFiles(); };
-    files_.loadRecentFiles();
+    session_.recentFilesChanged = [this] { updateRecentFiles(); };
+    session_.loadRecentFiles();
     showCurrent();
     project_.markSaved();
     lvLevels.setFocus();
@@ -52,8 +52,8 @@ bool frmMain::openFile(const fs::path& path) {
     if (!closeEditor()) {
         return false;
     }
-    files_.setPendingOpenPath(path);
-    const bool opened = files_.openProject();
+    session_.setPendingOpenPath(path);
+    const bool opened = session_.openProject();
     noticeOutcome(opened);
     return opened;
 }
@@ -172,12 +172,12 @@ bool frmMain::mayClose() {
     if (!closeEditor()) {
         return false;
     }
-    if (!files_.offerSave()) {
+    if (!session_.offerSave()) {
         noticeOutcome(false);
         return false;
     }
     storeWindow();
-    files_.saveRecentFiles();
+    session_.saveRecentFiles();
     tmrRecovery.stop();
     recovery_.forget();
     closeAllBut(*this);
@@ -205,14 +205,14 @@ void frmMain::updateCommands() {
 void frmMain::updateRecentFiles() {
     int slot = 0;
     for (ui::Command* command : commands_.all("mnuFileMRU")) {
-        const bool used = slot < files_.recentFiles().count();
+        const bool used = slot < session_.recentFiles().count();
         command->setVisible(used);
         if (used) {
-            command->setPlainCaption(files_.recentFiles().caption(slot));
+            command->setPlainCaption(session_.recentFiles().caption(slot));
         }
         ++slot;
     }
-    commands_.menu("mnuFile")->setVisible("mnuFileBar3", files_.recentFiles().count() > 0);
+    commands_.menu("mnuFile")->setVisible("mnuFileBar3", session_.recentFiles().count() > 0);
 }
 
 // ---- The project ----

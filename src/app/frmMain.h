@@ -7,7 +7,7 @@
 
 #include "app/MainCommands.h"
 #include "app/OutlineRows.h"
-#include "app/ProjectFiles.h"
+#include "app/ProjectSession.h"
 #include "app/Recovery.h"
 #include "app/dlgCompile.h"
 #include "app/dlgReport.h"
@@ -37,7 +37,7 @@ class frmMain : public ui::Window, private model::ProjectObserver, private tools
     std::filesystem::path helpFile_;
     model::Project project_;
     OutlineRows rows_{project_};
-    ProjectFiles files_{*this, project_, settings_};
+    ProjectSession session_{*this, project_, settings_};
     Recovery recovery_;
 
 public:

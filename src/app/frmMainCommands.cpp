@@ -39,40 +39,40 @@ Text frmMain::failureNotice(const std::error_code& error) {
 void frmMain::mnuFileNew_Click() {
     leaveField();
     if (closeEditor()) {
-        noticeOutcome(files_.newProject());
+        noticeOutcome(session_.newProject());
     }
 }
 
 void frmMain::mnuFileOpen_Click() {
     leaveField();
     if (closeEditor()) {
-        noticeOutcome(files_.openProject());
+        noticeOutcome(session_.openProject());
     }
 }
 
 void frmMain::mnuFileSave_Click(int index) {
     leaveField();
     if (storeEditor()) {
-        noticeOutcome(files_.saveProject(index == 1));
+        noticeOutcome(session_.saveProject(index == 1));
     }
 }
 
 void frmMain::mnuFileMRU_Click(int index) {
     leaveField();
     if (closeEditor()) {
-        noticeOutcome(files_.openRecentFile(index));
+        noticeOutcome(session_.openRecentFile(index));
     }
 }
 
 /// There is no message for failures of reading and writing, but an author should not be left in the
 /// dark. What was cancelled changes nothing.
 void frmMain::noticeOutcome(bool done) {
-    const std::error_code error = files_.takeError();
+    const std::error_code error = session_.takeError();
     if (done || error) {
         setTrouble(Trouble::file, failureNotice(error));
     }
     updateStatus();
-    if (const Text said = files_.takeNotice(); !said.empty()) {
+    if (const Text said = session_.takeNotice(); !said.empty()) {
         Prompter::current().beep();
         notice(said);
     }
@@ -80,14 +80,14 @@ void frmMain::noticeOutcome(bool done) {
 
 /// Somebody else may have written the file while the author was away.
 void frmMain::readAgainIfChanged() {
-    if (!files_.isChangedElsewhere() || !files_.wantsReading()) {
+    if (!session_.isChangedElsewhere() || !session_.wantsReading()) {
         return;
     }
     const bool edited = hasEdits();
     if (!closeEditor() || (edited && !editor_->changed())) {
         return; // what was saved from the editor just now would be lost; the next save asks
     }
-    noticeOutcome(files_.readAgain());
+    noticeOutcome(session_.readAgain());
 }
 
 void frmMain::mnuFileGenerateHelp_Click() {
@@ -122,9 +122,9 @@ generate::GenerationReport frmMain::generateInto(const fs::path& workshopFile, c
     std::optional<ui::WaitCursor> busy(std::in_place);
     const auto save = [this, &busy]() -> std::error_code {
         busy.reset(); // it may ask for a name
-        const bool saved = files_.saveProject(false);
+        const bool saved = session_.saveProject(false);
         busy.emplace();
-        const std::error_code error = files_.takeError();
+        const std::error_code error = session_.takeError();
         if (saved || error) {
             setTrouble(Trouble::file, failureNotice(error));
         }
@@ -149,7 +149,7 @@ void frmMain::mnuFileGenerateDoc_Click() {
     if (!storeEditor()) {
         return;
     }
-    const fs::path folder = files_.folder();
+    const fs::path folder = session_.folder();
     const auto file = Prompter::current().chooseFile(
         this, {ui::FileQuestion::Kind::save, "Generate Help Documentation as HTML",
                "HTML Files (*.htm)|*.htm||All Files (*.*)|*.*", 1, folder,
@@ -167,7 +167,7 @@ void frmMain::mnuFileGenerateDoc_Click() {
 }
 
 void frmMain::mnuFileProperties_Click() {
-    frmOptions options(*this, project_.options(), files_.folder());
+    frmOptions options(*this, project_.options(), session_.folder());
     options.Apply.connect([this](const model::ProjectOptions& edited) {
         const model::UndoStep step(project_, "Change Properties");
         project_.setOptions(edited);

@@ -34,7 +34,7 @@ std::optional<fs::path> frmMain::chooseCompiledHelp() {
             : last;
     return Prompter::current().chooseFile(this, {ui::FileQuestion::Kind::save, "Compile Help To",
                                                  "Compiled Help (*.chm)|*.chm|All Files (*.*)|*.*",
-                                                 1, files_.folder(), proposed, "chm"});
+                                                 1, session_.folder(), proposed, "chm"});
 }
 
 /// Asks for the file where it is not known yet, and otherwise when told so.

@@ -41,7 +41,7 @@ bool wantsReport(ui::Window& window, std::size_t conflicts) {
 
 fs::path frmMain::importFolder() const {
     const fs::path folder = settings_.path(importSection, importKey);
-    return folder.empty() ? files_.lastFolder() : folder;
+    return folder.empty() ? session_.lastFolder() : folder;
 }
 
 /// Asks for the file to import; its default extension is that of the pattern.
@@ -131,7 +131,7 @@ void frmMain::mnuFileSynch_Click() {
         this, {ui::FileQuestion::Kind::open, "Synchronize Help HTML Files with Topicsmith Project",
                "Topicsmith Project Files (*.tsp)|*.tsp|Text Files (*.txt)|*.txt|All Files "
                "(*.*)|*.*",
-               1, files_.folder(), proposed, "tsp"});
+               1, session_.folder(), proposed, "tsp"});
     if (!file || !closeEditor()) {
         return;
     }

@@ -43,7 +43,7 @@ std::optional<fs::path> frmMain::chooseWorkshopFile() {
     const auto chosen = Prompter::current().chooseFile(
         this, {ui::FileQuestion::Kind::save, "Generate Help Workshop Files",
                "Help Workshop Files (*.hhp)|*.hhp|Text Files (*.txt)|*.txt|All Files (*.*)|*.*", 1,
-               files_.folder(), generate::proposedWorkshopName(project_.projectPath()), "hhp",
+               session_.folder(), generate::proposedWorkshopName(project_.projectPath()), "hhp",
                false}); // what was generated before is always replaced
     if (!chosen) {
         return {};

@@ -98,7 +98,7 @@ bool frmMain::offerRecovery() {
             if (work->topic <= project_.outline().count()) {
                 project_.setCurrentIndex(work->topic);
             }
-            files_.adopt(work->path);
+            session_.adopt(work->path);
             project_.markChanged(model::projectChanged);
             notice("Brought back; not saved yet");
             recovered = true;

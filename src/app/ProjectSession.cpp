@@ -1,4 +1,4 @@
-#include "app/ProjectFiles.h"
+#include "app/ProjectSession.h"
 
 #include <algorithm>
 
@@ -40,10 +40,10 @@ fs::path openMarkFile(const ui::Settings& settings, const fs::path& project) {
 
 } // namespace
 
-ProjectFiles::ProjectFiles(ui::Window& window, Project& project, ui::Settings& settings)
+ProjectSession::ProjectSession(ui::Window& window, Project& project, ui::Settings& settings)
     : window_(window), project_(project), settings_(settings) {}
 
-bool ProjectFiles::offerSave() {
+bool ProjectSession::offerSave() {
     if (!project_.dataChanged()) {
         return true;
     }
@@ -56,7 +56,7 @@ bool ProjectFiles::offerSave() {
     return answer == ui::Answer::no;
 }
 
-bool ProjectFiles::newProject() {
+bool ProjectSession::newProject() {
     if (!offerSave()) {
         return false;
     }
@@ -65,21 +65,21 @@ bool ProjectFiles::newProject() {
     return true;
 }
 
-fs::path ProjectFiles::folder() const {
+fs::path ProjectSession::folder() const {
     return project_.hasFile() ? project_.projectPath().parent_path() : lastFolder();
 }
 
-fs::path ProjectFiles::lastFolder() const {
+fs::path ProjectSession::lastFolder() const {
     return settings_.path(folderSection, folderKey);
 }
 
-void ProjectFiles::rememberFolder(const fs::path& folder) {
+void ProjectSession::rememberFolder(const fs::path& folder) {
     makeCurrent(folder);
     settings_.setPath(folderSection, folderKey, folder);
 }
 
-std::optional<fs::path> ProjectFiles::chooseFile(ui::FileQuestion::Kind kind, text::Text title,
-                                                 fs::path fileName) {
+std::optional<fs::path> ProjectSession::chooseFile(ui::FileQuestion::Kind kind, text::Text title,
+                                                   fs::path fileName) {
     const auto chosen = Prompter::current().chooseFile(
         &window_,
         {kind, std::move(title),
@@ -88,7 +88,7 @@ std::optional<fs::path> ProjectFiles::chooseFile(ui::FileQuestion::Kind kind, te
     return chosen ? std::optional(platform::fullPath(*chosen)) : std::nullopt;
 }
 
-bool ProjectFiles::openProject() {
+bool ProjectSession::openProject() {
     fs::path path = std::exchange(pendingOpenPath_, {});
     if (!newProject()) {
         return false;
@@ -113,7 +113,7 @@ bool ProjectFiles::openProject() {
     return mayOpenTwice(path) && load(path);
 }
 
-bool ProjectFiles::mayOpenTwice(const fs::path& path) {
+bool ProjectSession::mayOpenTwice(const fs::path& path) {
     if (!platform::FileLock(openMarkFile(settings_, path), platform::FileLock::AfterUse::remove)
              .isTaken()) {
         return true;
@@ -127,7 +127,7 @@ bool ProjectFiles::mayOpenTwice(const fs::path& path) {
            == ui::Answer::yes;
 }
 
-bool ProjectFiles::load(const fs::path& path) {
+bool ProjectSession::load(const fs::path& path) {
     model::LoadOutcome outcome;
     {
         const ui::WaitCursor busy;
@@ -152,7 +152,7 @@ bool ProjectFiles::load(const fs::path& path) {
     return read;
 }
 
-void ProjectFiles::adopt(const fs::path& path) {
+void ProjectSession::adopt(const fs::path& path) {
     markOpen();
     if (project_.hasFile()) {
         platform::FileState state(path);
@@ -169,7 +169,7 @@ void ProjectFiles::adopt(const fs::path& path) {
     }
 }
 
-bool ProjectFiles::saveProject(bool saveAs) {
+bool ProjectSession::saveProject(bool saveAs) {
     if (project_.outline().empty()) {
         Prompter::current().ask(&window_, {"You need to have at least 1 Help Topic to Save", {}});
         return false;
@@ -189,7 +189,7 @@ bool ProjectFiles::saveProject(bool saveAs) {
     return write(path);
 }
 
-bool ProjectFiles::write(const fs::path& path) {
+bool ProjectSession::write(const fs::path& path) {
     const bool holdsMore = project_.origin().topicsRead.has_value();
     auto overwrite = model::Overwrite::whatWasRead;
     lastError_ = save(path, overwrite);
@@ -221,7 +221,7 @@ bool ProjectFiles::write(const fs::path& path) {
     return !lastError_;
 }
 
-std::error_code ProjectFiles::save(const fs::path& path, model::Overwrite overwrite) {
+std::error_code ProjectSession::save(const fs::path& path, model::Overwrite overwrite) {
     constexpr std::chrono::seconds patience(2);
     const ui::WaitCursor busy;
     const model::ProjectLock lock(path, patience);
@@ -230,7 +230,7 @@ std::error_code ProjectFiles::save(const fs::path& path, model::Overwrite overwr
                          : model::SaveRefusal::beingWritten;
 }
 
-std::optional<ui::Answer> ProjectFiles::mayWriteInPlace(const fs::path& path) {
+std::optional<ui::Answer> ProjectSession::mayWriteInPlace(const fs::path& path) {
     const fs::path copy = model::backupFile(settings_.folder() / path.filename());
     const ui::Answer answer = Prompter::current().ask(
         &window_,
@@ -248,8 +248,8 @@ std::optional<ui::Answer> ProjectFiles::mayWriteInPlace(const fs::path& path) {
     return {};
 }
 
-std::optional<ui::MessageBox> ProjectFiles::questionFor(const std::error_code& refusal,
-                                                        const fs::path& path) const {
+std::optional<ui::MessageBox> ProjectSession::questionFor(const std::error_code& refusal,
+                                                          const fs::path& path) const {
     const text::Text title = "Save - " + project_.projectFileTitle();
     const auto box = [&title](const text::Text& text, const char* yes) {
         return ui::MessageBox{
@@ -273,13 +273,13 @@ std::optional<ui::MessageBox> ProjectFiles::questionFor(const std::error_code& r
     return {};
 }
 
-bool ProjectFiles::isChangedElsewhere() {
+bool ProjectSession::isChangedElsewhere() {
     const fs::path& path = project_.projectPath();
     return project_.hasFile() && (!known_ || platform::fileFacts(path) != known_)
            && project_.origin().file.differs(path);
 }
 
-bool ProjectFiles::wantsReading() {
+bool ProjectSession::wantsReading() {
     const fs::path& path = project_.projectPath();
     known_ = platform::fileFacts(path);
     text::Text text = "The project file was changed by another program:\n" + text::displayText(path)
@@ -293,7 +293,7 @@ bool ProjectFiles::wantsReading() {
            == ui::Answer::yes;
 }
 
-bool ProjectFiles::readAgain() {
+bool ProjectSession::readAgain() {
     const fs::path path = project_.projectPath();
     const int current = project_.currentIndex();
     text::Text file;
@@ -313,7 +313,7 @@ bool ProjectFiles::readAgain() {
     return read;
 }
 
-void ProjectFiles::markOpen() {
+void ProjectSession::markOpen() {
     openMark_.reset();
     if (project_.hasFile()) {
         openMark_ = std::make_unique<platform::FileLock>(
@@ -321,24 +321,24 @@ void ProjectFiles::markOpen() {
     }
 }
 
-bool ProjectFiles::openRecentFile(int slot) {
+bool ProjectSession::openRecentFile(int slot) {
     const fs::path path = recentFiles_.path(slot);
     addRecentFile(path);
     setPendingOpenPath(path);
     return openProject();
 }
 
-void ProjectFiles::addRecentFile(const fs::path& path) {
+void ProjectSession::addRecentFile(const fs::path& path) {
     recentFiles_.add(path);
     recentFilesChanged();
 }
 
-void ProjectFiles::removeRecentFile(const fs::path& path) {
+void ProjectSession::removeRecentFile(const fs::path& path) {
     recentFiles_.remove(path);
     recentFilesChanged();
 }
 
-void ProjectFiles::loadRecentFiles() {
+void ProjectSession::loadRecentFiles() {
     for (int key = model::RecentFiles::maxFiles; key >= 0; --key) {
         if (const fs::path path = settings_.path(recentSection, std::to_string(key));
             !path.empty()) {
@@ -348,7 +348,7 @@ void ProjectFiles::loadRecentFiles() {
     recentFilesChanged();
 }
 
-void ProjectFiles::saveRecentFiles() {
+void ProjectSession::saveRecentFiles() {
     for (int key = 0; key < model::RecentFiles::maxFiles; ++key) {
         settings_.setPath(recentSection, std::to_string(key),
                           key < recentFiles_.count() ? recentFiles_.path(key) : fs::path());

@@ -16,10 +16,10 @@
 namespace app {
 
 /// New, Open, Save and Save As with their questions, and the files used last.
-class ProjectFiles {
+class ProjectSession {
 public:
     /// None is owned; all must outlive this.
-    ProjectFiles(ui::Window& window, model::Project& project, ui::Settings& settings);
+    ProjectSession(ui::Window& window, model::Project& project, ui::Settings& settings);
 
     /// Asks what to do with unsaved changes; false when the project is to stay as it is: the author
     /// cancelled, or wanted them saved and that did not happen.
