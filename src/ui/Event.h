@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cassert>
 #include <functional>
 #include <utility>
 
@@ -30,11 +31,20 @@ void guarded(const Function& function) noexcept {
 }
 
 /// Something that happens, mostly what a person does to a control or window: what the program does
-/// to a control raises no event. It has at most one handler.
+/// to a control raises no event. It has at most one handler: with several, their order would be
+/// part of what the program does, and nobody would see it. Whoever wants to know as well is told by
+/// the one that is connected.
 template <typename... Arguments>
 class Event {
 public:
-    void connect(std::function<void(Arguments...)> handler) { handler_ = std::move(handler); }
+    /// There must be no handler yet: one that is replaced in silence is missed by whoever relies on
+    /// it.
+    void connect(std::function<void(Arguments...)> handler) {
+        assert(!handler_ && "the event has a handler already");
+        handler_ = std::move(handler);
+    }
+
+    void disconnect() { handler_ = nullptr; }
 
     bool isConnected() const { return static_cast<bool>(handler_); }
 

@@ -39,7 +39,7 @@ frmEditBody::frmEditBody(ui::Window& owner, model::Project& project, ui::Setting
 }
 
 frmEditBody::~frmEditBody() {
-    FocusChange.connect({}); // the focus goes as the controls do
+    FocusChange.disconnect(); // the focus goes as the controls do
 }
 
 // ---- The window ----

@@ -38,9 +38,9 @@ frmHelp::frmHelp(ui::Settings& settings) : Window(Kind::main, windowName), setti
 
 frmHelp::~frmHelp() {
     // What the controls would still tell as they go.
-    brwPage.Moved.connect({});
-    txtIndex.GotFocus.connect({});
-    txtSearch.GotFocus.connect({});
+    brwPage.Moved.disconnect();
+    txtIndex.GotFocus.disconnect();
+    txtSearch.GotFocus.disconnect();
 }
 
 text::Message unreadableMessage(const fs::path& file) {
