@@ -31,7 +31,7 @@ int main(int argc, char* argv[]) {
     ui::Application application(argc, argv, "HTML Topicsmith", platform::version);
     ui::Settings settings;
     app::frmMain window(settings, platform::programFolder());
-    application.Ending.connect([&window] { window.keepForRecovery(); });
+    application.Ending.connect([&window] { window.workKeeper().keep(); });
     window.show();
     window.waitUntilSeen();
     const auto arguments = application.arguments();
@@ -39,7 +39,7 @@ int main(int argc, char* argv[]) {
     if (!path.empty()) {
         path = platform::fullPath(path); // before the recovery changes the current folder
     }
-    const bool recovered = window.offerRecovery();
+    const bool recovered = window.workKeeper().offer();
     const bool isHere = recovered && path == window.project().projectPath();
     if (!path.empty() && !isHere) {
         window.openFile(path);

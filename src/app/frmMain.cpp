@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <sstream>
 
-#include "model/Helper.h"
-#include "model/OutlineEditing.h"
+#include "app/FileKind.h"
 #include "platform/Version.h"
 #include "ui/HelpContext.h"
-#include "ui/ShowHelp.h"
 #include "ui/WindowPlace.h"
 
 namespace app {
@@ -15,24 +13,25 @@ namespace app {
 namespace fs = std::filesystem;
 using text::Text;
 using text::TextView;
-using ui::Prompter;
 
-frmMain::frmMain(ui::Settings& settings, fs::path programFolder)
-    : Window(Kind::main, "frmMain"), settings_(settings), programFolder_(std::move(programFolder)),
-      recovery_(settings.folder()), lvLevels(*this, OutlineRows::columns(), rows_) {
+frmMain::frmMain(ui::Settings& settings, const fs::path& programFolder)
+    : Window(Kind::main, "frmMain"), settings_(settings),
+      lvLevels(*this, OutlineRows::columns(), rows_),
+      editor_(*this, project_, settings, programFolder),
+      work_(*this, project_, session_, editor_, settings.folder()),
+      help_(*this, settings, programFolder / "HTML Topicsmith.chm"),
+      generation_(*this, project_, session_, lastReport_, programFolder),
+      compilation_(*this, project_, session_, settings, generation_, lastReport_),
+      imports_(*this, project_, session_, settings, lastReport_),
+      spelling_(*this, project_, settings, programFolder) {
     arrange();
     fillMenus();
     connectControls();
     restoreWindow();
     const TextView full = platform::version;
     setCaption("HTML Topicsmith - " + Text(full.substr(0, full.rfind('.'))));
-    helpFile_ = programFolder_ / "HTML Topicsmith.chm";
-    if (!model::fileExists(helpFile_)) {
-        Prompter::current().ask(this, {"WARNING: Missing Help File", "HTML Topicsmith",
-                                       ui::Buttons::ok, ui::QuestionIcon::information});
-    }
+    help_.tellWhenMissing();
     setHelpContext(ui::mainWindowHelp);
-    ui::setHelp([this](int context) { showHelpContext(context); });
     project_.setObserver(this);
     session_.recentFilesChanged = [this] { updateRecentFiles(); };
     session_.loadRecentFiles();
@@ -43,19 +42,7 @@ frmMain::frmMain(ui::Settings& settings, fs::path programFolder)
 
 frmMain::~frmMain() {
     project_.setObserver(nullptr);
-    ui::setHelp({});
-    FocusChange.connect({}); // the focus goes as the controls do
-}
-
-bool frmMain::openFile(const fs::path& path) {
-    leaveField();
-    if (!closeEditor()) {
-        return false;
-    }
-    session_.setPendingOpenPath(path);
-    const bool opened = session_.openProject();
-    noticeOutcome(opened);
-    return opened;
+    FocusChange.disconnect(); // the focus goes as the controls do
 }
 
 // ---- The window ----
@@ -115,7 +102,6 @@ void frmMain::connectControls() {
     clipboard_.Change.connect([this] { updateCommands(); });
     FocusChange.connect([this] { updateCommands(); });
     Activated.connect([this] { readAgainIfChanged(); });
-    UI_ON(tmrRecovery, Tick);
     FilesDropped.connect([this](const std::vector<fs::path>& files) { files_Dropped(files); });
 }
 
@@ -178,8 +164,7 @@ bool frmMain::mayClose() {
     }
     storeWindow();
     session_.saveRecentFiles();
-    tmrRecovery.stop();
-    recovery_.forget();
+    work_.stop();
     closeAllBut(*this);
     return true;
 }
@@ -191,7 +176,7 @@ void frmMain::fillMenus() {
     commands_.fillToolbar(tbTools, toolbarKeys());
     commands_.fillMenu(mnuList, listMenuCommands());
     lvLevels.setContextMenu(mnuList);
-    commands_.BeforeRun.connect([this] { updateStatus(); });
+    commands_.BeforeRun.connect([this] { status_.update(); });
     commands_.AfterRun.connect([this] { updateCommands(); });
 }
 
@@ -218,7 +203,7 @@ void frmMain::updateRecentFiles() {
 // ---- The project ----
 
 void frmMain::topicChanged(int position) {
-    noteWork();
+    work_.note();
     lvLevels.rowChanged(position);
     if (position == project_.currentIndex()) {
         fillFields(false);
@@ -226,29 +211,29 @@ void frmMain::topicChanged(int position) {
 }
 
 void frmMain::topicInserted(int /*position*/) {
-    noteWork();
-    restartSearch();
     lvLevels.rowInserted();
-    selectCurrent();
+    rowsChanged();
 }
 
 void frmMain::topicRemoved(int /*position*/) {
-    noteWork();
-    restartSearch();
     lvLevels.rowRemoved();
+    rowsChanged();
+}
+
+void frmMain::rowsChanged() {
+    work_.note();
+    find_.restart();
     selectCurrent();
 }
 
 void frmMain::projectReplaced() {
-    restartSearch();
+    find_.restart();
     lvLevels.reset();
     showCurrent();
 }
 
 void frmMain::topicsSwapped(int a, int b) {
-    if (find_ != nullptr) {
-        find_->topicsSwapped(a, b);
-    }
+    find_.topicsSwapped(a, b);
 }
 
 void frmMain::currentIndexChanged(int /*position*/) {
@@ -264,11 +249,11 @@ void frmMain::dataChangedToggled(bool dataChanged) {
     tbTools.setToolTip("Save",
                        dataChanged ? "Save - Current Data Changed" : "Save the Current Data");
     setChanged(dataChanged);
-    showDocument();
+    status_.showDocument();
     if (dataChanged) {
-        noteWork();
+        work_.note();
     } else {
-        keepForRecovery(); // what is saved need not be brought back
+        work_.keep(); // what is saved need not be brought back
     }
 }
 
@@ -283,50 +268,7 @@ void frmMain::selectCurrent() {
         lvLevels.select(project_.currentIndex());
     }
     updateCommands();
-    updateStatus();
-}
-
-void frmMain::updateStatus() {
-    const bool isTroubled =
-        std::any_of(troubles_.begin(), troubles_.end(),
-                    [](const auto& trouble) { return !trouble.second.empty(); });
-    const int count = project_.outline().count();
-    if (isTroubled) {
-        notice({});
-    } else if (count == 0) {
-        notice("No topics");
-    } else {
-        notice("Topic " + std::to_string(project_.currentIndex()) + " of " + std::to_string(count));
-    }
-}
-
-/// As long as nothing is open, the window shows the program's name alone.
-void frmMain::showDocument() {
-    const bool any = project_.hasFile() || project_.dataChanged();
-    setDocument(any ? project_.projectFileTitle() : Text());
-}
-
-void frmMain::notice(const Text& text) {
-    showDocument();
-    Text line = project_.projectFileTitle();
-    const auto add = [&line](const Text& part) { line += part.empty() ? part : "     " + part; };
-    for (const auto& trouble : troubles_) {
-        add(trouble.second);
-    }
-    add(text);
-    lblStatus.setCaption(line);
-}
-
-/// An empty text for what has come right.
-void frmMain::setTrouble(Trouble kind, const Text& text) {
-    const bool isNews = troubles_[kind] != text;
-    if (!text.empty() && (isNews || kind != Trouble::recovery)) { // which is tried again and again
-        Prompter::current().beep();
-    }
-    if (isNews) {
-        troubles_[kind] = text;
-        updateStatus();
-    }
+    status_.update();
 }
 
 // ---- The list ----
@@ -343,44 +285,9 @@ bool frmMain::showTopic(int position) {
 
 void frmMain::openTopicEditor(int position) {
     if (showTopic(position)) {
-        showEditor(position);
-        editor_->activate();
+        editor_.show();
+        editor_.window()->activate();
     }
-}
-
-/// The topic must be the current one. The focus stays where it is.
-void frmMain::showEditor(int position) {
-    if (editor_ != nullptr && !editor_->isVisible()) {
-        // Just closed, perhaps by a command of its own that is still running.
-        editor_->Closed.connect({});
-        discard(std::move(editor_));
-    }
-    if (editor_ == nullptr) {
-        editor_ = std::make_unique<editor::frmEditBody>(*this, project_, settings_, editorMemory_,
-                                                        programFolder_);
-        editor_->Closed.connect([this] {
-            discard(std::move(editor_));
-            noteWork(); // what was not saved in it is not wanted
-        });
-        editor_->Find.connect([this] { editor_Find(); });
-        editor_->Edited.connect([this] { noteWork(); });
-        editor_->FindNext.connect([this] { editor_FindNext(); });
-        editor_->Raised.connect([this] { editor_Raised(); });
-        editor_->setCaption("Edit Topic - " + project_.outline().at(position).title);
-    }
-    editor_->showUnfocused();
-}
-
-/// The editor belongs to the current topic; whoever leaves that asks here first. False when the
-/// author wants to go on editing.
-bool frmMain::closeEditor() {
-    return editor_ == nullptr || !editor_->isVisible() || editor_->close();
-}
-
-/// For commands that take the whole project while the editor stays open. False when the author
-/// cancels.
-bool frmMain::storeEditor() {
-    return editor_ == nullptr || !editor_->isVisible() || editor_->offerSave();
 }
 
 void frmMain::lvLevels_RowDragged(int from, int to) {
@@ -388,6 +295,22 @@ void frmMain::lvLevels_RowDragged(int from, int to) {
         model::moveTopicTo(project_, to);
     }
     updateCommands();
+}
+
+bool frmMain::takesFiles(const std::vector<fs::path>& files) const {
+    return std::any_of(files.begin(), files.end(), [](const fs::path& file) {
+        return hasExtension(file, ".tsp") || ImportCommands::takes(file);
+    });
+}
+
+/// A project is opened; anything that can be imported is, into that project where there is one.
+void frmMain::files_Dropped(const std::vector<fs::path>& files) {
+    const auto project = std::find_if(files.begin(), files.end(), [](const fs::path& file) {
+        return hasExtension(file, ".tsp");
+    });
+    if (project == files.end() || openFile(*project)) {
+        imports_.importDropped(files);
+    }
 }
 
 } // namespace app

@@ -1,5 +1,4 @@
 #include "app/frmMain.h"
-#include "model/OutlineEditing.h"
 
 // The fields of the current topic in the main window.
 namespace app {
@@ -36,13 +35,6 @@ void frmMain::fillFields(bool always) {
 void frmMain::enableFields(bool enabled) {
     for (ui::TextBox* box : {&txtLevel, &txtTitle, &txtFilename, &txtHelpID, &txtHelpNum}) {
         box->setEnabled(enabled);
-    }
-}
-
-void frmMain::enableTopicFields(bool enabled) {
-    enableFields(enabled);
-    if (!enabled) {
-        project_.setCurrentIndex(-1);
     }
 }
 
@@ -94,7 +86,6 @@ void frmMain::txtTitle_KeyDown(ui::Key& key) {
     if (key.code == ui::KeyCode::enter) {
         key.handled = true;
         mnuEditAdd_Click();
-        updateCommands();
         return;
     }
     moveByKey(key);

@@ -28,8 +28,9 @@ protected:
     void compile(const char* caption) {
         EXPECT_TRUE(choose(*window, {"File", "Generate Files", caption}));
         prompter.verify();
-        ASSERT_NE(window->compilation(), nullptr);
-        EXPECT_TRUE(waitFor([this] { return window->compilation()->cmdOpen.isEnabled(); }));
+        ASSERT_NE(window->compilation().window(), nullptr);
+        EXPECT_TRUE(
+            waitFor([this] { return window->compilation().window()->cmdOpen.isEnabled(); }));
     }
 };
 
@@ -38,11 +39,11 @@ protected:
 TEST_F(CompileCommand, CompilesLeadsToTopicsAndOpensTheHelp) {
     expectQuestion("p.chm", std::nullopt);
     EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Compile Help..."}));
-    EXPECT_EQ(window->compilation(), nullptr);
+    EXPECT_EQ(window->compilation().window(), nullptr);
 
     expectQuestion("p.chm", folder / "out.chm");
     compile("Compile Help...");
-    app::dlgCompile& dialog = *window->compilation();
+    app::dlgCompile& dialog = *window->compilation().window();
     EXPECT_TRUE(dialog.lblProgress.caption().starts_with("out.chm: 2 files in "))
         << dialog.lblProgress.caption();
     EXPECT_EQ(cellText(dialog.lvMessages, 1, 0), "warning");
@@ -53,18 +54,18 @@ TEST_F(CompileCommand, CompilesLeadsToTopicsAndOpensTheHelp) {
     EXPECT_EQ(project().currentIndex(), 2);
 
     click(dialog.cmdOpen);
-    ASSERT_NE(window->compiledHelpWindow(), nullptr);
-    EXPECT_EQ(window->compiledHelpWindow()->book()->path(), folder / "out.chm");
+    ASSERT_NE(window->compilation().viewer(), nullptr);
+    EXPECT_EQ(window->compilation().viewer()->book()->path(), folder / "out.chm");
     EXPECT_TRUE(waitFor([this] {
-        return window->compiledHelpWindow()->brwPage.shown() == "/html/b.htm";
-    })) << window->compiledHelpWindow()->brwPage.shown();
+        return window->compilation().viewer()->brwPage.shown() == "/html/b.htm";
+    })) << window->compilation().viewer()->brwPage.shown();
 
     compile("Compile Help..."); // to the same place, without a question
     expectQuestion(folder / "out.chm", folder / "other.chm");
     compile("Compile To...");
-    EXPECT_EQ(window->compilation()->outcome()->output, folder / "other.chm");
-    click(window->compilation()->CloseButton);
-    EXPECT_EQ(window->compilation(), nullptr);
+    EXPECT_EQ(window->compilation().window()->outcome()->output, folder / "other.chm");
+    click(window->compilation().window()->CloseButton);
+    EXPECT_EQ(window->compilation().window(), nullptr);
 }
 
 TEST_F(CompileCommand, NeitherTheProjectNorItsSourcesAreTheOutput) {
@@ -78,7 +79,7 @@ TEST_F(CompileCommand, NeitherTheProjectNorItsSourcesAreTheOutput) {
         prompter.expect({words, "Compile Help", ui::Buttons::ok, ui::QuestionIcon::exclamation});
         EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Compile Help..."}));
         prompter.verify();
-        EXPECT_EQ(window->compilation(), nullptr);
+        EXPECT_EQ(window->compilation().window(), nullptr);
     }
     EXPECT_EQ(test::bytesOf(folder / "p.tsp"), before);
 }
@@ -87,14 +88,14 @@ TEST_F(CompileCommand, WhatCannotBeWrittenIsSaidAndAWindowClosedEarlyDoesNoHarm)
     fs::create_directory(folder / "dir.chm");
     expectQuestion("p.chm", folder / "dir.chm");
     EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Compile Help..."}));
-    app::dlgCompile& dialog = *window->compilation();
+    app::dlgCompile& dialog = *window->compilation().window();
     EXPECT_TRUE(waitFor([&] { return !dialog.CancelButton.isEnabled(); }));
     EXPECT_EQ(dialog.lblProgress.caption(), "Nothing was written.");
     EXPECT_FALSE(dialog.cmdOpen.isEnabled());
 
     EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Compile Help..."}));
-    click(window->compilation()->CancelButton);
-    window->compilation()->close();
+    click(window->compilation().window()->CancelButton);
+    window->compilation().window()->close();
     settle();
-    EXPECT_EQ(window->compilation(), nullptr);
+    EXPECT_EQ(window->compilation().window(), nullptr);
 }

@@ -280,7 +280,7 @@ TEST_F(ProjectCommands, GenerationRepairsReportsAndSaves) {
     EXPECT_NE(test::bytesOf(folder / "my.first.tsp").find("A 1.htm"), std::string::npos);
 
     ASSERT_TRUE(ui::Window::isOpen(app::dlgReport::windowName));
-    app::dlgReport& report = *window->report();
+    app::dlgReport& report = *window->lastReport().window();
     EXPECT_EQ(report.caption(), "Generation Report");
     EXPECT_EQ(report.txtReport.text(),
               "Output to:\r\n" + std::string(folder / "help.hhp")
@@ -293,7 +293,7 @@ TEST_F(ProjectCommands, GenerationRepairsReportsAndSaves) {
                     "\r\nGeneration Complete.");
     click(report.OKButton);
     EXPECT_FALSE(ui::Window::isOpen(app::dlgReport::windowName));
-    EXPECT_EQ(window->report(), nullptr);
+    EXPECT_EQ(window->lastReport().window(), nullptr);
     show(*window);
     window->lvLevels.setFocus();
     press("Ctrl+Z"); // the repairs as one step

@@ -12,7 +12,7 @@ protected:
     /// The program ends at once, as in a power cut, and is started again.
     bool crash() {
         restart();
-        return window->offerRecovery();
+        return window->workKeeper().offer();
     }
 
     void expectQuestion(ui::Answer answer, const std::string& topic, const char* more = "") {
@@ -31,14 +31,14 @@ protected:
 
 TEST_F(Recovery, BringsBackTheOutlineAndTheOpenEditor) {
     load(test::titled({"a", "b"}));
-    EXPECT_FALSE(window->offerRecovery());
+    EXPECT_FALSE(window->workKeeper().offer());
     enter(window->txtTitle);
     type("é");
     doubleClickRow(window->lvLevels, 2);
     show(*window->editor());
     window->editor()->txtBody.edit("Caf\xE9\r\nunsaved", 0);
-    EXPECT_TRUE(window->tmrRecovery.isRunning());
-    window->tmrRecovery_Tick();
+    EXPECT_TRUE(window->workKeeper().tmrRecovery.isRunning());
+    window->workKeeper().tmrRecovery_Tick();
     expectQuestion(ui::Answer::yes, "b");
     ASSERT_TRUE(crash());
     EXPECT_EQ(project().currentIndex(), 2);
@@ -56,7 +56,7 @@ TEST_F(Recovery, BringsBackTheOutlineAndTheOpenEditor) {
     // Nobody saved it yet, and it can be decided later.
     expectQuestion(ui::Answer::cancel, "b");
     EXPECT_FALSE(crash());
-    window->tmrRecovery_Tick();
+    window->workKeeper().tmrRecovery_Tick();
     test::writeBytes(folder / "p.tsp",
                      model::formatProject(test::titled({"newer"}), {}) + "?\r\n?\r\n");
     fs::last_write_time(folder / "p.tsp", fs::file_time_type::clock::now() + std::chrono::hours(1));
@@ -75,10 +75,10 @@ TEST_F(Recovery, BringsBackTheOutlineAndTheOpenEditor) {
 
 TEST_F(Recovery, IsForgottenWhenNothingIsLost) {
     load(test::titled({"a"}));
-    window->tmrRecovery_Tick();
+    window->workKeeper().tmrRecovery_Tick();
     EXPECT_FALSE(isKept()); // nothing to save
     project().markChanged(model::projectChanged);
-    window->tmrRecovery_Tick();
+    window->workKeeper().tmrRecovery_Tick();
     EXPECT_TRUE(isKept());
     prompter.expect({"Changes Made, Save Changes?", "Save - p.tsp", ui::Buttons::yesNoCancel,
                      ui::QuestionIcon::question},
@@ -89,7 +89,7 @@ TEST_F(Recovery, IsForgottenWhenNothingIsLost) {
     restart();
     load(test::titled({"a"}));
     project().markChanged(model::projectChanged);
-    window->tmrRecovery_Tick();
+    window->workKeeper().tmrRecovery_Tick();
     expectQuestion(ui::Answer::no, "a");
     EXPECT_FALSE(crash());
     EXPECT_FALSE(isKept());
@@ -100,35 +100,35 @@ TEST_F(Recovery, IsForgottenWhenNothingIsLost) {
 
 TEST_F(Recovery, DoesNotKeepWhatWasDiscardedInTheEditor) {
     load(test::titled({"a"}));
-    window->offerRecovery();
+    window->workKeeper().offer();
     window->openTopicEditor(1);
     window->editor()->txtBody.edit("not wanted", 0);
-    window->tmrRecovery_Tick();
+    window->workKeeper().tmrRecovery_Tick();
     EXPECT_TRUE(isKept());
-    window->tmrRecovery.stop();
+    window->workKeeper().tmrRecovery.stop();
     prompter.expect({"Changes Made, Save Changes?", "Save", ui::Buttons::yesNoCancel,
                      ui::QuestionIcon::question},
                     ui::Answer::no);
     EXPECT_TRUE(window->editor()->close());
     settle();
-    EXPECT_TRUE(window->tmrRecovery.isRunning());
-    window->tmrRecovery_Tick();
+    EXPECT_TRUE(window->workKeeper().tmrRecovery.isRunning());
+    window->workKeeper().tmrRecovery_Tick();
     EXPECT_FALSE(isKept());
 }
 
 TEST_F(Recovery, SaysThatItCannotKeepWorkAsLongAsThatIsSo) {
     load(test::titled({"a", "b"}));
-    window->offerRecovery();
+    window->workKeeper().offer();
     fs::create_directory(folder / "recovery-1.tsp"); // nothing can be written there
     project().markChanged(model::projectChanged);
-    EXPECT_TRUE(window->tmrRecovery.isRunning());
-    window->tmrRecovery_Tick();
+    EXPECT_TRUE(window->workKeeper().tmrRecovery.isRunning());
+    window->workKeeper().tmrRecovery_Tick();
     clickRow(window->lvLevels, 2);
     const std::string said = "Unsaved work cannot be kept";
     EXPECT_NE(window->lblStatus.caption().find(said), std::string::npos);
-    EXPECT_TRUE(window->tmrRecovery.isRunning()) << "it is not tried again";
+    EXPECT_TRUE(window->workKeeper().tmrRecovery.isRunning()) << "it is not tried again";
     fs::remove(folder / "recovery-1.tsp");
-    window->tmrRecovery_Tick();
+    window->workKeeper().tmrRecovery_Tick();
     EXPECT_EQ(window->lblStatus.caption().find(said), std::string::npos);
     EXPECT_TRUE(isKept());
 }
@@ -140,8 +140,8 @@ TEST_F(Recovery, ProgramsSideBySideKeepTheirOwn) {
         app::Recovery third(folder.path());
         EXPECT_FALSE(third.keep({"third", folder / "3.tsp"}));
         EXPECT_FALSE(third.leftBehind()) << "all are in use";
-        window->offerRecovery();
-        window->tmrRecovery_Tick();
+        window->workKeeper().offer();
+        window->workKeeper().tmrRecovery_Tick();
     }
     // Both were left behind by now.
     app::Recovery next(folder.path());

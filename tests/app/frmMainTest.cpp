@@ -164,7 +164,7 @@ TEST_F(frmMain, WhatIsUntouchedIsNotCompleted) {
     outline.at(1).fileName = outline.at(2).fileName = "";
     load(std::move(outline));
     press("Ctrl+F");
-    window->findDialog()->close();
+    window->search().dialog()->close();
     show(*window);
     press("Ctrl+S");
     enter(window->txtHelpNum);

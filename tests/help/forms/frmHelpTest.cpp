@@ -19,7 +19,7 @@ protected:
         test::writeBytes(helpFile, test::bytesOf(programs / "HTML Topicsmith.chm"));
     }
 
-    help::frmHelp& shown() { return *window->helpWindow(); }
+    help::frmHelp& shown() { return *window->programHelp().viewer(); }
     std::string waitFor(const char* text) { return waitForPage(shown().brwPage, text); }
     bool shows(const char* text) { return waitFor(text).find(text) != std::string::npos; }
     bool isSelected(const std::string& title) {
@@ -39,7 +39,7 @@ protected:
 
 TEST_F(frmHelp, ContentsOpensThePageOfTheMainWindow) {
     press("F1");
-    ASSERT_NE(window->helpWindow(), nullptr);
+    ASSERT_NE(window->programHelp().viewer(), nullptr);
     EXPECT_TRUE(shows("The window shows one project."));
     EXPECT_EQ(shown().caption(), "HTML Topicsmith - Help");
     EXPECT_TRUE(isSelected("The main window"));
@@ -69,7 +69,7 @@ TEST_F(frmHelp, ContentsOpensThePageOfTheMainWindow) {
     EXPECT_TRUE(shows("Welcome to HTML Topicsmith"));
     press("Esc");
     settle();
-    EXPECT_EQ(window->helpWindow(), nullptr);
+    EXPECT_EQ(window->programHelp().viewer(), nullptr);
 }
 
 TEST_F(frmHelp, IndexAndSearchFindPages) {
@@ -101,7 +101,7 @@ TEST_F(frmHelp, IndexAndSearchFindPages) {
 TEST_F(frmHelp, EveryWindowHasItsPage) {
     load(test::titled({"a"}));
     press("Ctrl+F");
-    click(window->findDialog()->cmdHelp);
+    click(window->search().dialog()->cmdHelp);
     EXPECT_TRUE(shows("opens the window Find"));
     // A dialog that waits does not keep its help from being read.
     show(*window);
@@ -206,7 +206,7 @@ TEST_F(frmHelp, WhatCannotBeReadIsSaid) {
     std::filesystem::remove(helpFile);
     expectUnreadable(helpFile, "The help file is missing:\n");
     EXPECT_TRUE(choose(*window, {"Help", "Help Index..."}));
-    EXPECT_EQ(window->helpWindow(), nullptr);
+    EXPECT_EQ(window->programHelp().viewer(), nullptr);
 
     // Another file that is none leaves the open one alone.
     test::writeBytes(helpFile, bytes);

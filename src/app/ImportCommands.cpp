@@ -1,0 +1,133 @@
+#include "app/ImportCommands.h"
+
+#include "app/FileKind.h"
+#include "app/StatusLine.h"
+#include "import/TextImport.h"
+#include "import/VbImport.h"
+#include "platform/Files.h"
+#include "text/CodePage.h"
+#include "ui/WaitCursor.h"
+
+namespace app {
+
+namespace fs = std::filesystem;
+using text::Text;
+using text::TextView;
+using ui::Prompter;
+
+namespace {
+
+constexpr const char* section = "Import";
+constexpr const char* key = "File Path";
+
+constexpr const char* topicsFilter = "Topicsmith Project Files (*.tsp)|*.tsp|All Files (*.*)|*.*";
+
+} // namespace
+
+ImportCommands::ImportCommands(CommandHost& host, model::Project& project,
+                               const ProjectSession& session, ui::Settings& settings,
+                               LastReport& lastReport)
+    : host_(host), project_(project), session_(session), settings_(settings),
+      lastReport_(lastReport) {}
+
+fs::path ImportCommands::folder() const {
+    const fs::path folder = settings_.path(section, key);
+    return folder.empty() ? session_.lastFolder() : folder;
+}
+
+/// The file's default extension is that of the pattern.
+std::optional<fs::path> ImportCommands::chooseFile(TextView title, const char* pattern,
+                                                   const char* filter) {
+    const auto file = Prompter::current().chooseFile(
+        &host_.window(), {ui::FileQuestion::Kind::open, Text(title), filter, 1, folder(), pattern,
+                          Text(pattern).substr(2)});
+    return file ? std::optional(platform::fullPath(*file)) : std::nullopt;
+}
+
+void ImportCommands::importText() {
+    host_.carryOut({}, [this] {
+        if (const auto file = chooseFile(importer::textImportTitle, "*.txt",
+                                         "Text Files (*.txt)|*.txt|All Files (*.*)|*.*")) {
+            importTextFile(*file);
+        }
+    });
+}
+
+void ImportCommands::importVbProject() {
+    host_.carryOut({}, [this] {
+        if (const auto file = chooseFile(importer::vbImportTitle, "*.vbp",
+                                         "VB Project Files (*.vbp)|*.vbp|All Files (*.*)|*.*")) {
+            importVbFile(*file);
+        }
+    });
+}
+
+void ImportCommands::importTopics() {
+    host_.carryOut({}, [this] {
+        if (const auto file = chooseFile(importer::topicImportTitle, "*.tsp", topicsFilter)) {
+            openDialog(*file);
+        }
+    });
+}
+
+void ImportCommands::openDialog(const fs::path& file) {
+    settings_.setPath(section, key, file.parent_path());
+    dialog_ = std::make_unique<importer::frmImport>(host_.window(), project_, file);
+    dialog_->Closed.connect([this] { ui::Window::discard(std::move(dialog_)); });
+    dialog_->Imported.connect([this](const importer::ImportOutcome& outcome) {
+        finish(outcome);
+        host_.updateCommands();
+    });
+    dialog_->show();
+    host_.status().setFailure(Trouble::input, dialog_->fill());
+}
+
+void ImportCommands::importTextFile(const fs::path& file) {
+    importer::ImportOutcome outcome;
+    {
+        const ui::WaitCursor busy;
+        outcome = importer::importText(project_, file);
+    }
+    if (!outcome.readError && !project_.outline().empty()) {
+        host_.showTopic(1);
+    }
+    finish(outcome);
+}
+
+void ImportCommands::importVbFile(const fs::path& file) {
+    importer::ImportOutcome outcome;
+    {
+        const ui::WaitCursor busy;
+        outcome = importer::importVbProject(project_, file);
+    }
+    finish(outcome);
+}
+
+void ImportCommands::finish(const importer::ImportOutcome& outcome) {
+    if (outcome.message) {
+        Prompter::current().tell(&host_.window(), *outcome.message);
+    }
+    host_.status().setFailure(Trouble::input, outcome.readError);
+    if (!outcome.readError) {
+        host_.status().notice(summary(outcome));
+    }
+    if (!outcome.skipped.empty()) {
+        lastReport_.show("Import Report", ui::mainWindowHelp, importer::report(outcome));
+    }
+}
+
+bool ImportCommands::takes(const fs::path& file) {
+    return hasExtension(file, ".txt") || hasExtension(file, ".vbp");
+}
+
+void ImportCommands::importDropped(const std::vector<fs::path>& files) {
+    for (const fs::path& file : files) {
+        if (takes(file)) {
+            host_.carryOut({}, [this, path = platform::fullPath(file)] {
+                hasExtension(path, ".txt") ? importTextFile(path) : importVbFile(path);
+            });
+        }
+    }
+}
+
+} // namespace app

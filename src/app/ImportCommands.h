@@ -1,0 +1,51 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "app/CommandHost.h"
+#include "app/LastReport.h"
+#include "app/ProjectSession.h"
+#include "import/forms/frmImport.h"
+
+namespace app {
+
+/// Takes topics from files of other kinds into the project, and tells what came of it.
+class ImportCommands {
+public:
+    /// Nothing is owned. The settings remember the folder.
+    ImportCommands(CommandHost& host, model::Project& project, const ProjectSession& session,
+                   ui::Settings& settings, LastReport& lastReport);
+
+    // Ask for the file.
+    void importText();
+    void importVbProject();
+    void importTopics(); ///< of another project of ours, with a dialog that stays open
+
+    /// Imports those of the files that are texts or Visual Basic projects, in their order.
+    void importDropped(const std::vector<std::filesystem::path>& files);
+    static bool takes(const std::filesystem::path& file);
+
+    /// For topics of another project, as long as it is open; null otherwise.
+    importer::frmImport* dialog() const { return dialog_.get(); }
+
+private:
+    std::filesystem::path folder() const;
+    std::optional<std::filesystem::path> chooseFile(text::TextView title, const char* pattern,
+                                                    const char* filter);
+    void importTextFile(const std::filesystem::path& file);
+    void importVbFile(const std::filesystem::path& file);
+    void openDialog(const std::filesystem::path& file);
+    void finish(const importer::ImportOutcome& outcome);
+
+    CommandHost& host_;
+    model::Project& project_;
+    const ProjectSession& session_;
+    ui::Settings& settings_;
+    LastReport& lastReport_;
+    std::unique_ptr<importer::frmImport> dialog_;
+};
+
+} // namespace app

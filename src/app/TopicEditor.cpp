@@ -1,0 +1,41 @@
+#include "app/TopicEditor.h"
+
+namespace app {
+
+TopicEditor::TopicEditor(ui::Window& owner, model::Project& project, ui::Settings& settings,
+                         std::filesystem::path programFolder)
+    : owner_(owner), project_(project), settings_(settings),
+      programFolder_(std::move(programFolder)) {}
+
+void TopicEditor::show() {
+    if (editor_ != nullptr && !editor_->isVisible()) {
+        // Just closed, perhaps by a command of its own that is still running.
+        editor_->Closed.disconnect();
+        ui::Window::discard(std::move(editor_));
+    }
+    if (editor_ == nullptr) {
+        editor_ = std::make_unique<editor::frmEditBody>(owner_, project_, settings_, memory_,
+                                                        programFolder_);
+        editor_->Closed.connect([this] {
+            ui::Window::discard(std::move(editor_));
+            Edited.raise();
+        });
+        editor_->Edited.connect([this] { Edited.raise(); });
+        editor_->Find.connect([this] { Find.raise(); });
+        editor_->FindNext.connect([this] { FindNext.raise(); });
+        editor_->Raised.connect([this] { Raised.raise(); });
+        const model::Topic& topic = project_.outline().at(project_.currentIndex());
+        editor_->setCaption("Edit Topic - " + topic.title);
+    }
+    editor_->showUnfocused();
+}
+
+bool TopicEditor::close() {
+    return !isOpen() || editor_->close();
+}
+
+bool TopicEditor::store() {
+    return !isOpen() || editor_->offerSave();
+}
+
+} // namespace app
