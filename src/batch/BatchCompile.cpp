@@ -100,6 +100,7 @@ ExitCode compileOwn(BatchSession& session, const CommandLine& arguments,
     }
     options.output = output;
     options.otherFolder = project.projectPath().parent_path();
+    options.fullTextSearch = true;
     options.title = text::toUtf8(text::oneLine(project.options().projectName));
     return compileWorkshop(session, workshopFile, options, isQuiet);
 }

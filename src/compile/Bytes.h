@@ -36,4 +36,12 @@ inline void appendPacked(std::string& bytes, std::uint64_t number) {
     bytes.push_back(static_cast<char>(number & 0x7FU));
 }
 
+/// Seven bits a byte, the lowest ones first.
+inline void appendLowFirst(std::string& bytes, std::uint64_t number) {
+    for (; number > 0x7FU; number >>= 7U) {
+        bytes.push_back(static_cast<char>(number | 0x80U));
+    }
+    bytes.push_back(static_cast<char>(number));
+}
+
 } // namespace compile

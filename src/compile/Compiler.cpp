@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "compile/Contexts.h"
+#include "compile/FullTextSearch.h"
 #include "compile/HelpIndex.h"
 #include "compile/HelpTopics.h"
 #include "compile/HelpWindows.h"
@@ -27,15 +28,17 @@ class Compilation {
 public:
     Compilation(ProjectInput input, const CompileOptions& options, Messages& messages)
         : input_(std::move(input)), options_(options), messages_(messages),
+          search_(options.fullTextSearch || said().fullTextSearch, said().codePage),
           container_({said().language, 0, options.jobs, options.progress, options.stop}),
           files_({input_.folder, input_.shownFolder, said().codePage, said().flat,
-                  options.otherFolder},
+                  options.otherFolder, search_.pageReader()},
                  container_, messages),
           encoder_(said().codePage, messages), topics_(files_, encoder_, strings_) {}
 
     /// The help's bytes; nothing when it was stopped or cannot be made.
     std::optional<std::string> run() {
         files_.noteTime(input_.file);
+        search_.readStopList(said().stopList, placeOf(said().stopList), files_, messages_);
         readSitemaps();
         nameFiles();
         if (!files_.readAll(options_.stop)) {
@@ -249,10 +252,9 @@ private:
     }
 
     void packTables() {
-        if (said().fullTextSearch) {
-            messages_.note({input_.shown}, "an index for the full text search is not written yet");
-        }
+        const std::string search = search_.table(files_, topics_, said(), messages_);
         SystemFacts system = facts();
+        system.fullTextSearch = !search.empty();
         completeWindows(windows_, system);
         if (const std::string& name = said().defaultWindow.text;
             !putFirst(windows_, name) && !name.empty()) {
@@ -276,7 +278,7 @@ private:
         packTree("/$WWKeywordLinks/", keywordTree_);
         packTree("/$WWAssociativeLinks/", associative);
         container_.add("/$OBJINST", wordBreaker(said().language));
-        container_.add("/$FIftiMain", {});
+        container_.add("/$FIftiMain", search);
         if (hasBinaryContents_) {
             container_.add("/#TOCIDX", contentsBytes_);
         }
@@ -311,6 +313,7 @@ private:
     ProjectInput input_;
     const CompileOptions& options_;
     Messages& messages_;
+    FullTextSearch search_;
     Container container_;
     SourceFiles files_;
     TextEncoder encoder_;

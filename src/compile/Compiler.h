@@ -19,6 +19,7 @@ struct CompileOptions {
     std::string title = {};                 ///< in UTF-8; empty: the project's
     std::optional<std::int64_t> time = {};  ///< seconds since 1970; nothing: the newest input's
     unsigned jobs = 0;                      ///< threads; 0: one a processor
+    bool fullTextSearch = false;            ///< also where the project does not ask for it
     bool strict = false;                    ///< nothing is written after a warning
     Progress progress = {};                 ///< of the compression; on the caller's thread
     std::stop_token stop = {};

@@ -8,8 +8,9 @@ namespace compile {
 
 namespace {
 
-/// Contents, index and search, and the buttons that most help files show.
-constexpr std::uint32_t usualProperties = 0x63520;
+/// Contents, index and favourites, and the buttons that most help files show.
+constexpr std::uint32_t usualProperties = 0x43120;
+constexpr std::uint32_t searchProperties = 0x20400; ///< the tab, and that it knows operators
 constexpr std::uint32_t usualButtons = 0x304E;
 
 } // namespace
@@ -52,7 +53,7 @@ void completeWindows(std::vector<WindowRow>& windows, const SystemFacts& facts) 
     if (windows.empty()) {
         WindowRow& window = windows.emplace_back();
         window.name = "main";
-        window.properties = usualProperties;
+        window.properties = usualProperties | (facts.fullTextSearch ? searchProperties : 0);
         window.buttons = usualButtons;
     }
     for (WindowRow& window : windows) {

@@ -371,8 +371,11 @@ void SourceFiles::read(std::size_t index) {
 }
 
 void SourceFiles::readPageFile(std::size_t index, const std::string& bytes) {
-    workshop::PageFacts facts =
-        workshop::readPage(workshop::decodedPage(bytes, settings_.codePage));
+    const std::string html = workshop::decodedPage(bytes, settings_.codePage);
+    workshop::PageFacts facts = workshop::readPage(html);
+    if (settings_.onPage) {
+        settings_.onPage(index, html);
+    }
     const Address base = splitAddress(facts.base);
     const auto addresses = std::exchange(facts.addresses, {});
     files_[index].facts = std::move(facts);

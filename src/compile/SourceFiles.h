@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -53,6 +54,8 @@ public:
         unsigned codePage = 1252;
         bool flat = false;                      ///< names are packed without folders
         std::filesystem::path otherFolder = {}; ///< in which is looked, too; empty for none
+        /// Is told of each page that is packed, in their order; `html` is in UTF-8.
+        std::function<void(std::size_t file, std::string_view html)> onPage = {};
     };
 
     SourceFiles(Settings settings, Container& container, Messages& messages);
@@ -80,6 +83,8 @@ public:
     std::string shown(const std::string& relative) const {
         return settings_.shownFolder + relative;
     }
+
+    unsigned codePage() const { return settings_.codePage; }
 
     /// When the youngest of all files was changed.
     std::chrono::sys_seconds newest() const { return newest_; }

@@ -262,6 +262,7 @@ TEST_F(CompilerTest, ForeignReadersShowTheSameAsOurs) {
     write("p.hhp", workshop);
     CompileOptions options{folder / "p.chm"};
     options.title = "\u00DCber alles";
+    options.fullTextSearch = true;
     const CompileOutcome outcome = compile("p.hhp", options);
     EXPECT_EQ(messagesOf(outcome), (Lines{"p.hhk:0: note: a keyword has more pages than a binary "
                                           "index can hold for one"}));
