@@ -9,6 +9,15 @@
 
 namespace test {
 
+/// Mark-up of all kinds that asks for something as soon as it is shown; the addresses begin so.
+inline std::string pageThatAsks(const std::string& address) {
+    return "<p>asking</p><div><link rel='stylesheet' type='text/css' href='" + address
+           + "a.css'></div><style>@import '" + address + "b.css'; p { background: url(" + address
+           + "c.png) }</style><img src='" + address + "d.png'><iframe src='" + address
+           + "e.htm'></iframe><object data='" + address + "f.swf'></object><p background='"
+           + address + "g.png'></p>";
+}
+
 /// A machine on the network, for tests that nobody asks it: it is this one.
 class Listener {
 public:
@@ -33,15 +42,6 @@ public:
     bool wasAsked() const {
         pollfd calls{socket_, POLLIN, 0};
         return ::poll(&calls, 1, 0) != 0;
-    }
-
-    /// Mark-up of all kinds that asks for something as soon as it is shown.
-    std::string page() const {
-        return "<p>asking</p><link rel='stylesheet' type='text/css' href='" + address_
-               + "a.css'><style>@import '" + address_ + "b.css'; p { background: url(" + address_
-               + "c.png) }</style><img src='" + address_ + "d.png'><iframe src='" + address_
-               + "e.htm'></iframe><object data='" + address_ + "f.swf'></object><p background='"
-               + address_ + "g.png'></p>";
     }
 
 private:

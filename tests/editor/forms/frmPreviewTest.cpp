@@ -3,6 +3,7 @@
 #ifndef _WIN32
 #include <sys/stat.h>
 
+#include "faults/Looks.h"
 #include "support/Listener.h"
 #endif
 
@@ -149,10 +150,15 @@ TEST_F(frmPreview, HostilePagesAndPicturesAreBounded) {
 #ifndef _WIN32
 TEST_F(frmPreview, AsksNothingOfTheNetwork) {
     const test::Listener network;
-    preview(network.page());
+    const test::TemporaryFolder share; // its machine would notice who only looks for a file
+    writePicture("watched.bmp", 2000);
+    test::watchLooks("watched");
+    preview("<img src='..\\images\\watched.bmp'>" + test::pageThatAsks(network.address())
+            + test::pageThatAsks(share / "watched-"));
     EXPECT_NE(waitForPage(shown().brwPreview, "asking").find("asking"), std::string::npos);
     EXPECT_FALSE(waitForPageHeight(shown().brwPreview, 100000, 1000)); // it had its time
     EXPECT_FALSE(network.wasAsked());
+    EXPECT_EQ(test::takeLooks(), std::set<std::string>{folder / "images/watched.bmp"});
 }
 #endif
 

@@ -4,6 +4,7 @@
 #include "platform/Files.h"
 #include "support/HelpCompiler.h"
 #ifndef _WIN32
+#include "faults/Looks.h"
 #include "support/Listener.h"
 #endif
 
@@ -128,17 +129,22 @@ TEST_F(frmHelp, AsksNothingOfTheNetwork) {
     }
     const test::Listener network;
     test::writeBytes(folder / "start.htm", "<html><head><title>t</title></head><body>"
-                                               + network.page() + "</body></html>");
+                                               + test::pageThatAsks(network.address())
+                                               + test::pageThatAsks("file:///tmp/watched-")
+                                               + test::pageThatAsks("/tmp/watched-")
+                                               + "</body></html>");
     test::writeBytes(folder / "t.hhp",
                      "[OPTIONS]\r\nCompiled file=program/other.chm\r\nDefault "
                      "topic=start.htm\r\nTitle=t\r\n\r\n[FILES]\r\nstart.htm\r\n");
     test::compileHelp(folder / "t.hhp");
     press("F1");
     show(shown());
+    test::watchLooks("watched");
     EXPECT_TRUE(shown().openBook(folder / "program/other.chm"));
     EXPECT_TRUE(shows("asking"));
     EXPECT_FALSE(waitForPageHeight(shown().brwPage, 100000, 1000)); // it had its time
     EXPECT_FALSE(network.wasAsked());
+    EXPECT_EQ(test::takeLooks(), std::set<std::string>());
 }
 #endif
 
