@@ -2,19 +2,25 @@
 
 #include <exception>
 #include <new>
+#include <system_error>
 #include <utility>
 
 #include "platform/Files.h"
 
 namespace app {
 
-HelpCompilation::HelpCompilation(std::filesystem::path workshopFile,
-                                 compile::CompileOptions options)
-    : thread_([this, file = std::move(workshopFile),
-               given = std::move(options)](const std::stop_token& stop) {
-          run(file, given, stop);
-          done_ = true;
-      }) {}
+HelpCompilation::HelpCompilation(const std::filesystem::path& workshopFile,
+                                 const compile::CompileOptions& options) {
+    try {
+        thread_ = std::jthread([this, workshopFile, options](const std::stop_token& stop) {
+            run(workshopFile, options, stop);
+            done_ = true;
+        });
+    } catch (const std::system_error&) {
+        fail(platform::utf8FromPath(workshopFile), "the system has no thread left to compile it");
+        done_ = true;
+    }
+}
 
 HelpCompilation::~HelpCompilation() = default;
 

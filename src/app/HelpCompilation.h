@@ -11,8 +11,10 @@ namespace app {
 /// The compilation of a workshop's project on a thread of its own.
 class HelpCompilation {
 public:
-    /// Begins at once. The options' own progress and stop are not used.
-    HelpCompilation(std::filesystem::path workshopFile, compile::CompileOptions options);
+    /// Begins at once, or is done at once where that fails. The options' own progress and stop are
+    /// not used.
+    HelpCompilation(const std::filesystem::path& workshopFile,
+                    const compile::CompileOptions& options);
 
     /// Cancels what is not done yet, and waits for its end.
     ~HelpCompilation();

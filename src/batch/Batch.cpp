@@ -85,7 +85,7 @@ ExitCode runCommand(BatchSession& session, const Arguments& arguments) {
 } // namespace
 
 ExitCode usageError(BatchSession& session, const std::string& problem) {
-    session.console.err() << "topicsmith-batch: " << problem << "\n\n";
+    session.console.err() << session.program << ": " << problem << "\n\n";
     printUsage(session.console.err());
     return exitUsage;
 }
@@ -93,7 +93,7 @@ ExitCode usageError(BatchSession& session, const std::string& problem) {
 ExitCode runBatch(BatchSession& session, const Arguments& arguments) {
     const ExitCode code = runCommand(session, arguments);
     if (!session.console.delivered()) {
-        session.console.err() << "topicsmith-batch: the output could not be written\n";
+        session.console.err() << session.program << ": the output could not be written\n";
         return code == exitDone ? exitFailed : code;
     }
     return code;

@@ -49,6 +49,7 @@ enum ExitCode {
 struct BatchSession {
     Console& console;
     std::filesystem::path programFolder;
+    const char* program = "topicsmith-batch";    ///< stands before what it says of itself
     std::optional<model::ProjectLock> lock = {}; ///< of the project that the command changes
     std::optional<std::int64_t> sourceTime = {}; ///< to be written in place of the files' own times
     bool isAtTerminal = false;                   ///< somebody sees the messages as they come

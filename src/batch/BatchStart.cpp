@@ -27,19 +27,19 @@ std::optional<std::int64_t> sourceTime() {
 
 } // namespace
 
-int startBatch(int argc, char* argv[], int failed,
+int startBatch(int argc, char* argv[], const char* program, int failed,
                int (*run)(BatchSession& session, const Arguments& arguments)) {
     try {
         platform::turnSizeLimitIntoError();
         platform::useStreamsForUtf8();
         std::ios::sync_with_stdio(false);
         Console console(std::cout, std::cerr);
-        BatchSession session{console, platform::programFolder()};
+        BatchSession session{console, platform::programFolder(), program};
         session.sourceTime = sourceTime();
         session.isAtTerminal = platform::isAtTerminal();
         return run(session, platform::programArguments(argc, argv));
     } catch (const std::bad_alloc&) {
-        std::cerr << "topicsmith-batch: not enough memory for";
+        std::cerr << program << ": not enough memory for";
         for (int i = 1; i < argc; ++i) {
             std::cerr << ' ' << argv[i];
         }
@@ -47,7 +47,7 @@ int startBatch(int argc, char* argv[], int failed,
         return failed;
     } catch (const std::exception& exception) {
         // Memory or the standard library's file calls; nothing of ours throws.
-        std::cerr << "topicsmith-batch: " << exception.what() << '\n';
+        std::cerr << program << ": " << exception.what() << '\n';
         return failed;
     }
 }

@@ -2,5 +2,6 @@
 #include "batch/BatchStart.h"
 
 int main(int argc, char* argv[]) {
-    return batch::startBatch(argc, argv, batch::hhcFailed, batch::runLikeWorkshop);
+    return batch::startBatch(argc, argv, "topicsmith-hhc", batch::hhcFailed,
+                             batch::runLikeWorkshop);
 }
