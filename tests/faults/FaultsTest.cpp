@@ -1,10 +1,12 @@
 #include <sys/mount.h>
 #include <unistd.h>
 
+#include "app/HelpCompilation.h"
 #include "app/MainWindowFixture.h"
 #include "faults/FaultyFiles.h"
 #include "generate/Documentation.h"
 #include "generate/GenerationRun.h"
+#include "platform/Files.h"
 #include "text/CodePage.h"
 
 using namespace ui::testing;
@@ -35,7 +37,6 @@ protected:
     template <typename Act, typename Check>
     void withEveryFault(const Act& act, const Check& check,
                         std::initializer_list<int> errors = {ENOSPC, EIO, EACCES, EDQUOT}) {
-        bool forGood = false;
         for (const int error : errors) {
             forGood = !forGood;
             int n = 1;
@@ -68,6 +69,7 @@ protected:
 
     const fs::path file = folder / "work" / "p.tsp";
     std::string before;
+    bool forGood = false;
     model::TopicOutline changed;
 };
 
@@ -163,6 +165,41 @@ TEST_F(Faults, AWriteProtectedProjectIsNotReplaced) {
     EXPECT_EQ(error, std::errc::permission_denied);
     EXPECT_EQ(test::bytesOf(file), before);
     EXPECT_TRUE(project.dataChanged());
+}
+
+TEST_F(Faults, WhereAListOfRightsIsLostOnlyTheOwnerIsLeft) {
+    for (const char* call : {"getxattr", "fsetxattr", "fremovexattr"}) {
+        Project project;
+        change(project);
+        test::writeBytes(file, before);
+        fs::permissions(file, fs::perms(0664));
+        test::failToCopyRights((folder / "work").c_str(), call);
+        EXPECT_FALSE(model::saveProject(project, file, model::Overwrite::anything));
+        test::takeFault();
+        EXPECT_EQ(fs::status(file).permissions(), fs::perms(0600)) << call;
+    }
+}
+
+TEST_F(Faults, WhatCannotBeWrittenWhereItLiesIsPutBack) {
+    const fs::path copy = folder / "work/copy";
+    std::error_code error;
+    withEveryFault([&](Project&) { error = platform::overwriteFile(file, "new\x80", copy); },
+                   [&](const Project&, bool happened) {
+                       EXPECT_EQ(static_cast<bool>(error), happened);
+                       const std::string now = test::bytesOf(file);
+                       EXPECT_TRUE(now == before || test::bytesOf(copy) == before);
+                       EXPECT_TRUE(forGood || now == (happened ? before : "new\x80"));
+                   });
+}
+
+TEST_F(Faults, ACompilationWithoutAThreadHasFailed) {
+    test::refuseThreads();
+    const app::HelpCompilation compilation(folder / "p.hhp", {});
+    test::takeFault();
+    ASSERT_TRUE(compilation.isDone());
+    EXPECT_FALSE(compilation.outcome().isWritten);
+    ASSERT_EQ(compilation.outcome().messages.size(), 1U);
+    EXPECT_EQ(compilation.outcome().messages[0].severity, workshop::Severity::error);
 }
 
 TEST_F(Faults, AClosedFoldersFileIsWrittenWhereItLiesWhenTheAuthorWantsThat) {

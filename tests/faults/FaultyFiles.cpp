@@ -5,9 +5,11 @@
 #include <cstdarg>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <pthread.h>
 #include <string_view>
 #include <sys/stat.h>
 #include <sys/types.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 #include <utility>
 
@@ -26,6 +28,8 @@ bool onlyReading = false;
 bool inPieces = false;
 bool interrupted = false;
 bool recording = false;
+bool withoutThreads = false;
+std::string failingCall;
 std::string operations;
 
 /// Whether this operation is to fail.
@@ -40,6 +44,14 @@ bool fails(const char* operation, bool reading = false) {
     countdown = lasting ? 1 : 0;
     happened = true;
     errno = errorNumber;
+    return true;
+}
+
+bool failsAlways(std::string_view call) {
+    if (failingCall != call) {
+        return false;
+    }
+    errno = EPERM;
     return true;
 }
 
@@ -158,6 +170,39 @@ int mkdir(const char* path, mode_t mode) noexcept {
                                               : real<int(const char*, mode_t)>("mkdir")(path, mode);
 }
 
+ssize_t getxattr(const char* path, const char* name, void* value, size_t size) noexcept {
+    constexpr std::string_view list = "\x02";
+    const bool isList = std::string_view(name) == "system.posix_acl_access" && isWatched(path);
+    if (isList && failingCall == "getxattr") {
+        errno = EIO;
+        return -1;
+    }
+    return isList && failingCall == "fsetxattr"
+               ? static_cast<ssize_t>(list.copy(static_cast<char*>(value), size))
+               : real<ssize_t(const char*, const char*, void*, size_t)>("getxattr")(path, name,
+                                                                                    value, size);
+}
+
+int fsetxattr(int file, const char* name, const void* value, size_t size, int flags) noexcept {
+    return isIn(writtenFiles, file) && failsAlways("fsetxattr")
+               ? -1
+               : real<int(int, const char*, const void*, size_t, int)>("fsetxattr")(
+                   file, name, value, size, flags);
+}
+
+int fremovexattr(int file, const char* name) noexcept {
+    return isIn(writtenFiles, file) && failsAlways("fremovexattr")
+               ? -1
+               : real<int(int, const char*)>("fremovexattr")(file, name);
+}
+
+int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*start)(void*),
+                   void* argument) noexcept {
+    using Create = int(pthread_t*, const pthread_attr_t*, void* (*)(void*), void*);
+    return withoutThreads ? EAGAIN
+                          : real<Create>("pthread_create")(thread, attributes, start, argument);
+}
+
 int rename(const char* from, const char* to) noexcept {
     return isWatched(to) && fails("rename")
                ? -1
@@ -195,14 +240,24 @@ void closeFolder(const char* folder) {
     closedFolder = folder;
 }
 
+void failToCopyRights(const char* folder, const char* call) {
+    injectFault(folder, 0, false);
+    failingCall = call;
+}
+
+void refuseThreads() {
+    withoutThreads = true;
+}
+
 bool takeFault() {
     watchedFolder.clear();
+    failingCall.clear();
     closedFolder.clear();
     writtenFiles.reset();
     readFiles.reset();
     folders.reset();
     countdown = 0;
-    recording = inPieces = false;
+    recording = inPieces = withoutThreads = false;
     return happened;
 }
 

@@ -24,6 +24,13 @@ void writeInPieces();
 /// No file can be made in a folder.
 void closeFolder(const char* folder);
 
+/// What keeps a list of rights from going over to the new file: "getxattr", "fsetxattr" or
+/// "fremovexattr" fails; otherwise files in a folder have a list when one is to be copied.
+void failToCopyRights(const char* folder, const char* call);
+
+/// No thread can be started.
+void refuseThreads();
+
 /// Ends that; true when a fault has happened.
 bool takeFault();
 
