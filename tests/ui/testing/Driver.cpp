@@ -1,16 +1,20 @@
 #include "ui/testing/Driver.h"
 
+#include <algorithm>
 #include <set>
 
 #include <QAbstractButton>
+#include <QAbstractTextDocumentLayout>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPlainTextEdit>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
+#include <QTextBlock>
 #include <QTimer>
 #include <QToolButton>
 
@@ -234,6 +238,17 @@ std::string backgroundOf(const Control& control) {
 
 int caretOf(const TextBox& box) {
     return static_cast<QLineEdit&>(widgetOf(box)).cursorPosition();
+}
+
+LineLook lookOfLastLine(const TextBox& box) {
+    const QTextDocument& document = *static_cast<QPlainTextEdit&>(widgetOf(box)).document();
+    const QTextBlock line = document.lastBlock();
+    document.documentLayout()->blockBoundingRect(line); // is laid out now
+    LineLook look{line.layout()->lineAt(0).textLength(), 0};
+    for (const QTextLayout::FormatRange& range : line.layout()->formats()) {
+        look.coloured = std::max(look.coloured, range.start + range.length);
+    }
+    return look;
 }
 
 } // namespace ui::testing

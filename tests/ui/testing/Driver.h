@@ -167,6 +167,13 @@ bool isMarkedChanged(Window& window);
 /// The box's caret, as a position in the text.
 int caretOf(const TextBox& box);
 
+/// How the last line of a box for several lines is drawn, in characters.
+struct LineLook {
+    int beforeBreak; ///< what has room before it is broken
+    int coloured;    ///< to where there are colours
+};
+LineLook lookOfLastLine(const TextBox& box);
+
 /// Answers questions in the order in which they were foreseen. An unforeseen one, or one that did
 /// not come, fails the test.
 class ScriptedPrompter : public Prompter {
