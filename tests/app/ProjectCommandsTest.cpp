@@ -15,10 +15,7 @@ namespace {
 constexpr const char* projectFilter =
     "Topicsmith Project Files (*.tsp)|*.tsp|Text Files (*.txt)|*.txt|All Files (*.*)|*.*";
 
-constexpr const char* workshopFilter =
-    "Help Workshop Files (*.hhp)|*.hhp|Text Files (*.txt)|*.txt|All Files (*.*)|*.*";
-
-/// New, Open, Save, generation and Exit in the main window.
+/// New, Open, Save and Exit in the main window.
 class ProjectCommands : public test::MainWindow {
 protected:
     void expectSaveQuestion(const char* file, Answer answer) {
@@ -245,151 +242,6 @@ TEST_F(ProjectCommands, AFileCutInsideATextIsOpenedWithAWord) {
     EXPECT_NE(window->lblStatus.caption().find("was cut"), std::string::npos);
 }
 
-TEST_F(ProjectCommands, GenerationRepairsReportsAndSaves) {
-    prompter.expect({"No Help Topic Files Found - Nothing to Generate", "Generate Help Files",
-                     Buttons::ok, QuestionIcon::none});
-    EXPECT_TRUE(pressButton(*window, "Generate Help Files"));
-    prompter.verify();
-    auto outline = titled({"a", "b"});
-    outline.at(2).fileName = "A.htm";
-    outline.at(2).contextNumber = "7";
-    outline.at(2).status = "C";
-    outline.at(1).body = "";
-    test::writeBytes(folder / "my.first.tsp", model::formatProject(outline, {}));
-    open(folder / "my.first.tsp");
-    clickRow(window->lvLevels, 2);
-    const FileQuestion question{FileQuestion::Kind::save,
-                                "Generate Help Workshop Files",
-                                workshopFilter,
-                                1,
-                                folder.path(),
-                                "my.hhp",
-                                "hhp",
-                                false};
-    prompter.expect(question, std::nullopt);
-    EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Help Files"}));
-    EXPECT_FALSE(fs::exists(folder / "html"));
-    prompter.expect(question, folder / "help.hhp");
-    EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Help Files"}));
-    EXPECT_EQ(cellText(window->lvLevels, 2, 3), "A 1.htm");
-    EXPECT_EQ(window->txtFilename.text(), "A 1.htm");
-    EXPECT_EQ(window->txtHelpNum.text(), "");
-    EXPECT_EQ(titles(), "a:E b:");
-    EXPECT_TRUE(fs::exists(folder / "html" / "A 1.htm"));
-    EXPECT_FALSE(project().dataChanged());
-    EXPECT_NE(test::bytesOf(folder / "my.first.tsp").find("A 1.htm"), std::string::npos);
-
-    ASSERT_TRUE(ui::Window::isOpen(app::dlgReport::windowName));
-    app::dlgReport& report = *window->lastReport().window();
-    EXPECT_EQ(report.caption(), "Generation Report");
-    EXPECT_EQ(report.txtReport.text(),
-              "Output to:\r\n" + std::string(folder / "help.hhp")
-                  + "\r\n\r\nProblem with Topic Context:\r\n"
-                    "INCOMPLETE CONTEXT in 'b', Both Context Values Cleared\r\n"
-                    "\r\nDuplicate Topic Filenames:\r\nA.htm is renamed A 1.htm\r\n"
-                    "\r\nTotal Help Topics: 2\r\n"
-                    "\r\nCompleted Help Topics: 1\r\nIncomplete Help Topics: 1\r\n"
-                    "Internet-Web Links: 0\r\nHelp Topics with Context IDs: 0\r\n"
-                    "\r\nGeneration Complete.");
-    click(report.OKButton);
-    EXPECT_FALSE(ui::Window::isOpen(app::dlgReport::windowName));
-    EXPECT_EQ(window->lastReport().window(), nullptr);
-    show(*window);
-    window->lvLevels.setFocus();
-    press("Ctrl+Z"); // the repairs as one step
-    EXPECT_EQ(topic(2).fileName, "A.htm");
-    EXPECT_EQ(topic(2).contextNumber, "7");
-    EXPECT_TRUE(project().dataChanged());
-}
-
-TEST_F(ProjectCommands, GenerationAsksOnceBeforeItOverwritesEditedPages) {
-    test::writeBytes(folder / "a.tsp", model::formatProject(titled({"a", "b", "c"}), {}));
-    open(folder / "a.tsp");
-    const auto expectName = [this] {
-        prompter.expect(FileQuestion{FileQuestion::Kind::save, "Generate Help Workshop Files",
-                                     workshopFilter, 1, folder.path(), "a.hhp", "hhp", false},
-                        folder / "a.hhp");
-    };
-    const auto generate = [this] {
-        EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Help Files"}));
-        prompter.verify();
-    };
-    const auto edit = [this](const char* page, const char* from, const char* to) {
-        std::string bytes = test::bytesOf(folder / "html" / page);
-        bytes.replace(bytes.find(from), std::string(from).size(), to);
-        test::writeBytes(folder / "html" / page, bytes);
-    };
-    const auto expectQuestion = [this, &expectName](const std::string& pages, Answer answer) {
-        expectName();
-        prompter.expect({pages, "Generate Help Files", Buttons::yesNoCancel,
-                         QuestionIcon::exclamation, "&Synchronize First", "&Overwrite"},
-                        answer);
-    };
-    const std::string one = "1 page would be overwritten that may hold what the project lacks:\r\n"
-                            "\r\na.htm: was edited since it was generated";
-    for (int i = 0; i < 2; ++i) { // without a question
-        expectName();
-        generate();
-    }
-    edit("a.htm", "text",
-         "\xC9"
-         "dited");
-    expectQuestion(one, Answer::cancel);
-    generate();
-    EXPECT_EQ(topic(1).body, "text");
-    expectQuestion(one, Answer::yes);
-    generate();
-    EXPECT_EQ(topic(1).body, "\xC9"
-                             "dited");
-    EXPECT_EQ(titles(), "a: b: c:");
-
-    edit("a.htm", "dited", "dited again");
-    edit("b.htm", "*Do Not Remove* [", "[");
-    const std::string damaged =
-        "\r\n\r\nb.htm: the marker lines around its text are missing or damaged";
-    expectQuestion("2 pages would be overwritten that may hold what the project lacks:\r\n\r\n"
-                   "a.htm: was edited since it was generated"
-                       + damaged.substr(2),
-                   Answer::yes);
-    prompter.expect({"Nothing was generated, because 1 page could not be taken back:" + damaged,
-                     "Generate Help Files", Buttons::ok, QuestionIcon::exclamation});
-    generate();
-    EXPECT_EQ(titles(), "a:S b: c:");
-    expectQuestion("1 page would be overwritten that may hold what the project lacks:" + damaged,
-                   Answer::no);
-    generate();
-    EXPECT_EQ(titles(), "a: b: c:");
-    expectName();
-    generate();
-}
-
-/// The help workshop's files are in its code page.
-TEST_F(ProjectCommands, NamesThatTheWorkshopCannotReadAreNeitherProposedNorTaken) {
-    const fs::path file = folder / fs::path(u8"помощь.tsp");
-    test::writeBytes(file, model::formatProject(titled({"a"}), {}));
-    open(file);
-    const auto expectName = [this](fs::path answer) {
-        prompter.expect(FileQuestion{FileQuestion::Kind::save, "Generate Help Workshop Files",
-                                     workshopFilter, 1, folder.path(), "help.hhp", "hhp", false},
-                        std::move(answer));
-    };
-    expectName(folder / fs::path(u8"é помощь.hhp"));
-    prompter.expect({"\xE9 ??????.hhp: has a character in its name that the help workshop does not "
-                     "know",
-                     "Generate Help Files", Buttons::ok, QuestionIcon::exclamation});
-    EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Help Files"}));
-    expectName(folder / "a.hhk");
-    prompter.expect({"a.hhk: is the name of a generated file; choose another output",
-                     "Generate Help Files", Buttons::ok, QuestionIcon::exclamation});
-    EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Help Files"}));
-    EXPECT_FALSE(fs::exists(folder / "html"));
-    prompter.expect(FileQuestion{FileQuestion::Kind::save, "Generate Help Documentation as HTML",
-                                 "HTML Files (*.htm)|*.htm||All Files (*.*)|*.*", 1, folder.path(),
-                                 fs::path(u8"помощь.htm"), "htm"},
-                    std::nullopt);
-    EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Documentation"}));
-}
-
 TEST_F(ProjectCommands, AnotherProgramsFolderIsOnlyWhereItOpensFiles) {
     fs::create_directory(folder / "own");
     fs::create_directory(folder / "others");
@@ -422,24 +274,4 @@ TEST_F(ProjectCommands, AnotherProgramsFolderIsOnlyWhereItOpensFiles) {
     show(*window);
     expectOpen(folder / "others", {});
     press("Ctrl+O");
-}
-
-TEST_F(ProjectCommands, DocumentationTakesItsPicturesFromTheProjectsFolder) {
-    prompter.expect({"No Help Topic Files Found - Nothing to Generate", "Generate Documentation",
-                     Buttons::ok, QuestionIcon::none});
-    EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Documentation"}));
-    auto outline = titled({"a"});
-    outline.at(1).body = "<img src='..\\images\\x.jpg'>";
-    test::writeBytes(folder / "a.tsp", model::formatProject(outline, {}));
-    open(folder / "a.tsp");
-    prompter.expect(FileQuestion{FileQuestion::Kind::save, "Generate Help Documentation as HTML",
-                                 "HTML Files (*.htm)|*.htm||All Files (*.*)|*.*", 1, folder.path(),
-                                 "a.htm", "htm"},
-                    folder / "document.htm");
-    prompter.expect({"HTML Documentation Generation is Complete", "Documentation", Buttons::ok,
-                     QuestionIcon::none});
-    EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Documentation"}));
-    EXPECT_NE(
-        test::bytesOf(folder / "document.htm").find(std::string(folder.path()) + "\\images\\x"),
-        std::string::npos);
 }

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <sstream>
+
+#include "batch/Batch.h"
+#include "support/TestFiles.h"
+
+namespace test {
+
+/// Runs commands of the batch program in a folder of the test's own.
+class Batch : public ::testing::Test {
+protected:
+    batch::ExitCode run(const batch::Arguments& arguments) {
+        std::ostringstream out;
+        std::ostringstream err;
+        batch::Console console(out, err);
+        batch::BatchSession session{console, programFolder};
+        const batch::ExitCode code = runBatch(session, arguments);
+        output = out.str();
+        errors = err.str();
+        return code;
+    }
+
+    std::string save(const std::filesystem::path& name, const model::TopicOutline& outline,
+                     const model::ProjectOptions& options = {}) {
+        writeBytes(folder / name, model::formatProject(outline, options));
+        return folder / name;
+    }
+
+    TemporaryFolder folder;
+    std::filesystem::path programFolder = TOPICSMITH_PROGRAM_FOLDER;
+    std::string output;
+    std::string errors;
+};
+
+} // namespace test
