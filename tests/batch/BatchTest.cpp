@@ -2,6 +2,7 @@
 
 #include "batch/BatchCompile.h"
 #include "batch/BatchFixture.h"
+#include "batch/BatchStart.h"
 #include "compile/Container.h"
 
 using namespace batch;
@@ -241,6 +242,16 @@ TEST_F(BatchTest, OutputThatDoesNotArriveIsAFailure) {
     Console console(full, err);
     BatchSession session{console, {}};
     EXPECT_EQ(runBatch(session, {"--version"}), exitFailed);
+}
+
+TEST_F(BatchTest, WithoutMemoryEachProgramSaysSoUnderItsName) {
+    std::string words[] = {"topicsmith-hhc", "p.hhp"};
+    char* arguments[] = {words[0].data(), words[1].data()};
+    const auto run = [](BatchSession&, const Arguments&) -> int { throw std::bad_alloc(); };
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(startBatch(2, arguments, "topicsmith-hhc", hhcFailed, run), hhcFailed);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "topicsmith-hhc: not enough memory for p.hhp\n");
 }
 
 TEST_F(BatchTest, CompileGeneratesAndMakesAHelp) {
