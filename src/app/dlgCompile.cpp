@@ -75,8 +75,9 @@ void dlgCompile::showOutcome() {
         lblProgress.setCaption(outcome.isStopped ? "Cancelled. Nothing was written."
                                                  : "Nothing was written.");
     }
+    lvMessages.rowsReplacing();
     shown_ = static_cast<int>(outcome.messages.size());
-    lvMessages.reset();
+    lvMessages.rowsReplaced();
     CancelButton.setEnabled(false);
     cmdOpen.setEnabled(outcome.isWritten);
     (outcome.isWritten ? cmdOpen : CloseButton).setDefault();

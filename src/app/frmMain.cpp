@@ -227,8 +227,8 @@ void frmMain::rowsChanged() {
 }
 
 void frmMain::projectReplaced() {
+    lvLevels.rowsReplaced();
     find_.restart();
-    lvLevels.reset();
     showCurrent();
 }
 

@@ -147,6 +147,7 @@ private:
     void topicInserted(int position) override;
     void topicRemoving(int position) override { lvLevels.rowRemoving(position); }
     void topicRemoved(int position) override;
+    void projectReplacing() override { lvLevels.rowsReplacing(); }
     void projectReplaced() override;
     void topicsSwapped(int a, int b) override;
     void currentIndexChanged(int position) override;

@@ -19,10 +19,15 @@ ProjectObserver& Project::nobody() {
 
 template <typename... Arguments>
 void Project::tell(void (ProjectObserver::*what)(Arguments...), Arguments... arguments) {
-    assert(!telling_ && "an observer changes what it is told about");
+    beginChange();
     telling_ = true;
     (observer_->*what)(arguments...);
     telling_ = false;
+}
+
+/// All that changes the project begins here.
+void Project::beginChange() const {
+    assert(!telling_ && "an observer changes what it is told about");
 }
 
 void Project::setObserver(ProjectObserver* observer) {
@@ -34,6 +39,7 @@ Text Project::projectFileTitle() const {
 }
 
 void Project::replace(TopicOutline outline, ProjectOptions options, std::filesystem::path path) {
+    tell(&ProjectObserver::projectReplacing);
     outline_ = std::move(outline);
     options_ = std::move(options);
     projectPath_ = std::move(path);
@@ -45,6 +51,7 @@ void Project::replace(TopicOutline outline, ProjectOptions options, std::filesys
 }
 
 void Project::setProjectPath(std::filesystem::path path) {
+    beginChange();
     if (path != projectPath_) {
         projectPath_ = std::move(path);
         origin_ = {};
@@ -52,12 +59,14 @@ void Project::setProjectPath(std::filesystem::path path) {
 }
 
 void Project::setField(int position, Text Topic::*field, Text value) {
+    beginChange();
     std::swap(outline_.at(position).*field, value);
     history_.record(FieldChange{position, field, std::move(value)});
     tell(&ProjectObserver::topicChanged, position);
 }
 
 void Project::setCurrentIndex(int position) {
+    beginChange();
     if (currentIndex_ != position) {
         currentIndex_ = position;
         tell(&ProjectObserver::currentIndexChanged, position);
@@ -65,15 +74,18 @@ void Project::setCurrentIndex(int position) {
 }
 
 void Project::setOptions(ProjectOptions options) {
+    beginChange();
     history_.record(OptionsChange{std::exchange(options_, std::move(options))});
 }
 
 void Project::insertTopic(int position, Topic topic) {
+    beginChange();
     history_.record(TopicChange{position, {}});
     insertAt(position, std::move(topic));
 }
 
 void Project::removeTopic(int position) {
+    beginChange();
     history_.record(TopicChange{position, removeAt(position)});
 }
 
@@ -126,9 +138,9 @@ void Project::apply(ProjectChange& change) {
         }
     } else if (auto* swap = std::get_if<SwapChange>(&change)) {
         outline_.swap(swap->a, swap->b);
-        tell(&ProjectObserver::topicsSwapped, swap->a, swap->b);
         const bool moved = currentIndex_ == swap->a || currentIndex_ == swap->b;
         currentIndex_ = moved ? swap->a + swap->b - currentIndex_ : currentIndex_;
+        tell(&ProjectObserver::topicsSwapped, swap->a, swap->b);
         tell(&ProjectObserver::topicChanged, swap->a);
         tell(&ProjectObserver::topicChanged, swap->b);
         if (moved) {
@@ -140,6 +152,7 @@ void Project::apply(ProjectChange& change) {
 }
 
 void Project::undo() {
+    beginChange();
     if (history_.canUndo()) {
         UndoRecord& record = history_.stepBack();
         std::for_each(record.changes.rbegin(), record.changes.rend(),
@@ -149,6 +162,7 @@ void Project::undo() {
 }
 
 void Project::redo() {
+    beginChange();
     if (history_.canRedo()) {
         UndoRecord& record = history_.stepForward();
         std::for_each(record.changes.begin(), record.changes.end(),
@@ -163,6 +177,7 @@ void Project::finishStep(int currentIndex) {
 }
 
 void Project::markChanged(int code) {
+    beginChange();
     constexpr TextView letters = "CNESM";
     history_.markChanged();
     setDataChanged(true);
@@ -176,6 +191,7 @@ void Project::markChanged(int code) {
 }
 
 void Project::markSaved() {
+    beginChange();
     history_.markSaved();
     setDataChanged(false);
 }

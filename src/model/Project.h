@@ -12,7 +12,7 @@ namespace model {
 
 /// Learns of every change of a project's outline, current topic and changed flag, so that a command
 /// never tells a window what to show. Options and path change silently. An observer must not change
-/// the project while it is told.
+/// the project while it is told; a debug build stops where one does.
 class ProjectObserver {
 public:
     virtual ~ProjectObserver() = default;
@@ -23,7 +23,8 @@ public:
     virtual void topicInserted(int /*position*/) {}
     virtual void topicRemoving(int /*position*/) {}
     virtual void topicRemoved(int /*position*/) {}
-    /// Every row may be another one now; the options too.
+    // Every row may be another one after this; the options too.
+    virtual void projectReplacing() {}
     virtual void projectReplaced() {}
     /// Two topics have changed places; their rows and the current topic are told about after this.
     virtual void topicsSwapped(int /*a*/, int /*b*/) {}
@@ -135,6 +136,7 @@ private:
     template <typename... Arguments>
     void tell(void (ProjectObserver::*what)(Arguments...), Arguments... arguments);
 
+    void beginChange() const;
     void setDataChanged(bool changed);
     void insertAt(int position, Topic topic);
     Topic removeAt(int position);

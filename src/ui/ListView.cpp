@@ -296,9 +296,14 @@ void ListView::rowRemoved() {
     list().model.rowRemoved();
 }
 
-void ListView::reset() {
+void ListView::rowsReplacing() {
     const WhileByProgram guard(list().byProgram);
-    list().model.reset();
+    list().model.rowsReplacing();
+}
+
+void ListView::rowsReplaced() {
+    const WhileByProgram guard(list().byProgram);
+    list().model.rowsReplaced();
 }
 
 int ListView::selected() const {

@@ -44,13 +44,14 @@ public:
     /// The source is not owned and must outlive the list.
     ListView(Container& container, const std::vector<Column>& columns, const ListSource& source);
 
-    // What happens in the source. A row that comes or goes is told of before and after.
+    // What happens in the source. Rows that come, go or become others are told of before and after.
     void rowChanged(int row);
     void rowInserting(int row);
     void rowInserted();
     void rowRemoving(int row);
     void rowRemoved();
-    void reset(); ///< all rows are others now
+    void rowsReplacing(); ///< all of them
+    void rowsReplaced();
 
     /// -1 for none. A row that came or went above it takes the selection along.
     int selected() const;

@@ -31,6 +31,7 @@ protected:
         settings.emplace(folder / "settings.ini");
         window.emplace(*settings, folder / "program");
         ui::testing::show(*window);
+        ui::testing::watchModelOf(window->lvLevels);
     }
 
     model::Project& project() { return window->project(); }

@@ -98,6 +98,20 @@ TEST(Project, TheObserverLearnsOfEveryChangeOnce) {
     EXPECT_EQ(recorder.take(), "dataChanged0 ");
 }
 
+TEST(Project, TheObserverChangesNothingWhileItIsTold) {
+    Project project = projectOf({Topic()});
+    class Meddler : public ProjectObserver {
+    public:
+        explicit Meddler(Project& project) : project_(project) {}
+        void topicChanged(int /*position*/) override { project_.setOptions({}); }
+
+    private:
+        Project& project_;
+    } meddler(project);
+    project.setObserver(&meddler);
+    EXPECT_DEBUG_DEATH(project.setField(1, &Topic::title, "x"), "observer changes");
+}
+
 TEST(Project, WhateverWasDoneCanBeTakenBackAndDoneAgain) {
     std::mt19937 random(3);
     const auto pick = [&random](int from, int to) {

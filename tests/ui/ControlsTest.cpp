@@ -138,6 +138,17 @@ TEST_F(Controls, AnImageComboKnowsItsKeys) {
     EXPECT_EQ(changes, 1);
 }
 
+TEST_F(Controls, AnEventHasOneHandlerUntilThatIsLetGoOf) {
+    int called = 0;
+    ui::Event<> event;
+    event.connect([&called] { called = 1; });
+    event.disconnect();
+    event.connect([&called] { called = 2; });
+    event.raise();
+    EXPECT_EQ(called, 2);
+    EXPECT_DEBUG_DEATH(event.connect([] {}), "has a handler already");
+}
+
 TEST_F(Controls, AnExceptionEndsWhereTheEventWasRaised) {
     ScriptedPrompter prompter;
     ui::Event<> event;

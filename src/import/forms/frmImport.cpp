@@ -58,8 +58,9 @@ std::error_code frmImport::fill() {
         const ui::WaitCursor busy;
         source = readFileTopics(file_);
     }
+    lvTopics.rowsReplacing();
     rows_.replace(std::move(source.topics));
-    lvTopics.reset();
+    lvTopics.rowsReplaced();
     lvTopics.select(1);
     if (const auto message = messageFor(source.stop)) {
         ui::Prompter::current().tell(this, *message);

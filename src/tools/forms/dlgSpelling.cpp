@@ -120,8 +120,9 @@ void dlgSpelling::showWord() {
     // The box counts every line end as two characters.
     const TextView before = TextView(text).substr(from, word.start - from);
     txtContext.select(text::withLineBreaks(before).size(), word.length);
+    lvSuggestions.rowsReplacing();
     rows_.words = spelling_.suggestions();
-    lvSuggestions.reset();
+    lvSuggestions.rowsReplaced();
     offer(rows_.words.empty() ? text::htmlFromUtf8(word.letters) : rows_.cell(1, 0));
     txtChange.setFocus();
     txtChange.selectAll();

@@ -43,8 +43,11 @@ void ListModel::rowRemoved() {
     endRemoveRows();
 }
 
-void ListModel::reset() {
+void ListModel::rowsReplacing() {
     beginResetModel();
+}
+
+void ListModel::rowsReplaced() {
     endResetModel();
 }
 

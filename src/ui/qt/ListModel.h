@@ -26,7 +26,8 @@ public:
     void rowInserted();
     void rowRemoving(int row);
     void rowRemoved();
-    void reset();
+    void rowsReplacing();
+    void rowsReplaced();
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

@@ -1,3 +1,4 @@
+#include <gtest/gtest.h>
 #include <map>
 
 #include <QAbstractItemModelTester>
@@ -92,8 +93,19 @@ Place dropMarkOf(const ListView& list, int from, int onto, bool lowerHalf) {
 }
 
 void watchModelOf(const ListView& list) {
-    new QAbstractItemModelTester(
-        viewOf(list).model(), QAbstractItemModelTester::FailureReportingMode::Fatal, &viewOf(list));
+    QTreeView& view = viewOf(list);
+    QAbstractItemModel* model = view.model();
+    new QAbstractItemModelTester(model, QAbstractItemModelTester::FailureReportingMode::Fatal,
+                                 &view);
+    // What the tester leaves out: rows must not be others before that is announced.
+    auto rows = std::make_shared<int>(model->rowCount());
+    const auto learn = [rows, model] { *rows = model->rowCount(); };
+    QObject::connect(model, &QAbstractItemModel::rowsInserted, learn);
+    QObject::connect(model, &QAbstractItemModel::rowsRemoved, learn);
+    QObject::connect(model, &QAbstractItemModel::modelReset, learn);
+    QObject::connect(model, &QAbstractItemModel::modelAboutToBeReset, [rows, model] {
+        EXPECT_EQ(model->rowCount(), *rows) << "rows became others before that was announced";
+    });
 }
 
 int takeRowUpdates(const ListView& list) {
