@@ -48,7 +48,8 @@ enum SystemEntry {
     indexEntry = 1,
     homeEntry = 2,
     titleEntry = 3,
-    languageEntry = 4
+    languageEntry = 4,
+    compilerEntry = 9
 };
 
 void readSystem(const Table& system, ChmFacts& facts) {
@@ -74,6 +75,10 @@ void readSystem(const Table& system, ChmFacts& facts) {
             break;
         case languageEntry:
             facts.codePage = workshop::codePageOf(system.number(data, 4));
+            facts.isSearchable = system.number(data + 8, 4) != 0;
+            break;
+        case compilerEntry:
+            take(facts.compiler);
             break;
         default:
             break;

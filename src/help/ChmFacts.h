@@ -13,7 +13,9 @@ struct ChmFacts {
     std::string contentsFile;
     std::string indexFile;
     std::string homePage;
+    std::string compiler; ///< by which it was made
     unsigned codePage = 1252;
+    bool isSearchable = false; ///< says that it has an index for the full text search
     std::map<unsigned, std::string> contexts; ///< pages by context number
 };
 

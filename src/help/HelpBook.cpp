@@ -1,11 +1,11 @@
 #include "help/HelpBook.h"
 
 #include <algorithm>
-#include <limits>
 #include <map>
 #include <set>
-#include <unordered_map>
+#include <unordered_set>
 
+#include "help/TopicReader.h"
 #include "platform/Files.h"
 #include "platform/Unicode.h"
 #include "text/Address.h"
@@ -68,7 +68,9 @@ HelpBook::HelpBook(std::filesystem::path path, std::unique_ptr<ChmFile> file)
 }
 
 std::string HelpBook::decoded(const std::string& bytes) const {
-    return platform::utf8FromCodePage(bytes, facts_.codePage);
+    const bool isPlain =
+        std::all_of(bytes.begin(), bytes.end(), [](char byte) { return (byte & 0x80) == 0; });
+    return isPlain ? bytes : platform::utf8FromCodePage(bytes, facts_.codePage);
 }
 
 std::optional<std::string> HelpBook::read(const std::string& path) const {
@@ -148,9 +150,20 @@ std::string HelpBook::pageOfContext(unsigned number) const {
     return {};
 }
 
+/// Where a page first stands in the contents; behind their end when it does not.
+std::size_t HelpBook::placeOf(const std::string& page) {
+    if (!places_) {
+        places_.emplace();
+        for (std::size_t i = contents_.size(); i-- > 0;) {
+            (*places_)[packedKey(withoutAnchor(contents_[i].target.page))] = i;
+        }
+    }
+    const auto place = places_->find(packedKey(page));
+    return place == places_->end() ? contents_.size() : place->second;
+}
+
 /// In the order of the contents; those that are not in there come behind.
 const std::vector<HelpBook::Page>& HelpBook::pages() {
-    constexpr std::size_t last = std::numeric_limits<std::size_t>::max();
     if (!pages_) {
         pages_.emplace();
         std::size_t total = 0;
@@ -160,17 +173,11 @@ const std::vector<HelpBook::Page>& HelpBook::pages() {
             }
             if (const auto bytes = file_->read(path)) {
                 total += bytes->size();
-                pages_->push_back({path, readHelpPage(*bytes, facts_.codePage), last});
+                pages_->push_back({path, readHelpPage(*bytes, facts_.codePage), 0});
             }
-        }
-        std::unordered_map<std::string, std::size_t> places;
-        for (std::size_t i = contents_.size(); i-- > 0;) {
-            places[packedKey(withoutAnchor(contents_[i].target.page))] = i;
         }
         for (Page& page : *pages_) {
-            if (const auto place = places.find(packedKey(page.path)); place != places.end()) {
-                page.place = place->second;
-            }
+            page.place = placeOf(page.path);
         }
         std::stable_sort(pages_->begin(), pages_->end(),
                          [](const Page& a, const Page& b) { return a.place < b.place; });
@@ -220,25 +227,66 @@ const std::vector<IndexEntry>& HelpBook::index() {
     return *index_;
 }
 
-std::vector<HelpTarget> HelpBook::search(const HelpQuestion& question) {
-    struct Found {
-        HelpTarget target;
-        int score;
-    };
-    std::vector<Found> found;
+std::optional<std::vector<HelpBook::Result>> HelpBook::askIndex(const HelpQuestion& question) {
+    if (!search_) {
+        const std::vector<std::string>& paths = file_->paths();
+        const auto pages = std::count_if(paths.begin(), paths.end(), hasPageEnding);
+        search_ = IndexSearch::open(*file_, facts_, static_cast<std::size_t>(pages));
+    }
+    const auto answers = *search_ == nullptr ? std::nullopt : (*search_)->find(question);
+    if (!answers) {
+        return {};
+    }
+    std::vector<Result> results;
+    const TopicReader topics(*file_);
+    for (const IndexSearch::Answer& answer : *answers) {
+        const std::string page =
+            withoutAnchor(pathOf(decoded(topics.address(answer.topic).value_or(""))));
+        const std::size_t place = placeOf(page);
+        std::string title =
+            workshop::decodedSource(topics.title(answer.topic), facts_.codePage).utf8;
+        if (title.empty()) {
+            title = place < contents_.size() ? contents_[place].target.title : page;
+        }
+        results.push_back({{std::move(title), page}, place, answer.score});
+    }
+    return results;
+}
+
+std::vector<HelpBook::Result> HelpBook::askPages(const HelpQuestion& question) {
+    std::vector<Result> results;
     for (const Page& page : pages()) {
         if (const int score = question.score(page.page); score > 0) {
-            found.push_back({{titleOf(page), page.path}, score});
+            results.push_back({{titleOf(page), page.path}, page.place, score});
         }
     }
-    std::stable_sort(found.begin(), found.end(),
-                     [](const Found& a, const Found& b) { return a.score > b.score; });
+    return results;
+}
+
+std::vector<HelpTarget> HelpBook::search(const HelpQuestion& question) {
+    auto indexed = askIndex(question);
+    std::vector<Result> results = indexed ? std::move(*indexed) : askPages(question);
+    std::stable_sort(results.begin(), results.end(), [](const Result& a, const Result& b) {
+        return a.score != b.score ? a.score > b.score : a.place < b.place;
+    });
     std::vector<HelpTarget> targets;
-    targets.reserve(found.size());
-    for (Found& each : found) {
-        targets.push_back(std::move(each.target));
+    std::unordered_set<std::string> known; // several topics may be one page
+    for (Result& each : results) {
+        if (known.insert(packedKey(each.target.page)).second) {
+            targets.push_back(std::move(each.target));
+        }
     }
     return targets;
+}
+
+std::string HelpBook::wordOn(const std::string& page, const HelpQuestion& question) const {
+    const HelpPage text =
+        readHelpPage(file_->read(withoutAnchor(page)).value_or(""), facts_.codePage);
+    const std::vector<std::string>& words = question.words();
+    const auto held = std::find_if(words.begin(), words.end(), [&text](const std::string& word) {
+        return text.text.find(word) != std::string::npos;
+    });
+    return held != words.end() ? *held : words.empty() ? std::string() : words.front();
 }
 
 bool leadsElsewhere(std::string_view address) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "help/ChmFacts.h"
-#include "help/HelpSearch.h"
+#include "help/IndexSearch.h"
 #include "workshop/Sitemap.h"
 
 namespace help {
@@ -51,15 +51,25 @@ public:
     /// keywords there. All pages are read when it is first asked for.
     const std::vector<IndexEntry>& index();
 
-    /// The pages that answer a question, the best ones first. All pages are read when it is first
-    /// asked for.
+    /// The pages that answer a question, the best ones first: from the help's own index, or from
+    /// the pages, which are all read then.
     std::vector<HelpTarget> search(const HelpQuestion& question);
+
+    /// What there is to mark on a page that was found: the first word of the question that it
+    /// holds.
+    std::string wordOn(const std::string& page, const HelpQuestion& question) const;
 
 private:
     struct Page {
         std::string path;
         HelpPage page;
         std::size_t place; ///< in the contents
+    };
+
+    struct Result {
+        HelpTarget target;
+        std::size_t place; ///< of the page in the contents
+        int score;
     };
 
     HelpBook(std::filesystem::path path, std::unique_ptr<ChmFile> file);
@@ -69,6 +79,9 @@ private:
     void readContents();
     void chooseHomePage();
     const std::vector<Page>& pages();
+    std::size_t placeOf(const std::string& page);
+    std::optional<std::vector<Result>> askIndex(const HelpQuestion& question);
+    std::vector<Result> askPages(const HelpQuestion& question);
     const std::string& titleOf(const Page& page) const;
 
     std::filesystem::path path_;
@@ -79,6 +92,8 @@ private:
     std::vector<ContentsEntry> contents_;
     std::optional<std::vector<Page>> pages_;
     std::optional<std::vector<IndexEntry>> index_;
+    std::optional<std::unordered_map<std::string, std::size_t>> places_; ///< see placeOf()
+    std::optional<std::unique_ptr<IndexSearch>> search_; ///< null where there is none
 };
 
 /// Whether an address is none of a file in the same help.

@@ -5,9 +5,10 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "help/ChmBytes.h"
 #include "help/HelpBook.h"
 #include "help/ProjectCheck.h"
+#include "help/SearchCheck.h"
+#include "help/TopicReader.h"
 #include "platform/Unicode.h"
 #include "text/Address.h"
 #include "workshop/Encoding.h"
@@ -35,6 +36,9 @@ public:
         checkContexts();
         checkTopics();
         checkLinks();
+        for (std::string& fault : searchFaults(book_.file(), book_.facts())) {
+            faults_.push_back(std::move(fault));
+        }
         return std::move(faults_);
     }
 
@@ -144,24 +148,15 @@ void Check::checkContexts() {
 
 /// The table by which contents and index in binary form lead to pages.
 void Check::checkTopics() {
-    constexpr std::uint64_t topicSize = 16;
-    constexpr std::uint64_t addressPlace =
-        8; // in a row of the first table and in one of the second
-    const std::string topics = book_.file().read("/#TOPICS").value_or("");
-    const std::string addresses = book_.file().read("/#URLTBL").value_or("");
-    const std::string texts = book_.file().read("/#URLSTR").value_or("");
+    const TopicReader topics(book_.file());
     std::set<std::string> known;
-    for (std::uint64_t at = 0; at + topicSize <= topics.size(); at += topicSize) {
-        const std::uint64_t row = numberAt(topics, at + addressPlace, 4);
-        const std::uint64_t place = numberAt(addresses, row + addressPlace, 4) + 8;
-        const std::string where = "topic " + std::to_string(at / topicSize);
-        if (row >= addresses.size() || place > texts.size()) {
+    for (std::size_t topic = 0; topic < topics.size(); ++topic) {
+        const std::string where = "topic " + std::to_string(topic);
+        const auto address = topics.address(topic);
+        if (!address) {
             faults_.push_back(where + ": has no address");
-            continue;
-        }
-        const std::string address = decoded(texts.substr(place, texts.find('\0', place) - place));
-        if (known.insert(address).second) {
-            checkTarget(where, address, "/");
+        } else if (known.insert(*address).second) {
+            checkTarget(where, decoded(*address), "/");
         }
     }
 }

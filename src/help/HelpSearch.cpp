@@ -16,49 +16,115 @@ bool needsNoBlank(char character) {
     return static_cast<unsigned char>(character) >= 0xE3;
 }
 
-/// How often a word begins in a text, up to a limit.
-int countOf(std::string_view word, std::string_view text) {
-    constexpr int enough = 50;
+bool isBetweenWords(char before, char behind) {
+    return !isOfWord(before) || !isOfWord(behind) || needsNoBlank(behind);
+}
+
+/// How often a term stands in a text, up to a limit.
+int countOf(const SearchTerm& term, std::string_view text) {
+    const std::string_view word = term.text;
     int count = 0;
-    for (std::size_t at = text.find(word); at != std::string_view::npos && count < enough;
+    for (std::size_t at = text.find(word); at != std::string_view::npos && count < enoughPlaces;
          at = text.find(word, at + word.size())) {
-        const bool begins = at == 0 || !isOfWord(text[at - 1]) || !isOfWord(word.front())
-                            || needsNoBlank(word.front());
-        count += begins ? 1 : 0;
+        const std::size_t end = at + word.size();
+        const bool begins = at == 0 || isBetweenWords(text[at - 1], word.front());
+        const bool ends =
+            !term.isWhole || end == text.size() || isBetweenWords(word.back(), text[end]);
+        count += begins && ends ? 1 : 0;
     }
     return count;
 }
 
+int scoreOf(const HelpQuestion::Terms& terms, const std::string& title, const HelpPage& page) {
+    bool allInTitle = true;
+    int score = 0;
+    for (const SearchTerm& term : terms) {
+        const int inTitle = countOf(term, title);
+        const int count = inTitle + countOf(term, page.text);
+        if ((count == 0) != term.isExcluded) {
+            return 0;
+        }
+        allInTitle = allInTitle && (inTitle > 0 || term.isExcluded);
+        score += count;
+    }
+    return score + (allInTitle ? titleBonus : 0);
+}
+
+/// Takes a question apart.
+class TermReader {
+public:
+    explicit TermReader(std::string_view question) : rest_(question) {}
+
+    /// The next term or operator as it is written; false at the end.
+    bool next() {
+        constexpr std::string_view blanks = " \t\r\n";
+        rest_.remove_prefix(std::min(rest_.find_first_not_of(blanks), rest_.size()));
+        if (rest_.empty()) {
+            return false;
+        }
+        isQuoted = rest_.front() == '"';
+        rest_.remove_prefix(isQuoted ? 1 : 0);
+        text = rest_.substr(0, isQuoted ? rest_.find('"') : rest_.find_first_of(" \t\r\n\""));
+        rest_.remove_prefix(std::min(text.size() + (isQuoted ? 1 : 0), rest_.size()));
+        return true;
+    }
+
+    std::string_view text;
+    bool isQuoted = false;
+
+private:
+    std::string_view rest_;
+};
+
 } // namespace
 
 HelpQuestion::HelpQuestion(std::string_view utf8) {
-    const std::string question = searchable(utf8);
-    for (std::size_t at = 0; at < question.size();) {
-        const bool quoted = question[at] == '"';
-        at += quoted ? 1 : 0;
-        const std::size_t end = std::min(question.find(quoted ? '"' : ' ', at), question.size());
-        if (const std::string word = searchable(question.substr(at, end - at)); !word.empty()) {
-            words_.push_back(word);
+    Terms terms;
+    bool excludes = false;
+    const auto endAlternative = [&] {
+        const bool asks = std::any_of(terms.begin(), terms.end(),
+                                      [](const SearchTerm& term) { return !term.isExcluded; });
+        if (asks) {
+            alternatives_.push_back(std::move(terms));
         }
-        at = end + 1;
+        terms.clear();
+    };
+    for (TermReader reader(utf8); reader.next();) {
+        if (!reader.isQuoted && (reader.text == "AND" || reader.text == "NOT")) {
+            excludes = excludes || reader.text == "NOT";
+        } else if (!reader.isQuoted && reader.text == "OR") {
+            endAlternative();
+        } else {
+            std::string text = searchable(reader.text);
+            while (!reader.isQuoted && text.ends_with('*')) { // the beginning is meant anyway
+                text.pop_back();
+            }
+            if (text.starts_with(' ')) {
+                text.erase(0, 1);
+            }
+            if (!text.empty()) {
+                terms.push_back({std::move(text), reader.isQuoted, excludes});
+            }
+            excludes = false;
+        }
+    }
+    endAlternative();
+    for (const Terms& each : alternatives_) {
+        for (const SearchTerm& term : each) {
+            if (!term.isExcluded) {
+                words_.push_back(term.text);
+            }
+        }
     }
 }
 
 int HelpQuestion::score(const HelpPage& page) const {
-    constexpr int titleBonus = 1000;
     const std::string title = searchable(page.title);
-    bool allInTitle = true;
-    int score = 0;
-    for (const std::string& word : words_) {
-        const int inTitle = countOf(word, title);
-        const int count = inTitle + countOf(word, page.text);
-        if (count == 0) {
-            return 0;
-        }
-        allInTitle = allInTitle && inTitle > 0;
-        score += count;
+    int best = 0;
+    for (const Terms& terms : alternatives_) {
+        best = std::max(best, scoreOf(terms, title, page));
     }
-    return words_.empty() ? 0 : score + (allInTitle ? titleBonus : 0);
+    return best;
 }
 
 } // namespace help

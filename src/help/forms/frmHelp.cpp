@@ -303,11 +303,10 @@ void frmHelp::cmdSearch_Click() {
     if (!hasBook()) {
         return;
     }
-    const HelpQuestion question(txtSearch.unicodeText());
-    searched_ = question.words().empty() ? std::string() : question.words().front();
+    question_ = HelpQuestion(txtSearch.unicodeText());
     {
         const ui::WaitCursor busy;
-        found_ = book_->search(question);
+        found_ = book_->search(question_);
     }
     std::vector<ui::TreeItem> items;
     for (const HelpTarget& target : found_) {
@@ -316,13 +315,14 @@ void frmHelp::cmdSearch_Click() {
     tvFound.setItems(items);
     tvFound.select(items.empty() ? 0 : 1);
     brwPage.mark("");
-    lblFound.setCaption(searched_.empty()   ? ""
-                        : items.size() == 1 ? "1 topic found"
-                                            : std::to_string(items.size()) + " topics found");
+    lblFound.setCaption(question_.words().empty() ? ""
+                        : items.size() == 1       ? "1 topic found"
+                                                  : std::to_string(items.size()) + " topics found");
 }
 
 void frmHelp::tvFound_ItemClick(int item) {
-    go(found_[static_cast<std::size_t>(item) - 1].page, searched_);
+    const std::string& page = found_[static_cast<std::size_t>(item) - 1].page;
+    go(page, book_->wordOn(page, question_));
 }
 
 /// The contents follow the page, wherever it was chosen.

@@ -105,7 +105,7 @@ private:
     std::vector<HelpTarget> indexTargets_; ///< of the rows in the index
     std::vector<int> indexRows_;           ///< the row of each entry
     std::vector<HelpTarget> found_;
-    std::string searched_; ///< the first word of the last question
+    HelpQuestion question_{""}; ///< the last one
     bool indexFilled_ = false;
 };
 
