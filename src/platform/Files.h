@@ -83,6 +83,10 @@ std::error_code createFolders(const std::filesystem::path& path);
 std::filesystem::path pathFromUtf8(std::string_view utf8);
 std::string utf8FromPath(const std::filesystem::path& path);
 
+/// A path in UTF-8 for a library that opens files by such names: on Windows in the system's long
+/// form, without which they would be taken for the code page of the machine.
+std::string libraryName(const std::filesystem::path& path);
+
 /// Makes a write beyond the size limit of the process fail like any other, instead of ending the
 /// program. To be called once, at the start.
 void turnSizeLimitIntoError();

@@ -52,21 +52,12 @@ std::optional<Encoding> usableEncoding(const fs::path& affixFile) {
                : std::nullopt;
 }
 
-/// A file's name for the library: in UTF-8, which it expects on Windows behind this sign alone.
-std::string libraryName(const fs::path& file) {
-    const bool isWindows = fs::path::preferred_separator == '\\';
-    if (!isWindows) {
-        return file.string();
-    }
-    const std::string name = platform::utf8FromPath(platform::fullPath(file));
-    return name.starts_with(R"(\\)") ? R"(\\?\UNC)" + name.substr(1) : R"(\\?\)" + name;
-}
-
 } // namespace
 
 struct Dictionary::Native {
     Native(const fs::path& affixFile, Encoding encoded)
-        : hunspell(libraryName(affixFile).c_str(), libraryName(dictionaryFile(affixFile)).c_str()),
+        : hunspell(platform::libraryName(affixFile).c_str(),
+                   platform::libraryName(dictionaryFile(affixFile)).c_str()),
           encoding(encoded) {}
 
     std::string toDictionary(const std::string& utf8) const {

@@ -17,4 +17,8 @@ fs::path fullPath(const fs::path& path) {
     return error ? absolute : folder / absolute.filename();
 }
 
+std::string libraryName(const fs::path& path) {
+    return path.string();
+}
+
 } // namespace platform

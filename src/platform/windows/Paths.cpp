@@ -18,13 +18,26 @@ fs::path fullPath(const fs::path& path) {
     return name;
 }
 
+namespace {
+
+/// The form that may have any length. The path must be whole.
+std::wstring longForm(const std::wstring& whole) {
+    if (whole.starts_with(LR"(\\?\)")) {
+        return whole;
+    }
+    return whole.starts_with(LR"(\\)") ? LR"(\\?\UNC)" + whole.substr(1) : LR"(\\?\)" + whole;
+}
+
+} // namespace
+
 std::wstring systemName(const fs::path& path) {
     constexpr std::size_t usual = 240; // a folder's name has to leave room for a file's
     const std::wstring whole = fullPath(path).native();
-    if (whole.size() < usual || whole.starts_with(LR"(\\?\)")) {
-        return path.native();
-    }
-    return whole.starts_with(LR"(\\)") ? LR"(\\?\UNC)" + whole.substr(1) : LR"(\\?\)" + whole;
+    return whole.size() < usual ? path.native() : longForm(whole);
+}
+
+std::string libraryName(const fs::path& path) {
+    return utf8FromPath(longForm(fullPath(path).native()));
 }
 
 fs::path programFolder() {
