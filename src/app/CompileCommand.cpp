@@ -62,8 +62,7 @@ void CompileCommand::compile(bool ask) {
 }
 
 void CompileCommand::compileTo(const fs::path& output) {
-    fs::path workshopFile = output;
-    workshopFile.replace_extension(".hhp");
+    const fs::path workshopFile = generate::workshopFileFor(output);
     if (generation_.refuses(generate::compiledNameFault(output, project_.projectPath()), title)
         || !generation_.mayGenerateInto(workshopFile, title)) {
         return;

@@ -93,8 +93,7 @@ ExitCode compileOwn(BatchSession& session, const CommandLine& arguments,
         session.console.failure(compileTitle, fault->path, fault->reason);
         return exitFailed;
     }
-    fs::path workshopFile = output;
-    workshopFile.replace_extension(".hhp");
+    const fs::path workshopFile = generate::workshopFileFor(output);
     if (!generateInto(session, project, workshopFile, arguments)) {
         return exitFailed;
     }

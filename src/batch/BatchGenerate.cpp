@@ -1,6 +1,7 @@
 #include "batch/BatchGenerate.h"
 
 #include "batch/BatchProject.h"
+#include "generate/GeneratedFile.h"
 #include "generate/GenerationRun.h"
 #include "generate/WorkshopName.h"
 #include "import/EditedPages.h"
@@ -55,8 +56,8 @@ bool prepareOutput(BatchSession& session, const char* title, const char* extensi
         return false;
     }
     output = platform::fullPath(output); // now that the folder exists, links in it can be followed
-    if (platform::isSameFile(output, project)) {
-        session.console.failure(title, output, "is the project itself");
+    if (const auto fault = generate::outputFault(output, project)) {
+        session.console.failure(title, fault->path, fault->reason);
         return false;
     }
     return true;

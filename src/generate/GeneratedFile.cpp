@@ -22,6 +22,13 @@ bool haveSameName(const fs::path& one, const fs::path& other) {
            == text::lowerCase(text::displayText(other.filename()));
 }
 
+std::optional<model::FileFailure> outputFault(const fs::path& output, const fs::path& project) {
+    if (output == project || platform::isSameFile(output, project)) {
+        return model::FileFailure{output, "is the project itself"};
+    }
+    return {};
+}
+
 void noteFailure(model::FileFailures& failures, const fs::path& path,
                  const std::error_code& error) {
     if (error) {
@@ -31,8 +38,8 @@ void noteFailure(model::FileFailures& failures, const fs::path& path,
 
 void writeGenerated(const fs::path& path, text::TextView contents, const fs::path& project,
                     model::FileFailures& failures) {
-    if (platform::isSameFile(path, project)) {
-        failures.push_back({path, "is the project itself"});
+    if (auto fault = outputFault(path, project)) {
+        failures.push_back(std::move(*fault));
     } else {
         noteFailure(failures, path, platform::writeFile(path, contents));
     }

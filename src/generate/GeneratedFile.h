@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 #include <system_error>
 
@@ -14,6 +15,10 @@ std::filesystem::path siblingFile(const std::filesystem::path& path, std::string
 
 /// Whether two files in one folder are one on systems that do not tell letter cases apart.
 bool haveSameName(const std::filesystem::path& one, const std::filesystem::path& other);
+
+/// Why a file cannot be written over the project; nothing for any other.
+std::optional<model::FileFailure> outputFault(const std::filesystem::path& output,
+                                              const std::filesystem::path& project);
 
 /// Notes a failure; does nothing for a success.
 void noteFailure(model::FileFailures& failures, const std::filesystem::path& path,

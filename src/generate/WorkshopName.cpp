@@ -22,11 +22,18 @@ fs::path proposedWorkshopName(const fs::path& project) {
     return isInCodePage(name) ? name : siblingFile("help", extension);
 }
 
+fs::path workshopFileFor(const fs::path& compiledHelp) {
+    return fs::path(compiledHelp).replace_extension(".hhp");
+}
+
 std::optional<model::FileFailure> workshopNameFault(const fs::path& workshopFile,
                                                     const fs::path& project) {
     if (!isInCodePage(workshopFile.filename())) {
         return model::FileFailure{
             workshopFile, "has a character in its name that the help workshop does not know"};
+    }
+    if (auto fault = outputFault(workshopFile, project)) {
+        return fault;
     }
     for (const char* extension : {"chm", "hhc", "hhk"}) {
         const fs::path sibling = siblingFile(workshopFile, extension);
@@ -40,8 +47,8 @@ std::optional<model::FileFailure> workshopNameFault(const fs::path& workshopFile
 
 std::optional<model::FileFailure> compiledNameFault(const fs::path& compiledHelp,
                                                     const fs::path& project) {
-    if (compiledHelp == project || platform::isSameFile(compiledHelp, project)) {
-        return model::FileFailure{compiledHelp, "is the project itself"};
+    if (auto fault = outputFault(compiledHelp, project)) {
+        return fault;
     }
     for (const char* extension : {"hhp", "hhc", "hhk"}) {
         if (haveSameName(compiledHelp, siblingFile(compiledHelp, extension))) {

@@ -49,6 +49,10 @@ TEST_F(GenerateCommands, GenerationRepairsReportsAndSaves) {
                                 false};
     prompter.expect(question, std::nullopt);
     EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Help Files"}));
+    prompter.expect(question, folder / "my.first.tsp");
+    prompter.expect({"my.first.tsp: is the project itself", "Generate Help Files", Buttons::ok,
+                     QuestionIcon::exclamation});
+    EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Help Files"}));
     EXPECT_FALSE(fs::exists(folder / "html"));
     prompter.expect(question, folder / "help.hhp");
     EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Help Files"}));
