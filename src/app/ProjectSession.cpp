@@ -141,10 +141,8 @@ bool ProjectSession::load(const fs::path& path) {
     }
     markOpen();
     platform::removeUnfinishedFiles(path.parent_path());
-    if (outcome.stop == model::LoadStop::endInBody) {
-        notice_ = "The file was cut: it ends inside the text of its last topic";
-    } else if (outcome.stop == model::LoadStop::endInOptions) {
-        notice_ = "The file was cut: it ends before its first topic";
+    if (const text::TextView where = whereCut(outcome.stop); !where.empty()) {
+        notice_ = "The file was cut: it " + text::Text(where);
     }
     if (const auto message = model::messageFor(outcome.stop)) {
         Prompter::current().tell(&window_, *message);

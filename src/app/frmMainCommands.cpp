@@ -121,9 +121,7 @@ void frmMain::mnuEditAdd_Click() {
             txtTitle.setFocus();
             return;
         }
-        Prompter::current().ask(
-            this,
-            {"Maximum Number of Help Topics Reached (500), New Topic Not Added", "Topic Limit"});
+        Prompter::current().tell(this, model::topicLimitMessage("New Topic Not Added"));
     });
 }
 

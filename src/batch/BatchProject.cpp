@@ -11,18 +11,6 @@ using model::Project;
 
 namespace {
 
-/// What to say of a cut file for which there is no message.
-std::string whyCut(model::LoadStop stop) {
-    switch (stop) {
-    case model::LoadStop::endInBody:
-        return "the file ends inside the text of its last topic; ";
-    case model::LoadStop::endInOptions:
-        return "the file ends before its first topic; ";
-    default:
-        return {};
-    }
-}
-
 /// Says so where another program has it.
 bool lockForChange(BatchSession& session, const fs::path& path) {
     constexpr std::chrono::seconds patience(10);
@@ -54,9 +42,10 @@ bool loadWhole(BatchSession& session, const fs::path& path, Project& project) {
     if (const auto message = model::messageFor(outcome.stop)) {
         session.console.message(*message);
     }
+    const std::string where(whereCut(outcome.stop));
     session.console.failure("Error", path,
-                            whyCut(outcome.stop) + "stopped in line "
-                                + std::to_string(outcome.stopLine) + ", after "
+                            (where.empty() ? where : "the file " + where + "; ")
+                                + "stopped in line " + std::to_string(outcome.stopLine) + ", after "
                                 + std::to_string(project.outline().count()) + " topics");
     return false;
 }

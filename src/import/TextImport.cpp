@@ -72,9 +72,7 @@ ImportOutcome importText(model::Project& project, const std::filesystem::path& f
     const int room = model::TopicOutline::maxTopics - project.outline().count();
     TextOutline outline = readTextOutline(text, room);
     if (outline.limitReached) {
-        outcome.message =
-            text::Message{"Maximum Number of Help Topics Reached (500), Import Stopped",
-                          "Topic Limit", text::MessageIcon::none};
+        outcome.message = model::topicLimitMessage("Import Stopped");
     }
     const model::UndoStep step(project, "Import Text File");
     for (Topic& topic : outline.topics) {

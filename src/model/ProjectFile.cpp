@@ -202,14 +202,24 @@ std::optional<Message> messageFor(LoadStop stop) {
     case LoadStop::unexpectedEnd:
         return Message{"Unexpected EOF, Loading Stopped", "Error", MessageIcon::critical};
     case LoadStop::topicLimit:
-        return Message{"Maximum Number of Help Topics Reached (500), Loading Stopped",
-                       "Topic Limit", MessageIcon::none};
+        return topicLimitMessage("Loading Stopped");
     case LoadStop::none:
     case LoadStop::endInOptions:
     case LoadStop::endInBody:
         break;
     }
     return {};
+}
+
+text::TextView whereCut(LoadStop stop) {
+    switch (stop) {
+    case LoadStop::endInBody:
+        return "ends inside the text of its last topic";
+    case LoadStop::endInOptions:
+        return "ends before its first topic";
+    default:
+        return {};
+    }
 }
 
 Message fileNotFoundMessage(const fs::path& path) {

@@ -34,9 +34,12 @@ enum class LoadStop {
     topicLimit     ///< more topics than a project can hold
 };
 
-/// What the author is told. There are no words for none, endInOptions and endInBody: the window
+/// What the author is told. There is no message for none, endInOptions and endInBody: the window
 /// shows what there is.
 std::optional<text::Message> messageFor(LoadStop stop);
+
+/// The words for endInOptions and endInBody, to go on after "the file"; empty for all others.
+text::TextView whereCut(LoadStop stop);
 
 struct ParsedProject {
     TopicOutline outline;

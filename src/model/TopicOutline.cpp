@@ -13,4 +13,10 @@ Topic TopicOutline::remove(int position) {
     return topic;
 }
 
+text::Message topicLimitMessage(text::TextView consequence) {
+    text::Text words = "Maximum Number of Help Topics Reached (";
+    text::append(words, std::to_string(TopicOutline::maxTopics), "), ", consequence);
+    return {std::move(words), "Topic Limit", text::MessageIcon::none};
+}
+
 } // namespace model

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "model/Topic.h"
+#include "text/Message.h"
 
 namespace model {
 
@@ -42,5 +43,9 @@ private:
 
     std::vector<Topic> topics_;
 };
+
+/// What the author is told where there is no room for more; `consequence` says what becomes of the
+/// rest.
+text::Message topicLimitMessage(text::TextView consequence);
 
 } // namespace model
