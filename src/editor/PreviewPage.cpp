@@ -1,5 +1,7 @@
 #include "editor/PreviewPage.h"
 
+#include "model/ProjectFolders.h"
+
 namespace editor {
 
 using text::append;
@@ -24,11 +26,11 @@ Text absolute(TextView path, TextView projectFolder) {
 
 Text withAbsolutePictures(TextView body, TextView projectFolder) {
     constexpr TextView tag = "<img src='";
-    constexpr TextView picture = "<img src='..\\images\\";
     Text made;
     made.reserve(body.size() + projectFolder.size());
     std::size_t done = 0;
-    for (std::size_t found = 0; (found = body.find(picture, done)) != TextView::npos;) {
+    for (std::size_t found = 0;
+         (found = body.find(model::imageTagStart, done)) != TextView::npos;) {
         append(made, body.substr(done, found - done), tag, projectFolder);
         done = found + tag.size() + upwards.size();
     }

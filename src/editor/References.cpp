@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "editor/MarkUp.h"
+#include "model/ProjectFolders.h"
 #include "text/TextLines.h"
 
 namespace editor {
@@ -38,7 +39,7 @@ int leadingNumber(TextView typed) {
 
 Passage insertGraphic(Passage passage, TextView fileName, const GraphicOptions& options) {
     Text tag;
-    append(tag, "<img src='..\\images\\", fileName, "' border=", std::to_string(options.border));
+    append(tag, model::imageTagStart, fileName, "' border=", std::to_string(options.border));
     if (options.spacedVertically) {
         append(tag, " vspace=", std::to_string(options.verticalSpacing));
     }
@@ -56,7 +57,8 @@ Passage insertGraphic(Passage passage, TextView fileName, const GraphicOptions& 
 }
 
 Passage insertPageLink(Passage passage, TextView fileName, TextView linkText) {
-    Text target = "..\\html\\";
+    Text target = R"(..\)";
+    append(target, model::pageFolderName, "\\");
     target += fileName;
     return insertLink(std::move(passage), target, linkText);
 }

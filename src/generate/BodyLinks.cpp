@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "model/ProjectFolders.h"
+
 namespace generate {
 
 using text::Text;
@@ -11,9 +13,7 @@ namespace {
 
 constexpr TextView linkStart = "<a href='";
 constexpr TextView linkEnd = "</a>";
-constexpr TextView pageLinkStart = R"(<a href='..\html\)";
 constexpr TextView imageStart = "<img src='";
-constexpr TextView projectImageStart = R"(<img src='..\images\)";
 
 /// Walks once over a body, copying what it passes to the output; handlers take over at each tag.
 class BodyCopier {
@@ -45,7 +45,7 @@ void turnIntoAnchorLink(BodyCopier& copier) {
     constexpr TextView extension = ".htm";
     copier.put(linkStart);
     copier.put("#");
-    copier.skip(pageLinkStart.size());
+    copier.skip(model::pageLinkStart.size());
     const std::size_t quote = copier.rest().find('\'');
     if (quote == TextView::npos) {
         return;
@@ -111,12 +111,12 @@ void appendDocumentationBody(Text& out, TextView body, TextView imageFolder, Pag
     BodyCopier copier(out, body);
     LinkRemover remover;
     while (copier.copyToTag()) {
-        if (copier.at(projectImageStart)) {
+        if (copier.at(model::imageTagStart)) {
             constexpr TextView parentFolder = "..";
             copier.copy(imageStart.size());
             copier.skip(parentFolder.size());
             copier.put(imageFolder);
-        } else if (links == PageLinks::toAnchors && copier.at(pageLinkStart)) {
+        } else if (links == PageLinks::toAnchors && copier.at(model::pageLinkStart)) {
             turnIntoAnchorLink(copier);
         } else if (links == PageLinks::toAnchors || !remover.handle(copier)) {
             copier.copy(1);

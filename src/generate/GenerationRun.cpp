@@ -53,14 +53,14 @@ public:
     }
 
     void makeFolders() {
-        for (const char* name : {model::pageFolderName, "std", imageFolderName}) {
+        for (const char* name : {model::pageFolderName, "std", model::imageFolderName}) {
             noteFailure(report_.failures, folder_ / name, platform::createFolder(folder_ / name));
             staysInside(folder_ / name);
         }
     }
 
     void copyPictures() {
-        if (!staysInside(folder_ / imageFolderName)) {
+        if (!staysInside(folder_ / model::imageFolderName)) {
             return;
         }
         for (const char* name : copiedPictures(project_.options())) {
@@ -161,7 +161,7 @@ private:
             noteFailure(report_.failures, source, error);
             return;
         }
-        write(folder_ / imageFolderName / name, picture);
+        write(folder_ / model::imageFolderName / name, picture);
     }
 
     Project& project_;
@@ -174,12 +174,12 @@ private:
 } // namespace
 
 std::vector<const char*> copiedPictures(const model::ProjectOptions& options) {
-    std::vector<const char*> names = {"Image.jpg"};
+    std::vector<const char*> names = {model::topicPicture};
     if (options.navigationType == model::NavigationType::graphicButtons) {
         constexpr std::pair<model::NavigationSwitch, const char*> buttons[] = {
-            {model::linkToFirst, "Home Button.jpg"},
-            {model::linkToPrevious, "Prev Button.jpg"},
-            {model::linkToNext, "Next Button.jpg"}};
+            {model::linkToFirst, model::homePicture},
+            {model::linkToPrevious, model::previousPicture},
+            {model::linkToNext, model::nextPicture}};
         for (const auto& [link, name] : buttons) {
             if (options.navigationButtons[link]) {
                 names.push_back(name);

@@ -27,9 +27,6 @@ struct GenerationRequest {
     std::function<void(const text::Text&)> showReport;
 };
 
-/// Holds the pictures of the pages, beside the workshop project.
-inline constexpr const char* imageFolderName = "images";
-
 /// The program's own pictures that a run puts there.
 std::vector<const char*> copiedPictures(const model::ProjectOptions& options);
 

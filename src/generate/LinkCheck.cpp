@@ -246,7 +246,8 @@ private:
     /// Whether generation puts a picture there.
     bool isCopied(const Text& place) const {
         return std::any_of(copied_.begin(), copied_.end(), [&place](const char* name) {
-            return model::pageKey(place) == model::pageKey(Text(imageFolderName) + '/' + name);
+            return model::pageKey(place)
+                   == model::pageKey(Text(model::imageFolderName) + '/' + name);
         });
     }
 

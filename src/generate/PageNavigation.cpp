@@ -1,5 +1,7 @@
 #include "generate/PageNavigation.h"
 
+#include "model/ProjectFolders.h"
+
 namespace generate {
 
 using model::NavigationType;
@@ -76,7 +78,7 @@ public:
 
     void appendHomeButton() {
         if (graphic() && hasPrevious() && isOn(model::linkToFirst)) {
-            appendButton(outline_.at(1), "Home Button.jpg", "Return to ");
+            appendButton(outline_.at(1), model::homePicture, "Return to ");
         }
     }
 
@@ -86,7 +88,7 @@ public:
         }
         const Topic& previous = outline_.at(position_ - 1);
         if (graphic()) {
-            appendButton(previous, "Prev Button.jpg", "Go to previous topic - ");
+            appendButton(previous, model::previousPicture, "Go to previous topic - ");
         } else {
             appendLink("next-topic", "The previous topic was ", previous);
         }
@@ -98,7 +100,7 @@ public:
         }
         const Topic& next = outline_.at(position_ + 1);
         if (graphic()) {
-            appendButton(next, "Next Button.jpg", "Go to next topic - ");
+            appendButton(next, model::nextPicture, "Go to next topic - ");
         } else if (!nextListed) {
             appendLink("next-topic", "The next topic is ", next);
         }
@@ -172,7 +174,7 @@ private:
     }
 
     void appendButton(const Topic& target, TextView picture, TextView text) {
-        appendLine(page_, R"(<a href=")", target.fileName, R"("><img src='..\images\)", picture,
+        appendLine(page_, R"(<a href=")", target.fileName, R"(">)", model::imageTagStart, picture,
                    "' title='", text, target.title, "' align=middle border=0></a>");
     }
 

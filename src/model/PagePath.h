@@ -2,13 +2,11 @@
 
 #include <filesystem>
 
+#include "model/ProjectFolders.h"
 #include "text/Text.h"
 
 /// The page of a topic as a file.
 namespace model {
-
-/// Lies beside the workshop project.
-inline constexpr const char* pageFolderName = "html";
 
 /// The name that a topic's page gets from its title.
 text::Text pageNameFor(text::TextView title);

@@ -3,6 +3,7 @@
 #include "editor/forms/dlgGraphicOptions.h"
 #include "editor/forms/dlgWebLinkText.h"
 #include "editor/forms/frmEditBody.h"
+#include "model/ProjectFolders.h"
 #include "platform/Files.h"
 #include "text/CodePage.h"
 #include "tools/Dictionary.h"
@@ -190,9 +191,9 @@ void frmEditBody::mnuTagInsert_Click() {
     if (!mayInsertTags()) {
         return;
     }
-    const auto file =
-        chooseFile("Select Graphic to Insert",
-                   "All Image Files|*.gif;*.jpg;*.bmp;*.jpeg||All Files (*.*)|*.*", "images");
+    const auto file = chooseFile("Select Graphic to Insert",
+                                 "All Image Files|*.gif;*.jpg;*.bmp;*.jpeg||All Files (*.*)|*.*",
+                                 model::imageFolderName);
     if (!file) {
         return;
     }
@@ -213,8 +214,8 @@ void frmEditBody::mnuTagPagelink_Click() {
     if (!mayInsertTags()) {
         return;
     }
-    const auto file =
-        chooseFile("Select Page to Link", "All HTML Files|*.htm*||All Files (*.*)|*.*", "html");
+    const auto file = chooseFile(
+        "Select Page to Link", "All HTML Files|*.htm*||All Files (*.*)|*.*", model::pageFolderName);
     if (!file) {
         return;
     }
