@@ -15,7 +15,7 @@ struct CommandLook {
     Text caption;  ///< in menus; "&" marks the letter that chooses it
     Text key;      ///< of its toolbar button
     Text toolTip;  ///< of that button
-    Text image;    ///< see imageExists()
+    Text image;    ///< one of assets/icons
     Text shortcut; ///< as in "Ctrl+Shift+S"; several are separated by "; ", the first is shown
 };
 

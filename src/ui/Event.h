@@ -17,6 +17,11 @@ public:
     ~RunningHandler();
     RunningHandler(const RunningHandler&) = delete;
     RunningHandler& operator=(const RunningHandler&) = delete;
+
+    static bool isAny();
+
+    /// Is called from now on whenever the last one has ended.
+    static void afterTheLast(void (*function)());
 };
 
 /// Calls what the toolkit has called for; an exception ends here.

@@ -4,10 +4,7 @@
 
 namespace ui {
 
-/// Whether the program has a picture of this name: that of a toolbar key or menu entry.
-bool imageExists(TextView name);
-
-/// A picture in a window.
+/// One of the program's own drawings in a window.
 class Image : public Control {
 public:
     Image(Container& container, TextView name, int twips);

@@ -1,6 +1,5 @@
 #include "ui/Prompter.h"
 
-#include <exception>
 #include <utility>
 
 #include <QApplication>
@@ -11,7 +10,6 @@
 #include <QPushButton>
 #include <QUrl>
 
-#include "ui/Event.h"
 #include "ui/Window.h"
 #include "ui/qt/Native.h"
 
@@ -153,20 +151,6 @@ Prompter& Prompter::current() {
 
 void Prompter::use(Prompter* prompter) {
     replacement = prompter;
-}
-
-void reportException() noexcept {
-    try {
-        Text what = "Something unexpected went wrong.";
-        try {
-            throw;
-        } catch (const std::exception& exception) {
-            what += "\n\n" + Text(exception.what());
-        } catch (...) { // nothing more is known of it
-        }
-        Prompter::current().ask(nullptr, {what, {}, Buttons::ok, QuestionIcon::critical});
-    } catch (...) { // not even that can be said
-    }
 }
 
 } // namespace ui

@@ -34,27 +34,17 @@ std::vector<std::unique_ptr<Window>>& discarded() {
 
 /// A handler's box or dialog lets events happen: the window in whose handler that is must not go
 /// yet.
-int runningHandlers = 0;
-
 void dropDiscardedLater() {
-    QTimer::singleShot(0, qApp, [] {
-        if (runningHandlers == 0) {
-            Window::dropDiscarded();
-        }
-    });
+    if (!discarded().empty()) {
+        QTimer::singleShot(0, qApp, [] {
+            if (!RunningHandler::isAny()) {
+                Window::dropDiscarded();
+            }
+        });
+    }
 }
 
 } // namespace
-
-RunningHandler::RunningHandler() noexcept {
-    ++runningHandlers;
-}
-
-RunningHandler::~RunningHandler() {
-    if (--runningHandlers == 0 && !discarded().empty()) {
-        dropDiscardedLater();
-    }
-}
 
 struct Window::Native : NativeWidget {
     using NativeWidget::NativeWidget;
@@ -219,14 +209,6 @@ bool Window::isOpen(TextView name) {
     });
 }
 
-Window* Window::modal() {
-    const auto& windows = allWindows();
-    const auto found = std::find_if(windows.begin(), windows.end(), [](const Window* window) {
-        return window->native_->widget == QApplication::activeModalWidget();
-    });
-    return found == windows.end() ? nullptr : *found;
-}
-
 void Window::closeAllBut(const Window& window) {
     const std::vector<Window*> windows = allWindows();
     for (Window* other : windows) {
@@ -238,6 +220,7 @@ void Window::closeAllBut(const Window& window) {
 
 void Window::discard(std::unique_ptr<Window> window) {
     discarded().push_back(std::move(window));
+    RunningHandler::afterTheLast(dropDiscardedLater);
     dropDiscardedLater();
 }
 

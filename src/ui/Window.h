@@ -62,9 +62,6 @@ public:
     bool isActive() const;
 
     static bool isOpen(TextView name);
-
-    /// The one that is shown by run() at present; null for none.
-    static Window* modal();
     static void closeAllBut(const Window& window);
 
     /// Lets go of a window at the next moment when no handler runs, so that its own may order it

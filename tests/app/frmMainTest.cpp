@@ -1,7 +1,6 @@
 #include <set>
 
 #include "app/MainWindowFixture.h"
-#include "ui/Image.h"
 
 using namespace ui::testing;
 using test::titled;
@@ -61,7 +60,7 @@ TEST_F(frmMain, ItsTableOfCommandsIsConsistent) {
             EXPECT_TRUE(row.toolTip != nullptr && row.image != nullptr) << row.key;
         }
         if (row.image != nullptr) {
-            EXPECT_TRUE(ui::imageExists(row.image)) << row.image;
+            EXPECT_TRUE(hasPicture(row.image)) << row.image;
         }
         if (row.shortcut != nullptr) {
             EXPECT_TRUE(shortcuts.insert(row.shortcut).second) << row.shortcut;

@@ -3,7 +3,6 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QIconEngine>
-#include <QLabel>
 #include <QPainter>
 #include <QPalette>
 #include <QPixmap>
@@ -11,7 +10,6 @@
 #include <QSvgRenderer>
 #endif
 
-#include "ui/Image.h"
 #include "ui/Twips.h"
 #include "ui/qt/Native.h"
 
@@ -92,18 +90,6 @@ QIcon imageNamed(TextView name) {
         return {};
     }
     return QIcon(new DrawingEngine(file.readAll()));
-}
-
-bool imageExists(TextView name) {
-    return !name.empty() && QFile::exists(fileOf(name));
-}
-
-Image::Image(Container& container, TextView name, int twips)
-    : Control(makeNative<QLabel>(container)) {
-    auto& label = widgetOf<QLabel>(*this);
-    label.setPixmap(imageNamed(name).pixmap(QSize(toPixels(twips), toPixels(twips)),
-                                            label.devicePixelRatioF()));
-    label.setAlignment(Qt::AlignCenter);
 }
 
 } // namespace ui

@@ -14,11 +14,25 @@
 /// The toolkit's windows behind a Window.
 namespace ui {
 
+/// What all of them have.
+class AnyShell {
+public:
+    explicit AnyShell(Window& owner) : owner_(owner) {}
+    virtual ~AnyShell() = default;
+    AnyShell(const AnyShell&) = delete;
+    AnyShell& operator=(const AnyShell&) = delete;
+
+    Window& owner() const { return owner_; }
+
+protected:
+    Window& owner_;
+};
+
 /// What a window does when the person acts on it; the same for all kinds of windows.
 template <typename Base>
-class Shell : public Base {
+class Shell : public Base, public AnyShell {
 public:
-    Shell(Window& owner, QWidget* parent) : Base(parent), owner_(owner) {
+    Shell(Window& owner, QWidget* parent) : Base(parent), AnyShell(owner) {
         this->setAcceptDrops(true);
     }
 
@@ -95,8 +109,6 @@ private:
         event.setAccepted(taken);
         return taken;
     }
-
-    Window& owner_;
 };
 
 class DialogShell : public Shell<QDialog> {

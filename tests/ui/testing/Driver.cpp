@@ -19,6 +19,7 @@
 #include <QToolButton>
 
 #include "ui/qt/PlainButtons.h"
+#include "ui/qt/WindowShells.h"
 #include "ui/testing/Native.h"
 
 namespace ui::testing {
@@ -31,8 +32,8 @@ QWidget& focused() {
 }
 
 void actInModal(const std::function<void(Window&)>& act, int attempts) {
-    Window* dialog = Window::modal();
-    if (dialog == nullptr || QApplication::activeWindow() != &widgetOf(*dialog)) {
+    auto* shell = dynamic_cast<AnyShell*>(QApplication::activeModalWidget());
+    if (shell == nullptr || QApplication::activeWindow() != QApplication::activeModalWidget()) {
         if (attempts > 1000) {
             qFatal("no dialog opened");
         }
@@ -40,8 +41,9 @@ void actInModal(const std::function<void(Window&)>& act, int attempts) {
         QTimer::singleShot(1, qApp, [act, attempts] { actInModal(act, attempts + 1); });
         return;
     }
-    act(*dialog);
-    if (dialog->isVisible()) {
+    Window& dialog = shell->owner();
+    act(dialog);
+    if (dialog.isVisible()) {
         qFatal("a dialog was left open");
     }
 }

@@ -90,6 +90,9 @@ bool chooseFromButton(Window& window, const char* toolTip, const char* caption);
 /// when these are equal.
 std::string buttonPicture(Window& window, const char* toolTip);
 
+/// Whether the program has a picture of this name.
+bool hasPicture(const char* name);
+
 /// The row that is drawn as the selected one; 0 for none or several.
 int highlightedRow(const ListView& list);
 

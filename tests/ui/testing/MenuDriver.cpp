@@ -6,6 +6,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include "ui/qt/Icons.h"
 #include "ui/testing/Driver.h"
 #include "ui/testing/Native.h"
 
@@ -146,6 +147,10 @@ bool chooseFromButton(Window& window, const char* toolTip, const char* caption) 
     }
     button->menu()->popup(button->mapToGlobal(button->rect().bottomLeft()));
     return clickEntry(*button->menu(), caption);
+}
+
+bool hasPicture(const char* name) {
+    return !imageNamed(name).isNull();
 }
 
 std::string buttonPicture(Window& window, const char* toolTip) {
