@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "platform/Unicode.h"
+#include "text/Address.h"
 #include "workshop/Encoding.h"
 
 namespace help {
@@ -98,29 +100,62 @@ void readContexts(const Table& contexts, const Table& strings, ChmFacts& facts) 
     }
 }
 
-/// The first file with an ending, for help that does not name it.
-std::string withEnding(const std::vector<std::string>& paths, const char* ending) {
-    const auto found = std::find_if(paths.begin(), paths.end(), [ending](const std::string& path) {
-        return path.ends_with(ending);
+bool isThere(const ChmFile& file, const std::string& name, unsigned codePage) {
+    return !name.empty()
+           && file.holds('/' + text::plainPath(platform::utf8FromCodePage(name, codePage)));
+}
+
+/// What the help's windows show counts for what it does not say itself, or says wrongly.
+void readWindows(const Table& windows, const Table& strings, const ChmFile& file, ChmFacts& facts) {
+    constexpr std::size_t headerSize = 8;
+    constexpr std::size_t mostWindows = 256;
+    const std::size_t size = std::max(windows.number(4, 4), 1U);
+    struct Field {
+        std::size_t place;
+        std::string& fact;
+        bool isFile;
+    };
+    const Field fields[] = {{0x60, facts.contentsFile, true},
+                            {0x64, facts.indexFile, true},
+                            {0x68, facts.homePage, false},
+                            {0x6C, facts.homePage, false},
+                            {0x14, facts.title, false}};
+    const std::size_t count = std::min<std::size_t>(windows.number(0, 4), mostWindows);
+    for (std::size_t i = 0; i < count && headerSize + i * size < windows.size(); ++i) {
+        for (const Field& field : fields) {
+            const unsigned place = windows.number(headerSize + i * size + field.place, 4);
+            const std::string text = place == 0 ? std::string() : strings.text(place);
+            if (field.fact.empty()
+                || (field.isFile && !isThere(file, field.fact, facts.codePage))) {
+                field.fact = text.empty() ? field.fact : text;
+            }
+        }
+    }
+}
+
+/// The first file with an ending, for help that names none that is there.
+void findFile(std::string& fact, const ChmFile& file, unsigned codePage,
+              std::string_view lowerEnding) {
+    const std::vector<std::string>& paths = file.paths();
+    if (isThere(file, fact, codePage)) {
+        return;
+    }
+    const auto found = std::find_if(paths.begin(), paths.end(), [&](const std::string& path) {
+        return packedKey(path).ends_with(lowerEnding);
     });
-    return found == paths.end() ? std::string() : *found;
+    fact = found == paths.end() ? fact : *found;
 }
 
 } // namespace
 
 ChmFacts readFacts(const ChmFile& file) {
     ChmFacts facts;
+    const Table strings = table(file, "/#STRINGS");
     readSystem(table(file, "/#SYSTEM"), facts);
-    readContexts(table(file, "/#IVB"), table(file, "/#STRINGS"), facts);
-    if (facts.contentsFile.empty() || facts.indexFile.empty()) {
-        const std::vector<std::string>& paths = file.paths();
-        if (facts.contentsFile.empty()) {
-            facts.contentsFile = withEnding(paths, ".hhc");
-        }
-        if (facts.indexFile.empty()) {
-            facts.indexFile = withEnding(paths, ".hhk");
-        }
-    }
+    readContexts(table(file, "/#IVB"), strings, facts);
+    readWindows(table(file, "/#WINDOWS"), strings, file, facts);
+    findFile(facts.contentsFile, file, facts.codePage, ".hhc");
+    findFile(facts.indexFile, file, facts.codePage, ".hhk");
     return facts;
 }
 

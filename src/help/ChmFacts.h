@@ -19,7 +19,8 @@ struct ChmFacts {
     std::map<unsigned, std::string> contexts; ///< pages by context number
 };
 
-/// Damaged parts are missing parts.
+/// Damaged parts are missing parts. Contents, index and home page that the help itself does not
+/// name are those of its window, and contents and index otherwise the first ones that there are.
 ChmFacts readFacts(const ChmFile& file);
 
 } // namespace help

@@ -5,7 +5,7 @@
 #include <set>
 #include <unordered_set>
 
-#include "help/TopicReader.h"
+#include "help/BinaryLists.h"
 #include "platform/Files.h"
 #include "platform/Unicode.h"
 #include "text/Address.h"
@@ -45,6 +45,10 @@ std::string joined(const std::string& above, const std::string& keyword) {
     return above.empty() || !fits ? keyword : above + ", " + keyword;
 }
 
+bool isPlain(std::string_view bytes) {
+    return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return (byte & 0x80) == 0; });
+}
+
 std::string withoutAnchor(const std::string& page) {
     return page.substr(0, page.find('#'));
 }
@@ -59,6 +63,7 @@ std::unique_ptr<HelpBook> HelpBook::open(const std::filesystem::path& path) {
 
 HelpBook::HelpBook(std::filesystem::path path, std::unique_ptr<ChmFile> file)
     : path_(std::move(path)), file_(std::move(file)), facts_(readFacts(*file_)) {
+    chooseCodePage();
     title_ = decoded(facts_.title);
     if (title_.empty()) {
         title_ = platform::utf8FromPath(path_.stem());
@@ -68,9 +73,7 @@ HelpBook::HelpBook(std::filesystem::path path, std::unique_ptr<ChmFile> file)
 }
 
 std::string HelpBook::decoded(const std::string& bytes) const {
-    const bool isPlain =
-        std::all_of(bytes.begin(), bytes.end(), [](char byte) { return (byte & 0x80) == 0; });
-    return isPlain ? bytes : platform::utf8FromCodePage(bytes, facts_.codePage);
+    return isPlain(bytes) ? bytes : platform::utf8FromCodePage(bytes, facts_.codePage);
 }
 
 std::optional<std::string> HelpBook::read(const std::string& path) const {
@@ -96,15 +99,55 @@ std::string HelpBook::pathOf(std::string_view local) const {
     return "/" + path + std::string(local.substr(anchor));
 }
 
-std::vector<workshop::SitemapEntry> HelpBook::sitemap(const std::string& file) const {
+std::string HelpBook::sitemapBytes(const std::string& file) const {
     if (file.empty()) {
         return {};
     }
-    const std::string bytes = file_->read(pathOf(decoded(file))).value_or("");
-    auto entries = workshop::readSitemap(decoded(bytes)).entries;
+    const auto bytes = file_->read(pathOf(decoded(file)));
+    return bytes ? *bytes : file_->read(pathOf(file)).value_or("");
+}
+
+/// There is help whose texts are not in the code page of its language, but in that of its pages.
+void HelpBook::chooseCodePage() {
+    constexpr std::size_t enoughPages = 8;
+    constexpr unsigned windowsPages[] = {874,  932,  936,  949,  950,  1250, 1251,
+                                         1252, 1253, 1254, 1255, 1256, 1257, 1258};
+    const std::string contents = sitemapBytes(facts_.contentsFile);
+    if (isPlain(contents) || workshop::decodedSource(contents, facts_.codePage).isUnicode) {
+        return;
+    }
+    std::set<unsigned> named;
+    std::size_t count = 0;
+    for (const std::string& path : file_->paths()) {
+        if (hasPageEnding(path) && count++ < enoughPages) {
+            named.insert(workshop::declaredCodePage(file_->read(path).value_or("")));
+        }
+    }
+    named.erase(0);
+    if (named.size() == 1
+        && std::find(std::begin(windowsPages), std::end(windowsPages), *named.begin())
+               != std::end(windowsPages)) {
+        facts_.codePage = *named.begin();
+    }
+}
+
+/// Workshops write letters beyond ASCII as references to bytes of the code page; a file that has
+/// such letters was not written by one.
+std::vector<workshop::SitemapEntry> HelpBook::sitemap(const std::string& file) const {
+    const std::string bytes = sitemapBytes(file);
+    const unsigned references = isPlain(bytes) ? facts_.codePage : workshop::plainReferences;
+    auto entries =
+        workshop::readSitemap(workshop::decodedSource(bytes, facts_.codePage).utf8, references)
+            .entries;
     // One may stand for another help's contents and have no name.
     std::erase_if(entries, [](const auto& entry) { return entry.name.empty(); });
     return entries;
+}
+
+/// With its title; empty for a damaged table.
+HelpTarget HelpBook::targetOf(const TopicReader& topics, std::uint32_t topic) const {
+    return {workshop::decodedSource(topics.title(topic), facts_.codePage).utf8,
+            pathOf(decoded(topics.address(topic).value_or("")))};
 }
 
 void HelpBook::readContents() {
@@ -112,6 +155,13 @@ void HelpBook::readContents() {
         const std::string page =
             entry.targets.empty() ? std::string() : pathOf(entry.targets.front().page);
         contents_.push_back({entry.depth, {entry.name, page}});
+    }
+    if (contents_.empty()) {
+        const TopicReader topics(*file_);
+        for (const BinaryEntry& entry : readBinaryContents(*file_)) {
+            contents_.push_back({entry.depth, entry.topic ? targetOf(topics, *entry.topic)
+                                                          : HelpTarget{decoded(entry.name), {}}});
+        }
     }
 }
 
@@ -215,6 +265,14 @@ const std::vector<IndexEntry>& HelpBook::index() {
             add(above[depth - 1], {target.title, pathOf(target.page)});
         }
     }
+    if (sorted.empty()) {
+        const TopicReader topics(*file_);
+        for (const BinaryKeyword& keyword : readBinaryIndex(*file_)) {
+            for (const std::uint32_t topic : keyword.topics) {
+                add(keyword.keyword, targetOf(topics, topic));
+            }
+        }
+    }
     for (const Page& page : pages()) {
         for (const std::string& keyword : page.page.keywords) {
             add(keyword, {titleOf(page), page.path});
@@ -240,11 +298,12 @@ std::optional<std::vector<HelpBook::Result>> HelpBook::askIndex(const HelpQuesti
     std::vector<Result> results;
     const TopicReader topics(*file_);
     for (const IndexSearch::Answer& answer : *answers) {
-        const std::string page =
-            withoutAnchor(pathOf(decoded(topics.address(answer.topic).value_or(""))));
+        auto [title, address] = targetOf(topics, answer.topic);
+        const std::string page = withoutAnchor(address);
+        if (page.empty()) {
+            continue;
+        }
         const std::size_t place = placeOf(page);
-        std::string title =
-            workshop::decodedSource(topics.title(answer.topic), facts_.codePage).utf8;
         if (title.empty()) {
             title = place < contents_.size() ? contents_[place].target.title : page;
         }

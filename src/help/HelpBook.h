@@ -2,6 +2,7 @@
 
 #include "help/ChmFacts.h"
 #include "help/IndexSearch.h"
+#include "help/TopicReader.h"
 #include "workshop/Sitemap.h"
 
 namespace help {
@@ -75,7 +76,10 @@ private:
     HelpBook(std::filesystem::path path, std::unique_ptr<ChmFile> file);
     std::string decoded(const std::string& bytes) const;
     std::string pathOf(std::string_view local) const;
+    std::string sitemapBytes(const std::string& file) const;
     std::vector<workshop::SitemapEntry> sitemap(const std::string& file) const;
+    HelpTarget targetOf(const TopicReader& topics, std::uint32_t topic) const;
+    void chooseCodePage();
     void readContents();
     void chooseHomePage();
     const std::vector<Page>& pages();

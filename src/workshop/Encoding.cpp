@@ -63,23 +63,6 @@ unsigned codePageNamed(std::string_view name) {
     return codePage;
 }
 
-/// The code page that a page names in its head; 0 for none that is known.
-unsigned namedCodePage(std::string_view bytes) {
-    constexpr std::size_t headSize = 2048;
-    const text::Text head = text::lowerCase(bytes.substr(0, headSize));
-    constexpr std::string_view xml = "<?xml";
-    for (const std::string_view mark : {"charset", "encoding"}) {
-        const std::size_t at = head.find(mark);
-        if (at == text::Text::npos || (mark == "encoding" && !head.starts_with(xml))) {
-            continue;
-        }
-        std::string_view name = std::string_view(head).substr(at + mark.size());
-        name.remove_prefix(std::min(name.find_first_not_of(" ='\""), name.size()));
-        return codePageNamed(name.substr(0, name.find_first_of("\"' />;?\r\n")));
-    }
-    return 0;
-}
-
 bool isPlain(std::string_view bytes) {
     return std::none_of(bytes.begin(), bytes.end(), [](char byte) { return (byte & 0x80) != 0; });
 }
@@ -158,11 +141,27 @@ bool hasCodePage(unsigned language) {
            == std::end(without);
 }
 
+unsigned declaredCodePage(std::string_view bytes) {
+    constexpr std::size_t headSize = 2048;
+    const text::Text head = text::lowerCase(bytes.substr(0, headSize));
+    constexpr std::string_view xml = "<?xml";
+    for (const std::string_view mark : {"charset", "encoding"}) {
+        const std::size_t at = head.find(mark);
+        if (at == text::Text::npos || (mark == "encoding" && !head.starts_with(xml))) {
+            continue;
+        }
+        std::string_view name = std::string_view(head).substr(at + mark.size());
+        name.remove_prefix(std::min(name.find_first_not_of(" ='\""), name.size()));
+        return codePageNamed(name.substr(0, name.find_first_of("\"' />;?\r\n")));
+    }
+    return 0;
+}
+
 std::string decodedPage(std::string_view bytes, unsigned codePage) {
     if (auto text = markedText(bytes)) {
         return *text;
     }
-    const unsigned named = namedCodePage(bytes);
+    const unsigned named = declaredCodePage(bytes);
     return fromCodePage(bytes, named == 0 ? codePage : named);
 }
 

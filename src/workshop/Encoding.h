@@ -20,6 +20,9 @@ bool hasCodePage(unsigned language);
 /// the given code page.
 std::string decodedPage(std::string_view bytes, unsigned codePage);
 
+/// The code page that a page names itself; 0 when it names none that is known.
+unsigned declaredCodePage(std::string_view bytes);
+
 /// What a file that cannot name its encoding says.
 struct SourceText {
     std::string utf8;

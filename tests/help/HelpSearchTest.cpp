@@ -1,21 +1,13 @@
 #include "help/HelpSearch.h"
 
-#include <gtest/gtest.h>
-#include <map>
-
-#include "compile/Compiler.h"
-#include "compile/Container.h"
-#include "help/HelpBook.h"
 #include "help/HelpCheck.h"
-#include "support/TestFiles.h"
+#include "help/PackedHelp.h"
 
 using namespace help;
-namespace fs = std::filesystem;
 
 namespace {
 
 using Lines = std::vector<std::string>;
-using Files = std::map<std::string, std::string>;
 
 Lines found(HelpBook& book, const char* question) {
     Lines pages;
@@ -25,43 +17,7 @@ Lines found(HelpBook& book, const char* question) {
     return pages;
 }
 
-class HelpSearch : public testing::Test {
-protected:
-    std::unique_ptr<HelpBook> compiled(const Files& pages, const std::string& options,
-                                       bool isSearchable) {
-        std::string project = "[OPTIONS]\nCompiled file=t.chm\n" + options + "[FILES]\n";
-        for (const auto& [name, page] : pages) {
-            test::writeBytes(folder / name, page);
-            project += name + '\n';
-        }
-        test::writeBytes(folder / "t.hhp", project);
-        compile::CompileOptions wanted;
-        wanted.fullTextSearch = isSearchable;
-        EXPECT_TRUE(compile::compileProject(folder / "t.hhp", wanted).isWritten);
-        return HelpBook::open(folder / "t.chm");
-    }
-
-    /// The files of the help that was compiled last.
-    Files files() {
-        const auto file = ChmFile::open(folder / "t.chm");
-        Files all;
-        for (const std::string& path : file->paths()) {
-            all[path] = file->read(path).value();
-        }
-        return all;
-    }
-
-    fs::path packed(const Files& files) {
-        compile::Container container({});
-        for (const auto& [name, content] : files) {
-            container.add(name, content);
-        }
-        test::writeBytes(folder / "packed.chm", container.pack().value());
-        return folder / "packed.chm";
-    }
-
-    test::TemporaryFolder folder;
-};
+class HelpSearch : public test::PackedHelp {};
 
 /// Many words, so that the index has leaves and a root.
 std::string manyWords() {

@@ -123,7 +123,7 @@ bool frmHelp::openBook(const fs::path& file) {
         const ui::WaitCursor busy;
         book = HelpBook::open(file);
     }
-    if (book == nullptr || book->homePage().empty()) {
+    if (book == nullptr) {
         return false;
     }
     book_ = std::move(book);

@@ -1,6 +1,7 @@
 #include "help/forms/frmHelp.h"
 
 #include "app/MainWindowFixture.h"
+#include "compile/Compiler.h"
 #include "platform/Files.h"
 #include "support/HelpCompiler.h"
 #ifndef _WIN32
@@ -147,6 +148,23 @@ TEST_F(frmHelp, AsksNothingOfTheNetwork) {
     EXPECT_EQ(test::takeLooks(), std::set<std::string>());
 }
 #endif
+
+TEST_F(frmHelp, HelpWithoutPagesHasItsContents) {
+    test::writeBytes(folder / "pad.bmp", test::bitmap(9, 9));
+    test::writeBytes(folder / "t.hhc",
+                     "<ul><li><object type='text/sitemap'><param name=Name value='Web'><param "
+                     "name=Local value='http://x.example/'></object></ul>");
+    test::writeBytes(folder / "t.hhp",
+                     "[OPTIONS]\nContents file=t.hhc\nTitle=None\n[FILES]\npad.bmp\n");
+    EXPECT_TRUE(compile::compileProject(folder / "t.hhp", {}).isWritten);
+    press("F1");
+    EXPECT_TRUE(shows("The window shows one project."));
+    EXPECT_TRUE(shown().openBook(folder / "t.chm"));
+    EXPECT_EQ(shown().caption(), "None - Help");
+    EXPECT_EQ(treeText(shown().tvContents), "Web\n");
+    shown().showContext(1);
+    EXPECT_EQ(treeText(shown().tvContents), "Web\n");
+}
 
 TEST_F(frmHelp, ShowsOtherHelpFilesAndLeadsOutside) {
     if (!test::canCompileHelp()) {
