@@ -11,11 +11,11 @@ using ui::Prompter;
 
 ProgramHelp::ProgramHelp(ui::Window& window, ui::Settings& settings, std::filesystem::path helpFile)
     : window_(window), settings_(settings), helpFile_(std::move(helpFile)) {
-    ui::setHelp([this](int context) { showPage(context); });
+    ui::takeOverHelp([this](int context) { showPage(context); });
 }
 
 ProgramHelp::~ProgramHelp() {
-    ui::setHelp({});
+    ui::takeOverHelp({});
 }
 
 void ProgramHelp::tellWhenMissing() const {

@@ -17,7 +17,7 @@ void showHelp(int context) {
     }
 }
 
-void setHelp(std::function<void(int context)> show) {
+void takeOverHelp(std::function<void(int context)> show) {
     shower() = std::move(show);
 }
 

@@ -8,7 +8,7 @@ namespace ui {
 /// all windows end here. Does nothing until somebody has taken it over.
 void showHelp(int context);
 
-/// Who does it; empty for nobody.
-void setHelp(std::function<void(int context)> show);
+/// Whoever shows it from now on; empty for nobody.
+void takeOverHelp(std::function<void(int context)> show);
 
 } // namespace ui
