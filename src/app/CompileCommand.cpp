@@ -45,7 +45,7 @@ std::optional<fs::path> CompileCommand::chooseOutput() {
 
 /// Empty when the author cancelled.
 fs::path CompileCommand::output(bool ask) {
-    const fs::path last = lastOutput();
+    fs::path last = lastOutput();
     if (!ask && !last.empty()) {
         return last;
     }

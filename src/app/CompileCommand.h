@@ -18,12 +18,6 @@ public:
     /// Asks for the file where it is not known yet, and otherwise when told so.
     void compile(bool ask);
 
-    /// Of the last compilation, as long as it is open; null otherwise.
-    dlgCompile* window() const { return compilation_.get(); }
-
-    /// Where what was compiled was opened; null otherwise.
-    help::frmHelp* viewer() const { return viewer_.get(); }
-
 private:
     std::filesystem::path lastOutput() const;
     std::filesystem::path output(bool ask);
@@ -39,8 +33,8 @@ private:
     ui::Settings& settings_;
     GenerateCommands& generation_;
     LastReport& lastReport_;
-    std::unique_ptr<dlgCompile> compilation_;
-    std::unique_ptr<help::frmHelp> viewer_;
+    std::unique_ptr<dlgCompile> compilation_; ///< of the last one, as long as it is open
+    std::unique_ptr<help::frmHelp> viewer_;   ///< of what was compiled
 };
 
 } // namespace app

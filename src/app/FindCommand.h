@@ -28,9 +28,6 @@ public:
     /// Two topics have changed places.
     void topicsSwapped(int a, int b);
 
-    /// Null when nothing is being looked for.
-    tools::frmFind* dialog() const { return dialog_.get(); }
-
 private:
     // What a search asks for.
     const model::TopicOutline& outline() const override { return project_.outline(); }

@@ -28,9 +28,6 @@ public:
     void importDropped(const std::vector<std::filesystem::path>& files);
     static bool takes(const std::filesystem::path& file);
 
-    /// For topics of another project, as long as it is open; null otherwise.
-    importer::frmImport* dialog() const { return dialog_.get(); }
-
 private:
     std::filesystem::path folder() const;
     std::optional<std::filesystem::path> chooseFile(text::TextView title, const char* pattern,

@@ -17,9 +17,6 @@ public:
 
     void show(text::TextView caption, ui::HelpContext context, const text::Text& text);
 
-    /// Null when none is open.
-    dlgReport* window() const { return report_.get(); }
-
 private:
     ui::Window& owner_;
     std::unique_ptr<dlgReport> report_;

@@ -23,9 +23,6 @@ public:
     void showPage(int context);
     void showIndex();
 
-    /// Our own viewer, null when it is not open.
-    help::frmHelp* viewer() const { return viewer_.get(); }
-
 private:
     bool openViewer();
 

@@ -22,7 +22,7 @@ namespace app {
 /// The main window: the outline, the fields of the current topic, and every command. It owns the
 /// open project, watches it and shows what becomes of it. Others carry out what is more than a call
 /// of a function over the project.
-class frmMain : public ui::Window, private model::ProjectObserver, private CommandHost {
+class frmMain final : public ui::Window, private model::ProjectObserver, private CommandHost {
     // Before the controls, which show it.
     ui::Settings& settings_;
     model::Project project_;
@@ -127,14 +127,10 @@ public:
     bool canUndo() const { return project_.history().canUndo(); }
     bool canRedo() const { return project_.history().canRedo(); }
 
-    // Those who carry out what is more than a few lines, with the windows that they have open.
     WorkKeeper& workKeeper() { return work_; }
-    editor::frmEditBody* editor() const { return editor_.window(); } ///< null when none is open
-    const LastReport& lastReport() const { return lastReport_; }
-    const CompileCommand& compilation() const { return compilation_; }
-    const ImportCommands& imports() const { return imports_; }
-    const FindCommand& search() const { return find_; }
-    const ProgramHelp& programHelp() const { return help_; }
+
+    /// Null when no topic is being edited.
+    editor::frmEditBody* editor() const { return editor_.window(); }
 
     void Resize() override;
     bool mayClose() override;

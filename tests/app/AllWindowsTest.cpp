@@ -70,5 +70,5 @@ TEST_F(AllWindows, TheSplashGoesWithTheNextKeyOrClickInAnyOfThem) {
     click(window->lvLevels);
     EXPECT_FALSE(splash.isVisible());
     press("Ctrl+F"); // and reaches its window as ever
-    EXPECT_NE(window->search().dialog(), nullptr);
+    EXPECT_NE(openWindow<tools::frmFind>(), nullptr);
 }

@@ -28,9 +28,8 @@ protected:
     void compile(const char* caption) {
         EXPECT_TRUE(choose(*window, {"File", "Generate Files", caption}));
         prompter.verify();
-        ASSERT_NE(window->compilation().window(), nullptr);
-        EXPECT_TRUE(
-            waitFor([this] { return window->compilation().window()->cmdOpen.isEnabled(); }));
+        ASSERT_NE(openWindow<app::dlgCompile>(), nullptr);
+        EXPECT_TRUE(waitFor([this] { return openWindow<app::dlgCompile>()->cmdOpen.isEnabled(); }));
     }
 };
 
@@ -39,11 +38,11 @@ protected:
 TEST_F(CompileCommand, CompilesLeadsToTopicsAndOpensTheHelp) {
     expectQuestion("p.chm", std::nullopt);
     EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Compile Help..."}));
-    EXPECT_EQ(window->compilation().window(), nullptr);
+    EXPECT_EQ(openWindow<app::dlgCompile>(), nullptr);
 
     expectQuestion("p.chm", folder / "out.chm");
     compile("Compile Help...");
-    app::dlgCompile& dialog = *window->compilation().window();
+    app::dlgCompile& dialog = *openWindow<app::dlgCompile>();
     EXPECT_TRUE(dialog.lblProgress.caption().starts_with("out.chm: 2 files in "))
         << dialog.lblProgress.caption();
     EXPECT_EQ(cellText(dialog.lvMessages, 1, 0), "warning");
@@ -54,18 +53,18 @@ TEST_F(CompileCommand, CompilesLeadsToTopicsAndOpensTheHelp) {
     EXPECT_EQ(project().currentIndex(), 2);
 
     click(dialog.cmdOpen);
-    ASSERT_NE(window->compilation().viewer(), nullptr);
-    EXPECT_EQ(window->compilation().viewer()->book()->path(), folder / "out.chm");
+    ASSERT_NE(openWindow<help::frmHelp>(), nullptr);
+    EXPECT_EQ(openWindow<help::frmHelp>()->book()->path(), folder / "out.chm");
     EXPECT_TRUE(waitFor([this] {
-        return window->compilation().viewer()->brwPage.shown() == "/html/b.htm";
-    })) << window->compilation().viewer()->brwPage.shown();
+        return openWindow<help::frmHelp>()->brwPage.shown() == "/html/b.htm";
+    })) << openWindow<help::frmHelp>()->brwPage.shown();
 
     compile("Compile Help..."); // to the same place, without a question
     expectQuestion(folder / "out.chm", folder / "other.chm");
     compile("Compile To...");
-    EXPECT_EQ(window->compilation().window()->outcome()->output, folder / "other.chm");
-    click(window->compilation().window()->CloseButton);
-    EXPECT_EQ(window->compilation().window(), nullptr);
+    EXPECT_EQ(openWindow<app::dlgCompile>()->outcome()->output, folder / "other.chm");
+    click(openWindow<app::dlgCompile>()->CloseButton);
+    EXPECT_EQ(openWindow<app::dlgCompile>(), nullptr);
 }
 
 TEST_F(CompileCommand, NeitherTheProjectNorItsSourcesAreTheOutput) {
@@ -79,7 +78,7 @@ TEST_F(CompileCommand, NeitherTheProjectNorItsSourcesAreTheOutput) {
         prompter.expect({words, "Compile Help", ui::Buttons::ok, ui::QuestionIcon::exclamation});
         EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Compile Help..."}));
         prompter.verify();
-        EXPECT_EQ(window->compilation().window(), nullptr);
+        EXPECT_EQ(openWindow<app::dlgCompile>(), nullptr);
     }
     EXPECT_EQ(test::bytesOf(folder / "p.tsp"), before);
 }
@@ -88,14 +87,14 @@ TEST_F(CompileCommand, WhatCannotBeWrittenIsSaidAndAWindowClosedEarlyDoesNoHarm)
     fs::create_directory(folder / "dir.chm");
     expectQuestion("p.chm", folder / "dir.chm");
     EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Compile Help..."}));
-    app::dlgCompile& dialog = *window->compilation().window();
+    app::dlgCompile& dialog = *openWindow<app::dlgCompile>();
     EXPECT_TRUE(waitFor([&] { return !dialog.CancelButton.isEnabled(); }));
     EXPECT_EQ(dialog.lblProgress.caption(), "Nothing was written.");
     EXPECT_FALSE(dialog.cmdOpen.isEnabled());
 
     EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Compile Help..."}));
-    click(window->compilation().window()->CancelButton);
-    window->compilation().window()->close();
+    click(openWindow<app::dlgCompile>()->CancelButton);
+    openWindow<app::dlgCompile>()->close();
     settle();
-    EXPECT_EQ(window->compilation().window(), nullptr);
+    EXPECT_EQ(openWindow<app::dlgCompile>(), nullptr);
 }

@@ -11,11 +11,11 @@ namespace {
 /// The search in the main window and the editor.
 class FindCommand : public test::MainWindow {
 protected:
-    tools::frmFind& dialog() { return *window->search().dialog(); }
+    tools::frmFind& dialog() { return *openWindow<tools::frmFind>(); }
 
     void open() {
         press("Ctrl+F");
-        ASSERT_NE(window->search().dialog(), nullptr);
+        ASSERT_NE(openWindow<tools::frmFind>(), nullptr);
     }
 
     void findNext() {
@@ -60,7 +60,7 @@ TEST_F(FindCommand, AsksForATextAndNeedsATopic) {
     prompter.expect({"Nothing to Search", "Find"});
     press("Enter");
     press("Escape");
-    EXPECT_EQ(window->search().dialog(), nullptr);
+    EXPECT_EQ(openWindow<tools::frmFind>(), nullptr);
     EXPECT_TRUE(choose(*window, {"Edit", "Find..."}));
     EXPECT_EQ(selectedIn(dialog(), dialog().txtFind), "\xE9@0");
     EXPECT_TRUE(dialog().cmdFindNext.isEnabled());
@@ -196,5 +196,5 @@ TEST_F(FindCommand, OutlivesItsProject) {
     EXPECT_EQ(selectedIn(*window, window->txtTitle), "x@0");
     EXPECT_TRUE(window->close());
     settle();
-    EXPECT_EQ(window->search().dialog(), nullptr);
+    EXPECT_EQ(openWindow<tools::frmFind>(), nullptr);
 }

@@ -65,7 +65,7 @@ TEST_F(GenerateCommands, GenerationRepairsReportsAndSaves) {
     EXPECT_NE(test::bytesOf(folder / "my.first.tsp").find("A 1.htm"), std::string::npos);
 
     ASSERT_TRUE(ui::Window::isOpen(app::dlgReport::windowName));
-    app::dlgReport& report = *window->lastReport().window();
+    app::dlgReport& report = *openWindow<app::dlgReport>();
     EXPECT_EQ(report.caption(), "Generation Report");
     EXPECT_EQ(report.txtReport.text(),
               "Output to:\r\n" + std::string(folder / "help.hhp")
@@ -78,7 +78,7 @@ TEST_F(GenerateCommands, GenerationRepairsReportsAndSaves) {
                     "\r\nGeneration Complete.");
     click(report.OKButton);
     EXPECT_FALSE(ui::Window::isOpen(app::dlgReport::windowName));
-    EXPECT_EQ(window->lastReport().window(), nullptr);
+    EXPECT_EQ(openWindow<app::dlgReport>(), nullptr);
     show(*window);
     window->lvLevels.setFocus();
     press("Ctrl+Z"); // the repairs as one step

@@ -54,15 +54,15 @@ protected:
 
     /// What it said.
     std::string closeReport() {
-        if (window->lastReport().window() == nullptr) {
+        if (openWindow<app::dlgReport>() == nullptr) {
             return "no report";
         }
-        app::dlgReport& report = *window->lastReport().window();
+        app::dlgReport& report = *openWindow<app::dlgReport>();
         click(report.cmdCopy);
         EXPECT_EQ(ui::Clipboard().text(), report.txtReport.text());
         const std::string text = report.caption() + '\n' + report.txtReport.text();
         click(report.OKButton);
-        EXPECT_EQ(window->lastReport().window(), nullptr);
+        EXPECT_EQ(openWindow<app::dlgReport>(), nullptr);
         show(*window);
         return text;
     }
@@ -160,7 +160,7 @@ TEST_F(ImportCommands, TopicsOfAnotherProjectAreChosen) {
     expectTopicImport(otherProject({"x", "y", "z"}), folder / "opened");
     EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
     EXPECT_EQ(settings->path("Import", "File Path"), folder.path());
-    importer::frmImport& dialog = *window->imports().dialog();
+    importer::frmImport& dialog = *openWindow<importer::frmImport>();
     EXPECT_EQ(dialog.caption(), "Import from HTML Topicsmith File");
     EXPECT_EQ(cellText(dialog.lvTopics, 1, 0) + cellText(dialog.lvTopics, 3, 0), "xz");
     clickBox(dialog.lvTopics, 2);
@@ -176,7 +176,7 @@ TEST_F(ImportCommands, TopicsOfAnotherProjectAreChosen) {
     click(window->txtTitle); // not modal
     show(dialog);
     press("Enter");
-    EXPECT_EQ(window->imports().dialog(), nullptr);
+    EXPECT_EQ(openWindow<importer::frmImport>(), nullptr);
     EXPECT_EQ(titles(), "a:N x:N y:N");
     EXPECT_EQ(status(), "p.tsp     2 topics imported");
 }
@@ -186,17 +186,17 @@ TEST_F(ImportCommands, TopicsStayOutWithCancelAndOnceTheFileIsGone) {
     const fs::path other = otherProject({"x", "y"});
     expectTopicImport(other);
     EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
-    click(window->imports().dialog()->cmdAll);
-    EXPECT_TRUE(isTicked(window->imports().dialog()->lvTopics, 2));
-    click(window->imports().dialog()->cmdCancel);
-    EXPECT_EQ(window->imports().dialog(), nullptr);
+    click(openWindow<importer::frmImport>()->cmdAll);
+    EXPECT_TRUE(isTicked(openWindow<importer::frmImport>()->lvTopics, 2));
+    click(openWindow<importer::frmImport>()->cmdCancel);
+    EXPECT_EQ(openWindow<importer::frmImport>(), nullptr);
 
     expectTopicImport(other, folder.path());
     EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
-    click(window->imports().dialog()->cmdAll);
+    click(openWindow<importer::frmImport>()->cmdAll);
     fs::remove(other);
-    click(window->imports().dialog()->cmdOK);
-    EXPECT_EQ(window->imports().dialog(), nullptr);
+    click(openWindow<importer::frmImport>()->cmdOK);
+    EXPECT_EQ(openWindow<importer::frmImport>(), nullptr);
     EXPECT_EQ(titles(), "a:");
     EXPECT_FALSE(project().dataChanged());
 }
@@ -210,13 +210,13 @@ TEST_F(ImportCommands, AForeignOrDamagedFileIsToldTwice) {
     expectStop("Corrupted Input File, Loading Stopped");
     EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
     expectStop("Corrupted Input File, Loading Stopped");
-    click(window->imports().dialog()->cmdOK);
+    click(openWindow<importer::frmImport>()->cmdOK);
     expectTopicImport(file("foreign.tsp", "x"), folder.path());
     expectStop("Unknown File Format, Loading Stopped");
     EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
-    EXPECT_EQ(cellText(window->imports().dialog()->lvTopics, 1, 0), "");
+    EXPECT_EQ(cellText(openWindow<importer::frmImport>()->lvTopics, 1, 0), "");
     press("Escape");
-    EXPECT_EQ(window->imports().dialog(), nullptr);
+    EXPECT_EQ(openWindow<importer::frmImport>(), nullptr);
     EXPECT_EQ(titles(), "a:");
 }
 
@@ -280,7 +280,7 @@ TEST_F(ImportCommands, ManyConflictsFitIntoAReport) {
         expectConflict(page);
     }
     EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
-    EXPECT_EQ(window->lastReport().window(), nullptr);
+    EXPECT_EQ(openWindow<app::dlgReport>(), nullptr);
 
     expectSynchronise(folder / "any.tsp");
     expectConflict('a');

@@ -163,7 +163,7 @@ TEST_F(frmMain, WhatIsUntouchedIsNotCompleted) {
     outline.at(1).fileName = outline.at(2).fileName = "";
     load(std::move(outline));
     press("Ctrl+F");
-    window->search().dialog()->close();
+    openWindow<tools::frmFind>()->close();
     show(*window);
     press("Ctrl+S");
     enter(window->txtHelpNum);

@@ -21,7 +21,7 @@ protected:
         test::writeBytes(helpFile, test::bytesOf(programs / "HTML Topicsmith.chm"));
     }
 
-    help::frmHelp& shown() { return *window->programHelp().viewer(); }
+    help::frmHelp& shown() { return *openWindow<help::frmHelp>(); }
     std::string waitFor(const char* text) { return waitForPage(shown().brwPage, text); }
     bool shows(const char* text) { return waitFor(text).find(text) != std::string::npos; }
     bool isSelected(const std::string& title) {
@@ -41,7 +41,7 @@ protected:
 
 TEST_F(frmHelp, ContentsOpensThePageOfTheMainWindow) {
     press("F1");
-    ASSERT_NE(window->programHelp().viewer(), nullptr);
+    ASSERT_NE(openWindow<help::frmHelp>(), nullptr);
     EXPECT_TRUE(shows("The window shows one project."));
     EXPECT_EQ(shown().caption(), "HTML Topicsmith - Help");
     EXPECT_TRUE(isSelected("The main window"));
@@ -71,7 +71,7 @@ TEST_F(frmHelp, ContentsOpensThePageOfTheMainWindow) {
     EXPECT_TRUE(shows("Welcome to HTML Topicsmith"));
     press("Esc");
     settle();
-    EXPECT_EQ(window->programHelp().viewer(), nullptr);
+    EXPECT_EQ(openWindow<help::frmHelp>(), nullptr);
 }
 
 TEST_F(frmHelp, IndexAndSearchFindPages) {
@@ -103,7 +103,7 @@ TEST_F(frmHelp, IndexAndSearchFindPages) {
 TEST_F(frmHelp, EveryWindowHasItsPage) {
     load(test::titled({"a"}));
     press("Ctrl+F");
-    click(window->search().dialog()->cmdHelp);
+    click(openWindow<tools::frmFind>()->cmdHelp);
     EXPECT_TRUE(shows("opens the window Find"));
     // A dialog that waits does not keep its help from being read.
     show(*window);
@@ -230,7 +230,7 @@ TEST_F(frmHelp, WhatCannotBeReadIsSaid) {
     std::filesystem::remove(helpFile);
     expectUnreadable(helpFile, "The help file is missing:\n");
     EXPECT_TRUE(choose(*window, {"Help", "Help Index..."}));
-    EXPECT_EQ(window->programHelp().viewer(), nullptr);
+    EXPECT_EQ(openWindow<help::frmHelp>(), nullptr);
 
     // Another file that is none leaves the open one alone.
     test::writeBytes(helpFile, bytes);

@@ -228,6 +228,17 @@ std::string titleOf(const Window& window) {
     return title.replace("\x1", "[*]").toStdString();
 }
 
+std::vector<Window*> openWindows() {
+    std::vector<Window*> windows;
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* shell = dynamic_cast<AnyShell*>(widget);
+            shell != nullptr && widget->isVisible()) {
+            windows.push_back(&shell->owner());
+        }
+    }
+    return windows;
+}
+
 void setDarkColours(bool dark) {
     QApplication::setPalette(dark ? QPalette(Qt::darkGray, QColor(40, 40, 40)) : QPalette());
     settle();

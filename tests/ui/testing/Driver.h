@@ -113,6 +113,20 @@ std::string treeText(const TreeView& tree);
 /// Clicks an item, after unfolding what it lies in. Fails the test when there is none.
 void clickItem(const TreeView& tree, const std::string& text);
 
+/// The windows that can be seen, in no order.
+std::vector<Window*> openWindows();
+
+/// The one of them that is of this class; null for none.
+template <typename Class>
+Class* openWindow() {
+    for (Window* window : openWindows()) {
+        if (auto* found = dynamic_cast<Class*>(window)) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
 /// Does something in the dialog that the next command will open and wait for.
 void whenModal(std::function<void(Window&)> act);
 
