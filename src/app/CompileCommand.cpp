@@ -4,7 +4,7 @@
 #include "generate/WorkshopName.h"
 #include "model/PagePath.h"
 #include "platform/Files.h"
-#include "text/CodePage.h"
+#include "text/Path.h"
 
 namespace app {
 
@@ -82,7 +82,7 @@ void CompileCommand::start(const fs::path& workshopFile, const fs::path& output)
     compile::CompileOptions options;
     options.output = output;
     options.otherFolder = project_.projectPath().parent_path();
-    options.title = text::toUtf8(text::oneLine(project_.options().projectName));
+    options.title = text::oneLine(project_.options().projectName);
     compilation_ = std::make_unique<dlgCompile>(host_.window(), workshopFile, options);
     compilation_->Closed.connect([this] { ui::Window::discard(std::move(compilation_)); });
     compilation_->MessageChosen.connect(
@@ -93,7 +93,7 @@ void CompileCommand::start(const fs::path& workshopFile, const fs::path& output)
 
 /// The topic of the page to which a message belongs.
 void CompileCommand::showPlace(const workshop::Message& message) {
-    const text::Text file = model::pageKey(text::fromUtf8(message.file));
+    const text::Text file = model::pageKey(message.file);
     const std::string folder = std::string("\\") + model::pageFolderName + "\\";
     for (int position = 1; position <= project_.outline().count(); ++position) {
         const text::Text page = folder + model::pageKey(project_.outline().at(position).fileName);
@@ -119,8 +119,7 @@ void CompileCommand::openHelp(const fs::path& file) {
     viewer_->show();
     if (project_.currentIndex() > 0) {
         const model::Topic& topic = project_.outline().at(project_.currentIndex());
-        viewer_->showPage("/" + std::string(model::pageFolderName) + "/"
-                          + text::toUtf8(topic.fileName));
+        viewer_->showPage("/" + std::string(model::pageFolderName) + "/" + topic.fileName);
     }
     viewer_->activate();
 }

@@ -12,7 +12,7 @@
 #include "import/Synchroniser.h"
 #include "model/PagePath.h"
 #include "platform/Files.h"
-#include "text/CodePage.h"
+#include "text/Path.h"
 #include "ui/WaitCursor.h"
 
 namespace app {
@@ -31,7 +31,7 @@ Text unwrittenFiles(const model::FileFailures& failures) {
     }
     return std::to_string(failures.size()) + (failures.size() == 1 ? " file" : " files")
            + " could not be written: " + text::displayText(failures.front().path.filename()) + " ("
-           + text::fromUtf8(failures.front().reason) + ')';
+           + failures.front().reason + ')';
 }
 
 /// Each page on a line of its own, for a message.
@@ -40,7 +40,7 @@ Text lines(const model::FileFailures& pages) {
     Text list;
     for (std::size_t i = 0; i < std::min(pages.size(), shown); ++i) {
         text::append(list, text::lineBreak, text::displayText(pages[i].path.filename()), ": ",
-                     text::fromUtf8(pages[i].reason));
+                     pages[i].reason);
     }
     if (pages.size() > shown) {
         text::append(list, text::lineBreak, "and ", std::to_string(pages.size() - shown), " more");
@@ -148,9 +148,9 @@ std::optional<fs::path> GenerateCommands::chooseWorkshopFile() {
 bool GenerateCommands::refuses(const std::optional<model::FileFailure>& fault,
                                const char* command) {
     if (fault) {
-        Prompter::current().tell(&host_.window(), {text::displayText(fault->path.filename()) + ": "
-                                                       + text::fromUtf8(fault->reason),
-                                                   command, text::MessageIcon::exclamation});
+        Prompter::current().tell(&host_.window(),
+                                 {text::displayText(fault->path.filename()) + ": " + fault->reason,
+                                  command, text::MessageIcon::exclamation});
     }
     return fault.has_value();
 }
@@ -166,7 +166,7 @@ bool GenerateCommands::settleEditedPages(const fs::path& pageFolder) {
     model::FileFailures edited;
     {
         const ui::WaitCursor busy;
-        edited = importer::editedPages(project_.outline(), pageFolder);
+        edited = importer::editedPages(project_, pageFolder);
     }
     if (edited.empty()) {
         return true;
@@ -183,7 +183,7 @@ bool GenerateCommands::settleEditedPages(const fs::path& pageFolder) {
     {
         const ui::WaitCursor busy;
         importer::synchronise(project_, pageFolder);
-        edited = importer::editedPages(project_.outline(), pageFolder);
+        edited = importer::editedPages(project_, pageFolder);
     }
     if (!edited.empty()) {
         Prompter::current().tell(&host_.window(),

@@ -7,7 +7,7 @@
 #include "model/ProjectLock.h"
 #include "platform/Files.h"
 #include "platform/UnfinishedFile.h"
-#include "text/CodePage.h"
+#include "text/Path.h"
 #include "ui/WaitCursor.h"
 #include "ui/Window.h"
 
@@ -154,8 +154,8 @@ void ProjectSession::adopt(const fs::path& path) {
     markOpen();
     if (project_.hasFile()) {
         platform::FileState state(path);
-        if (std::string bytes; !platform::readFile(path, bytes)) {
-            state.setContents(bytes);
+        if (text::Bytes bytes; !platform::readFile(path, bytes.value)) {
+            state.setContents(bytes.value);
             const model::ParsedProject parsed = model::parseProject(std::move(bytes));
             if (parsed.stop != model::LoadStop::none) {
                 project_.origin().topicsRead = parsed.outline.count();
@@ -294,7 +294,7 @@ bool ProjectSession::wantsReading() {
 bool ProjectSession::readAgain() {
     const fs::path path = project_.projectPath();
     const int current = project_.currentIndex();
-    text::Text file;
+    text::Bytes file;
     lastError_ = model::readProjectFile(path, file);
     if (lastError_) {
         return false;

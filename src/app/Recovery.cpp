@@ -24,8 +24,8 @@ fs::path fileOf(const fs::path& folder, int number, const char* ending) {
 std::string packed(const Recovery::Work& work) {
     const std::string path = platform::utf8FromPath(work.path);
     std::string bytes(header);
-    bytes +=
-        std::to_string(path.size()) + ' ' + std::to_string(work.topic) + '\n' + path + work.project;
+    bytes += std::to_string(path.size()) + ' ' + std::to_string(work.topic) + '\n' + path
+             + work.project.value;
     return bytes;
 }
 
@@ -49,7 +49,7 @@ std::optional<Recovery::Work> unpacked(std::string_view bytes) {
     if (!isSound || !bytes.starts_with('\n') || bytes.size() - 1 < length) {
         return {};
     }
-    work.project = bytes.substr(1 + length);
+    work.project.value = bytes.substr(1 + length);
     work.path = platform::pathFromUtf8(bytes.substr(1, length));
     return work;
 }

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/FileLock.h"
-#include "text/Text.h"
+#include "text/CodePage.h"
 
 namespace app {
 
@@ -15,7 +15,7 @@ namespace app {
 class Recovery {
 public:
     struct Work {
-        text::Text project;         ///< as a project file holds it
+        text::Bytes project;        ///< as a project file holds it
         std::filesystem::path path; ///< of the project itself, which is as it was saved last
         int topic = 1;              ///< the one that was current
     };

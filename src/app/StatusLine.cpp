@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "text/CodePage.h"
+#include "text/Path.h"
 #include "ui/Prompter.h"
 
 namespace app {
@@ -51,7 +51,7 @@ void StatusLine::setTrouble(Trouble kind, const Text& text) {
 }
 
 void StatusLine::setFailure(Trouble kind, const std::error_code& error) {
-    setTrouble(kind, error ? "Not done: " + text::fromUtf8(error.message()) : Text());
+    setTrouble(kind, error ? "Not done: " + error.message() : Text());
 }
 
 } // namespace app

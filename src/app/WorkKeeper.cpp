@@ -3,7 +3,7 @@
 #include "app/StatusLine.h"
 #include "model/ProjectFile.h"
 #include "platform/Files.h"
-#include "text/CodePage.h"
+#include "text/Path.h"
 
 namespace app {
 
@@ -16,7 +16,7 @@ constexpr std::chrono::milliseconds longestWait(15000);
 /// Whether the project's own file holds it after all.
 bool isSaved(const Recovery::Work& work) {
     std::string bytes;
-    return !platform::readFile(work.path, bytes) && bytes == work.project;
+    return !platform::readFile(work.path, bytes) && bytes == work.project.value;
 }
 
 } // namespace
@@ -56,10 +56,9 @@ void WorkKeeper::keep() {
     }
     const std::error_code error = recovery_.keep({formatProject(work.outline(), work.options()),
                                                   work.projectPath(), project_.currentIndex()});
-    host_.status().setTrouble(Trouble::recovery, error
-                                                     ? "Unsaved work cannot be kept for a restart: "
-                                                           + text::fromUtf8(error.message())
-                                                     : text::Text());
+    host_.status().setTrouble(
+        Trouble::recovery,
+        error ? "Unsaved work cannot be kept for a restart: " + error.message() : text::Text());
     if (error) {
         note(); // to try again
     }

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/Files.h"
-#include "text/CodePage.h"
+#include "text/Path.h"
 #include "ui/HelpContext.h"
 
 namespace app {
@@ -97,18 +97,18 @@ text::Text dlgCompile::cell(int row, int column) const {
     case kindColumn:
         return nameOf(message.severity);
     case fileColumn:
-        return text::fromUtf8(message.file.substr(message.file.find_last_of("/\\") + 1));
+        return message.file.substr(message.file.find_last_of("/\\") + 1);
     case lineColumn:
         return message.line > 0 ? std::to_string(message.line) : text::Text();
     default:
-        return text::fromUtf8(message.text);
+        return message.text;
     }
 }
 
 text::Text dlgCompile::toolTip(int row, int column) const {
-    return column == fileColumn ? text::fromUtf8(
-               compilation_.outcome().messages[static_cast<std::size_t>(row) - 1].file)
-                                : cell(row, column);
+    return column == fileColumn
+               ? compilation_.outcome().messages[static_cast<std::size_t>(row) - 1].file
+               : cell(row, column);
 }
 
 } // namespace app

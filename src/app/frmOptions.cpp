@@ -4,7 +4,7 @@
 
 #include "model/PagePath.h"
 #include "platform/Files.h"
-#include "text/CodePage.h"
+#include "text/Path.h"
 #include "ui/HelpContext.h"
 
 namespace app {

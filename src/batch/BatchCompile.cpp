@@ -6,7 +6,7 @@
 #include "batch/BatchProject.h"
 #include "compile/Compiler.h"
 #include "generate/WorkshopName.h"
-#include "text/CodePage.h"
+#include "text/Path.h"
 
 namespace batch {
 
@@ -100,7 +100,7 @@ ExitCode compileOwn(BatchSession& session, const CommandLine& arguments,
     options.output = output;
     options.otherFolder = project.projectPath().parent_path();
     options.fullTextSearch = true;
-    options.title = text::toUtf8(text::oneLine(project.options().projectName));
+    options.title = text::oneLine(project.options().projectName);
     return compileWorkshop(session, workshopFile, options, isQuiet);
 }
 

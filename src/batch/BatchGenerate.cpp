@@ -30,8 +30,8 @@ bool refuseWorkshopName(BatchSession& session, const fs::path& workshopFile,
 
 /// True, and said so, when a generation would overwrite what was edited in pages.
 bool refuseEdited(BatchSession& session, const Project& project, const fs::path& workshopFile) {
-    const model::FileFailures edited = importer::editedPages(
-        project.outline(), workshopFile.parent_path() / model::pageFolderName);
+    const model::FileFailures edited =
+        importer::editedPages(project, workshopFile.parent_path() / model::pageFolderName);
     session.console.failures(helpTitle, edited);
     return !edited.empty();
 }

@@ -1,10 +1,12 @@
 #include "batch/BatchTools.h"
 
+#include <algorithm>
+
 #include "batch/BatchProject.h"
 #include "generate/GenerationRun.h"
 #include "generate/ProjectCheck.h"
 #include "platform/Files.h"
-#include "text/CodePage.h"
+#include "text/Unicode.h"
 #include "tools/Finder.h"
 #include "tools/Spelling.h"
 
@@ -23,7 +25,11 @@ constexpr const char* partNames[] = {"title", "description", "body"};
 text::Text shortTitle(const model::Topic& topic) {
     constexpr std::size_t most = 200;
     const text::TextView title = topic.title;
-    return text::oneLine(title.substr(0, most)) + (title.size() > most ? "..." : "");
+    std::size_t end = std::min(most, title.size());
+    while (end < title.size() && text::continuesCharacter(title[end])) {
+        ++end;
+    }
+    return text::oneLine(title.substr(0, end)) + (title.size() > end ? "..." : "");
 }
 
 /// A search without a window.
@@ -33,8 +39,27 @@ public:
     const model::TopicOutline& outline() const override { return outline_; }
     int selectedTopic() const override { return 1; }
 
+    /// How many characters are in front of a match. Matches come in their order, so that no part of
+    /// a text is counted twice.
+    std::size_t charactersBefore(const tools::FindMatch& match) {
+        if (match.topic != last_.topic || match.stage != last_.stage) {
+            counted_ = 0;
+            last_.start = 0;
+        }
+        const model::Topic& topic = outline_.at(match.topic);
+        const text::TextView text = match.stage == tools::FindStage::title ? topic.title
+                                    : match.stage == tools::FindStage::body
+                                        ? topic.body
+                                        : topic.shortDescription;
+        counted_ += text::characterCount(text.substr(last_.start, match.start - last_.start));
+        last_ = match;
+        return counted_;
+    }
+
 private:
     const model::TopicOutline& outline_;
+    tools::FindMatch last_;
+    std::size_t counted_ = 0;
 };
 
 } // namespace
@@ -47,8 +72,7 @@ ExitCode find(BatchSession& session, const CommandLine& arguments) {
     if (!loadWhole(session, arguments.path(0), project)) {
         return exitFailed;
     }
-    const tools::FindQuestion question{text::htmlFromUtf8(arguments[1]),
-                                       arguments.has("--match-case"),
+    const tools::FindQuestion question{arguments[1], arguments.has("--match-case"),
                                        arguments.has("--whole-words"), arguments.has("--bodies")};
     if (project.outline().empty()) {
         session.console.message({"Nothing to Search", "Find"});
@@ -60,7 +84,7 @@ ExitCode find(BatchSession& session, const CommandLine& arguments) {
         const tools::FindMatch& match = finder.match();
         session.console.result(std::to_string(match.topic) + '\t'
                                + partNames[static_cast<std::size_t>(match.stage) - 1] + '\t'
-                               + std::to_string(match.start) + '\t'
+                               + std::to_string(host.charactersBefore(match)) + '\t'
                                + shortTitle(project.outline().at(match.topic)));
     }
     return finder.foundAny() ? exitDone : exitFailed;

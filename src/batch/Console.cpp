@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "platform/Files.h"
-#include "text/CodePage.h"
 
 namespace batch {
 namespace {
@@ -18,7 +17,7 @@ std::string shown(std::string utf8) {
 }
 
 std::string shownText(text::TextView text) {
-    return shown(text::toUtf8(text));
+    return shown(text::Text(text));
 }
 
 /// A path on one line, so that no name can pass for another message.

@@ -30,7 +30,7 @@ void FullTextSearch::readStopList(const workshop::Line& option, const Place& pla
         messages.warn({files.shown(files[file].relative)}, "cannot be read: " + error.message());
     }
     files.noteTime(files[file].path);
-    index_.leaveOut(workshop::decodedSource(bytes, files.codePage()).utf8);
+    index_.leaveOut(text::decodedSource(bytes, files.codePage()).utf8);
 }
 
 std::string FullTextSearch::table(const SourceFiles& files, const HelpTopics& topics,

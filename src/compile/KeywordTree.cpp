@@ -40,7 +40,7 @@ bool isWordCharacter(char32_t character) {
 std::u32string keyOf(std::string_view utf8) {
     std::u32string key;
     while (!utf8.empty()) {
-        const char32_t character = platform::lowerCase(withoutAccent(text::takeUtf8(utf8)));
+        const char32_t character = text::lowerCase(withoutAccent(text::takeUtf8(utf8)));
         if (!key.empty() || isWordCharacter(character)) {
             key += character;
         }

@@ -2,6 +2,7 @@
 
 #include "platform/Files.h"
 #include "text/Address.h"
+#include "text/ForeignText.h"
 
 namespace compile {
 
@@ -24,7 +25,7 @@ SitemapSource readSitemapFile(const workshop::Line& option, const Place& place, 
         messages.warn({source.shown}, "cannot be read: " + error.message());
     }
     files.noteTime(files[file].path);
-    const auto text = workshop::decodedSource(source.bytes, codePage);
+    const auto text = text::decodedSource(source.bytes, codePage);
     source.map =
         workshop::readSitemap(text.utf8, text.isUnicode ? workshop::plainReferences : codePage);
     source.isAsItShouldBe = source.map.isStrict && !text.isUnicode;

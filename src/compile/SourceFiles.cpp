@@ -6,6 +6,7 @@
 #include "platform/Unicode.h"
 #include "text/Address.h"
 #include "text/CodePage.h"
+#include "text/ForeignText.h"
 #include "workshop/Encoding.h"
 
 namespace compile {
@@ -77,17 +78,7 @@ Address splitAddress(std::string_view address) {
 }
 
 std::string caseKey(std::string_view utf8) {
-    std::string key;
-    key.reserve(utf8.size());
-    while (!utf8.empty()) {
-        const char32_t character = text::takeUtf8(utf8);
-        if (character < 0x80) {
-            key += text::lowerCase(static_cast<char>(character));
-        } else {
-            text::appendUtf8(key, platform::lowerCase(character));
-        }
-    }
-    return key;
+    return text::lowerCase(utf8);
 }
 
 SourceFiles::SourceFiles(Settings settings, Container& container, Messages& messages)
@@ -237,7 +228,7 @@ std::string SourceFiles::fromPercent(std::string_view path) const {
     if (path.find('%') == std::string_view::npos) {
         return std::string(path);
     }
-    return workshop::decodedSource(text::unescaped(path), settings_.codePage).utf8;
+    return text::decodedSource(text::unescaped(path), settings_.codePage).utf8;
 }
 
 /// A page may not lead out of the project's folder on its own account: the folder, relative to
@@ -371,7 +362,7 @@ void SourceFiles::read(std::size_t index) {
 }
 
 void SourceFiles::readPageFile(std::size_t index, const std::string& bytes) {
-    const std::string html = workshop::decodedPage(bytes, settings_.codePage);
+    const std::string html = text::decodedPage(bytes, settings_.codePage);
     workshop::PageFacts facts = workshop::readPage(html);
     if (settings_.onPage) {
         settings_.onPage(index, html);

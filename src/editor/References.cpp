@@ -7,6 +7,7 @@
 #include "editor/MarkUp.h"
 #include "model/ProjectFolders.h"
 #include "text/TextLines.h"
+#include "text/Unicode.h"
 
 namespace editor {
 
@@ -92,10 +93,11 @@ Passage insertFile(Passage passage, TextView file) {
         append(rest, line, lineBreak);
     }
     const std::size_t caret = passage.start + first.size() + rest.size();
-    const bool inFront = passage.start == 1;
     Text& text = passage.text;
+    const bool inFront =
+        passage.start > 0 && text::characterCount(TextView(text).substr(0, passage.start)) == 1;
     if (inFront) {
-        text.insert(1, rest);
+        text.insert(passage.start, rest);
         text.insert(0, first);
     } else {
         text.insert(passage.start, first + rest);

@@ -34,8 +34,9 @@ Passage insertWebLink(Passage passage, TextView address, TextView linkText);
 /// by line, in small letters only, and not in the last line.
 Text headingOf(TextView page);
 
-/// Puts the lines of a file in at the caret; the selection stays. With the caret at offset 1 the
-/// first line goes in front of the whole text. An empty file counts as one empty line.
+/// Puts the lines of a file in at the caret; the selection stays. With the caret behind the
+/// first character the first line goes in front of the whole text. An empty file counts as one
+/// empty line.
 Passage insertFile(Passage passage, TextView file);
 
 } // namespace editor

@@ -7,7 +7,7 @@
 #include "generate/BodyLinks.h"
 #include "generate/GeneratedFile.h"
 #include "generate/PageLines.h"
-#include "text/CodePage.h"
+#include "text/Path.h"
 
 namespace generate {
 
@@ -47,9 +47,11 @@ constexpr TextView numberGap = " &nbsp;&nbsp;";
 
 /// The file name without its extension of four characters.
 TextView anchorName(const Topic& topic) {
-    constexpr std::size_t extensionLength = 4;
-    const std::size_t length = topic.fileName.size();
-    return TextView(topic.fileName).substr(0, length - std::min(length, extensionLength));
+    TextView name = topic.fileName;
+    for (int left = 4; left > 0 && !name.empty(); name.remove_suffix(1)) {
+        left -= text::continuesCharacter(name.back()) ? 0 : 1;
+    }
+    return name;
 }
 
 class Documentation {
@@ -184,10 +186,10 @@ model::FileFailures generateDocumentation(const model::Project& project,
                                           const std::filesystem::path& file,
                                           const std::filesystem::path& imageFolder) {
     model::FileFailures failures;
-    writeGenerated(
-        file,
-        documentationPage(project.outline(), project.options(), text::attributeText(imageFolder)),
-        project.projectPath(), failures);
+    const Text page =
+        documentationPage(project.outline(), project.options(), text::attributeText(imageFolder));
+    writeGenerated(file, project.options().codePage().encoded(page, text::Missing::reference),
+                   project.projectPath(), failures);
     return failures;
 }
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/Files.h"
-#include "text/CodePage.h"
+#include "text/Path.h"
 
 namespace generate {
 
@@ -36,12 +36,12 @@ void noteFailure(model::FileFailures& failures, const fs::path& path,
     }
 }
 
-void writeGenerated(const fs::path& path, text::TextView contents, const fs::path& project,
+void writeGenerated(const fs::path& path, const text::Bytes& contents, const fs::path& project,
                     model::FileFailures& failures) {
     if (auto fault = outputFault(path, project)) {
         failures.push_back(std::move(*fault));
     } else {
-        noteFailure(failures, path, platform::writeFile(path, contents));
+        noteFailure(failures, path, platform::writeFile(path, contents.value));
     }
 }
 

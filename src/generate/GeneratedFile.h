@@ -5,7 +5,7 @@
 #include <system_error>
 
 #include "model/FileFailure.h"
-#include "text/Text.h"
+#include "text/CodePage.h"
 
 namespace generate {
 
@@ -26,7 +26,7 @@ void noteFailure(model::FileFailures& failures, const std::filesystem::path& pat
 
 /// Writes a file that can be made again, noting a failure. Whatever names and links say, it never
 /// takes the place of the project.
-void writeGenerated(const std::filesystem::path& path, text::TextView contents,
+void writeGenerated(const std::filesystem::path& path, const text::Bytes& contents,
                     const std::filesystem::path& project, model::FileFailures& failures);
 
 } // namespace generate

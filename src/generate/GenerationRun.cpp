@@ -10,7 +10,7 @@
 #include "generate/WorkshopProject.h"
 #include "model/PagePath.h"
 #include "platform/Files.h"
-#include "text/CodePage.h"
+#include "text/Path.h"
 
 namespace generate {
 
@@ -46,7 +46,7 @@ public:
         const WorkshopFileNames names = {
             text::displayText(siblingFile(request_.workshopFile, "chm").filename()),
             text::displayText(contents.filename()), text::displayText(index.filename())};
-        write(request_.workshopFile, workshopProject(project_.outline(), names));
+        writeText(request_.workshopFile, workshopProject(project_.outline(), names));
         writeSibling(contents, contentsFile(project_.outline()));
         // The index is made from the keywords in the pages; the help workshop only wants the file.
         writeSibling(index, {});
@@ -125,7 +125,7 @@ private:
                                                   + std::to_string(position)
                                                   + "); it is in no list of the workshop's"});
         } else if (staysInside(path.parent_path())) {
-            write(path, page);
+            writeText(path, page);
         }
     }
 
@@ -141,23 +141,27 @@ private:
         return place->second;
     }
 
-    void write(const fs::path& path, TextView contents) {
+    void write(const fs::path& path, const text::Bytes& contents) {
         writeGenerated(path, contents, project_.projectPath(), report_.failures);
     }
 
+    void writeText(const fs::path& path, TextView text) {
+        write(path, project_.options().codePage().encoded(text, text::Missing::reference));
+    }
+
     /// The person may have given the workshop project the name of one of its companions.
-    void writeSibling(const fs::path& path, TextView contents) {
+    void writeSibling(const fs::path& path, TextView text) {
         if (haveSameName(path, request_.workshopFile)) {
             report_.failures.push_back({path, "is the name of the workshop project"});
         } else {
-            write(path, contents);
+            writeText(path, text);
         }
     }
 
     void copyPicture(const char* name) {
-        Text picture;
+        text::Bytes picture;
         const fs::path source = request_.programFolder / name;
-        if (const std::error_code error = platform::readFile(source, picture)) {
+        if (const std::error_code error = platform::readFile(source, picture.value)) {
             noteFailure(report_.failures, source, error);
             return;
         }

@@ -14,6 +14,7 @@
 #include "text/CodePage.h"
 #include "text/FileFinder.h"
 #include "text/HtmlReader.h"
+#include "text/Path.h"
 
 namespace generate {
 
@@ -110,7 +111,7 @@ public:
             add(position, kind, "\"\"", "is no address");
             return;
         }
-        if (isOfThisComputer(address) || isOfThisComputer(text::unescaped(address))) {
+        if (isOfThisComputer(address) || isOfThisComputer(unescaped(address))) {
             add(position, kind, address, "exists on this computer only");
             return;
         }
@@ -135,7 +136,7 @@ public:
     void finish() {
         for (const AnchorLink& link : anchorLinks_) {
             if (!hasAnchor(link.page, link.anchor)
-                && !hasAnchor(link.page, text::unescaped(link.anchor))) {
+                && !hasAnchor(link.page, unescaped(link.anchor))) {
                 add(link.position, FindingKind::link, link.address,
                     "leads to a place that its page does not have");
             }
@@ -158,8 +159,15 @@ private:
 
     /// As the browser understands it: without the blanks around it, references resolved.
     static Text plainAddress(TextView address) {
-        const Text resolved = text::fromUtf8(text::resolvedReferences(text::toUtf8(address)));
+        const Text resolved = text::resolvedReferences(address);
         return Text(text::trim(text::oneLine(resolved)));
+    }
+
+    /// Browsers write "%" and digits for the bytes of UTF-8, old programs for those of the code
+    /// page.
+    static Text unescaped(TextView address) {
+        const Text bytes = text::unescaped(address);
+        return text::isUtf8(bytes) ? bytes : text::CodePage().decoded(bytes);
     }
 
     void add(int position, FindingKind kind, const Text& address, const char* problem) {
@@ -183,7 +191,7 @@ private:
 
     /// The position of the topic to whose page a path leads; -1 for none.
     int pageOf(int position, const Text& path) const {
-        for (const Text& each : {path, text::unescaped(path)}) {
+        for (const Text& each : {path, unescaped(path)}) {
             if (const auto found = pages_.find(keyOf(fromPage(position, each)));
                 found != pages_.end()) {
                 return found->second;
@@ -218,7 +226,7 @@ private:
         constexpr const char* isMissing = "does not exist";
         constexpr const char* isOutside = "lies outside of the project";
         constexpr const char* isNoName = "cannot be the name of a file on Windows"; // but a device
-        for (const Text& each : {path, text::unescaped(path)}) {
+        for (const Text& each : {path, unescaped(path)}) {
             const Text place = plainPath(fromPage(position, each));
             if (place == ".." || place.starts_with("../")) {
                 return isOutside;

@@ -59,7 +59,9 @@ public:
         const Text workshop = workshopProject(outline_, {"help.chm", "help.hhc", "help.hhk"});
         for (std::size_t start = 0; start < workshop.size();) {
             const std::size_t end = workshop.find(text::lineBreak, start);
-            if (const std::size_t length = end - start; length > longestWorkshopLine) {
+            if (const std::size_t length =
+                    codePage_.encodedSize(TextView(workshop).substr(start, end - start));
+                length > longestWorkshopLine) {
                 constexpr std::size_t shown = 60;
                 add(FindingKind::workshopLine, "a line of " + std::to_string(length)
                                                    + " characters: " + workshop.substr(start, shown)
@@ -154,47 +156,62 @@ private:
 
     /// `bare`: the text goes into files in which references mean nothing.
     void checkCharacters(const char* where, TextView text, bool bare) {
-        if (std::any_of(text.begin(), text.end(), isUndefined)) {
-            add(FindingKind::character,
-                Text(where) + ": a character that Windows-1252 does not define");
+        const auto note = [&](const Text& problem) {
+            add(FindingKind::character, Text(where) + ": " + problem);
+        };
+        if (holdsControl(text)) {
+            note("a character that Windows-1252 does not define");
         }
         if (looksLikeUtf8(text)) {
-            add(FindingKind::character,
-                Text(where) + ": what looks like UTF-8 that was taken for Windows-1252");
+            note("what looks like UTF-8 that was taken for Windows-1252");
         }
-        for (std::size_t at = text.find('&'); bare && at != TextView::npos;
-             at = text.find('&', at + 1)) {
-            if (text::isForeign(text::characterReferenceAt(text, at))) {
-                add(FindingKind::character,
-                    Text(where) + ": a character that is not in Windows-1252, "
-                        + Text(text.substr(at, text::characterReferenceAt(text, at).length)));
+        while (bare && !text.empty()) {
+            const auto reference = text::characterReferenceAt(text, 0);
+            TextView rest = text;
+            const char32_t own = text::takeUtf8(rest);
+            const bool isKnown =
+                reference.length > 0 && reference.character != text::unknownCharacter;
+            const std::size_t length = isKnown ? reference.length : text.size() - rest.size();
+            if (!codePage_.has(isKnown ? reference.character : own)) {
+                note("a character that is not in Windows-1252, " + Text(text.substr(0, length)));
                 return;
             }
+            text.remove_prefix(length);
         }
     }
 
-    static bool isUndefined(char character) {
-        constexpr TextView undefined = "\x81\x8D\x8F\x90\x9D";
-        return undefined.find(character) != TextView::npos;
+    /// C1 has no letters; five of its characters stand for the gaps of the code page.
+    static bool holdsControl(TextView text) {
+        while (!text.empty()) {
+            const char32_t character = text::takeUtf8(text);
+            if (character >= 0x80 && character < 0xA0) {
+                return true;
+            }
+        }
+        return false;
     }
 
-    /// Whether every character beyond ASCII is part of a sequence of UTF-8. Capitals with an accent
-    /// in front of typographic signs are such sequences, too, and do not count.
+    /// Whether every character beyond ASCII is, in the western code page, part of a sequence of
+    /// UTF-8. Capitals with an accent in front of typographic signs are such sequences, too, and do
+    /// not count.
     static bool looksLikeUtf8(TextView text) {
         constexpr TextView signs = "\x85\x91\x92\x93\x94\x95\x96\x97\x99";
         constexpr TextView moreSigns = "\xA0\xAB\xAE\xB0\xBB"; // small letters behind C3
-        constexpr char32_t damaged = 0xFFFD;
         const auto counts = [&](TextView pair) {
             const bool isUsual = pair[0] == '\xC2' || pair[0] == '\xC3';
             return signs.find(pair[1]) == TextView::npos
                    && (isUsual || moreSigns.find(pair[1]) == TextView::npos);
         };
+        if (text::isAscii(text)) {
+            return false;
+        }
+        const text::Bytes bytes = text::CodePage().encoded(text, text::Missing::reference);
         bool found = false;
-        while (!text.empty()) {
-            const TextView before = text;
-            const char32_t character = text::takeUtf8(text);
-            const std::size_t length = before.size() - text.size();
-            if (character == damaged && length == 1) {
+        for (TextView rest = bytes.value; !rest.empty();) {
+            const TextView before = rest;
+            const char32_t character = text::takeUtf8(rest);
+            const std::size_t length = before.size() - rest.size();
+            if (character == text::replacementCharacter && length == 1) {
                 return false;
             }
             found = found || length > 2 || (length == 2 && counts(before));
@@ -208,6 +225,7 @@ private:
     std::map<Text, int> pages_;
     std::map<Text, int> ids_;
     std::map<Text, int> numbers_;
+    text::CodePage codePage_ = model::ProjectOptions::codePage();
 };
 
 } // namespace

@@ -55,8 +55,8 @@ void appendKeywords(Text& page, const Text& keywords) {
     appendLine(page);
 }
 
-void appendBody(Text& page, const Text& body, PageCounts& counts) {
-    model::appendProtectedBlock(page, body);
+void appendBody(Text& page, const Text& body, const text::CodePage& codePage, PageCounts& counts) {
+    model::appendProtectedBlock(page, body, codePage);
     appendLine(page);
     if (body.empty() || holdsImage(body)) {
         appendLine(page, "<br clear=all>");
@@ -77,7 +77,7 @@ void makeTopicPage(const TopicOutline& outline, const ProjectOptions& options, i
     appendKeywords(page, topic.keywords);
     appendLine(page, "<h1>", topic.title, "</h1>");
     appendLine(page);
-    appendBody(page, topic.body, counts);
+    appendBody(page, topic.body, options.codePage(), counts);
 
     const ListedTopics listed = appendTopicLists(page, outline, options, position);
     counts.pageLinks += listed.children;

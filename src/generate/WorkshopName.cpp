@@ -1,8 +1,10 @@
 #include "generate/WorkshopName.h"
 
 #include "generate/GeneratedFile.h"
+#include "model/ProjectOptions.h"
 #include "platform/Files.h"
 #include "text/CodePage.h"
+#include "text/Path.h"
 
 namespace generate {
 
@@ -11,7 +13,7 @@ namespace fs = std::filesystem;
 namespace {
 
 bool isInCodePage(const fs::path& name) {
-    return text::nativePath(text::displayText(name)) == name;
+    return model::ProjectOptions::codePage().hasAll(text::displayText(name));
 }
 
 } // namespace

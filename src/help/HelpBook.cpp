@@ -9,6 +9,7 @@
 #include "platform/Files.h"
 #include "platform/Unicode.h"
 #include "text/Address.h"
+#include "text/ForeignText.h"
 #include "text/Text.h"
 #include "workshop/Encoding.h"
 
@@ -80,7 +81,7 @@ std::optional<std::string> HelpBook::read(const std::string& path) const {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     auto bytes = file_->read(path);
     if (bytes && hasPageEnding(path)) {
-        bytes = workshop::decodedPage(*bytes, facts_.codePage).insert(0, byteOrderMark);
+        bytes = text::decodedPage(*bytes, facts_.codePage).insert(0, byteOrderMark);
     }
     return bytes;
 }
@@ -113,14 +114,14 @@ void HelpBook::chooseCodePage() {
     constexpr unsigned windowsPages[] = {874,  932,  936,  949,  950,  1250, 1251,
                                          1252, 1253, 1254, 1255, 1256, 1257, 1258};
     const std::string contents = sitemapBytes(facts_.contentsFile);
-    if (isPlain(contents) || workshop::decodedSource(contents, facts_.codePage).isUnicode) {
+    if (isPlain(contents) || text::decodedSource(contents, facts_.codePage).isUnicode) {
         return;
     }
     std::set<unsigned> named;
     std::size_t count = 0;
     for (const std::string& path : file_->paths()) {
         if (hasPageEnding(path) && count++ < enoughPages) {
-            named.insert(workshop::declaredCodePage(file_->read(path).value_or("")));
+            named.insert(text::declaredCodePage(file_->read(path).value_or("")));
         }
     }
     named.erase(0);
@@ -137,7 +138,7 @@ std::vector<workshop::SitemapEntry> HelpBook::sitemap(const std::string& file) c
     const std::string bytes = sitemapBytes(file);
     const unsigned references = isPlain(bytes) ? facts_.codePage : workshop::plainReferences;
     auto entries =
-        workshop::readSitemap(workshop::decodedSource(bytes, facts_.codePage).utf8, references)
+        workshop::readSitemap(text::decodedSource(bytes, facts_.codePage).utf8, references)
             .entries;
     // One may stand for another help's contents and have no name.
     std::erase_if(entries, [](const auto& entry) { return entry.name.empty(); });
@@ -146,7 +147,7 @@ std::vector<workshop::SitemapEntry> HelpBook::sitemap(const std::string& file) c
 
 /// With its title; empty for a damaged table.
 HelpTarget HelpBook::targetOf(const TopicReader& topics, std::uint32_t topic) const {
-    return {workshop::decodedSource(topics.title(topic), facts_.codePage).utf8,
+    return {text::decodedSource(topics.title(topic), facts_.codePage).utf8,
             pathOf(decoded(topics.address(topic).value_or("")))};
 }
 

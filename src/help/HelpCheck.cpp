@@ -11,6 +11,7 @@
 #include "help/TopicReader.h"
 #include "platform/Unicode.h"
 #include "text/Address.h"
+#include "text/ForeignText.h"
 #include "workshop/Encoding.h"
 #include "workshop/PageFacts.h"
 
@@ -72,8 +73,7 @@ void Check::readPages() {
             continue;
         }
         const std::string bytes = book_.file().read(path).value_or("");
-        Page page{
-            path, workshop::readPage(workshop::decodedPage(bytes, book_.facts().codePage)), {}};
+        Page page{path, workshop::readPage(text::decodedPage(bytes, book_.facts().codePage)), {}};
         for (const workshop::PageText& anchor : page.facts.anchors) {
             page.anchors.insert(packedKey(anchor.text));
         }

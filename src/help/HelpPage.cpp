@@ -1,14 +1,13 @@
 #include "help/HelpPage.h"
 
-#include "platform/Unicode.h"
-#include "text/CodePage.h"
+#include "text/ForeignText.h"
 #include "text/HtmlReader.h"
-#include "workshop/Encoding.h"
+#include "text/Unicode.h"
 
 namespace help {
 
 HelpPage readHelpPage(std::string_view bytes, unsigned codePage) {
-    const std::string html = workshop::decodedPage(bytes, codePage);
+    const std::string html = text::decodedPage(bytes, codePage);
     HelpPage page;
     std::string text;
     bool inTitle = false;
@@ -49,7 +48,7 @@ std::string searchable(std::string_view utf8) {
                 text += ' ';
             }
         } else {
-            text::appendUtf8(text, platform::lowerCase(character));
+            text::appendUtf8(text, text::lowerCase(character));
         }
     }
     if (text.ends_with(' ')) {

@@ -5,6 +5,7 @@
 #include "platform/Files.h"
 #include "text/Address.h"
 #include "text/FileFinder.h"
+#include "text/ForeignText.h"
 #include "workshop/Encoding.h"
 #include "workshop/HelpProject.h"
 #include "workshop/Sitemap.h"
@@ -79,7 +80,7 @@ void Comparison::compareContents() {
     }
     const unsigned codePage = project_.options.codePage;
     auto entries =
-        workshop::readSitemap(workshop::decodedSource(*bytes, codePage).utf8, codePage).entries;
+        workshop::readSitemap(text::decodedSource(*bytes, codePage).utf8, codePage).entries;
     std::erase_if(entries, [](const auto& entry) { return entry.name.empty(); });
     const std::vector<ContentsEntry>& packed = book_.contents();
     if (entries.size() != packed.size()) {

@@ -3,7 +3,9 @@
 #include "model/Helper.h"
 #include "model/PagePath.h"
 #include "model/ProtectedBlock.h"
+#include "platform/Files.h"
 #include "text/CodePage.h"
+#include "text/ForeignText.h"
 #include "text/TextLines.h"
 
 namespace importer {
@@ -28,8 +30,12 @@ bool holdsUnsaved(const ProtectedBlock& block, TextView body) {
     return model::asSaved(block.content) == model::asSaved(body);
 }
 
-GeneratedPage compared(ProtectedBlock block, const Topic& topic) {
-    if (block.content == model::placeholderBody || holds(block, topic.body)) {
+bool isUnedited(const ProtectedBlock& block, const Topic& topic) {
+    return block.content == model::placeholderBody || holds(block, topic.body);
+}
+
+GeneratedPage compared(ProtectedBlock block, const Topic& topic, const text::CodePage& codePage) {
+    if (isUnedited(block, topic)) {
         return {};
     }
     if (block.endUnknown) {
@@ -38,7 +44,7 @@ GeneratedPage compared(ProtectedBlock block, const Topic& topic) {
     if (topic.status.empty() || topic.status == "E") {
         return {PageState::edited, std::move(block.content), "was edited since it was generated"};
     }
-    if (!block.hasGeneratedLength() && !holdsUnsaved(block, topic.body)) {
+    if (!block.hasGeneratedLength(codePage) && !holdsUnsaved(block, topic.body)) {
         return {PageState::conflict, {}, "was edited since it was generated, and so was its topic"};
     }
     return {};
@@ -46,28 +52,37 @@ GeneratedPage compared(ProtectedBlock block, const Topic& topic) {
 
 } // namespace
 
-GeneratedPage readPage(const std::filesystem::path& pageFolder, const Topic& topic) {
+GeneratedPage readPage(const std::filesystem::path& pageFolder, const Topic& topic,
+                       const text::CodePage& codePage) {
     if (const TextView fault = model::pageNameFault(topic.fileName); !fault.empty()) {
         return {PageState::missing, {}, std::string(fault)};
     }
-    Text page;
-    if (const std::error_code error = text::readTextFile(
-            model::pagePath(pageFolder, topic.fileName), text::Foreign::references, page)) {
+    std::string bytes;
+    if (const std::error_code error =
+            platform::readFile(model::pagePath(pageFolder, topic.fileName), bytes)) {
         const bool isMissing =
             error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
         return {isMissing ? PageState::missing : PageState::unreadable, {}, error.message()};
     }
-    if (auto block = model::findProtectedBlock(page)) {
-        return compared(std::move(*block), topic);
+    // As it was generated first: the letters of the code page can be UTF-8 by chance.
+    const Text generated = codePage.decodedHtml(bytes);
+    if (const auto block = model::findProtectedBlock(generated, codePage);
+        block && isUnedited(*block, topic)) {
+        return {};
+    }
+    const Text page = codePage.withLetters(text::decodedForeignPage(bytes, codePage.number()));
+    if (auto block = model::findProtectedBlock(page, codePage)) {
+        return compared(std::move(*block), topic, codePage);
     }
     return {PageState::damaged, {}, "the marker lines around its text are missing or damaged"};
 }
 
-model::FileFailures editedPages(const model::TopicOutline& outline,
+model::FileFailures editedPages(const model::Project& project,
                                 const std::filesystem::path& pageFolder) {
+    const text::CodePage codePage = project.options().codePage();
     model::FileFailures pages;
-    for (const Topic& topic : outline) {
-        GeneratedPage page = readPage(pageFolder, topic);
+    for (const Topic& topic : project.outline()) {
+        GeneratedPage page = readPage(pageFolder, topic, codePage);
         if (page.state != PageState::same && page.state != PageState::missing) {
             pages.push_back({model::pagePath(pageFolder, topic.fileName), std::move(page.problem)});
         }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/FileFailure.h"
-#include "model/TopicOutline.h"
+#include "model/Project.h"
 
 /// Which generated pages hold something that their topics lack.
 namespace importer {
@@ -22,12 +22,13 @@ struct GeneratedPage {
 };
 
 /// The page of a topic, compared with the topic.
-GeneratedPage readPage(const std::filesystem::path& pageFolder, const model::Topic& topic);
+GeneratedPage readPage(const std::filesystem::path& pageFolder, const model::Topic& topic,
+                       const text::CodePage& codePage);
 
 /// The pages that a generation would replace although they hold, or may hold, what the project
 /// lacks: those that a synchronisation would take back, find at odds with their topics, or could
 /// not read. What stands outside of the marked text does not count; it is made anew each time.
-model::FileFailures editedPages(const model::TopicOutline& outline,
+model::FileFailures editedPages(const model::Project& project,
                                 const std::filesystem::path& pageFolder);
 
 } // namespace importer

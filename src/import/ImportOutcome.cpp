@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "text/CodePage.h"
+#include "text/Path.h"
 
 namespace importer {
 
@@ -33,7 +33,7 @@ Text named(const model::FileFailures& files) {
     Text list;
     for (std::size_t i = 0; i < std::min(files.size(), shown); ++i) {
         text::append(list, i == 0 ? ": " : ", ", text::displayText(files[i].path.filename()), " (",
-                     text::fromUtf8(files[i].reason), ")");
+                     files[i].reason, ")");
     }
     if (files.size() > shown) {
         text::append(list, " and ", std::to_string(files.size() - shown), " more");
@@ -43,7 +43,7 @@ Text named(const model::FileFailures& files) {
 
 void appendLines(Text& text, const model::FileFailures& files) {
     for (const model::FileFailure& file : files) {
-        text::appendLine(text, text::displayText(file.path), ": ", text::fromUtf8(file.reason));
+        text::appendLine(text, text::displayText(file.path), ": ", file.reason);
     }
 }
 

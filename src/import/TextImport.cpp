@@ -4,6 +4,7 @@
 
 #include "model/Helper.h"
 #include "model/PagePath.h"
+#include "text/ForeignText.h"
 #include "text/TextLines.h"
 
 namespace importer {
@@ -23,7 +24,7 @@ int depthOf(std::size_t tabPosition) {
     return static_cast<int>(std::clamp<std::size_t>(half + (roundedUp ? 1 : 0), 1, deepest));
 }
 
-Topic topicOf(TextView line) {
+Topic topicOf(TextView line, const text::CodePage& codePage) {
     Topic topic;
     topic.status = "N";
     TextView title = line;
@@ -37,7 +38,7 @@ Topic topicOf(TextView line) {
         }
     }
     topic.title = model::stripHighChars(title);
-    topic.fileName = model::pageNameFor(topic.title);
+    topic.fileName = model::pageNameFor(topic.title, codePage);
     if (!description.empty()) {
         text::append(topic.body, "<p>", description, "</p>");
     }
@@ -46,7 +47,7 @@ Topic topicOf(TextView line) {
 
 } // namespace
 
-TextOutline readTextOutline(TextView file, int room) {
+TextOutline readTextOutline(TextView file, int room, const text::CodePage& codePage) {
     TextOutline outline;
     text::LineReader lines(file);
     while (!lines.atEnd()) {
@@ -57,7 +58,7 @@ TextOutline readTextOutline(TextView file, int room) {
         TextView line;
         lines.next(line);
         if (!text::trim(line).empty()) {
-            outline.topics.push_back(topicOf(line));
+            outline.topics.push_back(topicOf(line, codePage));
         }
     }
     return outline;
@@ -66,11 +67,12 @@ TextOutline readTextOutline(TextView file, int room) {
 ImportOutcome importText(model::Project& project, const std::filesystem::path& file) {
     ImportOutcome outcome;
     Text text;
-    if ((outcome.readError = text::readTextFile(file, text::Foreign::references, text))) {
+    if ((outcome.readError = text::readTextFile(file, text))) {
         return outcome;
     }
+    const text::CodePage codePage = project.options().codePage();
     const int room = model::TopicOutline::maxTopics - project.outline().count();
-    TextOutline outline = readTextOutline(text, room);
+    TextOutline outline = readTextOutline(codePage.withLetters(text), room, codePage);
     if (outline.limitReached) {
         outcome.message = model::topicLimitMessage("Import Stopped");
     }

@@ -13,10 +13,10 @@ namespace {
 Topic readTopic(model::FieldReader& fields, bool& cut) {
     Topic topic;
     for (Text Topic::*field : model::topicFields) {
-        topic.*field = fields.next();
+        topic.*field = model::topicText(field, fields.next());
         cut = cut || fields.cutAtEnd();
     }
-    topic.body = fields.next();
+    topic.body = model::topicText(&Topic::body, fields.next());
     cut = cut || fields.cutInQuotes();
     return topic;
 }
@@ -47,10 +47,10 @@ void readTopics(model::FieldReader& fields, FileTopics& result) {
 
 FileTopics readFileTopics(const std::filesystem::path& file) {
     FileTopics result;
-    Text text;
-    result.readError = model::readProjectFile(file, text);
+    text::Bytes bytes;
+    result.readError = model::readProjectFile(file, bytes);
     if (!result.readError) {
-        model::FieldReader fields(std::move(text));
+        model::FieldReader fields(std::move(bytes));
         readTopics(fields, result);
     }
     return result;

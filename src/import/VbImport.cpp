@@ -7,9 +7,9 @@
 #include "import/VbProjectFile.h"
 #include "model/Helper.h"
 #include "platform/Files.h"
-#include "text/CodePage.h"
 #include "text/FileFinder.h"
-#include "text/TextLines.h"
+#include "text/ForeignText.h"
+#include "text/Path.h"
 
 namespace importer {
 
@@ -27,25 +27,26 @@ constexpr TextView inTheMaking = "G";
 
 constexpr TextView isNew = "N";
 
-/// Names and captions make links and page names, where a reference would stand for something else.
-constexpr text::Foreign foreign = text::Foreign::questionMarks;
+Text fileNameOf(TextView title, const text::CodePage& codePage) {
+    return model::makeFileName(model::withoutForeignLetters(title, codePage) + ".htm");
+}
 
-Topic overviewOf(const std::optional<Text>& projectTitle) {
+Topic overviewOf(const std::optional<Text>& projectTitle, const text::CodePage& codePage) {
     Topic topic;
     topic.status = isNew;
     topic.title = projectTitle.value_or("Project") + " Overview";
-    topic.fileName = model::makeFileName(topic.title + ".htm");
+    topic.fileName = fileNameOf(topic.title, codePage);
     return topic;
 }
 
 /// The called forms wait in the keywords until all topics are there.
-Topic topicOf(VbForm form) {
+Topic topicOf(VbForm form, const text::CodePage& codePage) {
     Topic topic;
     topic.status = inTheMaking;
     topic.title = form.caption;
-    topic.fileName = model::makeFileName(form.caption + ".htm");
+    topic.fileName = fileNameOf(form.caption, codePage);
     if (!form.helpContextId.empty()) {
-        topic.contextId = model::makeContextId(form.caption);
+        topic.contextId = model::makeContextId(form.caption, codePage);
         topic.contextNumber = std::move(form.helpContextId);
     }
     if (!form.menuHtml.empty()) {
@@ -59,7 +60,7 @@ Topic topicOf(VbForm form) {
 
 /// Authors of an application know a form by its object's name.
 std::string reasonWithoutCaption(const VbForm& form) {
-    return form.name.empty() ? "no caption" : text::toUtf8(form.name) + " has no caption";
+    return form.name.empty() ? "no caption" : form.name + " has no caption";
 }
 
 /// `path` is as it stands in the project file; not empty.
@@ -69,14 +70,15 @@ void importForm(Project& project, TextView path, text::FileFinder& finder, Impor
         return;
     }
     Text text;
-    if (const std::error_code error = text::readTextFile(finder.find(path), foreign, text)) {
+    if (const std::error_code error = text::readTextFile(finder.find(path), text)) {
         outcome.skipped.push_back({text::nativePath(path), error.message()});
         return;
     }
     VbForm form = readVbForm(text);
     if (form.caption.empty()) {
         outcome.skipped.push_back({text::nativePath(path), reasonWithoutCaption(form)});
-    } else if (appendTopic(project, topicOf(std::move(form)), outcome)) {
+    } else if (appendTopic(project, topicOf(std::move(form), project.options().codePage()),
+                           outcome)) {
         project.markChanged(model::statusNew);
     }
 }
@@ -144,13 +146,13 @@ private:
 ImportOutcome importVbProject(Project& project, const fs::path& projectFile) {
     ImportOutcome outcome;
     Text text;
-    if ((outcome.readError = text::readTextFile(projectFile, foreign, text))) {
+    if ((outcome.readError = text::readTextFile(projectFile, text))) {
         return outcome;
     }
     const VbProjectFile file = readVbProjectFile(text);
     const model::UndoStep step(project, "Import VB Project");
     if (project.outline().empty()) {
-        appendTopic(project, overviewOf(file.title), outcome);
+        appendTopic(project, overviewOf(file.title, project.options().codePage()), outcome);
     }
     if (file.title && *file.title != project.options().projectName) {
         model::ProjectOptions options = project.options();

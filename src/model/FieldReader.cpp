@@ -12,8 +12,8 @@ using text::TextView;
 using text::trim;
 using text::withLineBreaks;
 
-FieldReader::FieldReader(Text file) : file_(std::move(file)) {
-    if (file_.find('\r') == Text::npos) {
+FieldReader::FieldReader(text::Bytes file) : file_(std::move(file.value)) {
+    if (file_.find('\r') == std::string::npos) {
         file_ = withLineBreaks(file_);
     }
 }
@@ -41,7 +41,7 @@ int FieldReader::line() const {
 TextView FieldReader::quotedField() {
     const std::size_t start = position_ + 1;
     const std::size_t closingQuote = file_.find('"', start);
-    cutInQuotes_ = closingQuote == Text::npos;
+    cutInQuotes_ = closingQuote == std::string::npos;
     const std::size_t end = std::min(closingQuote, file_.size());
     position_ = std::min(end + 1, file_.size());
     skipBlanks();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "text/Text.h"
+#include "text/CodePage.h"
 
 namespace model {
 
@@ -11,13 +11,13 @@ public:
     /// A file that holds a carriage return anywhere is one of ours: CR LF or a lone CR ends a line
     /// and a bare LF is text. A file without any was converted by another tool: its LFs are line
     /// ends, inside texts too, and become CR LF.
-    explicit FieldReader(text::Text file);
+    explicit FieldReader(text::Bytes file);
 
     FieldReader(const FieldReader&) = delete;
     FieldReader& operator=(const FieldReader&) = delete;
 
-    /// The next field, without the quotes or without the blanks around it; empty when nothing is
-    /// left. Valid as long as the reader.
+    /// The next field as its bytes stand there, without the quotes or without the blanks around it;
+    /// empty when nothing is left. Valid as long as the reader.
     text::TextView next();
 
     /// Nothing is left to read.
@@ -39,7 +39,7 @@ private:
     void skipBlanks();
     void skipSeparator();
 
-    text::Text file_;
+    std::string file_;
     std::size_t position_ = 0;
     std::size_t fieldStart_ = 0;
     bool cutAtEnd_ = false;

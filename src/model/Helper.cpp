@@ -9,7 +9,6 @@ namespace model {
 
 using text::CharacterReference;
 using text::characterReferenceAt;
-using text::isForeign;
 using text::Text;
 using text::TextView;
 using text::trim;
@@ -62,12 +61,24 @@ Text makeFileName(TextView title) {
     return trimmed.empty() ? Text("Filename") : withSingleBlanks(trimmed);
 }
 
-Text withoutForeignReferences(TextView text) {
+Text withoutForeignLetters(TextView text, const text::CodePage& codePage) {
+    Text result;
+    while (!text.empty()) {
+        const TextView before = text;
+        if (codePage.has(text::takeUtf8(text))) {
+            result += before.substr(0, before.size() - text.size());
+        }
+    }
+    return result;
+}
+
+Text withoutForeignReferences(TextView text, const text::CodePage& codePage) {
     Text result;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const bool mayBegin = text.substr(i).starts_with("&#");
         const auto reference = mayBegin ? characterReferenceAt(text, i) : CharacterReference();
-        if (isForeign(reference)) {
+        if (reference.length > 0 && reference.character != text::unknownCharacter
+            && !codePage.has(reference.character)) {
             i += reference.length - 1;
         } else {
             result += text[i];
@@ -76,33 +87,24 @@ Text withoutForeignReferences(TextView text) {
     return result;
 }
 
-Text makeContextId(TextView title) {
-    Text id = upperCase(makeFileName(title));
+Text makeContextId(TextView title, const text::CodePage& codePage) {
+    Text id = upperCase(makeFileName(withoutForeignLetters(title, codePage)));
     std::replace(id.begin(), id.end(), ' ', '_');
     return "IDH_" + id;
 }
 
-void appendQuotedField(Text& file, TextView text) {
+void appendQuotedField(std::string& file, TextView text, const text::CodePage& codePage) {
     const TextView trimmed = trim(text);
     const auto holds = [trimmed](char c) { return trimmed.find(c) != TextView::npos; };
     const bool holdsQuote = holds('"');
-    if (!holdsQuote && !holds(',') && !holds('\r')) {
-        file += trimmed;
-        return;
-    }
-    file += '"';
+    const bool isQuoted = holdsQuote || holds(',') || holds('\r');
+    file += isQuoted ? "\"" : "";
     const std::size_t start = file.size();
-    file += trimmed;
+    codePage.appendEncoded(file, trimmed, text::Missing::reference);
     if (holdsQuote) {
         std::replace(file.begin() + static_cast<std::ptrdiff_t>(start), file.end(), '"', '\'');
     }
-    file += '"';
-}
-
-Text quoteField(TextView text) {
-    Text field;
-    appendQuotedField(field, text);
-    return field;
+    file += isQuoted ? "\"" : "";
 }
 
 Text asSaved(TextView text) {
@@ -112,10 +114,18 @@ Text asSaved(TextView text) {
 }
 
 Text stripHighChars(TextView text) {
-    Text result(text);
-    std::replace_if(
-        result.begin(), result.end(),
-        [](char character) { return static_cast<unsigned char>(character) > 127; }, ' ');
+    constexpr char32_t lastPlain = 127;
+    const text::CodePage western;
+    Text result;
+    while (!text.empty()) {
+        const TextView before = text;
+        const char32_t character = text::takeUtf8(text);
+        if (character > lastPlain && western.has(character)) {
+            result += ' ';
+        } else {
+            result += before.substr(0, before.size() - text.size());
+        }
+    }
     return Text(trim(result));
 }
 

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "text/Text.h"
+#include "text/CodePage.h"
 
 /// Small operations on the texts of a topic that many commands share.
 namespace model {
@@ -11,26 +11,28 @@ namespace model {
 /// are removed or replaced, and so are runs of blanks. "Filename" when nothing is left.
 text::Text makeFileName(text::TextView title);
 
-/// Without the references ("&#1055;") that stand for characters outside the code page: in a page's
-/// name they would be taken for those characters, which it cannot hold. All others stay.
-text::Text withoutForeignReferences(text::TextView text);
+/// Without the letters that a code page lacks: no name in the workshop's files can hold them.
+text::Text withoutForeignLetters(text::TextView text, const text::CodePage& codePage);
 
-/// A context string made from a title: "IDH_OPEN_A_FILE".
-text::Text makeContextId(text::TextView title);
+/// Without the references ("&#x41F;") to such letters, for which they would be taken in the name of
+/// a page. All others stay.
+text::Text withoutForeignReferences(text::TextView text, const text::CodePage& codePage);
 
-/// A text as it stands in a project file: without the blanks around it and, where it would
-/// otherwise not be read back as one field, in double quotes. Its own double quotes become
-/// apostrophes.
-text::Text quoteField(text::TextView text);
+/// A context string made from a title: "IDH_OPEN_A_FILE". Letters that the code page lacks are left
+/// out.
+text::Text makeContextId(text::TextView title, const text::CodePage& codePage);
 
-/// The same, appended to `file`.
-void appendQuotedField(text::Text& file, text::TextView text);
+/// Appends a text as it stands in a project file, in a code page that has references for letters
+/// that it lacks: without the blanks around it and, where it would otherwise not be read back as
+/// one field, in double quotes. Its own double quotes become apostrophes.
+void appendQuotedField(std::string& file, text::TextView text, const text::CodePage& codePage);
 
 /// A text as it comes back after it was saved: without the blanks around it, and with apostrophes
 /// in place of double quotes.
 text::Text asSaved(text::TextView text);
 
-/// Every character above code 127 becomes a blank; then the blanks around the text go.
+/// Every character of the western code page above code 127 becomes a blank; then the blanks around
+/// the text go.
 text::Text stripHighChars(text::TextView text);
 
 /// Whether there are only the letters A to Z in either case; true for the empty text.

@@ -120,7 +120,8 @@ void completeFileName(Project& project) {
     const Topic& topic = project.outline().at(project.currentIndex());
     if (topic.fileName.empty() && !topic.title.empty()) {
         const UndoStep step(project, "Edit Topic Title", &Topic::title);
-        project.setField(project.currentIndex(), &Topic::fileName, pageNameFor(topic.title));
+        project.setField(project.currentIndex(), &Topic::fileName,
+                         pageNameFor(topic.title, project.options().codePage()));
         project.markChanged(statusChanged);
     }
 }

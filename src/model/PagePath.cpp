@@ -4,7 +4,7 @@
 #include <charconv>
 
 #include "model/Helper.h"
-#include "text/CodePage.h"
+#include "text/Path.h"
 
 namespace model {
 
@@ -23,10 +23,13 @@ constexpr TextView blanksAndPoints = ". ";
 /// Windows takes these names for devices in every folder, whatever their ending.
 bool isDevice(TextView part) {
     constexpr TextView names[] = {"con", "prn", "aux", "nul", "conin$", "conout$"};
-    constexpr TextView numbers = "0123456789\xB9\xB2\xB3"; // the raised ones count, too
+    constexpr TextView numbers[] = {"0", "1", "2", "3",      "4",      "5",     "6",
+                                    "7", "8", "9", "\u00B9", "\u00B2", "\u00B3"}; // raised, too
     const Text stem = lowerCase(trim(part.substr(0, part.find('.'))));
     const TextView port = TextView(stem).substr(0, 3);
-    const bool hasNumber = stem.size() == 4 && numbers.find(stem[3]) != TextView::npos;
+    const bool hasNumber =
+        std::find(std::begin(numbers), std::end(numbers), TextView(stem).substr(port.size()))
+        != std::end(numbers);
     return std::find(std::begin(names), std::end(names), stem) != std::end(names)
            || (hasNumber && (port == "com" || port == "lpt"));
 }
@@ -44,8 +47,9 @@ bool isPlainPart(TextView part) {
 
 } // namespace
 
-Text pageNameFor(TextView title) {
-    return makeFileName(withoutForeignReferences(title)) + ".htm";
+Text pageNameFor(TextView title, const text::CodePage& codePage) {
+    return makeFileName(withoutForeignReferences(withoutForeignLetters(title, codePage), codePage))
+           + ".htm";
 }
 
 std::filesystem::path pagePath(const std::filesystem::path& pageFolder, TextView fileName) {

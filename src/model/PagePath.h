@@ -3,13 +3,13 @@
 #include <filesystem>
 
 #include "model/ProjectFolders.h"
-#include "text/Text.h"
+#include "text/CodePage.h"
 
 /// The page of a topic as a file.
 namespace model {
 
-/// The name that a topic's page gets from its title.
-text::Text pageNameFor(text::TextView title);
+/// The name that a topic's page gets from its title, with those letters that the code page has.
+text::Text pageNameFor(text::TextView title, const text::CodePage& codePage);
 
 /// The page in a page folder. Ask pageNameFault() first.
 std::filesystem::path pagePath(const std::filesystem::path& pageFolder, text::TextView fileName);

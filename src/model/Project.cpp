@@ -4,7 +4,7 @@
 #include <cassert>
 #include <utility>
 
-#include "text/CodePage.h"
+#include "text/Path.h"
 
 namespace model {
 

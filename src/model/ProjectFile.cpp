@@ -6,12 +6,12 @@
 #include "model/Helper.h"
 #include "platform/Files.h"
 #include "text/CodePage.h"
+#include "text/Path.h"
 
 namespace model {
 
 using text::appendLine;
 using text::lineBreak;
-using text::lowerCase;
 using text::Message;
 using text::MessageIcon;
 using text::Text;
@@ -28,6 +28,12 @@ NavigationType navigationTypeOf(TextView field) {
     return static_cast<NavigationType>(value); // a number without a name stays in the file
 }
 
+/// The code page of project files.
+const text::CodePage& filesCodePage() {
+    static const text::CodePage western;
+    return western;
+}
+
 /// Reads the option fields. Those that a cut file lacks keep the values of a new project.
 class OptionReader {
 public:
@@ -36,22 +42,27 @@ public:
     /// False when the file ended before the last field.
     bool complete() const { return complete_; }
 
-    void text(Text& option) {
+    void title(Text& option) {
         if (more()) {
-            option = fields_.next();
+            option = filesCodePage().decodedHtml(fields_.next());
         }
     }
-    void trimmedText(Text& option) {
+    void html(Text& option) {
         if (more()) {
-            option = trim(fields_.next());
+            option = filesCodePage().decodedHtml(trim(fields_.next()));
+        }
+    }
+    void name(Text& option) {
+        if (more()) {
+            option = filesCodePage().decoded(trim(fields_.next()));
         }
     }
     void flag(bool& option) {
         if (more()) {
-            option = lowerCase(fields_.next()) == "true";
+            option = text::lowerAscii(fields_.next()) == "true";
         }
     }
-    void navigationType(NavigationType& option) {
+    void navigation(NavigationType& option) {
         if (more()) {
             option = navigationTypeOf(trim(fields_.next()));
         }
@@ -69,33 +80,19 @@ private:
 
 bool readOptions(FieldReader& fields, ProjectOptions& options) {
     OptionReader reader(fields);
-    reader.text(options.projectName);
-    reader.trimmedText(options.cssFile);
-    reader.trimmedText(options.backgroundImage);
-    reader.trimmedText(options.templateFile);
-    reader.trimmedText(options.additionalText);
-    reader.flag(options.showCopyright);
-    reader.trimmedText(options.copyrightText);
-    for (bool& button : options.navigationButtons) {
-        reader.flag(button);
-    }
-    reader.navigationType(options.navigationType);
-    reader.flag(options.indentedContents);
-    reader.flag(options.numbering);
-    reader.flag(options.documentationLinks);
-    reader.flag(options.underlineLinks);
+    visitOptions(options, reader);
     return reader.complete();
 }
 
 /// Reads what follows a topic's marker; false when the file ends in it. A body may be cut.
 bool readTopic(FieldReader& fields, Topic& topic) {
     for (Text Topic::*field : topicFields) {
-        topic.*field = fields.next();
+        topic.*field = topicText(field, fields.next());
         if (fields.cutAtEnd()) {
             return false;
         }
     }
-    topic.body = fields.next();
+    topic.body = topicText(&Topic::body, fields.next());
     if (topic.status.empty() && topic.body.empty()) {
         topic.status = "E";
     }
@@ -126,41 +123,33 @@ LoadStop readTopics(FieldReader& fields, TopicOutline& outline) {
     return LoadStop::none;
 }
 
-TextView flagText(bool flag) {
-    return flag ? "True" : "False";
-}
+/// Writes the lines of a project file.
+class FileWriter {
+public:
+    explicit FileWriter(std::string& file) : file_(file) {}
 
-void formatOptions(Text& file, const ProjectOptions& options) {
-    const auto text = [&file](TextView field) {
-        appendQuotedField(file, field);
-        file += lineBreak;
-    };
-    const auto flag = [&file](bool value) { appendLine(file, flagText(value)); };
-    text(options.projectName);
-    text(options.cssFile);
-    text(options.backgroundImage);
-    text(options.templateFile);
-    text(options.additionalText);
-    flag(options.showCopyright);
-    text(options.copyrightText);
-    for (const bool button : options.navigationButtons) {
-        flag(button);
+    void line(TextView ascii) { appendLine(file_, ascii); }
+
+    /// A field; letters that the code page lacks become references.
+    void html(TextView field) {
+        appendQuotedField(file_, field, filesCodePage());
+        file_ += lineBreak;
     }
-    appendLine(file, std::to_string(static_cast<int>(options.navigationType)));
-    flag(options.indentedContents);
-    flag(options.numbering);
-    flag(options.documentationLinks);
-    flag(options.underlineLinks);
-}
+    void title(TextView field) { html(field); }
+    void name(TextView field) { html(field); }
+    void flag(bool value) { line(value ? "True" : "False"); }
+    void navigation(NavigationType type) { line(std::to_string(static_cast<int>(type))); }
 
-void formatTopic(Text& file, const Topic& topic) {
-    appendLine(file, topicMarker);
+private:
+    std::string& file_;
+};
+
+void formatTopic(FileWriter& file, const Topic& topic) {
+    file.line(topicMarker);
     for (Text Topic::*field : topicFields) {
-        appendQuotedField(file, topic.*field);
-        file += lineBreak;
+        file.html(topic.*field);
     }
-    appendQuotedField(file, topic.body);
-    file += lineBreak;
+    file.html(topic.body);
 }
 
 /// Room for everything, so that a large project is not copied again and again while it is put
@@ -227,7 +216,13 @@ Message fileNotFoundMessage(const fs::path& path) {
             MessageIcon::information};
 }
 
-ParsedProject parseProject(Text file) {
+Text topicText(Text Topic::*field, TextView bytes) {
+    const bool isHtml = field == &Topic::title || field == &Topic::shortDescription
+                        || field == &Topic::keywords || field == &Topic::body;
+    return isHtml ? filesCodePage().decodedHtml(bytes) : filesCodePage().decoded(bytes);
+}
+
+ParsedProject parseProject(text::Bytes file) {
     ParsedProject project;
     FieldReader fields(std::move(file));
     if (fields.next() != projectFileHeader) {
@@ -241,33 +236,34 @@ ParsedProject parseProject(Text file) {
     return project;
 }
 
-Text formatProject(const TopicOutline& outline, const ProjectOptions& options) {
-    Text file;
-    file.reserve(sizeBound(outline, options));
-    appendLine(file, projectFileHeader);
-    formatOptions(file, options);
+text::Bytes formatProject(const TopicOutline& outline, const ProjectOptions& options) {
+    text::Bytes file;
+    file.value.reserve(sizeBound(outline, options));
+    FileWriter writer(file.value);
+    writer.line(projectFileHeader);
+    visitOptions(options, writer);
     for (const Topic& topic : outline) {
-        formatTopic(file, topic);
+        formatTopic(writer, topic);
     }
     return file;
 }
 
-std::error_code readProjectFile(const fs::path& path, Text& file) {
+std::error_code readProjectFile(const fs::path& path, text::Bytes& file) {
     constexpr std::size_t enoughForHeader = 4096;
-    std::error_code error = platform::readPart(path, file, 0, enoughForHeader);
+    std::error_code error = platform::readPart(path, file.value, 0, enoughForHeader);
     if (!error && FieldReader(file).next() == projectFileHeader) {
-        error = platform::readFile(path, file);
+        error = platform::readFile(path, file.value);
     }
     return error;
 }
 
 LoadOutcome loadProject(Project& project, const fs::path& path) {
     platform::FileState state(path);
-    Text file;
+    text::Bytes file;
     if (const std::error_code error = readProjectFile(path, file)) {
         return {error};
     }
-    state.setContents(file);
+    state.setContents(file.value);
     ParsedProject parsed = parseProject(std::move(file));
     project.replace(std::move(parsed.outline), std::move(parsed.options), path);
     project.origin().file = state;
@@ -328,14 +324,15 @@ std::error_code saveProject(Project& project, const fs::path& path, Overwrite ov
             return error;
         }
     }
-    const Text file = formatProject(project.outline(), project.options());
-    if (const std::error_code error = copy.empty() ? platform::replaceFile(path, file)
-                                                   : platform::overwriteFile(path, file, copy)) {
+    const text::Bytes file = formatProject(project.outline(), project.options());
+    if (const std::error_code error = copy.empty()
+                                          ? platform::replaceFile(path, file.value)
+                                          : platform::overwriteFile(path, file.value, copy)) {
         return error;
     }
     project.setProjectPath(path);
     origin = {platform::FileState(path), {}};
-    origin.file.setContents(file);
+    origin.file.setContents(file.value);
     project.markSaved();
     return {};
 }

@@ -48,13 +48,16 @@ struct ParsedProject {
     int stopLine = 0; ///< the line of the file, from 1, in which reading stopped; 0 for none
 };
 
-ParsedProject parseProject(text::Text file);
+ParsedProject parseProject(text::Bytes file);
 
-text::Text formatProject(const TopicOutline& outline, const ProjectOptions& options);
+text::Bytes formatProject(const TopicOutline& outline, const ProjectOptions& options);
+
+/// What a topic's field says that stands so in a project file.
+text::Text topicText(text::Text Topic::*field, text::TextView bytes);
 
 /// Reads the bytes of a project file. Of a file of another kind, however large, only the first are
 /// read.
-std::error_code readProjectFile(const std::filesystem::path& path, text::Text& file);
+std::error_code readProjectFile(const std::filesystem::path& path, text::Bytes& file);
 
 /// How loading went. After a read error the project is as it was.
 struct LoadOutcome {

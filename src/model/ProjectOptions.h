@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "text/Text.h"
+#include "text/CodePage.h"
 
 namespace model {
 
@@ -39,7 +39,34 @@ struct ProjectOptions {
     bool documentationLinks = true;
     bool underlineLinks = false;
 
+    /// In which pages, contents, index and the workshop's project are written, and whose letters
+    /// file names and context strings can have.
+    static text::CodePage codePage() { return text::CodePage(); }
+
     bool operator==(const ProjectOptions&) const = default;
 };
+
+/// Calls the visitor for every option in the order of the project file: `title` for the project's
+/// name, whose outer blanks count, `html` for the other texts in which references stand for
+/// letters, `name` for those that name files, `flag` for switches, and `navigation`. `Options` is a
+/// ProjectOptions, constant or not.
+template <typename Options, typename Visitor>
+void visitOptions(Options& options, Visitor& visitor) {
+    visitor.title(options.projectName);
+    visitor.name(options.cssFile);
+    visitor.name(options.backgroundImage);
+    visitor.name(options.templateFile);
+    visitor.html(options.additionalText);
+    visitor.flag(options.showCopyright);
+    visitor.html(options.copyrightText);
+    for (auto& button : options.navigationButtons) {
+        visitor.flag(button);
+    }
+    visitor.navigation(options.navigationType);
+    visitor.flag(options.indentedContents);
+    visitor.flag(options.numbering);
+    visitor.flag(options.documentationLinks);
+    visitor.flag(options.underlineLinks);
+}
 
 } // namespace model

@@ -34,12 +34,13 @@ void appendContentLine(ProtectedBlock& block, TextView line, bool isFirst) {
 }
 
 /// Reads on behind the start marker.
-std::optional<ProtectedBlock> readContent(LineReader& lines, ProtectedBlock block) {
+std::optional<ProtectedBlock> readContent(LineReader& lines, ProtectedBlock block,
+                                          const text::CodePage& codePage) {
     std::optional<ProtectedBlock> first;
     bool isFirstLine = true;
     for (TextView line; lines.next(line); isFirstLine = false) {
         if (line.starts_with(blockEnd)) {
-            if (block.hasGeneratedLength()) {
+            if (block.hasGeneratedLength(codePage)) {
                 return block;
             }
             if (first) {
@@ -55,27 +56,28 @@ std::optional<ProtectedBlock> readContent(LineReader& lines, ProtectedBlock bloc
 
 } // namespace
 
-bool ProtectedBlock::hasGeneratedLength() const {
-    const auto isGenerated = [this](std::size_t length) {
-        return generatedLength >= 0 && length == static_cast<std::size_t>(generatedLength);
+bool ProtectedBlock::hasGeneratedLength(const text::CodePage& codePage) const {
+    const auto isGenerated = [&](TextView text) {
+        return generatedLength >= 0
+               && codePage.encodedSize(text) == static_cast<std::size_t>(generatedLength);
     };
-    return isGenerated(content.size()) || isGenerated(asIs.size());
+    return isGenerated(content) || isGenerated(asIs);
 }
 
-void appendProtectedBlock(Text& page, TextView body) {
+void appendProtectedBlock(Text& page, TextView body, const text::CodePage& codePage) {
     const TextView content = body.empty() ? placeholderBody : body;
-    appendLine(page, blockStart, std::to_string(content.size()), blockStartEnd);
+    appendLine(page, blockStart, std::to_string(codePage.encodedSize(content)), blockStartEnd);
     appendLine(page, content);
     appendLine(page, blockEnd);
 }
 
-std::optional<ProtectedBlock> findProtectedBlock(TextView page) {
+std::optional<ProtectedBlock> findProtectedBlock(TextView page, const text::CodePage& codePage) {
     LineReader lines(page);
     for (TextView line; lines.next(line);) {
         if (line.starts_with(blockStart)) {
             ProtectedBlock block;
             block.generatedLength = leadingNumber(line.substr(blockStart.size()));
-            return readContent(lines, std::move(block));
+            return readContent(lines, std::move(block), codePage);
         }
     }
     return {};

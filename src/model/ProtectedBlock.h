@@ -3,14 +3,14 @@
 #include <cstdint>
 #include <optional>
 
-#include "text/Text.h"
+#include "text/CodePage.h"
 
 /// The marked region of a generated page that holds the topic's body, so that pages edited outside
 /// the program can be read back.
 namespace model {
 
-/// The first marker line goes on with the length of the content, in characters and without the line
-/// end behind it, and blockStartEnd.
+/// The first marker line goes on with the length of the content, in bytes of the written page and
+/// without the line end behind it, and blockStartEnd.
 inline constexpr text::TextView blockStart = "<!-- HTML Topicsmith Custom Code *Do Not Remove* [";
 inline constexpr text::TextView blockStartEnd = "] -->";
 inline constexpr text::TextView blockEnd = "<!-- HTML Topicsmith End Code *Do Not Remove* -->";
@@ -19,7 +19,8 @@ inline constexpr text::TextView blockEnd = "<!-- HTML Topicsmith End Code *Do No
 inline constexpr text::TextView placeholderBody =
     R"(<p><IMG src="..\images\Image.jpg" align=left BORDER=0> Descriptive text goes here.</p>)";
 
-void appendProtectedBlock(text::Text& page, text::TextView body);
+/// For a page that will be written in the code page.
+void appendProtectedBlock(text::Text& page, text::TextView body, const text::CodePage& codePage);
 
 /// A block as it is found in a page.
 struct ProtectedBlock {
@@ -34,11 +35,12 @@ struct ProtectedBlock {
     /// goes on to the first.
     bool endUnknown = false;
 
-    bool hasGeneratedLength() const;
+    bool hasGeneratedLength(const text::CodePage& codePage) const;
 };
 
 /// The first block of a page; nothing when there is none or its end is missing. Of several end
 /// markers that one counts with which the content has the generated length.
-std::optional<ProtectedBlock> findProtectedBlock(text::TextView page);
+std::optional<ProtectedBlock> findProtectedBlock(text::TextView page,
+                                                 const text::CodePage& codePage);
 
 } // namespace model

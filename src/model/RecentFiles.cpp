@@ -4,11 +4,9 @@
 #include <vector>
 
 #include "platform/Files.h"
-#include "text/CodePage.h"
 
 namespace model {
 
-using text::htmlFromUtf8;
 using text::upperCase;
 
 namespace fs = std::filesystem;
@@ -66,8 +64,7 @@ std::string shortenPath(const fs::path& path) {
 
 RecentFiles::Entry RecentFiles::entryOf(const fs::path& path) {
     std::string caption = shortenPath(path);
-    // References keep characters apart that the code page lacks.
-    return {path, caption, upperCase(htmlFromUtf8(caption))};
+    return {path, caption, upperCase(caption)};
 }
 
 std::deque<RecentFiles::Entry>::iterator RecentFiles::find(const Entry& entry) {

@@ -18,7 +18,4 @@ std::string utf8FromCodePage(std::string_view bytes, unsigned codePage);
 /// UTF-8. A similar character never takes the place of another.
 std::optional<std::string> codePageFromUtf8(std::string_view utf8, unsigned codePage);
 
-/// The small letter of any script; other characters as they are.
-char32_t lowerCase(char32_t character);
-
 } // namespace platform

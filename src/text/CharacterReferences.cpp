@@ -53,6 +53,13 @@ char32_t namedCharacter(TextView name) {
     return other == std::end(otherNames) ? unknownCharacter : other->character;
 }
 
+/// Browsers take the numbers of control characters for codes of the western code page.
+char32_t westernCharacter(std::uint32_t code) {
+    const Text letter = CodePage().decoded(Text(1, static_cast<char>(code)));
+    TextView rest = letter;
+    return takeUtf8(rest);
+}
+
 char32_t numberedCharacter(TextView digits) {
     const bool isHexadecimal = digits.starts_with('x') || digits.starts_with('X');
     digits.remove_prefix(isHexadecimal ? 1 : 0);
@@ -64,21 +71,11 @@ char32_t numberedCharacter(TextView digits) {
     if (error != std::errc() || rest != end || number > last || isHalf) {
         return unknownCharacter;
     }
-    // Browsers take these for the code page's characters, too.
     const bool isOfCodePage = number >= 0x80 && number <= 0x9F;
-    return isOfCodePage ? unicodeOf(static_cast<char>(number)) : number;
+    return isOfCodePage ? westernCharacter(number) : number;
 }
 
 } // namespace
-
-bool isForeign(const CharacterReference& reference) {
-    if (reference.length == 0 || reference.character == unknownCharacter) {
-        return false;
-    }
-    std::string utf8;
-    appendUtf8(utf8, reference.character);
-    return htmlFromUtf8(utf8) != fromUtf8(utf8);
-}
 
 CharacterReference characterReferenceAt(TextView text, std::size_t offset) {
     constexpr std::size_t longest = 12;

@@ -12,9 +12,6 @@ struct CharacterReference {
     char32_t character = 0;
 };
 
-/// Whether it stands for a character that the code page lacks.
-bool isForeign(const CharacterReference& reference);
-
 /// The reference at an offset of HTML: "&eacute;", "&#233;" or "&#xE9;". It needs its semicolon.
 CharacterReference characterReferenceAt(TextView text, std::size_t offset);
 

@@ -2,189 +2,244 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
+#include <charconv>
+#include <map>
+#include <mutex>
+#include <unordered_map>
+#include <utf8proc.h>
 
-#include "platform/Files.h"
+#include "platform/Unicode.h"
 
 namespace text {
+
 namespace {
 
-constexpr unsigned firstSpecial = 0x80;
+constexpr std::size_t byteCount = 256;
+constexpr unsigned firstHigh = 0x80;
 
-/// The characters of the codes 128 to 159; all others are the Unicode character of the same number.
-constexpr std::array<char32_t, 32> specialCharacters = {
+/// The western characters of the codes 128 to 159; all others are the Unicode character of the same
+/// number. The systems do not agree about the five gaps, so the table is our own.
+constexpr std::array<char32_t, 32> westernSpecials = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-/// The byte of a character, or a question mark.
-char byteOf(char32_t character) {
-    const auto* special = std::find(specialCharacters.begin(), specialCharacters.end(), character);
-    if (special != specialCharacters.end()) {
-        return static_cast<char>(firstSpecial + (special - specialCharacters.begin()));
+/// Whether an author sees more in the character than in its reference.
+bool isVisible(char32_t character) {
+    constexpr char32_t joiner = 0x200D; // joins pictures and letters of some scripts
+    constexpr char32_t nonJoiner = 0x200C;
+    if (character == joiner || character == nonJoiner) {
+        return true;
     }
-    const bool sameNumber = character < firstSpecial || (character >= 0xA0 && character <= 0xFF);
-    return sameNumber ? static_cast<char>(character) : '?';
+    switch (utf8proc_category(static_cast<utf8proc_int32_t>(character))) {
+    case UTF8PROC_CATEGORY_CN:
+    case UTF8PROC_CATEGORY_CC:
+    case UTF8PROC_CATEGORY_CF:
+    case UTF8PROC_CATEGORY_CS:
+    case UTF8PROC_CATEGORY_CO:
+    case UTF8PROC_CATEGORY_ZL:
+    case UTF8PROC_CATEGORY_ZP:
+    case UTF8PROC_CATEGORY_ZS:
+        return false;
+    default:
+        return true;
+    }
 }
 
-/// How many bytes the sequence that begins with `lead` has, or 0 if none begins so.
-std::size_t sequenceLength(unsigned char lead) {
-    if (lead < 0x80) {
-        return 1;
+/// A decimal reference just as encoded() writes one: nothing for every other.
+struct DecimalReference {
+    std::size_t length = 0;
+    char32_t character = 0;
+};
+
+DecimalReference decimalReferenceAt(TextView html) {
+    constexpr std::size_t mostDigits = 7;
+    constexpr char32_t last = 0x10FFFF;
+    if (!html.starts_with("&#") || html.size() < 4 || html[2] == '0') {
+        return {};
     }
-    if (lead >= 0xC2 && lead <= 0xDF) {
-        return 2;
+    unsigned number = 0;
+    const char* first = html.data() + 2;
+    const char* end = html.data() + std::min(html.size(), 2 + mostDigits);
+    const auto [rest, error] = std::from_chars(first, end, number);
+    if (error != std::errc() || rest == html.data() + html.size() || *rest != ';'
+        || number > last) {
+        return {};
     }
-    if (lead >= 0xE0 && lead <= 0xEF) {
-        return 3;
-    }
-    return lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
+    return {static_cast<std::size_t>(rest - html.data()) + 1, number};
 }
 
-constexpr char32_t damaged = 0xFFFD; // in no code page
-
-bool isHighSurrogate(char32_t unit) {
-    return unit >= 0xD800 && unit <= 0xDBFF;
+/// Where the first character beyond ASCII is.
+std::size_t plainEnd(std::string_view bytes, std::size_t from) {
+    const auto* end = std::find_if(bytes.begin() + from, bytes.end(),
+                                   [](char byte) { return (byte & 0x80) != 0; });
+    return static_cast<std::size_t>(end - bytes.begin());
 }
 
-bool isLowSurrogate(char32_t unit) {
-    return unit >= 0xDC00 && unit <= 0xDFFF;
+void appendReference(std::string& bytes, char32_t character) {
+    bytes += "&#" + std::to_string(static_cast<std::uint32_t>(character)) + ';';
 }
 
 } // namespace
 
-char32_t unicodeOf(char character) {
-    const auto code = static_cast<unsigned char>(character);
-    const unsigned index = code - firstSpecial;
-    return index < specialCharacters.size() ? specialCharacters[index] : code;
-}
+struct CodePage::Table {
+    std::array<char32_t, byteCount> characters{};    ///< 0 for a byte that begins a pair
+    std::unordered_map<char32_t, std::string> bytes; ///< beyond ASCII
+    bool hasPairs = false;
 
-void appendUtf8(std::string& utf8, char32_t character) {
-    const auto byte = [&utf8](char32_t value) { utf8 += static_cast<char>(value); };
-    if (character < 0x80) {
-        byte(character);
-    } else if (character < 0x800) {
-        byte(0xC0 | character >> 6);
-        byte(0x80 | (character & 0x3F));
-    } else if (character >= 0x10000) {
-        byte(0xF0 | character >> 18);
-        byte(0x80 | (character >> 12 & 0x3F));
-        byte(0x80 | (character >> 6 & 0x3F));
-        byte(0x80 | (character & 0x3F));
-    } else {
-        byte(0xE0 | character >> 12);
-        byte(0x80 | (character >> 6 & 0x3F));
-        byte(0x80 | (character & 0x3F));
+    void add(std::string_view encoded, char32_t character, unsigned number);
+    void addPairs(unsigned char lead, unsigned number);
+};
+
+/// Of two forms that one character has, the system's choice counts.
+void CodePage::Table::add(std::string_view encoded, char32_t character, unsigned number) {
+    const auto [place, isNew] = bytes.try_emplace(character, encoded);
+    if (!isNew) {
+        std::string utf8;
+        appendUtf8(utf8, character);
+        place->second = platform::codePageFromUtf8(utf8, number).value_or(std::move(place->second));
     }
 }
 
-char32_t takeUtf8(std::string_view& utf8) {
-    const auto lead = static_cast<unsigned char>(utf8.front());
-    const std::size_t length = sequenceLength(lead);
-    if (length == 1) {
-        utf8.remove_prefix(1);
-        return lead;
-    }
-    if (length == 0 || utf8.size() < length) {
-        utf8.remove_prefix(1);
-        return damaged;
-    }
-    char32_t character = lead & (0xFFU >> (length + 1));
-    for (std::size_t i = 1; i < length; ++i) {
-        const auto byte = static_cast<unsigned char>(utf8[i]);
-        if ((byte & 0xC0) != 0x80) {
-            utf8.remove_prefix(1);
-            return damaged;
+void CodePage::Table::addPairs(unsigned char lead, unsigned number) {
+    constexpr unsigned firstTrail = 0x40;
+    for (unsigned trail = firstTrail; trail < byteCount - 1; ++trail) {
+        const std::string pair = {static_cast<char>(lead), static_cast<char>(trail)};
+        const std::string utf8 = platform::utf8FromCodePage(pair, number);
+        std::string_view rest = utf8;
+        const char32_t character = rest.empty() ? replacementCharacter : takeUtf8(rest);
+        if (rest.empty() && character != replacementCharacter) {
+            hasPairs = true;
+            characters[lead] = 0;
+            add(pair, character, number);
         }
-        character = character << 6 | (byte & 0x3FU);
     }
-    constexpr char32_t least[] = {0, 0, 0x80, 0x800, 0x10000};
-    constexpr char32_t last = 0x10FFFF;
-    if (character < least[length] || character > last || isHighSurrogate(character)
-        || isLowSurrogate(character)) {
-        utf8.remove_prefix(1);
-        return damaged;
-    }
-    utf8.remove_prefix(length);
-    return character;
 }
 
-std::string toUtf8(TextView text) {
-    std::string utf8;
-    utf8.reserve(text.size() + text.size() / 8);
-    for (const char character : text) {
-        appendUtf8(utf8, unicodeOf(character));
+const CodePage::Table& CodePage::tableOf(unsigned number) {
+    static std::mutex guard;
+    static std::map<unsigned, Table> tables;
+    const std::lock_guard lock(guard);
+    const auto [place, isNew] = tables.try_emplace(number);
+    Table& table = place->second;
+    if (!isNew) {
+        return table;
     }
-    return utf8;
+    for (unsigned code = 0; code < byteCount; ++code) {
+        const std::string byte(1, static_cast<char>(code));
+        char32_t& character = table.characters[code];
+        if (code < firstHigh) {
+            character = code;
+        } else if (number == western) {
+            const unsigned index = code - firstHigh;
+            character = index < westernSpecials.size() ? westernSpecials[index] : code;
+            table.bytes.emplace(character, byte);
+        } else {
+            const std::string utf8 = platform::utf8FromCodePage(byte, number);
+            std::string_view rest = utf8;
+            character = rest.empty() ? replacementCharacter : takeUtf8(rest);
+            if (character == replacementCharacter) {
+                table.addPairs(static_cast<unsigned char>(code), number);
+            } else if (character >= 0xA0) { // controls are no letters
+                table.add(byte, character, number);
+            }
+        }
+    }
+    return table;
 }
 
-Text fromUtf8(std::string_view utf8) {
+CodePage::CodePage(unsigned number) : table_(&tableOf(number)), number_(number) {}
+
+bool CodePage::has(char32_t character) const {
+    return character < firstHigh || number_ == platform::utf8CodePage
+           || table_->bytes.contains(character);
+}
+
+bool CodePage::hasAll(TextView text) const {
+    while (!text.empty()) {
+        if (!has(takeUtf8(text))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+Text CodePage::decoded(TextView bytes) const {
+    if (isAscii(bytes)) {
+        return Text(bytes);
+    }
+    if (table_->hasPairs || number_ == platform::utf8CodePage) {
+        return platform::utf8FromCodePage(bytes, number_);
+    }
     Text text;
-    text.reserve(utf8.size());
-    while (!utf8.empty()) {
-        text += byteOf(takeUtf8(utf8));
+    text.reserve(bytes.size() + bytes.size() / 8);
+    for (std::size_t at = 0; at < bytes.size();) {
+        const std::size_t plain = plainEnd(bytes, at);
+        text += bytes.substr(at, plain - at);
+        for (at = plain; at < bytes.size() && (bytes[at] & 0x80) != 0; ++at) {
+            appendUtf8(text, table_->characters[static_cast<unsigned char>(bytes[at])]);
+        }
     }
     return text;
 }
 
-Text htmlFromUtf8(std::string_view utf8) {
-    Text html;
-    html.reserve(utf8.size());
-    while (!utf8.empty()) {
-        const char32_t character = takeUtf8(utf8);
-        const char byte = byteOf(character);
-        if (byte == '?' && character != U'?') {
-            append(html, "&#", std::to_string(static_cast<std::uint32_t>(character)), ";");
+void CodePage::appendEncoded(std::string& bytes, TextView text, Missing missing) const {
+    if (number_ == platform::utf8CodePage) {
+        bytes += text;
+        return;
+    }
+    while (!text.empty()) {
+        const std::size_t plain = plainEnd(text, 0);
+        bytes += text.substr(0, plain);
+        text.remove_prefix(plain);
+        while (!text.empty() && (text.front() & 0x80) != 0) {
+            const char32_t character = takeUtf8(text);
+            if (const auto known = table_->bytes.find(character); known != table_->bytes.end()) {
+                bytes += known->second;
+            } else if (missing == Missing::reference) {
+                appendReference(bytes, character);
+            } else {
+                bytes += '?';
+            }
+        }
+    }
+}
+
+Bytes CodePage::encoded(TextView text, Missing missing) const {
+    Bytes bytes;
+    bytes.value.reserve(text.size());
+    appendEncoded(bytes.value, text, missing);
+    return bytes;
+}
+
+std::size_t CodePage::encodedSize(TextView text) const {
+    return isAscii(text) ? text.size() : encoded(text, Missing::reference).value.size();
+}
+
+Text CodePage::withLetters(TextView html) const {
+    Text text;
+    text.reserve(html.size());
+    for (std::size_t at = 0; at < html.size();) {
+        const std::size_t sign = std::min(html.find("&#", at), html.size());
+        text += html.substr(at, sign - at);
+        at = sign;
+        if (at == html.size()) {
+            break;
+        }
+        const DecimalReference reference = decimalReferenceAt(html.substr(at));
+        if (reference.length > 0 && !has(reference.character) && isVisible(reference.character)) {
+            appendUtf8(text, reference.character);
+            at += reference.length;
         } else {
-            html += byte;
+            text += html[at++];
         }
     }
-    return html;
+    return text;
 }
 
-std::string utf8FromUtf16(std::string_view bytes, bool bigEndian) {
-    const auto unitAt = [bytes, bigEndian](std::size_t offset) {
-        const auto first = static_cast<unsigned char>(bytes[offset]);
-        const auto second = static_cast<unsigned char>(bytes[offset + 1]);
-        return static_cast<char32_t>(bigEndian ? first << 8 | second : second << 8 | first);
-    };
-    std::string utf8;
-    utf8.reserve(bytes.size());
-    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-        char32_t character = unitAt(i);
-        if (isHighSurrogate(character) && i + 3 < bytes.size() && isLowSurrogate(unitAt(i + 2))) {
-            i += 2;
-            character = 0x10000 + ((character & 0x3FF) << 10 | (unitAt(i) & 0x3FF));
-        }
-        const bool half = isHighSurrogate(character) || isLowSurrogate(character);
-        appendUtf8(utf8, half ? damaged : character);
-    }
-    return utf8;
-}
-
-std::filesystem::path nativePath(TextView text) {
-    std::string utf8 = toUtf8(text);
-    std::replace(utf8.begin(), utf8.end(), '\\', '/');
-    return platform::pathFromUtf8(utf8);
-}
-
-Text displayText(const std::filesystem::path& path) {
-    return fromUtf8(platform::utf8FromPath(path));
-}
-
-Text attributeText(const std::filesystem::path& folder) {
-    const Text text = htmlFromUtf8(platform::utf8FromPath(folder));
-    Text attribute;
-    for (const char character : TextView(text).substr(0, text.find_last_not_of("/\\") + 1)) {
-        if (character == '\'') {
-            attribute += "&#39;";
-        } else if (character == '"') {
-            attribute += "&quot;";
-        } else {
-            attribute += character;
-        }
-    }
-    return attribute;
+Text CodePage::decodedHtml(TextView bytes) const {
+    Text text = decoded(bytes);
+    return text.find("&#") == Text::npos ? text : withLetters(text);
 }
 
 } // namespace text

@@ -1,43 +1,70 @@
 #pragma once
 
-#include <filesystem>
+#include <memory>
 
 #include "text/Text.h"
+#include "text/Unicode.h"
 
-/// The border between the project's texts (Windows-1252) and Unicode, for paths and for what is
-/// shown to a person.
+/// The border between texts and the bytes of files.
 namespace text {
 
-/// Every byte has a character; the five that the code page leaves open become the control
-/// characters of the same code, as on Windows, and come back from there.
-std::string toUtf8(TextView text);
+/// What stands in a file: a text in some encoding, or no text at all. A type of its own, so that
+/// bytes and texts cannot take each other's place unseen.
+struct Bytes {
+    Bytes() = default;
+    explicit Bytes(std::string bytes) : value(std::move(bytes)) {}
 
-/// The same for one character.
-char32_t unicodeOf(char character);
-void appendUtf8(std::string& utf8, char32_t character);
+    std::string value;
+};
 
-/// Takes one character off the front of UTF-8 that is not empty. A damaged one loses a byte and
-/// counts as U+FFFD.
-char32_t takeUtf8(std::string_view& utf8);
+/// What becomes of characters that a code page lacks.
+enum class Missing {
+    reference,   ///< decimal ("&#937;"), for HTML, where nothing needs to be lost
+    questionMark ///< where a reference would mean nothing
+};
 
-/// Characters that the code page lacks, and bytes that are not UTF-8, become question marks.
-Text fromUtf8(std::string_view utf8);
+/// A code page of Windows, by its number.
+class CodePage {
+public:
+    static constexpr unsigned western = 1252;
 
-/// For HTML, where nothing needs to be lost: characters that the code page lacks become decimal
-/// references ("&#937;").
-Text htmlFromUtf8(std::string_view utf8);
+    /// One that the system lacks is taken for the western one.
+    explicit CodePage(unsigned number = western);
 
-/// A lone half of a character becomes U+FFFD.
-std::string utf8FromUtf16(std::string_view bytes, bool bigEndian);
+    unsigned number() const { return number_; }
 
-/// The path under which the file system knows a name or relative path that stands in a project.
-/// Both slashes end a folder.
-std::filesystem::path nativePath(TextView text);
+    bool has(char32_t character) const;
+    bool hasAll(TextView text) const;
 
-/// A path as text to show, with question marks as in fromUtf8().
-Text displayText(const std::filesystem::path& path);
+    /// Every byte of the western code page has a character, and comes back from there: the five
+    /// that it leaves open are the control characters of the same code, as on Windows. In others,
+    /// bytes without a character become the replacement character.
+    Text decoded(TextView bytes) const;
 
-/// A folder as it may stand in an attribute of a page, without a slash at its end.
-Text attributeText(const std::filesystem::path& folder);
+    Bytes encoded(TextView text, Missing missing) const;
+    void appendEncoded(std::string& bytes, TextView text, Missing missing) const;
+
+    /// How many bytes encoded() gives, with references.
+    std::size_t encodedSize(TextView text) const;
+
+    // HTML that the code page cannot write as it stands holds decimal references instead. These are
+    // each other's opposites for whatever bytes and for all texts that decodedHtml() makes.
+
+    /// With letters in place of the decimal references that encoded() would write for them. Other
+    /// references stay, as do those of what cannot be seen: blanks and control characters.
+    Text decodedHtml(TextView bytes) const;
+
+    /// The same for what is a text already.
+    Text withLetters(TextView html) const;
+
+    bool operator==(const CodePage& other) const { return number_ == other.number_; }
+
+private:
+    struct Table;
+    static const Table& tableOf(unsigned number);
+
+    const Table* table_;
+    unsigned number_;
+};
 
 } // namespace text

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "platform/Files.h"
-#include "platform/Unicode.h"
 #include "text/CodePage.h"
+#include "text/Path.h"
 
 namespace text {
 
@@ -17,19 +17,14 @@ constexpr std::size_t longestPath = 4096;
 /// Names with the same key are one. A name whose letters were never converted, as some archives
 /// leave it behind, counts as one of the code page.
 std::string keyOf(const fs::path& name) {
-    constexpr char32_t damaged = 0xFFFD;
     const std::string utf8 = platform::utf8FromPath(name);
     std::string key;
     for (std::string_view rest = utf8; !rest.empty();) {
         const char32_t character = takeUtf8(rest);
-        if (character == damaged) {
-            key.clear();
-            for (const char byte : utf8) {
-                appendUtf8(key, unicodeOf(lowerCase(byte)));
-            }
-            return key;
+        if (character == replacementCharacter) {
+            return lowerCase(CodePage().decoded(utf8));
         }
-        appendUtf8(key, platform::lowerCase(character));
+        appendUtf8(key, lowerCase(character));
     }
     return key;
 }

@@ -42,7 +42,7 @@ public:
     bool next();
 
     bool isText() const { return name_.empty(); }
-    Text lowerName() const { return lowerCase(name_); } ///< of a tag; empty for a text
+    Text lowerName() const { return lowerAscii(name_); } ///< of a tag; empty for a text
 
     /// The text as it stands, with its references. Empty for a tag.
     TextView text() const { return isText() ? piece_ : TextView(); }

@@ -1,62 +1,51 @@
 #include "text/Text.h"
 
 #include <algorithm>
-#include <array>
+
+#include "text/Unicode.h"
 
 namespace text {
 namespace {
 
-using LetterTable = std::array<char, 256>;
-
-constexpr unsigned code(char character) {
-    return static_cast<unsigned char>(character);
-}
-
-/// Calls `pair(capital, small)` for every letter of the code page that has both forms.
-template <typename Pair>
-constexpr void forEachLetterPair(Pair pair) {
-    for (unsigned capital = 'A'; capital <= 'Z'; ++capital) {
-        pair(capital, capital + 0x20);
-    }
-    for (unsigned capital = 0xC0; capital <= 0xDE; ++capital) {
-        if (capital != 0xD7) { // the multiplication sign; the division sign is below the ÿ
-            pair(capital, capital + 0x20);
+template <typename Change>
+Text mapped(TextView text, Change change) {
+    Text result;
+    result.reserve(text.size());
+    while (!text.empty()) {
+        const TextView before = text;
+        const char32_t character = takeUtf8(text);
+        const char32_t changed = change(character);
+        if (changed == character) { // damaged bytes come out as they are
+            result += before.substr(0, before.size() - text.size());
+        } else {
+            appendUtf8(result, changed);
         }
     }
-    pair(0x8A, 0x9A); // S with caron
-    pair(0x8C, 0x9C); // OE
-    pair(0x8E, 0x9E); // Z with caron
-    pair(0x9F, 0xFF); // Y with diaeresis
-}
-
-constexpr LetterTable identity() {
-    LetterTable table{};
-    for (unsigned i = 0; i < table.size(); ++i) {
-        table[i] = static_cast<char>(i);
-    }
-    return table;
-}
-
-constexpr LetterTable smallLetters = [] {
-    LetterTable table = identity();
-    forEachLetterPair(
-        [&table](unsigned capital, unsigned small) { table[capital] = static_cast<char>(small); });
-    return table;
-}();
-
-constexpr LetterTable capitalLetters = [] {
-    LetterTable table = identity();
-    forEachLetterPair(
-        [&table](unsigned capital, unsigned small) { table[small] = static_cast<char>(capital); });
-    return table;
-}();
-
-Text mapped(TextView text, const LetterTable& table) {
-    Text result(text);
-    for (char& character : result) {
-        character = table[code(character)];
-    }
     return result;
+}
+
+char lowerAscii(char character) {
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character + ('a' - 'A'))
+                                                : character;
+}
+
+/// Takes a character off both; false when they are not the same letter.
+bool takeSame(TextView& a, TextView& b) {
+    if (((a.front() | b.front()) & 0x80) == 0) {
+        const bool same = lowerAscii(a.front()) == lowerAscii(b.front());
+        a.remove_prefix(1);
+        b.remove_prefix(1);
+        return same;
+    }
+    const TextView beforeA = a;
+    const TextView beforeB = b;
+    const char32_t characterA = takeUtf8(a);
+    const char32_t characterB = takeUtf8(b);
+    if (characterA == replacementCharacter || characterB == replacementCharacter) {
+        return beforeA.substr(0, beforeA.size() - a.size())
+               == beforeB.substr(0, beforeB.size() - b.size());
+    }
+    return characterA == characterB || foldedCase(characterA) == foldedCase(characterB);
 }
 
 } // namespace
@@ -70,26 +59,37 @@ TextView trim(TextView text) {
 }
 
 Text upperCase(TextView text) {
-    return mapped(text, capitalLetters);
+    return mapped(text, [](char32_t character) { return upperCase(character); });
 }
 
 Text lowerCase(TextView text) {
-    return mapped(text, smallLetters);
+    return isAscii(text) ? lowerAscii(text)
+                         : mapped(text, [](char32_t character) { return lowerCase(character); });
 }
 
-char lowerCase(char character) {
-    return smallLetters[code(character)];
+Text lowerAscii(TextView text) {
+    Text result(text);
+    std::transform(result.begin(), result.end(), result.begin(),
+                   [](char character) { return lowerAscii(character); });
+    return result;
 }
 
 bool equalIgnoringCase(TextView a, TextView b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-        return smallLetters[code(x)] == smallLetters[code(y)];
-    });
+    while (!a.empty() && !b.empty()) {
+        if (!takeSame(a, b)) {
+            return false;
+        }
+    }
+    return a.empty() && b.empty();
 }
 
 bool startsWithIgnoringCase(TextView text, TextView lowerPrefix) {
-    return text.size() >= lowerPrefix.size()
-           && equalIgnoringCase(text.substr(0, lowerPrefix.size()), lowerPrefix);
+    while (!text.empty() && !lowerPrefix.empty()) {
+        if (!takeSame(text, lowerPrefix)) {
+            return false;
+        }
+    }
+    return lowerPrefix.empty();
 }
 
 Text oneLine(TextView text) {

@@ -5,9 +5,10 @@
 
 namespace text {
 
-/// All text of a project is in Windows-1252 on every system (see CodePage.h): one byte is one
-/// character, and lines end with CR LF, two characters. Lengths, offsets and selections are plain
-/// indices. Every byte value can occur.
+/// All text inside the program is UTF-8, on every system; it becomes bytes of a code page, and
+/// comes from them, where files are read and written (see CodePage.h). Lines end with CR LF.
+/// Lengths, offsets and selections count bytes; what is looked for is ASCII or a whole text, so no
+/// character is ever cut.
 using Text = std::string;
 using TextView = std::string_view;
 
@@ -17,12 +18,13 @@ inline constexpr TextView lineBreak = "\r\n";
 /// non-breaking space stay.
 TextView trim(TextView text);
 
-/// With all letters as capitals, or all as small letters, accented ones too. Letters that have no
-/// partner in the code page stay as they are.
+/// With all letters as capitals, or all as small letters, of any script; each letter becomes one
+/// letter, whose length can differ. Letters that have no partner stay as they are.
 Text upperCase(TextView text);
 Text lowerCase(TextView text);
 
-char lowerCase(char character);
+/// With the letters A to Z as small ones and all others as they are: offsets stay the same.
+Text lowerAscii(TextView text);
 
 bool equalIgnoringCase(TextView a, TextView b);
 

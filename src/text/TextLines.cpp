@@ -2,9 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/Files.h"
-#include "text/CodePage.h"
-
 namespace text {
 
 bool LineReader::next(TextView& line) {
@@ -42,27 +39,6 @@ Text withLineBreaks(TextView text) {
         append(result, line, ended ? lineBreak : TextView());
     }
     return result;
-}
-
-Text decodedText(std::string bytes, Foreign foreign) {
-    const std::string_view all = bytes;
-    const auto convert = [foreign](std::string_view utf8) {
-        return foreign == Foreign::references ? htmlFromUtf8(utf8) : fromUtf8(utf8);
-    };
-    if (all.starts_with("\xEF\xBB\xBF")) {
-        return convert(all.substr(3));
-    }
-    if (all.starts_with("\xFF\xFE") || all.starts_with("\xFE\xFF")) {
-        return convert(utf8FromUtf16(all.substr(2), all.front() == '\xFE'));
-    }
-    return bytes;
-}
-
-std::error_code readTextFile(const std::filesystem::path& path, Foreign foreign, Text& text) {
-    std::string bytes;
-    const std::error_code error = platform::readFile(path, bytes);
-    text = decodedText(std::move(bytes), foreign);
-    return error;
 }
 
 } // namespace text

@@ -61,10 +61,12 @@ struct Dictionary::Native {
           encoding(encoded) {}
 
     std::string toDictionary(const std::string& utf8) const {
-        return encoding == Encoding::utf8 ? utf8 : text::fromUtf8(utf8);
+        return encoding == Encoding::utf8
+                   ? utf8
+                   : text::CodePage().encoded(utf8, text::Missing::questionMark).value;
     }
     std::string fromDictionary(const std::string& word) const {
-        return encoding == Encoding::utf8 ? word : text::toUtf8(word);
+        return encoding == Encoding::utf8 ? word : text::CodePage().decoded(word);
     }
 
     Hunspell hunspell;

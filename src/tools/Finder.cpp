@@ -1,7 +1,10 @@
 #include "tools/Finder.h"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
+
+#include "text/Unicode.h"
 
 namespace tools {
 
@@ -9,42 +12,68 @@ using model::Topic;
 
 namespace {
 
-/// For each beginning of a text, how much of its end is a beginning, too.
-std::vector<std::size_t> overlapsOf(TextView text) {
-    std::vector<std::size_t> overlaps(text.size());
+/// What a search compares.
+using Letters = std::vector<char32_t>;
+
+Letters lettersOf(TextView text, bool matchCase) {
+    Letters letters;
+    while (!text.empty()) {
+        const char32_t character = text::takeUtf8(text);
+        letters.push_back(matchCase ? character : text::foldedCase(character));
+    }
+    return letters;
+}
+
+/// For each beginning of a term, how much of its end is a beginning, too.
+std::vector<std::size_t> overlapsOf(const Letters& term) {
+    std::vector<std::size_t> overlaps(term.size());
     std::size_t matched = 0;
-    for (std::size_t i = 1; i < text.size(); ++i) {
-        while (matched > 0 && text[i] != text[matched]) {
+    for (std::size_t i = 1; i < term.size(); ++i) {
+        while (matched > 0 && term[i] != term[matched]) {
             matched = overlaps[matched - 1];
         }
-        matched += text[i] == text[matched] ? 1U : 0U;
+        matched += term[i] == term[matched] ? 1U : 0U;
         overlaps[i] = matched;
     }
     return overlaps;
 }
 
+struct Place {
+    std::size_t start;
+    std::size_t length;
+};
+
 /// Looks at each character once, however often the term begins and does not go on. A whole word has
 /// a blank or an end of the text on both sides.
-std::size_t findIn(TextView text, std::size_t from, const FindQuestion& question) {
-    const Text term = question.matchCase ? question.text : text::lowerCase(question.text);
+std::optional<Place> findIn(TextView text, std::size_t from, const FindQuestion& question) {
+    const Letters term = lettersOf(question.text, question.matchCase);
     const std::vector<std::size_t> overlaps = overlapsOf(term);
     const auto isBlankAt = [text](std::size_t i) { return i >= text.size() || text[i] == ' '; };
+    while (from < text.size() && text::continuesCharacter(text[from])) {
+        ++from; // the search goes on behind the first byte of the last match
+    }
+    std::vector<std::size_t> starts(term.size()); // of the last characters, round and round
     std::size_t matched = 0;
-    for (std::size_t i = from; i < text.size(); ++i) {
-        const char character = question.matchCase ? text[i] : text::lowerCase(text[i]);
+    std::size_t read = 0;
+    for (TextView rest = text.substr(std::min(from, text.size())); !rest.empty();) {
+        starts[read % term.size()] = text.size() - rest.size();
+        const char32_t own = text::takeUtf8(rest);
+        const char32_t character = question.matchCase ? own : text::foldedCase(own);
         while (matched > 0 && (matched == term.size() || character != term[matched])) {
             matched = overlaps[matched - 1];
         }
         matched += character == term[matched] ? 1U : 0U;
+        ++read;
         if (matched < term.size()) {
             continue;
         }
-        const std::size_t start = i + 1 - term.size();
-        if (!question.wholeWords || ((start == 0 || isBlankAt(start - 1)) && isBlankAt(i + 1))) {
-            return start;
+        const std::size_t start = starts[read % term.size()];
+        const std::size_t end = text.size() - rest.size();
+        if (!question.wholeWords || ((start == 0 || isBlankAt(start - 1)) && isBlankAt(end))) {
+            return Place{start, end - start};
         }
     }
-    return Text::npos;
+    return {};
 }
 
 } // namespace
@@ -112,14 +141,14 @@ void Finder::topicsSwapped(int a, int b) {
 bool Finder::searchTopic(const FindQuestion& question, const FindHost& host) {
     const Topic& topic = host.outline().at(currentIndex_);
     const auto search = [&](FindStage stage, TextView text) {
-        const std::size_t start = findIn(text, position_, question);
-        if (start == Text::npos) {
+        const std::optional<Place> place = findIn(text, position_, question);
+        if (!place) {
             position_ = 0;
             return false;
         }
         stage_ = stage;
-        position_ = start;
-        match_ = {currentIndex_, stage, start, question.text.size()};
+        position_ = place->start;
+        match_ = {currentIndex_, stage, place->start, place->length};
         return true;
     };
     if (stage_ == FindStage::title && search(FindStage::title, topic.title)) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "platform/Files.h"
-#include "text/CodePage.h"
 #include "text/TextLines.h"
 
 namespace tools {
@@ -12,7 +11,7 @@ namespace {
 
 /// The apostrophe as the author has written it: a sign or a reference. The last one counts.
 Text apostropheOf(TextView word) {
-    for (const TextView form : {"\x92", "&rsquo;", "&#8217;", "&#146;", "&#39;", "&apos;"}) {
+    for (const TextView form : {"\u2019", "&rsquo;", "&#8217;", "&#146;", "&#39;", "&apos;"}) {
         if (word.find(form) != TextView::npos) {
             return Text(form);
         }
@@ -24,7 +23,7 @@ Text apostropheOf(TextView word) {
 Text correctedWord(TextView written, const std::string& correction) {
     const Text apostrophe = apostropheOf(written);
     Text word;
-    for (const char character : text::htmlFromUtf8(correction)) {
+    for (const char character : correction) {
         word += character == '\'' ? apostrophe : Text(1, character);
     }
     return word;

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "text/CharacterReferences.h"
-#include "text/CodePage.h"
+#include "text/Unicode.h"
 
 namespace tools {
 
@@ -16,6 +16,16 @@ constexpr char32_t rightQuote = 0x2019;
 
 bool isBlank(char32_t code) {
     return code <= ' ' || code == noBreakSpace;
+}
+
+/// `offset` is not 0.
+char32_t characterBefore(TextView text, std::size_t offset) {
+    std::size_t start = offset - 1;
+    while (start > 0 && text::continuesCharacter(text[start])) {
+        --start;
+    }
+    TextView rest = text.substr(start);
+    return text::takeUtf8(rest);
 }
 
 bool isDigit(char32_t code) {
@@ -49,7 +59,7 @@ bool holdsCode(TextView name) {
 } // namespace
 
 WordReader::WordReader(TextView text, std::size_t from)
-    : text_(text), lower_(text::lowerCase(text)), tagEnds_(text),
+    : text_(text), lower_(text::lowerAscii(text)), tagEnds_(text),
       position_(std::min(from, text.size())) {}
 
 std::optional<SpellingWord> WordReader::next() {
@@ -132,9 +142,12 @@ void WordReader::skipElement(TextView name) {
 WordReader::Letter WordReader::takeLetter() {
     const text::CharacterReference reference = text::characterReferenceAt(text_, position_);
     const std::size_t start = position_;
-    const std::size_t length = std::max<std::size_t>(reference.length, 1);
-    const char32_t code =
-        reference.length > 0 ? reference.character : text::unicodeOf(text_[position_]);
+    TextView rest = text_.substr(position_);
+    const char32_t own = text::takeUtf8(rest);
+    const bool isReference = reference.length > 0;
+    const char32_t code = isReference ? reference.character : own;
+    const std::size_t length =
+        isReference ? reference.length : text_.size() - position_ - rest.size();
     position_ += length;
     return {code, start, length, behindTag_};
 }
@@ -145,7 +158,7 @@ void WordReader::collectWords() {
     const auto isSolid = [](char32_t code) { return isLetter(code) || isDigit(code); };
     const std::size_t start = token_.front().start;
     const bool isWholeToken =
-        start == 0 || text_[start - 1] == '>' || isBlank(text::unicodeOf(text_[start - 1]));
+        start == 0 || text_[start - 1] == '>' || isBlank(characterBefore(text_, start));
     for (std::size_t i = 0; i < token_.size(); ++i) {
         const char32_t code = codeAt(i);
         const bool joins = i > 0 && isSolid(codeAt(i - 1)) && isSolid(codeAt(i + 1));

@@ -19,7 +19,7 @@ public:
     void setText(text::TextView text);
     bool hasText() const;
 
-    /// With CR LF for each line end, and question marks for characters that the code page lacks.
+    /// With CR LF for each line end.
     text::Text text() const;
 
     Event<> Change; ///< whoever did it

@@ -6,7 +6,6 @@
 #include <QGuiApplication>
 #include <QVariant>
 
-#include "text/CodePage.h"
 #include "ui/Prompter.h"
 #include "ui/Twips.h"
 #include "ui/qt/TextBoxNative.h"
@@ -46,9 +45,10 @@ void TextBox::setText(TextView text) {
 }
 
 void TextBox::changeText(TextView text) {
-    const Difference change = differenceOf(toQt(countedText()), toQt(text));
+    const QString now = toQt(text);
+    const Difference change = differenceOf(toQt(countedText()), now);
     setText(text);
-    select(static_cast<std::size_t>(change.start + change.inserted), 0);
+    select(utf8Length(QStringView(now).first(change.start + change.inserted)), 0);
 }
 
 bool TextBox::isEdited() const {
@@ -61,6 +61,10 @@ void TextBox::setUnedited() {
 
 Selection TextBox::selection() const {
     return box().selection();
+}
+
+bool TextBox::hasSelection() const {
+    return box().hasSelection();
 }
 
 Text TextBox::selectedText() const {
@@ -137,10 +141,6 @@ ScreenPlace TextBox::selectionPlace() const {
             toTwips(place.height())};
 }
 
-std::string TextBox::unicodeText() const {
-    return box().unicodeText();
-}
-
 Text TextBox::countedText() const {
     return box().countedText();
 }
@@ -167,23 +167,20 @@ void TextBox::setForeignCharacters(ForeignCharacters what) {
     box().foreign = what;
 }
 
+void TextBox::setCodePage(const text::CodePage& codePage) {
+    box().codePage = codePage;
+}
+
 void TextBox::acceptOnly(TextView characters) {
     box().accepted = toQt(characters);
 }
 
 QString TextBox::Native::admit(const QString& entered) const {
-    const QString references = toQt(text::htmlFromUtf8(entered.toStdString()));
-    QString admitted;
-    if (foreign == ForeignCharacters::asReferences) {
-        admitted = references;
-    } else if (references == entered || foreign == ForeignCharacters::kept) {
-        admitted = entered;
-    } else {
+    QString admitted = entered;
+    if (foreign == ForeignCharacters::refused) {
+        admitted.clear();
         for (const char32_t character : entered.toUcs4()) {
-            const QString one = QString::fromUcs4(&character, 1);
-            if (toQt(text::htmlFromUtf8(one.toStdString())) == one) {
-                admitted += one;
-            }
+            admitted += codePage.has(character) ? QString::fromUcs4(&character, 1) : QString();
         }
     }
     if (!accepted.isEmpty()) {
@@ -205,7 +202,7 @@ void TextBox::Native::enter(const QString& entered) {
 }
 
 void TextBox::Native::enterStep(const QString& admitted) {
-    const std::size_t place = owner.selection().start;
+    const std::size_t place = caretPlace();
     const std::u16string letters = admitted.toStdU16String();
     if (steps.entering(place, letters, std::chrono::steady_clock::now())) {
         beginStep();

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "text/CodePage.h"
 #include "ui/Control.h"
 #include "ui/Event.h"
 #include "ui/Key.h"
 
 namespace ui {
 
-/// Offsets and lengths are those of countedText(), in which a line break is two characters.
+/// Offsets and lengths in bytes of countedText(), in which a line break is two.
 struct Selection {
     std::size_t start = 0;
     std::size_t length = 0;
@@ -19,9 +20,8 @@ struct ScreenPlace {
 
 /// What becomes of typed or pasted characters that the code page lacks.
 enum class ForeignCharacters {
-    asReferences, ///< "&#937;": nothing is lost in HTML
-    refused,      ///< with a beep, where a reference would make no sense
-    kept          ///< in boxes of one line for what is only looked for, see unicodeText()
+    kept,
+    refused ///< with a beep, where the workshop's files could not name them
 };
 
 /// A box for one line or for many. A text that nobody has edited comes back as it was set, byte by
@@ -33,7 +33,6 @@ public:
     explicit TextBox(Container& container, Lines lines = Lines::one);
 
     Text text() const;
-    std::string unicodeText() const; ///< in UTF-8
 
     /// Forgets what could be undone.
     void setText(TextView text);
@@ -48,6 +47,7 @@ public:
     void setUnedited();
 
     Selection selection() const;
+    bool hasSelection() const; ///< at once, however long the text is
     Text selectedText() const;
 
     /// Positions beyond the end mean the end.
@@ -99,6 +99,9 @@ public:
     void setReadOnly();
     bool isReadOnly() const;
     void setForeignCharacters(ForeignCharacters what);
+
+    /// The western one until another is set.
+    void setCodePage(const text::CodePage& codePage);
 
     /// Other characters than these are refused with a beep, typed or pasted.
     void acceptOnly(TextView characters);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "text/ForeignText.h"
 #include "text/Text.h"
 #include "text/TextLines.h"
 #include "workshop/Header.h"
@@ -107,7 +108,7 @@ public:
             say(Severity::warning, "no code page has the letters of the project's language; titles "
                                    "are written in code page 1252");
         }
-        const std::string text = decodedSource(bytes, project_.options.codePage).utf8;
+        const std::string text = text::decodedSource(bytes, project_.options.codePage).utf8;
         text::LineReader lines(text);
         for (std::string_view line; lines.next(line);) {
             ++line_;
@@ -270,7 +271,7 @@ private:
             say(Severity::warning, "cannot include \"" + path + "\"");
             return;
         }
-        const std::string text = decodedSource(found->bytes, project_.options.codePage).utf8;
+        const std::string text = text::decodedSource(found->bytes, project_.options.codePage).utf8;
         const std::string file = std::exchange(currentFile_, found->path);
         const int line = std::exchange(line_, 0);
         const HeaderReader header = std::exchange(header_, {});

@@ -142,7 +142,7 @@ SearchWords::Character SearchWords::described(char32_t unicode) const {
     Character known;
     known.isKnown = true;
     known.isForeign = unicode >= firstForeign;
-    known.small = platform::lowerCase(unicode);
+    known.small = text::lowerCase(unicode);
     const bool isLetter = isNaturalLetter(unicode);
     known.isLetter = isLetter && !(isDoubleByte_ && known.isForeign);
     const auto bytes = bytesOf(widened(unicode), codePage_);

@@ -2,6 +2,8 @@
 
 #include "platform/Files.h"
 #include "text/CodePage.h"
+#include "text/ForeignText.h"
+#include "text/Path.h"
 
 namespace editor {
 
@@ -9,11 +11,11 @@ std::optional<text::Text> TemplateCache::text(text::TextView fileName) {
     const std::filesystem::path path = platform::fullPath(text::nativePath(fileName));
     if (text_.empty() || path != path_) {
         text::Text read;
-        if (platform::readFile(path, read)) {
+        if (text::readTextFile(path, read)) {
             return {};
         }
         path_ = path;
-        text_ = std::move(read);
+        text_ = text::CodePage().withLetters(read);
     }
     return text_;
 }

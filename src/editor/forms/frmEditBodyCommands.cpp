@@ -6,6 +6,8 @@
 #include "model/ProjectFolders.h"
 #include "platform/Files.h"
 #include "text/CodePage.h"
+#include "text/ForeignText.h"
+#include "text/Path.h"
 #include "tools/Dictionary.h"
 #include "tools/forms/StartSpelling.h"
 #include "ui/Application.h"
@@ -36,7 +38,7 @@ bool frmEditBody::canRedo() const {
 
 bool frmEditBody::canCopy() const {
     const ui::TextBox* box = focusedTextBox();
-    return box != nullptr && box->selection().length > 0;
+    return box != nullptr && box->hasSelection();
 }
 
 bool frmEditBody::canPaste() const {
@@ -76,9 +78,10 @@ void frmEditBody::mnuFileImport_Click() {
     }
     settings_.setPath(section, key, platform::fullPath(*file).parent_path());
     Text lines;
-    if (platform::readFile(*file, lines)) {
+    if (text::readTextFile(*file, lines)) {
         Prompter::current().beep();
     } else {
+        lines = text::CodePage().withLetters(lines);
         change([&lines](Passage passage) { return insertFile(std::move(passage), lines); });
     }
 }
@@ -219,11 +222,13 @@ void frmEditBody::mnuTagPagelink_Click() {
     if (!file) {
         return;
     }
-    Text page; // stays empty when the file cannot be read
+    std::string page; // stays empty when the file cannot be read
     static_cast<void>(platform::readFile(*file, page));
+    const text::CodePage codePage = project_.options().codePage();
+    const Text heading =
+        codePage.withLetters(headingOf(text::decodedForeignPage(page, codePage.number())));
     change([&](Passage passage) {
-        return insertPageLink(std::move(passage), text::displayText(file->filename()),
-                              headingOf(page));
+        return insertPageLink(std::move(passage), text::displayText(file->filename()), heading);
     });
 }
 
@@ -245,7 +250,7 @@ void frmEditBody::mnuSpellCheck_Click() {
     if (box == nullptr) {
         box = &txtBody;
     }
-    const bool whole = box->selection().length == 0;
+    const bool whole = !box->hasSelection();
     if (whole) {
         box->selectAll();
     }

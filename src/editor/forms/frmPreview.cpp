@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/Files.h"
+#include "text/CodePage.h"
 #include "ui/HelpContext.h"
 #include "ui/Prompter.h"
 #include "ui/WindowPlace.h"
@@ -21,7 +22,8 @@ std::error_code writePrivately(const std::filesystem::path& file, text::TextView
     if (!std::filesystem::is_directory(std::filesystem::symlink_status(file, ignored))) {
         std::filesystem::remove(file, ignored);
     }
-    return platform::replaceFile(file, page, platform::Access::owner);
+    const text::Bytes bytes = text::CodePage().encoded(page, text::Missing::reference);
+    return platform::replaceFile(file, bytes.value, platform::Access::owner);
 }
 
 } // namespace

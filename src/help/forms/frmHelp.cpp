@@ -1,7 +1,7 @@
 #include "help/forms/frmHelp.h"
 
 #include "platform/Files.h"
-#include "text/CodePage.h"
+#include "text/Path.h"
 #include "ui/HelpContext.h"
 #include "ui/Prompter.h"
 #include "ui/WaitCursor.h"
@@ -61,8 +61,6 @@ void frmHelp::arrange() {
     tvIndex.setAccessibleName("Keywords");
     tvFound.setAccessibleName("Topics Found");
     brwPage.setAccessibleName("Page");
-    txtIndex.setForeignCharacters(ui::ForeignCharacters::kept);
-    txtSearch.setForeignCharacters(ui::ForeignCharacters::kept);
     lblFound.setShortened();
 
     auto contents = ui::Layout::column();
@@ -267,7 +265,7 @@ void frmHelp::txtIndex_Change() {
     if (!hasBook()) {
         return;
     }
-    const std::size_t entry = firstFrom(book_->index(), txtIndex.unicodeText());
+    const std::size_t entry = firstFrom(book_->index(), txtIndex.text());
     tvIndex.select(entry < indexRows_.size() ? indexRows_[entry] : 0, ui::TreeView::Place::atTop);
 }
 
@@ -303,7 +301,7 @@ void frmHelp::cmdSearch_Click() {
     if (!hasBook()) {
         return;
     }
-    question_ = HelpQuestion(txtSearch.unicodeText());
+    question_ = HelpQuestion(txtSearch.text());
     {
         const ui::WaitCursor busy;
         found_ = book_->search(question_);

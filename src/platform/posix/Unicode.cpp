@@ -2,8 +2,6 @@
 
 #include <array>
 #include <cerrno>
-#include <clocale>
-#include <cwctype>
 #include <iconv.h>
 
 namespace platform {
@@ -92,14 +90,6 @@ std::string utf8FromCodePage(std::string_view bytes, unsigned codePage) {
 std::optional<std::string> codePageFromUtf8(std::string_view utf8, unsigned codePage) {
     Converter converter(codePage, utf8CodePage);
     return converter.isOpen() ? converter.convert(std::string(utf8)) : std::nullopt;
-}
-
-char32_t lowerCase(char32_t character) {
-    // Never freed: it is needed as long as the program runs.
-    static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-    return unicode == nullptr
-               ? character
-               : static_cast<char32_t>(towlower_l(static_cast<std::wint_t>(character), unicode));
 }
 
 } // namespace platform

@@ -58,15 +58,4 @@ std::optional<std::string> codePageFromUtf8(std::string_view utf8, unsigned code
     return isMissing != FALSE || isEmpty ? std::nullopt : std::optional(bytes);
 }
 
-char32_t lowerCase(char32_t character) {
-    constexpr char32_t firstOfTwoUnits = 0x10000;
-    if (character >= firstOfTwoUnits) {
-        return character; // in scripts that hardly any help is written in
-    }
-    wchar_t lower = static_cast<wchar_t>(character);
-    LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_LOWERCASE, &lower, 1, &lower, 1, nullptr, nullptr,
-                  0);
-    return static_cast<char32_t>(lower);
-}
-
 } // namespace platform

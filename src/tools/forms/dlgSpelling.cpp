@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "text/CodePage.h"
 #include "text/TextLines.h"
+#include "text/Unicode.h"
 #include "ui/HelpContext.h"
 #include "ui/Prompter.h"
 
@@ -20,7 +20,7 @@ constexpr const char* personalFile = "personal words.txt";
 } // namespace
 
 Text WordRows::cell(int row, int /*column*/) const {
-    return text::htmlFromUtf8(words[static_cast<std::size_t>(row - 1)]);
+    return words[static_cast<std::size_t>(row - 1)];
 }
 
 std::unique_ptr<dlgSpelling> dlgSpelling::create(ui::Window& owner, ui::Settings& settings,
@@ -114,8 +114,13 @@ void dlgSpelling::showWord() {
         from = lineEnd + 1;
     }
     const std::size_t end = word.start + word.length;
-    const std::size_t to =
-        std::min({text.find_first_of(text::lineBreak, end), text.size(), end + reach});
+    std::size_t to = std::min({text.find_first_of(text::lineBreak, end), text.size(), end + reach});
+    while (from < word.start && text::continuesCharacter(text[from])) {
+        ++from;
+    }
+    while (to < text.size() && text::continuesCharacter(text[to])) {
+        ++to;
+    }
     txtContext.setText(TextView(text).substr(from, to - from));
     // The box counts every line end as two characters.
     const TextView before = TextView(text).substr(from, word.start - from);
@@ -123,7 +128,7 @@ void dlgSpelling::showWord() {
     lvSuggestions.rowsReplacing();
     rows_.words = spelling_.suggestions();
     lvSuggestions.rowsReplaced();
-    offer(rows_.words.empty() ? text::htmlFromUtf8(word.letters) : rows_.cell(1, 0));
+    offer(rows_.words.empty() ? word.letters : rows_.cell(1, 0));
     txtChange.setFocus();
     txtChange.selectAll();
 }
@@ -163,12 +168,12 @@ void dlgSpelling::icboLanguage_Change() {
 }
 
 void dlgSpelling::cmdChange_Click() {
-    spelling_.change(text::toUtf8(txtChange.text()));
+    spelling_.change(txtChange.text());
     showNext();
 }
 
 void dlgSpelling::cmdChangeAll_Click() {
-    spelling_.changeAll(text::toUtf8(txtChange.text()));
+    spelling_.changeAll(txtChange.text());
     showNext();
 }
 

@@ -134,16 +134,27 @@ struct AreaBox : TextBox::Native {
 
     Selection selection() const override {
         const QTextCursor cursor = area_.textCursor();
-        const std::size_t start = offsetOf(cursor.selectionStart());
-        return {start, offsetOf(cursor.selectionEnd()) - start};
+        const QString raw = area_.document()->toRawText();
+        const auto sizeOf = [&raw](int from, int to) {
+            return countedSize(QStringView(raw).mid(from, to - from));
+        };
+        return {sizeOf(0, cursor.selectionStart()),
+                sizeOf(cursor.selectionStart(), cursor.selectionEnd())};
+    }
+
+    bool hasSelection() const override { return area_.textCursor().hasSelection(); }
+
+    std::size_t caretPlace() const override {
+        return static_cast<std::size_t>(area_.textCursor().selectionStart());
     }
 
     Text selectedText() const override { return withLineBreaks(area_.textCursor().selectedText()); }
 
     void select(std::size_t start, std::size_t length) override {
         QTextCursor cursor = area_.textCursor();
-        cursor.setPosition(positionOf(start));
-        cursor.setPosition(positionOf(start + length), QTextCursor::KeepAnchor);
+        const QString raw = area_.document()->toRawText();
+        cursor.setPosition(positionOf(raw, start));
+        cursor.setPosition(positionOf(raw, start + length), QTextCursor::KeepAnchor);
         area_.setTextCursor(cursor);
     }
 
@@ -174,7 +185,7 @@ struct AreaBox : TextBox::Native {
             cursor.insertText(after.mid(change.start, change.inserted));
             cursor.endEditBlock();
         }
-        cursor.setPosition(positionOf(caret));
+        cursor.setPosition(positionOf(area_.document()->toRawText(), caret));
         area_.setTextCursor(cursor);
         area_.ensureCursorVisible();
     }
@@ -254,30 +265,26 @@ private:
         return fromQt(raw.replace(QChar::ParagraphSeparator, QStringLiteral("\r\n")));
     }
 
-    std::size_t offsetOf(int position) const {
-        return static_cast<std::size_t>(position
-                                        + area_.document()->findBlock(position).blockNumber());
+    /// A line break is one character of the document and two bytes of the text.
+    static std::size_t countedSize(QStringView raw) {
+        // The separator has three bytes in UTF-8.
+        return utf8Length(raw)
+               - static_cast<std::size_t>(raw.count(QChar(QChar::ParagraphSeparator)));
     }
 
-    int positionOf(std::size_t offset) const {
-        const QTextDocument& document = *area_.document();
-        const int wanted =
-            static_cast<int>(std::min(offset, offsetOf(document.characterCount() - 1)));
-        int first = 0;
-        int count = document.blockCount();
-        while (count > 1) { // the last block that begins at or before the offset
-            const int half = count / 2;
-            const int middle = first + half;
-            if (document.findBlockByNumber(middle).position() + middle <= wanted) {
-                first = middle;
-                count -= half;
-            } else {
-                count = half;
+    /// An offset within a character or line break is before it.
+    static int positionOf(QStringView raw, std::size_t offset) {
+        std::size_t counted = 0;
+        qsizetype position = 0;
+        while (position < raw.size()) {
+            const qsizetype next = raw[position].isHighSurrogate() ? 2 : 1;
+            counted += countedSize(raw.mid(position, next));
+            if (counted > offset) {
+                break;
             }
+            position += next;
         }
-        const QTextBlock block = document.findBlockByNumber(first);
-        // An offset between CR and LF is the end of the line.
-        return std::min(wanted - first, block.position() + block.length() - 1);
+        return static_cast<int>(std::min(position, raw.size()));
     }
 
     TextArea& area_;

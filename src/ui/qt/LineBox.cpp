@@ -125,8 +125,6 @@ struct LineBox : TextBox::Native {
 
     Text text() const override { return edited_ ? fromQt(line_.text()) : original_; }
 
-    std::string unicodeText() const override { return line_.text().toStdString(); }
-
     void setText(TextView text) override {
         original_ = text;
         edited_ = false;
@@ -145,16 +143,25 @@ struct LineBox : TextBox::Native {
     }
 
     Selection selection() const override {
-        const int start = line_.hasSelectedText() ? line_.selectionStart() : line_.cursorPosition();
-        return {static_cast<std::size_t>(start), static_cast<std::size_t>(line_.selectionLength())};
+        const std::size_t start =
+            utf8Length(QStringView(line_.text()).first(static_cast<qsizetype>(caretPlace())));
+        return {start, utf8Length(line_.selectedText())};
+    }
+
+    bool hasSelection() const override { return line_.hasSelectedText(); }
+
+    std::size_t caretPlace() const override {
+        return static_cast<std::size_t>(line_.hasSelectedText() ? line_.selectionStart()
+                                                                : line_.cursorPosition());
     }
 
     Text selectedText() const override { return fromQt(line_.selectedText()); }
 
     void select(std::size_t start, std::size_t length) override {
-        const auto size = static_cast<std::size_t>(line_.text().size());
-        const std::size_t from = std::min(start, size);
-        line_.setSelection(static_cast<int>(from), static_cast<int>(std::min(length, size - from)));
+        const QString text = line_.text();
+        const qsizetype from = unitsWithin(text, start);
+        const qsizetype selected = unitsWithin(QStringView(text).mid(from), length);
+        line_.setSelection(static_cast<int>(from), static_cast<int>(selected));
     }
 
     void replaceSelection(const QString& text) override { line_.insert(LineEdit::oneLine(text)); }

@@ -2,16 +2,38 @@
 
 #include <QDir>
 
-#include "text/CodePage.h"
-
 namespace ui {
 
 QString toQt(text::TextView text) {
-    return QString::fromStdString(text::toUtf8(text));
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 text::Text fromQt(const QString& text) {
-    return text::fromUtf8(text.toStdString());
+    return text.toStdString();
+}
+
+std::size_t utf8Length(QStringView text) {
+    std::size_t length = 0;
+    for (const QChar unit : text) {
+        const char16_t code = unit.unicode();
+        // The two halves of one character have two bytes each.
+        length += code < 0x80 ? 1U : code < 0x800 || unit.isSurrogate() ? 2U : 3U;
+    }
+    return length;
+}
+
+qsizetype unitsWithin(QStringView text, std::size_t length) {
+    std::size_t counted = 0;
+    qsizetype units = 0;
+    while (units < text.size()) {
+        const qsizetype next = text[units].isHighSurrogate() ? 2 : 1;
+        counted += utf8Length(text.mid(units, next));
+        if (counted > length) {
+            break;
+        }
+        units += next;
+    }
+    return std::min(units, text.size());
 }
 
 #ifdef _WIN32

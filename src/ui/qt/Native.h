@@ -27,6 +27,12 @@ struct NativeWidget {
 QString toQt(text::TextView text);
 text::Text fromQt(const QString& text);
 
+/// How many bytes UTF-8 has for it.
+std::size_t utf8Length(QStringView text);
+
+/// How much of the beginning fits into so many bytes, in units of the toolkit; no character is cut.
+qsizetype unitsWithin(QStringView text, std::size_t length);
+
 QString pathToQt(const std::filesystem::path& path);
 std::filesystem::path pathFromQt(const QString& path);
 

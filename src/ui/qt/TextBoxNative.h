@@ -18,9 +18,12 @@ struct TextBox::Native : NativeWidget {
     Native(QWidget* shown, TextBox& box) : NativeWidget(shown), owner(box) {}
 
     virtual Text text() const = 0;
-    virtual std::string unicodeText() const { return toQt(text()).toStdString(); }
     virtual void setText(TextView text) = 0;
     virtual Selection selection() const = 0;
+    virtual bool hasSelection() const = 0;
+
+    /// Where the caret is or the selection begins, in units of the toolkit.
+    virtual std::size_t caretPlace() const = 0;
     virtual Text selectedText() const = 0;
     virtual void select(std::size_t start, std::size_t length) = 0;
     virtual void replaceSelection(const QString& text) = 0;
@@ -75,7 +78,8 @@ struct TextBox::Native : NativeWidget {
     void focusOut(const QFocusEvent& event);
 
     TextBox& owner;
-    ForeignCharacters foreign = ForeignCharacters::asReferences;
+    ForeignCharacters foreign = ForeignCharacters::kept;
+    text::CodePage codePage;
     QString accepted; ///< empty for all
     TypingSteps steps;
     QString stepName = typing();

@@ -11,6 +11,7 @@
 
 #include "platform/Files.h"
 #include "text/CodePage.h"
+#include "text/ForeignText.h"
 #include "ui/qt/BrowserView.h"
 #include "ui/qt/PageFiles.h"
 #include "ui/qt/PageScheme.h"
@@ -160,7 +161,8 @@ private:
         if (platform::readFile(platform::pathFromUtf8(path.toStdString()), bytes, largestPart)) {
             return {};
         }
-        return isPage ? QVariant(readable(text::toUtf8(bytes))) : QByteArray::fromStdString(bytes);
+        return isPage ? QVariant(readable(text::decodedForeignPage(bytes, text::CodePage::western)))
+                      : QByteArray::fromStdString(bytes);
     }
 
     /// Windows paths look like an address whose protocol is the drive.

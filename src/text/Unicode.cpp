@@ -1,0 +1,163 @@
+#include "text/Unicode.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <utf8proc.h>
+
+namespace text {
+
+namespace {
+
+/// How many bytes the sequence that begins with `lead` has, or 0 if none begins so.
+std::size_t sequenceLength(unsigned char lead) {
+    if (lead < 0x80) {
+        return 1;
+    }
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        return 2;
+    }
+    if (lead >= 0xE0 && lead <= 0xEF) {
+        return 3;
+    }
+    return lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
+}
+
+bool isHighSurrogate(char32_t unit) {
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+
+bool isLowSurrogate(char32_t unit) {
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+/// Whose capitals lie outside the code page.
+constexpr bool hasNoCapital(char32_t character) {
+    return character == 0xB5 || character == 0xDF || character == 0x192;
+}
+
+} // namespace
+
+void appendUtf8(std::string& utf8, char32_t character) {
+    const auto byte = [&utf8](char32_t value) { utf8 += static_cast<char>(value); };
+    if (character < 0x80) {
+        byte(character);
+    } else if (character < 0x800) {
+        byte(0xC0 | character >> 6);
+        byte(0x80 | (character & 0x3F));
+    } else if (character >= 0x10000) {
+        byte(0xF0 | character >> 18);
+        byte(0x80 | (character >> 12 & 0x3F));
+        byte(0x80 | (character >> 6 & 0x3F));
+        byte(0x80 | (character & 0x3F));
+    } else {
+        byte(0xE0 | character >> 12);
+        byte(0x80 | (character >> 6 & 0x3F));
+        byte(0x80 | (character & 0x3F));
+    }
+}
+
+char32_t takeUtf8(std::string_view& utf8) {
+    const auto lead = static_cast<unsigned char>(utf8.front());
+    const std::size_t length = sequenceLength(lead);
+    if (length == 1) {
+        utf8.remove_prefix(1);
+        return lead;
+    }
+    const auto damaged = [&utf8] {
+        utf8.remove_prefix(1);
+        return replacementCharacter;
+    };
+    if (length == 0 || utf8.size() < length) {
+        return damaged();
+    }
+    char32_t character = lead & (0xFFU >> (length + 1));
+    for (std::size_t i = 1; i < length; ++i) {
+        if (!continuesCharacter(utf8[i])) {
+            return damaged();
+        }
+        character = character << 6 | (static_cast<unsigned char>(utf8[i]) & 0x3FU);
+    }
+    constexpr char32_t least[] = {0, 0, 0x80, 0x800, 0x10000};
+    constexpr char32_t last = 0x10FFFF;
+    if (character < least[length] || character > last || isHighSurrogate(character)
+        || isLowSurrogate(character)) {
+        return damaged();
+    }
+    utf8.remove_prefix(length);
+    return character;
+}
+
+bool isUtf8(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const std::size_t before = bytes.size();
+        if (takeUtf8(bytes) == replacementCharacter && before - bytes.size() == 1) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool isAscii(std::string_view bytes) {
+    constexpr std::size_t step = sizeof(std::uint64_t);
+    constexpr std::uint64_t highBits = 0x8080808080808080U;
+    std::size_t i = 0;
+    for (; i + step <= bytes.size(); i += step) {
+        std::uint64_t eight = 0;
+        std::memcpy(&eight, bytes.data() + i, step);
+        if ((eight & highBits) != 0) {
+            return false;
+        }
+    }
+    return std::all_of(bytes.begin() + static_cast<std::ptrdiff_t>(i), bytes.end(),
+                       [](char byte) { return (byte & 0x80) == 0; });
+}
+
+std::size_t characterCount(std::string_view utf8) {
+    return static_cast<std::size_t>(std::count_if(
+        utf8.begin(), utf8.end(), [](char byte) { return !continuesCharacter(byte); }));
+}
+
+std::string utf8FromUtf16(std::string_view bytes, bool bigEndian) {
+    const auto unitAt = [bytes, bigEndian](std::size_t offset) {
+        const auto first = static_cast<unsigned char>(bytes[offset]);
+        const auto second = static_cast<unsigned char>(bytes[offset + 1]);
+        return static_cast<char32_t>(bigEndian ? first << 8 | second : second << 8 | first);
+    };
+    std::string utf8;
+    utf8.reserve(bytes.size());
+    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+        char32_t character = unitAt(i);
+        if (isHighSurrogate(character) && i + 3 < bytes.size() && isLowSurrogate(unitAt(i + 2))) {
+            i += 2;
+            character = 0x10000 + ((character & 0x3FF) << 10 | (unitAt(i) & 0x3FF));
+        }
+        const bool half = isHighSurrogate(character) || isLowSurrogate(character);
+        appendUtf8(utf8, half ? replacementCharacter : character);
+    }
+    return utf8;
+}
+
+char32_t lowerCase(char32_t character) {
+    if (character < 0x80) {
+        return character >= 'A' && character <= 'Z' ? character + ('a' - 'A') : character;
+    }
+    return static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(character)));
+}
+
+char32_t upperCase(char32_t character) {
+    if (character < 0x80) {
+        return character >= 'a' && character <= 'z' ? character - ('a' - 'A') : character;
+    }
+    return hasNoCapital(character)
+               ? character
+               : static_cast<char32_t>(utf8proc_toupper(static_cast<utf8proc_int32_t>(character)));
+}
+
+char32_t foldedCase(char32_t character) {
+    constexpr char32_t dotlessI = 0x131; // a letter of its own, though it shares its capital
+    return character < 0x80 || character == dotlessI ? lowerCase(character)
+                                                     : lowerCase(upperCase(character));
+}
+
+} // namespace text
