@@ -2,6 +2,7 @@
 
 #include "compile/SearchTable.h"
 #include "platform/Files.h"
+#include "text/ForeignText.h"
 
 namespace compile {
 

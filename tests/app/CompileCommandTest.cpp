@@ -12,9 +12,9 @@ class CompileCommand : public test::MainWindow {
 protected:
     void SetUp() override {
         auto outline =
-            test::outlineOf({test::topic(1, "Caf\xE9", "a.htm"),
+            test::outlineOf({test::topic(1, "Caf\u00E9", "a.htm"),
                              test::topic(1, "B", "b.htm", "<a href=\"none.htm\">x</a>")});
-        test::writeBytes(folder / "p.tsp", model::formatProject(outline, {}));
+        test::writeBytes(folder / "p.tsp", test::projectFile(outline, {}));
         ASSERT_TRUE(window->openFile(folder / "p.tsp"));
     }
 

@@ -62,7 +62,7 @@ TEST_F(FindCommand, AsksForATextAndNeedsATopic) {
     press("Escape");
     EXPECT_EQ(openWindow<tools::frmFind>(), nullptr);
     EXPECT_TRUE(choose(*window, {"Edit", "Find..."}));
-    EXPECT_EQ(selectedIn(dialog(), dialog().txtFind), "\xE9@0");
+    EXPECT_EQ(selectedIn(dialog(), dialog().txtFind), "\u00E9@0");
     EXPECT_TRUE(dialog().cmdFindNext.isEnabled());
     press("Delete");
     EXPECT_FALSE(dialog().cmdFindNext.isEnabled());
@@ -100,17 +100,17 @@ TEST_F(FindCommand, ShowsTitlesInTheMainWindow) {
 
 TEST_F(FindCommand, OpensTheEditorForTextsAndClosesItBehindThem) {
     auto outline = titled({"a", "b", "c"});
-    outline.at(1).body = "x\r\n\xE9 word";
+    outline.at(1).body = "x\r\n\u00E9 word";
     outline.at(2).shortDescription = "a word";
     load(std::move(outline));
     findInTexts("word");
     ASSERT_NE(window->editor(), nullptr);
-    EXPECT_EQ(selectedIn(*window->editor(), window->editor()->txtBody), "word@5");
+    EXPECT_EQ(selectedIn(*window->editor(), window->editor()->txtBody), "word@6");
     show(*window->editor());
     press("Ctrl+End");
     type(", words");
     press("F3"); // in the editor
-    EXPECT_EQ(selectedIn(*window->editor(), window->editor()->txtBody), "word@11");
+    EXPECT_EQ(selectedIn(*window->editor(), window->editor()->txtBody), "word@12");
     EXPECT_TRUE(window->editor()->txtBody.hasFocus());
     const ui::MessageBox question{"Changes Made, Save Changes?", "Save", Buttons::yesNoCancel,
                                   QuestionIcon::question};

@@ -36,7 +36,7 @@ TEST_F(GenerateCommands, GenerationRepairsReportsAndSaves) {
     outline.at(2).contextNumber = "7";
     outline.at(2).status = "C";
     outline.at(1).body = "";
-    test::writeBytes(folder / "my.first.tsp", model::formatProject(outline, {}));
+    test::writeBytes(folder / "my.first.tsp", test::projectFile(outline, {}));
     open(folder / "my.first.tsp");
     clickRow(window->lvLevels, 2);
     const FileQuestion question{FileQuestion::Kind::save,
@@ -88,7 +88,7 @@ TEST_F(GenerateCommands, GenerationRepairsReportsAndSaves) {
 }
 
 TEST_F(GenerateCommands, GenerationAsksOnceBeforeItOverwritesEditedPages) {
-    test::writeBytes(folder / "a.tsp", model::formatProject(titled({"a", "b", "c"}), {}));
+    test::writeBytes(folder / "a.tsp", test::projectFile(titled({"a", "b", "c"}), {}));
     open(folder / "a.tsp");
     const auto expectName = [this] {
         prompter.expect(FileQuestion{FileQuestion::Kind::save, "Generate Help Workshop Files",
@@ -117,14 +117,14 @@ TEST_F(GenerateCommands, GenerationAsksOnceBeforeItOverwritesEditedPages) {
         generate();
     }
     edit("a.htm", "text",
-         "\xC9"
+         "\u00C9"
          "dited");
     expectQuestion(one, Answer::cancel);
     generate();
     EXPECT_EQ(topic(1).body, "text");
     expectQuestion(one, Answer::yes);
     generate();
-    EXPECT_EQ(topic(1).body, "\xC9"
+    EXPECT_EQ(topic(1).body, "\u00C9"
                              "dited");
     EXPECT_EQ(titles(), "a: b: c:");
 
@@ -151,7 +151,7 @@ TEST_F(GenerateCommands, GenerationAsksOnceBeforeItOverwritesEditedPages) {
 /// The help workshop's files are in its code page.
 TEST_F(GenerateCommands, NamesThatTheWorkshopCannotReadAreNeitherProposedNorTaken) {
     const fs::path file = folder / fs::path(u8"помощь.tsp");
-    test::writeBytes(file, model::formatProject(titled({"a"}), {}));
+    test::writeBytes(file, test::projectFile(titled({"a"}), {}));
     open(file);
     const auto expectName = [this](fs::path answer) {
         prompter.expect(FileQuestion{FileQuestion::Kind::save, "Generate Help Workshop Files",
@@ -159,7 +159,7 @@ TEST_F(GenerateCommands, NamesThatTheWorkshopCannotReadAreNeitherProposedNorTake
                         std::move(answer));
     };
     expectName(folder / fs::path(u8"é помощь.hhp"));
-    prompter.expect({"\xE9 ??????.hhp: has a character in its name that the help workshop does not "
+    prompter.expect({"é помощь.hhp: has a character in its name that the help workshop does not "
                      "know",
                      "Generate Help Files", Buttons::ok, QuestionIcon::exclamation});
     EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Help Files"}));
@@ -181,7 +181,7 @@ TEST_F(GenerateCommands, DocumentationTakesItsPicturesFromTheProjectsFolder) {
     EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Documentation"}));
     auto outline = titled({"a"});
     outline.at(1).body = "<img src='..\\images\\x.jpg'>";
-    test::writeBytes(folder / "a.tsp", model::formatProject(outline, {}));
+    test::writeBytes(folder / "a.tsp", test::projectFile(outline, {}));
     open(folder / "a.tsp");
     prompter.expect(FileQuestion{FileQuestion::Kind::save, "Generate Help Documentation as HTML",
                                  "HTML Files (*.htm)|*.htm||All Files (*.*)|*.*", 1, folder.path(),

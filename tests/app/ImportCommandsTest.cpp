@@ -45,7 +45,7 @@ protected:
 
     /// A project file as this version's import can read it: with seven options.
     fs::path otherProject(std::initializer_list<const char*> titles) {
-        const std::string whole = model::formatProject(titled(titles), {});
+        const std::string whole = test::projectFile(titled(titles), {});
         return file("other.tsp", whole.substr(0, whole.find("\r\n"))
                                      + "\r\n1\r\n2\r\n3\r\n4\r\n5\r\n"
                                        "6\r\n7\r\n"
@@ -206,7 +206,7 @@ TEST_F(ImportCommands, AForeignOrDamagedFileIsToldTwice) {
     const auto expectStop = [this](const char* text) {
         prompter.expect({text, "Error", Buttons::ok, QuestionIcon::critical});
     };
-    expectTopicImport(file("own.tsp", model::formatProject(titled({"x"}), {})));
+    expectTopicImport(file("own.tsp", test::projectFile(titled({"x"}), {})));
     expectStop("Corrupted Input File, Loading Stopped");
     EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
     expectStop("Corrupted Input File, Loading Stopped");

@@ -217,19 +217,19 @@ TEST_F(OutlineCommands, AFieldIsTakenBackWordByWordAndThenTheOutline) {
     type(" \xC3\xBC"
          "ber two");
     press("Backspace");
-    EXPECT_EQ(current(), "same \xFC"
+    EXPECT_EQ(current(), "same \u00FC"
                          "ber tw");
     EXPECT_TRUE(menuText(*window, {"Edit"})
                     .starts_with("U&ndo Edit Topic Title\tCtrl+Z\n(&Redo\tCtrl+Y)\n-\n"));
     press("Ctrl+Z");
-    EXPECT_EQ(current(), "same \xFC"
+    EXPECT_EQ(current(), "same \u00FC"
                          "ber two");
     press("Ctrl+Z");
-    EXPECT_EQ(current(), "same \xFC"
+    EXPECT_EQ(current(), "same \u00FC"
                          "ber ");
     EXPECT_EQ(caretOf(window->txtTitle), 10);
     press("Ctrl+Y");
-    EXPECT_EQ(current(), "same \xFC"
+    EXPECT_EQ(current(), "same \u00FC"
                          "ber two");
     EXPECT_TRUE(choose(*window, {"Edit", "Undo Edit Topic Title"}));
     press("Ctrl+Z");

@@ -38,7 +38,7 @@ protected:
     }
 
     fs::path projectFile(const char* name, std::initializer_list<const char*> titles) {
-        test::writeBytes(folder / name, model::formatProject(titled(titles), {}));
+        test::writeBytes(folder / name, test::projectFile(titled(titles), {}));
         return folder / name;
     }
 
@@ -146,7 +146,7 @@ TEST_F(ProjectCommands, EachAnswerToTheSaveQuestionOfExit) {
     change();
     expectSaveQuestion("p.tsp", Answer::yes);
     EXPECT_TRUE(window->close());
-    EXPECT_EQ(test::bytesOf(folder / "p.tsp"), model::formatProject(project().outline(), {}));
+    EXPECT_EQ(test::bytesOf(folder / "p.tsp"), test::projectFile(project().outline(), {}));
 }
 
 TEST_F(ProjectCommands, SaveAsksForANameOnlyWhenThereIsNone) {
@@ -204,13 +204,13 @@ TEST_F(ProjectCommands, AMissingFileLeavesTheRecentList) {
 }
 
 TEST_F(ProjectCommands, DamagedFilesAreNamed) {
-    const std::string good = model::formatProject(titled({"x", "y"}), {});
+    const std::string good = test::projectFile(titled({"x", "y"}), {});
     test::writeBytes(folder / "foreign.tsp", "something else");
     test::writeBytes(folder / "corrupted.tsp", good + "what\r\nis\r\nthis\r\n");
     test::writeBytes(folder / "cut.tsp", good.substr(0, good.rfind("y.htm")));
     model::TopicOutline full = test::flatOutline(500);
     test::writeBytes(folder / "many.tsp",
-                     model::formatProject(full, {}) + good.substr(good.find("++")));
+                     test::projectFile(full, {}) + good.substr(good.find("++")));
     const std::pair<const char*, ui::MessageBox> cases[] = {
         {"foreign.tsp",
          {"Unknown File Format, Loading Stopped", "Error", Buttons::ok, QuestionIcon::critical}},
@@ -235,7 +235,7 @@ TEST_F(ProjectCommands, DamagedFilesAreNamed) {
 TEST_F(ProjectCommands, AFileCutInsideATextIsOpenedWithAWord) {
     auto outline = titled({"x"});
     outline.at(1).body = "a, b";
-    const std::string whole = model::formatProject(outline, {});
+    const std::string whole = test::projectFile(outline, {});
     test::writeBytes(folder / "cut.tsp", whole.substr(0, whole.size() - 4));
     open(folder / "cut.tsp");
     EXPECT_EQ(titles(), "x:");
@@ -247,7 +247,7 @@ TEST_F(ProjectCommands, AnotherProgramsFolderIsOnlyWhereItOpensFiles) {
     fs::create_directory(folder / "others");
     auto outline = titled({"a"});
     outline.at(1).body = "<img src='..\\images\\x.jpg'>";
-    test::writeBytes(folder / "own/a.tsp", model::formatProject(outline, {}));
+    test::writeBytes(folder / "own/a.tsp", test::projectFile(outline, {}));
     open(folder / "own/a.tsp");
     settings->setPath("Open", "File Path", folder / "others"); // by the other one
     press("Ctrl+S");

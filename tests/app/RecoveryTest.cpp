@@ -36,14 +36,14 @@ TEST_F(Recovery, BringsBackTheOutlineAndTheOpenEditor) {
     type("é");
     doubleClickRow(window->lvLevels, 2);
     show(*window->editor());
-    window->editor()->txtBody.edit("Caf\xE9\r\nunsaved", 0);
+    window->editor()->txtBody.edit("Caf\u00E9\r\nunsaved", 0);
     EXPECT_TRUE(window->workKeeper().tmrRecovery.isRunning());
     window->workKeeper().tmrRecovery_Tick();
     expectQuestion(ui::Answer::yes, "b");
     ASSERT_TRUE(crash());
     EXPECT_EQ(project().currentIndex(), 2);
-    EXPECT_EQ(titles(), "a\xE9:C b:C");
-    EXPECT_EQ(topic(2).body, "Caf\xE9\r\nunsaved");
+    EXPECT_EQ(titles(), "a\u00E9:C b:C");
+    EXPECT_EQ(topic(2).body, "Caf\u00E9\r\nunsaved");
     EXPECT_TRUE(project().dataChanged());
     EXPECT_EQ(project().projectPath(), folder / "p.tsp");
     EXPECT_EQ(cellText(window->lvLevels, 1, 2), "aé");
@@ -58,7 +58,7 @@ TEST_F(Recovery, BringsBackTheOutlineAndTheOpenEditor) {
     EXPECT_FALSE(crash());
     window->workKeeper().tmrRecovery_Tick();
     test::writeBytes(folder / "p.tsp",
-                     model::formatProject(test::titled({"newer"}), {}) + "?\r\n?\r\n");
+                     test::projectFile(test::titled({"newer"}), {}) + "?\r\n?\r\n");
     fs::last_write_time(folder / "p.tsp", fs::file_time_type::clock::now() + std::chrono::hours(1));
     expectQuestion(ui::Answer::yes, "b", "\nThe project has been saved since then.");
     ASSERT_TRUE(crash());
@@ -136,9 +136,9 @@ TEST_F(Recovery, SaysThatItCannotKeepWorkAsLongAsThatIsSo) {
 TEST_F(Recovery, ProgramsSideBySideKeepTheirOwn) {
     {
         app::Recovery second(folder.path());
-        EXPECT_FALSE(second.keep({"x\x80", folder / "two\nlines.tsp", 7}));
+        EXPECT_FALSE(second.keep({text::Bytes("x\x80"), folder / "two\nlines.tsp", 7}));
         app::Recovery third(folder.path());
-        EXPECT_FALSE(third.keep({"third", folder / "3.tsp"}));
+        EXPECT_FALSE(third.keep({text::Bytes("third"), folder / "3.tsp"}));
         EXPECT_FALSE(third.leftBehind()) << "all are in use";
         window->workKeeper().offer();
         window->workKeeper().tmrRecovery_Tick();
@@ -146,15 +146,15 @@ TEST_F(Recovery, ProgramsSideBySideKeepTheirOwn) {
     // Both were left behind by now.
     app::Recovery next(folder.path());
     ASSERT_TRUE(next.leftBehind());
-    EXPECT_EQ(next.leftBehind()->project, "x\x80");
+    EXPECT_EQ(next.leftBehind()->project.value, "x\x80");
     EXPECT_EQ(next.leftBehind()->path, folder / "two\nlines.tsp");
     EXPECT_EQ(next.leftBehind()->topic, 7);
     next.discard();
     ASSERT_TRUE(next.leftBehind());
-    EXPECT_EQ(next.leftBehind()->project, "third");
+    EXPECT_EQ(next.leftBehind()->project.value, "third");
     next.adopt();
     EXPECT_FALSE(next.leftBehind());
     next.forget();
     EXPECT_FALSE(app::Recovery(folder.path()).leftBehind());
-    EXPECT_TRUE(app::Recovery(folder / "missing").keep({"x", "y"}));
+    EXPECT_TRUE(app::Recovery(folder / "missing").keep({text::Bytes("x"), "y"}));
 }

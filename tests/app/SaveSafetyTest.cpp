@@ -16,9 +16,7 @@ class SaveSafety : public test::MainWindow {
 protected:
     SaveSafety() { test::writeBytes(file, theirs("x")); }
 
-    static std::string theirs(const char* title) {
-        return model::formatProject(titled({title}), {});
-    }
+    static std::string theirs(const char* title) { return test::projectFile(titled({title}), {}); }
 
     void open() {
         ASSERT_TRUE(window->openFile(file));
@@ -116,7 +114,7 @@ TEST_F(SaveSafety, ComingBackOffersToReadAgain) {
         prompter.verify();
     };
     comeBack(); // nothing has happened
-    test::writeBytes(file, model::formatProject(titled({"newer", "second"}), {}));
+    test::writeBytes(file, test::projectFile(titled({"newer", "second"}), {}));
     expectOffer(Answer::yes);
     comeBack();
     EXPECT_EQ(titles(), "newer: second:");
@@ -136,7 +134,7 @@ TEST_F(SaveSafety, ComingBackOffersToReadAgain) {
         {"Unknown File Format, Loading Stopped", "Error", Buttons::ok, QuestionIcon::critical});
     comeBack();
     EXPECT_EQ(titles(), "newer: second:");
-    test::writeBytes(file, model::formatProject(titled({"a", "b", "c"}), {}));
+    test::writeBytes(file, test::projectFile(titled({"a", "b", "c"}), {}));
     expectOffer(Answer::yes, lost);
     comeBack();
     EXPECT_EQ(titles(), "a: b: c:");

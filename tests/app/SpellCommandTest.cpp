@@ -74,7 +74,7 @@ TEST_F(SpellCommand, CorrectsTheWholeProject) {
               }});
     EXPECT_EQ(titles(), "The quick fox:C fox:C");
     EXPECT_EQ(topic(1).shortDescription, "the fox");
-    EXPECT_EQ(topic(2).body, "<p>\r\nThe caf&eacute; &amp; fox\r\nbrown \xE9</p>");
+    EXPECT_EQ(topic(2).body, "<p>\r\nThe caf&eacute; &amp; fox\r\nbrown \u00E9</p>");
     EXPECT_EQ(project().currentIndex(), 1);
     EXPECT_TRUE(isMarkedChanged(*window));
     show(*window);

@@ -75,7 +75,7 @@ TEST_F(frmOptions, EveryControlEditsItsOption) {
     expected.cssFile = "look.css";
     expected.backgroundImage = "back.jpg";
     expected.templateFile = "page.htm";
-    expected.additionalText = "<p>\r\n\xA0more&#128512;";
+    expected.additionalText = "<p>\r\n\u00A0more\U0001F600";
     expected.showCopyright = true;
     expected.copyrightText = "me";
     expected.navigationButtons = {false, true, false, true, true, false};
@@ -88,7 +88,7 @@ TEST_F(frmOptions, EveryControlEditsItsOption) {
     click(dialog->cmdOK); // nothing new
     EXPECT_EQ(times, 1);
 
-    expected.additionalText = "a\nb\rc\r\n\x81"; // odd, but nobody edits it
+    expected.additionalText = "a\nb\rc\r\n\u0081"; // odd, but nobody edits it
     open(expected);
     clickTab(dialog->tbsOptions, 2);
     click(dialog->optNavType[0]);
@@ -117,7 +117,7 @@ TEST_F(frmOptions, FilesAreChosenAndNamedAsTheProjectFindsThem) {
     constexpr const char* styles = "Style Sheets (*.css)|*.css|All Files (*.*)|*.*";
     EXPECT_FALSE(dialog->cmdApply.isEnabled());
     choose(dialog->cmdCSS, "Select Style Sheet", styles, folder / "project/look/\xC3\xA4.css");
-    EXPECT_EQ(dialog->txtCSS.text(), "..\\look\\\xE4.css");
+    EXPECT_EQ(dialog->txtCSS.text(), "..\\look\\\u00E4.css");
     EXPECT_TRUE(dialog->cmdApply.isEnabled());
     choose(dialog->cmdBImage, "Select Background Image",
            "All Image Files|*.gif;*.jpg;*.jpeg;*.png;*.bmp|All Files (*.*)|*.*",
@@ -140,7 +140,7 @@ TEST_F(frmOptions, FilesAreChosenAndNamedAsTheProjectFindsThem) {
     prompter.expect({"The name of this file has characters that a project cannot hold.",
                      "Properties", ui::Buttons::ok, ui::QuestionIcon::exclamation});
     click(dialog->cmdCSS);
-    EXPECT_EQ(dialog->txtCSS.text(), "..\\look\\\xE4.css");
+    EXPECT_EQ(dialog->txtCSS.text(), "..\\look\\\u00E4.css");
 }
 
 TEST_F(frmOptions, UncheckingTheCopyrightKeepsItsText) {

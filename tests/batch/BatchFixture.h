@@ -24,7 +24,7 @@ protected:
 
     std::string save(const std::filesystem::path& name, const model::TopicOutline& outline,
                      const model::ProjectOptions& options = {}) {
-        writeBytes(folder / name, model::formatProject(outline, options));
+        writeBytes(folder / name, test::projectFile(outline, options));
         return folder / name;
     }
 

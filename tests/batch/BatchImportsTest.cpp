@@ -29,7 +29,7 @@ TEST_F(BatchImports, ImportsStartOrExtendAProject) {
 }
 
 TEST_F(BatchImports, ImportTopicsTakesPositions) {
-    const std::string whole = model::formatProject(test::flatOutline(3), {});
+    const std::string whole = test::projectFile(test::flatOutline(3), {});
     const std::string head =
         whole.substr(0, whole.find("\r\n")) + "\r\n1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n";
     test::writeBytes(folder / "o.tsp", head + whole.substr(whole.find("++")));
@@ -75,7 +75,7 @@ TEST_F(BatchImports, StrictImportsMindWhatIsMissing) {
     test::writeBytes(folder / "in.txt", outline + "x");
     EXPECT_FALSE(isWhole("import-text", folder / "in.txt"));
     const std::string head = "HTML Topicsmith Format 1\r\n1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n";
-    const std::string whole = model::formatProject(test::flatOutline(2), {});
+    const std::string whole = test::projectFile(test::flatOutline(2), {});
     const std::string topics = whole.substr(whole.find("++"));
     test::writeBytes(folder / "o.tsp", head + topics);
     EXPECT_TRUE(isWhole("import-topics", folder / "o.tsp"));

@@ -37,7 +37,7 @@ TEST_F(BatchTest, InfoPrintsOneFactALine) {
     auto outline = test::outlineOf({topic(1, "A", "a.htm"), topic(3, "B", "b.htm", "")});
     outline.at(1).contextId = "IDH_A";
     model::ProjectOptions options;
-    options.projectName = "Caf\xE9";
+    options.projectName = "Caf\u00E9";
     EXPECT_EQ(run({"info", save("p.tsp", outline, options)}), exitDone);
     EXPECT_EQ(output,
               "Name: Café\nTopics: 2\nLevels: 3\nBodies: 1\nEmpty topics: 1\nContexts: 1\n");
@@ -87,7 +87,7 @@ TEST_F(BatchTest, DocumentTakesPicturesFromTheProjectsFolder) {
 }
 
 TEST_F(BatchTest, InputThatIsNotAWholeProjectChangesNothing) {
-    const std::string good = model::formatProject(test::flatOutline(500), {});
+    const std::string good = test::projectFile(test::flatOutline(500), {});
     const std::tuple<const char*, std::string, const char*> cases[] = {
         {"foreign.tsp", "something else", "Error: Unknown File Format, Loading Stopped\n"},
         {"cut.tsp", good.substr(0, good.size() - 20),
@@ -141,8 +141,8 @@ TEST_F(BatchTest, GenerateCanLeaveEditedPagesAlone) {
 }
 
 TEST_F(BatchTest, FindListsMatches) {
-    auto outline = test::outlineOf({topic(1, "Caf\xE9", "a.htm", "<p>caf\xE9\r\nCAF\xC9,"),
-                                    topic(2, "two\r\nlines", "b.htm", "caf\xE9&#937;")});
+    auto outline = test::outlineOf({topic(1, "Caf\u00E9", "a.htm", "<p>caf\u00E9\r\nCAF\u00C9,"),
+                                    topic(2, "two\r\nlines", "b.htm", "caf\u00E9&#937;")});
     const std::string project = save("p.tsp", outline);
     EXPECT_EQ(run({"find", project, "café", "--bodies"}), exitDone);
     EXPECT_EQ(output, "1\ttitle\t0\tCafé\n1\tbody\t3\tCafé\n1\tbody\t9\tCafé\n"
@@ -159,7 +159,7 @@ TEST_F(BatchTest, FindListsMatches) {
 
 TEST_F(BatchTest, SpellListsUnknownWords) {
     auto outline = test::outlineOf({topic(1, "The foks", "a.htm", "<p title='foks'>foks Foks foks"),
-                                    topic(1, "fox", "b.htm", "the caf\xE9")});
+                                    topic(1, "fox", "b.htm", "the caf\u00E9")});
     outline.at(2).shortDescription = "the &#937;";
     const std::string project = save("p.tsp", outline);
     fs::copy(fs::path(TOPICSMITH_SOURCE_FOLDER) / "tests/data/spelling", folder / "dictionaries");
@@ -256,7 +256,7 @@ TEST_F(BatchTest, WithoutMemoryEachProgramSaysSoUnderItsName) {
 
 TEST_F(BatchTest, CompileGeneratesAndMakesAHelp) {
     model::ProjectOptions options;
-    options.projectName = "Caf\xE9";
+    options.projectName = "Caf\u00E9";
     const auto outline = test::outlineOf(
         {topic(1, "A", "a.htm", "<img src=\"../own.bmp\"> <img src=\"../none.bmp\">")});
     const std::string project = save("p.tsp", outline, options);

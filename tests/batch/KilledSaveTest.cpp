@@ -49,7 +49,7 @@ TEST(KilledSave, LeavesTheOldProjectOrTheNewOne) {
     for (int i = 1; i <= outline.count(); ++i) {
         outline.at(i).body = text::Text(20000, 'x');
     }
-    const std::string before = model::formatProject(outline, {});
+    const std::string before = test::projectFile(outline, {});
     test::writeBytes(folder / "outline.txt", "Another\n");
     test::writeBytes(folder / "p.tsp", before);
     importText(folder, minutes(1));
@@ -94,6 +94,6 @@ TEST(SavesSideBySide, LoseNothing) {
             }
         }
     }
-    EXPECT_EQ(model::parseProject(test::bytesOf(folder / "p.tsp")).outline.count(), programs);
+    EXPECT_EQ(test::parsed(test::bytesOf(folder / "p.tsp")).outline.count(), programs);
     EXPECT_EQ(folder.fileCount(), 2U) << "a lock was left behind";
 }

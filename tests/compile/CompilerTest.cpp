@@ -245,12 +245,12 @@ TEST_F(CompilerTest, ForeignReadersShowTheSameAsOurs) {
     for (int i = 1; i <= outline.count(); ++i) {
         model::Topic& topic = outline.at(i);
         topic.level = i % 3 == 0 ? "3" : i % 3 == 1 ? "1" : "2";
-        topic.title = "Caf\xE9 " + std::to_string(i);
+        topic.title = "Caf\u00E9 " + std::to_string(i);
         topic.keywords = "common; own " + std::to_string(1000 + i);
         topic.contextId = "IDH_" + std::to_string(i);
         topic.contextNumber = std::to_string(i * 7);
         keywords.push_back("own " + std::to_string(1000 + i));
-        titles.push_back(topic.title);
+        titles.push_back("Caf\xE9 " + std::to_string(i)); // in the code page
     }
     keywords.insert(keywords.begin(), "common");
     model::Project project;

@@ -48,25 +48,25 @@ TEST(MarkUp, WrapsTheSelection) {
     check(bold, {{"|", "<b>|</b>"},
                  {"a|bc", "a<b>|</b>bc"},
                  {"a[bc]", "a<b>bc</b>|"},
-                 {"[\xE4\r\n]b", "<b>\xE4\r\n</b>|b"},
+                 {"[\u00E4\r\n]b", "<b>\u00E4\r\n</b>|b"},
                  {"abc|", "abc<b>|</b>"}});
     check([](Passage passage) { return heading(std::move(passage), 2); },
           {{"[Title]", "<h2>Title</h2>|"}, {"a|", "a<h2>|</h2>"}});
     check([](Passage passage) { return insert(std::move(passage), "&copy;"); },
-          {{"a[\xE4\xE4]b", "a&copy;|b"}, {"|", "&copy;|"}});
+          {{"a[\u00E4\u00E4]b", "a&copy;|b"}, {"|", "&copy;|"}});
 }
 
 TEST(MarkUp, MakesLists) {
     const auto bullets = [](Passage passage) { return list(std::move(passage), "ul"); };
-    check(bullets,
-          {{"|", "<ul>\r\n<li>|\r\n</ul>"},
-           {"x|y", "x\r\n<ul>\r\n<li>|\r\n</ul>y"},
-           {"[a\r\nb]", "<ul>\r\n<li>a\r\n<li>b|\r\n</ul>\r\n"},
-           {"x\r\n[a\r\n\r\n\xE4]\r\ny", "x\r\n<ul>\r\n<li>a\r\n<li>\r\n<li>\xE4|\r\n</ul>\r\ny"},
-           {"[a\r\n]", "<ul>\r\n<li>a\r\n<li>|\r\n</ul>"},
-           {"[<li>a\r\nb\r\n<li>c]\r\n", "<ul>\r\n<li>a\r\n<li>b\r\n<li>c|\r\n</ul>\r\n"},
-           {"[a]b", "<ul>\r\n<li>a|\r\n</ul>\r\nb"},
-           {"[a\nb]", "<ul>\r\n<li>a\nb|\r\n</ul>\r\n"}});
+    check(bullets, {{"|", "<ul>\r\n<li>|\r\n</ul>"},
+                    {"x|y", "x\r\n<ul>\r\n<li>|\r\n</ul>y"},
+                    {"[a\r\nb]", "<ul>\r\n<li>a\r\n<li>b|\r\n</ul>\r\n"},
+                    {"x\r\n[a\r\n\r\n\u00E4]\r\ny",
+                     "x\r\n<ul>\r\n<li>a\r\n<li>\r\n<li>\u00E4|\r\n</ul>\r\ny"},
+                    {"[a\r\n]", "<ul>\r\n<li>a\r\n<li>|\r\n</ul>"},
+                    {"[<li>a\r\nb\r\n<li>c]\r\n", "<ul>\r\n<li>a\r\n<li>b\r\n<li>c|\r\n</ul>\r\n"},
+                    {"[a]b", "<ul>\r\n<li>a|\r\n</ul>\r\nb"},
+                    {"[a\nb]", "<ul>\r\n<li>a\nb|\r\n</ul>\r\n"}});
     check([](Passage passage) { return list(std::move(passage), "ol"); },
           {{"|", "<ol>\r\n<li>|\r\n</ol>"}});
     check(insertIntoList,
@@ -106,7 +106,7 @@ TEST(MarkUp, LosesNothing) {
         [](Passage p) { return table(std::move(p), 5); },
     };
     for (int round = 0; round < 3000; ++round) {
-        constexpr TextView parts[] = {"a", "\xFC", "\r\n", "<li>", "\n", "\r", "x y"};
+        constexpr TextView parts[] = {"a", "\u00FC", "\r\n", "<li>", "\n", "\r", "x y"};
         Passage before;
         for (std::size_t i = pick(8); i > 0; --i) {
             before.text += parts[pick(std::size(parts) - 1)];

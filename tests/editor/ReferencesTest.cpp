@@ -12,8 +12,8 @@ TEST(References, GraphicsHaveTheirAttributesInOrder) {
     EXPECT_EQ(made.text, "a<img src='..\\images\\logo.gif' border=0>b");
     EXPECT_EQ(made, (Passage{made.text, made.text.size() - 1, 0}));
     options = {2, true, "left", true, -3, true, 5, "Logo"};
-    made = insertGraphic({"", 0, 0}, "\xFC.gif", options);
-    EXPECT_EQ(made.text, "<img src='..\\images\\\xFC.gif' border=2 vspace=5 hspace=-3 align=left "
+    made = insertGraphic({"", 0, 0}, "\u00FC.gif", options);
+    EXPECT_EQ(made.text, "<img src='..\\images\\\u00FC.gif' border=2 vspace=5 hspace=-3 align=left "
                          "title='Logo'>");
 }
 
@@ -28,8 +28,8 @@ TEST(References, NumbersAreReadFromTheirBeginning) {
 }
 
 TEST(References, LinksStandInFrontOfTheSelection) {
-    Passage made = insertPageLink({"xy", 1, 1}, "setup.htm", "Set\xFCp");
-    EXPECT_EQ(made.text, "x<a href='..\\html\\setup.htm'>Set\xFCp</a>y");
+    Passage made = insertPageLink({"xy", 1, 1}, "setup.htm", "Set\u00FCp");
+    EXPECT_EQ(made.text, "x<a href='..\\html\\setup.htm'>Set\u00FCp</a>y");
     EXPECT_EQ(made.start, made.text.size() - 1);
     made = insertWebLink({"x", 0, 0}, "http://", "Home");
     EXPECT_EQ(made.text, "<a href='http://'>Home</a>x");
@@ -38,7 +38,7 @@ TEST(References, LinksStandInFrontOfTheSelection) {
 
 TEST(References, AHeadingIsFoundInAnyButTheLastLine) {
     EXPECT_EQ(headingOf("  <h1>Getting Started</h1>  \r\nx"), "Getting Started");
-    EXPECT_EQ(headingOf("<html>\n\n<h1>\xDC</h1>\n<p>\n"), "\xDC");
+    EXPECT_EQ(headingOf("<html>\n\n<h1>\u00DC</h1>\n<p>\n"), "\u00DC");
     EXPECT_EQ(headingOf("<h1>Only line</h1>\r\n"), "");
     EXPECT_EQ(headingOf("<H1>Capitals</H1>\r\nx"), "");
     EXPECT_EQ(headingOf("<h1>ab\r\nx"), "");
@@ -48,7 +48,10 @@ TEST(References, AHeadingIsFoundInAnyButTheLastLine) {
 TEST(References, AFileComesInAtTheCaret) {
     EXPECT_EQ(insertFile({"ab", 0, 0}, "1\r\n2\r\n"), (Passage{"1\r\n2\r\nab", 6, 0}));
     EXPECT_EQ(insertFile({"ab", 1, 1}, "1\n2"), (Passage{"1\r\na2\r\nb", 7, 0}));
-    EXPECT_EQ(insertFile({"ab", 2, 0}, "\xFC"), (Passage{"ab\xFC\r\n", 5, 0}));
+    EXPECT_EQ(insertFile({"\u00E4b", 2, 0}, "1\n2"), (Passage{"1\r\n\u00E4"
+                                                              "2\r\nb",
+                                                              8, 0}));
+    EXPECT_EQ(insertFile({"ab", 2, 0}, "\u00FC"), (Passage{"ab\u00FC\r\n", 6, 0}));
     EXPECT_EQ(insertFile({"", 0, 0}, ""), (Passage{"\r\n", 2, 0}));
 }
 
@@ -56,10 +59,11 @@ TEST(PreviewPage, ShowsTheTopicWithItsLook) {
     model::ProjectOptions options;
     const Text body = "<img src='..\\images\\a.gif'>\r\n<IMG src='..\\images\\b.gif'><img "
                       "src='..\\images\\c.gif'>";
-    EXPECT_EQ(previewPage("T\xFC", body, options, "C:\\Proj"),
-              "<html>\r\n<head>\r\n<title>T\xFC</title>\r\n</head>\r\n<body>\r\n<h1>T\xFC</h1>\r\n"
-              "<img src='C:\\Proj\\images\\a.gif'>\r\n<IMG src='..\\images\\b.gif'><img "
-              "src='C:\\Proj\\images\\c.gif'>\r\n</body>\r\n</html>\r\n");
+    EXPECT_EQ(
+        previewPage("T\u00FC", body, options, "C:\\Proj"),
+        "<html>\r\n<head>\r\n<title>T\u00FC</title>\r\n</head>\r\n<body>\r\n<h1>T\u00FC</h1>\r\n"
+        "<img src='C:\\Proj\\images\\a.gif'>\r\n<IMG src='..\\images\\b.gif'><img "
+        "src='C:\\Proj\\images\\c.gif'>\r\n</body>\r\n</html>\r\n");
     options.cssFile = "..\\styles.css";
     options.backgroundImage = "back.gif";
     const Text page = previewPage("", "", options, "C:\\Proj");

@@ -7,7 +7,7 @@
 #include "generate/Documentation.h"
 #include "generate/GenerationRun.h"
 #include "platform/Files.h"
-#include "text/CodePage.h"
+#include "text/Path.h"
 
 using namespace ui::testing;
 namespace fs = std::filesystem;
@@ -21,7 +21,7 @@ protected:
     void SetUp() override {
         fs::create_directory(folder / "work");
         model::TopicOutline outline = test::flatOutline(3);
-        test::writeBytes(file, model::formatProject(outline, {}));
+        test::writeBytes(file, test::projectFile(outline, {}));
         before = test::bytesOf(file);
         outline.at(1).title = "Changed\x80";
         changed = outline;
@@ -82,7 +82,7 @@ TEST_F(Faults, ASaveThatFailsLeavesTheOldProject) {
                        EXPECT_EQ(static_cast<bool>(error), happened);
                        EXPECT_EQ(project.dataChanged(), happened);
                        EXPECT_EQ(test::bytesOf(file),
-                                 happened ? before : model::formatProject(changed, {}));
+                                 happened ? before : test::projectFile(changed, {}));
                    });
 }
 
@@ -98,7 +98,8 @@ TEST_F(Faults, AGenerationNamesWhatFailsAndGoesOn) {
             EXPECT_EQ(report.failures.empty(), !happened);
             EXPECT_NE(report.text.find("Generation Complete."), std::string::npos);
             const std::string now = test::bytesOf(file);
-            EXPECT_EQ(now, project.dataChanged() ? before : formatProject(project.outline(), {}));
+            EXPECT_EQ(now,
+                      project.dataChanged() ? before : test::projectFile(project.outline(), {}));
         });
 }
 
@@ -133,7 +134,7 @@ TEST_F(Faults, AWriteInPiecesWritesAll) {
     test::writeInPieces();
     EXPECT_FALSE(model::saveProject(project, file));
     test::takeFault();
-    EXPECT_EQ(test::bytesOf(file), model::formatProject(changed, {}));
+    EXPECT_EQ(test::bytesOf(file), test::projectFile(changed, {}));
 }
 
 TEST_F(Faults, AProjectThatCannotBeReadIsNotOpenedInParts) {
@@ -224,14 +225,14 @@ TEST_F(Faults, AClosedFoldersFileIsWrittenWhereItLiesWhenTheAuthorWantsThat) {
         prompter.verify();
         EXPECT_EQ(isMarkedChanged(*window), answer == ui::Answer::cancel);
     }
-    EXPECT_EQ(test::bytesOf(file), model::formatProject(changed, {}));
+    EXPECT_EQ(test::bytesOf(file), test::projectFile(changed, {}));
     EXPECT_EQ(test::bytesOf(copy), before);
     project().markChanged(model::projectChanged); // from now on without a question
     test::closeFolder((folder / "work").c_str());
     press("Ctrl+S");
     test::takeFault();
     EXPECT_FALSE(isMarkedChanged(*window));
-    EXPECT_EQ(test::bytesOf(copy), model::formatProject(changed, {}));
+    EXPECT_EQ(test::bytesOf(copy), test::projectFile(changed, {}));
 }
 
 TEST_F(Faults, TheWindowStaysMarkedAsChanged) {
@@ -243,7 +244,7 @@ TEST_F(Faults, TheWindowStaysMarkedAsChanged) {
         },
         [&](const Project&, bool happened) {
             EXPECT_EQ(isMarkedChanged(*window), happened);
-            EXPECT_EQ(test::bytesOf(file), happened ? before : model::formatProject(changed, {}));
+            EXPECT_EQ(test::bytesOf(file), happened ? before : test::projectFile(changed, {}));
             EXPECT_EQ(window->lblStatus.caption().find("No space") != std::string::npos, happened);
             prompter.takeBeeps();
         },

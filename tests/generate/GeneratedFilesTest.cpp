@@ -28,8 +28,12 @@ std::set<fs::path> filesBelow(const fs::path& folder) {
 void generateAll(const fs::path& projectFile, const fs::path& folder) {
     Project project;
     ASSERT_EQ(loadProject(project, projectFile).stop, LoadStop::none);
-    test::writeBytes(folder / "documentation.htm",
-                     generate::documentationPage(project.outline(), project.options(), "/p"));
+    const auto write = [&folder](const char* name, const text::Text& contents) {
+        test::writeBytes(folder / name,
+                         text::CodePage().encoded(contents, text::Missing::reference).value);
+    };
+    write("documentation.htm",
+          generate::documentationPage(project.outline(), project.options(), "/p"));
     const fs::path workshopFile = folder / "help.hhp";
     const auto save = [&] { return saveProject(project, folder / "project.tsp"); };
     auto report =
@@ -37,7 +41,7 @@ void generateAll(const fs::path& projectFile, const fs::path& folder) {
     EXPECT_TRUE(report.failures.empty());
     const std::string path = workshopFile.string();
     report.text.replace(report.text.find(path), path.size(), "help.hhp");
-    test::writeBytes(folder / "report.txt", report.text);
+    write("report.txt", report.text);
 }
 
 class GeneratedFiles : public testing::TestWithParam<const char*> {};

@@ -38,7 +38,7 @@ protected:
 } // namespace
 
 TEST_F(GenerationRunTest, NamesFilesShowsTheReportAndCopiesWhatIsNeeded) {
-    open(test::outlineOf({topic(1, "A", "\xE4.htm")}));
+    open(test::outlineOf({topic(1, "A", "\u00E4.htm")}));
     const GenerationReport report = run();
     EXPECT_TRUE(report.text.starts_with(shownReport));
     EXPECT_TRUE(shownReport.ends_with("\r\nTotal Help Topics: 1\r\n"));
@@ -146,7 +146,7 @@ TEST_F(GenerationRunTest, WritesNothingThroughLinks) {
 
 /// The compiler would take them in.
 TEST_F(GenerationRunTest, RefusedPagesStandInNoListOfTheWorkshops) {
-    const char* refused[] = {"../out.htm", "sub\\..\\..\\out.htm", "COM\xB9.htm", "conin$"};
+    const char* refused[] = {"../out.htm", "sub\\..\\..\\out.htm", "COM\u00B9.htm", "conin$"};
     TopicOutline outline;
     for (const char* name : refused) {
         outline.append(topic(1, "refused", name));

@@ -52,9 +52,9 @@ TEST_F(ProjectCheck, FindsOneFaultOfEveryKind) {
     outline.at(1).contextId = "IDH_START";
     outline.at(2).contextId = "2nd";
     outline.at(2).contextNumber = "1.5";
-    outline.at(3).keywords = "plain; &#937;";
-    outline.append(topic(1, "Next", "a#" + Text(1020, 'b') + ".htm", "Caf\xC3\xA9"));
-    outline.at(4).title = "\x81";
+    outline.at(3).keywords = "plain; \u03A9";
+    outline.append(topic(1, "Next", "a#" + Text(1020, 'b') + ".htm", "Caf\u00C3\u00A9"));
+    outline.at(4).title = "\u0081";
     EXPECT_EQ(
         check(),
         (Lines{
@@ -67,7 +67,7 @@ TEST_F(ProjectCheck, FindsOneFaultOfEveryKind) {
             "2 context: 2nd: not a name of letters, digits and underscores",
             "2 context: 1.5: not a whole number below 4294967296",
             "3 file name: my.help.htm: the help workshop takes what follows .h for the ending",
-            "3 character: in the keywords: a character that is not in Windows-1252, &#937;",
+            "3 character: in the keywords: a character that is not in Windows-1252, \u03A9",
             "3 unreached: no text and no list of topics leads here",
             "4 file name: a#" + Text(1020, 'b')
                 + ".htm: what follows # is taken for a place in the page",
@@ -178,7 +178,7 @@ TEST_F(ProjectCheck, FileNamesAreForWindowsAndTheWorkshop) {
         ASSERT_FALSE(lines.empty()) << name;
         EXPECT_TRUE(lines.front().starts_with(std::string("2 file name: ") + name)) << lines[0];
     }
-    for (const char* name : {"100%.htm", "A.HTML", "sub\\a b.htm", "Caf\xE9.htm"}) {
+    for (const char* name : {"100%.htm", "A.HTML", "sub\\a b.htm", "Caf\u00E9.htm"}) {
         outline.at(2).fileName = name;
         EXPECT_EQ(check(), Lines{}) << name;
     }

@@ -57,8 +57,8 @@ TEST(TopicValidation, DuplicateFilesAreRenamedUntilAllDiffer) {
     EXPECT_EQ(report, lines({"", "Duplicate Topic Filenames:", "a.htm is renamed a 1.htm",
                              "a 1.htm is renamed a 2.htm"}));
     report.clear();
-    EXPECT_EQ(renamed({"p9.htm", "p9.htm", "\xDC.htm", "\xFC.htm"}, report),
-              (std::vector<Text>{"p9.htm", "p10.htm", "\xDC.htm", "\xFC 1.htm"}));
+    EXPECT_EQ(renamed({"p9.htm", "p9.htm", "\u00DC.htm", "\u00FC.htm"}, report),
+              (std::vector<Text>{"p9.htm", "p10.htm", "\u00DC.htm", "\u00FC 1.htm"}));
     report.clear();
     EXPECT_EQ(renamed({"a.htm", "b.htm", "", ""}, report),
               (std::vector<Text>{"a.htm", "b.htm", "", ""}));
@@ -103,12 +103,12 @@ TEST(TopicValidation, FiveHundredEqualNamesComeToAnEnd) {
 
 TEST(TopicValidation, DuplicateContextsWithoutRenamedFilesGetABlankLine) {
     TopicOutline outline = test::flatOutline(2);
-    outline.at(1).contextId = "IDH_\xDC";
-    outline.at(2).contextId = "idh_\xFC";
+    outline.at(1).contextId = "IDH_\u00DC";
+    outline.at(2).contextId = "idh_\u00FC";
     Text report;
     ReportHeaders headers;
     reportDuplicateContexts(outline, report, headers);
     EXPECT_EQ(report,
-              lines({"", "ERROR: Dup Context ID(IDH_\xDC) in Topics 'Topic 1' and 'Topic 2'",
+              lines({"", "ERROR: Dup Context ID(IDH_\u00DC) in Topics 'Topic 1' and 'Topic 2'",
                      "ERROR: Dup Context # () in Topics 'Topic 1' and 'Topic 2'"}));
 }

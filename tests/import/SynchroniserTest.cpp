@@ -44,8 +44,8 @@ TEST(ProtectedBlock, IsFoundAsItWasWritten) {
     for (const Text& body : {Text("x"), Text(""), Text("\r\n"), Text("a\r\n\r\nb\r\n"),
                              Text("a\nb\rc"), start + "9] -->\r\nx"}) {
         Text page = "<p>\r\n";
-        model::appendProtectedBlock(page, body);
-        const auto block = model::findProtectedBlock(page);
+        model::appendProtectedBlock(page, body, text::CodePage());
+        const auto block = model::findProtectedBlock(page, text::CodePage());
         ASSERT_TRUE(block);
         const Text content = body.empty() ? Text(model::placeholderBody) : body;
         EXPECT_EQ(block->asIs, content);
@@ -54,17 +54,17 @@ TEST(ProtectedBlock, IsFoundAsItWasWritten) {
 }
 
 TEST(ProtectedBlock, IsWholeOrNone) {
-    EXPECT_FALSE(model::findProtectedBlock("x " + start + "1] -->\nx\n" + end));
-    EXPECT_FALSE(model::findProtectedBlock(start + "1] -->\nx\n " + end));
-    EXPECT_FALSE(model::findProtectedBlock(end + '\n' + start + "1] -->\nx"));
+    EXPECT_FALSE(model::findProtectedBlock("x " + start + "1] -->\nx\n" + end, text::CodePage()));
+    EXPECT_FALSE(model::findProtectedBlock(start + "1] -->\nx\n " + end, text::CodePage()));
+    EXPECT_FALSE(model::findProtectedBlock(end + '\n' + start + "1] -->\nx", text::CodePage()));
     const Text page = start + "12abc\n\nx\n\n" + end;
-    const auto block = model::findProtectedBlock(page);
+    const auto block = model::findProtectedBlock(page, text::CodePage());
     ASSERT_TRUE(block);
     EXPECT_EQ(block->content, "\r\nx\r\n");
     EXPECT_EQ(block->generatedLength, 12);
     const Text empty = start + "99999999999] -->\n" + end;
-    EXPECT_EQ(model::findProtectedBlock(empty)->content, "");
-    EXPECT_EQ(model::findProtectedBlock(empty)->generatedLength, 0);
+    EXPECT_EQ(model::findProtectedBlock(empty, text::CodePage())->content, "");
+    EXPECT_EQ(model::findProtectedBlock(empty, text::CodePage())->generatedLength, 0);
 }
 
 TEST_F(SynchroniserTest, TakesEditsUnlessTheTopicWasChangedToo) {
@@ -163,7 +163,7 @@ TEST_F(SynchroniserTest, QuotesThatSavingReplacesAreNoConflict) {
 /// Generate, edit as an HTML editor would, take back, generate again.
 TEST_F(SynchroniserTest, PagesComeBackAsTheyWereEdited) {
     outline =
-        test::outlineOf({test::topic(1, "A", "a.htm", "<p>Caf\xE9</p>\r\n<p>more</p>\r\n"),
+        test::outlineOf({test::topic(1, "A", "a.htm", "<p>Caf\u00E9</p>\r\n<p>more</p>\r\n"),
                          test::topic(1, "B", "b.htm", ""), test::topic(1, "C", "c.htm", "c")});
     project.replace(outline, {}, folder / "p.tsp");
     const auto generate = [this] {
@@ -178,19 +178,19 @@ TEST_F(SynchroniserTest, PagesComeBackAsTheyWereEdited) {
         bytes.replace(bytes.find(from), from.size(), to);
         test::writeBytes(folder / "html" / page, bytes);
     };
-    edit("a.htm", "<p>more</p>\r\n", "<p>\xE0 la carte</p>\r\n\r\n");
+    edit("a.htm", "<p>more</p>\r\n", "<p>\xE0 la &#1055;</p>\r\n\r\n");
     edit("b.htm", "Descriptive text goes here.", "Text at last.");
     edit("c.htm", end.substr(0, 20), "<!-- gone");
-    const model::FileFailures edited = editedPages(project.outline(), folder / "html");
+    const model::FileFailures edited = editedPages(project, folder / "html");
     EXPECT_EQ(named(edited), ": a.htm (was edited since it was generated), b.htm (was edited since "
                              "it was generated), c.htm (the marker lines around its text are "
                              "missing or damaged)");
     project.setField(1, &model::Topic::status, "C");
-    EXPECT_EQ(editedPages(project.outline(), folder / "html").front().reason,
+    EXPECT_EQ(editedPages(project, folder / "html").front().reason,
               "was edited since it was generated, and so was its topic");
     project.setField(1, &model::Topic::status, "");
     EXPECT_EQ(synchronise(project, folder / "html").changed, (std::vector{1, 2}));
-    EXPECT_EQ(project.outline().at(1).body, "<p>Caf\xE9</p>\r\n<p>\xE0 la carte</p>\r\n\r\n");
+    EXPECT_EQ(project.outline().at(1).body, "<p>Caf\u00E9</p>\r\n<p>\u00E0 la \u041F</p>\r\n\r\n");
     EXPECT_NE(project.outline().at(2).body.find("Text at last."), Text::npos);
     generate();
     const Synchronisation again = synchronise(project, folder / "html");
@@ -198,5 +198,5 @@ TEST_F(SynchroniserTest, PagesComeBackAsTheyWereEdited) {
     EXPECT_EQ(project.outline().at(1).status, "");
     project.setField(1, &model::Topic::body, "newer than its page");
     project.setField(1, &model::Topic::status, "C");
-    EXPECT_TRUE(editedPages(project.outline(), folder / "html").empty());
+    EXPECT_TRUE(editedPages(project, folder / "html").empty());
 }

@@ -11,7 +11,7 @@ namespace {
 
 Text levels(text::TextView file) {
     Text text;
-    for (const model::Topic& topic : readTextOutline(file, 500).topics) {
+    for (const model::Topic& topic : readTextOutline(file, 500, text::CodePage()).topics) {
         text += topic.level.substr(topic.level.size() - 1) + topic.title + ' ';
     }
     return text;
@@ -20,9 +20,9 @@ Text levels(text::TextView file) {
 } // namespace
 
 TEST(TextImport, MakesATopicOfEachLine) {
-    const auto topics = readTextOutline("1\tIntroduction\tRead\tthis\r\n\r\n \n1.2\tSet\xE9up?\n"
+    const auto topics = readTextOutline("1\tIntroduction\tRead\tthis\r\n\r\n \n1.2\tSet\u00E9up?\n"
                                         "Title alone\n1\t\t\n",
-                                        500)
+                                        500, text::CodePage())
                             .topics;
     model::Topic first = test::topic(1, "Introduction", "Introduction.htm", "<p>Read\tthis</p>");
     model::Topic second = test::topic(2, "Set up?", "Set up.htm", "");
@@ -41,7 +41,7 @@ TEST(TextImport, TakesTheDepthFromTheNumbersLength) {
 }
 
 TEST(TextImport, ConvertsUnicodeBehindAByteOrderMark) {
-    const Text title = "&#937; \x80 x";
+    const Text title = "\u03A9 \u20AC x";
     for (const std::string& file : {std::string("\xEF\xBB\xBF"
                                                 "1\tq\t\xCE\xA9 \xE2\x82\xAC x"),
                                     std::string("\xFF\xFE"

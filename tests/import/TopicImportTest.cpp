@@ -12,7 +12,7 @@ namespace {
 
 /// A project file with so many of the options; the author's own have 18.
 Text projectFile(const model::TopicOutline& outline, int options = 7) {
-    const Text whole = model::formatProject(outline, {});
+    const Text whole = test::projectFile(outline, {});
     const std::size_t topics = whole.find("++");
     Text file = test::lines({model::projectFileHeader});
     for (int i = 0; i < options; ++i) {

@@ -3,11 +3,21 @@
 #include <gtest/gtest.h>
 
 #include "model/PagePath.h"
-#include "text/Address.h"
 #include "model/Topic.h"
+#include "text/Address.h"
 
 using namespace model;
 using namespace text;
+
+namespace {
+
+std::string quoted(TextView text) {
+    std::string file;
+    appendQuotedField(file, text, CodePage());
+    return file;
+}
+
+} // namespace
 
 TEST(Helper, MakeFileNameRemovesWhatFileSystemsRefuse) {
     const std::pair<const char*, const char*> cases[] = {
@@ -21,7 +31,7 @@ TEST(Helper, MakeFileNameRemovesWhatFileSystemsRefuse) {
         {"", "Filename"},
         {"'", "Filename"},
         {"  two   blanks  ", "two blanks"},
-        {"\334ber *uns*", "\334ber uns"},
+        {"\u00DCber *uns*", "\u00DCber uns"},
     };
     for (const auto& [title, name] : cases) {
         EXPECT_EQ(makeFileName(title), name) << title;
@@ -29,32 +39,34 @@ TEST(Helper, MakeFileNameRemovesWhatFileSystemsRefuse) {
 }
 
 TEST(Helper, PageNamesLoseOnlyLettersThatTheyCannotHold) {
-    EXPECT_EQ(pageNameFor("R&#38;D &#233; \xE9 &#8364;"), "R&#38;D &#233; \xE9 &#8364;.htm");
-    EXPECT_EQ(pageNameFor("A&#937;&#x3A9;B&#1055;"), "AB.htm");
-    EXPECT_EQ(pageNameFor("&#937"), "&#937.htm");
-    EXPECT_EQ(pageNameFor("&#1055;"), "Filename.htm");
+    EXPECT_EQ(pageNameFor("R&#38;D &#233; \u00E9 &#8364;", CodePage()),
+              "R&#38;D &#233; \u00E9 &#8364;.htm");
+    EXPECT_EQ(pageNameFor("A&#937;&#x3A9;B&#1055;", CodePage()), "AB.htm");
+    EXPECT_EQ(pageNameFor("&#937", CodePage()), "&#937.htm");
+    EXPECT_EQ(pageNameFor("&#1055;", CodePage()), "Filename.htm");
 }
 
 TEST(Helper, MakeContextIdIsInCapitals) {
-    EXPECT_EQ(makeContextId("Open a file?"), "IDH_OPEN_A_FILE");
-    EXPECT_EQ(makeContextId("\xE4ndern"), "IDH_\xC4NDERN");
+    EXPECT_EQ(makeContextId("Open a file?", CodePage()), "IDH_OPEN_A_FILE");
+    EXPECT_EQ(makeContextId("\u00E4ndern", CodePage()), "IDH_\u00C4NDERN");
 }
 
 TEST(Helper, QuoteFieldKeepsAFieldInOnePiece) {
-    EXPECT_EQ(quoteField("  plain text "), "plain text");
-    EXPECT_EQ(quoteField(" a,b "), "\"a,b\"");
-    EXPECT_EQ(quoteField("say \"hi\""), "\"say 'hi'\"");
-    EXPECT_EQ(quoteField("a\r\nb"), "\"a\r\nb\"");
-    EXPECT_EQ(quoteField("a\nb"), "a\nb");
-    EXPECT_EQ(quoteField(" "), "");
+    EXPECT_EQ(quoted("  plain text "), "plain text");
+    EXPECT_EQ(quoted(" a,b "), "\"a,b\"");
+    EXPECT_EQ(quoted("say \"hi\""), "\"say 'hi'\"");
+    EXPECT_EQ(quoted("a\r\nb"), "\"a\r\nb\"");
+    EXPECT_EQ(quoted("a\nb"), "a\nb");
+    EXPECT_EQ(quoted(" "), "");
+    EXPECT_EQ(quoted("\u00E9\u0416, \""), "\"\xE9&#1046;, '\"");
 }
 
 TEST(Helper, HighCharactersAndLetters) {
-    EXPECT_EQ(stripHighChars("\351a\200b\377"), "a b");
+    EXPECT_EQ(stripHighChars("\u00E9a\u20ACb\u00FF"), "a b");
     EXPECT_EQ(stripHighChars("\x7F"), "\x7F");
     EXPECT_TRUE(isAllLetters("azAZ"));
     EXPECT_TRUE(isAllLetters(""));
-    EXPECT_FALSE(isAllLetters("a\xE9"));
+    EXPECT_FALSE(isAllLetters("a\u00E9"));
     EXPECT_FALSE(isAllLetters("a1"));
 }
 
@@ -77,7 +89,7 @@ TEST(PagePath, PlainPathsHaveNoDetours) {
 
 TEST(PagePath, NamesThatLeaveThePageFolderAreRefused) {
     for (const TextView fine : {"a.htm", "..a.htm", "sub/a.htm", "sub\\a.htm", "console.htm",
-                                "com\xB9x.htm", "conin$x"}) {
+                                "com\u00B9x.htm", "conin$x"}) {
         EXPECT_EQ(pageNameFault(fine), "") << fine;
     }
     using namespace std::string_view_literals;
@@ -100,8 +112,8 @@ TEST(PagePath, NamesThatLeaveThePageFolderAreRefused) {
                                ".. /a.htm"sv,
                                "nul"sv,
                                "sub/Com1.htm"sv,
-                               "LPT\xB3.x.htm"sv,
-                               "com\xB2"sv,
+                               "LPT\u00B3.x.htm"sv,
+                               "com\u00B2"sv,
                                "ConOut$.htm"sv,
                                "CONIN$"sv}) {
         EXPECT_NE(pageNameFault(bad), "") << bad;

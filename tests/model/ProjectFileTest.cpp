@@ -12,11 +12,11 @@ namespace {
 
 /// Header and options of a new project.
 Text emptyProject() {
-    return formatProject({}, {});
+    return test::projectFile({}, {});
 }
 
 ParsedProject parse(const Text& afterOptions) {
-    return parseProject(emptyProject() + afterOptions);
+    return test::parsed(emptyProject() + afterOptions);
 }
 
 Text record(TextView title, TextView body = "text") {
@@ -31,7 +31,7 @@ Text withLfOnly(Text text) {
 } // namespace
 
 TEST(FieldReader, TakesFieldsByTheRulesOfCommaSeparatedValues) {
-    FieldReader fields("  a b  ,\" c, \"\"d\r\ne\"  \r\nx\"y\r\r\n\"open");
+    FieldReader fields(text::Bytes("  a b  ,\" c, \"\"d\r\ne\"  \r\nx\"y\r\r\n\"open"));
     EXPECT_EQ(fields.next(), "a b");
     EXPECT_EQ(fields.next(), " c, "); // a second quote starts the next field
     EXPECT_EQ(fields.next(), "d\r\ne");
@@ -64,7 +64,7 @@ TEST(ProjectFile, WritesEveryFieldInItsPlace) {
     topic.shortDescription = " short ";
     topic.image = "Leaf";
     topic.keywords = "k1; k2";
-    const Text file = formatProject(test::outlineOf({topic}), options);
+    const Text file = test::projectFile(test::outlineOf({topic}), options);
     EXPECT_EQ(file, lines({"HTML Topicsmith Format 1",
                            "Name",
                            "style.css",
@@ -97,7 +97,7 @@ TEST(ProjectFile, WritesEveryFieldInItsPlace) {
                            "\"line 1",
                            "line 2\""}));
 
-    const ParsedProject read = parseProject(file);
+    const ParsedProject read = test::parsed(file);
     EXPECT_EQ(read.stop, LoadStop::none);
     EXPECT_EQ(read.options, options);
     topic.title = "a, 'b'";
@@ -115,7 +115,7 @@ TEST(ProjectFile, NewProjectsHaveTheirDefaults) {
 }
 
 TEST(ProjectFile, OptionsAcceptBlanksLetterCaseAndQuotes) {
-    const ParsedProject read = parseProject(lines(
+    const ParsedProject read = test::parsed(lines(
         {"\"HTML Topicsmith Format 1\"", "\" name \"", "\" a.css \"", "", "", "", "  TRUE ", "",
          "yes", "1", "true", "", "False", "\"True\"", " 1 ", "False", "False", "False", "False"}));
     EXPECT_EQ(read.stop, LoadStop::none);
@@ -130,32 +130,33 @@ TEST(ProjectFile, ANavigationTypeWithoutANameStays) {
     ProjectOptions options;
     for (const int number : {7, -1, 2147483647}) {
         options.navigationType = static_cast<NavigationType>(number);
-        const Text file = formatProject(test::flatOutline(1), options);
+        const Text file = test::projectFile(test::flatOutline(1), options);
         EXPECT_NE(file.find("\r\n" + std::to_string(number) + "\r\n"), Text::npos);
-        EXPECT_EQ(parseProject(file).options, options);
+        EXPECT_EQ(test::parsed(file).options, options);
     }
 }
 
 TEST(ProjectFile, EveryByteSurvives) {
-    Text all;
+    std::string bytes;
     for (int i = 0; i < 256; ++i) {
         if (i != '"') {
-            all += static_cast<char>(i);
+            bytes += static_cast<char>(i);
         }
     }
+    const Text all = text::CodePage().decoded(bytes);
     const TopicOutline outline =
         test::outlineOf({test::topic(1,
-                                     "x\n\xFF"
+                                     "x\n\u00FF"
                                      "y",
                                      "a.htm", "x" + all + "y"),
-                         test::topic(1, "bare\nfeed", "b.htm", "\n\xA0\t")});
-    EXPECT_EQ(parseProject(formatProject(outline, {})).outline, outline);
+                         test::topic(1, "bare\nfeed", "b.htm", "\n\u00A0\t")});
+    EXPECT_EQ(test::parsed(test::projectFile(outline, {})).outline, outline);
 }
 
 TEST(ProjectFile, FilesConvertedToLineFeedsReadTheSame) {
     const TopicOutline outline =
         test::outlineOf({test::topic(1, "A", "a.htm", "one\r\ntwo, three"), Topic()});
-    const ParsedProject read = parseProject(withLfOnly(formatProject(outline, {})));
+    const ParsedProject read = test::parsed(withLfOnly(test::projectFile(outline, {})));
     EXPECT_EQ(read.stop, LoadStop::none);
     EXPECT_EQ(read.outline.at(1).body, "one\r\ntwo, three");
     EXPECT_EQ(read.outline.count(), 2);
@@ -190,21 +191,21 @@ TEST(ProjectFile, StopsWhereTheFileIsWrong) {
         {eightFields + "\r\n\"cut body", LoadStop::endInBody, 3},
     };
     for (const auto& [file, stop, topics] : cases) {
-        const ParsedProject read = parseProject(file);
+        const ParsedProject read = test::parsed(file);
         EXPECT_EQ(read.stop, stop) << file;
         EXPECT_EQ(read.outline.count(), topics) << file;
     }
-    EXPECT_EQ(parseProject(good + "stray\r\nlines\r\n").stopLine, 19 + 2 * 11 + 1);
-    EXPECT_EQ(parseProject(withLfOnly(good + "stray\r\nlines\r\n")).stopLine, 42);
+    EXPECT_EQ(test::parsed(good + "stray\r\nlines\r\n").stopLine, 19 + 2 * 11 + 1);
+    EXPECT_EQ(test::parsed(withLfOnly(good + "stray\r\nlines\r\n")).stopLine, 42);
 
-    const ParsedProject cut = parseProject("HTML Topicsmith Format 1\r\nname\r\n");
+    const ParsedProject cut = test::parsed("HTML Topicsmith Format 1\r\nname\r\n");
     ProjectOptions named;
     named.projectName = "name";
     EXPECT_EQ(cut.options, named) << "what is missing stays as in a new project";
 
     const TopicOutline full = test::flatOutline(TopicOutline::maxTopics);
-    EXPECT_EQ(parseProject(formatProject(full, {})).stop, LoadStop::none);
-    const ParsedProject tooLong = parseProject(formatProject(full, {}) + record("one more"));
+    EXPECT_EQ(test::parsed(test::projectFile(full, {})).stop, LoadStop::none);
+    const ParsedProject tooLong = test::parsed(test::projectFile(full, {}) + record("one more"));
     EXPECT_EQ(tooLong.stop, LoadStop::topicLimit);
     EXPECT_EQ(tooLong.outline, full);
 }

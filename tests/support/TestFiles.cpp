@@ -103,4 +103,12 @@ model::TopicOutline outlineOf(std::initializer_list<model::Topic> topics) {
     return outline;
 }
 
+std::string projectFile(const model::TopicOutline& outline, const model::ProjectOptions& options) {
+    return test::projectFile(outline, options).value;
+}
+
+model::ParsedProject parsed(std::string file) {
+    return test::parsed(text::Bytes(std::move(file)));
+}
+
 } // namespace test

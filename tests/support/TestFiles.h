@@ -53,4 +53,8 @@ model::TopicOutline flatOutline(int count);
 
 model::TopicOutline outlineOf(std::initializer_list<model::Topic> topics);
 
+// A project as its file holds it.
+std::string projectFile(const model::TopicOutline& outline, const model::ProjectOptions& options);
+model::ParsedProject parsed(std::string file);
+
 } // namespace test

@@ -1,53 +1,117 @@
 #include "text/Text.h"
 
 #include <gtest/gtest.h>
+#include <random>
 
 #include "text/CodePage.h"
+#include "text/ForeignText.h"
+#include "text/Path.h"
 
 using namespace text;
 
 TEST(Text, OnlySpacesAreBlanks) {
     EXPECT_EQ(trim("  a b  "), "a b");
     EXPECT_EQ(trim("   "), "");
-    EXPECT_EQ(trim(" \t\xA0\r\n "), "\t\xA0\r\n");
+    EXPECT_EQ(trim(" \t\u00A0\r\n "), "\t\u00A0\r\n");
 }
 
-TEST(Text, LetterCaseFoldsOverTheWholeCodePage) {
-    const Text capitals = "AZ\xC0\xD6\xD8\xDE\x8A\x8C\x8E\x9F";
-    const Text smalls = "az\xE0\xF6\xF8\xFE\x9A\x9C\x9E\xFF";
+TEST(Text, LetterCaseFoldsOverEveryScript) {
+    const Text capitals = "AZ\u00C0\u00D6\u00D8\u00DE\u0160\u0152\u017D\u0178\u042F\u03A9";
+    const Text smalls = "az\u00E0\u00F6\u00F8\u00FE\u0161\u0153\u017E\u00FF\u044F\u03C9";
     EXPECT_EQ(lowerCase(capitals), smalls);
     EXPECT_EQ(upperCase(smalls), capitals);
     EXPECT_TRUE(equalIgnoringCase(capitals, smalls));
+    EXPECT_TRUE(equalIgnoringCase("\u03C3\u03C2", "\u03A3\u03A3")); // at the end of a word, too
+    EXPECT_TRUE(startsWithIgnoringCase("\u0416x", "\u0436"));
+    EXPECT_FALSE(startsWithIgnoringCase("\u0416", "\u0436x"));
 
-    const Text alone = "@[`{\xD7\xF7\xDF\xB5\x83\xAA"; // signs, sharp s, micro, florin, ordinal
+    // Signs, sharp s, micro, florin, ordinal, a byte of no character.
+    const Text alone = "@[`{\u00D7\u00F7\u00DF\u00B5\u0192\u00AA\xE9";
     EXPECT_EQ(lowerCase(alone), alone);
     EXPECT_EQ(upperCase(alone), alone);
-    EXPECT_FALSE(equalIgnoringCase("\xD7", "\xF7"));
+    EXPECT_FALSE(equalIgnoringCase("\u00D7", "\u00F7"));
+    EXPECT_FALSE(equalIgnoringCase("\xE9", "\xC9"));
+    EXPECT_FALSE(equalIgnoringCase("\u0131", "i"));
     EXPECT_FALSE(equalIgnoringCase("a", "ab"));
 }
 
-TEST(CodePage, EveryByteSurvivesTheWayThroughUnicode) {
-    Text all;
+TEST(Unicode, TakesDamagedBytesOneByOne) {
+    const auto taken = [](std::string_view utf8) {
+        std::u32string characters;
+        while (!utf8.empty()) {
+            characters += takeUtf8(utf8);
+        }
+        return characters;
+    };
+    EXPECT_EQ(taken("a\u0416\U0001F600"), U"a\u0416\U0001F600");
+    EXPECT_EQ(taken("a\xC3"), U"a\uFFFD");                   // cut
+    EXPECT_EQ(taken("\xE2\x28\xA1"), U"\uFFFD(\uFFFD");      // broken in the middle
+    EXPECT_EQ(taken("\xE0\x80\xAF"), U"\uFFFD\uFFFD\uFFFD"); // longer than needed
+    EXPECT_EQ(taken("\xED\xA0\x80"), U"\uFFFD\uFFFD\uFFFD"); // half a character
+    EXPECT_FALSE(isUtf8("12345678\xC3"));
+    EXPECT_TRUE(isUtf8("\uFFFD"));
+}
+
+TEST(CodePage, EveryByteOfTheWesternOneComesBack) {
+    std::string all;
     for (int i = 0; i < 256; ++i) {
         all += static_cast<char>(i);
     }
-    EXPECT_EQ(fromUtf8(toUtf8(all)), all);
-    EXPECT_EQ(toUtf8("\x80 \xE9 \x9F \x81"), "\u20AC \u00E9 \u0178 \u0081");
+    const CodePage western;
+    EXPECT_EQ(western.encoded(western.decoded(all), Missing::questionMark).value, all);
+    EXPECT_EQ(western.decoded("\x80 \xE9 \x9F \x81"), "\u20AC \u00E9 \u0178 \u0081");
+
+    const char* pieces[] = {"&#",      "&#1055;",    "&#8364;",  "&#233;", "&#01055;",
+                            "&#x41F;", "&#8201;",    ";",        "1055",   "&",
+                            "&#0;",    "&#1114112;", "&#55296;", "&#129;"};
+    std::minstd_rand random(7);
+    for (int i = 0; i < 2000; ++i) {
+        std::string bytes;
+        for (auto length = random() % 20; length > 0; --length) {
+            bytes += random() % 2 == 0 ? pieces[random() % std::size(pieces)]
+                                       : std::string(1, static_cast<char>(random() % 256));
+        }
+        EXPECT_EQ(western.encoded(western.decodedHtml(bytes), Missing::reference).value, bytes);
+        EXPECT_EQ(western.encodedSize(western.decodedHtml(bytes)), bytes.size());
+    }
 }
 
-TEST(CodePage, WhatTheCodePageLacksBecomesAQuestionMark) {
-    EXPECT_EQ(fromUtf8("a\u0416b\U0001F600c"), "a?b?c");
-    EXPECT_EQ(fromUtf8("a\xC3"), "a?");         // cut
-    EXPECT_EQ(fromUtf8("\xE2\x28\xA1"), "?(?"); // broken in the middle
-    EXPECT_EQ(fromUtf8("\xE0\x80\xAF"), "???"); // longer than needed
-    EXPECT_EQ(fromUtf8("\xED\xA0\x80"), "???"); // half a character
+TEST(CodePage, LettersThatItLacksAreReferences) {
+    const CodePage western;
+    const CodePage russian(1251);
+    const Text text = "a\u0416\u00E9\U0001F600";
+    EXPECT_EQ(western.encoded(text, Missing::reference).value, "a&#1046;\xE9&#128512;");
+    EXPECT_EQ(western.encoded(text, Missing::questionMark).value, "a?\xE9?");
+    EXPECT_EQ(russian.encoded(text, Missing::reference).value, "a\xC6&#233;&#128512;");
+    EXPECT_EQ(western.decodedHtml("&#1046;&#x416;&#233;&#8201;\xE9"),
+              "\u0416&#x416;&#233;&#8201;\u00E9");
+    EXPECT_EQ(russian.decodedHtml("\xC6&#1046;&#233;"), "\u0416&#1046;\u00E9");
+    EXPECT_FALSE(western.hasAll(text));
+    EXPECT_FALSE(russian.has(0x98)); // a gap
+    EXPECT_EQ(CodePage(932).encoded("\u65E5a\uFF71\u9AD9", Missing::reference).value,
+              "\x93\xFA"
+              "a\xB1\xFB\xFC");
+    EXPECT_EQ(CodePage(932).decoded("\x93\xFA"
+                                    "a"),
+              "\u65E5a");
 }
 
-TEST(CodePage, PageNamesKeepTheirLettersInTheFileSystem) {
-    EXPECT_EQ(nativePath("Gr\xF6\xDF"
-                         "e.htm"),
-              std::filesystem::path(u8"Größe.htm"));
-    EXPECT_EQ(nativePath("a\\b.htm"), "a/b.htm");
-    EXPECT_EQ(displayText(std::filesystem::path(u8"/x/Größe.htm")), "/x/Gr\xF6\xDF"
-                                                                    "e.htm");
+TEST(CodePage, ForeignTextsSayWhatTheyAre) {
+    const Text word = "\u0416\u00E9";
+    for (const std::string& bytes :
+         {"\xEF\xBB\xBF" + word, word, std::string("\xFF\xFE\x16\x04\xE9\x00", 6),
+          std::string("\xFE\xFF\x04\x16\x00\xE9", 6)}) {
+        EXPECT_EQ(decodedSource(bytes, 1252).utf8, word);
+        EXPECT_EQ(decodedForeignPage(bytes, 1252), word);
+    }
+    EXPECT_EQ(decodedForeignPage("<meta charset=windows-1251>\xC6", 1252).substr(27), "\u0416");
+    EXPECT_EQ(decodedForeignPage("<meta charset=windows-1252>" + word, 1252).substr(27),
+              "\u00D0\u2013\u00C3\u00A9"); // a page is what it says
+    EXPECT_EQ(decodedForeignPage("\xE9" + word, 1252), "\u00E9\u00D0\u2013\u00C3\u00A9");
+}
+
+TEST(Path, PageNamesKeepTheirLettersInTheFileSystem) {
+    EXPECT_EQ(nativePath("Größe\\Ж.htm"), std::filesystem::path(u8"Größe/Ж.htm"));
+    EXPECT_EQ(displayText(std::filesystem::path(u8"/x/Größe.htm")), "/x/Größe.htm");
+    EXPECT_EQ(attributeText(std::filesystem::path(u8"/it's Ж/")), "/it&#39;s Ж");
 }

@@ -80,8 +80,8 @@ TEST(Finder, GoesRoundOnceFromTheSelectedTopic) {
 TEST(Finder, MindsCaseAndWholeWordsWhenTold) {
     EXPECT_EQ(searchAll({"tab"}, titles({"Table", "A Tab tab"})), "1t0 2t2 2t6 -");
     EXPECT_EQ(searchAll({"tab", true}, titles({"Table", "A Tab tab"})), "2t6 -");
-    EXPECT_EQ(searchAll({"\xC9T\xC9"}, titles({"l'\xE9t\xE9"})), "1t2 -");
-    EXPECT_EQ(searchAll({"\xC9T\xC9", true}, titles({"l'\xE9t\xE9"})), "none");
+    EXPECT_EQ(searchAll({"\u00C9T\u00C9"}, titles({"l'\u00E9t\u00E9"})), "1t2 -");
+    EXPECT_EQ(searchAll({"\u00C9T\u00C9", true}, titles({"l'\u00E9t\u00E9"})), "none");
     const FindQuestion word{"save", false, true};
     EXPECT_EQ(
         searchAll(word, titles({"Save now", "To save, or not", "save", "unsave save", "saved"})),
@@ -174,10 +174,10 @@ TEST(Finder, FindsWhatAPlainSearchFinds) {
 }
 
 TEST(Finder, ATermThatBeginsAgainAndAgainTakesNoLonger) {
-    const Text most(100000, '\xC4');
+    const Text most(100000, 'A');
     const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(searchAll({.text = most + "b", .bodies = true},
-                        Host(test::outlineOf({topic(1, "t", "t.htm", most + most + "\xE4 b")}))),
+                        Host(test::outlineOf({topic(1, "t", "t.htm", most + most + "\u00E4 b")}))),
               "none");
     EXPECT_EQ(searchAll({.text = most, .wholeWords = true, .bodies = true},
                         Host(test::outlineOf({topic(1, "t", "t.htm", most + most + ' ' + most)}))),

@@ -55,9 +55,9 @@ protected:
 
 TEST(WordReader, FindsWordsWithTheirPlaces) {
     EXPECT_EQ(wordsOf("The fox,\r\n'tis so!"), "The@0+3 fox@4+3 tis@11+3 so@15+2");
-    EXPECT_EQ(wordsOf("caf&eacute; &#233;t\xE9 na&#xEF;ve"), "café@0+11 été@12+8 naïve@21+10");
-    EXPECT_EQ(wordsOf("don't don\x92t don&rsquo;t \x92x\x92"),
-              "don't@0+5 don't@6+5 don't@12+11 x@25+1");
+    EXPECT_EQ(wordsOf("caf&eacute; &#233;t\u00E9 na&#xEF;ve"), "café@0+11 été@12+9 naïve@22+10");
+    EXPECT_EQ(wordsOf("don't don\u2019t don&rsquo;t \u2019x\u2019"),
+              "don't@0+5 don't@6+7 don't@14+11 x@29+1");
     EXPECT_EQ(wordsOf("a&nbsp;b&amp;c &#937;mega"), "a@0+1 b@7+1 c@13+1 Ωmega@15+10");
     EXPECT_EQ(wordsOf("well-known and/or"), "well@0+4 known@5+5 and@11+3 or@15+2");
     EXPECT_EQ(wordsOf(""), "");
@@ -78,7 +78,7 @@ TEST(WordReader, LeavesOutWhatIsNoProse) {
 }
 
 TEST(WordReader, SeesAllThatIsProse) {
-    EXPECT_EQ(letters("He said 'one two.' \x91three.\x92 End."), "He said one two three End");
+    EXPECT_EQ(letters("He said 'one two.' \u2018three.\u2019 End."), "He said one two three End");
     EXPECT_EQ(letters("doesn&#146;t five&dagger; six&rarr;seven"), "doesn't five six seven");
     EXPECT_EQ(letters("if x <5 then <b>bold</b>"), "if x then bold");
     EXPECT_EQ(letters("<p align=it's>one</p> don't <b>x</b> wo<!-- c -->rd"), "one don't x");
@@ -124,7 +124,7 @@ TEST(Dictionary, KnowsItsEncoding) {
 }
 
 TEST_F(SpellingTest, ComesBackUnchangedToTheByte) {
-    const Text text = "<p>The fox\r\n\n\tdon\x92t  caf&eacute; \x81</p>";
+    const Text text = "<p>The fox\r\n\n\tdon\u2019t  caf&eacute; \u0081</p>";
     EXPECT_EQ(begin(text), "-");
     EXPECT_EQ(spelling.text(), text);
     EXPECT_EQ(begin("f&ouml;ks"), "föks");
@@ -134,7 +134,7 @@ TEST_F(SpellingTest, ComesBackUnchangedToTheByte) {
 }
 
 TEST_F(SpellingTest, CorrectsInPlace) {
-    EXPECT_EQ(begin("The qick <b class='foks'>brwn</b> foks\r\ndon\x92"
+    EXPECT_EQ(begin("The qick <b class='foks'>brwn</b> foks\r\ndon\u2019"
                     "d qick"),
               "qick");
     spelling.change("quick");
@@ -147,11 +147,11 @@ TEST_F(SpellingTest, CorrectsInPlace) {
     spelling.change("don't");
     EXPECT_EQ(next(), "qick");
     EXPECT_EQ(next(), "-");
-    EXPECT_EQ(spelling.text(), "The quick <b class='foks'></b> fox & &#937;\r\ndon\x92t qick");
+    EXPECT_EQ(spelling.text(), "The quick <b class='foks'></b> fox & \u03A9\r\ndon\u2019t qick");
 }
 
 TEST_F(SpellingTest, ChangesAndIgnoresEverywhere) {
-    EXPECT_EQ(begin("qick foks qick x\xE9 foks brwn"), "qick");
+    EXPECT_EQ(begin("qick foks qick x\u00E9 foks brwn"), "qick");
     spelling.changeAll("quickly");
     EXPECT_EQ(next(), "foks");
     spelling.ignoreAll();
@@ -161,13 +161,13 @@ TEST_F(SpellingTest, ChangesAndIgnoresEverywhere) {
     EXPECT_EQ(spelling.text().substr(spelling.word().start), "brwn");
     spelling.change("brown");
     EXPECT_EQ(next(), "-");
-    EXPECT_EQ(spelling.text(), "quickly foks quickly x\xE9 foks brown");
+    EXPECT_EQ(spelling.text(), "quickly foks quickly x\u00E9 foks brown");
     EXPECT_EQ(begin("qick foks"), "-");
     EXPECT_EQ(spelling.text(), "quickly foks");
 }
 
 TEST_F(SpellingTest, KeepsAddedWordsAndGoesOnInAnotherLanguage) {
-    EXPECT_EQ(begin("na\xEFv"), "naïv");
+    EXPECT_EQ(begin("na\u00EFv"), "naïv");
     EXPECT_FALSE(spelling.add());
     EXPECT_EQ(begin("na&iuml;v fox"), "-");
     PersonalWords again(folder / "personal.txt");

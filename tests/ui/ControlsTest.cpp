@@ -26,13 +26,15 @@ protected:
 
 TEST_F(Controls, OffsetsInABoxOfManyLinesAreThoseOfItsText) {
     TextBox box(window, TextBox::Lines::many);
-    const text::Text text = "ab\r\n\r\nc\xA0\xE4\r\n";
+    const text::Text text = "ab\r\n\r\nc\u00A0\u0416\U0001F600\r\n";
     box.setText(text);
     for (std::size_t start = 0; start <= text.size(); ++start) {
         for (std::size_t length = 0; start + length <= text.size(); ++length) {
-            const bool insideBreak = (start > 0 && text[start - 1] == '\r')
-                                     || (start + length > 0 && text[start + length - 1] == '\r');
-            if (insideBreak) {
+            const auto isInside = [&text](std::size_t at) { // a line break or a character
+                return (at > 0 && text[at - 1] == '\r')
+                       || (at < text.size() && text::continuesCharacter(text[at]));
+            };
+            if (isInside(start) || isInside(start + length)) {
                 continue;
             }
             box.select(start, length);
@@ -48,7 +50,7 @@ TEST_F(Controls, OffsetsInABoxOfManyLinesAreThoseOfItsText) {
     box.select(4, 2);
     box.replaceSelection("x\r\ny");
     EXPECT_EQ(changes, 1);
-    EXPECT_EQ(box.text(), "ab\r\nx\r\nyc\xA0\xE4\r\n");
+    EXPECT_EQ(box.text(), "ab\r\nx\r\nyc\u00A0\u0416\U0001F600\r\n");
     box.setText("set");
     EXPECT_EQ(changes, 1); // the program's own doing
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "text/ForeignText.h"
 #include "workshop/Encoding.h"
 
 using namespace workshop;
@@ -48,12 +49,13 @@ TEST(PageFacts, NamesWhatAPageNeeds) {
 
 TEST(Encoding, PagesSayThemselvesHowTheyAreWritten) {
     const std::string word = "\u0416\u00E9";
-    EXPECT_EQ(decodedPage("\xEF\xBB\xBF" + word, 1252), word);
-    EXPECT_EQ(decodedPage("<?xml version='1.0' encoding='utf-8'?>" + word, 1252).substr(38), word);
-    EXPECT_EQ(decodedPage(std::string("\xFF\xFE\x16\x04\xE9\x00", 6), 1252), word);
-    EXPECT_EQ(decodedPage("<meta charset=windows-1251>\xC6", 1252).substr(27), "\u0416");
-    EXPECT_EQ(decodedPage("<meta charset=iso-8859-2>\xB1", 1252).substr(25), "\u0105");
-    EXPECT_EQ(decodedPage("\x80\xE9", 1252), "\u20AC\u00E9");
+    EXPECT_EQ(text::decodedPage("\xEF\xBB\xBF" + word, 1252), word);
+    EXPECT_EQ(text::decodedPage("<?xml version='1.0' encoding='utf-8'?>" + word, 1252).substr(38),
+              word);
+    EXPECT_EQ(text::decodedPage(std::string("\xFF\xFE\x16\x04\xE9\x00", 6), 1252), word);
+    EXPECT_EQ(text::decodedPage("<meta charset=windows-1251>\xC6", 1252).substr(27), "\u0416");
+    EXPECT_EQ(text::decodedPage("<meta charset=iso-8859-2>\xB1", 1252).substr(25), "\u0105");
+    EXPECT_EQ(text::decodedPage("\x80\xE9", 1252), "\u20AC\u00E9");
 }
 
 TEST(Encoding, WhatACodePageLacksIsReplaced) {

@@ -78,17 +78,17 @@ TEST_F(frmEditBodyCommands, EmptyBodiesStartFromTheTemplate) {
     settle();
     test::writeBytes(folder / "page.txt", "<p>\xE4\r\n");
     openFirst();
-    EXPECT_EQ(editor().txtBody.text(), "<p>\xE4\r\n");
+    EXPECT_EQ(editor().txtBody.text(), "<p>\u00E4\r\n");
     EXPECT_TRUE(editor().changed());
     expectCloseQuestion(Answer::no);
     editor().close();
     settle();
     std::filesystem::remove(folder / "page.txt"); // it was read once
     openFirst();
-    EXPECT_EQ(editor().txtBody.text(), "<p>\xE4\r\n");
+    EXPECT_EQ(editor().txtBody.text(), "<p>\u00E4\r\n");
     expectCloseQuestion(Answer::yes);
     editor().close();
-    EXPECT_EQ(topic(1).body, "<p>\xE4\r\n");
+    EXPECT_EQ(topic(1).body, "<p>\u00E4\r\n");
 }
 
 TEST_F(frmEditBodyCommands, PicturesAndLinksComeFromTheProjectsFolders) {
@@ -131,7 +131,7 @@ TEST_F(frmEditBodyCommands, PicturesAndLinksComeFromTheProjectsFolders) {
                                  "*.*", ""},
                     folder / "html" / "b.htm");
     EXPECT_TRUE(pressButton(editor(), "Insert Page Link"));
-    EXPECT_EQ(body(), "<a href='..\\html\\b.htm'>Title of \xC4</a>|");
+    EXPECT_EQ(body(), "<a href='..\\html\\b.htm'>Title of \u00C4</a>|");
 
     editor().txtBody.setText("");
     whenModal([](ui::Window& dialog) {
@@ -163,8 +163,8 @@ TEST_F(frmEditBodyCommands, ATextFileComesInAtTheCaret) {
     editor().txtBody.select(1, 0);
     prompter.expect(question(folder.path()), folder / "texts" / "t.txt");
     EXPECT_TRUE(pressButton(editor(), "Import from File"));
-    EXPECT_EQ(body(), "1\r\na\xFC\r\n|b");
+    EXPECT_EQ(body(), "1\r\na\u00FC\r\n|b");
     prompter.expect(question(folder / "texts"), {});
     EXPECT_TRUE(choose(editor(), {"File", "Import"}));
-    EXPECT_EQ(body(), "1\r\na\xFC\r\n|b");
+    EXPECT_EQ(body(), "1\r\na\u00FC\r\n|b");
 }

@@ -9,7 +9,7 @@ using ui::QuestionIcon;
 using frmEditBody = test::TopicEditor;
 
 TEST_F(frmEditBody, SavesIntoTheTopicWhenAsked) {
-    edit("text\n\xE4");
+    edit("text\n\u00E4");
     EXPECT_EQ(editor().caption(), "Edit Topic - a");
     EXPECT_FALSE(editor().changed());
     press("Ctrl+S");
@@ -19,7 +19,7 @@ TEST_F(frmEditBody, SavesIntoTheTopicWhenAsked) {
     EXPECT_TRUE(editor().changed());
     EXPECT_TRUE(isMarkedChanged(editor()));
     EXPECT_NE(buttonPicture(editor(), "Save - Current Data Changed"), "");
-    EXPECT_EQ(topic(1).body, "text\n\xE4");
+    EXPECT_EQ(topic(1).body, "text\n\u00E4");
     editor().txtKeywords.setFocus();
     type("one;two");
     editor().txtShortDesc.setFocus();
@@ -27,7 +27,7 @@ TEST_F(frmEditBody, SavesIntoTheTopicWhenAsked) {
     editor().icboImage.setFocus();
     press("Down");
     EXPECT_TRUE(pressButton(editor(), "Save - Current Data Changed"));
-    EXPECT_EQ(topic(1).body, "\xFCtext\r\n\xE4");
+    EXPECT_EQ(topic(1).body, "\u00FCtext\r\n\u00E4");
     EXPECT_EQ(topic(1).keywords, "one;two");
     EXPECT_EQ(topic(1).shortDescription, "short");
     EXPECT_EQ(topic(1).image, "New");
@@ -37,7 +37,7 @@ TEST_F(frmEditBody, SavesIntoTheTopicWhenAsked) {
     show(*window);
     window->lvLevels.setFocus();
     press("Ctrl+Z");
-    EXPECT_EQ(topic(1).body, "text\n\xE4");
+    EXPECT_EQ(topic(1).body, "text\n\u00E4");
     EXPECT_EQ(titles(), "a: b:");
 }
 
@@ -103,7 +103,7 @@ TEST_F(frmEditBody, EditsGoAndComeBackWithADeletedTopic) {
     EXPECT_EQ(window->editor(), nullptr);
     EXPECT_EQ(titles(), "b:");
     press("Ctrl+Z");
-    EXPECT_EQ(topic(1).body, "\xE4old");
+    EXPECT_EQ(topic(1).body, "\u00E4old");
 }
 
 TEST_F(frmEditBody, StaysOpenWhenAFieldIsTakenBack) {
@@ -123,7 +123,7 @@ TEST_F(frmEditBody, StaysOpenWhenAFieldIsTakenBack) {
 }
 
 TEST_F(frmEditBody, TakesBackWordByWordUntilNothingIsChanged) {
-    edit("text\n\xE4");
+    edit("text\n\u00E4");
     EXPECT_TRUE(menuText(editor(), {"Edit"}).starts_with("(U&ndo\tCtrl+Z)\n(&Redo\tCtrl+Y)\n-\n"));
     type("one two ");
     press("Ctrl+B");
@@ -131,10 +131,10 @@ TEST_F(frmEditBody, TakesBackWordByWordUntilNothingIsChanged) {
     EXPECT_TRUE(menuText(editor(), {"Edit"})
                     .starts_with("U&ndo Typing\tCtrl+Z\n&Redo Make Bold\tCtrl+Y\n-\n"));
     EXPECT_TRUE(choose(editor(), {"Edit", "Undo Typing"}));
-    EXPECT_EQ(body(), "one |text\r\n\xE4");
+    EXPECT_EQ(body(), "one |text\r\n\u00E4");
     EXPECT_TRUE(editor().changed());
     press("Ctrl+Z");
-    EXPECT_EQ(editor().txtBody.text(), "text\n\xE4"); // byte by byte
+    EXPECT_EQ(editor().txtBody.text(), "text\n\u00E4"); // byte by byte
     EXPECT_FALSE(editor().changed());
     editor().txtKeywords.setFocus();
     type("k1 k2");
@@ -155,22 +155,22 @@ TEST_F(frmEditBody, TakesBackWordByWordUntilNothingIsChanged) {
 }
 
 TEST_F(frmEditBody, TabMovesSelectedLinesInAndOut) {
-    edit("a\r\n\r\n  \xE4\r\nc");
+    edit("a\r\n\r\n  \u00E4\r\nc");
     editor().txtBody.select(0, 8); // up to the end of the third line
     press("Tab");
-    EXPECT_EQ(body(), "|\ta\r\n\r\n\t  \xE4\r\nc");
+    EXPECT_EQ(body(), "|\ta\r\n\r\n\t  \u00E4\r\nc");
     press("Shift+Backtab");
-    EXPECT_EQ(body(), "|a\r\n\r\n  \xE4\r\nc");
+    EXPECT_EQ(body(), "|a\r\n\r\n  \u00E4\r\nc");
     press("Shift+Backtab");
-    EXPECT_EQ(body(), "|a\r\n\r\n\xE4\r\nc");
+    EXPECT_EQ(body(), "|a\r\n\r\n\u00E4\r\nc");
     press("Ctrl+Z");
-    EXPECT_EQ(editor().txtBody.countedText(), "a\r\n\r\n  \xE4\r\nc");
+    EXPECT_EQ(editor().txtBody.countedText(), "a\r\n\r\n  \u00E4\r\nc");
     editor().txtBody.select(0, 3); // not the line at whose start it ends
     press("Tab");
-    EXPECT_EQ(body(), "|\ta\r\n\r\n  \xE4\r\nc");
+    EXPECT_EQ(body(), "|\ta\r\n\r\n  \u00E4\r\nc");
     editor().txtBody.select(100, 0);
     press("Tab");
-    EXPECT_EQ(body(), "\ta\r\n\r\n  \xE4\r\nc\t|");
+    EXPECT_EQ(body(), "\ta\r\n\r\n  \u00E4\r\nc\t|");
     press("Shift+Backtab"); // nothing selected: leaves the box
     EXPECT_FALSE(editor().txtBody.hasFocus());
 }
@@ -181,7 +181,7 @@ TEST_F(frmEditBody, AFileIsNoTextToDrop) {
     dropFile(editor().txtKeywords, folder / "other.txt");
     EXPECT_FALSE(editor().changed());
     const model::ProjectOptions options;
-    test::writeBytes(folder / "other.tsp", model::formatProject(titled({"o"}), options));
+    test::writeBytes(folder / "other.tsp", test::projectFile(titled({"o"}), options));
     dropFile(window->txtTitle, folder / "other.tsp"); // the window opens it
     EXPECT_EQ(titles(), "o:");
 }
@@ -235,7 +235,7 @@ TEST_F(frmEditBody, KeepsItsPlacePerWindowState) {
 /// A picture in the text is a line without blanks. It would take time with the square of its length
 /// to break it at the blank in its tag, and to lay it out in colours.
 TEST_F(frmEditBody, AVeryLongLineIsBrokenAnywhereAndColouredAtItsBeginning) {
-    const text::Text picture = "<p>\xE4</p>\r\n<img src=data:" + text::Text(30000, 'A') + ">";
+    const text::Text picture = "<p>\u00E4</p>\r\n<img src=data:" + text::Text(30000, 'A') + ">";
     edit("<p>");
     const auto expectBounds = [this] {
         const LineLook look = lookOfLastLine(editor().txtBody);
@@ -251,7 +251,7 @@ TEST_F(frmEditBody, AVeryLongLineIsBrokenAnywhereAndColouredAtItsBeginning) {
     type("\xC3\xBC"
          "b");
     EXPECT_EQ(editor().txtBody.countedText(), text::Text(picture).replace(15000, 3,
-                                                                          "\xFC"
+                                                                          "\u00FC"
                                                                           "b"));
     EXPECT_EQ(editor().txtBody.selection().start, 15002U);
 }

@@ -59,7 +59,7 @@ TEST_F(frmPreview, ShowsTextPicturesAndStyleOfTheTopic) {
     test::writeBytes(folder / "look.css", "h1 { margin-bottom: 5000px }");
     model::ProjectOptions options;
     options.cssFile = "..\\look.css";
-    preview("<p>Gr\xFC\xDF"
+    preview("<p>Gr\u00FC\u00DF"
             "e</p><img src='..\\images\\tall.bmp'>",
             options);
     EXPECT_EQ(shown().caption(), "Preview of: a");
@@ -167,7 +167,7 @@ TEST_F(frmPreview, RichTextReadsPagesAsBrowsersDo) {
     preview(
         "<style><!-- pre { margin-top: 3000px } --></style>a < b &amp; c <!-- hidden -->"
         "<table border=1 nowrap><tr><td title='1 > \"2\"'>cell</table><a name=x>one<a name=y>two"
-        "<pre>\xE4\n  last</pre>");
+        "<pre>\u00E4\n  last</pre>");
     const std::string text = waitForPage(shown().brwPreview, "last");
     EXPECT_NE(text.find("a < b & c"), std::string::npos) << text;
     EXPECT_NE(text.find("cell"), std::string::npos) << text;

@@ -10,11 +10,10 @@ namespace {
 
 std::string described(const MessageBox& box) {
     std::ostringstream text;
-    text << "message \"" << text::toUtf8(box.text) << "\", title \"" << text::toUtf8(box.title)
-         << "\", buttons " << static_cast<int>(box.buttons) << ", icon "
-         << static_cast<int>(box.icon);
+    text << "message \"" << box.text << "\", title \"" << box.title << "\", buttons "
+         << static_cast<int>(box.buttons) << ", icon " << static_cast<int>(box.icon);
     for (const Text& words : {box.yes, box.no, box.cancel}) {
-        text << (words.empty() ? "" : ", \"" + text::toUtf8(words) + '"');
+        text << (words.empty() ? "" : ", \"" + words + '"');
     }
     return text.str();
 }
