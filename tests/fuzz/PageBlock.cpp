@@ -23,19 +23,20 @@ bool holdsEndMarker(TextView body) {
 
 /// Any page is read without a crash, and any body comes back from its page as it was.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const Text input(reinterpret_cast<const char*>(data), size);
-    if (const auto block = findProtectedBlock(input)) {
+    const CodePage codePage;
+    const Text input = codePage.decoded({reinterpret_cast<const char*>(data), size});
+    if (const auto block = findProtectedBlock(input, codePage)) {
         require(block->asIs.empty() || input.find(block->asIs) != Text::npos, "not of the page");
         require(block->content.size() <= 2 * input.size(), "more than the page holds");
     }
     if (!holdsEndMarker(input)) {
         Text page;
-        appendProtectedBlock(page, input);
-        const auto block = findProtectedBlock(page);
+        appendProtectedBlock(page, input, codePage);
+        const auto block = findProtectedBlock(page, codePage);
         require(block.has_value(), "a written block is not found");
         const TextView expected = input.empty() ? placeholderBody : TextView(input);
         require(block->asIs == expected, "the body differs");
-        require(static_cast<std::size_t>(block->generatedLength) == expected.size(),
+        require(static_cast<std::size_t>(block->generatedLength) == codePage.encodedSize(expected),
                 "the length differs");
     }
     return 0;

@@ -38,12 +38,13 @@ ParsedProject settled(ParsedProject project) {
 /// Any input is read without a crash; and what is read without a message is the same project after
 /// it was saved and read again, as often as one likes.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const ParsedProject first = parseProject(Text(reinterpret_cast<const char*>(data), size));
+    const ParsedProject first =
+        parseProject(Bytes(std::string(reinterpret_cast<const char*>(data), size)));
     require(first.outline.count() <= TopicOutline::maxTopics, "too many topics");
     if (first.stop != LoadStop::none && first.stop != LoadStop::endInBody) {
         return 0;
     }
-    const Text saved = formatProject(first.outline, first.options);
+    const Bytes saved = formatProject(first.outline, first.options);
     const ParsedProject second = parseProject(saved);
     const ParsedProject expected = settled(first);
     require(second.stop == LoadStop::none, "a saved project does not load");

@@ -104,11 +104,11 @@ model::TopicOutline outlineOf(std::initializer_list<model::Topic> topics) {
 }
 
 std::string projectFile(const model::TopicOutline& outline, const model::ProjectOptions& options) {
-    return test::projectFile(outline, options).value;
+    return model::formatProject(outline, options).value;
 }
 
 model::ParsedProject parsed(std::string file) {
-    return test::parsed(text::Bytes(std::move(file)));
+    return model::parseProject(text::Bytes(std::move(file)));
 }
 
 } // namespace test

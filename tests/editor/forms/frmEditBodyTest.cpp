@@ -253,5 +253,5 @@ TEST_F(frmEditBody, AVeryLongLineIsBrokenAnywhereAndColouredAtItsBeginning) {
     EXPECT_EQ(editor().txtBody.countedText(), text::Text(picture).replace(15000, 3,
                                                                           "\u00FC"
                                                                           "b"));
-    EXPECT_EQ(editor().txtBody.selection().start, 15002U);
+    EXPECT_EQ(editor().txtBody.selection().start, 15003U);
 }
