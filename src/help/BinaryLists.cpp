@@ -88,7 +88,8 @@ std::vector<BinaryEntry> readBinaryContents(const ChmFile& file) {
         if ((flags & hasTopic) != 0) {
             entry.topic = value;
         } else if (value < strings.size()) {
-            entry.name = std::string(strings.substr(value, longestName).c_str());
+            entry.name = strings.substr(value, longestName);
+            entry.name.resize(std::min(entry.name.find('\0'), entry.name.size()));
         }
         entries.push_back(std::move(entry));
         open.push_back({wordAt(tree, place.offset + 0x10), place.depth});

@@ -69,8 +69,8 @@ private:
 
     struct Result {
         HelpTarget target;
-        std::size_t place; ///< of the page in the contents
-        int score;
+        std::size_t place = 0; ///< of the page in the contents
+        int score = 0;
     };
 
     HelpBook(std::filesystem::path path, std::unique_ptr<ChmFile> file);
