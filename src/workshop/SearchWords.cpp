@@ -141,10 +141,10 @@ void SearchWords::describeFolded(Character& known, std::string_view bytes) const
 SearchWords::Character SearchWords::described(char32_t unicode) const {
     Character known;
     known.isKnown = true;
-    known.isForeign = unicode >= firstForeign;
+    known.isSpecial = unicode >= firstForeign;
     known.small = text::lowerCase(unicode);
     const bool isLetter = isNaturalLetter(unicode);
-    known.isLetter = isLetter && !(isDoubleByte_ && known.isForeign);
+    known.isLetter = isLetter && !(isDoubleByte_ && known.isSpecial);
     const auto bytes = bytesOf(widened(unicode), codePage_);
     if (!bytes) {
         known.isLost = isLetter;
@@ -164,6 +164,7 @@ SearchWords::Character SearchWords::described(char32_t unicode) const {
         return known;
     }
     describeFolded(known, *bytes);
+    known.isSpecial = known.isSpecial || (known.isLetter && known.part == Part::none);
     const auto small = bytesOf(known.small, codePage_);
     for (const char byte : small ? *small : *bytes) {
         known.natural.append(static_cast<unsigned char>(byte));
@@ -294,7 +295,7 @@ void SearchWords::readNatural(const Character& character, char32_t unicode, cons
     hasLost = hasLost || character.isLost;
     if (character.isLetter) {
         beginNatural(at);
-        isSpecial_ = isSpecial_ || character.isForeign;
+        isSpecial_ = isSpecial_ || character.isSpecial;
         isLost_ = isLost_ || character.isLost;
     } else if (naturalStart_ != nullptr) {
         const bool joins = unicode == '\'' || unicode == curlyApostrophe || unicode == softHyphen;

@@ -31,7 +31,8 @@ struct SearchWord {
 ///   only, a word may be another one in small letters.
 /// - Other readers compare the bytes in small letters.
 ///
-/// A word with letters beyond ASCII or with an apostrophe is given in all forms, others once.
+/// A word with letters beyond ASCII, with an apostrophe, or with an underline that the table does
+/// not take for a letter is given in all forms, others once.
 class SearchWords {
 public:
     using Take = std::function<void(const SearchWord&)>;
@@ -66,7 +67,7 @@ private:
     struct Character {
         bool isKnown = false;
         bool isLetter = false;  ///< of natural words
-        bool isForeign = false; ///< beyond ASCII
+        bool isSpecial = false; ///< beyond ASCII, or not one of folded words
         bool isLost = false;    ///< a letter that the code page lacks
         Part part = Part::none; ///< of folded words
         char32_t small = 0;     ///< itself as a small letter

@@ -134,8 +134,9 @@ TEST_F(SearchTest, FindsTheWordsOfEveryLanguage) {
          "\u0130stanbul\u2019da \u011E\u00FCne\u015F \u0131",
          {"istanbul'da", "\u011F\u00FCne\u015F", "\u0131"}},
         {0x411,
-         "\u65E5\u672C Help \uFF76",
-         {"\u65E5", "\u672C", "help", "\u30AB"}}, // each character, the narrow one as a wide one
+         "\u65E5\u672C Help \uFF76 a_b",
+         {"\u65E5", "\u672C", "help", "\u30AB",
+          "a_b"}}, // each character, the narrow one as a wide one
         {0x804, "\u4E2D\u6587 ok", {"\u4E2D", "\u6587", "ok"}},
     };
     for (const Language& language : languages) {
