@@ -209,7 +209,7 @@ void frmOptions::chooseFile(const FileQuestion& question, const fs::path& counts
     }
     const fs::path path = pathFrom(countsFrom, platform::fullPath(*file));
     const Text text = text::displayText(path);
-    if (!model::ProjectOptions::codePage().hasAll(text)) {
+    if (!text::CodePage().hasAll(text)) {
         Prompter::current().ask(this,
                                 {"The name of this file has characters that a project cannot hold.",
                                  caption(), ui::Buttons::ok, ui::QuestionIcon::exclamation});

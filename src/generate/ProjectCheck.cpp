@@ -225,7 +225,7 @@ private:
     std::map<Text, int> pages_;
     std::map<Text, int> ids_;
     std::map<Text, int> numbers_;
-    text::CodePage codePage_ = model::ProjectOptions::codePage();
+    text::CodePage codePage_;
 };
 
 } // namespace

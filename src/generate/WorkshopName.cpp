@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 namespace {
 
 bool isInCodePage(const fs::path& name) {
-    return model::ProjectOptions::codePage().hasAll(text::displayText(name));
+    return text::CodePage().hasAll(text::displayText(name));
 }
 
 } // namespace

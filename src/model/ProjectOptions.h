@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "text/CodePage.h"
+#include "text/Language.h"
 
 namespace model {
 
@@ -39,9 +39,16 @@ struct ProjectOptions {
     bool documentationLinks = true;
     bool underlineLinks = false;
 
+    // These need a project file of format 2 where they are not as here (see ProjectFile.h).
+    text::Text languageTag = text::defaultLanguage; ///< see text::Language; may be unknown
+    bool keepsEveryCharacter = false;               ///< double quotes and outer blanks, too
+    text::Text otherKeys; ///< lines of the file's head that a later version will understand
+
+    const text::Language& language() const { return text::languageOf(languageTag); }
+
     /// In which pages, contents, index and the workshop's project are written, and whose letters
     /// file names and context strings can have.
-    static text::CodePage codePage() { return text::CodePage(); }
+    text::CodePage codePage() const { return text::CodePage(language().codePage); }
 
     bool operator==(const ProjectOptions&) const = default;
 };
