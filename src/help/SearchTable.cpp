@@ -12,6 +12,8 @@ namespace {
 constexpr std::size_t headerSize = 0x400;
 constexpr std::size_t nodeSize = 4096;
 constexpr unsigned mostBits = 32; ///< of a number
+constexpr unsigned mostLevels = 16;
+constexpr std::uint32_t mostPositions = 1U << 24U; ///< on one page
 
 /// Seven bits a byte, the lowest ones first; false at the end.
 bool takeLowFirst(std::string_view& bytes, std::uint64_t& number) {
@@ -70,7 +72,8 @@ std::optional<SearchTable> SearchTable::read(std::string bytes) {
     const bool isOne = bytes.starts_with(mark) && numberAt(bytes, 0x2E, 4) == nodeSize
                        && number(0x1E) == usualScale && number(0x20) == usualScale
                        && number(0x22) == usualScale && number(0x1F) < mostBits
-                       && number(0x21) < mostBits && number(0x23) < mostBits;
+                       && number(0x21) < mostBits && number(0x23) < mostBits
+                       && numberAt(bytes, 0x18, 2) <= mostLevels;
     if (!isOne) {
         return {};
     }
@@ -127,8 +130,14 @@ bool SearchTable::walk(std::string_view first,
     bool goesOn = true;
     bool isSound = true;
     std::size_t left = bytes_.size() / nodeSize; // leaves that lead in circles would have no end
+    std::uint64_t places = bytes_.size();        // nor would those of words in each other's
+    const auto takeInBounds = [&](const Entry& entry) {
+        isSound = isSound && entry.size <= places;
+        places -= std::min(places, entry.size);
+        return isSound && take(entry);
+    };
     for (std::uint64_t leaf = leafOf(first); leaf != 0 && goesOn && left > 0; --left) {
-        isSound = walkLeaf(leaf, take, goesOn) && isSound;
+        isSound = walkLeaf(leaf, takeInBounds, goesOn) && isSound;
         leaf = number(leaf, 4);
     }
     return isSound && (left > 0 || !goesOn);
@@ -168,7 +177,8 @@ bool SearchTable::PageReader::next() {
     std::uint32_t step = 0;
     std::uint32_t count = 0;
     isDamaged = !take(step, static_cast<unsigned>(table_.number(0x1F, 1)))
-                || !take(count, static_cast<unsigned>(table_.number(0x21, 1)));
+                || !take(count, static_cast<unsigned>(table_.number(0x21, 1)))
+                || count > mostPositions;
     topic += step;
     std::uint32_t position = 0;
     const auto root = static_cast<unsigned>(table_.number(0x23, 1));

@@ -126,6 +126,7 @@ TEST_F(HelpSearch, IsLookedAtByTheCheck) {
     EXPECT_EQ(faults(sound), Lines{});
     EXPECT_EQ(faults(changed(0, "x")), Lines{"is damaged"});
     EXPECT_EQ(faults(changed(0x10, "x")), Lines{"is damaged"}); // the number of leaves
+    EXPECT_EQ(faults(changed(0x18, "x")), Lines{"is damaged"}); // the levels
     const std::size_t root = index.size() - 4096;
     const std::string firstKey =
         index.substr(root + 4, static_cast<std::size_t>(index[root + 2]) - 1);
