@@ -34,9 +34,8 @@ fs::path CompileCommand::lastOutput() const {
 std::optional<fs::path> CompileCommand::chooseOutput() {
     const fs::path last = lastOutput();
     const fs::path proposed =
-        last.empty()
-            ? generate::siblingFile(generate::proposedWorkshopName(project_.projectPath()), "chm")
-            : last;
+        last.empty() ? generate::siblingFile(generate::proposedWorkshopName(project_), "chm")
+                     : last;
     return Prompter::current().chooseFile(&host_.window(),
                                           {ui::FileQuestion::Kind::save, "Compile Help To",
                                            "Compiled Help (*.chm)|*.chm|All Files (*.*)|*.*", 1,

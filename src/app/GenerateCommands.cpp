@@ -136,7 +136,7 @@ std::optional<fs::path> GenerateCommands::chooseWorkshopFile() {
         &host_.window(),
         {ui::FileQuestion::Kind::save, "Generate Help Workshop Files",
          "Help Workshop Files (*.hhp)|*.hhp|Text Files (*.txt)|*.txt|All Files (*.*)|*.*", 1,
-         session_.folder(), generate::proposedWorkshopName(project_.projectPath()), "hhp",
+         session_.folder(), generate::proposedWorkshopName(project_), "hhp",
          false}); // what was generated before is always replaced
     if (!chosen) {
         return {};
@@ -156,7 +156,7 @@ bool GenerateCommands::refuses(const std::optional<model::FileFailure>& fault,
 }
 
 bool GenerateCommands::mayGenerateInto(const fs::path& workshopFile, const char* command) {
-    return !refuses(generate::workshopNameFault(workshopFile, project_.projectPath()), command)
+    return !refuses(generate::workshopNameFault(workshopFile, project_), command)
            && settleEditedPages(workshopFile.parent_path() / model::pageFolderName);
 }
 

@@ -181,6 +181,10 @@ void frmMain::fillMenus() {
 }
 
 void frmMain::updateCommands() {
+    const text::CodePage codePage = project_.options().codePage();
+    for (ui::TextBox* box : {&txtFilename, &txtHelpID}) {
+        box->setCodePage(codePage); // which undoing changes, too
+    }
     commands_.update();
     const model::UndoHistory& history = project_.history();
     commands_.setSubject("mnuEditUndo", history.undoName());

@@ -1,6 +1,7 @@
 #include "app/frmMain.h"
 #include "app/frmOptions.h"
 #include "app/frmSplash.h"
+#include "model/Rereading.h"
 
 // What the main window does when a command is chosen.
 namespace app {
@@ -96,6 +97,11 @@ void frmMain::mnuFileProperties_Click() {
         const model::UndoStep step(project_, "Change Properties");
         project_.setOptions(edited);
         project_.markChanged(model::projectChanged);
+    });
+    options.Reread.connect([this](const text::Language& language) {
+        if (editor_.close()) {
+            model::rereadIn(project_, language);
+        }
     });
     options.TemplateEdited.connect([this] { editor_.forgetTemplates(); });
     options.run();

@@ -44,6 +44,7 @@ frmOptions::frmOptions(ui::Window& owner, const model::ProjectOptions& options,
     arrangeAdditional();
     arrangeNavigation();
     arrangeDocumentation();
+    arrangeLanguage();
     auto buttons = ui::Layout::row();
     buttons.addStretch().add(cmdOK).add(cmdCancel).add(cmdApply);
     auto content = ui::Layout::column();
@@ -108,7 +109,32 @@ void frmOptions::arrangeDocumentation() {
     tbsOptions.add("Documentation", "Set Options for Documentation Generation", pnlDocumentation);
 }
 
+void frmOptions::arrangeLanguage() {
+    for (const text::Language& language : text::languages()) {
+        icboLanguage.add(language.tag, language.name, "");
+    }
+    if (text::findLanguage(options_.languageTag) == nullptr) { // of a later version
+        icboLanguage.add(options_.languageTag, options_.languageTag, "");
+    }
+    for (ui::Label* label : {&lblCodePage, &lblEveryCharacter, &lblReread}) {
+        label->setWrapped();
+    }
+    auto language = ui::Layout::row();
+    language.withoutMargins().add(lblLanguage).add(icboLanguage, 1);
+    auto reread = ui::Layout::row();
+    reread.withoutMargins().add(cmdReread).addStretch();
+    auto column = ui::Layout::column();
+    column.add(std::move(language)).add(lblCodePage).addSpace(180);
+    column.add(chkEveryCharacter).add(lblEveryCharacter).addSpace(180);
+    column.add(lblReread).add(std::move(reread)).addStretch();
+    pnlLanguage.setLayout(std::move(column));
+    tbsOptions.add("Language", "Set the Language of the Help", pnlLanguage);
+}
+
 void frmOptions::fill() {
+    icboLanguage.select(options_.languageTag);
+    chkEveryCharacter.setChecked(options_.keepsEveryCharacter);
+    showLanguage();
     txtProjectName.setText(options_.projectName);
     txtCSS.setText(options_.cssFile);
     txtBImage.setText(options_.backgroundImage);
@@ -148,6 +174,9 @@ void frmOptions::watch() {
     for (ui::OptionButton& button : optNavType) {
         button.Click.connect(edited);
     }
+    UI_ON(icboLanguage, Change);
+    UI_ON(chkEveryCharacter, Click);
+    UI_ON(cmdReread, Click);
     UI_ON(chkCopyright, Click);
     UI_ON(cmdCSS, Click);
     UI_ON(cmdBImage, Click);
@@ -168,6 +197,30 @@ void frmOptions::setEdited(bool edited) {
 void frmOptions::chkCopyright_Click() {
     txtCopyright.setEnabled(chkCopyright.checked());
     setEdited(true);
+}
+
+void frmOptions::icboLanguage_Change() {
+    setEdited(true);
+    showLanguage();
+}
+
+void frmOptions::showLanguage() {
+    const text::Language& chosen = text::languageOf(icboLanguage.selectedKey());
+    lblCodePage.setCaption("Pages and contents are written in code page "
+                           + std::to_string(chosen.codePage)
+                           + ". Letters that it lacks become references in pages.");
+    // Other files say what they are written in.
+    cmdReread.setEnabled(options_.codePage() == text::CodePage() && !options_.keepsEveryCharacter
+                         && chosen.codePage != text::CodePage::western);
+}
+
+/// What was edited in texts is read anew with all others.
+void frmOptions::cmdReread_Click() {
+    const text::Language& language = text::languageOf(icboLanguage.selectedKey());
+    icboLanguage.select(options_.languageTag);
+    cmdApply_Click();
+    Reread.raise(language);
+    close();
 }
 
 /// Pages lie in a folder of their own, and what they show is found from there.
@@ -209,7 +262,7 @@ void frmOptions::chooseFile(const FileQuestion& question, const fs::path& counts
     }
     const fs::path path = pathFrom(countsFrom, platform::fullPath(*file));
     const Text text = text::displayText(path);
-    if (!text::CodePage().hasAll(text)) {
+    if (!options_.codePage().hasAll(text)) {
         Prompter::current().ask(this,
                                 {"The name of this file has characters that a project cannot hold.",
                                  caption(), ui::Buttons::ok, ui::QuestionIcon::exclamation});
@@ -220,6 +273,8 @@ void frmOptions::chooseFile(const FileQuestion& question, const fs::path& counts
 }
 
 void frmOptions::readBack() {
+    options_.languageTag = icboLanguage.selectedKey();
+    options_.keepsEveryCharacter = chkEveryCharacter.checked();
     options_.projectName = txtProjectName.text();
     options_.cssFile = txtCSS.text();
     options_.backgroundImage = txtBImage.text();
@@ -254,8 +309,8 @@ void frmOptions::cmdOK_Click() {
 /// Each page has its own help.
 void frmOptions::tbsOptions_Click() {
     constexpr ui::HelpContext contexts[] = {ui::pageOptionsHelp, ui::pageOptionsHelp,
-                                            ui::navigationOptionsHelp,
-                                            ui::documentationOptionsHelp};
+                                            ui::navigationOptionsHelp, ui::documentationOptionsHelp,
+                                            ui::languageOptionsHelp};
     setHelpContext(contexts[tbsOptions.selected()]);
 }
 

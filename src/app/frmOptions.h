@@ -3,6 +3,7 @@
 #include "model/ProjectOptions.h"
 #include "ui/Button.h"
 #include "ui/CheckBox.h"
+#include "ui/ImageCombo.h"
 #include "ui/OptionButton.h"
 #include "ui/Prompter.h"
 #include "ui/TabStrip.h"
@@ -20,6 +21,10 @@ public:
     /// Raised by Apply and OK when something was edited since.
     ui::Event<const model::ProjectOptions&> Apply;
 
+    /// Raised when the texts of the project are to be read anew in the language that was chosen;
+    /// the dialog is closed behind it. Whatever else was edited has been applied before.
+    ui::Event<const text::Language&> Reread;
+
     /// Raised with every edit of the template's name, applied or not.
     ui::Event<> TemplateEdited;
 
@@ -28,6 +33,7 @@ public:
     ui::Panel pnlAdditional{tbsOptions};
     ui::Panel pnlNavigation{tbsOptions};
     ui::Panel pnlDocumentation{tbsOptions};
+    ui::Panel pnlLanguage{tbsOptions};
 
     ui::TextBox txtProjectName{pnlGeneration};
     ui::TextBox txtCSS{pnlGeneration};
@@ -59,6 +65,10 @@ public:
     ui::CheckBox chkDocLinks{pnlDocumentation, "Docu&mentation includes Links to Help Topics"};
     ui::CheckBox chkUnderline{pnlDocumentation, "Un&derline the Help Topic Titles"};
 
+    ui::ImageCombo icboLanguage{pnlLanguage};
+    ui::CheckBox chkEveryCharacter{pnlLanguage, "Keep ever&y character in the project's file"};
+    ui::Button cmdReread{pnlLanguage, "Read Letters i&n This Language"};
+
     ui::Button cmdOK{*this, "OK"};
     ui::Button cmdCancel{*this, "Cancel"};
     ui::Button cmdApply{*this, "&Apply"};
@@ -68,6 +78,16 @@ public:
     ui::Label lblCSS{pnlGeneration, "Cascading &Style Sheet:", &txtCSS};
     ui::Label lblBImage{pnlGeneration, "&Background Image:", &txtBImage};
     ui::Label lblTemplate{pnlGeneration, "&Template Filename:", &txtTemplate};
+    ui::Label lblLanguage{pnlLanguage, "Language &of the help:", &icboLanguage};
+    ui::Label lblCodePage{pnlLanguage, ""};
+    ui::Label lblEveryCharacter{
+        pnlLanguage,
+        "Double quotes stay what they are, and blanks at the ends of texts. The file is "
+        "then of a kind that earlier versions of this program cannot open, as it is "
+        "for every language but English (United States)."};
+    ui::Label lblReread{pnlLanguage,
+                        "If letters of this project look wrong because its file was written in "
+                        "another language, choose that language and have them read again."};
     ui::Label lblAdditional{pnlAdditional,
                             "Any &HTML code entered here will be displayed on the First (Overview) "
                             "Help Topic only.  It will be positioned just before the copyright "
@@ -75,6 +95,9 @@ public:
                             &txtAdditional};
 
     void chkCopyright_Click();
+    void icboLanguage_Change();
+    void chkEveryCharacter_Click() { setEdited(true); }
+    void cmdReread_Click();
     void cmdCSS_Click();
     void cmdBImage_Click();
     void cmdTemplate_Click();
@@ -89,6 +112,8 @@ private:
     void arrangeAdditional();
     void arrangeNavigation();
     void arrangeDocumentation();
+    void arrangeLanguage();
+    void showLanguage();
     void fill();
     void readBack();
     void watch();

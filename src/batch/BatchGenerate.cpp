@@ -20,7 +20,7 @@ constexpr const char* helpTitle = "Generate Help Files";
 
 /// True, and said so, when a workshop project cannot have this name.
 bool refuseWorkshopName(BatchSession& session, const fs::path& workshopFile,
-                        const fs::path& project) {
+                        const Project& project) {
     const auto fault = generate::workshopNameFault(workshopFile, project);
     if (fault) {
         session.console.failure(helpTitle, fault->path, fault->reason);
@@ -73,7 +73,7 @@ bool refuseEmpty(BatchSession& session, const Project& project, const char* titl
 
 bool generateInto(BatchSession& session, Project& project, const fs::path& workshopFile,
                   const CommandLine& arguments) {
-    if (refuseWorkshopName(session, workshopFile, project.projectPath())
+    if (refuseWorkshopName(session, workshopFile, project)
         || (arguments.has("--keep-edited") && refuseEdited(session, project, workshopFile))) {
         return false;
     }

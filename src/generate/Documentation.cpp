@@ -88,6 +88,7 @@ private:
         appendLine(page_, generatorLine);
         appendLine(page_, "<html>");
         appendLine(page_, "<head>");
+        appendCharset(page_, options_);
         appendLine(page_, "<title>", options_.projectName, " Documentation</title>");
         appendLine(page_, "</head>");
         appendLine(page_, "<body>");

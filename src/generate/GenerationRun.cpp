@@ -46,7 +46,8 @@ public:
         const WorkshopFileNames names = {
             text::displayText(siblingFile(request_.workshopFile, "chm").filename()),
             text::displayText(contents.filename()), text::displayText(index.filename())};
-        writeText(request_.workshopFile, workshopProject(project_.outline(), names));
+        writeText(request_.workshopFile,
+                  workshopProject(project_.outline(), project_.options().language(), names));
         writeSibling(contents, contentsFile(project_.outline()));
         // The index is made from the keywords in the pages; the help workshop only wants the file.
         writeSibling(index, {});

@@ -25,8 +25,9 @@ constexpr std::size_t longestWorkshopLine = 1023;
 
 class FieldChecker {
 public:
-    FieldChecker(const TopicOutline& outline, std::vector<Finding>& findings)
-        : outline_(outline), findings_(findings) {}
+    FieldChecker(const TopicOutline& outline, const text::Language& language,
+                 std::vector<Finding>& findings)
+        : outline_(outline), language_(language), findings_(findings) {}
 
     void checkTopic(int position) {
         position_ = position;
@@ -56,7 +57,8 @@ public:
 
     void checkWorkshopLines() {
         position_ = 0;
-        const Text workshop = workshopProject(outline_, {"help.chm", "help.hhc", "help.hhk"});
+        const Text workshop =
+            workshopProject(outline_, language_, {"help.chm", "help.hhc", "help.hhk"});
         for (std::size_t start = 0; start < workshop.size();) {
             const std::size_t end = workshop.find(text::lineBreak, start);
             if (const std::size_t length =
@@ -160,9 +162,9 @@ private:
             add(FindingKind::character, Text(where) + ": " + problem);
         };
         if (holdsControl(text)) {
-            note("a character that Windows-1252 does not define");
+            note("a character that " + codePageName() + " does not define");
         }
-        if (looksLikeUtf8(text)) {
+        if (codePage_ == text::CodePage() && looksLikeUtf8(text)) {
             note("what looks like UTF-8 that was taken for Windows-1252");
         }
         while (bare && !text.empty()) {
@@ -173,11 +175,20 @@ private:
                 reference.length > 0 && reference.character != text::unknownCharacter;
             const std::size_t length = isKnown ? reference.length : text.size() - rest.size();
             if (!codePage_.has(isKnown ? reference.character : own)) {
-                note("a character that is not in Windows-1252, " + Text(text.substr(0, length)));
+                note("a character that is not in " + codePageName() + ", "
+                     + Text(text.substr(0, length)));
                 return;
             }
             text.remove_prefix(length);
         }
+    }
+
+    Text codePageName() const {
+        constexpr unsigned firstOfTwoBytes = 932; // these are known by their numbers
+        constexpr unsigned lastOfTwoBytes = 950;
+        const unsigned number = codePage_.number();
+        const bool hasTwoBytes = number >= firstOfTwoBytes && number <= lastOfTwoBytes;
+        return (hasTwoBytes ? "code page " : "Windows-") + std::to_string(number);
     }
 
     /// C1 has no letters; five of its characters stand for the gaps of the code page.
@@ -220,12 +231,13 @@ private:
     }
 
     const TopicOutline& outline_;
+    const text::Language& language_;
     std::vector<Finding>& findings_;
     int position_ = 0;
     std::map<Text, int> pages_;
     std::map<Text, int> ids_;
     std::map<Text, int> numbers_;
-    text::CodePage codePage_;
+    text::CodePage codePage_{language_.codePage};
 };
 
 } // namespace
@@ -242,7 +254,7 @@ std::vector<Finding> checkProject(const TopicOutline& outline, const model::Proj
     if (outline.empty()) {
         return findings;
     }
-    FieldChecker fields(outline, findings);
+    FieldChecker fields(outline, options.language(), findings);
     fields.checkOptions(options);
     fields.checkWorkshopLines();
     for (int position = 1; position <= outline.count(); ++position) {

@@ -21,6 +21,7 @@ void appendHead(Text& page, const Topic& topic, const ProjectOptions& options) {
     appendLine(page, generatorLine);
     appendLine(page, "<html>");
     appendLine(page, "<head>");
+    appendCharset(page, options);
     appendLine(page, "<title>", topic.title, "</title>");
     if (!options.cssFile.empty()) {
         appendLine(page, R"(<link rel="stylesheet" href=")", options.cssFile, R"(">)");

@@ -12,16 +12,16 @@ namespace fs = std::filesystem;
 
 namespace {
 
-bool isInCodePage(const fs::path& name) {
-    return text::CodePage().hasAll(text::displayText(name));
+bool isInCodePage(const fs::path& name, const model::Project& project) {
+    return project.options().codePage().hasAll(text::displayText(name));
 }
 
 } // namespace
 
-fs::path proposedWorkshopName(const fs::path& project) {
+fs::path proposedWorkshopName(const model::Project& project) {
     constexpr const char* extension = "hhp";
-    const fs::path name = siblingFile(project.filename(), extension);
-    return isInCodePage(name) ? name : siblingFile("help", extension);
+    const fs::path name = siblingFile(project.projectPath().filename(), extension);
+    return isInCodePage(name, project) ? name : siblingFile("help", extension);
 }
 
 fs::path workshopFileFor(const fs::path& compiledHelp) {
@@ -29,17 +29,18 @@ fs::path workshopFileFor(const fs::path& compiledHelp) {
 }
 
 std::optional<model::FileFailure> workshopNameFault(const fs::path& workshopFile,
-                                                    const fs::path& project) {
-    if (!isInCodePage(workshopFile.filename())) {
+                                                    const model::Project& project) {
+    if (!isInCodePage(workshopFile.filename(), project)) {
         return model::FileFailure{
             workshopFile, "has a character in its name that the help workshop does not know"};
     }
-    if (auto fault = outputFault(workshopFile, project)) {
+    if (auto fault = outputFault(workshopFile, project.projectPath())) {
         return fault;
     }
     for (const char* extension : {"chm", "hhc", "hhk"}) {
         const fs::path sibling = siblingFile(workshopFile, extension);
-        if (haveSameName(sibling, workshopFile) || platform::isSameFile(sibling, project)) {
+        if (haveSameName(sibling, workshopFile)
+            || platform::isSameFile(sibling, project.projectPath())) {
             return model::FileFailure{sibling,
                                       "is the name of a generated file; choose another output"};
         }

@@ -1,6 +1,7 @@
 #include "generate/WorkshopProject.h"
 
 #include <algorithm>
+#include <charconv>
 
 #include "model/PagePath.h"
 
@@ -15,6 +16,12 @@ using text::Text;
 namespace {
 
 constexpr text::TextView pageFolder = "html\\";
+
+Text hexadecimal(unsigned number) {
+    char digits[2 * sizeof number];
+    const auto end = std::to_chars(std::begin(digits), std::end(digits), number, 16).ptr;
+    return "0x" + Text(std::begin(digits), end);
+}
 
 /// The compiler takes in whatever stands in these lists.
 bool isListed(const Topic& topic) {
@@ -45,7 +52,8 @@ void appendContexts(Text& file, const TopicOutline& outline) {
 
 } // namespace
 
-Text workshopProject(const TopicOutline& outline, const WorkshopFileNames& names) {
+Text workshopProject(const TopicOutline& outline, const text::Language& language,
+                     const WorkshopFileNames& names) {
     Text file;
     appendLine(file, "[Options]");
     appendLine(file, "Auto Index=Yes");
@@ -58,7 +66,7 @@ Text workshopProject(const TopicOutline& outline, const WorkshopFileNames& names
     }
     appendLine(file, "Display compile progress=No");
     appendLine(file, "Index file=", names.index);
-    appendLine(file, "Language=0x409 English (United States)");
+    appendLine(file, "Language=", hexadecimal(language.id), " ", language.name);
     appendLine(file);
     appendLine(file, "[Files]");
     for (const Topic& topic : outline) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/TopicOutline.h"
+#include "text/Language.h"
 
 namespace generate {
 
@@ -15,6 +16,7 @@ struct WorkshopFileNames {
 /// least one topic, and each topic both context values or none. A line break in a value, which only
 /// a foreign project can have, becomes a blank: it must not smuggle in lines of its own.
 /// Pages that a generation refuses to write are left out, see pageNameFault().
-text::Text workshopProject(const model::TopicOutline& outline, const WorkshopFileNames& names);
+text::Text workshopProject(const model::TopicOutline& outline, const text::Language& language,
+                           const WorkshopFileNames& names);
 
 } // namespace generate

@@ -138,8 +138,7 @@ std::vector<workshop::SitemapEntry> HelpBook::sitemap(const std::string& file) c
     const std::string bytes = sitemapBytes(file);
     const unsigned references = isPlain(bytes) ? facts_.codePage : workshop::plainReferences;
     auto entries =
-        workshop::readSitemap(text::decodedSource(bytes, facts_.codePage).utf8, references)
-            .entries;
+        workshop::readSitemap(text::decodedSource(bytes, facts_.codePage).utf8, references).entries;
     // One may stand for another help's contents and have no name.
     std::erase_if(entries, [](const auto& entry) { return entry.name.empty(); });
     return entries;

@@ -66,11 +66,11 @@ TextOutline readTextOutline(TextView file, int room, const text::CodePage& codeP
 
 ImportOutcome importText(model::Project& project, const std::filesystem::path& file) {
     ImportOutcome outcome;
+    const text::CodePage codePage = project.options().codePage();
     Text text;
-    if ((outcome.readError = text::readTextFile(file, text))) {
+    if ((outcome.readError = text::readTextFile(file, codePage.number(), text))) {
         return outcome;
     }
-    const text::CodePage codePage = project.options().codePage();
     const int room = model::TopicOutline::maxTopics - project.outline().count();
     TextOutline outline = readTextOutline(codePage.withLetters(text), room, codePage);
     if (outline.limitReached) {

@@ -70,7 +70,8 @@ void importForm(Project& project, TextView path, text::FileFinder& finder, Impor
         return;
     }
     Text text;
-    if (const std::error_code error = text::readTextFile(finder.find(path), text)) {
+    if (const std::error_code error =
+            text::readTextFile(finder.find(path), project.options().codePage().number(), text)) {
         outcome.skipped.push_back({text::nativePath(path), error.message()});
         return;
     }
@@ -146,7 +147,8 @@ private:
 ImportOutcome importVbProject(Project& project, const fs::path& projectFile) {
     ImportOutcome outcome;
     Text text;
-    if ((outcome.readError = text::readTextFile(projectFile, text))) {
+    if ((outcome.readError =
+             text::readTextFile(projectFile, project.options().codePage().number(), text))) {
         return outcome;
     }
     const VbProjectFile file = readVbProjectFile(text);

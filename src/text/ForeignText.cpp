@@ -123,10 +123,10 @@ std::string decodedForeignPage(std::string_view bytes, unsigned codePage) {
     return isDeclared ? decodedPage(bytes, codePage) : decodedSource(bytes, codePage).utf8;
 }
 
-std::error_code readTextFile(const std::filesystem::path& path, Text& text) {
+std::error_code readTextFile(const std::filesystem::path& path, unsigned codePage, Text& text) {
     std::string bytes;
     const std::error_code error = platform::readFile(path, bytes);
-    text = decodedSource(bytes, westernCodePage).utf8;
+    text = decodedSource(bytes, codePage).utf8;
     return error;
 }
 

@@ -28,8 +28,7 @@ SourceText decodedSource(std::string_view bytes, unsigned codePage);
 /// decodedPage(), but what can be nothing else is UTF-8.
 std::string decodedForeignPage(std::string_view bytes, unsigned codePage);
 
-/// Reads a file as decodedSource() does, in the western code page where it is not Unicode. `text`
-/// is empty after a failure.
-std::error_code readTextFile(const std::filesystem::path& path, Text& text);
+/// Reads a file as decodedSource() does. `text` is empty after a failure.
+std::error_code readTextFile(const std::filesystem::path& path, unsigned codePage, Text& text);
 
 } // namespace text

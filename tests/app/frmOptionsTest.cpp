@@ -67,6 +67,12 @@ TEST_F(frmOptions, EveryControlEditsItsOption) {
                                     &dialog->chkDocLinks, &dialog->chkUnderline}) {
         click(*box);
     }
+    clickTab(dialog->tbsOptions, 4);
+    click(dialog->chkEveryCharacter);
+    EXPECT_FALSE(dialog->cmdReread.isEnabled());
+    dialog->icboLanguage.setFocus();
+    type("Russ");
+    EXPECT_NE(dialog->lblCodePage.caption().find("1251"), text::Text::npos);
     click(dialog->cmdApply);
     EXPECT_TRUE(dialog->isVisible());
     EXPECT_EQ(times, 1);
@@ -84,6 +90,8 @@ TEST_F(frmOptions, EveryControlEditsItsOption) {
     expected.numbering = false;
     expected.documentationLinks = false;
     expected.underlineLinks = true;
+    expected.keepsEveryCharacter = true;
+    expected.languageTag = "ru-RU";
     EXPECT_EQ(applied, expected);
     click(dialog->cmdOK); // nothing new
     EXPECT_EQ(times, 1);
@@ -159,7 +167,7 @@ TEST_F(frmOptions, CancelAndEscapeStoreNothingAndCtrlTabGoesRound) {
     open({});
     click(dialog->txtCSS);
     type("x");
-    for (const int page : {1, 2, 3, 0}) {
+    for (const int page : {1, 2, 3, 4, 0}) {
         press("Ctrl+Tab");
         EXPECT_EQ(dialog->tbsOptions.selected(), page);
     }

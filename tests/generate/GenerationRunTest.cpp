@@ -180,3 +180,28 @@ TEST_F(GenerationRunTest, FiveHundredTopicsAndNone) {
     EXPECT_EQ(run().pages.complete, 500);
     EXPECT_TRUE(exists("html/t500.htm"));
 }
+
+TEST_F(GenerationRunTest, WritesInTheLanguagesCodePage) {
+    ProjectOptions options;
+    options.languageTag = "ru-RU";
+    open(test::outlineOf({topic(1, "\u041F\u0440\u00E9", "\u041F.htm", "<p>\u0436 &#1078;</p>"),
+                          topic(1, "B", "b.htm")}),
+         options);
+    project.setField(1, &Topic::keywords, "\u0436\u00FC; b");
+    project.setField(1, &Topic::contextId, "IDH_\u0416");
+    project.setField(1, &Topic::contextNumber, "7");
+    EXPECT_TRUE(run().failures.empty());
+    const std::string page = test::bytesOf(folder / fs::path(u8"html/П.htm"));
+    EXPECT_NE(page.find("<head>\r\n<meta http-equiv=\"Content-Type\" content=\"text/html; "
+                        "charset=windows-1251\">\r\n<title>\xCF\xF0&#233;</title>"),
+              std::string::npos);
+    EXPECT_NE(page.find("[16] -->\r\n<p>\xE6 &#1078;</p>\r\n"), std::string::npos) << page;
+    EXPECT_NE(page.find("value=\"\xE6&#252;\""), std::string::npos);
+    const std::string workshop = test::bytesOf(folder / "my.help.hhp");
+    EXPECT_NE(workshop.find("\r\nLanguage=0x419 Russian\r\n"), std::string::npos);
+    EXPECT_NE(workshop.find("IDH_\xC6 = html\\\xCF.htm"), std::string::npos);
+    EXPECT_NE(test::bytesOf(folder / "my.hhc").find("\"\xCF\xF0&#233;\""), std::string::npos);
+    EXPECT_NE(
+        generate::documentationPage(project.outline(), project.options(), "").find("windows-1251"),
+        Text::npos);
+}

@@ -76,6 +76,19 @@ TEST_F(ProjectCheck, FindsOneFaultOfEveryKind) {
         }));
 }
 
+TEST_F(ProjectCheck, TheLanguageDecidesWhichLettersThereAre) {
+    options.languageTag = "ru-RU";
+    outline.at(2).title = "\u0416 \u0098";
+    outline.at(2).keywords = "&#1078; &uuml;";
+    outline.at(2).body = "\u00C3\u00A9"; // references in the page
+    EXPECT_EQ(check(),
+              (Lines{
+                  "2 character: in the title: a character that Windows-1251 does not define",
+                  "2 character: in the title: a character that is not in Windows-1251, \u0098",
+                  "2 character: in the keywords: a character that is not in Windows-1251, &uuml;",
+              }));
+}
+
 TEST_F(ProjectCheck, TopicsNeedATitleAndPagesAName) {
     outline.at(2).title = "\r\n ";
     for (const char* name : {".htm", "sub\\ .htm"}) {

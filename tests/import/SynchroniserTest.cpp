@@ -200,3 +200,23 @@ TEST_F(SynchroniserTest, PagesComeBackAsTheyWereEdited) {
     project.setField(1, &model::Topic::status, "C");
     EXPECT_TRUE(editedPages(project, folder / "html").empty());
 }
+
+TEST_F(SynchroniserTest, PagesOfEveryEncodingComeBack) {
+    const Text body = "<p>\u00C3\u00A9 \u0416 \u30BD</p>"; // the first two could be UTF-8 by chance
+    for (const char* language : {"en-US", "ru-RU", "ja-JP"}) {
+        model::ProjectOptions options;
+        options.languageTag = language;
+        project.replace(test::outlineOf({test::topic(1, "A", "a.htm", body)}), options,
+                        folder / "p.tsp");
+        generate::generateHelp(
+            project,
+            {folder / "p.hhp", TOPICSMITH_PROGRAM_FOLDER, [] { return std::error_code(); }, {}});
+        EXPECT_TRUE(synchronise(project, folder / "html").changed.empty()) << language;
+        const auto page = folder / "html/a.htm";
+        Text edited = options.codePage().decodedHtml(test::bytesOf(page));
+        edited.replace(edited.find(body) + 3, 0, "\u03A9");
+        test::writeBytes(page, "\xEF\xBB\xBF" + edited);
+        EXPECT_EQ(synchronise(project, folder / "html").changed, std::vector{1}) << language;
+        EXPECT_EQ(project.outline().at(1).body, Text(body).insert(3, "\u03A9")) << language;
+    }
+}

@@ -2,6 +2,7 @@
 #include <random>
 
 #include "model/OutlineEditing.h"
+#include "model/Rereading.h"
 #include "support/TestFiles.h"
 
 using namespace model;
@@ -196,4 +197,22 @@ TEST(Project, TakingBackKnowsTheSavedState) {
     EXPECT_TRUE(project.dataChanged());
     project.setField(1, &Topic::body, "from elsewhere");
     EXPECT_FALSE(project.history().canUndo());
+}
+
+TEST(Project, LettersAreReadAgainInAnotherLanguage) {
+    Project project;
+    ProjectOptions options;
+    options.projectName = "\u00CF\u00F0\u0431"; // the last one was typed since
+    project.replace(
+        test::outlineOf({test::topic(1, "\u00C6\u20AC", "\u00E6.htm", "A \u00C6 &#1046;")}),
+        options, "p.tsp");
+    rereadIn(project, text::languageOf("ru-RU"));
+    const Topic& topic = project.outline().at(1);
+    EXPECT_EQ(project.options().projectName, "\u041F\u0440\u0431");
+    EXPECT_EQ(topic.title + '|' + topic.fileName + '|' + topic.body,
+              "\u0416\u0402|\u0436.htm|A \u0416 &#1046;");
+    EXPECT_EQ(project.options().language().id, 0x419U);
+    project.undo();
+    EXPECT_EQ(project.options(), options);
+    EXPECT_EQ(project.outline().at(1).title, "\u00C6\u20AC");
 }

@@ -7,15 +7,16 @@
 
 namespace editor {
 
-std::optional<text::Text> TemplateCache::text(text::TextView fileName) {
+std::optional<text::Text> TemplateCache::text(text::TextView fileName,
+                                              const text::CodePage& codePage) {
     const std::filesystem::path path = platform::fullPath(text::nativePath(fileName));
     if (text_.empty() || path != path_) {
         text::Text read;
-        if (text::readTextFile(path, read)) {
+        if (text::readTextFile(path, codePage.number(), read)) {
             return {};
         }
         path_ = path;
-        text_ = text::CodePage().withLetters(read);
+        text_ = codePage.withLetters(read);
     }
     return text_;
 }

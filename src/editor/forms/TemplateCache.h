@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <optional>
 
-#include "text/Text.h"
+#include "text/CodePage.h"
 
 namespace editor {
 
@@ -13,7 +13,7 @@ class TemplateCache {
 public:
     /// The whole file as it stands; nothing when there is no such file. A name without a folder is
     /// looked for in the current one.
-    std::optional<text::Text> text(text::TextView fileName);
+    std::optional<text::Text> text(text::TextView fileName, const text::CodePage& codePage);
 
     void clear() { text_.clear(); }
 

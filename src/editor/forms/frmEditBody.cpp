@@ -155,7 +155,7 @@ void frmEditBody::fillFromTemplate() {
     if (!txtBody.text().empty() || fileName.empty()) {
         return;
     }
-    const auto text = memory_.templates.text(fileName);
+    const auto text = memory_.templates.text(fileName, project_.options().codePage());
     if (!text) {
         Prompter::current().ask(this,
                                 {"Template file: " + fileName + " Not Found - Ignored",

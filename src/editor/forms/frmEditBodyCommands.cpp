@@ -77,11 +77,12 @@ void frmEditBody::mnuFileImport_Click() {
         return;
     }
     settings_.setPath(section, key, platform::fullPath(*file).parent_path());
+    const text::CodePage codePage = project_.options().codePage();
     Text lines;
-    if (text::readTextFile(*file, lines)) {
+    if (text::readTextFile(*file, codePage.number(), lines)) {
         Prompter::current().beep();
     } else {
-        lines = text::CodePage().withLetters(lines);
+        lines = codePage.withLetters(lines);
         change([&lines](Passage passage) { return insertFile(std::move(passage), lines); });
     }
 }
