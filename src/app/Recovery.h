@@ -15,7 +15,7 @@ namespace app {
 class Recovery {
 public:
     struct Work {
-        text::Bytes project;        ///< as a project file holds it
+        text::Bytes project;        ///< a project file, in format 2 since there is one
         std::filesystem::path path; ///< of the project itself, which is as it was saved last
         int topic = 1;              ///< the one that was current
     };

@@ -13,10 +13,11 @@ namespace {
 constexpr int pause = 5000;
 constexpr std::chrono::milliseconds longestWait(15000);
 
-/// Whether the project's own file holds it after all.
-bool isSaved(const Recovery::Work& work) {
+/// Whether the project's own file holds it after all, as saving would have written it.
+bool isSaved(const std::filesystem::path& path, const model::ParsedProject& work) {
     std::string bytes;
-    return !platform::readFile(work.path, bytes) && bytes == work.project.value;
+    return work.stop == model::LoadStop::none && !platform::readFile(path, bytes)
+           && bytes == formatProject(work.outline, work.options).value;
 }
 
 } // namespace
@@ -47,15 +48,15 @@ void WorkKeeper::keep() {
         host_.status().setTrouble(Trouble::recovery, {});
         return;
     }
-    // As it would be if all was saved now, the letters too.
+    // With every character, also those that saving would take away, and the letters of the editor.
     model::Project work;
     work.replace(project_.outline(), project_.options(), project_.projectPath());
     if (editor_.hasEdits()) {
         work.setCurrentIndex(project_.currentIndex());
         editor_.window()->storeIn(work);
     }
-    const std::error_code error = recovery_.keep({formatProject(work.outline(), work.options()),
-                                                  work.projectPath(), project_.currentIndex()});
+    const std::error_code error = recovery_.keep(
+        {formatWhole(work.outline(), work.options()), work.projectPath(), project_.currentIndex()});
     host_.status().setTrouble(
         Trouble::recovery,
         error ? "Unsaved work cannot be kept for a restart: " + error.message() : text::Text());
@@ -71,7 +72,7 @@ void WorkKeeper::stop() {
 
 /// Yes, No, or Cancel for another time. Asks only where there is something to decide.
 ui::Answer WorkKeeper::decide(const Recovery::Work& work, const model::ParsedProject& parsed) {
-    if (isSaved(work)) {
+    if (isSaved(work.path, parsed)) {
         return ui::Answer::no;
     }
     if (parsed.stop != model::LoadStop::none) {

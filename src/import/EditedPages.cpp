@@ -2,6 +2,7 @@
 
 #include "model/Helper.h"
 #include "model/PagePath.h"
+#include "model/ProjectFormat.h"
 #include "model/ProtectedBlock.h"
 #include "platform/Files.h"
 #include "text/CodePage.h"
@@ -10,6 +11,7 @@
 
 namespace importer {
 
+using model::ProjectOptions;
 using model::ProtectedBlock;
 using model::Topic;
 using text::Text;
@@ -24,17 +26,19 @@ bool holds(const ProtectedBlock& block, TextView body) {
            || block.content == text::withLineBreaks(body);
 }
 
-/// Saving makes apostrophes of the double quotes in a body that was taken back. The page that it
-/// came from is not at odds with it.
-bool holdsUnsaved(const ProtectedBlock& block, TextView body) {
-    return model::asSaved(block.content) == model::asSaved(body);
+/// Saving in format 1 makes apostrophes of the double quotes in a body that was taken back. The
+/// page that it came from is not at odds with it. Format 2 keeps them, so that nothing needs to be
+/// overlooked.
+bool holdsUnsaved(const ProtectedBlock& block, TextView body, const ProjectOptions& options) {
+    return model::formatFor(options) == model::ProjectFormat::one
+           && model::asSaved(block.content) == model::asSaved(body);
 }
 
 bool isUnedited(const ProtectedBlock& block, const Topic& topic) {
     return block.content == model::placeholderBody || holds(block, topic.body);
 }
 
-GeneratedPage compared(ProtectedBlock block, const Topic& topic, const text::CodePage& codePage) {
+GeneratedPage compared(ProtectedBlock block, const Topic& topic, const ProjectOptions& options) {
     if (isUnedited(block, topic)) {
         return {};
     }
@@ -44,7 +48,8 @@ GeneratedPage compared(ProtectedBlock block, const Topic& topic, const text::Cod
     if (topic.status.empty() || topic.status == "E") {
         return {PageState::edited, std::move(block.content), "was edited since it was generated"};
     }
-    if (!block.hasGeneratedLength(codePage) && !holdsUnsaved(block, topic.body)) {
+    if (!block.hasGeneratedLength(options.codePage())
+        && !holdsUnsaved(block, topic.body, options)) {
         return {PageState::conflict, {}, "was edited since it was generated, and so was its topic"};
     }
     return {};
@@ -53,7 +58,7 @@ GeneratedPage compared(ProtectedBlock block, const Topic& topic, const text::Cod
 } // namespace
 
 GeneratedPage readPage(const std::filesystem::path& pageFolder, const Topic& topic,
-                       const text::CodePage& codePage) {
+                       const model::ProjectOptions& options) {
     if (const TextView fault = model::pageNameFault(topic.fileName); !fault.empty()) {
         return {PageState::missing, {}, std::string(fault)};
     }
@@ -64,6 +69,7 @@ GeneratedPage readPage(const std::filesystem::path& pageFolder, const Topic& top
             error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
         return {isMissing ? PageState::missing : PageState::unreadable, {}, error.message()};
     }
+    const text::CodePage codePage = options.codePage();
     // As it was generated first: the letters of the code page can be UTF-8 by chance.
     const Text generated = codePage.decodedHtml(bytes);
     if (const auto block = model::findProtectedBlock(generated, codePage);
@@ -72,17 +78,16 @@ GeneratedPage readPage(const std::filesystem::path& pageFolder, const Topic& top
     }
     const Text page = codePage.withLetters(text::decodedForeignPage(bytes, codePage.number()));
     if (auto block = model::findProtectedBlock(page, codePage)) {
-        return compared(std::move(*block), topic, codePage);
+        return compared(std::move(*block), topic, options);
     }
     return {PageState::damaged, {}, "the marker lines around its text are missing or damaged"};
 }
 
 model::FileFailures editedPages(const model::Project& project,
                                 const std::filesystem::path& pageFolder) {
-    const text::CodePage codePage = project.options().codePage();
     model::FileFailures pages;
     for (const Topic& topic : project.outline()) {
-        GeneratedPage page = readPage(pageFolder, topic, codePage);
+        GeneratedPage page = readPage(pageFolder, topic, project.options());
         if (page.state != PageState::same && page.state != PageState::missing) {
             pages.push_back({model::pagePath(pageFolder, topic.fileName), std::move(page.problem)});
         }

@@ -21,9 +21,9 @@ struct GeneratedPage {
     std::string problem; ///< what is wrong with any page that is not the same
 };
 
-/// The page of a topic, compared with the topic.
+/// The page of a topic, compared with the topic of a project with such options.
 GeneratedPage readPage(const std::filesystem::path& pageFolder, const model::Topic& topic,
-                       const text::CodePage& codePage);
+                       const model::ProjectOptions& options);
 
 /// The pages that a generation would replace although they hold, or may hold, what the project
 /// lacks: those that a synchronisation would take back, find at odds with their topics, or could

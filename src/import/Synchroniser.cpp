@@ -30,7 +30,7 @@ Synchronisation synchronise(model::Project& project, const std::filesystem::path
     const model::UndoStep step(project, "Synchronize Files");
     for (int position = 1; position <= project.outline().count(); ++position) {
         const Topic& topic = project.outline().at(position);
-        GeneratedPage page = readPage(pageFolder, topic, project.options().codePage());
+        GeneratedPage page = readPage(pageFolder, topic, project.options());
         const auto note = [&](model::FileFailures& pages) {
             pages.push_back({model::pagePath(pageFolder, topic.fileName), std::move(page.problem)});
         };

@@ -21,7 +21,8 @@ Topic readTopic(model::FieldReader& fields, bool& cut) {
     return topic;
 }
 
-/// A file that ends inside a topic gives that topic as far as it goes.
+/// Reads a file of format 1. A file that ends inside a topic gives that topic as
+/// far as it goes.
 void readTopics(model::FieldReader& fields, FileTopics& result) {
     if (fields.next() != model::projectFileHeader) {
         result.stop = LoadStop::unknownFormat;
@@ -43,6 +44,14 @@ void readTopics(model::FieldReader& fields, FileTopics& result) {
     }
 }
 
+/// Reads a file of format 2, of which a topic that is cut is left out.
+void readWholeTopics(text::Bytes bytes, FileTopics& result) {
+    const model::ParsedProject parsed = model::parseProject(std::move(bytes));
+    result.topics.assign(parsed.outline.begin(), parsed.outline.end());
+    result.cut = !whereCut(parsed.stop).empty();
+    result.stop = parsed.stop;
+}
+
 } // namespace
 
 FileTopics readFileTopics(const std::filesystem::path& file) {
@@ -50,8 +59,12 @@ FileTopics readFileTopics(const std::filesystem::path& file) {
     text::Bytes bytes;
     result.readError = model::readProjectFile(file, bytes);
     if (!result.readError) {
-        model::FieldReader fields(std::move(bytes));
-        readTopics(fields, result);
+        if (model::formatOf(bytes.value) == model::ProjectFormat::two) {
+            readWholeTopics(std::move(bytes), result);
+        } else {
+            model::FieldReader fields(std::move(bytes));
+            readTopics(fields, result);
+        }
     }
     return result;
 }

@@ -16,9 +16,9 @@ struct FileTopics {
         false; ///< the file ends inside of a topic, which is there as far as it goes, or before
 };
 
-/// Reads the topics of another project file, as they stand there. Expects the topics behind seven
-/// options, the number that the first project files had: one with all of today's options counts as
-/// corrupted.
+/// Reads the topics of another project file, as they stand there. In format 1 they are expected
+/// behind seven options, the number that the first project files had: one with all of today's
+/// options counts as corrupted. Format 2 is read as by model::parseProject().
 FileTopics readFileTopics(const std::filesystem::path& file);
 
 /// Appends those of its topics that are wanted, by their rows in the file from 1, as new ones and

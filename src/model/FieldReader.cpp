@@ -18,6 +18,16 @@ FieldReader::FieldReader(text::Bytes file) : file_(std::move(file.value)) {
     }
 }
 
+ProjectFormat FieldReader::readHeader() {
+    constexpr TextView byteOrderMark = "\xEF\xBB\xBF";
+    if (next() == projectFileHeader) {
+        return ProjectFormat::one;
+    }
+    position_ = file_.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
+    doublesQuotes_ = trim(nextLine()) == formatTwoHeader;
+    return doublesQuotes_ ? ProjectFormat::two : ProjectFormat::unknown;
+}
+
 TextView FieldReader::next() {
     skipBlanks();
     fieldStart_ = position_;
@@ -27,6 +37,16 @@ TextView FieldReader::next() {
     cutAtEnd_ = atEnd();
     skipSeparator();
     return field;
+}
+
+TextView FieldReader::nextLine() {
+    fieldStart_ = position_;
+    const std::size_t end = std::min(file_.find('\r', position_), file_.size());
+    position_ = end;
+    cutInQuotes_ = false;
+    cutAtEnd_ = atEnd();
+    skipSeparator();
+    return TextView(file_).substr(fieldStart_, end - fieldStart_);
 }
 
 int FieldReader::line() const {
@@ -40,12 +60,22 @@ int FieldReader::line() const {
 
 TextView FieldReader::quotedField() {
     const std::size_t start = position_ + 1;
-    const std::size_t closingQuote = file_.find('"', start);
-    cutInQuotes_ = closingQuote == std::string::npos;
-    const std::size_t end = std::min(closingQuote, file_.size());
+    std::size_t from = start; // where the part begins that is not in unquoted_
+    std::size_t quote = file_.find('"', start);
+    unquoted_.clear();
+    while (doublesQuotes_ && quote < file_.size() - 1 && file_[quote + 1] == '"') {
+        unquoted_.append(file_, from, quote + 1 - from);
+        from = quote + 2;
+        quote = file_.find('"', from);
+    }
+    cutInQuotes_ = quote == std::string::npos;
+    const std::size_t end = std::min(quote, file_.size());
     position_ = std::min(end + 1, file_.size());
     skipBlanks();
-    return TextView(file_).substr(start, end - start);
+    if (from == start) {
+        return TextView(file_).substr(start, end - start);
+    }
+    return unquoted_.append(file_, from, end - from);
 }
 
 TextView FieldReader::plainField() {

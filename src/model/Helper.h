@@ -22,13 +22,13 @@ text::Text withoutForeignReferences(text::TextView text, const text::CodePage& c
 /// out.
 text::Text makeContextId(text::TextView title, const text::CodePage& codePage);
 
-/// Appends a text as it stands in a project file, in a code page that has references for letters
-/// that it lacks: without the blanks around it and, where it would otherwise not be read back as
-/// one field, in double quotes. Its own double quotes become apostrophes.
+/// Appends a text as it stands in a project file of format 1, in a code page that has references
+/// for letters that it lacks: without the blanks around it and, where it would otherwise not be
+/// read back as one field, in double quotes. Its own double quotes become apostrophes.
 void appendQuotedField(std::string& file, text::TextView text, const text::CodePage& codePage);
 
-/// A text as it comes back after it was saved: without the blanks around it, and with apostrophes
-/// in place of double quotes.
+/// A text as it comes back after it was saved in format 1: without the blanks around it, and with
+/// apostrophes in place of double quotes.
 text::Text asSaved(text::TextView text);
 
 /// Every character of the western code page above code 127 becomes a blank; then the blanks around

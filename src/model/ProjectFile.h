@@ -1,59 +1,12 @@
 #pragma once
 
-#include <optional>
 #include <system_error>
 
 #include "model/Project.h"
-#include "text/Message.h"
+#include "model/ProjectFormat.h"
 
-/// The project file (`.tsp`), described in docs/file-formats.md.
+/// Loading and saving project files; what stands in them is the matter of ProjectFormat.h.
 namespace model {
-
-inline constexpr text::TextView projectFileHeader = "HTML Topicsmith Format 1"; ///< its first field
-inline constexpr text::TextView topicMarker = "++"; ///< before each topic
-
-/// A topic's fields in the order of the file; the body follows them.
-inline constexpr text::Text Topic::*topicFields[] = {&Topic::level,
-                                                     &Topic::status,
-                                                     &Topic::title,
-                                                     &Topic::fileName,
-                                                     &Topic::contextId,
-                                                     &Topic::contextNumber,
-                                                     &Topic::shortDescription,
-                                                     &Topic::image,
-                                                     &Topic::keywords};
-
-/// How reading a project file ended. What was read until then is kept.
-enum class LoadStop {
-    none,          ///< at its end
-    unknownFormat, ///< not a project file; nothing was read
-    endInOptions,  ///< cut before the first topic
-    corrupted,     ///< something else where a topic should begin
-    unexpectedEnd, ///< cut inside a topic, which is left out
-    endInBody,     ///< cut inside the quotes of a body, which is kept as far as it goes
-    topicLimit     ///< more topics than a project can hold
-};
-
-/// What the author is told. There is no message for none, endInOptions and endInBody: the window
-/// shows what there is.
-std::optional<text::Message> messageFor(LoadStop stop);
-
-/// The words for endInOptions and endInBody, to go on after "the file"; empty for all others.
-text::TextView whereCut(LoadStop stop);
-
-struct ParsedProject {
-    TopicOutline outline;
-    ProjectOptions options;
-    LoadStop stop = LoadStop::none;
-    int stopLine = 0; ///< the line of the file, from 1, in which reading stopped; 0 for none
-};
-
-ParsedProject parseProject(text::Bytes file);
-
-text::Bytes formatProject(const TopicOutline& outline, const ProjectOptions& options);
-
-/// What a topic's field says that stands so in a project file.
-text::Text topicText(text::Text Topic::*field, text::TextView bytes);
 
 /// Reads the bytes of a project file. Of a file of another kind, however large, only the first are
 /// read.

@@ -39,7 +39,7 @@ struct ProjectOptions {
     bool documentationLinks = true;
     bool underlineLinks = false;
 
-    // These need a project file of format 2 where they are not as here (see ProjectFile.h).
+    // These need a project file of format 2 where they are not as here (see ProjectFormat.h).
     text::Text languageTag = text::defaultLanguage; ///< see text::Language; may be unknown
     bool keepsEveryCharacter = false;               ///< double quotes and outer blanks, too
     text::Text otherKeys; ///< lines of the file's head that a later version will understand

@@ -36,14 +36,16 @@ TEST_F(Recovery, BringsBackTheOutlineAndTheOpenEditor) {
     type("é");
     doubleClickRow(window->lvLevels, 2);
     show(*window->editor());
-    window->editor()->txtBody.edit("Caf\u00E9\r\nunsaved", 0);
+    window->editor()->txtBody.edit("Caf\u00E9\r\n\"unsaved\" &#1055; ", 0);
     EXPECT_TRUE(window->workKeeper().tmrRecovery.isRunning());
     window->workKeeper().tmrRecovery_Tick();
     expectQuestion(ui::Answer::yes, "b");
     ASSERT_TRUE(crash());
     EXPECT_EQ(project().currentIndex(), 2);
     EXPECT_EQ(titles(), "a\u00E9:C b:C");
-    EXPECT_EQ(topic(2).body, "Caf\u00E9\r\nunsaved");
+    EXPECT_EQ(topic(2).body, "Caf\u00E9\r\n\"unsaved\" &#1055; ") << "some is lost";
+    EXPECT_EQ(project().options(), model::ProjectOptions())
+        << "saved in another format from now on";
     EXPECT_TRUE(project().dataChanged());
     EXPECT_EQ(project().projectPath(), folder / "p.tsp");
     EXPECT_EQ(cellText(window->lvLevels, 1, 2), "aé");
@@ -93,6 +95,19 @@ TEST_F(Recovery, IsForgottenWhenNothingIsLost) {
     expectQuestion(ui::Answer::no, "a");
     EXPECT_FALSE(crash());
     EXPECT_FALSE(isKept());
+
+    // Saved just before the end.
+    restart();
+    for (const char* language : {"en-US", "ru-RU"}) {
+        model::ProjectOptions options;
+        options.languageTag = language;
+        project().replace(test::titled({"a"}), options, folder / "p.tsp");
+        project().markChanged(model::projectChanged);
+        window->workKeeper().tmrRecovery_Tick();
+        test::writeBytes(folder / "p.tsp", test::projectFile(project().outline(), options));
+        EXPECT_FALSE(crash());
+        EXPECT_FALSE(isKept());
+    }
     test::writeBytes(folder / "recovery-1.tsp", "of a later version");
     EXPECT_FALSE(crash());
     EXPECT_TRUE(isKept());

@@ -86,6 +86,16 @@ TEST_F(SynchroniserTest, TakesEditsUnlessTheTopicWasChangedToo) {
     EXPECT_FALSE(project.dataChanged());
 }
 
+TEST_F(SynchroniserTest, SavingExplainsApostrophesOnlyWhereItMakesThem) {
+    add("C", "<a href=\"x\">\r\n");
+    outline.at(1).body = "<a href='x'>";
+    EXPECT_TRUE(run().conflicts.empty());
+    model::ProjectOptions options;
+    options.keepsEveryCharacter = true;
+    project.replace(outline, options, "p.tsp");
+    EXPECT_EQ(synchronise(project, folder.path()).conflicts.size(), 1);
+}
+
 TEST_F(SynchroniserTest, LeavesWhatNobodyEdited) {
     add("", "old\r\n");
     add("C", "new\r\n"); // an edit of the same length cannot be told from none

@@ -89,3 +89,19 @@ TEST_F(TopicImport, AppendsWhatIsWantedWithoutContexts) {
     EXPECT_EQ(full.leftOut, 2);
     EXPECT_FALSE(full.message);
 }
+
+TEST_F(TopicImport, ReadsFormatTwoAsItIs) {
+    model::ProjectOptions options;
+    options.languageTag = "ru-RU";
+    const auto outline = test::outlineOf({test::topic(2, " \"\u0416\" ", "\u0416.htm", "a"),
+                                          test::topic(1, "&#1046;", "b.htm", "b")});
+    const Text file = test::projectFile(outline, options);
+    const FileTopics whole = read(file);
+    EXPECT_EQ(whole.stop, LoadStop::none);
+    EXPECT_FALSE(whole.cut);
+    EXPECT_EQ(whole.topics, std::vector(outline.begin(), outline.end()));
+    EXPECT_EQ(read(file.substr(0, file.size() - 20)).topics.size(), 1);
+    EXPECT_EQ(read(file.substr(0, file.size() - 20)).stop, LoadStop::unexpectedEnd);
+    EXPECT_TRUE(read(file.substr(0, 60)).cut);
+    EXPECT_TRUE(read(file.substr(0, file.size() - 3) + "\"cut").cut);
+}
