@@ -15,14 +15,14 @@ void printUsage(std::ostream& stream) {
         stream << "  topicsmith-batch " << command.name << ' ' << command.parameters << "\n      "
                << command.summary << '\n';
     }
-    stream
-        << "  topicsmith-batch --help | --version\n"
-           "\n"
-           "Results go to standard output, messages to standard error.\n"
-           "Exit code: 0 done; 1 it could not be done, some file could not be written or read, "
-           "find\n"
-           "found nothing, spell or check found something, or with --strict anything was skipped,\n"
-           "in conflict or damaged; 2 wrong usage.\n";
+    stream << "  topicsmith-batch --help | --version\n"
+              "\n"
+              "Results go to standard output, messages to standard error.\n"
+              "Exit code: 0 done; 1 it could not be done, some file could not be written or read, "
+              "find\n"
+              "found nothing, spell or check found something, convert lost something, or with "
+              "--strict\n"
+              "anything was skipped, in conflict or damaged; 2 wrong usage.\n";
 }
 
 bool knows(const BatchCommand& command, std::string_view option) {

@@ -3,12 +3,14 @@
 #include <string>
 
 #include "batch/BatchCompile.h"
+#include "batch/BatchConvert.h"
 #include "batch/BatchGenerate.h"
 #include "batch/BatchHelp.h"
 #include "batch/BatchImports.h"
 #include "batch/BatchProject.h"
 #include "batch/BatchTools.h"
 #include "generate/Documentation.h"
+#include "model/ProjectFormat.h"
 #include "platform/Files.h"
 
 namespace batch {
@@ -59,6 +61,8 @@ ExitCode runInfo(BatchSession& session, const CommandLine& arguments) {
     fact("Empty topics: ", empty);
     fact("Contexts: ",
          topicsWith([](const model::Topic& topic) { return !topic.contextId.empty(); }));
+    fact("Format: ", static_cast<int>(formatFor(project.options())));
+    session.console.result("Language: " + text::oneLine(project.options().languageTag));
     return exitDone;
 }
 
@@ -102,6 +106,10 @@ constexpr BatchCommand commands[] = {
      "Lists what is wrong with a compiled help file, and where it differs from its project.", 1, 1,
      verify, "--against="},
     {"info", "PROJECT.tsp", "Prints facts about a project, one per line.", 1, 1, runInfo},
+    {"convert", "PROJECT.tsp OUT.tsp [--format 1|2] [--language TAG]",
+     "Writes the project in another format or language; lists what format 1 cannot keep: position "
+     "of the topic, part, what, with tabs between.",
+     2, 2, convert, "--format= --language="},
 };
 
 } // namespace

@@ -24,6 +24,17 @@ bool lockForChange(BatchSession& session, const fs::path& path) {
     return true;
 }
 
+bool isThere(const fs::path& path) {
+    std::error_code ignored;
+    return platform::isFile(path) || fs::exists(fs::symlink_status(path, ignored));
+}
+
+/// Nothing has been read from the file to which the project belongs now: it is not there.
+void moveToNewFile(Project& project, const fs::path& path) {
+    project.setProjectPath(platform::fullPath(path));
+    project.origin() = {platform::FileState(project.projectPath()), {}};
+}
+
 } // namespace
 
 bool loadWhole(BatchSession& session, const fs::path& path, Project& project) {
@@ -58,12 +69,26 @@ bool loadOrStart(BatchSession& session, const fs::path& path, Project& project) 
     if (!lockForChange(session, path)) {
         return false;
     }
-    std::error_code ignored;
-    if (platform::isFile(path) || fs::exists(fs::symlink_status(path, ignored))) {
+    if (isThere(path)) {
         return loadWhole(session, path, project);
     }
-    project.setProjectPath(platform::fullPath(path));
-    project.origin().file = platform::FileState(project.projectPath());
+    moveToNewFile(project, path);
+    return true;
+}
+
+bool loadForCopy(BatchSession& session, const fs::path& path, const fs::path& copy,
+                 Project& project) {
+    if (!lockForChange(session, copy)) {
+        return false;
+    }
+    if (isThere(copy)) {
+        session.console.failure("Error", copy, "the file is there already");
+        return false;
+    }
+    if (!loadWhole(session, path, project)) {
+        return false;
+    }
+    moveToNewFile(project, copy);
     return true;
 }
 

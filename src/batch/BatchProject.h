@@ -17,6 +17,11 @@ bool loadForChange(BatchSession& session, const std::filesystem::path& path,
 /// The same, but where there is no such file the project is a new one that belongs there.
 bool loadOrStart(BatchSession& session, const std::filesystem::path& path, model::Project& project);
 
+/// The same for a command that writes the project to another file, which must not be there yet. The
+/// project belongs to that one.
+bool loadForCopy(BatchSession& session, const std::filesystem::path& path,
+                 const std::filesystem::path& copy, model::Project& project);
+
 /// Writes the project to its file; says why when that fails.
 bool saveBack(BatchSession& session, model::Project& project);
 

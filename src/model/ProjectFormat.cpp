@@ -318,10 +318,13 @@ text::TextView whereCut(LoadStop stop) {
     }
 }
 
+bool isHtmlField(Text Topic::*field) {
+    return field == &Topic::title || field == &Topic::shortDescription || field == &Topic::keywords
+           || field == &Topic::body;
+}
+
 Text topicText(Text Topic::*field, TextView bytes) {
-    const bool isHtml = field == &Topic::title || field == &Topic::shortDescription
-                        || field == &Topic::keywords || field == &Topic::body;
-    return isHtml ? filesCodePage().decodedHtml(bytes) : filesCodePage().decoded(bytes);
+    return isHtmlField(field) ? filesCodePage().decodedHtml(bytes) : filesCodePage().decoded(bytes);
 }
 
 ProjectFormat formatOf(TextView file) {

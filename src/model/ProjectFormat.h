@@ -70,6 +70,9 @@ text::Bytes formatProject(const TopicOutline& outline, const ProjectOptions& opt
 /// In format 2 whatever the options say. Read again it is the same project, options and all.
 text::Bytes formatWhole(const TopicOutline& outline, const ProjectOptions& options);
 
+/// Whether references in the field are letters again when format 1 is read.
+bool isHtmlField(text::Text Topic::*field);
+
 /// What a topic's field says that stands so in a project file of format 1.
 text::Text topicText(text::Text Topic::*field, text::TextView bytes);
 

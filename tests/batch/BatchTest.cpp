@@ -39,8 +39,10 @@ TEST_F(BatchTest, InfoPrintsOneFactALine) {
     model::ProjectOptions options;
     options.projectName = "Caf\u00E9";
     EXPECT_EQ(run({"info", save("p.tsp", outline, options)}), exitDone);
-    EXPECT_EQ(output,
-              "Name: Café\nTopics: 2\nLevels: 3\nBodies: 1\nEmpty topics: 1\nContexts: 1\n");
+    EXPECT_EQ(
+        output,
+        "Name: Café\nTopics: 2\nLevels: 3\nBodies: 1\nEmpty topics: 1\nContexts: 1\nFormat: 1\n"
+        "Language: en-US\n");
     EXPECT_EQ(errors, "");
 }
 
