@@ -76,6 +76,36 @@ std::size_t plainEnd(std::string_view bytes, std::size_t from) {
     return static_cast<std::size_t>(end - bytes.begin());
 }
 
+bool isMark(char32_t character) {
+    const auto* property = utf8proc_get_property(static_cast<utf8proc_int32_t>(character));
+    return property->combining_class != 0;
+}
+
+/// The character that a letter and a mark make; 0 where there is none.
+char32_t composed(char32_t letter, char32_t mark) {
+    std::string both;
+    appendUtf8(both, letter);
+    appendUtf8(both, mark);
+    constexpr auto how = static_cast<utf8proc_option_t>(UTF8PROC_COMPOSE | UTF8PROC_STABLE);
+    std::array<utf8proc_int32_t, 8> parts{}; // no letter has more
+    const auto bytes = reinterpret_cast<const utf8proc_uint8_t*>(both.data());
+    const auto count = utf8proc_decompose(bytes, static_cast<utf8proc_ssize_t>(both.size()),
+                                          parts.data(), parts.size(), how);
+    const bool fits = count > 0 && count <= static_cast<utf8proc_ssize_t>(parts.size());
+    return fits && utf8proc_normalize_utf32(parts.data(), count, how) == 1
+               ? static_cast<char32_t>(parts[0])
+               : 0;
+}
+
+/// Where the last character of a text that is not empty begins.
+std::size_t lastCharacter(TextView text) {
+    std::size_t at = text.size() - 1;
+    while (at > 0 && continuesCharacter(text[at])) {
+        --at;
+    }
+    return at;
+}
+
 void appendReference(std::string& bytes, char32_t character) {
     bytes += "&#" + std::to_string(static_cast<std::uint32_t>(character)) + ';';
 }
@@ -86,9 +116,12 @@ struct CodePage::Table {
     std::array<char32_t, byteCount> characters{};    ///< 0 for a byte that begins a pair
     std::unordered_map<char32_t, std::string> bytes; ///< beyond ASCII
     bool hasPairs = false;
+    bool hasMarks = false; ///< that make letters of those before them
 
     void add(std::string_view encoded, char32_t character, unsigned number);
     void addPairs(unsigned char lead, unsigned number);
+    void addMarkedLetters();
+    void appendDecoded(Text& text, unsigned char byte) const;
 };
 
 /// Of two forms that one character has, the system's choice counts.
@@ -114,6 +147,39 @@ void CodePage::Table::addPairs(unsigned char lead, unsigned number) {
             add(pair, character, number);
         }
     }
+}
+
+/// Vietnamese has more letters than a code page has room for: it writes many of them as a letter
+/// and the mark of its tone. Those that have a code of their own stay two.
+void CodePage::Table::addMarkedLetters() {
+    for (unsigned mark = firstHigh; mark < byteCount; ++mark) {
+        if (!isMark(characters[mark])) {
+            continue;
+        }
+        for (unsigned base = 'A'; base < byteCount; ++base) {
+            const char32_t marked = composed(characters[base], characters[mark]);
+            if (marked != 0 && !bytes.contains(marked)) {
+                bytes[marked] = {static_cast<char>(base), static_cast<char>(mark)};
+                hasMarks = true;
+            }
+        }
+    }
+}
+
+void CodePage::Table::appendDecoded(Text& text, unsigned char byte) const {
+    const char32_t character = characters[byte];
+    if (hasMarks && !text.empty() && isMark(character)) {
+        const std::size_t last = lastCharacter(text);
+        TextView before = TextView(text).substr(last);
+        const char32_t marked = composed(takeUtf8(before), character);
+        const auto known = marked == 0 ? bytes.end() : bytes.find(marked);
+        if (known != bytes.end() && known->second.size() == 2) {
+            text.resize(last);
+            appendUtf8(text, marked);
+            return;
+        }
+    }
+    appendUtf8(text, character);
 }
 
 const CodePage::Table& CodePage::tableOf(unsigned number) {
@@ -145,6 +211,7 @@ const CodePage::Table& CodePage::tableOf(unsigned number) {
             }
         }
     }
+    table.addMarkedLetters();
     return table;
 }
 
@@ -177,7 +244,7 @@ Text CodePage::decoded(TextView bytes) const {
         const std::size_t plain = plainEnd(bytes, at);
         text += bytes.substr(at, plain - at);
         for (at = plain; at < bytes.size() && (bytes[at] & 0x80) != 0; ++at) {
-            appendUtf8(text, table_->characters[static_cast<unsigned char>(bytes[at])]);
+            table_->appendDecoded(text, static_cast<unsigned char>(bytes[at]));
         }
     }
     return text;

@@ -13,6 +13,8 @@ namespace text {
 namespace {
 
 constexpr unsigned westernCodePage = CodePage::western;
+constexpr unsigned firstWindowsPage = 1250; // these have one byte for a letter
+constexpr unsigned lastWindowsPage = 1258;
 constexpr unsigned shiftedCodePage = 50220; // ISO-2022-JP: all its bytes look like ASCII
 
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
@@ -78,8 +80,9 @@ std::string fromCodePage(std::string_view bytes, unsigned codePage) {
     if (codePage != shiftedCodePage && isAscii(bytes)) {
         return std::string(bytes);
     }
-    return codePage == westernCodePage ? CodePage().decoded(bytes)
-                                       : platform::utf8FromCodePage(bytes, codePage);
+    const bool isWindows = codePage >= firstWindowsPage && codePage <= lastWindowsPage;
+    return isWindows ? CodePage(codePage).decoded(bytes)
+                     : platform::utf8FromCodePage(bytes, codePage);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 
 #include "text/CodePage.h"
 #include "text/ForeignText.h"
+#include "text/Language.h"
 #include "text/Path.h"
 
 using namespace text;
@@ -94,6 +95,32 @@ TEST(CodePage, LettersThatItLacksAreReferences) {
     EXPECT_EQ(CodePage(932).decoded("\x93\xFA"
                                     "a"),
               "\u65E5a");
+}
+
+TEST(CodePage, EveryLanguageWritesItsLetters) {
+    const std::pair<const char*, Text> words[] = {
+        {"vi-VN", "Ti\u1EBFng Vi\u1EC7t \u1EA3\u1EDD \u00EA \u00E0"},
+        {"he-IL", "\u05E9\u05DC\u05D5\u05DD \u05D0\u05D9 \u05E9\u05C1\u05B8"},
+        {"ar-SA", "\u0645\u0631\u062D\u0628\u0627 \u064B\u0622"},
+        {"th-TH", "\u0E01\u0E47\u0E49\u0E33"},
+        {"ja-JP", "\u8868\u30BD\u5341\uFF9D"},
+        {"zh-CN", "\u4E2D\u20AC"},
+        {"zh-TW", "\u529F\u8A31"},
+        {"ko-KR", "\uD55C\uB620"}};
+    for (const auto& [tag, word] : words) {
+        const CodePage page(languageOf(tag).codePage);
+        EXPECT_TRUE(page.hasAll(word)) << tag;
+        EXPECT_EQ(page.decoded(page.encoded(word, Missing::questionMark).value), word);
+        EXPECT_EQ(decodedSource(page.encoded(word, Missing::reference).value, page.number()).utf8,
+                  word);
+    }
+    const CodePage vietnamese(1258);
+    EXPECT_EQ(vietnamese.encoded("\u1EC7", Missing::reference).value, "\xEA\xF2");
+    for (const std::string bytes : {"a\xCC\xCC\xF2", "\xF2\xEA\xF2\xF2", "\xEA\x81\xF2"}) {
+        const Text text = vietnamese.decoded(bytes);
+        EXPECT_EQ(vietnamese.encoded(text, Missing::questionMark).value,
+                  bytes.find('\x81') == Text::npos ? bytes : "\xEA?\xF2");
+    }
 }
 
 TEST(CodePage, ForeignTextsSayWhatTheyAre) {

@@ -49,16 +49,11 @@ public:
     std::optional<std::string> convert(std::string bytes, std::string_view replacement = {}) {
         std::string converted;
         converted.reserve(bytes.size() + bytes.size() / 8);
-        std::array<char, 4096> buffer{};
         char* from = bytes.data();
         std::size_t left = bytes.size();
         while (left > 0) {
-            char* to = buffer.data();
-            std::size_t room = buffer.size();
-            const std::size_t result = iconv(handle_, &from, &left, &to, &room);
-            const int error = errno;
-            converted.append(buffer.data(), buffer.size() - room);
-            if (result == static_cast<std::size_t>(-1) && error != E2BIG && left > 0) {
+            const int error = step(&from, &left, converted);
+            if (error != 0 && error != E2BIG && left > 0) {
                 if (replacement.empty()) {
                     return {};
                 }
@@ -68,10 +63,23 @@ public:
                 iconv(handle_, nullptr, nullptr, nullptr, nullptr);
             }
         }
+        step(nullptr, nullptr, converted);
         return converted;
     }
 
 private:
+    /// Converts some more, or gives out what is kept back: a letter that a mark could follow waits
+    /// for it in some code pages. Returns the error, 0 for none.
+    int step(char** from, std::size_t* left, std::string& converted) {
+        std::array<char, 4096> buffer{};
+        char* to = buffer.data();
+        std::size_t room = buffer.size();
+        const bool failed = iconv(handle_, from, left, &to, &room) == static_cast<std::size_t>(-1);
+        const int error = failed ? errno : 0;
+        converted.append(buffer.data(), buffer.size() - room);
+        return error;
+    }
+
     iconv_t handle_;
 };
 
