@@ -70,6 +70,8 @@ TEST_F(BatchConvert, WritesOverNothing) {
     const std::string other = test::bytesOf(file("other.tsp"));
     EXPECT_EQ(run({"convert", project, folder / "other.tsp", "--format=2"}), exitFailed);
     EXPECT_EQ(test::bytesOf(file("other.tsp")), other);
+    EXPECT_EQ(errors,
+              "Error: " + std::string(folder / "other.tsp") + ": the file is there already\n");
     test::writeBytes(file("cut.tsp"), other.substr(0, other.size() - 20));
     EXPECT_EQ(run({"convert", folder / "cut.tsp", folder / "new.tsp"}), exitFailed);
     EXPECT_FALSE(fs::exists(file("new.tsp")));
