@@ -69,13 +69,6 @@ DecimalReference decimalReferenceAt(TextView html) {
     return {static_cast<std::size_t>(rest - html.data()) + 1, number};
 }
 
-/// Where the first character beyond ASCII is.
-std::size_t plainEnd(std::string_view bytes, std::size_t from) {
-    const auto* end = std::find_if(bytes.begin() + from, bytes.end(),
-                                   [](char byte) { return (byte & 0x80) != 0; });
-    return static_cast<std::size_t>(end - bytes.begin());
-}
-
 bool isMark(char32_t character) {
     const auto* property = utf8proc_get_property(static_cast<utf8proc_int32_t>(character));
     return property->combining_class != 0;
@@ -240,11 +233,13 @@ Text CodePage::decoded(TextView bytes) const {
     }
     Text text;
     text.reserve(bytes.size() + bytes.size() / 8);
-    for (std::size_t at = 0; at < bytes.size();) {
-        const std::size_t plain = plainEnd(bytes, at);
-        text += bytes.substr(at, plain - at);
-        for (at = plain; at < bytes.size() && (bytes[at] & 0x80) != 0; ++at) {
-            table_->appendDecoded(text, static_cast<unsigned char>(bytes[at]));
+    while (!bytes.empty()) {
+        const std::size_t plain = asciiLength(bytes);
+        text.append(bytes.data(), plain);
+        bytes.remove_prefix(plain);
+        while (!bytes.empty() && (bytes.front() & 0x80) != 0) {
+            table_->appendDecoded(text, static_cast<unsigned char>(bytes.front()));
+            bytes.remove_prefix(1);
         }
     }
     return text;
@@ -256,7 +251,7 @@ void CodePage::appendEncoded(std::string& bytes, TextView text, Missing missing)
         return;
     }
     while (!text.empty()) {
-        const std::size_t plain = plainEnd(text, 0);
+        const std::size_t plain = asciiLength(text);
         bytes += text.substr(0, plain);
         text.remove_prefix(plain);
         while (!text.empty() && (text.front() & 0x80) != 0) {

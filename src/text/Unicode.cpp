@@ -98,7 +98,7 @@ bool isUtf8(std::string_view bytes) {
     return true;
 }
 
-bool isAscii(std::string_view bytes) {
+std::size_t asciiLength(std::string_view bytes) {
     constexpr std::size_t step = sizeof(std::uint64_t);
     constexpr std::uint64_t highBits = 0x8080808080808080U;
     std::size_t i = 0;
@@ -106,11 +106,13 @@ bool isAscii(std::string_view bytes) {
         std::uint64_t eight = 0;
         std::memcpy(&eight, bytes.data() + i, step);
         if ((eight & highBits) != 0) {
-            return false;
+            break;
         }
     }
-    return std::all_of(bytes.begin() + static_cast<std::ptrdiff_t>(i), bytes.end(),
-                       [](char byte) { return (byte & 0x80) == 0; });
+    while (i < bytes.size() && (bytes[i] & 0x80) == 0) {
+        ++i;
+    }
+    return i;
 }
 
 std::size_t characterCount(std::string_view utf8) {

@@ -18,8 +18,12 @@ char32_t takeUtf8(std::string_view& utf8);
 /// Whether the bytes are UTF-8 to the end.
 bool isUtf8(std::string_view bytes);
 
-/// Whether all characters are those of ASCII.
-bool isAscii(std::string_view bytes);
+/// How long the beginning is in which all characters are those of ASCII.
+std::size_t asciiLength(std::string_view bytes);
+
+inline bool isAscii(std::string_view bytes) {
+    return asciiLength(bytes) == bytes.size();
+}
 
 /// Whether a byte goes on with a character, rather than beginning one.
 inline bool continuesCharacter(char byte) {
