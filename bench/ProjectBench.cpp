@@ -75,7 +75,7 @@ void saveUnflushed(benchmark::State& state) {
     const fs::path path = sample.file("unflushed.tsp");
     for (auto _ : state) {
         benchmark::DoNotOptimize(platform::writeFile(
-            path, model::formatProject(sample.project.outline(), sample.project.options())));
+            path, model::formatProject(sample.project.outline(), sample.project.options()).value));
     }
     sample.report(state);
 }

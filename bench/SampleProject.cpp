@@ -13,7 +13,7 @@ Text sampleBody(int number, std::size_t size) {
     for (int line = 1; body.size() < size; ++line) {
         text::appendLine(body, "<p>Line ", std::to_string(line), " of topic ",
                          std::to_string(number),
-                         ", with <b>bold</b> words, commas and an apostrophe's worth of text.");
+                         ", with <b>bold</b> words, commas and a caf\u00E9's worth of text.");
         if (line % 10 == 0) {
             text::appendLine(body, R"(See <a href='..\html\topic1.htm'>the start</a> and )",
                              "<a href='https://example.org/'>the web</a>.");

@@ -106,7 +106,7 @@ void appendReference(std::string& bytes, char32_t character) {
 } // namespace
 
 struct CodePage::Table {
-    std::array<char32_t, byteCount> characters{};    ///< 0 for a byte that begins a pair
+    std::array<char32_t, byteCount> characters{};    ///< of each byte that is one alone
     std::unordered_map<char32_t, std::string> bytes; ///< beyond ASCII
     bool hasPairs = false;
     bool hasMarks = false; ///< that make letters of those before them
@@ -136,7 +136,6 @@ void CodePage::Table::addPairs(unsigned char lead, unsigned number) {
         const char32_t character = rest.empty() ? replacementCharacter : takeUtf8(rest);
         if (rest.empty() && character != replacementCharacter) {
             hasPairs = true;
-            characters[lead] = 0;
             add(pair, character, number);
         }
     }
@@ -187,13 +186,12 @@ const CodePage::Table& CodePage::tableOf(unsigned number) {
     for (unsigned code = 0; code < byteCount; ++code) {
         const std::string byte(1, static_cast<char>(code));
         char32_t& character = table.characters[code];
-        if (code < firstHigh) {
-            character = code;
-        } else if (number == western) {
+        character = code;
+        if (number == western && code >= firstHigh) {
             const unsigned index = code - firstHigh;
             character = index < westernSpecials.size() ? westernSpecials[index] : code;
             table.bytes.emplace(character, byte);
-        } else {
+        } else if (code >= firstHigh) {
             const std::string utf8 = platform::utf8FromCodePage(byte, number);
             std::string_view rest = utf8;
             character = rest.empty() ? replacementCharacter : takeUtf8(rest);
@@ -225,7 +223,8 @@ bool CodePage::hasAll(TextView text) const {
 }
 
 Text CodePage::decoded(TextView bytes) const {
-    if (isAscii(bytes)) {
+    std::size_t plain = asciiLength(bytes);
+    if (plain == bytes.size()) {
         return Text(bytes);
     }
     if (table_->hasPairs || number_ == platform::utf8CodePage) {
@@ -234,13 +233,13 @@ Text CodePage::decoded(TextView bytes) const {
     Text text;
     text.reserve(bytes.size() + bytes.size() / 8);
     while (!bytes.empty()) {
-        const std::size_t plain = asciiLength(bytes);
         text.append(bytes.data(), plain);
         bytes.remove_prefix(plain);
         while (!bytes.empty() && (bytes.front() & 0x80) != 0) {
             table_->appendDecoded(text, static_cast<unsigned char>(bytes.front()));
             bytes.remove_prefix(1);
         }
+        plain = asciiLength(bytes);
     }
     return text;
 }

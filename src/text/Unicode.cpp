@@ -1,6 +1,7 @@
 #include "text/Unicode.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstring>
 #include <utf8proc.h>
@@ -99,13 +100,13 @@ bool isUtf8(std::string_view bytes) {
 }
 
 std::size_t asciiLength(std::string_view bytes) {
-    constexpr std::size_t step = sizeof(std::uint64_t);
     constexpr std::uint64_t highBits = 0x8080808080808080U;
+    using Words = std::array<std::uint64_t, 4>;
+    Words words;
     std::size_t i = 0;
-    for (; i + step <= bytes.size(); i += step) {
-        std::uint64_t eight = 0;
-        std::memcpy(&eight, bytes.data() + i, step);
-        if ((eight & highBits) != 0) {
+    for (; i + sizeof words <= bytes.size(); i += sizeof words) {
+        std::memcpy(words.data(), bytes.data() + i, sizeof words);
+        if (((words[0] | words[1] | words[2] | words[3]) & highBits) != 0) {
             break;
         }
     }
