@@ -136,11 +136,12 @@ bool SearchTable::walk(std::string_view first,
         places -= std::min(places, entry.size);
         return isSound && take(entry);
     };
-    for (std::uint64_t leaf = leafOf(first); leaf != 0 && goesOn && left > 0; --left) {
+    std::uint64_t leaf = leafOf(first);
+    for (; leaf != 0 && goesOn && left > 0; --left) {
         isSound = walkLeaf(leaf, takeInBounds, goesOn) && isSound;
         leaf = number(leaf, 4);
     }
-    return isSound && (left > 0 || !goesOn);
+    return isSound && (leaf == 0 || !goesOn);
 }
 
 std::optional<std::vector<SearchTable::Leaf>> SearchTable::allLeaves() const {

@@ -91,6 +91,7 @@ TEST_F(HelpSearch, UsesAnIndexThatHoldsAllPages) {
     EXPECT_EQ(found(*book, "unwanted"), Lines{});
     EXPECT_EQ(found(*book, "\u00E5\u00E9"), Lines{"a.htm A"});
     EXPECT_EQ(found(*book, "ae"), Lines{"a.htm A"});
+    EXPECT_EQ(checkHelp(folder / "t.chm"), Lines{}); // a single leaf is not too many
     Files all = files();
     all["/c.htm"] = "<title>C</title>unwanted";
     EXPECT_EQ(found(*HelpBook::open(packed(all)), "unwanted"), (Lines{"a.htm A", "c.htm C"}));
