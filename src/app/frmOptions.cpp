@@ -50,7 +50,7 @@ frmOptions::frmOptions(ui::Window& owner, const model::ProjectOptions& options,
     auto content = ui::Layout::column();
     content.add(tbsOptions, 1).add(std::move(buttons));
     setLayout(std::move(content));
-    setSize(8250, 5400);
+    setSize(9300, 5400);
     cmdOK.setDefault();
     fill();
     setEdited(false);
