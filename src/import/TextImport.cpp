@@ -30,7 +30,7 @@ Topic topicOf(TextView line, const text::CodePage& codePage) {
     TextView title = line;
     TextView description;
     if (const std::size_t tab = line.find('\t'); tab != TextView::npos) {
-        topic.level = model::levelText(depthOf(tab + 1));
+        topic.level = model::levelText(depthOf(text::characterCount(line.substr(0, tab)) + 1));
         title = line.substr(tab + 1);
         if (const std::size_t second = title.find('\t'); second != TextView::npos) {
             description = title.substr(second + 1);

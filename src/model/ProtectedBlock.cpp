@@ -22,25 +22,49 @@ std::int32_t leadingNumber(TextView text) {
     return number;
 }
 
-void appendContentLine(ProtectedBlock& block, TextView line, bool isFirst) {
-    if (isFirst) {
-        block.content = line;
-        block.asIs = line;
-    } else {
-        append(block.content, lineBreak, line);
-        const char* end = line.data() + line.size();
-        block.asIs = {block.asIs.data(), static_cast<std::size_t>(end - block.asIs.data())};
+/// Collects the lines of a block and how many bytes they take in the page: a text can hold many end
+/// markers, and must not be measured from its beginning for each.
+class BlockReader {
+public:
+    BlockReader(ProtectedBlock& block, const text::CodePage& codePage)
+        : block_(block), codePage_(codePage) {}
+
+    void add(TextView line) {
+        const std::size_t size = codePage_.encodedSize(line);
+        if (block_.asIs.data() == nullptr) {
+            block_.content = line;
+            block_.asIs = line;
+        } else {
+            append(block_.content, lineBreak, line);
+            const auto length = static_cast<std::size_t>(line.data() - block_.asIs.data());
+            asIsSize_ += length - block_.asIs.size(); // the line end before it
+            contentSize_ += lineBreak.size();
+            block_.asIs = {block_.asIs.data(), length + line.size()};
+        }
+        contentSize_ += size;
+        asIsSize_ += size;
     }
-}
+
+    bool isComplete() const {
+        const auto length = static_cast<std::size_t>(block_.generatedLength);
+        return block_.generatedLength >= 0 && (contentSize_ == length || asIsSize_ == length);
+    }
+
+private:
+    ProtectedBlock& block_;
+    const text::CodePage& codePage_;
+    std::size_t contentSize_ = 0;
+    std::size_t asIsSize_ = 0;
+};
 
 /// Reads on behind the start marker.
 std::optional<ProtectedBlock> readContent(LineReader& lines, ProtectedBlock block,
                                           const text::CodePage& codePage) {
     std::optional<ProtectedBlock> first;
-    bool isFirstLine = true;
-    for (TextView line; lines.next(line); isFirstLine = false) {
+    BlockReader reader(block, codePage);
+    for (TextView line; lines.next(line);) {
         if (line.starts_with(blockEnd)) {
-            if (block.hasGeneratedLength(codePage)) {
+            if (reader.isComplete()) {
                 return block;
             }
             if (first) {
@@ -49,7 +73,7 @@ std::optional<ProtectedBlock> readContent(LineReader& lines, ProtectedBlock bloc
                 first = block;
             }
         }
-        appendContentLine(block, line, isFirstLine);
+        reader.add(line);
     }
     return first;
 }

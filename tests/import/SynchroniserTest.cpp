@@ -41,15 +41,17 @@ protected:
 } // namespace
 
 TEST(ProtectedBlock, IsFoundAsItWasWritten) {
-    for (const Text& body : {Text("x"), Text(""), Text("\r\n"), Text("a\r\n\r\nb\r\n"),
-                             Text("a\nb\rc"), start + "9] -->\r\nx"}) {
+    for (const Text& body :
+         {Text("x"), Text(""), Text("\r\n"), Text("a\r\n\r\nb\r\n"), Text("a\nb\rc"),
+          start + "9] -->\r\nx", "\u00E9\u0416\r\n" + end + "\r\n\u0416",
+          "\u00E9\n" + end + "\n\n\u0416"}) {
         Text page = "<p>\r\n";
         model::appendProtectedBlock(page, body, text::CodePage());
         const auto block = model::findProtectedBlock(page, text::CodePage());
         ASSERT_TRUE(block);
         const Text content = body.empty() ? Text(model::placeholderBody) : body;
         EXPECT_EQ(block->asIs, content);
-        EXPECT_EQ(block->generatedLength, static_cast<int>(content.size()));
+        EXPECT_EQ(block->generatedLength, static_cast<int>(text::CodePage().encodedSize(content)));
     }
 }
 

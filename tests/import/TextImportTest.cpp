@@ -38,6 +38,7 @@ TEST(TextImport, TakesTheDepthFromTheNumbersLength) {
     EXPECT_EQ(levels("\ta\n1\tb\n12\tc\n1.2\td\n10.2\te\n1.2.3\tf\n1.20.3\tg\n1.2.3.4\th\n"
                      "1.2.3.40\ti\n1.2.3.4.5.6.7.8.9.0\tj"),
               "1a 1b 2c 2d 2e 3f 4g 4h 4i 9j ");
+    EXPECT_EQ(levels("\u00A7\ta\n\uFF11.\uFF12\tb"), "1a 2b "); // in characters
 }
 
 TEST(TextImport, ConvertsUnicodeBehindAByteOrderMark) {
