@@ -139,9 +139,10 @@ private:
         noteContext(ids_, id);
     }
 
+    /// Letters beyond ASCII are those of the code page; others are a fault of their own.
     static bool isIdentifier(TextView id) {
         const auto isLetter = [](char c) {
-            return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+            return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || (c & 0x80) != 0;
         };
         return isLetter(id.front()) && std::all_of(id.begin(), id.end(), [&isLetter](char c) {
                    return isLetter(c) || (c >= '0' && c <= '9');

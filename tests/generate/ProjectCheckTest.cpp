@@ -80,6 +80,8 @@ TEST_F(ProjectCheck, TheLanguageDecidesWhichLettersThereAre) {
     options.languageTag = "ru-RU";
     outline.at(2).title = "\u0416 \u0098";
     outline.at(2).keywords = "&#1078; &uuml;";
+    outline.at(2).contextId = "IDH_\u0416";
+    outline.at(2).contextNumber = "1";
     outline.at(2).body = "\u00C3\u00A9"; // references in the page
     EXPECT_EQ(check(),
               (Lines{
