@@ -78,7 +78,11 @@ const Language* findLanguage(TextView tag) {
 
 const Language& languageOf(TextView tag) {
     const Language* known = findLanguage(tag);
-    return known == nullptr ? *findLanguage(defaultLanguage) : *known;
+    return known != nullptr
+               ? *known
+               : *std::find_if(std::begin(all), std::end(all), [](const Language& each) {
+                     return TextView(each.tag) == defaultLanguage;
+                 });
 }
 
 } // namespace text
