@@ -8,7 +8,6 @@
 
 namespace model {
 
-using text::append;
 using text::lowerCase;
 using text::nativePath;
 using text::Text;

@@ -199,7 +199,7 @@ void appendWholeField(std::string& file, TextView text) {
         return;
     }
     file += '"';
-    for (std::size_t quote; (quote = text.find('"')) != TextView::npos;) {
+    for (std::size_t quote = 0; (quote = text.find('"')) != TextView::npos;) {
         file += text.substr(0, quote + 1);
         file += '"';
         text.remove_prefix(quote + 1);
