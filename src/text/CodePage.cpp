@@ -255,7 +255,10 @@ void CodePage::appendEncoded(std::string& bytes, TextView text, Missing missing)
         text.remove_prefix(plain);
         while (!text.empty() && (text.front() & 0x80) != 0) {
             const char32_t character = takeUtf8(text);
-            if (const auto known = table_->bytes.find(character); known != table_->bytes.end()) {
+            if (isLatin(character)) {
+                bytes += static_cast<char>(character);
+            } else if (const auto known = table_->bytes.find(character);
+                       known != table_->bytes.end()) {
                 bytes += known->second;
             } else if (missing == Missing::reference) {
                 appendReference(bytes, character);
@@ -274,7 +277,20 @@ Bytes CodePage::encoded(TextView text, Missing missing) const {
 }
 
 std::size_t CodePage::encodedSize(TextView text) const {
-    return isAscii(text) ? text.size() : encoded(text, Missing::reference).value.size();
+    std::size_t size = 0;
+    for (std::size_t plain = asciiLength(text); plain < text.size(); plain = asciiLength(text)) {
+        size += plain;
+        text.remove_prefix(plain);
+        TextView rest = text;
+        if (isLatin(takeUtf8(rest))) {
+            ++size;
+        } else {
+            const TextView letter = text.substr(0, text.size() - rest.size());
+            size += encoded(letter, Missing::reference).value.size();
+        }
+        text = rest;
+    }
+    return size + text.size();
 }
 
 Text CodePage::withLetters(TextView html) const {

@@ -63,6 +63,12 @@ private:
     struct Table;
     static const Table& tableOf(unsigned number);
 
+    /// A western letter whose code is its number: most of those that there are, known without a
+    /// look into the table.
+    bool isLatin(char32_t character) const {
+        return number_ == western && character >= 0xA0 && character <= 0xFF;
+    }
+
     const Table* table_;
     unsigned number_;
 };
