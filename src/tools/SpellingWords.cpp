@@ -59,8 +59,8 @@ bool holdsCode(TextView name) {
 } // namespace
 
 WordReader::WordReader(TextView text, std::size_t from)
-    : text_(text), lower_(text::lowerAscii(text)), tagEnds_(text),
-      position_(std::min(from, text.size())) {}
+    : text_(text), reader_(text.substr(std::min(from, text.size()))),
+      position_(std::min(from, text.size())), proseEnd_(position_) {}
 
 std::optional<SpellingWord> WordReader::next() {
     while (words_.empty()) {
@@ -78,65 +78,51 @@ std::optional<SpellingWord> WordReader::next() {
 bool WordReader::takeToken() {
     token_.clear();
     behindTag_ = false;
-    while (position_ < text_.size()) {
-        if (text_[position_] == '<' && skipTag()) {
+    while (true) {
+        while (position_ < proseEnd_) {
+            const Letter letter = takeLetter();
+            behindTag_ = false;
+            if (!isBlank(letter.code)) {
+                token_.push_back(letter);
+            } else if (!token_.empty()) {
+                return true;
+            }
+        }
+        if (!reader_.next()) {
+            return !token_.empty();
+        }
+        if (!reader_.isText()) {
+            passTag();
             if (!behindTag_ && !token_.empty()) {
                 return true;
             }
             continue;
         }
-        const Letter letter = takeLetter();
-        behindTag_ = false;
-        if (!isBlank(letter.code)) {
-            token_.push_back(letter);
-        } else if (!token_.empty()) {
-            return true;
-        }
+        const auto start = static_cast<std::size_t>(reader_.text().data() - text_.data());
+        behindTag_ = behindTag_ || start > position_; // a comment may stand within a word
+        position_ = start;
+        proseEnd_ = start + reader_.text().size();
     }
-    return !token_.empty();
 }
 
-/// Skips a tag, and with it an element of code or a comment; false when it is only a sign.
-bool WordReader::skipTag() {
-    constexpr TextView commentStart = "<!--";
-    constexpr TextView commentEnd = "-->";
-    const TextView rest = TextView(lower_).substr(position_);
-    if (rest.starts_with(commentStart)) {
-        const std::size_t end = lower_.find(commentEnd, position_);
-        position_ = end == Text::npos ? text_.size() : end + commentEnd.size();
-        behindTag_ = true; // it may stand within a word
-        return true;
-    }
-    const std::size_t nameStart = rest.starts_with("</") ? 2 : 1;
-    const char first = nameStart < rest.size() ? rest[nameStart] : '\0';
-    const bool isTag = (first >= 'a' && first <= 'z') || first == '!' || first == '?';
-    const std::size_t end = isTag ? tagEnds_.of(position_) : Text::npos;
-    if (end == Text::npos) {
-        return false;
-    }
-    const std::size_t nameEnd = std::min(
-        rest.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789!?", nameStart), rest.size());
-    const TextView name = rest.substr(nameStart, nameEnd - nameStart);
-    position_ = end + 1;
+void WordReader::passTag() {
+    const Text name = reader_.lowerName();
     behindTag_ = text::isInlineTag(name);
-    if (nameStart == 1 && holdsCode(name)) {
-        skipElement(name);
+    if (holdsCode(name) && !reader_.closes() && !unclosed_.contains(name)) {
+        passCode(name);
     }
-    return true;
 }
 
 /// Without an end it goes on as text: the author has yet to write it.
-void WordReader::skipElement(TextView name) {
-    Text endTag = "</";
-    endTag += name;
-    if (missingEndTags_.contains(endTag)) {
-        return;
+void WordReader::passCode(TextView name) {
+    text::HtmlReader ahead = reader_;
+    while (ahead.next()) {
+        if (ahead.closes(name)) {
+            reader_ = ahead;
+            return;
+        }
     }
-    if (const std::size_t end = lower_.find(endTag, position_); end != Text::npos) {
-        position_ = end;
-    } else {
-        missingEndTags_.insert(endTag);
-    }
+    unclosed_.emplace(name);
 }
 
 WordReader::Letter WordReader::takeLetter() {

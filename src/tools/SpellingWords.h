@@ -38,21 +38,21 @@ private:
     };
 
     bool takeToken();
-    bool skipTag();
-    void skipElement(TextView name);
+    void passTag();
+    void passCode(TextView name);
     Letter takeLetter();
     void collectWords();
     void addWord(std::size_t first, std::size_t last);
 
     TextView text_;
-    Text lower_; ///< for names of tags
-    text::TagEnds tagEnds_;
-    std::size_t position_;
+    text::HtmlReader reader_;  ///< behind the prose that is being read
+    std::size_t position_;     ///< in the text
+    std::size_t proseEnd_;     ///< likewise: where the reader goes on
     std::deque<Letter> token_; ///< what stands between two blanks
     std::deque<SpellingWord> words_;
     bool behindTag_ = false;
 
-    std::set<Text> missingEndTags_; ///< not looked for again: there is none behind here
+    std::set<Text> unclosed_; ///< elements of code; their end tags are not looked for again
 };
 
 } // namespace tools
