@@ -80,8 +80,8 @@ void CompileCommand::compileTo(const fs::path& output) {
 void CompileCommand::start(const fs::path& workshopFile, const fs::path& output) {
     compile::CompileOptions options;
     options.output = output;
-    options.otherFolder = project_.projectPath().parent_path();
-    options.title = text::oneLine(project_.options().projectName);
+    options.setOwnProject(project_.projectPath().parent_path(),
+                          text::oneLine(project_.options().projectName));
     compilation_ = std::make_unique<dlgCompile>(host_.window(), workshopFile, options);
     compilation_->Closed.connect([this] { ui::Window::discard(std::move(compilation_)); });
     compilation_->MessageChosen.connect(

@@ -52,7 +52,6 @@ void HelpCompilation::fail(std::string file, const char* why) noexcept {
 void HelpCompilation::work(const std::filesystem::path& workshopFile,
                            compile::CompileOptions options, const std::stop_token& stop) {
     options.stop = stop;
-    options.fullTextSearch = true; // it is a project of ours
     options.progress = [this](std::uint64_t done, std::uint64_t total) {
         constexpr std::uint64_t whole = 100;
         percent_ = static_cast<int>(total == 0 ? whole : done * whole / total);

@@ -98,9 +98,8 @@ ExitCode compileOwn(BatchSession& session, const CommandLine& arguments,
         return exitFailed;
     }
     options.output = output;
-    options.otherFolder = project.projectPath().parent_path();
-    options.fullTextSearch = true;
-    options.title = text::oneLine(project.options().projectName);
+    options.setOwnProject(project.projectPath().parent_path(),
+                          text::oneLine(project.options().projectName));
     return compileWorkshop(session, workshopFile, options, isQuiet);
 }
 

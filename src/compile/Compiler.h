@@ -5,6 +5,7 @@
 #include <optional>
 #include <stop_token>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "compile/CompressedStream.h"
@@ -23,6 +24,14 @@ struct CompileOptions {
     bool strict = false;                    ///< nothing is written after a warning
     Progress progress = {};                 ///< of the compression; on the caller's thread
     std::stop_token stop = {};
+
+    /// What the generated workshop's project of one of ours does not say: the folder in which that
+    /// lies, for pictures and style sheets, its title in UTF-8, and that it is to be searched.
+    void setOwnProject(const std::filesystem::path& folder, std::string ownTitle) {
+        otherFolder = folder;
+        title = std::move(ownTitle);
+        fullTextSearch = true;
+    }
 };
 
 struct CompileOutcome {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "model/ProjectFolders.h"
 #include "text/CodePage.h"
 
 /// The marked region of a generated page that holds the topic's body, so that pages edited outside
@@ -18,6 +19,7 @@ inline constexpr text::TextView blockEnd = "<!-- HTML Topicsmith End Code *Do No
 /// Stands in for the body of a topic that has none.
 inline constexpr text::TextView placeholderBody =
     R"(<p><IMG src="..\images\Image.jpg" align=left BORDER=0> Descriptive text goes here.</p>)";
+static_assert(placeholderBody.find(topicPicture) != text::TextView::npos);
 
 /// For a page that will be written in the code page.
 void appendProtectedBlock(text::Text& page, text::TextView body, const text::CodePage& codePage);
