@@ -162,6 +162,7 @@ private:
     bool runSession(EditorFate editor, const std::function<bool()>& act);
     void noticeOutcome(bool done);
     void readAgainIfChanged();
+    bool wantsEveryCharacter(ui::Window& dialog, const model::ProjectOptions& edited) const;
 
     void arrange();
     void connectControls();

@@ -1,6 +1,8 @@
 #include "app/frmMain.h"
 #include "app/frmOptions.h"
 #include "app/frmSplash.h"
+#include "model/FormatLoss.h"
+#include "model/ProjectFormat.h"
 #include "model/Rereading.h"
 
 // What the main window does when a command is chosen.
@@ -91,11 +93,38 @@ void frmMain::readAgainIfChanged() {
     noticeOutcome(session_.readAgain());
 }
 
+/// Asks where the project's file is about to become one that cannot hold all of the project.
+bool frmMain::wantsEveryCharacter(ui::Window& dialog, const model::ProjectOptions& edited) const {
+    if (formatFor(project_.options()) == model::ProjectFormat::one
+        || formatFor(edited) != model::ProjectFormat::one) {
+        return false;
+    }
+    const auto losses = lossesInFormatOne(project_.outline(), edited);
+    if (losses.empty()) {
+        return false;
+    }
+    const model::FormatLoss& first = losses.front();
+    const Text where = first.topic == 0 ? Text() : " of topic " + std::to_string(first.topic);
+    Text question = "Without \"Keep every character\" the project's file cannot hold all of it: ";
+    text::append(question, first.what, " in the ", first.part, where);
+    if (losses.size() > 1) {
+        text::append(question, ", and ", std::to_string(losses.size() - 1), " more");
+    }
+    question += ".\r\n\r\nKeep every character?";
+    return Prompter::current().ask(&dialog, {std::move(question), "Properties", ui::Buttons::yesNo,
+                                             ui::QuestionIcon::exclamation})
+           == ui::Answer::yes;
+}
+
 void frmMain::mnuFileProperties_Click() {
     frmOptions options(*this, project_.options(), session_.folder());
-    options.Apply.connect([this](const model::ProjectOptions& edited) {
+    options.Apply.connect([this, &options](model::ProjectOptions edited) {
+        if (wantsEveryCharacter(options, edited)) {
+            options.keepEveryCharacter();
+            edited.keepsEveryCharacter = true;
+        }
         const model::UndoStep step(project_, "Change Properties");
-        project_.setOptions(edited);
+        project_.setOptions(std::move(edited));
         project_.markChanged(model::projectChanged);
     });
     options.Reread.connect([this](const text::Language& language) {

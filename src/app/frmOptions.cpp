@@ -1,6 +1,7 @@
 #include "app/frmOptions.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "model/PagePath.h"
 #include "platform/Files.h"
@@ -33,7 +34,76 @@ Text withBackslashes(Text path) {
     return path;
 }
 
+/// The boxes of the options, in the order of the project file. A visitor of the options that hands
+/// each on together with its box.
+template <typename Visitor>
+struct OptionBoxes {
+    ui::TextBox* const* texts;
+    ui::CheckBox* const* flags;
+    ui::OptionButton (&types)[2];
+    Visitor& visitor;
+
+    void title(Text& value) { visitor.text(**texts++, value); }
+    void html(Text& value) { visitor.text(**texts++, value); }
+    void name(Text& value) { visitor.text(**texts++, value); }
+    void flag(bool& value) { visitor.flag(**flags++, value); }
+    void navigation(NavigationType& value) { visitor.type(types, value); }
+};
+
+/// Shows what the options are.
+struct Fill {
+    void text(ui::TextBox& box, const Text& value) const { box.setText(value); }
+    void flag(ui::CheckBox& box, bool value) const { box.setChecked(value); }
+    void type(ui::OptionButton (&buttons)[2], NavigationType value) const {
+        const auto type = static_cast<std::size_t>(value);
+        if (type < std::size(buttons)) { // a project file can hold any number
+            buttons[type].select();
+        }
+    }
+};
+
+/// Takes over what was edited.
+struct ReadBack {
+    void text(const ui::TextBox& box, Text& value) const { value = box.text(); }
+    void flag(const ui::CheckBox& box, bool& value) const { value = box.checked(); }
+    void type(const ui::OptionButton (&buttons)[2], NavigationType& value) const {
+        value = buttons[0].selected() ? NavigationType::textLinks : NavigationType::graphicButtons;
+    }
+};
+
+/// Hears of every edit, but for those that have handlers of their own.
+struct Watch {
+    std::function<void()> edited;
+    std::array<const void*, 2> others;
+
+    template <typename Source>
+    void connect(const void* box, Source& event) const {
+        if (std::find(others.begin(), others.end(), box) == others.end()) {
+            event.connect(edited);
+        }
+    }
+    void text(ui::TextBox& box, const Text&) const { connect(&box, box.Change); }
+    void flag(ui::CheckBox& box, bool) const { connect(&box, box.Click); }
+    void type(ui::OptionButton (&buttons)[2], NavigationType) const {
+        for (ui::OptionButton& button : buttons) {
+            connect(&button, button.Click);
+        }
+    }
+};
+
 } // namespace
+
+template <typename Visitor>
+void frmOptions::visitBoxes(Visitor visitor) {
+    ui::TextBox* const texts[] = {&txtProjectName, &txtCSS,        &txtBImage,
+                                  &txtTemplate,    &txtAdditional, &txtCopyright};
+    ui::CheckBox* const flags[] = {&chkCopyright,     &chkNavigation[0], &chkNavigation[1],
+                                   &chkNavigation[2], &chkNavigation[3], &chkNavigation[4],
+                                   &chkNavigation[5], &chkIndentedTOC,   &chkNumbering,
+                                   &chkDocLinks,      &chkUnderline};
+    OptionBoxes<Visitor> boxes{texts, flags, optNavType, visitor};
+    model::visitOptions(options_, boxes);
+}
 
 frmOptions::frmOptions(ui::Window& owner, const model::ProjectOptions& options,
                        const fs::path& projectFolder)
@@ -52,7 +122,11 @@ frmOptions::frmOptions(ui::Window& owner, const model::ProjectOptions& options,
     setLayout(std::move(content));
     setSize(9300, 5400);
     cmdOK.setDefault();
-    fill();
+    icboLanguage.select(options_.languageTag);
+    chkEveryCharacter.setChecked(options_.keepsEveryCharacter);
+    showLanguage();
+    visitBoxes(Fill());
+    txtCopyright.setEnabled(options_.showCopyright);
     setEdited(false);
     watch();
     tbsOptions_Click();
@@ -131,49 +205,13 @@ void frmOptions::arrangeLanguage() {
     tbsOptions.add("Language", "Set the Language of the Help", pnlLanguage);
 }
 
-void frmOptions::fill() {
-    icboLanguage.select(options_.languageTag);
-    chkEveryCharacter.setChecked(options_.keepsEveryCharacter);
-    showLanguage();
-    txtProjectName.setText(options_.projectName);
-    txtCSS.setText(options_.cssFile);
-    txtBImage.setText(options_.backgroundImage);
-    txtTemplate.setText(options_.templateFile);
-    chkCopyright.setChecked(options_.showCopyright);
-    txtCopyright.setText(options_.copyrightText);
-    txtCopyright.setEnabled(options_.showCopyright);
-    txtAdditional.setText(options_.additionalText);
-    for (std::size_t i = 0; i < std::size(chkNavigation); ++i) {
-        chkNavigation[i].setChecked(options_.navigationButtons[i]);
-    }
-    const auto type = static_cast<std::size_t>(options_.navigationType);
-    if (type < std::size(optNavType)) { // a project file can hold any number
-        optNavType[type].select();
-    }
-    chkIndentedTOC.setChecked(options_.indentedContents);
-    chkNumbering.setChecked(options_.numbering);
-    chkDocLinks.setChecked(options_.documentationLinks);
-    chkUnderline.setChecked(options_.underlineLinks);
-}
-
 void frmOptions::watch() {
     const auto edited = [this] { setEdited(true); };
     txtTemplate.Change.connect([this, edited] {
         edited();
         TemplateEdited.raise();
     });
-    for (ui::TextBox* box : {&txtProjectName, &txtCSS, &txtBImage, &txtCopyright, &txtAdditional}) {
-        box->Change.connect(edited);
-    }
-    for (ui::CheckBox* box : {&chkIndentedTOC, &chkNumbering, &chkDocLinks, &chkUnderline}) {
-        box->Click.connect(edited);
-    }
-    for (ui::CheckBox& box : chkNavigation) {
-        box.Click.connect(edited);
-    }
-    for (ui::OptionButton& button : optNavType) {
-        button.Click.connect(edited);
-    }
+    visitBoxes(Watch{edited, {&txtTemplate, &chkCopyright}});
     UI_ON(icboLanguage, Change);
     UI_ON(chkEveryCharacter, Click);
     UI_ON(cmdReread, Click);
@@ -272,30 +310,17 @@ void frmOptions::chooseFile(const FileQuestion& question, const fs::path& counts
     box.setFocus();
 }
 
-void frmOptions::readBack() {
-    options_.languageTag = icboLanguage.selectedKey();
-    options_.keepsEveryCharacter = chkEveryCharacter.checked();
-    options_.projectName = txtProjectName.text();
-    options_.cssFile = txtCSS.text();
-    options_.backgroundImage = txtBImage.text();
-    options_.templateFile = txtTemplate.text();
-    options_.showCopyright = chkCopyright.checked();
-    options_.copyrightText = txtCopyright.text();
-    options_.additionalText = txtAdditional.text();
-    for (std::size_t i = 0; i < std::size(chkNavigation); ++i) {
-        options_.navigationButtons[i] = chkNavigation[i].checked();
-    }
-    options_.navigationType =
-        optNavType[0].selected() ? NavigationType::textLinks : NavigationType::graphicButtons;
-    options_.indentedContents = chkIndentedTOC.checked();
-    options_.numbering = chkNumbering.checked();
-    options_.documentationLinks = chkDocLinks.checked();
-    options_.underlineLinks = chkUnderline.checked();
+void frmOptions::keepEveryCharacter() {
+    options_.keepsEveryCharacter = true;
+    chkEveryCharacter.setChecked(true);
+    showLanguage();
 }
 
 void frmOptions::cmdApply_Click() {
     if (changed_) {
-        readBack();
+        options_.languageTag = icboLanguage.selectedKey();
+        options_.keepsEveryCharacter = chkEveryCharacter.checked();
+        visitBoxes(ReadBack());
         setEdited(false);
         Apply.raise(options_);
     }

@@ -21,6 +21,10 @@ public:
     /// Raised by Apply and OK when something was edited since.
     ui::Event<const model::ProjectOptions&> Apply;
 
+    /// Ticks the box of that name, as its owner was asked to: what is handed over by Apply has not
+    /// got it.
+    void keepEveryCharacter();
+
     /// Raised when the texts of the project are to be read anew in the language that was chosen;
     /// the dialog is closed behind it. Whatever else was edited has been applied before.
     ui::Event<const text::Language&> Reread;
@@ -114,8 +118,8 @@ private:
     void arrangeDocumentation();
     void arrangeLanguage();
     void showLanguage();
-    void fill();
-    void readBack();
+    template <typename Visitor>
+    void visitBoxes(Visitor visitor);
     void watch();
     void setEdited(bool edited);
     void chooseFile(const ui::FileQuestion& question, const std::filesystem::path& countsFrom,

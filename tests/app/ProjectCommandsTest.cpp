@@ -1,4 +1,5 @@
 #include "app/MainWindowFixture.h"
+#include "app/frmOptions.h"
 #include "model/ProjectFile.h"
 
 using namespace ui::testing;
@@ -274,4 +275,31 @@ TEST_F(ProjectCommands, AnotherProgramsFolderIsOnlyWhereItOpensFiles) {
     show(*window);
     expectOpen(folder / "others", {});
     press("Ctrl+O");
+}
+
+TEST_F(ProjectCommands, NothingIsLostUnaskedOnTheWayBackToTheFirstFormat) {
+    auto outline = titled({"a", "b"});
+    outline.at(2).title = "say \"b\"";
+    outline.at(2).keywords = " c";
+    model::ProjectOptions options;
+    options.keepsEveryCharacter = true;
+    project().replace(outline, options, folder / "p.tsp");
+    for (const bool keeps : {true, false}) {
+        whenModal([&](ui::Window& dialog) {
+            auto& properties = dynamic_cast<app::frmOptions&>(dialog);
+            clickTab(properties.tbsOptions, 4);
+            click(properties.chkEveryCharacter);
+            prompter.expect(
+                {"Without \"Keep every character\" the project's file cannot hold all "
+                 "of it: double quotes in the title of topic 2, and 1 more.\r\n\r\nKeep "
+                 "every character?",
+                 "Properties", Buttons::yesNo, QuestionIcon::exclamation},
+                keeps ? Answer::yes : Answer::no);
+            click(properties.cmdApply);
+            EXPECT_EQ(properties.chkEveryCharacter.checked(), keeps);
+            click(properties.cmdOK);
+        });
+        EXPECT_TRUE(choose(*window, {"File", "Properties"}));
+        EXPECT_EQ(project().options().keepsEveryCharacter, keeps);
+    }
 }
