@@ -33,7 +33,9 @@ std::error_code readPart(const std::filesystem::path& path, std::string& bytes,
 
 /// Creates or overwrites a file in place. A failure can leave it incomplete: for files that can be
 /// made again. Nothing but what has this name is written: a link in the file's place, and one of
-/// several names of a file, make way for a new file.
+/// several names of a file, make way for a new file. A file that holds these bytes already is not
+/// written, so that its time tells when they came about; whether it could be written counts all the
+/// same.
 std::error_code writeFile(const std::filesystem::path& path, std::string_view bytes);
 
 /// Who may read a file that did not exist before.

@@ -59,6 +59,32 @@ TEST_F(GenerationRunTest, NamesFilesShowsTheReportAndCopiesWhatIsNeeded) {
     EXPECT_FALSE(exists("images/Prev Button.jpg"));
 }
 
+/// Compilers and copies see by its time what has changed.
+TEST_F(GenerationRunTest, WritesOnlyFilesThatChanged) {
+    open(test::outlineOf({topic(1, "\u00C4", "a.htm"), topic(1, "B", "b.htm"),
+                          topic(1, "C", "c.htm"), topic(1, "D", "d.htm")}));
+    run();
+    const char* names[] = {"html/a.htm",  "html/b.htm", "html/c.htm", "html/d.htm",
+                           "my.help.hhp", "my.hhc",     "my.hhk",     "images/Image.jpg"};
+    const auto old = fs::file_time_type::clock::now() - std::chrono::hours(1);
+    for (const char* name : names) {
+        fs::last_write_time(folder / name, old);
+    }
+    const std::string page = test::bytesOf(folder / "html/c.htm");
+    const std::string damaged = page.substr(0, page.size() - 4) + "X>\r\n"; // as long as it was
+    test::writeBytes(folder / "html/c.htm", damaged);
+    test::writeBytes(folder / "html/d.htm", "cut off");
+    project.setField(2, &Topic::body, "<p>changed</p>");
+    EXPECT_TRUE(run().failures.empty());
+    std::string written;
+    for (const char* name : names) {
+        written += fs::last_write_time(folder / name) == old ? "" : std::string(name) + "|";
+    }
+    EXPECT_EQ(written, "html/b.htm|html/c.htm|html/d.htm|");
+    EXPECT_EQ(test::bytesOf(folder / "html/c.htm"), page);
+    EXPECT_NE(test::bytesOf(folder / "html/b.htm").find("changed"), std::string::npos);
+}
+
 TEST_F(GenerationRunTest, GoesOnWhereAFileCannotBeMadeAndSaysWhich) {
     open(test::outlineOf({topic(1, "out", "..\\evil.htm"), topic(1, "none", ""),
                           topic(1, "folder", "taken.htm"), topic(1, "good", "good.htm")}));

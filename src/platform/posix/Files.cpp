@@ -32,11 +32,15 @@ std::error_code failure(std::errc code) {
 /// an error instead of a hang.
 class File {
 public:
-    File(const fs::path& path, int flags, mode_t mode = 0)
-        : descriptor_(::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, mode)) {}
+    File(const fs::path& path, int flags, mode_t mode = 0) { open(path, flags, mode); }
     ~File() { close(); }
     File(const File&) = delete;
     File& operator=(const File&) = delete;
+
+    /// Only of one that is not open.
+    void open(const fs::path& path, int flags, mode_t mode) {
+        descriptor_ = ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, mode);
+    }
 
     bool isOpen() const { return descriptor_ >= 0; }
     int descriptor() const { return descriptor_; }
@@ -85,7 +89,7 @@ public:
     }
 
 private:
-    int descriptor_;
+    int descriptor_ = -1;
 };
 
 std::error_code requireRegular(const struct stat& status) {
@@ -96,10 +100,21 @@ std::error_code requireRegular(const struct stat& status) {
 }
 
 /// Whether what is written here would arrive under another name, too.
-bool belongsElsewhere(const fs::path& path) {
-    struct stat status {};
-    return ::lstat(path.c_str(), &status) == 0
-           && (S_ISLNK(status.st_mode) || (S_ISREG(status.st_mode) && status.st_nlink > 1));
+bool belongsElsewhere(const struct stat& status) {
+    return S_ISLNK(status.st_mode) || (S_ISREG(status.st_mode) && status.st_nlink > 1);
+}
+
+/// Whether an open file holds these bytes and no others; false also when it cannot be read.
+bool holds(const File& file, std::string_view bytes) {
+    constexpr std::size_t pieceSize = std::size_t(1) << 16U;
+    std::string piece;
+    for (std::size_t at = 0; at < bytes.size(); at += pieceSize) {
+        piece.resize(std::min(pieceSize, bytes.size() - at));
+        if (file.read(piece, at) || piece != bytes.substr(at, pieceSize)) {
+            return false;
+        }
+    }
+    return true;
 }
 
 /// The file that a path stands for in the end, also when that file does not exist yet.
@@ -182,17 +197,27 @@ std::error_code readPart(const fs::path& path, std::string& bytes, std::uint64_t
 }
 
 std::error_code writeFile(const fs::path& path, std::string_view bytes) {
-    if (belongsElsewhere(path) && ::unlink(path.c_str()) != 0) {
+    struct stat status {};
+    const bool exists = ::lstat(path.c_str(), &status) == 0;
+    if (exists && belongsElsewhere(status) && ::unlink(path.c_str()) != 0) {
         return lastError();
     }
+    const auto size = static_cast<off_t>(bytes.size());
+    const bool mayBeSame = exists && S_ISREG(status.st_mode) && status.st_size == size;
     constexpr mode_t everybody = 0666; // less what the person's mask withholds
-    File file(path, O_WRONLY | O_CREAT | O_NOFOLLOW, everybody);
-    struct stat status {};
+    constexpr int flags = O_CREAT | O_NOFOLLOW;
+    File file(path, flags | (mayBeSame ? O_RDWR : O_WRONLY), everybody);
+    if (!file.isOpen() && mayBeSame && errno == EACCES) {
+        file.open(path, flags | O_WRONLY, everybody); // it may be for writing only
+    }
     if (!file.isOpen() || ::fstat(file.descriptor(), &status) != 0) {
         return lastError();
     }
     if (const std::error_code error = requireRegular(status)) {
         return error;
+    }
+    if (mayBeSame && status.st_size == size && holds(file, bytes)) {
+        return file.close();
     }
     if (status.st_size > 0 && ::ftruncate(file.descriptor(), 0) != 0) {
         return lastError();

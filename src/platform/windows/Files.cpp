@@ -148,6 +148,49 @@ std::error_code moveOver(const std::wstring& from, const std::wstring& to) {
     }
 }
 
+/// Fills `bytes` from a place on; cuts them where another program has shortened the file.
+std::error_code readFrom(const Handle& file, std::string& bytes, std::uint64_t offset) {
+    LARGE_INTEGER place{};
+    place.QuadPart = static_cast<LONGLONG>(offset);
+    if (SetFilePointerEx(file.get(), place, nullptr, FILE_BEGIN) == FALSE) {
+        return lastError();
+    }
+    std::size_t filled = 0;
+    while (filled < bytes.size()) {
+        DWORD got = 0;
+        if (ReadFile(file.get(), bytes.data() + filled, portion(bytes.size() - filled), &got,
+                     nullptr)
+            == FALSE) {
+            return lastError();
+        }
+        if (got == 0) {
+            break;
+        }
+        filled += got;
+    }
+    bytes.resize(filled);
+    return {};
+}
+
+/// Whether this is a file that may be written and holds these bytes already.
+bool needsNoWriting(const fs::path& path, std::string_view bytes) {
+    const Handle file(openFile(path, GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING));
+    LARGE_INTEGER length{};
+    if (!file.isOpen() || requireRegular(file) || GetFileSizeEx(file.get(), &length) == FALSE
+        || static_cast<std::uint64_t>(length.QuadPart) != bytes.size()) {
+        return false;
+    }
+    constexpr std::size_t pieceSize = std::size_t(1) << 16U;
+    std::string piece;
+    for (std::size_t at = 0; at < bytes.size(); at += pieceSize) {
+        piece.resize(std::min(pieceSize, bytes.size() - at));
+        if (readFrom(file, piece, at) || piece != bytes.substr(at, pieceSize)) {
+            return false;
+        }
+    }
+    return true;
+}
+
 /// Fails when the file holds more than `most`.
 std::error_code read(const fs::path& path, std::string& bytes, std::uint64_t offset,
                      std::size_t count, std::uint64_t most) {
@@ -172,28 +215,11 @@ std::error_code read(const fs::path& path, std::string& bytes, std::uint64_t off
     } catch (const std::bad_alloc&) {
         return failure(std::errc::not_enough_memory);
     }
-    LARGE_INTEGER place{};
-    place.QuadPart = static_cast<LONGLONG>(offset);
-    if (SetFilePointerEx(file.get(), place, nullptr, FILE_BEGIN) == FALSE) {
-        return lastError();
+    const std::error_code error = readFrom(file, bytes, offset);
+    if (error) {
+        bytes.clear();
     }
-    std::size_t filled = 0;
-    while (filled < bytes.size()) {
-        DWORD got = 0;
-        if (ReadFile(file.get(), bytes.data() + filled, portion(bytes.size() - filled), &got,
-                     nullptr)
-            == FALSE) {
-            const std::error_code error = lastError();
-            bytes.clear();
-            return error;
-        }
-        if (got == 0) {
-            break; // another program has shortened the file meanwhile
-        }
-        filled += got;
-    }
-    bytes.resize(filled);
-    return {};
+    return error;
 }
 
 } // namespace
@@ -216,6 +242,9 @@ std::error_code writeFile(const fs::path& path, std::string_view bytes) {
     if (belongsElsewhere(path) && DeleteFileW(systemName(path).c_str()) == FALSE
         && RemoveDirectoryW(systemName(path).c_str()) == FALSE) { // a link to a folder
         return lastError();
+    }
+    if (needsNoWriting(path, bytes)) {
+        return {};
     }
     Handle file(openFile(path, GENERIC_WRITE, OPEN_ALWAYS));
     if (!file.isOpen()) {
