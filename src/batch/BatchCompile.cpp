@@ -19,17 +19,18 @@ constexpr const char* compileTitle = "Compile Help";
 /// As compilers do it, so that editors find the place.
 void printMessages(BatchSession& session, const std::vector<workshop::Message>& messages,
                    bool isQuiet) {
+    std::string lines; // each piece of output is a call of the system
     for (const workshop::Message& message : messages) {
         if (isQuiet && message.severity == workshop::Severity::note) {
             continue;
         }
-        std::ostream& stream = session.console.err();
-        stream << message.file << ':';
+        text::append(lines, message.file, ":");
         if (message.line > 0) {
-            stream << message.line << ':';
+            text::append(lines, std::to_string(message.line), ":");
         }
-        stream << ' ' << nameOf(message.severity) << ": " << message.text << '\n';
+        text::append(lines, " ", nameOf(message.severity), ": ", message.text, "\n");
     }
+    session.console.err() << lines << std::flush;
 }
 
 /// Tells a person at a terminal how far the work is.

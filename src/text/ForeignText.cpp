@@ -77,7 +77,8 @@ std::optional<std::string> markedText(std::string_view bytes) {
 }
 
 std::string fromCodePage(std::string_view bytes, unsigned codePage) {
-    if (codePage != shiftedCodePage && isAscii(bytes)) {
+    const bool isUtf8Already = codePage == platform::utf8CodePage && isUtf8(bytes);
+    if (isUtf8Already || (codePage != shiftedCodePage && isAscii(bytes))) {
         return std::string(bytes);
     }
     const bool isWindows = codePage >= firstWindowsPage && codePage <= lastWindowsPage;
