@@ -89,6 +89,13 @@ constexpr BatchCommand commands[] = {
     {"import-topics", "PROJECT.tsp OTHER.tsp [POSITION...] [--strict]",
      "Appends topics of another project, all of them or those at the positions.", 2, anyNumber,
      importTopics, "--strict"},
+    {"import-help",
+     "PROJECT.tsp HELP.chm|HELP.hhp [--under POSITION] [--only PATTERN] [--cut] [--keep-repeated] "
+     "[--strict]",
+     "Takes topics, pictures and files over from a compiled help or a workshop's project; --only "
+     "those whose page's path fits, such as \"html/setup*\". With --cut pages are cut where the "
+     "contents lead into them; with --keep-repeated headers and navigation of other tools stay.",
+     2, 2, importHelp, "--under= --only= --cut --keep-repeated --strict"},
     {"synchronise", "PROJECT.tsp [--strict]",
      "Takes edits of the pages in the html folder beside the project back into its topics.", 1, 1,
      synchronise, "--strict"},

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "batch/BatchProject.h"
+#include "import/HelpImport.h"
 #include "import/Synchroniser.h"
 #include "import/TextImport.h"
 #include "import/TopicImport.h"
@@ -101,6 +102,51 @@ ExitCode importTopics(BatchSession& session, const CommandLine& arguments) {
                              return wanted.empty() || wanted.contains(row);
                          });
                      });
+}
+
+ExitCode importHelp(BatchSession& session, const CommandLine& arguments) {
+    const fs::path file = arguments.path(1);
+    const auto fail = [&](const text::Text& problem) {
+        session.console.failure(importer::helpImportTitle, file, problem);
+        return exitFailed;
+    };
+    importer::HelpImportChoice choice;
+    choice.leavesOutRepeated = !arguments.has("--keep-repeated");
+    if (arguments.has("--under") && (choice.under = positionOf(arguments.value("--under"))) == 0) {
+        return usageError(session, "\"" + arguments.value("--under") + "\" is no position");
+    }
+    Project project;
+    if (!loadOrStart(session, arguments.path(0), project)) {
+        return exitFailed;
+    }
+    if (choice.under > project.outline().count()) {
+        session.console.failure(importer::helpImportTitle, arguments.path(0),
+                                "has no topic " + std::to_string(choice.under));
+        return exitFailed;
+    }
+    text::Text problem;
+    const auto source = importer::HelpSource::open(platform::fullPath(file), problem);
+    if (source == nullptr) {
+        return fail(problem);
+    }
+    importer::HelpPlan plan = importer::planImport(*source, arguments.has("--cut"));
+    if (arguments.has("--only")) {
+        wantOnly(plan, arguments.value("--only"));
+    }
+    if (wantedCount(plan) == 0) {
+        return fail("holds no page that is wanted");
+    }
+    const importer::HelpImportOutcome outcome = importHelp(project, *source, plan, choice);
+    for (const importer::HelpNote& note : outcome.notes) {
+        session.console.message(
+            {lineOf(note, project.outline()), text::Text(importer::helpImportTitle)});
+    }
+    session.console.failures(importer::helpImportTitle, outcome.failures);
+    if (outcome.topicsAdded > 0 && !saveBack(session, project)) {
+        return exitFailed;
+    }
+    session.console.result(summary(outcome));
+    return codeFor(arguments, outcome.isWhole);
 }
 
 ExitCode synchronise(BatchSession& session, const CommandLine& arguments) {

@@ -9,6 +9,7 @@ namespace batch {
 ExitCode importVb(BatchSession& session, const CommandLine& arguments);
 ExitCode importText(BatchSession& session, const CommandLine& arguments);
 ExitCode importTopics(BatchSession& session, const CommandLine& arguments);
+ExitCode importHelp(BatchSession& session, const CommandLine& arguments);
 ExitCode synchronise(BatchSession& session, const CommandLine& arguments);
 
 } // namespace batch

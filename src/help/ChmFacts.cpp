@@ -76,7 +76,8 @@ void readSystem(const Table& system, ChmFacts& facts) {
             take(facts.title);
             break;
         case languageEntry:
-            facts.codePage = workshop::codePageOf(system.number(data, 4));
+            facts.language = system.number(data, 4);
+            facts.codePage = workshop::codePageOf(facts.language);
             facts.isSearchable = system.number(data + 8, 4) != 0;
             break;
         case compilerEntry:

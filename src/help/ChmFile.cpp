@@ -66,6 +66,11 @@ bool ChmFile::holds(const std::string& path) const {
     return places_.contains(packedKey(path));
 }
 
+std::uint64_t ChmFile::sizeOf(const std::string& path) const {
+    const auto found = places_.find(packedKey(path));
+    return found == places_.end() ? 0 : found->second.size;
+}
+
 std::optional<std::string> ChmFile::read(const std::string& path) const {
     const auto found = places_.find(packedKey(path));
     if (found == places_.end()) {

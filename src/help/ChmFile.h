@@ -33,6 +33,9 @@ public:
     /// A packed file's bytes; nothing when there is none.
     std::optional<std::string> read(const std::string& path) const;
 
+    /// How many bytes a packed file has; 0 when there is none.
+    std::uint64_t sizeOf(const std::string& path) const;
+
     /// The paths of all files.
     const std::vector<std::string>& paths() const { return paths_; }
 

@@ -37,15 +37,6 @@ bool isAddress(std::string_view text) {
            && text.find_first_of("/\\#?") > colon;
 }
 
-/// A keyword behind the one above it. Nested long ones would take memory without end, so one that
-/// became too long stands alone.
-std::string joined(const std::string& above, const std::string& keyword) {
-    constexpr std::string_view divider = ", ";
-    constexpr std::size_t longest = 1000;
-    const bool fits = above.size() + divider.size() + keyword.size() <= longest;
-    return above.empty() || !fits ? keyword : above + ", " + keyword;
-}
-
 bool isPlain(std::string_view bytes) {
     return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return (byte & 0x80) == 0; });
 }
@@ -154,13 +145,16 @@ void HelpBook::readContents() {
     for (const workshop::SitemapEntry& entry : sitemap(facts_.contentsFile)) {
         const std::string page =
             entry.targets.empty() ? std::string() : pathOf(entry.targets.front().page);
-        contents_.push_back({entry.depth, {entry.name, page}});
+        contents_.push_back(
+            {entry.depth, {entry.name, page}, entry.isNew, workshop::pictureOf(entry)});
     }
     if (contents_.empty()) {
         const TopicReader topics(*file_);
         for (const BinaryEntry& entry : readBinaryContents(*file_)) {
-            contents_.push_back({entry.depth, entry.topic ? targetOf(topics, *entry.topic)
-                                                          : HelpTarget{decoded(entry.name), {}}});
+            contents_.push_back(
+                {entry.depth,
+                 entry.topic ? targetOf(topics, *entry.topic) : HelpTarget{decoded(entry.name), {}},
+                 false, 0});
         }
     }
 }
@@ -242,6 +236,22 @@ const std::string& HelpBook::titleOf(const Page& page) const {
     return page.place < contents_.size() ? contents_[page.place].target.title : page.path;
 }
 
+std::vector<HelpBook::Keyword> HelpBook::fileKeywords() const {
+    std::vector<Keyword> keywords;
+    for (auto& [keyword, target] : workshop::keywordsOf(sitemap(facts_.indexFile))) {
+        keywords.push_back({std::move(keyword), {std::move(target.title), pathOf(target.page)}});
+    }
+    if (keywords.empty()) {
+        const TopicReader topics(*file_);
+        for (const BinaryKeyword& keyword : readBinaryIndex(*file_)) {
+            for (const std::uint32_t topic : keyword.topics) {
+                keywords.push_back({keyword.keyword, targetOf(topics, topic)});
+            }
+        }
+    }
+    return keywords;
+}
+
 const std::vector<IndexEntry>& HelpBook::index() {
     if (index_) {
         return *index_;
@@ -256,22 +266,8 @@ const std::vector<IndexEntry>& HelpBook::index() {
             entry.targets.push_back(std::move(target));
         }
     };
-    std::vector<std::string> above; // keywords of the entries that this one lies in
-    for (const workshop::SitemapEntry& entry : sitemap(facts_.indexFile)) {
-        const auto depth = static_cast<std::size_t>(entry.depth);
-        above.resize(depth);
-        above[depth - 1] = joined(depth > 1 ? above[depth - 2] : std::string(), entry.name);
-        for (const workshop::SitemapTarget& target : entry.targets) {
-            add(above[depth - 1], {target.title, pathOf(target.page)});
-        }
-    }
-    if (sorted.empty()) {
-        const TopicReader topics(*file_);
-        for (const BinaryKeyword& keyword : readBinaryIndex(*file_)) {
-            for (const std::uint32_t topic : keyword.topics) {
-                add(keyword.keyword, targetOf(topics, topic));
-            }
-        }
+    for (Keyword& each : fileKeywords()) {
+        add(each.keyword, std::move(each.target));
     }
     for (const Page& page : pages()) {
         for (const std::string& keyword : page.page.keywords) {

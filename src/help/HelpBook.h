@@ -16,6 +16,8 @@ struct HelpTarget {
 struct ContentsEntry {
     int depth = 1; ///< from 1
     HelpTarget target;
+    bool isNew = false; ///< has the mark for what is new
+    int picture = 0;    ///< the number of its picture; 0 for the viewer's own choice
 };
 
 struct IndexEntry {
@@ -51,6 +53,15 @@ public:
     /// In alphabetical order: from the index file, and from the pages, as a compiler may leave the
     /// keywords there. All pages are read when it is first asked for.
     const std::vector<IndexEntry>& index();
+
+    /// A keyword, behind those above it, and a place that it leads to.
+    struct Keyword {
+        std::string keyword;
+        HelpTarget target;
+    };
+
+    /// In the order of the index file, without what only the pages hold.
+    std::vector<Keyword> fileKeywords() const;
 
     /// The pages that answer a question, the best ones first: from the help's own index, or from
     /// the pages, which are all read then.

@@ -66,6 +66,9 @@ public:
     /// Where the text or the tag's name stands.
     std::size_t offset() const { return static_cast<std::size_t>(piece_.data() - html_.data()); }
 
+    /// Behind the tag's ">" or the text; behind the contents of a script or a style sheet.
+    std::size_t end() const { return position_; }
+
     /// What was passed over behind the tag that begins a script or a style sheet.
     TextView contents() const { return contents_; }
 

@@ -229,6 +229,13 @@ std::string_view takeStyleAddress(std::string_view& css) {
 
 } // namespace
 
+bool holdsAddress(std::string_view tag, std::string_view attribute) {
+    return std::any_of(std::begin(references), std::end(references),
+                       [tag, attribute](const Reference& each) {
+                           return each.tag == tag && each.attribute == attribute;
+                       });
+}
+
 PageFacts readPage(std::string_view utf8) {
     return PageReader(utf8).read();
 }

@@ -34,6 +34,9 @@ struct PageFacts {
 /// Reads a page, which may be damaged.
 PageFacts readPage(std::string_view utf8);
 
+/// Whether an attribute of a tag, both in small letters, is the address of a file.
+bool holdsAddress(std::string_view tag, std::string_view attribute);
+
 /// The addresses in a style sheet.
 std::vector<PageText> readStyleSheet(std::string_view css, int firstLine = 1);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <functional>
 
 #include "platform/Unicode.h"
@@ -283,10 +284,46 @@ void appendEntry(std::string& file, const SitemapEntry& entry) {
     text::appendLine(file, "</OBJECT>");
 }
 
+/// A keyword behind the one above it. Nested long ones would take memory without end, so one that
+/// became too long stands alone.
+std::string joined(const std::string& above, const std::string& keyword) {
+    constexpr std::string_view divider = ", ";
+    constexpr std::size_t longest = 1000;
+    const bool fits = above.size() + divider.size() + keyword.size() <= longest;
+    return above.empty() || !fits ? keyword : above + std::string(divider) + keyword;
+}
+
 } // namespace
 
 Sitemap readSitemap(std::string_view utf8, unsigned referenceCodePage) {
     return SitemapReader(utf8, referenceCodePage).read();
+}
+
+std::vector<KeywordTarget> keywordsOf(const std::vector<SitemapEntry>& index) {
+    std::vector<KeywordTarget> keywords;
+    std::vector<std::string> above; // keywords of the entries that this one lies in
+    for (const SitemapEntry& entry : index) {
+        const auto depth = static_cast<std::size_t>(entry.depth);
+        above.resize(depth);
+        above[depth - 1] = joined(depth > 1 ? above[depth - 2] : std::string(), entry.name);
+        for (const SitemapTarget& target : entry.targets) {
+            keywords.emplace_back(above[depth - 1], target);
+        }
+    }
+    return keywords;
+}
+
+int pictureOf(const SitemapEntry& entry) {
+    const auto number =
+        std::find_if(entry.others.begin(), entry.others.end(), [](const Parameter& parameter) {
+            return equalIgnoringCase(parameter.first, "imagenumber");
+        });
+    int picture = 0;
+    if (number != entry.others.end()) {
+        const std::string& digits = number->second;
+        std::from_chars(digits.data(), digits.data() + digits.size(), picture);
+    }
+    return picture;
 }
 
 std::string formatSitemap(const Sitemap& sitemap) {

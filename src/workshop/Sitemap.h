@@ -45,6 +45,13 @@ inline constexpr unsigned plainReferences = 1252;
 /// ones and endless texts are cut, and an entry without anything is left out.
 Sitemap readSitemap(std::string_view utf8, unsigned referenceCodePage = plainReferences);
 
+/// A keyword of an index, behind those above it, and a place that it leads to.
+using KeywordTarget = std::pair<std::string, SitemapTarget>;
+std::vector<KeywordTarget> keywordsOf(const std::vector<SitemapEntry>& index);
+
+/// The number of an entry's picture in the contents; 0 for the viewer's own choice.
+int pictureOf(const SitemapEntry& entry);
+
 /// Writes one as every reader wants it.
 std::string formatSitemap(const Sitemap& sitemap);
 

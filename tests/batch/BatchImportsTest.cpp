@@ -124,3 +124,29 @@ TEST_F(BatchImports, SynchroniseNamesPagesThatItCannotTake) {
     EXPECT_EQ(errors, "Synchronize Files: " + page.string() + ": Is a directory\n");
     EXPECT_EQ(output, "No topics taken back, no conflicts, 1 page unreadable\n");
 }
+
+TEST_F(BatchImports, ImportHelpTakesPartsOfAHelp) {
+    const std::string help =
+        save("h.tsp", test::outlineOf({test::topic(1, "Ä", "a.htm"), test::topic(2, "B", "b.htm"),
+                                       test::topic(2, "C", "c.htm")}));
+    EXPECT_EQ(run({"compile", help, folder / "h.chm", "--quiet"}), exitDone);
+    const std::string project = folder / "p.tsp";
+    EXPECT_EQ(run({"import-help", project, folder / "h.chm", "--only", "html/[abc]*"}), exitFailed);
+    EXPECT_FALSE(fs::exists(project));
+    EXPECT_EQ(run({"import-help", project, folder / "h.chm", "--strict"}), exitDone);
+    EXPECT_EQ(output + errors, "3 topics and no files imported\n");
+    EXPECT_EQ(run({"import-help", project, folder / "h.hhp", "--under", "1", "--only", "*\\B.htm"}),
+              exitDone);
+    EXPECT_EQ(run({"find", project, "B"}), exitDone);
+    EXPECT_EQ(output, "2\ttitle\t0\tB\n4\ttitle\t0\tB\n");
+    const std::string before = test::bytesOf(project);
+    EXPECT_EQ(run({"import-help", project, folder / "h.chm", "--under", "0"}), exitUsage);
+    EXPECT_EQ(run({"import-help", project, folder / "h.chm", "--under", "5"}), exitFailed);
+    EXPECT_EQ(run({"import-help", project, help}), exitFailed);
+    EXPECT_EQ(errors, "Import Compiled Help or Workshop Project: " + help
+                          + ": is neither a compiled help nor a workshop's project\n");
+    EXPECT_EQ(test::bytesOf(project), before);
+    const std::string full = save("full.tsp", test::flatOutline(499));
+    EXPECT_EQ(run({"import-help", full, folder / "h.chm", "--strict"}), exitFailed);
+    EXPECT_EQ(output, "1 topic and no files imported, 2 topics left out (a project holds 500)\n");
+}

@@ -1,0 +1,321 @@
+#include "import/HelpImport.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <map>
+
+#include "compile/Container.h"
+#include "support/TestFiles.h"
+
+using namespace importer;
+using model::Topic;
+using text::Text;
+namespace fs = std::filesystem;
+
+namespace {
+
+Text item(const Text& name, const Text& page) {
+    return "<LI><OBJECT type=\"text/sitemap\"><param name=\"Name\" value=\"" + name + "\">"
+           + (page.empty() ? Text() : "<param name=\"Local\" value=\"" + page + "\">")
+           + "</OBJECT>\n";
+}
+
+class HelpImport : public testing::Test {
+protected:
+    HelpImport() {
+        fs::create_directories(folder / "out");
+        project.setProjectPath(folder / "out/p.tsp");
+    }
+
+    void write(const fs::path& name, const Text& bytes) {
+        fs::create_directories((folder / "in" / name).parent_path());
+        test::writeBytes(folder / "in" / name, bytes);
+    }
+
+    /// A workshop's project of some files with such contents.
+    void writeProject(const Text& files, const Text& contents, const Text& rest = {}) {
+        write("h.hhp",
+              "[OPTIONS]\nContents file=h.hhc\nTitle=T\xE9st & Co\n" + rest + "[FILES]\n" + files);
+        write("h.hhc", "<UL>" + contents + "</UL>");
+    }
+
+    HelpImportOutcome import(const HelpImportChoice& choice = {}, bool cuts = false,
+                             const Text& only = "*", const char* file = "in/h.hhp") {
+        Text problem;
+        const auto source = HelpSource::open(folder / file, problem);
+        EXPECT_TRUE(source) << problem;
+        HelpPlan plan = source ? planImport(*source, cuts) : HelpPlan();
+        if (only != "*") {
+            wantOnly(plan, only);
+        }
+        return source ? importHelp(project, *source, plan, choice) : HelpImportOutcome();
+    }
+
+    /// "level title file", one a line.
+    Text outline() const {
+        Text all;
+        for (const Topic& topic : project.outline()) {
+            all += topic.level + ' ' + topic.title + " [" + topic.fileName + "]\n";
+        }
+        return all;
+    }
+
+    const Text& body(int position) const { return project.outline().at(position).body; }
+
+    bool hasNote(const HelpImportOutcome& outcome, const Text& part) const {
+        return std::any_of(outcome.notes.begin(), outcome.notes.end(), [&](const HelpNote& note) {
+            return lineOf(note, project.outline()).find(part) != Text::npos;
+        });
+    }
+
+    test::TemporaryFolder folder;
+    model::Project project;
+};
+
+} // namespace
+
+TEST_F(HelpImport, MakesAnOutlineOfAnyContents) {
+    Text deep = item("Sub", "b/index.html");
+    for (int i = 3; i <= 12; ++i) {
+        deep += "<UL>" + item("L" + std::to_string(i), "");
+    }
+    writeProject("a/index.html\nlonely.htm\ngone.htm\n",
+                 item("<One> & \"two\" &amp;lt;", "a/index.html") + item("Place", "a/index.html#p")
+                     + item("Book", "") + "<UL>" + deep + "</UL></UL></UL></UL></UL></UL></UL></UL>"
+                     + "</UL></UL></UL>" + item("Again", "a/index.html") + "<UL>"
+                     + item("Below", "a/c.htm") + "</UL>" + item("Web", "http://example.org/x")
+                     + item("Missing", "nowhere.htm"));
+    write("a/index.html", "<title>x</title><body><h1>One</h1>text <a href=c.htm>c</a>");
+    write("b/index.html", "<p>b</p>");
+    write("a/c.htm", "<p>c</p>");
+    write("lonely.htm", "<TITLE>Lonely &amp;\n wolf</TITLE><p>l</p>");
+    const auto outcome = import();
+    const Text levels = outline();
+    EXPECT_EQ(levels.substr(0, levels.find("....3")),
+              "1 &lt;One> & &quot;two&quot; &amp;lt; [index.html]\n1 Book [Book.htm]\n"
+              "..2 Sub [index 2.html]\n");
+    EXPECT_NE(levels.find("................9 L9"), Text::npos);
+    EXPECT_NE(levels.find("................9 L12"), Text::npos);
+    EXPECT_EQ(levels.substr(levels.find("1 Again")),
+              "1 Again [Again.htm]\n..2 Below [c.htm]\n1 Web [Web.htm]\n1 Missing [Missing.htm]\n"
+              "1 Other Pages [Other Pages.htm]\n..2 Lonely & wolf [lonely.htm]\n");
+    const auto& topics = project.outline();
+    const auto bodyOf = [&](const Text& title) {
+        return std::find_if(topics.begin(), topics.end(),
+                            [&](const Topic& topic) { return topic.title == title; })
+            ->body;
+    };
+    EXPECT_EQ(bodyOf("Book"), "<p></p>");
+    EXPECT_EQ(bodyOf("Again"), "<p><a href='..\\html\\index.html'>Again</a></p>");
+    EXPECT_EQ(bodyOf("Web"), "<p><a href='http://example.org/x'>Web</a></p>");
+    EXPECT_EQ(body(1), "<h1>One</h1>text <a href='..\\html\\c.htm'>c</a>");
+    for (const char* note : {"3 topics below level 9", "gone.htm is in the project's list",
+                             "(Missing): leads to nowhere.htm", "1 entry of the contents leads"}) {
+        EXPECT_TRUE(hasNote(outcome, note)) << note << report(outcome, project.outline());
+    }
+    EXPECT_FALSE(outcome.isWhole);
+    EXPECT_EQ(project.options().projectName, "Tést & Co");
+}
+
+TEST_F(HelpImport, TakesPagesApart) {
+    writeProject("p.htm\nq.htm\nr.htm\n", item("Das B\xFC\x63h", "p.htm") + item("Q", "q.htm"),
+                 "Language=0x407 German\nIndex file=h.hhk\n");
+    write("h.hhk",
+          "<UL>" + item("Index; word", "p.htm#x") + "<UL>" + item("sub", "q.htm") + "</UL></UL>");
+    write("p.htm",
+          "<html><head><title>x</title><link rel=stylesheet href='st/a.css'></head>"
+          "<body background=\"pic/back.gif\" class=c>\n"
+          "<object classid=\"clsid:1E2A7BD0-dab9-11d0-b93a-00c04fc99f9e\">"
+          "<param name=\"Keyword\" value=\"W\xF6rter\"><param name=Keyword value='Two'></object>"
+          "<div><h1 id=\"top1\"><a name=x></a>Das <i>B&uuml;ch</i>\xB6</h1>\n"
+          "<img src=\"pic/a%20b.png\" alt=\"say &quot;hi&quot;\"> <a href='q.htm?v#y'>q</a> "
+          "<a class=k href=\"ms-its:other.chm::/z.htm\">z</a> <a href=\"gone.htm\">g</a>"
+          "<a href=tool.zip>t</a><a href='#x'>x</a><script>if (a<\"b\") {}</script>"
+          "<object classid=h><param name=Item1 value=\"See;r.htm\"></object></div></body></html>");
+    write("q.htm",
+          "<meta charset=utf-8><link rel=stylesheet href='st/a.css'><p>gr\xC3\xBC\xC3\x9F</p>");
+    write("r.htm", "<link rel=stylesheet href='st/a.css'>gr\xFC\xDF");
+    write("st/a.css", "@import 'b.css'; p { background: url(../pic/c.gif) }");
+    write("st/b.css", "p {}");
+    for (const char* picture : {"pic/a b.png", "pic/back.gif", "pic/c.gif", "tool.zip"}) {
+        write(picture, picture);
+    }
+    fs::create_directories(folder / "out/images");
+    test::writeBytes(folder / "out/images/a b.png", "the author's own");
+    const auto outcome = import();
+    EXPECT_EQ(body(1),
+              "<div><a name='top1'></a><a name='x'></a><img src='..\\images\\a b 2.png' alt=\"say "
+              "&quot;hi&quot;\"> <a href='..\\html\\q.htm#y'>q</a> <a class=k "
+              "href=\"ms-its:other.chm::/z.htm\">z</a> <a href=\"gone.htm\">g</a>"
+              "<a href='../tool.zip'>t</a><a href='#x'>x</a><script>if (a<\"b\") {}</script>"
+              "<object classid=h><param name=Item1 value='See;..\\html\\r.htm'></object></div>");
+    EXPECT_EQ(body(2), "<p>grüß</p>");
+    EXPECT_EQ(body(4), "grüß");
+    EXPECT_EQ(project.outline().at(1).title, "Das Büch");
+    EXPECT_EQ(project.outline().at(1).keywords, "Wörter; Two; Index, word");
+    EXPECT_EQ(project.outline().at(2).keywords, "Index, word, sub");
+    EXPECT_EQ(project.options().languageTag, "de-DE");
+    EXPECT_TRUE(project.options().keepsEveryCharacter);
+    EXPECT_EQ(project.options().cssFile, "../st/a.css");
+    EXPECT_EQ(project.options().backgroundImage, "..\\images\\back.gif");
+    EXPECT_EQ(test::bytesOf(folder / "out/images/a b.png"), "the author's own");
+    for (const char* file : {"images/a b 2.png", "st/b.css", "pic/c.gif", "tool.zip"}) {
+        EXPECT_TRUE(fs::exists(folder / "out" / file)) << file;
+    }
+    EXPECT_TRUE(hasNote(outcome, "names gone.htm"));
+    EXPECT_TRUE(hasNote(outcome, "leads to another help: ms-its:other.chm::/z.htm"));
+    // A project with topics keeps its looks, and one of the first format its quotes.
+    model::Project other;
+    other.setProjectPath(folder / "out/p.tsp");
+    other.insertTopic(1, test::topic(1, "Own", "own.htm"));
+    std::swap(project, other);
+    import({1, false}, false, "Q.*");
+    import({}, false, "p.htm");
+    EXPECT_EQ(outline(), "1 Own [own.htm]\n..2 Q [q.htm]\n1 Das Büch [p.htm]\n");
+    EXPECT_EQ(project.options(), model::ProjectOptions());
+    EXPECT_NE(body(3).find("alt='say &quot;hi&quot;'"), Text::npos);
+    project.undo();
+    EXPECT_EQ(project.outline().count(), 2);
+}
+
+TEST_F(HelpImport, LeavesOutWhatPagesRepeat) {
+    Text contents;
+    for (const char* name : {"a", "b", "c", "d"}) {
+        const Text own(name);
+        contents += item(own, own + ".htm");
+        write(own + ".htm",
+              "<body><div class=\"nav\"><a href=\"a.htm\">Up</a> <b>" + own
+                  + " part</b></div>"
+                    "<p>Manual of everything</p><p class=t>See <a href=\"b.htm\">b</a> and "
+                  + own + "</p><p>Only here: " + own + "</p><hr><p><a href=a.htm>First " + own
+                  + "</a> | <a href=b.htm>Next</a></p><p>(c) us</p></body>");
+    }
+    writeProject("", contents);
+    auto outcome = import();
+    EXPECT_EQ(body(3), "<p class=t>See <a href='..\\html\\b.htm'>b</a> and c</p>"
+                       "<p>Only here: c</p>");
+    EXPECT_TRUE(hasNote(outcome, "left out of 4 pages"));
+    project.undo();
+    import({0, false});
+    EXPECT_NE(body(3).find("Manual of everything"), Text::npos);
+    EXPECT_NE(body(3).find("(c) us"), Text::npos);
+}
+
+TEST_F(HelpImport, CutsPagesWhereContentsLeadIntoThem) {
+    writeProject("",
+                 item("P", "p.htm") + "<UL>" + item("One", "p.htm#one") + item("Two", "p.htm#two")
+                     + item("No", "p.htm#no") + "</UL>" + item("Q", "q.htm"),
+                 "");
+    write("p.htm", "<body><div><h1>P</h1>start<div><h2><a name=one>One</a></h2>1 <a "
+                   "href='#two'>2</a></div><h2 id=two>Two</h2>two</div></body>");
+    write("q.htm", "<a href=p.htm#two>t</a>");
+    import({}, true);
+    EXPECT_EQ(outline(), "1 P [p.htm]\n..2 One [One.htm]\n..2 Two [Two.htm]\n..2 No [No.htm]\n"
+                         "1 Q [q.htm]\n");
+    EXPECT_EQ(body(1), "<div>start<div></div></div>");
+    EXPECT_EQ(body(2), "<a name='one'></a>1 <a href='..\\html\\Two.htm#two'>2</a>");
+    EXPECT_EQ(body(3), "<a name='two'></a>two");
+    EXPECT_EQ(body(5), "<a href='..\\html\\Two.htm#two'>t</a>");
+    project.undo();
+    import();
+    EXPECT_EQ(project.outline().count(), 2);
+    EXPECT_NE(body(1).find("<h2 id=two>Two</h2>two"), Text::npos);
+}
+
+TEST_F(HelpImport, GivesEachTopicOneContext) {
+    writeProject("", item("A", "a.htm") + item("B", "b.htm") + item("C", "c.htm"),
+                 "[ALIAS]\nIDH_B=b.htm\nIDH_A=a.htm#x\nIDH_A2=a.htm\nIDH_NONE=a.htm\nIDH_X=x.htm\n"
+                 "IDH_C=c.htm\n[MAP]\n#define IDH_A 1\n#define IDH_B 2\n#define IDH_A2 3\n"
+                 "#define IDH_X 4\n#define IDH_C 5\n");
+    for (const char* page : {"a.htm", "b.htm", "c.htm"}) {
+        write(page, "x");
+    }
+    project.insertTopic(1, test::topic(1, "Own", "own.htm"));
+    project.setField(1, &Topic::contextId, "idh_b");
+    project.setField(1, &Topic::contextNumber, "5");
+    const auto outcome = import();
+    const auto contextOf = [this](int position) {
+        const Topic& topic = project.outline().at(position);
+        return topic.contextId + ' ' + topic.contextNumber;
+    };
+    EXPECT_EQ(contextOf(2), "IDH_A 1");
+    EXPECT_EQ(contextOf(3), "IDH_B_2 2");
+    EXPECT_EQ(contextOf(4), " ");
+    for (const char* note : {"IDH_A2 was left out", "\"IDH_NONE\" has no number",
+                             "IDH_X leads to no page", "IDH_C was left out"}) {
+        EXPECT_TRUE(hasNote(outcome, note)) << note;
+    }
+}
+
+TEST_F(HelpImport, WritesNothingOutsideOfTheProject) {
+    const Text page = "<img src=../../up.png><img src=/.git/hooks/x.png><img src=con.png>"
+                      "<img src=in/link.png><a href=p.tsp>p</a><a href=link/in.txt>l</a>"
+                      "<img src=ok.png><a href=html/a.htm.txt>t</a>";
+    compile::Container container({});
+    for (const auto& [name, bytes] : std::map<Text, Text>{{"/a/b/p.htm", page},
+                                                          {"/up.png", "u"},
+                                                          {"/.git/hooks/x.png", "x"},
+                                                          {"/a/b/con.png", "c"},
+                                                          {"/a/b/p.tsp", "evil"},
+                                                          {"/a/b/link/in.txt", "l"},
+                                                          {"/a/b/ok.png", "ok"},
+                                                          {"/a/b/in/link.png", "i"},
+                                                          {"/../../climb.htm", "<p>c"}}) {
+        container.add(name, bytes);
+    }
+    test::writeBytes(folder / "h.chm", container.pack().value());
+    fs::create_directories(folder / "elsewhere");
+    fs::create_directories(folder / "out/a/b");
+    const bool canLink = test::makeLink(folder / "elsewhere", folder / "out/a/b/link");
+    import({}, false, "*", "h.chm");
+    EXPECT_TRUE(fs::exists(folder / "out/images/ok.png"));
+    EXPECT_FALSE(fs::exists(folder / "out/.git"));
+    EXPECT_FALSE(fs::exists(folder / "out/p.tsp"));
+    EXPECT_FALSE(fs::exists(folder / "out/images/con.png"));
+    EXPECT_TRUE(!canLink || fs::is_empty(folder / "elsewhere"));
+    for (const auto& entry : fs::directory_iterator(folder.path())) {
+        EXPECT_NE(entry.path().filename(), "climb.htm");
+    }
+    for (const Topic& topic : project.outline()) {
+        EXPECT_EQ(topic.fileName.find(".."), Text::npos);
+    }
+    EXPECT_EQ(fs::exists(folder / "in"), false);
+    // Nor does a workshop's project bring in what lies above its folder without its word.
+    writeProject("p.htm\n", item("P", "p.htm") + item("Up", "../secret.htm"));
+    write("p.htm", "<a href=../secret.htm>s</a><img src='../s.png'>");
+    test::writeBytes(folder / "secret.htm", "secret");
+    test::writeBytes(folder / "s.png", "secret");
+    model::Project fresh;
+    fresh.setProjectPath(folder / "out/p.tsp");
+    project = std::move(fresh);
+    import();
+    EXPECT_EQ(body(2), "<p></p>");
+    EXPECT_FALSE(fs::exists(folder / "out/images/s.png"));
+}
+
+TEST_F(HelpImport, EndsWithAnyInput) {
+    Text contents;
+    Text files;
+    constexpr int entries = 120000;
+    for (int i = 0; i < entries; ++i) {
+        contents += i % 3 == 0 ? "<UL>" : "";
+        contents += item("E" + std::to_string(i), i % 2 == 0 ? "p.htm" : "");
+        contents += i % 5 == 0 ? "</UL>" : "";
+    }
+    writeProject("p.htm\n", contents, "[MAP]\n#include \"h.hhp\"\n");
+    write("p.htm", Text(100000, '<') + "<a href='" + Text(100000, '%'));
+    const auto outcome = import();
+    EXPECT_EQ(project.outline().count(), model::TopicOutline::maxTopics);
+    EXPECT_GT(outcome.leftOut, 10000);
+    EXPECT_TRUE(hasNote(outcome, "more than 100000 entries"));
+    for (const Text& bytes :
+         {Text(), Text("x"), Text("ITSF"), Text(4000, '\xFF'), "ITSF" + contents}) {
+        write("bad", bytes);
+        Text problem;
+        EXPECT_EQ(HelpSource::open(folder / "in/bad", problem), nullptr);
+        EXPECT_FALSE(problem.empty());
+    }
+    Text problem;
+    EXPECT_EQ(HelpSource::open(folder / "missing", problem), nullptr);
+    EXPECT_EQ(HelpSource::open(folder.path(), problem), nullptr);
+}
