@@ -8,6 +8,7 @@
 #include "batch/BatchHelp.h"
 #include "batch/BatchImports.h"
 #include "batch/BatchProject.h"
+#include "batch/BatchReplace.h"
 #include "batch/BatchTools.h"
 #include "generate/Documentation.h"
 #include "model/ProjectFormat.h"
@@ -102,6 +103,17 @@ constexpr BatchCommand commands[] = {
     {"find", "PROJECT.tsp TEXT [--match-case] [--whole-words] [--bodies]",
      "Lists where a text stands: position, part and offset in it, title, with tabs between.", 2, 2,
      find, "--match-case --whole-words --bodies"},
+    {"replace",
+     "PROJECT.tsp FIND REPLACE [--expression] [--match-case] [--whole-words] [--visible] "
+     "[--in PARTS] [--dry-run]",
+     "Replaces a text, or what a regular expression matches, in all topics and lists the places: "
+     "position, part, line in it, what stood there, with tabs between. With --visible, mark-up "
+     "stays as it is; PARTS are some of title,description,keywords,body.",
+     3, 3, replace, "--expression --match-case --whole-words --visible --in= --dry-run"},
+    {"rename", "PROJECT.tsp OLD NEW [--dry-run]",
+     "Gives a topic's page another name, changes the links that lead there and lists them: "
+     "position, text, line in it, address, new address, with tabs between.",
+     3, 3, rename, "--dry-run"},
     {"spell", "PROJECT.tsp [--language CODE] [--words FILE]",
      "Lists unknown words: position of the topic, part, count, word, with tabs between.", 1, 1,
      spell, "--language= --words="},

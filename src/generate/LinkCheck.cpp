@@ -1,17 +1,15 @@
 #include "generate/LinkCheck.h"
 
 #include <algorithm>
-#include <charconv>
 #include <map>
 #include <set>
 
 #include "generate/GenerationRun.h"
+#include "generate/PageAddress.h"
 #include "generate/PageLines.h"
 #include "generate/PageNavigation.h"
 #include "model/PagePath.h"
 #include "platform/Files.h"
-#include "text/Address.h"
-#include "text/CodePage.h"
 #include "text/FileFinder.h"
 #include "text/HtmlReader.h"
 #include "text/Path.h"
@@ -23,39 +21,6 @@ using text::Text;
 using text::TextView;
 
 namespace {
-
-/// Where addresses stand in mark-up.
-struct AddressPlace {
-    const char* tag;
-    const char* attribute;
-    FindingKind kind;
-};
-
-constexpr AddressPlace addressPlaces[] = {
-    {"a", "href", FindingKind::link},
-    {"area", "href", FindingKind::link},
-    {"link", "href", FindingKind::link},
-    {"frame", "src", FindingKind::link},
-    {"iframe", "src", FindingKind::link},
-    {"script", "src", FindingKind::link},
-    {"embed", "src", FindingKind::link},
-    {"bgsound", "src", FindingKind::link},
-    {"object", "data", FindingKind::link},
-    {"img", "src", FindingKind::picture},
-    {"img", "lowsrc", FindingKind::picture},
-    {"body", "background", FindingKind::picture},
-    {"table", "background", FindingKind::picture},
-    {"tr", "background", FindingKind::picture},
-    {"td", "background", FindingKind::picture},
-    {"th", "background", FindingKind::picture},
-};
-
-/// The protocol of an address, with one letter for a drive; empty for a relative one.
-TextView protocolOf(TextView address) {
-    const std::size_t end = address.find(':');
-    const bool isProtocol = end != TextView::npos && address.find_first_of("/\\#?") > end;
-    return isProtocol ? address.substr(0, end) : TextView();
-}
 
 /// Whether an address, or what it means, leads past the page to a root, a drive or a share.
 bool isOfThisComputer(TextView address) {
@@ -73,7 +38,7 @@ public:
         : outline_(outline), folder_(folder), files_(folder), copied_(std::move(copied)),
           findings_(findings), reached_(static_cast<std::size_t>(outline.count()) + 1) {
         for (int position = 1; position <= outline.count(); ++position) {
-            pages_.emplace(keyOf(outline.at(position).fileName), position);
+            pages_.emplace(placeKey(outline.at(position).fileName), position);
         }
     }
 
@@ -87,7 +52,7 @@ public:
                     anchors_.emplace(position, text::lowerCase(plainAddress(*anchor)));
                 }
             }
-            for (const AddressPlace& place : addressPlaces) {
+            for (const AddressPlace& place : addressPlaces()) {
                 if (!reader.opens(place.tag)) {
                     continue;
                 }
@@ -111,7 +76,7 @@ public:
             add(position, kind, "\"\"", "is no address");
             return;
         }
-        if (isOfThisComputer(address) || isOfThisComputer(unescaped(address))) {
+        if (isOfThisComputer(address) || isOfThisComputer(unescapedAddress(address))) {
             add(position, kind, address, "exists on this computer only");
             return;
         }
@@ -136,7 +101,7 @@ public:
     void finish() {
         for (const AnchorLink& link : anchorLinks_) {
             if (!hasAnchor(link.page, link.anchor)
-                && !hasAnchor(link.page, unescaped(link.anchor))) {
+                && !hasAnchor(link.page, unescapedAddress(link.anchor))) {
                 add(link.position, FindingKind::link, link.address,
                     "leads to a place that its page does not have");
             }
@@ -157,42 +122,19 @@ private:
         Text address;
     };
 
-    /// As the browser understands it: without the blanks around it, references resolved.
-    static Text plainAddress(TextView address) {
-        const Text resolved = text::resolvedReferences(address);
-        return Text(text::trim(text::oneLine(resolved)));
-    }
-
-    /// Browsers write "%" and digits for the bytes of UTF-8, old programs for those of the code
-    /// page.
-    static Text unescaped(TextView address) {
-        const Text bytes = text::unescaped(address);
-        return text::isUtf8(bytes) ? bytes : text::CodePage().decoded(bytes);
-    }
-
     void add(int position, FindingKind kind, const Text& address, const char* problem) {
         findings_.push_back({position, kind, text::oneLine(address) + ": " + problem});
     }
 
     /// A file below the page folder by a path as it stands on the page of a topic.
     Text fromPage(int position, TextView path) const {
-        const Text page = position > 0 ? outline_.at(position).fileName : Text();
-        const std::size_t slash = page.find_last_of("/\\");
-        return page.substr(0, slash == Text::npos ? 0 : slash + 1) + Text(path);
+        return pathFromPage(position > 0 ? outline_.at(position).fileName : Text(), path);
     }
-
-    /// A path that starts at the page folder, as one from the output folder without detours. It
-    /// begins with ".." when it leads out of there.
-    static Text plainPath(TextView path) {
-        return text::plainPath(Text(model::pageFolderName) + '/' + Text(path));
-    }
-
-    static Text keyOf(TextView path) { return model::pageKey(plainPath(path)); }
 
     /// The position of the topic to whose page a path leads; -1 for none.
     int pageOf(int position, const Text& path) const {
-        for (const Text& each : {path, unescaped(path)}) {
-            if (const auto found = pages_.find(keyOf(fromPage(position, each)));
+        for (const Text& each : {path, unescapedAddress(path)}) {
+            if (const auto found = pages_.find(placeKey(fromPage(position, each)));
                 found != pages_.end()) {
                 return found->second;
             }
@@ -226,8 +168,8 @@ private:
         constexpr const char* isMissing = "does not exist";
         constexpr const char* isOutside = "lies outside of the project";
         constexpr const char* isNoName = "cannot be the name of a file on Windows"; // but a device
-        for (const Text& each : {path, unescaped(path)}) {
-            const Text place = plainPath(fromPage(position, each));
+        for (const Text& each : {path, unescapedAddress(path)}) {
+            const Text place = plainPlace(fromPage(position, each));
             if (place == ".." || place.starts_with("../")) {
                 return isOutside;
             }

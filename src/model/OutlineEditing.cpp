@@ -113,6 +113,14 @@ void editField(Project& project, TextView name, Text Topic::*field, const Text& 
     }
 }
 
+void markTopicChanged(Project& project, int position) {
+    const Text& status = project.outline().at(position).status;
+    if (status.empty() || status == "E") {
+        project.setField(position, &Topic::status, "C");
+    }
+    project.markChanged(projectChanged);
+}
+
 void completeFileName(Project& project) {
     if (!hasCurrent(project)) {
         return;

@@ -32,6 +32,10 @@ void moveTopicTo(Project& project, int position);
 void editField(Project& project, text::TextView name, text::Text Topic::*field,
                const text::Text& value);
 
+/// A command has edited a topic, the current one or not: it gets its letter unless it has been
+/// changed since the last generation already, and the project counts as changed.
+void markTopicChanged(Project& project, int position);
+
 /// Gives a topic that has a title but no file name one made from the title; part of the typing of
 /// that title.
 void completeFileName(Project& project);
