@@ -95,6 +95,15 @@ constexpr MainCommand commands[] = {
      run<&frmMain::mnuEditDown_Click>, when<&frmMain::canMoveDown>},
     {end},
 
+    {menu, "mnuView", "&View"},
+    {command, "mnuViewTopicPane", "Topic &Pane", nullptr, nullptr, nullptr, "F4",
+     run<&frmMain::mnuViewTopicPane_Click>},
+    {command, "mnuViewEditBeside", "&Edit Beside the Outline", nullptr, nullptr, nullptr, "Ctrl+E",
+     run<&frmMain::mnuViewEditBeside_Click>},
+    {command, "mnuViewStoreUnasked", "&Store Edited Texts Without Asking", nullptr, nullptr,
+     nullptr, nullptr, run<&frmMain::mnuViewStoreUnasked_Click>},
+    {end},
+
     {menu, "mnuHelp", "&Help"},
     {command, "mnuHelpContents", "&Contents...", nullptr, nullptr, "Help", "F1",
      run<&frmMain::mnuHelpContents_Click>},

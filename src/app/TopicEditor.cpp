@@ -16,11 +16,19 @@ void TopicEditor::show() {
     if (editor_ == nullptr) {
         editor_ = std::make_unique<editor::frmEditBody>(owner_, project_, settings_, memory_,
                                                         programFolder_);
+        if (dock_ != nullptr) {
+            editor_->dockIn(*dock_);
+        }
+        closing_ = false;
         editor_->Closed.connect([this] {
             ui::Window::discard(std::move(editor_));
-            Edited.raise();
+            if (!std::exchange(closing_, false)) {
+                ClosedByPerson.raise();
+            }
+            noteEdit();
         });
-        editor_->Edited.connect([this] { Edited.raise(); });
+        editor_->Edited.connect([this] { noteEdit(); });
+        editor_->CaretMoved.connect([this] { CaretMoved.raise(); });
         editor_->Find.connect([this] { Find.raise(); });
         editor_->FindNext.connect([this] { FindNext.raise(); });
         editor_->Raised.connect([this] { Raised.raise(); });
@@ -30,8 +38,23 @@ void TopicEditor::show() {
     editor_->showUnfocused();
 }
 
+void TopicEditor::noteEdit() {
+    Edited.raise();
+    Changed.raise();
+}
+
 bool TopicEditor::close() {
-    return !isOpen() || editor_->close();
+    if (!isOpen()) {
+        return true;
+    }
+    if (editor_->isDocked()) {
+        editor_->forgetTemplate();
+        if (storesUnasked_) {
+            editor_->mnuFileSave_Click();
+        }
+    }
+    closing_ = editor_->close();
+    return closing_;
 }
 
 bool TopicEditor::store() {

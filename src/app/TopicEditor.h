@@ -17,6 +17,15 @@ public:
     /// Shows the current topic; the focus stays where it is.
     void show();
 
+    /// Where the editor is shown from the next time on; null for a window of its own. Closing one
+    /// that is shown there keeps no text of a template that nobody has edited.
+    void setDock(ui::Container* place) { dock_ = place; }
+    ui::Container* dock() const { return dock_; }
+
+    /// Whether edits in a docked editor are stored without a question.
+    void setStoresUnasked(bool unasked) { storesUnasked_ = unasked; }
+    bool storesUnasked() const { return storesUnasked_; }
+
     /// False when the author wants to go on editing.
     bool close();
 
@@ -33,18 +42,26 @@ public:
     /// A template may have been edited.
     void forgetTemplates() { memory_.templates.clear(); }
 
-    ui::Event<> Edited; ///< or closed, and what was not saved in it is not wanted
+    ui::Event<> Edited;     ///< or closed, and what was not saved in it is not wanted
+    ui::Event<> Changed;    ///< as Edited, for whoever shows the text
+    ui::Event<> CaretMoved; ///< in the text
+    ui::Event<> ClosedByPerson;
     // As in frmEditBody.
     ui::Event<> Find;
     ui::Event<> FindNext;
     ui::Event<> Raised;
 
 private:
+    void noteEdit();
+
     ui::Window& owner_;
     model::Project& project_;
     ui::Settings& settings_;
     std::filesystem::path programFolder_;
     editor::EditorMemory memory_;
+    ui::Container* dock_ = nullptr;
+    bool storesUnasked_ = false;
+    bool closing_ = false; ///< by the program
     std::unique_ptr<editor::frmEditBody> editor_;
 };
 

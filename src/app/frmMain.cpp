@@ -16,8 +16,9 @@ using text::TextView;
 
 frmMain::frmMain(ui::Settings& settings, const fs::path& programFolder)
     : Window(Kind::main, "frmMain"), settings_(settings),
-      lvLevels(*this, OutlineRows::columns(), rows_),
+      lvLevels(pnlOutline, OutlineRows::columns(), rows_),
       editor_(*this, project_, settings, programFolder),
+      pane_(splParts, project_, editor_, settings),
       work_(*this, project_, session_, editor_, settings.folder()),
       help_(*this, settings, programFolder / "HTML Topicsmith.chm"),
       generation_(*this, project_, session_, lastReport_, programFolder),
@@ -28,6 +29,7 @@ frmMain::frmMain(ui::Settings& settings, const fs::path& programFolder)
     fillMenus();
     connectControls();
     restoreWindow();
+    editor_.setStoresUnasked(settings.number("Main", "Store Unasked", 0) != 0);
     const TextView full = platform::version;
     setCaption("HTML Topicsmith - " + Text(full.substr(0, full.rfind('.'))));
     help_.tellWhenMissing();
@@ -73,9 +75,14 @@ void frmMain::arrange() {
     addField(lblHelpID, txtHelpID, 5);
     addField(lblHelpNum, txtHelpNum, 3);
     pnlFields.setLayout(std::move(fields));
+
+    auto outline = ui::Layout::column();
+    outline.withoutMargins().add(lvLevels, 1);
+    pnlOutline.setLayout(std::move(outline));
 }
 
 void frmMain::connectControls() {
+    UI_ON(splParts, Moved);
     UI_ON(lvLevels, ItemClick);
     UI_ON(lvLevels, DblClick);
     UI_ON(lvLevels, RowDragged);
@@ -119,8 +126,27 @@ void frmMain::Resize() {
     // Large fonts take their room from the list.
     const int listTop = std::max(bottom - listHeight, fieldsHeight + 2 * gap);
     pnlFields.place(margin, (listTop - fieldsHeight) / 2, listWidth, fieldsHeight);
-    lvLevels.place(margin, listTop, listWidth, bottom - listTop);
+    splParts.place(margin, listTop, listWidth, bottom - listTop);
+    showParts();
     lblStatus.place(margin, bottom, listWidth, statusHeight);
+}
+
+/// The pane comes when the window is made wide enough for both, and goes again unless a text is
+/// being edited in it.
+void frmMain::showParts() {
+    const bool isEditing = pane_.hasEditor() && editor_.isOpen();
+    const bool shown = pane_.isWanted() && (width() >= widthForPane || isEditing);
+    if (shown != pane_.isShown()) {
+        pane_.setShown(shown);
+        if (shown) {
+            splParts.setFirstWidth(settings_.number("Main", "Outline Width", width() / 2));
+        }
+        updateCommands();
+    }
+}
+
+void frmMain::splParts_Moved() {
+    settings_.setNumber("Main", "Outline Width", splParts.firstWidth());
 }
 
 void frmMain::restoreWindow() {
@@ -150,6 +176,7 @@ void frmMain::storeWindow() {
         widths += std::to_string(width) + ' ';
     }
     settings_.set("Main", "Column Widths", widths);
+    pane_.storeSettings();
 }
 
 bool frmMain::mayClose() {
@@ -189,6 +216,9 @@ void frmMain::updateCommands() {
     const model::UndoHistory& history = project_.history();
     commands_.setSubject("mnuEditUndo", history.undoName());
     commands_.setSubject("mnuEditRedo", history.redoName());
+    commands_.setChecked("mnuViewTopicPane", pane_.isShown());
+    commands_.setChecked("mnuViewEditBeside", pane_.hasEditor());
+    commands_.setChecked("mnuViewStoreUnasked", editor_.storesUnasked());
 }
 
 void frmMain::updateRecentFiles() {
@@ -211,6 +241,7 @@ void frmMain::topicChanged(int position) {
     lvLevels.rowChanged(position);
     if (position == project_.currentIndex()) {
         fillFields(false);
+        pane_.topicChanged();
     }
 }
 
@@ -265,6 +296,7 @@ void frmMain::showCurrent() {
     enableFields(hasTopic());
     fillFields(true);
     selectCurrent();
+    pane_.topicShown();
 }
 
 void frmMain::selectCurrent() {
@@ -289,8 +321,11 @@ bool frmMain::showTopic(int position) {
 
 void frmMain::openTopicEditor(int position) {
     if (showTopic(position)) {
+        pane_.makeRoomForEditor();
         editor_.show();
+        editor_.window()->txtBody.setFocus();
         editor_.window()->activate();
+        pane_.topicShown();
     }
 }
 

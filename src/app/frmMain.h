@@ -10,6 +10,7 @@
 #include "app/SpellCommand.h"
 #include "app/StatusLine.h"
 #include "app/SynchroniseCommand.h"
+#include "app/TopicPane.h"
 #include "app/WorkKeeper.h"
 #include "model/OutlineEditing.h"
 #include "ui/Clipboard.h"
@@ -55,12 +56,18 @@ public:
     ui::Label lblFilename{pnlFields, "Topic File&name", &txtFilename};
     ui::Label lblHelpID{pnlFields, "HelpCont &ID", &txtHelpID};
     ui::Label lblHelpNum{pnlFields, "HelpC&ont #", &txtHelpNum};
+    ui::Splitter splParts{*this};
+    ui::Panel pnlOutline{splParts};
     ui::ListView lvLevels;
     ui::Label lblStatus{*this, ""};
     ui::Toolbar tbTools{*this};
     ui::Menu mnuList{*this}; ///< the list's context menu
 
+    /// Beside the outline, where the window is wide enough.
+    TopicPane& topicPane() { return pane_; }
+
     // The events of the controls.
+    void splParts_Moved();
     void lvLevels_ItemClick(int row) { showTopic(row); }
     void lvLevels_DblClick(int row) { openTopicEditor(row); }
     void lvLevels_RowDragged(int from, int to);
@@ -110,6 +117,9 @@ public:
     void mnuEditDemote_Click() { model::demoteTopic(project_); }
     void mnuEditUp_Click() { model::moveTopicUp(project_); }
     void mnuEditDown_Click() { model::moveTopicDown(project_); }
+    void mnuViewTopicPane_Click();
+    void mnuViewEditBeside_Click();
+    void mnuViewStoreUnasked_Click();
     void mnuHelpContents_Click() { help_.showPage(helpContext()); }
     void mnuHelpIndex_Click() { help_.showIndex(); }
     void mnuHelpAbout_Click();
@@ -164,6 +174,9 @@ private:
     void readAgainIfChanged();
     bool wantsEveryCharacter(ui::Window& dialog, const model::ProjectOptions& edited) const;
 
+    static constexpr int widthForPane = 11700;
+    static constexpr int usualWidthForPane = 18000;
+
     void arrange();
     void connectControls();
     void fillMenus();
@@ -179,6 +192,7 @@ private:
     bool leaveEditorForUndo(const model::UndoRecord& step);
     void editField(text::TextView name, const ui::TextBox& box, text::Text model::Topic::*field);
     void finishField();
+    void showParts();
     void moveByKey(ui::Key& key);
     void moveByKeyOrEnter(ui::Key& key);
     void showNeighbour(int step);
@@ -189,6 +203,7 @@ private:
     ProjectSession session_{*this, project_, settings_};
     LastReport lastReport_{*this};
     TopicEditor editor_;
+    TopicPane pane_;
     WorkKeeper work_;
     ProgramHelp help_;
     GenerateCommands generation_;

@@ -176,6 +176,38 @@ void frmMain::mnuEditDelete_Click() {
     }
 }
 
+/// Whoever asks for the pane gets it: a window that is too narrow becomes wide enough.
+void frmMain::mnuViewTopicPane_Click() {
+    const bool show = !pane_.isShown();
+    if (!show && pane_.hasEditor() && !closeEditor()) {
+        return;
+    }
+    pane_.setWanted(show);
+    if (show && width() < widthForPane) {
+        setSize(std::min(usualWidthForPane, screenWidth()), height());
+    }
+    showParts();
+}
+
+void frmMain::mnuViewEditBeside_Click() {
+    const bool here = !pane_.hasEditor();
+    if (!closeEditor()) {
+        return;
+    }
+    if (here && !pane_.isShown()) {
+        mnuViewTopicPane_Click();
+    }
+    pane_.setEditsHere(here);
+    if (here && hasTopic()) {
+        openTopicEditor(project_.currentIndex());
+    }
+}
+
+void frmMain::mnuViewStoreUnasked_Click() {
+    editor_.setStoresUnasked(!editor_.storesUnasked());
+    settings_.setNumber("Main", "Store Unasked", editor_.storesUnasked() ? 1 : 0);
+}
+
 void frmMain::mnuHelpAbout_Click() {
     frmSplash about(*this);
     about.run();

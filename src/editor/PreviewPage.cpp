@@ -1,6 +1,11 @@
 #include "editor/PreviewPage.h"
 
+#include <algorithm>
+
 #include "model/ProjectFolders.h"
+#include "text/Address.h"
+#include "text/HtmlReader.h"
+#include "text/Path.h"
 
 namespace editor {
 
@@ -20,6 +25,14 @@ Text absolute(TextView path, TextView projectFolder) {
         made = path;
     }
     return made;
+}
+
+/// Whether a tag begins what an author thinks of as one piece of text.
+bool beginsBlock(const text::HtmlReader& reader) {
+    constexpr TextView names[] = {"p",  "li", "td", "th", "h1", "h2",  "h3",
+                                  "h4", "h5", "h6", "dd", "dt", "pre", "div"};
+    return !reader.isText() && !reader.closes()
+           && std::find(std::begin(names), std::end(names), reader.lowerName()) != std::end(names);
 }
 
 } // namespace
@@ -60,6 +73,37 @@ Text previewPage(TextView title, TextView body, const model::ProjectOptions& opt
     appendLine(page, "</body>");
     appendLine(page, "</html>");
     return page;
+}
+
+Text livePage(TextView title, TextView body, const model::ProjectOptions& options,
+              const std::filesystem::path& folder) {
+    constexpr TextView head = "<head>\r\n";
+    const Text address = text::fileAddress(text::displayText(folder));
+    Text page = previewPage(title, body, options, address);
+    Text base;
+    appendLine(base, "<base href=\"", address, "/", model::pageFolderName, "/\">");
+    page.insert(page.find(head) + head.size(), base);
+    return page;
+}
+
+Text withCaret(TextView body, std::size_t caret) {
+    text::HtmlReader reader(body);
+    std::size_t block = TextView::npos;
+    while (reader.next() && reader.offset() <= caret) {
+        if (beginsBlock(reader)) {
+            block = reader.offset();
+        }
+    }
+    const std::size_t end = block == TextView::npos
+                                ? block
+                                : text::TagEnds(body).of(std::max<std::size_t>(block, 1) - 1);
+    Text marked(body);
+    if (end != TextView::npos) {
+        Text mark;
+        append(mark, "<a id='", caretId, "' name='", caretId, "'></a>");
+        marked.insert(end + 1, mark);
+    }
+    return marked;
 }
 
 } // namespace editor

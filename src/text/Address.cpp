@@ -26,6 +26,28 @@ Text plainPath(TextView path) {
     return plain.substr(std::min<std::size_t>(1, plain.size()));
 }
 
+Text fileAddress(TextView path) {
+    constexpr TextView plain =
+        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789/:-._~";
+    constexpr TextView digits = "0123456789ABCDEF";
+    const bool isOurs =
+        path.starts_with('/'); // elsewhere a drive's letter or a machine comes first
+    Text address = isOurs ? "file://" : path.starts_with("\\\\") ? "file:" : "file:///";
+    for (const char byte : path) {
+        const auto code = static_cast<unsigned char>(byte);
+        if (plain.find(byte) != TextView::npos) {
+            address += byte;
+        } else if (byte == '\\' && !isOurs) {
+            address += '/';
+        } else {
+            address += '%';
+            address += digits[code >> 4U];
+            address += digits[code & 15U];
+        }
+    }
+    return address;
+}
+
 Text unescaped(TextView address) {
     Text result;
     for (std::size_t i = 0; i < address.size(); ++i) {

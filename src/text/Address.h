@@ -10,6 +10,9 @@ namespace text {
 /// ASCII.
 Text plainPath(TextView path);
 
+/// The address of a file or folder on this machine, from its absolute path.
+Text fileAddress(TextView path);
+
 /// An address with the bytes of "%20" and the like in their places.
 Text unescaped(TextView address);
 

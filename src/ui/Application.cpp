@@ -61,6 +61,10 @@ std::filesystem::path Application::userFolder() {
     return pathFromQt(folder);
 }
 
+std::filesystem::path Application::ownPageFile() {
+    return userFolder() / ("page-" + std::to_string(QCoreApplication::applicationPid()) + ".htm");
+}
+
 int Application::run() {
     const int code = QApplication::exec();
     Window::dropDiscarded(); // while the toolkit is still there

@@ -24,6 +24,9 @@ public:
     /// A folder of the person's for files that can be made again; made if it is missing.
     static std::filesystem::path userFolder();
 
+    /// A page's file there that no other running program of this kind has.
+    static std::filesystem::path ownPageFile();
+
     /// Handles events until the last window is closed.
     int run();
 

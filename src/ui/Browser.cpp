@@ -53,9 +53,21 @@ Browser::Native& Browser::browser() const {
     return static_cast<Native&>(native());
 }
 
-void Browser::navigate(const std::filesystem::path& file, const std::filesystem::path& folder) {
+void Browser::navigate(const std::filesystem::path& file, const std::filesystem::path& folder,
+                       Place place) {
+    visit_ += place == Place::top ? 1 : 0;
     if (browser().view) {
-        browser().view->navigate(QUrl::fromLocalFile(pathToQt(file)), pathToQt(folder));
+        QUrl url = QUrl::fromLocalFile(pathToQt(file));
+        if (visit_ > 0) {
+            url.setQuery(QString::number(visit_)); // which does not change the file
+        }
+        browser().view->navigate(url, pathToQt(folder));
+    }
+}
+
+void Browser::keepInView(TextView id) {
+    if (browser().view) {
+        browser().view->keepInView(toQt(id));
     }
 }
 

@@ -13,9 +13,17 @@ class Browser : public Control {
 public:
     explicit Browser(Container& container);
 
+    /// Where a file is shown from that is shown already.
+    enum class Place { asBefore, top };
+
     /// Pictures and style sheets come from `folder` or below, links followed, and from nowhere
-    /// else. A file that is shown already is read anew; the place to which it was scrolled stays.
-    void navigate(const std::filesystem::path& file, const std::filesystem::path& folder);
+    /// else. A file that is shown already is read anew.
+    void navigate(const std::filesystem::path& file, const std::filesystem::path& folder,
+                  Place place = Place::asBefore);
+
+    /// When a page is shown from the place as before, and whenever it is read anew, the element
+    /// with this id is scrolled into view, as little as is needed. Empty for none.
+    void keepInView(TextView id);
 
     /// The person, or something in the page, wanted to go elsewhere; the page stays.
     Event<> Refused;
@@ -23,6 +31,7 @@ public:
 private:
     struct Native;
     Native& browser() const;
+    int visit_ = 0; ///< tells pages apart that have the same file
     static std::unique_ptr<NativeWidget> make(Browser& browser, Container& container);
 };
 

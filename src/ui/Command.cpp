@@ -39,6 +39,11 @@ void Command::setVisible(bool visible) {
     native_->action->setVisible(visible);
 }
 
+void Command::setChecked(bool checked) {
+    native_->action->setCheckable(true);
+    native_->action->setChecked(checked);
+}
+
 void Command::setCaption(TextView caption) {
     native_->action->setText(toQt(caption));
 }

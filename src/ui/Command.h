@@ -34,6 +34,9 @@ public:
     void setVisible(bool visible);
     void setCaption(TextView caption);
 
+    /// Shows with a tick whether what it stands for is on.
+    void setChecked(bool checked);
+
     /// A text of its own, in UTF-8, in which "&" is nothing special.
     void setPlainCaption(const std::string& utf8);
 

@@ -100,6 +100,12 @@ void CommandSet::setSubject(TextView name, TextView subject) {
     }
 }
 
+void CommandSet::setChecked(TextView name, bool checked) {
+    if (Command* command = find(name)) {
+        command->setChecked(checked);
+    }
+}
+
 Menu* CommandSet::menu(TextView name) const {
     for (const Entry& entry : entries_) {
         if (entry.menu != nullptr && entry.name == name) {

@@ -93,6 +93,9 @@ public:
     /// Says what a command is about at present: "Undo" becomes "Undo Typing". Empty for nothing.
     void setSubject(TextView name, TextView subject);
 
+    /// See Command; a name that there is not does nothing.
+    void setChecked(TextView name, bool checked);
+
     /// Asks all conditions anew.
     void update();
 

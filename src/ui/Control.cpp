@@ -23,6 +23,10 @@ void Control::setVisible(bool visible) {
     native_->widget->setVisible(visible);
 }
 
+bool Control::isShown() const {
+    return !native_->widget->isHidden();
+}
+
 void Control::setFocus() {
     native_->widget->setFocus();
 }

@@ -29,6 +29,7 @@ public:
     void setEnabled(bool enabled);
     bool isEnabled() const;
     void setVisible(bool visible);
+    bool isShown() const; ///< unless what it is in is not
     void setFocus();
     bool hasFocus() const;
     void setToolTip(TextView text);

@@ -7,8 +7,12 @@
 
 namespace ui {
 
-Splitter::Splitter(Container& container) : Control(makeNative<QSplitter>(container)) {
-    widgetOf<QSplitter>(*this).setChildrenCollapsible(false);
+Splitter::Splitter(Container& container, Direction direction)
+    : Control(makeNative<QSplitter>(container)) {
+    auto& splitter = widgetOf<QSplitter>(*this);
+    splitter.setOrientation(direction == Direction::stacked ? Qt::Vertical : Qt::Horizontal);
+    splitter.setChildrenCollapsible(false);
+    QObject::connect(&splitter, &QSplitter::splitterMoved, [this] { Moved.raise(); });
 }
 
 int Splitter::firstWidth() const {
@@ -18,7 +22,9 @@ int Splitter::firstWidth() const {
 void Splitter::setFirstWidth(int width) {
     auto& splitter = widgetOf<QSplitter>(*this);
     const int first = toPixels(width);
-    splitter.setSizes({first, std::max(splitter.width() - first, first)});
+    const bool stacked = splitter.orientation() == Qt::Vertical;
+    const int all = stacked ? splitter.height() : splitter.width();
+    splitter.setSizes({first, all > first ? all - first : first});
     splitter.setStretchFactor(0, 0);
     splitter.setStretchFactor(splitter.count() - 1, 1);
 }

@@ -12,6 +12,7 @@
 #include <QWindow>
 
 #include "ui/Twips.h"
+#include "ui/qt/DockedKeys.h"
 #include "ui/qt/MenuNative.h"
 #include "ui/qt/Native.h"
 #include "ui/qt/TextBoxNative.h"
@@ -54,6 +55,7 @@ struct Window::Native : NativeWidget {
     QString caption;
     QString document;
     int helpContext = 0;
+    std::unique_ptr<DockedKeys> dockedKeys; ///< null for a window of its own
     QPointer<QWidget> focused; ///< the last one but for the menu bar, which takes it for a while
 
     /// The toolkit shows the changed mark at the place that is kept for it, and wants that doubled
@@ -87,11 +89,14 @@ Window::Window(Kind kind, TextView name, Window* owner) {
     native_->focusWatch =
         QObject::connect(qApp, &QApplication::focusChanged, [this](QWidget* old, QWidget* now) {
             const QWidget* self = native_->widget;
-            const bool came = now != nullptr && now->window() == self;
+            const auto isMine = [self](const QWidget* widget) {
+                return widget != nullptr && (widget == self || self->isAncestorOf(widget));
+            };
+            const bool came = isMine(now);
             if (came && qobject_cast<const QMenuBar*>(now) == nullptr) {
                 native_->focused = now;
             }
-            if (came || (old != nullptr && old->window() == self)) {
+            if (came || isMine(old)) {
                 FocusChange.raise();
             }
         });
@@ -101,6 +106,7 @@ Window::Window(Kind kind, TextView name, Window* owner) {
 Window::~Window() {
     std::erase(allWindows(), this);
     QObject::disconnect(native_->focusWatch);
+    native_->dockedKeys.reset();
     menuBar_.reset();
     delete native_->widget;
 }
@@ -188,6 +194,9 @@ void Window::activate() {
     native_->widget->setWindowState(native_->widget->windowState() & ~Qt::WindowMinimized);
     native_->widget->raise();
     native_->widget->activateWindow();
+    if (QWidget* inside = native_->widget->focusWidget(); isDocked() && inside != nullptr) {
+        inside->setFocus();
+    }
 }
 
 bool Window::close() {
@@ -228,6 +237,28 @@ void Window::dropDiscarded() {
     std::exchange(discarded(), {}).clear(); // which may raise events
 }
 
+void Window::dockIn(Container& place) {
+    auto* main = qobject_cast<QMainWindow*>(native_->widget.data());
+    QWidget* parent = place.client().widget;
+    if (main == nullptr) {
+        return;
+    }
+    if (parent->layout() == nullptr) {
+        parent->setLayout(new QVBoxLayout);
+        parent->layout()->setContentsMargins({});
+    }
+    main->setMinimumSize(0, 0);
+    main->setWindowState(Qt::WindowNoState);
+    main->setParent(parent, Qt::Widget);
+    main->menuBar()->setNativeMenuBar(false);
+    parent->layout()->addWidget(main);
+    native_->dockedKeys = std::make_unique<DockedKeys>(*main);
+}
+
+bool Window::isDocked() const {
+    return native_->dockedKeys != nullptr;
+}
+
 int Window::width() const {
     return toTwips(native_->widget->width());
 }
@@ -245,11 +276,13 @@ void Window::setMinimumSize(int width, int height) {
 }
 
 int Window::left() const {
-    return toTwips(native_->widget->x());
+    const QWidget& widget = *native_->widget;
+    return toTwips(isDocked() ? widget.mapToGlobal(QPoint()).x() : widget.x());
 }
 
 int Window::top() const {
-    return toTwips(native_->widget->y());
+    const QWidget& widget = *native_->widget;
+    return toTwips(isDocked() ? widget.mapToGlobal(QPoint()).y() : widget.y());
 }
 
 void Window::setPosition(int left, int top) {

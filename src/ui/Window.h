@@ -69,6 +69,12 @@ public:
     static void discard(std::unique_ptr<Window> window);
     static void dropDiscarded(); ///< at once
 
+    /// Makes a main window a part of another one, with its menus and its toolbar, for as long as it
+    /// lives; to be called before it is shown. What it has to say about frame and place on the
+    /// screen is forgotten, and its shortcuts count while the focus is in it.
+    void dockIn(Container& place);
+    bool isDocked() const;
+
     // In twips, of the inside; frame and title bar are the system's.
     int width() const;
     int height() const;

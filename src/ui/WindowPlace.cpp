@@ -32,7 +32,7 @@ void restorePlace(Window& window, const Settings& settings, const char* section,
 }
 
 void storePlace(const Window& window, Settings& settings, const char* section) {
-    if (window.state() == WindowState::minimised) {
+    if (window.state() == WindowState::minimised || window.isDocked()) {
         return;
     }
     settings.setNumber(section, "Window State", static_cast<int>(window.state()));

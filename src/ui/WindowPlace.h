@@ -15,7 +15,8 @@ void restoreSize(Window& window, const Settings& settings, const char* section, 
 void restorePlace(Window& window, const Settings& settings, const char* section, int width,
                   int height);
 
-/// Keeps nothing of a minimised window, and only the state of a maximised one.
+/// Keeps nothing of a minimised window, nor of one within another, and only the state of a
+/// maximised one.
 void storePlace(const Window& window, Settings& settings, const char* section);
 
 } // namespace ui

@@ -71,3 +71,22 @@ TEST(PreviewPage, ShowsTheTopicWithItsLook) {
                         "<body background=\"back.gif\">\r\n"),
               Text::npos);
 }
+
+TEST(LivePage, MarksWhereTheCaretIsAndFindsWhatLiesBesideIt) {
+    const auto marked = [](TextView before, TextView after) {
+        const Text body = Text(before) + Text(after);
+        Text page = withCaret(body, before.size());
+        const Text mark = "<a id='topicsmithCaret' name='topicsmithCaret'></a>";
+        const std::size_t place = page.find(mark);
+        return place == Text::npos ? page : page.replace(place, mark.size(), "@");
+    };
+    EXPECT_EQ(marked("<P class='>'>\u00FC", " b</P><p>c"), "<P class='>'>@\u00FC b</P><p>c");
+    EXPECT_EQ(marked("<ul><li>a<b>b", "</b></ul>"), "<ul><li>@a<b>b</b></ul>");
+    EXPECT_EQ(marked("<!-- <p> --><p", ">a"), "<!-- <p> --><p>@a");
+    EXPECT_EQ(marked("a <i>b", "</i>"), "a <i>b</i>");
+    EXPECT_EQ(marked("<p", ""), "<p");
+
+    const Text page = livePage("T", "<p>", {}, "/a\"b/\u00FC #1");
+    EXPECT_NE(page.find("<base href=\"file:///a%22b/%C3%BC%20%231/html/\">\r\n<title>T"),
+              Text::npos);
+}

@@ -167,6 +167,11 @@ void frmEditBody::fillFromTemplate() {
     }
 }
 
+void frmEditBody::forgetTemplate() {
+    fromTemplate_ = false;
+    lookForEdits();
+}
+
 /// What has been taken back to the beginning, or to what was saved last, is no edit any more.
 void frmEditBody::lookForEdits() {
     setChangedState(fromTemplate_ || txtBody.isEdited() || txtKeywords.isEdited()
@@ -232,7 +237,12 @@ void frmEditBody::connectControls() {
     UI_ON(tbTools, ButtonClick);
     UI_ON(tbTools, ButtonMenuClick);
     for (ui::TextBox* box : {&txtBody, &txtKeywords, &txtShortDesc}) {
-        box->SelectionChange.connect([this] { updateCommands(); });
+        box->SelectionChange.connect([this, box] {
+            updateCommands();
+            if (box == &txtBody) {
+                CaretMoved.raise();
+            }
+        });
     }
     clipboard_.Change.connect([this] { updateCommands(); });
     FocusChange.connect([this] { updateCommands(); });

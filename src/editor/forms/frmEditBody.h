@@ -64,6 +64,9 @@ public:
     /// Puts the fields into the current topic of a project.
     void storeIn(model::Project& project) const;
 
+    /// The text of the template, as long as nobody has edited it, is no edit any more.
+    void forgetTemplate();
+
     /// Null when no preview is open.
     frmPreview* preview() const { return preview_.get(); }
 
@@ -82,6 +85,8 @@ public:
     // The author wants to search the project, or the search to go on.
     ui::Event<> Find;
     ui::Event<> FindNext;
+
+    ui::Event<> CaretMoved; ///< in the body
 
     ui::Event<> Raised; ///< the window, perhaps with its preview, has come before others
 

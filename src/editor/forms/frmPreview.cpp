@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/Files.h"
-#include "text/CodePage.h"
 #include "ui/HelpContext.h"
 #include "ui/Prompter.h"
 #include "ui/WindowPlace.h"
@@ -15,16 +13,6 @@ namespace {
 constexpr const char* section = "Preview";
 constexpr int minimumWidth = 5000;
 constexpr int minimumHeight = 3000;
-
-/// One that is there may be open to others, or be a link to anywhere: it is no more.
-std::error_code writePrivately(const std::filesystem::path& file, text::TextView page) {
-    std::error_code ignored;
-    if (!std::filesystem::is_directory(std::filesystem::symlink_status(file, ignored))) {
-        std::filesystem::remove(file, ignored);
-    }
-    const text::Bytes bytes = text::CodePage().encoded(page, text::Missing::reference);
-    return platform::replaceFile(file, bytes.value, platform::Access::owner);
-}
 
 } // namespace
 
@@ -42,18 +30,12 @@ frmPreview::frmPreview(ui::Window& owner, ui::Settings& settings)
     UI_ON(closeCommand, Click);
 }
 
-frmPreview::~frmPreview() {
-    removePage();
-}
-
 std::error_code frmPreview::preview(text::TextView title, text::TextView page,
                                     const std::filesystem::path& file,
                                     const std::filesystem::path& projectFolder) {
-    removePage();
-    if (const std::error_code error = writePrivately(file, page)) {
+    if (const std::error_code error = page_.write(file, page)) {
         return error;
     }
-    file_ = file;
     setCaption("Preview of: " + text::Text(title));
     brwPreview.navigate(file, projectFolder);
     showUnfocused();
@@ -70,14 +52,6 @@ void frmPreview::placeBeside(const ui::Window& editor) {
     setPosition(right <= last || left < 0 ? std::min(right, last) : left, editor.top());
 }
 
-void frmPreview::removePage() {
-    std::error_code ignored;
-    if (!file_.empty()) {
-        std::filesystem::remove(file_, ignored);
-    }
-    file_.clear();
-}
-
 void frmPreview::brwPreview_Refused() {
     ui::Prompter::current().ask(this,
                                 {"Links are Disabled in Preview Mode", "HTML Topicsmith Preview"});
@@ -91,7 +65,7 @@ void frmPreview::Resize() {
 
 bool frmPreview::mayClose() {
     ui::storePlace(*this, settings_, section);
-    removePage();
+    page_.remove();
     return true;
 }
 

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <filesystem>
-#include <system_error>
-
+#include "editor/forms/PreviewFile.h"
 #include "ui/Browser.h"
 #include "ui/Settings.h"
 #include "ui/Window.h"
@@ -18,7 +16,6 @@ public:
 
     /// Nothing is owned.
     frmPreview(ui::Window& owner, ui::Settings& settings);
-    ~frmPreview() override;
 
     /// Writes a page into a file, which only the person can read and which goes away with the
     /// window, and shows it, or shows it anew, with what lies in the project's folder. The
@@ -39,9 +36,8 @@ public:
 
 private:
     void placeBeside(const ui::Window& editor);
-    void removePage();
 
-    std::filesystem::path file_; ///< empty when there is none to remove
+    PreviewFile page_;
 };
 
 } // namespace editor

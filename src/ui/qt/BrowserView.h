@@ -18,6 +18,9 @@ public:
 
     /// Only this address may be shown from now on, with files below the folder.
     virtual void navigate(const QUrl& file, const QString& folder) = 0;
+
+    /// See Browser.
+    virtual void keepInView(const QString& id) = 0;
 };
 
 /// What a browser of packed pages needs of whoever has unpacked them. Nothing is empty.

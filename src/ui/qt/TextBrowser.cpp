@@ -6,6 +6,7 @@
 #include <QPrinter>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QTimer>
 
@@ -148,9 +149,26 @@ public:
             page_->setSource(file, QTextDocument::HtmlResource);
         }
         page_->verticalScrollBar()->setValue(again ? scrolled : 0);
+        showKept();
     }
 
+    void keepInView(const QString& id) override { kept_ = id; }
+
 private:
+    void showKept() {
+        for (QTextBlock block = page_->document()->begin(); block.isValid() && !kept_.isEmpty();
+             block = block.next()) {
+            for (auto part = block.begin(); !part.atEnd(); ++part) {
+                if (part.fragment().charFormat().anchorNames().contains(kept_)) {
+                    page_->setTextCursor(QTextCursor(block));
+                    page_->ensureCursorVisible();
+                    return;
+                }
+            }
+        }
+    }
+
+    QString kept_;
     std::optional<QVariant> read(int type, const QUrl& url) const {
         const bool isPage = type == QTextDocument::HtmlResource && url == shown_;
         const QString path = fileOf(url);

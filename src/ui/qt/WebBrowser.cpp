@@ -2,6 +2,7 @@
 #include <QTimer>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
+#include <QWebEngineScript>
 #include <QWebEngineUrlRequestInterceptor>
 #include <QWebEngineView>
 
@@ -85,6 +86,7 @@ public:
         view_->setContextMenuPolicy(Qt::NoContextMenu);
         lockDown(*page_);
         page_->settings()->setDefaultTextEncoding(QStringLiteral("windows-1252"));
+        QObject::connect(page_, &QWebEnginePage::loadFinished, [this] { showKept(); });
     }
     ~WebBrowser() override {
         delete view_; // then the page, then what both use
@@ -104,7 +106,21 @@ public:
         }
     }
 
+    void keepInView(const QString& id) override { kept_ = id; }
+
 private:
+    /// By a script of ours, in a world that the page's own cannot reach, were they to run.
+    void showKept() {
+        if (!kept_.isEmpty()) {
+            page_->runJavaScript(
+                QStringLiteral("const e = document.getElementById('%1');"
+                               "if (e) e.parentElement.scrollIntoView({block: 'nearest'});")
+                    .arg(kept_),
+                QWebEngineScript::ApplicationWorld);
+        }
+    }
+
+    QString kept_; ///< an id; letters only
     OwnFilesOnly ownFiles_;
     QWebEngineProfile profile_; ///< keeps nothing on the disk
     QPointer<FixedPage> page_;
