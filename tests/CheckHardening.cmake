@@ -1,0 +1,30 @@
+# Reads from the PROGRAMS, separated by "|", whether they are built as hard to exploit as they are to be;
+# READER is readelf, or objdump for programs of Windows.
+cmake_minimum_required(VERSION 3.25)
+
+# expect(PATTERN WHAT): of the program's facts.
+function(expect pattern what)
+  if(NOT facts MATCHES "${pattern}")
+    message(SEND_ERROR "${program}: ${what}")
+  endif()
+endfunction()
+
+string(REPLACE "|" ";" PROGRAMS "${PROGRAMS}")
+set(reading --wide --file-header --segments --dynamic --symbols)
+if(READER MATCHES "objdump")
+  set(reading -p)
+endif()
+foreach(program IN LISTS PROGRAMS)
+  execute_process(COMMAND ${READER} ${reading} ${program} OUTPUT_VARIABLE facts COMMAND_ERROR_IS_FATAL ANY)
+  if(READER MATCHES "objdump")
+    expect("DYNAMIC_BASE" "it always lies at the same place in memory")
+    expect("HIGH_ENTROPY_VA" "its place in memory is easy to guess")
+    expect("NX_COMPAT" "its data can be run")
+  else()
+    expect("Type: +DYN" "it always lies at the same place in memory")
+    expect("GNU_RELRO" "its tables stay open for writing")
+    expect("FLAGS[^\n]*NOW" "its tables are filled late and stay open")
+    expect("GNU_STACK[^\n]* RW " "its stack can be run")
+    expect("__stack_chk_fail" "its stack is not guarded")
+  endif()
+endforeach()
