@@ -10,6 +10,7 @@
 #include "batch/BatchProject.h"
 #include "batch/BatchReplace.h"
 #include "batch/BatchTools.h"
+#include "batch/BatchWeb.h"
 #include "generate/Documentation.h"
 #include "model/ProjectFormat.h"
 #include "platform/Files.h"
@@ -82,6 +83,10 @@ constexpr BatchCommand commands[] = {
      1, 2, compileHelp, "--strict --jobs= --quiet --keep-edited"},
     {"document", "PROJECT.tsp OUTPUT.htm", "Writes the whole outline as one HTML page.", 2, 2,
      runDocument},
+    {"web", "PROJECT.tsp FOLDER [--clean]",
+     "Makes a web site: pages, contents, index and search. Files of the site that are no longer "
+     "wanted are removed, with --clean all that are there; files of others stay.",
+     2, 2, makeWebSite, "--clean"},
     {"import-vb", "PROJECT.tsp APP.vbp [--strict]",
      "Appends topics for the forms of a Visual Basic 6 project.", 2, 2, importVb, "--strict"},
     {"import-text", "PROJECT.tsp OUTLINE.txt [--strict]",

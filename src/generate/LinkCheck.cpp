@@ -1,18 +1,17 @@
 #include "generate/LinkCheck.h"
 
 #include <algorithm>
-#include <map>
 #include <set>
 
 #include "generate/GenerationRun.h"
 #include "generate/PageAddress.h"
 #include "generate/PageLines.h"
 #include "generate/PageNavigation.h"
+#include "generate/PageTargets.h"
 #include "model/PagePath.h"
 #include "platform/Files.h"
 #include "text/FileFinder.h"
 #include "text/HtmlReader.h"
-#include "text/Path.h"
 
 namespace generate {
 
@@ -22,25 +21,13 @@ using text::TextView;
 
 namespace {
 
-/// Whether an address, or what it means, leads past the page to a root, a drive or a share.
-bool isOfThisComputer(TextView address) {
-    const TextView protocol = protocolOf(address);
-    return protocol.size() == 1 || text::equalIgnoringCase(protocol, "file")
-           || address.starts_with('/') || address.starts_with('\\');
-}
-
 class LinkChecker {
 public:
-    static constexpr int allPages = 0; ///< as a position: stands on every page
-
     LinkChecker(const model::TopicOutline& outline, const fs::path& folder,
                 std::vector<const char*> copied, std::vector<Finding>& findings)
-        : outline_(outline), folder_(folder), files_(folder), copied_(std::move(copied)),
-          findings_(findings), reached_(static_cast<std::size_t>(outline.count()) + 1) {
-        for (int position = 1; position <= outline.count(); ++position) {
-            pages_.emplace(placeKey(outline.at(position).fileName), position);
-        }
-    }
+        : outline_(outline), targets_(outline), folder_(folder), files_(folder),
+          copied_(std::move(copied)), findings_(findings),
+          reached_(static_cast<std::size_t>(outline.count()) + 1) {}
 
     /// Looks at all addresses in HTML that stands on the page of a topic or on all pages.
     void checkHtml(int position, TextView html) {
@@ -67,33 +54,27 @@ public:
         if (!seen_.insert({position, address}).second) {
             return;
         }
-        const TextView protocol = protocolOf(address);
-        const bool isWeb = address.starts_with("//");
-        if (isWeb || (protocol.size() > 1 && !text::equalIgnoringCase(protocol, "file"))) {
-            return;
-        }
-        if (address.empty()) {
+        const AddressTarget target = targets_.targetOf(position, address);
+        switch (target.kind) {
+        case AddressTarget::Kind::none:
             add(position, kind, "\"\"", "is no address");
             return;
-        }
-        if (isOfThisComputer(address) || isOfThisComputer(unescapedAddress(address))) {
+        case AddressTarget::Kind::ownComputer:
             add(position, kind, address, "exists on this computer only");
             return;
-        }
-        if (const int page = pageOf(position, address); page > 0) {
-            reach(position, page); // a page name with "#" is a fault of its own
+        case AddressTarget::Kind::page:
+            if (target.page > 0) { // a page name with "#" is a fault of its own
+                reach(position, target.page);
+                noteAnchor(position, target, address);
+            }
             return;
-        }
-        const std::size_t end = std::min(address.find_first_of("#?"), address.size());
-        const Text path = address.substr(0, end);
-        const int page = path.empty() && end < address.size() ? position : pageOf(position, path);
-        if (page > 0) {
-            reach(position, page);
-            noteAnchor(position, page, address);
-        } else if (page < 0) {
-            if (const char* problem = problemOfFile(position, path)) {
+        case AddressTarget::Kind::file:
+            if (const char* problem = problemOfFile(position, target.path)) {
                 add(position, kind, address, problem);
             }
+            return;
+        case AddressTarget::Kind::elsewhere:
+            return;
         }
     }
 
@@ -126,50 +107,35 @@ private:
         findings_.push_back({position, kind, text::oneLine(address) + ": " + problem});
     }
 
-    /// A file below the page folder by a path as it stands on the page of a topic.
-    Text fromPage(int position, TextView path) const {
-        return pathFromPage(position > 0 ? outline_.at(position).fileName : Text(), path);
-    }
-
-    /// The position of the topic to whose page a path leads; -1 for none.
-    int pageOf(int position, const Text& path) const {
-        for (const Text& each : {path, unescapedAddress(path)}) {
-            if (const auto found = pages_.find(placeKey(fromPage(position, each)));
-                found != pages_.end()) {
-                return found->second;
-            }
-        }
-        return -1;
-    }
-
     void reach(int from, int page) {
         if (page != from) {
             reached_[static_cast<std::size_t>(page)] = true;
         }
     }
 
-    void noteAnchor(int position, int page, const Text& address) {
-        const std::size_t hash = address.find('#');
-        const Text anchor = hash == Text::npos ? Text() : text::lowerCase(address.substr(hash + 1));
+    void noteAnchor(int position, const AddressTarget& target, const Text& address) {
+        const std::size_t hash = target.rest.find('#');
+        const Text anchor =
+            hash == TextView::npos ? Text() : text::lowerCase(target.rest.substr(hash + 1));
         if (!anchor.empty() && anchor != "top") {
-            anchorLinks_.push_back({position, page, anchor, address});
+            anchorLinks_.push_back({position, target.page, anchor, address});
         }
     }
 
     /// A place that every page has counts, too.
     bool hasAnchor(int page, const Text& anchor) const {
-        return anchors_.contains({page, anchor}) || anchors_.contains({allPages, anchor});
+        return anchors_.contains({page, anchor})
+               || anchors_.contains({PageTargets::allPages, anchor});
     }
 
     /// What is wrong with a path to a file; null for nothing. Only what lies in the output folder
     /// is looked for: a project from elsewhere must not choose what is opened, here or, by names
     /// such as "\\\\host\\file", on another machine.
-    const char* problemOfFile(int position, const Text& path) {
+    const char* problemOfFile(int position, TextView path) {
         constexpr const char* isMissing = "does not exist";
         constexpr const char* isOutside = "lies outside of the project";
         constexpr const char* isNoName = "cannot be the name of a file on Windows"; // but a device
-        for (const Text& each : {path, unescapedAddress(path)}) {
-            const Text place = plainPlace(fromPage(position, each));
+        for (const Text& place : targets_.filePlaces(position, path)) {
             if (place == ".." || place.starts_with("../")) {
                 return isOutside;
             }
@@ -210,12 +176,12 @@ private:
     }
 
     const model::TopicOutline& outline_;
+    PageTargets targets_;
     fs::path folder_;
     text::FileFinder files_;
     std::vector<const char*> copied_;
     std::vector<Finding>& findings_;
     std::vector<bool> reached_;
-    std::map<Text, int> pages_; ///< positions by page key; the first of those that share it
     std::set<std::pair<int, Text>> seen_;
     std::set<std::pair<int, Text>> anchors_;
     std::vector<AnchorLink> anchorLinks_;
@@ -226,7 +192,7 @@ private:
 void checkLinks(const model::TopicOutline& outline, const model::ProjectOptions& options,
                 const fs::path& outputFolder, std::vector<Finding>& findings) {
     LinkChecker checker(outline, outputFolder, copiedPictures(options), findings);
-    constexpr int allPages = LinkChecker::allPages;
+    constexpr int allPages = PageTargets::allPages;
     if (!options.cssFile.empty()) {
         checker.checkAddress(allPages, options.cssFile, FindingKind::link);
     }

@@ -36,20 +36,15 @@ void appendHead(Text& page, const Topic& topic, const ProjectOptions& options) {
 
 /// The object from which the help workshop makes the index; a semicolon at the end gives an empty
 /// last entry.
-void appendKeywords(Text& page, const Text& keywords) {
-    if (keywords.empty()) {
+void appendKeywords(Text& page, const Topic& topic) {
+    if (topic.keywords.empty()) {
         return;
     }
     appendLine(page);
     appendLine(page, R"(<Object type="application/x-oleobject" )",
                R"(classid="clsid:1e2a7bd0-dab9-11d0-b93a-00c04fc99f9e">)");
-    TextView rest = text::trim(keywords);
-    for (bool last = false; !last;) {
-        const std::size_t semicolon = rest.find(';');
-        last = semicolon == TextView::npos;
-        appendLine(page, R"(  <param name="Keyword" value=")",
-                   text::trim(rest.substr(0, semicolon)), R"(">)");
-        rest = last ? TextView() : text::trim(rest.substr(semicolon + 1));
+    for (const TextView keyword : keywordsOf(topic)) {
+        appendLine(page, R"(  <param name="Keyword" value=")", keyword, R"(">)");
     }
     appendLine(page, "</OBJECT>",
                documentTypeLine); // repeated on purpose: part of the object's form
@@ -70,12 +65,24 @@ void appendBody(Text& page, const Text& body, const text::CodePage& codePage, Pa
 
 } // namespace
 
+std::vector<TextView> keywordsOf(const Topic& topic) {
+    std::vector<TextView> keywords;
+    TextView rest = text::trim(topic.keywords);
+    for (bool last = false; !last;) {
+        const std::size_t semicolon = rest.find(';');
+        last = semicolon == TextView::npos;
+        keywords.push_back(text::trim(rest.substr(0, semicolon)));
+        rest = last ? TextView() : text::trim(rest.substr(semicolon + 1));
+    }
+    return keywords;
+}
+
 void makeTopicPage(const TopicOutline& outline, const ProjectOptions& options, int position,
                    Text& page, PageCounts& counts) {
     const Topic& topic = outline.at(position);
     page.clear();
     appendHead(page, topic, options);
-    appendKeywords(page, topic.keywords);
+    appendKeywords(page, topic);
     appendLine(page, "<h1>", topic.title, "</h1>");
     appendLine(page);
     appendBody(page, topic.body, options.codePage(), counts);

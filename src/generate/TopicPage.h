@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "model/ProjectOptions.h"
 #include "model/TopicOutline.h"
 
@@ -12,6 +14,10 @@ struct PageCounts {
     int pageLinks = 0;  ///< links in bodies to other pages, and child lists' links
     int webLinks = 0;   ///< links in bodies to the web
 };
+
+/// A topic's keywords one by one, without the blanks around them; a semicolon at the end gives an
+/// empty last one.
+std::vector<text::TextView> keywordsOf(const model::Topic& topic);
 
 /// Puts the HTML page of one topic in place of `page` (whose memory is used again from page to
 /// page) and adds to the counts.

@@ -64,4 +64,27 @@ Text unescaped(TextView address) {
     return result;
 }
 
+Text escapedAddress(TextView path) {
+    constexpr TextView plain = "-._~/!$()*,;@";
+    constexpr TextView digits = "0123456789ABCDEF";
+    constexpr unsigned digitBits = 4;
+    constexpr unsigned lowBits = 0xF;
+    const auto isPlain = [plain](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9')
+               || plain.find(c) != TextView::npos;
+    };
+    Text address;
+    for (const char character : path) {
+        if (isPlain(character)) {
+            address += character;
+        } else {
+            const auto byte = static_cast<unsigned char>(character);
+            address += '%';
+            address += digits[byte >> digitBits];
+            address += digits[byte & lowBits];
+        }
+    }
+    return address;
+}
+
 } // namespace text

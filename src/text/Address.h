@@ -16,4 +16,8 @@ Text fileAddress(TextView path);
 /// An address with the bytes of "%20" and the like in their places.
 Text unescaped(TextView address);
 
+/// The other way: a path as an address, with "%" and digits for all bytes that addresses do not
+/// have.
+Text escapedAddress(TextView path);
+
 } // namespace text

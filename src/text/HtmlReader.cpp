@@ -234,4 +234,28 @@ std::string resolvedReferences(std::string_view utf8) {
     return text;
 }
 
+Text escapedHtml(TextView text) {
+    Text html;
+    html.reserve(text.size());
+    for (const char character : text) {
+        switch (character) {
+        case '&':
+            html += "&amp;";
+            break;
+        case '<':
+            html += "&lt;";
+            break;
+        case '>':
+            html += "&gt;";
+            break;
+        case '"':
+            html += "&quot;";
+            break;
+        default:
+            html += character;
+        }
+    }
+    return html;
+}
+
 } // namespace text

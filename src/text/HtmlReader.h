@@ -89,6 +89,9 @@ private:
     Text missingEndTags_;       ///< likewise
 };
 
+/// A text as it stands in HTML, between tags or in an attribute's double quotes.
+Text escapedHtml(TextView text);
+
 /// Puts the characters of references ("&eacute;", "&#937;") in their places, in UTF-8.
 std::string resolvedReferences(std::string_view utf8);
 

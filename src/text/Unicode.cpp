@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <utf8proc.h>
 
 namespace text {
@@ -30,6 +32,45 @@ bool isHighSurrogate(char32_t unit) {
 
 bool isLowSurrogate(char32_t unit) {
     return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+constexpr auto decomposed = static_cast<utf8proc_option_t>(UTF8PROC_DECOMPOSE | UTF8PROC_COMPAT);
+constexpr auto composed = static_cast<utf8proc_option_t>(UTF8PROC_COMPOSE);
+
+/// What cannot be normalised stays as it is.
+std::string normalised(const std::string& utf8, utf8proc_option_t form) {
+    utf8proc_uint8_t* made = nullptr;
+    const utf8proc_ssize_t size =
+        utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(utf8.data()),
+                     static_cast<utf8proc_ssize_t>(utf8.size()), &made,
+                     static_cast<utf8proc_option_t>(form | UTF8PROC_STABLE));
+    const std::unique_ptr<utf8proc_uint8_t, decltype(&std::free)> owner(made, &std::free);
+    return size < 0
+               ? utf8
+               : std::string(reinterpret_cast<const char*>(made), static_cast<std::size_t>(size));
+}
+
+/// Accents and the points of vowels, as characters of their own.
+bool isAccent(char32_t character) {
+    return (character >= 0x300 && character <= 0x36F) || (character >= 0x591 && character <= 0x5BD)
+           || character == 0x5BF || character == 0x5C1 || character == 0x5C2 || character == 0x5C7
+           || (character >= 0x64B && character <= 0x65F) || character == 0x670;
+}
+
+/// One small letter without its accent; assets/web/search.js does the same.
+void appendSearchLetter(std::string& key, char32_t character) {
+    constexpr std::pair<char32_t, std::string_view> plain[] = {
+        {0xDF, "ss"}, {0xE6, "ae"}, {0xF0, "d"},  {0xF8, "o"},   {0xFE, "th"},
+        {0x111, "d"}, {0x131, "i"}, {0x142, "l"}, {0x153, "oe"}, {0x3C2, "\u03C3"},
+        {'\'', ""},   {0x2019, ""}, {0xAD, ""}};
+    const auto* const found =
+        std::find_if(std::begin(plain), std::end(plain),
+                     [&](const auto& each) { return each.first == character; });
+    if (found != std::end(plain)) {
+        key += found->second;
+    } else if (!isAccent(character)) {
+        appendUtf8(key, character);
+    }
 }
 
 /// Whose capitals lie outside the code page.
@@ -161,6 +202,19 @@ char32_t foldedCase(char32_t character) {
     constexpr char32_t dotlessI = 0x131; // a letter of its own, though it shares its capital
     return character < 0x80 || character == dotlessI ? lowerCase(character)
                                                      : lowerCase(upperCase(character));
+}
+
+std::string searchKey(std::string_view utf8) {
+    std::string small;
+    for (std::string_view rest = utf8; !rest.empty();) {
+        appendUtf8(small, lowerCase(takeUtf8(rest)));
+    }
+    std::string key;
+    const std::string parts = isAscii(small) ? small : normalised(small, decomposed);
+    for (std::string_view rest = parts; !rest.empty();) {
+        appendSearchLetter(key, takeUtf8(rest));
+    }
+    return isAscii(key) ? key : normalised(key, composed);
 }
 
 } // namespace text

@@ -41,6 +41,10 @@ std::string utf8FromUtf16(std::string_view bytes, bool bigEndian);
 char32_t lowerCase(char32_t character);
 char32_t upperCase(char32_t character);
 
+/// A word as searches compare it: in small letters, without accents, apostrophes and hyphens that
+/// are not seen; letters that are two in one are two.
+std::string searchKey(std::string_view utf8);
+
 /// Equal for characters that differ in letter case alone.
 char32_t foldedCase(char32_t character);
 

@@ -7,37 +7,14 @@
 #include "text/CodePage.h"
 #include "workshop/Encoding.h"
 #include "workshop/SearchLetters.h"
+#include "workshop/WordLetters.h"
 
 namespace workshop {
 
 namespace {
 
-constexpr char32_t curlyApostrophe = 0x2019;
 constexpr char32_t softHyphen = 0xAD;
 constexpr char32_t firstForeign = 0x80; ///< beyond ASCII
-
-struct Range {
-    char32_t first, last;
-};
-
-/// Letters and digits.
-constexpr Range naturalLetters[] = {
-    {'0', '9'},       {'A', 'Z'},       {'_', '_'},       {'a', 'z'},         {0xAA, 0xAA},
-    {0xB5, 0xB5},     {0xBA, 0xBA},     {0xC0, 0xD6},     {0xD8, 0xF6},       {0xF8, 0x2C1},
-    {0x300, 0x373},   {0x376, 0x37D},   {0x386, 0x386},   {0x388, 0x481},     {0x483, 0x52F},
-    {0x531, 0x556},   {0x561, 0x587},   {0x591, 0x5BD},   {0x5BF, 0x5BF},     {0x5C1, 0x5F2},
-    {0x610, 0x61A},   {0x620, 0x669},   {0x66E, 0x6D3},   {0x6D5, 0x6FF},     {0x0900, 0x0DFF},
-    {0x0E01, 0x0E3A}, {0x0E40, 0x0E4E}, {0x0E50, 0x0E59}, {0x0E81, 0x0FBC},   {0x1000, 0x13F4},
-    {0x1780, 0x17D3}, {0x1E00, 0x1FBC}, {0x1FC2, 0x1FFC}, {0x3041, 0x318E},   {0x3400, 0x4DBF},
-    {0x4E00, 0xABFF}, {0xAC00, 0xD7A3}, {0xF900, 0xFAFF}, {0x20000, 0x3FFFF},
-};
-
-bool isNaturalLetter(char32_t character) {
-    return std::any_of(std::begin(naturalLetters), std::end(naturalLetters),
-                       [character](const Range& range) {
-                           return character >= range.first && character <= range.last;
-                       });
-}
 
 /// Letters like those from U+0100 that every code page has.
 constexpr std::string_view plainLetters =
@@ -143,7 +120,7 @@ SearchWords::Character SearchWords::described(char32_t unicode) const {
     known.isKnown = true;
     known.isSpecial = unicode >= firstForeign;
     known.small = text::lowerCase(unicode);
-    const bool isLetter = isNaturalLetter(unicode);
+    const bool isLetter = isWordLetter(unicode);
     known.isLetter = isLetter && !(isDoubleByte_ && known.isSpecial);
     const auto bytes = bytesOf(widened(unicode), codePage_);
     if (!bytes) {
@@ -298,9 +275,8 @@ void SearchWords::readNatural(const Character& character, char32_t unicode, cons
         isSpecial_ = isSpecial_ || character.isSpecial;
         isLost_ = isLost_ || character.isLost;
     } else if (naturalStart_ != nullptr) {
-        const bool joins = unicode == '\'' || unicode == curlyApostrophe || unicode == softHyphen;
         char32_t next = 0;
-        if (joins && !rest.empty() && taken(rest, next).isLetter) {
+        if (joinsLetters(unicode) && !rest.empty() && taken(rest, next).isLetter) {
             isSpecial_ = true;
         } else {
             endNatural(at, take);

@@ -223,26 +223,7 @@ private:
 };
 
 void appendParameter(std::string& file, std::string_view name, std::string_view value) {
-    text::append(file, "<param name=\"", name, "\" value=\"");
-    for (const char character : value) {
-        switch (character) {
-        case '&':
-            file += "&amp;";
-            break;
-        case '<':
-            file += "&lt;";
-            break;
-        case '>':
-            file += "&gt;";
-            break;
-        case '"':
-            file += "&quot;";
-            break;
-        default:
-            file += character;
-        }
-    }
-    text::appendLine(file, "\">");
+    text::appendLine(file, "<param name=\"", name, "\" value=\"", text::escapedHtml(value), "\">");
 }
 
 bool isRemote(std::string_view page) {

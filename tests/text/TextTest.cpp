@@ -36,6 +36,17 @@ TEST(Text, LetterCaseFoldsOverEveryScript) {
     EXPECT_FALSE(equalIgnoringCase("a", "ab"));
 }
 
+TEST(Unicode, SearchesFoldAccentsAndLigatures) {
+    EXPECT_EQ(searchKey("\u00C9t\u00E9 O\u2019Neil's so\u00ADft"), "ete oneils soft");
+    EXPECT_EQ(searchKey("Stra\u00DFe \u1E9E \u0152uvre \u0141\u00F3d\u017A \u0130I\u0131 \uFB01n"),
+              "strasse ss oeuvre lodz iii fin");
+    EXPECT_EQ(searchKey("\u039F\u0394\u038C\u03A3 \u03BF\u03B4\u03CC\u03C2"),
+              "\u03BF\u03B4\u03BF\u03C3 \u03BF\u03B4\u03BF\u03C3");
+    EXPECT_EQ(searchKey("\u304C \uD55C \u05E9\u05C1\u05B8 \u0419"), // parts of letters stay
+              "\u304C \uD55C \u05E9 \u0438");
+    EXPECT_EQ(searchKey("a\xC3"), "a\uFFFD");
+}
+
 TEST(Unicode, TakesDamagedBytesOneByOne) {
     const auto taken = [](std::string_view utf8) {
         std::u32string characters;

@@ -1,0 +1,113 @@
+#include "web/SiteData.h"
+
+#include <charconv>
+#include <map>
+
+#include "text/HtmlReader.h"
+
+namespace web {
+
+using text::append;
+using text::Text;
+using text::TextView;
+
+namespace {
+
+/// Where the addresses in "site/contents.js" count from.
+constexpr TextView pageFolder = "html/";
+
+void appendContexts(Text& data, const std::map<Text, int>& contexts) {
+    bool isFirst = true;
+    for (const auto& [context, position] : contexts) {
+        append(data, isFirst ? "\n" : ",\n", scriptText(context), ":", std::to_string(position));
+        isFirst = false;
+    }
+}
+
+/// A number without zeros in front, whether it stands there in tens or, behind "0x", in sixteens;
+/// other texts as they are.
+Text plainNumber(TextView number) {
+    constexpr int tens = 10;
+    constexpr int sixteens = 16;
+    number = text::trim(number);
+    const bool isHexadecimal = text::startsWithIgnoringCase(number, "0x");
+    const TextView digits = number.substr(isHexadecimal ? 2 : 0);
+    std::uint64_t value = 0;
+    const char* end = digits.data() + digits.size();
+    const auto [rest, error] =
+        std::from_chars(digits.data(), end, value, isHexadecimal ? sixteens : tens);
+    return error == std::errc() && rest == end ? std::to_string(value) : text::lowerCase(number);
+}
+
+} // namespace
+
+Text scriptText(TextView text) {
+    constexpr TextView digits = "0123456789abcdef";
+    Text value = "\"";
+    for (const char character : text) {
+        const auto code = static_cast<unsigned char>(character);
+        if (character == '"' || character == '\\') {
+            value += '\\';
+            value += character;
+        } else if (character == '\n') {
+            value += "\\n";
+        } else if (code < ' ') {
+            append(value, "\\x", Text(1, digits[code >> 4U]), Text(1, digits[code & 0xFU]));
+        } else {
+            value += character;
+        }
+    }
+    return value += '"';
+}
+
+Text contentsData(const model::TopicOutline& outline, const SiteMap& map) {
+    Text data = "topicsmith(\"contents\",[";
+    for (int position = 1; position <= map.count(); ++position) {
+        const SitePage& page = map.at(position);
+        append(data, position > 1 ? ",\n" : "\n", "[", std::to_string(outline.depth(position)), ",",
+               scriptText(page.title));
+        if (map.hasPage(position)) {
+            append(data, ",", scriptText(TextView(page.address).substr(pageFolder.size())));
+        }
+        data += ']';
+    }
+    return data += "]);\n";
+}
+
+Text keywordsData(const std::vector<Keyword>& keywords) {
+    Text data = "topicsmith(\"keywords\",[";
+    bool isFirst = true;
+    for (const Keyword& keyword : keywords) {
+        append(data, isFirst ? "\n" : ",\n", "[", scriptText(keyword.text));
+        for (const int position : keyword.topics) {
+            append(data, ",", std::to_string(position));
+        }
+        data += ']';
+        isFirst = false;
+    }
+    return data += "]);\n";
+}
+
+Text contextsData(const model::TopicOutline& outline, const SiteMap& map) {
+    std::map<Text, int> numbers;
+    std::map<Text, int> names;
+    for (int position = 1; position <= map.count(); ++position) {
+        const model::Topic& topic = outline.at(position);
+        if (!map.hasPage(position)) {
+            continue;
+        }
+        if (!topic.contextNumber.empty()) {
+            numbers.emplace(plainNumber(topic.contextNumber), position);
+        }
+        if (!topic.contextId.empty()) {
+            names.emplace(text::lowerCase(topic.contextId), position);
+        }
+    }
+    Text data = "topicsmith(\"contexts\",[{";
+    appendContexts(data, numbers);
+    data += "},{";
+    appendContexts(data, names);
+    return data += "}]);\n";
+}
+
+} // namespace web

@@ -1,0 +1,231 @@
+#include "web/SiteFolder.h"
+
+#include <charconv>
+#include <vector>
+
+#include "generate/GeneratedFile.h"
+#include "model/PagePath.h"
+#include "platform/FileState.h"
+#include "platform/Files.h"
+#include "text/Path.h"
+
+namespace web {
+
+namespace fs = std::filesystem;
+using text::Text;
+using text::TextView;
+
+namespace {
+
+constexpr TextView listPlace = "site/files.txt";
+constexpr TextView listTitle =
+    "The files of this web site, which HTML Topicsmith writes and removes";
+
+std::uint64_t hashOf(TextView bytes) {
+    constexpr std::uint64_t start = 14695981039346656037U;
+    constexpr std::uint64_t prime = 1099511628211U;
+    std::uint64_t hash = start;
+    for (const char byte : bytes) {
+        hash = (hash ^ static_cast<unsigned char>(byte)) * prime;
+    }
+    return hash;
+}
+
+/// Takes a number and the tab behind it off the front of a line; false when there is none.
+template <typename Number>
+bool takeNumber(TextView& line, Number& number) {
+    const char* end = line.data() + line.size();
+    const auto [rest, error] = std::from_chars(line.data(), end, number);
+    if (error != std::errc() || rest == end || *rest != '\t') {
+        return false;
+    }
+    line.remove_prefix(static_cast<std::size_t>(rest - line.data()) + 1);
+    return true;
+}
+
+} // namespace
+
+SiteFolder::SiteFolder(fs::path folder, bool isClean) : folder_(std::move(folder)) {
+    readList();
+    if (isClean) {
+        for (auto& [place, entry] : before_) {
+            remove(place);
+        }
+        removed_ = 0;
+    }
+}
+
+/// The list may come from anywhere: it must not name files outside of the folder.
+void SiteFolder::readList() {
+    std::string list;
+    const fs::path path = model::pagePath(folder_, listPlace);
+    const bool isThere = !platform::readFile(path, list);
+    isForeign_ = isThere && !list.starts_with(listTitle);
+    if (!isThere || isForeign_) {
+        return;
+    }
+    TextView rest = list;
+    while (!rest.empty()) {
+        const std::size_t end = std::min(rest.find('\n'), rest.size());
+        TextView line = rest.substr(0, end);
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+        Entry entry;
+        if (takeNumber(line, entry.hash) && takeNumber(line, entry.size)
+            && takeNumber(line, entry.time) && model::pageNameFault(line).empty()) {
+            before_.emplace(line, entry);
+        }
+    }
+}
+
+void SiteFolder::fail(const fs::path& path, std::string reason) {
+    failures_.push_back({path, std::move(reason)});
+}
+
+bool SiteFolder::staysInside(const fs::path& folder) {
+    const auto [found, isNew] = staying_.try_emplace(folder, true);
+    if (isNew) {
+        if (const std::error_code error = platform::createFolders(folder)) {
+            generate::noteFailure(failures_, folder, error);
+            found->second = false;
+        } else if (platform::leadsOutOf(folder_, folder)) {
+            fail(folder, "a link leads out of the site's folder; nothing was written there");
+            found->second = false;
+        }
+    }
+    return found->second;
+}
+
+/// False, and noted, for a file that is somebody else's.
+bool SiteFolder::mayWrite(const Text& place, const fs::path& path) {
+    if (!keys_.insert(model::pageKey(place)).second) {
+        fail(path, "is the name of two files of the site");
+        return false;
+    }
+    if (!staysInside(path.parent_path())) {
+        return false;
+    }
+    std::error_code ignored;
+    if (!before_.contains(place) && fs::exists(fs::symlink_status(path, ignored))) {
+        fail(path, "is there already, and is no file of this site");
+        return false;
+    }
+    return true;
+}
+
+bool SiteFolder::isAsListed(const Text& place, const fs::path& path) const {
+    const auto listed = before_.find(place);
+    const auto facts = platform::fileFacts(path);
+    return listed != before_.end() && facts && facts->size == listed->second.size
+           && facts->written.count() == listed->second.time;
+}
+
+void SiteFolder::add(Text place, Text contents) {
+    files_.push_back({std::move(place), std::move(contents), {}});
+}
+
+void SiteFolder::addCopy(Text place, fs::path source) {
+    files_.push_back({std::move(place), {}, std::move(source)});
+}
+
+/// Before anything is written, the list names it: otherwise the files of a run that was interrupted
+/// would be somebody else's for the next one.
+void SiteFolder::claim() {
+    bool isNew = false;
+    for (File& file : files_) {
+        file.isOurs = mayWrite(file.place, model::pagePath(folder_, file.place));
+        isNew = (file.isOurs && before_.try_emplace(file.place).second) || isNew;
+    }
+    if (isNew) {
+        writeList(before_);
+    }
+}
+
+void SiteFolder::write(File& file) {
+    const fs::path path = model::pagePath(folder_, file.place);
+    const Entry& listed = before_[file.place];
+    Entry entry = {hashOf(file.contents), file.contents.size()};
+    std::error_code error;
+    if (!file.source.empty()) { // one that has the same time and size is the same
+        const auto facts = platform::fileFacts(file.source);
+        entry.hash = facts ? static_cast<std::uint64_t>(facts->written.count()) : 0;
+        entry.size = facts ? facts->size : 0;
+    }
+    if (listed.hash == entry.hash && listed.size == entry.size && isAsListed(file.place, path)) {
+        now_[file.place] = listed;
+        ++kept_;
+        return;
+    }
+    now_[file.place] = listed;
+    if (!file.source.empty()) {
+        error = platform::readFile(file.source, file.contents);
+        generate::noteFailure(failures_, file.source, error);
+    }
+    if (!error) {
+        error = platform::writeFile(path, file.contents);
+        generate::noteFailure(failures_, path, error);
+    }
+    if (const auto facts = platform::fileFacts(path); facts && !error) {
+        now_[file.place] = {entry.hash, facts->size, facts->written.count()};
+        ++written_;
+    }
+    file.contents = {};
+}
+
+/// One that somebody has changed since is theirs.
+void SiteFolder::remove(const Text& place) {
+    const fs::path path = model::pagePath(folder_, place);
+    std::error_code error;
+    if (!isAsListed(place, path) || platform::leadsOutOf(folder_, path)) {
+        return;
+    }
+    fs::remove(path, error);
+    generate::noteFailure(failures_, path, error);
+    removed_ += error ? 0 : 1;
+    removeEmptyFolders(path.parent_path());
+}
+
+void SiteFolder::removeEmptyFolders(fs::path folder) {
+    std::error_code error;
+    while (folder != folder_ && fs::is_empty(folder, error) && !error) {
+        fs::remove(folder, error);
+        folder = folder.parent_path();
+    }
+}
+
+void SiteFolder::writeList(const Entries& entries) {
+    Text list(listTitle);
+    list += '\n';
+    for (const auto& [place, entry] : entries) {
+        text::append(list, std::to_string(entry.hash), "\t", std::to_string(entry.size), "\t",
+                     std::to_string(entry.time), "\t", place, "\n");
+    }
+    const fs::path path = model::pagePath(folder_, listPlace);
+    if (staysInside(path.parent_path())) {
+        generate::noteFailure(failures_, path, platform::writeFile(path, list));
+    }
+}
+
+void SiteFolder::update() {
+    if (isForeign_) {
+        fail(model::pagePath(folder_, listPlace), "is there already, and is no list of a site");
+        return;
+    }
+    keys_.insert(model::pageKey(listPlace));
+    const Entries before = before_;
+    claim();
+    for (File& file : files_) {
+        if (file.isOurs) {
+            write(file);
+        }
+    }
+    for (const auto& [place, entry] : before) {
+        if (!now_.contains(place) && !keys_.contains(model::pageKey(place))) {
+            remove(place);
+        }
+    }
+    if (now_ != before) {
+        writeList(now_);
+    }
+}
+
+} // namespace web

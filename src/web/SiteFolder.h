@@ -1,0 +1,78 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <set>
+#include <vector>
+
+#include "model/FileFailure.h"
+#include "text/Text.h"
+
+namespace web {
+
+/// The folder of a site. A list in it says which files are the site's and how they were written:
+/// files that did not change are not written again, those that are no longer wanted are removed,
+/// and files of others are never touched.
+class SiteFolder {
+public:
+    /// Reads the list. With `isClean`, nothing counts as written before.
+    SiteFolder(std::filesystem::path folder, bool isClean);
+
+    /// A file of the site, for update().
+    void add(text::Text place, text::Text contents);
+
+    /// The same for a copy of a file.
+    void addCopy(text::Text place, std::filesystem::path source);
+
+    /// Writes what was added where it is not there yet, removes what was there before, and writes
+    /// the list. An interruption leaves a list of all files that may have been written.
+    void update();
+
+    int written() const { return written_; }
+    int kept() const { return kept_; }
+    int removed() const { return removed_; }
+    model::FileFailures takeFailures() { return std::move(failures_); }
+
+private:
+    struct Entry {
+        std::uint64_t hash = 0; ///< of the contents
+        std::uint64_t size = 0;
+        std::int64_t time = 0; ///< when it was written
+
+        bool operator==(const Entry&) const = default;
+    };
+    using Entries = std::map<text::Text, Entry>;
+
+    struct File {
+        text::Text place;
+        text::Text contents;
+        std::filesystem::path source; ///< empty for one that is not copied
+        bool isOurs = false;          ///< may be written
+    };
+
+    void readList();
+    void writeList(const Entries& entries);
+    void claim();
+    bool mayWrite(const text::Text& place, const std::filesystem::path& path);
+    void write(File& file);
+    bool isAsListed(const text::Text& place, const std::filesystem::path& path) const;
+    bool staysInside(const std::filesystem::path& folder);
+    void fail(const std::filesystem::path& path, std::string reason);
+    void remove(const text::Text& place);
+    void removeEmptyFolders(std::filesystem::path folder);
+
+    std::filesystem::path folder_;
+    std::vector<File> files_;
+    bool isForeign_ = false; ///< somebody else's file has the list's name
+    Entries before_;
+    Entries now_;
+    std::set<text::Text> keys_; ///< of what is there now, for systems that do not tell case apart
+    std::map<std::filesystem::path, bool> staying_; ///< what staysInside() has found
+    model::FileFailures failures_;
+    int written_ = 0;
+    int kept_ = 0;
+    int removed_ = 0;
+};
+
+} // namespace web

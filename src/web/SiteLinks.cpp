@@ -1,0 +1,124 @@
+#include "web/SiteLinks.h"
+
+#include <algorithm>
+
+#include "generate/PageAddress.h"
+#include "text/Address.h"
+#include "text/HtmlReader.h"
+#include "workshop/PageFacts.h"
+
+namespace web {
+
+using generate::AddressTarget;
+using text::Text;
+using text::TextView;
+
+namespace {
+
+/// "#" or "?" and what follows, as it may stand in an attribute however that is quoted.
+Text escapedRest(TextView rest) {
+    Text escaped;
+    for (const char character : rest) {
+        if (TextView("#?%=+").find(character) != TextView::npos) {
+            escaped += character;
+        } else if (character == '&') {
+            escaped += "&amp;";
+        } else {
+            escaped += text::escapedAddress(TextView(&character, 1));
+        }
+    }
+    return escaped;
+}
+
+bool setsColour(TextView name, TextView value) {
+    return name == "color" || name == "bgcolor" || name == "background"
+           || (name == "style"
+               && (value.find("color") != TextView::npos
+                   || value.find("background") != TextView::npos));
+}
+
+bool isAddressPlace(TextView tag, TextView attribute) {
+    const auto places = generate::addressPlaces();
+    return std::any_of(places.begin(), places.end(), [&](const generate::AddressPlace& place) {
+        return tag == place.tag && attribute == place.attribute;
+    });
+}
+
+} // namespace
+
+void SiteLinks::append(Text& page, TextView html, int from, const Text& place) {
+    std::size_t done = 0;
+    text::HtmlReader reader(html);
+    while (reader.next()) {
+        if (reader.isText() || reader.closes()) {
+            continue;
+        }
+        const Text tag = reader.lowerName();
+        if (tag == "style") {
+            lookAtStyle(reader.contents(), from);
+        }
+        for (const auto& [givenName, value] : reader.attributes()) {
+            const Text name = text::lowerAscii(givenName);
+            hasColours_ = hasColours_ || setsColour(name, value.value_or(""));
+            if (value && name == "style") {
+                lookAtStyle(*value, from);
+            } else if (value && isAddressPlace(tag, name)) {
+                const auto start = static_cast<std::size_t>(value->data() - html.data());
+                text::append(page, html.substr(done, start - done),
+                             addressFor(*value, from, place));
+                done = start + value->size();
+            }
+        }
+    }
+    page += html.substr(done);
+}
+
+/// The address itself where it leads to nothing of ours.
+Text SiteLinks::addressFor(TextView address, int from, const Text& place) {
+    const Text plain = generate::plainAddress(address);
+    const AddressTarget target = targets_.targetOf(from, plain);
+    if (target.kind == AddressTarget::Kind::page && target.page > 0 && map_.hasPage(target.page)) {
+        const Text& page = map_.at(target.page).place;
+        return page == place && !target.rest.empty()
+                   ? escapedRest(target.rest)
+                   : relativeAddress(place, page) + escapedRest(target.rest);
+    }
+    if (target.kind == AddressTarget::Kind::file) {
+        for (const Text& file : targets_.filePlaces(from, target.path)) {
+            if (const auto found = sources_.want(file)) {
+                return relativeAddress(place, *found) + escapedRest(target.rest);
+            }
+        }
+    }
+    return Text(address);
+}
+
+void SiteLinks::lookAtStyle(TextView css, int from) {
+    for (const workshop::PageText& address :
+         workshop::readStyleSheet(text::resolvedReferences(css))) {
+        const AddressTarget target = targets_.targetOf(from, address.text);
+        if (target.kind == AddressTarget::Kind::file) {
+            for (const Text& file : targets_.filePlaces(from, target.path)) {
+                sources_.want(file);
+            }
+        }
+    }
+}
+
+Text SiteLinks::optionPlace(const Text& address) {
+    const AddressTarget target = targets_.targetOf(generate::PageTargets::allPages, address);
+    if (target.kind == AddressTarget::Kind::file) {
+        for (const Text& file : targets_.filePlaces(generate::PageTargets::allPages, target.path)) {
+            if (const auto found = sources_.want(file)) {
+                return *found;
+            }
+        }
+    }
+    return {};
+}
+
+bool SiteLinks::takeHasColours() {
+    return std::exchange(hasColours_, false);
+}
+
+} // namespace web

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "web/SiteMap.h"
+#include "web/SiteSources.h"
+
+namespace web {
+
+/// Puts HTML of authors on pages of the site, with its addresses as they are there.
+class SiteLinks {
+public:
+    /// Nothing is owned.
+    SiteLinks(const model::TopicOutline& outline, const SiteMap& map, SiteSources& sources)
+        : map_(map), sources_(sources), targets_(outline) {}
+
+    /// Appends HTML to a page at a place. Its addresses count from the page of a topic, or with
+    /// generate::PageTargets::allPages from the page folder. Only addresses that lead to pages
+    /// and files of the project become others.
+    void append(text::Text& page, text::TextView html, int from, const text::Text& place);
+
+    /// The place of a file that the options name, which counts from the page folder; empty for
+    /// none.
+    text::Text optionPlace(const text::Text& address);
+
+    /// Whether the HTML appended since the last call sets colours of its own.
+    bool takeHasColours();
+
+private:
+    text::Text addressFor(text::TextView address, int from, const text::Text& place);
+    void lookAtStyle(text::TextView css, int from);
+
+    const SiteMap& map_;
+    SiteSources& sources_;
+    generate::PageTargets targets_;
+    bool hasColours_ = false;
+};
+
+} // namespace web

@@ -1,0 +1,105 @@
+#include "web/SiteSources.h"
+
+#include "generate/PageAddress.h"
+#include "model/PagePath.h"
+#include "platform/Files.h"
+#include "text/Address.h"
+#include "text/Path.h"
+#include "workshop/PageFacts.h"
+
+namespace web {
+
+namespace fs = std::filesystem;
+using text::Text;
+using text::TextView;
+
+namespace {
+
+constexpr std::uint64_t largestRead = std::uint64_t(16) << 20U;
+
+bool endsWith(const Text& place, TextView ending) {
+    return text::lowerCase(place).ends_with(ending);
+}
+
+/// A place that a file at another one names; empty when it is none of the project's.
+Text placeFrom(const Text& place, const Text& address) {
+    const TextView path = TextView(address).substr(0, address.find_first_of("#?"));
+    const bool isElsewhere = path.empty() || path.find(':') != TextView::npos
+                             || path.starts_with('/') || path.starts_with('\\');
+    return isElsewhere ? Text()
+                       : text::plainPath(place + "/../" + generate::unescapedAddress(path));
+}
+
+} // namespace
+
+SiteSources::SiteSources(const fs::path& projectFile, fs::path programFolder)
+    : project_(projectFile), folder_(projectFile.parent_path()),
+      programFolder_(std::move(programFolder)), files_(folder_) {}
+
+std::optional<Text> SiteSources::want(const Text& place) {
+    const auto [answer, isNew] = asked_.try_emplace(place);
+    if (!isNew) {
+        return answer->second;
+    }
+    fs::path source;
+    answer->second = findPlace(place, source);
+    if (answer->second && wanted_.emplace(*answer->second, source).second) {
+        unread_.push_back(*answer->second);
+    }
+    return answer->second;
+}
+
+std::optional<Text> SiteSources::findPlace(const Text& place, fs::path& source) {
+    if (!model::pageNameFault(place).empty()) {
+        return {};
+    }
+    source = files_.find(place);
+    if (platform::isFile(source)) {
+        const bool isOurs =
+            !platform::leadsOutOf(folder_, source) && !platform::isSameFile(source, project_);
+        return isOurs ? std::optional(
+                   text::plainPath(text::displayText(source.lexically_relative(folder_))))
+                      : std::nullopt;
+    }
+    for (const char* name :
+         {model::topicPicture, model::homePicture, model::previousPicture, model::nextPicture}) {
+        Text usual = Text(model::imageFolderName) + '/' + name;
+        if (model::pageKey(place) == model::pageKey(usual)) {
+            source = programFolder_ / name;
+            return usual;
+        }
+    }
+    return {};
+}
+
+const std::map<Text, fs::path>& SiteSources::collect() {
+    for (; !unread_.empty(); unread_.pop_front()) {
+        follow(Text(unread_.front()));
+    }
+    return wanted_;
+}
+
+Text SiteSources::contentsOf(const Text& place) const {
+    Text contents;
+    const auto found = wanted_.find(place);
+    return found != wanted_.end() && !platform::readFile(found->second, contents, largestRead)
+               ? contents
+               : Text();
+}
+
+void SiteSources::follow(const Text& place) {
+    const bool isStyle = endsWith(place, ".css");
+    if (!isStyle && !endsWith(place, ".htm") && !endsWith(place, ".html")) {
+        return;
+    }
+    const Text contents = contentsOf(place);
+    const auto addresses =
+        isStyle ? workshop::readStyleSheet(contents) : workshop::readPage(contents).addresses;
+    for (const workshop::PageText& address : addresses) {
+        if (const Text named = placeFrom(place, address.text); !named.empty()) {
+            want(named);
+        }
+    }
+}
+
+} // namespace web

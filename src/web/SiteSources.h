@@ -1,0 +1,44 @@
+#pragma once
+
+#include <deque>
+#include <filesystem>
+#include <map>
+#include <optional>
+
+#include "text/FileFinder.h"
+#include "text/Text.h"
+
+namespace web {
+
+/// The author's own files that pages and style sheets name. Only what lies in the project's folder
+/// is looked for: a project from elsewhere must not choose what is published.
+class SiteSources {
+public:
+    /// `programFolder` has the pictures of the program, for projects that
+    /// name them without having them.
+    SiteSources(const std::filesystem::path& projectFile, std::filesystem::path programFolder);
+
+    /// Wants a file, by its place from the project's folder, to be in the site. Returns the place
+    /// where it will be, which may differ in letter case; nothing when there is no such file.
+    std::optional<text::Text> want(const text::Text& place);
+
+    /// All that is wanted, with what those files name themselves: places, and files to be read.
+    const std::map<text::Text, std::filesystem::path>& collect();
+
+    /// What a wanted file holds; empty when it cannot be read.
+    text::Text contentsOf(const text::Text& place) const;
+
+private:
+    std::optional<text::Text> findPlace(const text::Text& place, std::filesystem::path& source);
+    void follow(const text::Text& place);
+
+    std::filesystem::path project_;
+    std::filesystem::path folder_;
+    std::filesystem::path programFolder_;
+    text::FileFinder files_;
+    std::map<text::Text, std::optional<text::Text>> asked_;
+    std::map<text::Text, std::filesystem::path> wanted_;
+    std::deque<text::Text> unread_;
+};
+
+} // namespace web

@@ -1,0 +1,146 @@
+#include "web/WebSite.h"
+
+#include "generate/TopicValidation.h"
+#include "model/PagePath.h"
+#include "platform/Files.h"
+#include "text/Path.h"
+#include "web/Assets.h"
+#include "web/SearchData.h"
+#include "web/SiteData.h"
+#include "web/SiteFolder.h"
+#include "web/SitePages.h"
+
+namespace web {
+
+namespace fs = std::filesystem;
+using model::Project;
+using text::append;
+using text::lineBreak;
+using text::Text;
+
+namespace {
+
+/// A project of its own, whose topics a help generation would not have to repair.
+Project repaired(const Project& project, Text& report) {
+    Project copy;
+    copy.replace(project.outline(), project.options(), project.projectPath());
+    generate::ReportHeaders headers;
+    generate::repairContexts(copy, report, headers);
+    generate::renameDuplicateFiles(copy, report, headers);
+    generate::reportDuplicateContexts(copy.outline(), report, headers);
+    return copy;
+}
+
+class SiteRun {
+public:
+    SiteRun(const Project& project, const SiteRequest& request, SiteFolder& folder)
+        : outline_(project.outline()), options_(project.options()), map_(outline_),
+          sources_(project.projectPath(), request.programFolder), links_(outline_, map_, sources_),
+          pages_(outline_, options_, map_, links_), folder_(folder) {}
+
+    void addStyle() {
+        folder_.add(Text(stylePlace), pages_.projectStyle() + Text(siteStyle));
+        folder_.add(Text(scriptPlace), Text(siteScript));
+        const Text sheet = sources_.contentsOf(links_.optionPlace(options_.cssFile));
+        pages_.setOnlyForLight(!sheet.empty() && sheet.find("prefers-color-scheme") == Text::npos);
+    }
+
+    void addPages() {
+        Text page;
+        for (int position = 1; position <= map_.count(); ++position) {
+            if (map_.hasPage(position)) {
+                pages_.makeTopic(page, position);
+                folder_.add(map_.at(position).place, page);
+            }
+        }
+        if (map_.first() > 0) {
+            pages_.makeTopic(page, map_.first(), true);
+        } else {
+            page = pages_.contentsPage(frontPlace);
+        }
+        folder_.add(Text(frontPlace), page);
+        folder_.add(Text(contentsPlace), pages_.contentsPage(contentsPlace));
+        folder_.add(Text(keywordsPlace), pages_.keywordsPage());
+    }
+
+    void addData() {
+        folder_.add("site/contents.js", contentsData(outline_, map_));
+        folder_.add("site/keywords.js", keywordsData(sortedKeywords(outline_, map_)));
+        folder_.add("site/contexts.js", contextsData(outline_, map_));
+        for (auto& [place, contents] : searchData(outline_, map_)) {
+            folder_.add(place, std::move(contents));
+        }
+    }
+
+    /// To be called behind the others, when all is known that pages and style name.
+    void addSources() {
+        for (const auto& [place, source] : sources_.collect()) {
+            folder_.addCopy(place, source);
+        }
+    }
+
+    model::FileFailures faults(const fs::path& folder) const {
+        model::FileFailures faults;
+        for (int position = 1; position <= map_.count(); ++position) {
+            const Text& name = outline_.at(position).fileName;
+            if (!map_.hasPage(position) && !name.empty()) {
+                faults.push_back({model::pagePath(folder / model::pageFolderName, name),
+                                  Text(model::pageNameFault(name)) + " (topic "
+                                      + std::to_string(position) + ")"});
+            }
+        }
+        return faults;
+    }
+
+private:
+    const model::TopicOutline& outline_;
+    const model::ProjectOptions& options_;
+    SiteMap map_;
+    SiteSources sources_;
+    SiteLinks links_;
+    SitePages pages_;
+    SiteFolder& folder_;
+};
+
+} // namespace
+
+std::optional<model::FileFailure> siteFolderFault(const fs::path& folder, const Project& project) {
+    if (platform::isFile(folder)) {
+        return model::FileFailure{folder, "is a file, not a folder"};
+    }
+    const fs::path own = platform::fullPath(project.projectPath()).parent_path();
+    if (folder == own || platform::isSameFile(folder, own)) {
+        return model::FileFailure{folder, "is the folder of the project itself"};
+    }
+    return {};
+}
+
+fs::path frontPage(const fs::path& folder) {
+    return folder / frontPlace;
+}
+
+SiteReport generateSite(const Project& project, const SiteRequest& request) {
+    SiteReport report;
+    append(report.text, "Output to:", lineBreak, text::displayText(frontPage(request.folder)),
+           lineBreak);
+    const Project copy = repaired(project, report.text);
+    SiteFolder folder(request.folder, request.isClean);
+    SiteRun run(copy, request, folder);
+    run.addStyle();
+    run.addPages();
+    run.addData();
+    run.addSources();
+    folder.update();
+    report.failures = run.faults(request.folder);
+    for (model::FileFailure& failure : folder.takeFailures()) {
+        report.failures.push_back(std::move(failure));
+    }
+    append(report.text, lineBreak, "Total Help Topics: ", std::to_string(copy.outline().count()),
+           lineBreak, "Files written: ", std::to_string(folder.written()), lineBreak,
+           "Files unchanged: ", std::to_string(folder.kept()), lineBreak,
+           "Files removed: ", std::to_string(folder.removed()), lineBreak, lineBreak,
+           "Generation Complete.");
+    return report;
+}
+
+} // namespace web

@@ -1,0 +1,159 @@
+#include "web/WebSite.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/FileState.h"
+#include "support/TestFiles.h"
+
+namespace fs = std::filesystem;
+using test::bytesOf;
+using test::topic;
+using test::writeBytes;
+
+namespace {
+
+class WebSite : public testing::Test {
+protected:
+    web::SiteReport generate(model::TopicOutline outline, model::ProjectOptions options = {},
+                             bool isClean = false) {
+        model::Project project;
+        project.replace(std::move(outline), std::move(options), source / "p.tsp");
+        return web::generateSite(project, {site, folder / "program", isClean});
+    }
+    bool has(const fs::path& place) const { return fs::exists(site / place); }
+    std::string page(const fs::path& place) const { return bytesOf(site / place); }
+    bool pageHas(const fs::path& place, std::string_view what) const {
+        return page(place).find(what) != std::string::npos;
+    }
+
+    test::TemporaryFolder folder;
+    const fs::path source = folder / "source";
+    const fs::path site = folder / "out/site";
+
+    void SetUp() override { fs::create_directories(source / "Images"); }
+};
+
+} // namespace
+
+TEST_F(WebSite, LinksLeadToPagesHoweverTheyAreSpelt) {
+    writeBytes(source / "Images/Bild \u00E9.PNG", "x");
+    const auto report = generate(test::outlineOf(
+        {topic(
+             1, "Start", "start.htm",
+             "<a href='..\\html\\C# Caf\u00E9.htm'>1</a><A HREF=\"SUB/Deep.HTM#An &amp; Aus\">2</a>"
+             "<a href='C%23%20Caf%C3%A9.htm#x'>3</a><a href='#here'>4</a>"
+             "<img src='..\\images\\bild \u00E9.png'><a href='https://example.org/a\\b'>5</a>"
+             "<a href='missing.htm'>6</a><p title='..\\html\\start.htm'>7"),
+         topic(2, "Caf\u00E9 &amp; C#", "C# Caf\u00E9.htm"),
+         topic(3, "A < B", "sub\\deep.htm", "<a href='../start.htm'>8</a>")}));
+    EXPECT_TRUE(report.failures.empty());
+    const std::string start = page("html/start.htm");
+    for (const char* wanted :
+         {"<a href='C%23%20Caf%C3%A9.htm'>1</a><A HREF=\"sub/deep.htm#An%20&amp;%20Aus\">2</a>",
+          "<a href='C%23%20Caf%C3%A9.htm#x'>3</a><a href='#here'>4</a>",
+          "<img src='../Images/Bild%20%C3%A9.PNG'><a href='https://example.org/a\\b'>5</a>",
+          "<a href='missing.htm'>6</a><p title='..\\html\\start.htm'>7",
+          "<link rel=\"next\" href=\"C%23%20Caf%C3%A9.htm\">"}) {
+        EXPECT_NE(start.find(wanted), std::string::npos) << wanted << '\n' << start;
+    }
+    EXPECT_TRUE(has(fs::path(u8"Images/Bild é.PNG")));
+    EXPECT_TRUE(pageHas(u8"html/C# Café.htm", "<title>Caf\u00E9 &amp; C# - Help</title>"));
+    EXPECT_TRUE(pageHas("html/sub/deep.htm", "<h1>A &lt; B</h1>\r\n<a href='../start.htm'>8</a>"));
+    EXPECT_TRUE(pageHas("html/sub/deep.htm", "<link rel=\"up\" href=\"../C%23%20Caf%C3%A9.htm\">"));
+    EXPECT_TRUE(pageHas("index.html", "<base href=\"html/start.htm\">"));
+}
+
+TEST_F(WebSite, NamesThatCollideOrClimbAreHandledAsInTheHelp) {
+    writeBytes(folder / "secret.txt", "x");
+    fs::create_directories(source / "site");
+    writeBytes(source / "site/style.css", "body {}");
+    model::ProjectOptions options;
+    options.cssFile = "../site/style.css";
+    const auto report =
+        generate(test::outlineOf(
+                     {topic(1, "A", "a.htm", "<a href='../../secret.txt'>s</a><a href='../p.tsp'>"),
+                      topic(1, "B", "A.HTM"), topic(1, "C", "../c.htm"), topic(2, "D", ""),
+                      topic(2, "I", "index.html")}),
+                 options);
+    EXPECT_TRUE(has("html/A 1.htm"));
+    EXPECT_TRUE(has("html/index.html"));
+    EXPECT_FALSE(has("c.htm") || has("secret.txt") || has("p.tsp"));
+    ASSERT_EQ(report.failures.size(), 2U);
+    EXPECT_EQ(report.failures[0].reason,
+              "the file name does not stay inside the page folder (topic 3)");
+    EXPECT_EQ(report.failures[1].reason, "is the name of two files of the site");
+    EXPECT_FALSE(page("site/style.css") == "body {}");
+    EXPECT_TRUE(pageHas("contents.html", "<li>C\r\n<ul><li>D</li>"));
+}
+
+TEST_F(WebSite, OnlyWhatChangedIsWrittenAndOnlyOursIsRemoved) {
+    const auto outline = test::flatOutline(3);
+    writeBytes(source / "Images/p.png", "x");
+    auto withPicture = outline;
+    withPicture.at(3).body = "<img src='..\\images\\p.png'>";
+    generate(withPicture);
+    writeBytes(site / "html/mine.htm", "mine");
+    const auto time = fs::last_write_time(site / "html/t1.htm") - std::chrono::hours(1);
+    fs::last_write_time(site / "html/t1.htm", time);
+    EXPECT_NE(generate(withPicture).text.find("Files written: 1\r\n"), std::string::npos);
+    EXPECT_NE(generate(withPicture).text.find("Files written: 0\r\n"), std::string::npos);
+
+    const auto report = generate(test::flatOutline(2));
+    EXPECT_FALSE(has("html/t3.htm") || has("Images"));
+    EXPECT_TRUE(has("html/t2.htm"));
+    EXPECT_EQ(page("html/mine.htm"), "mine");
+
+    auto renamed = test::flatOutline(2);
+    renamed.at(2).fileName = "mine.htm";
+    const auto refused = generate(renamed);
+    ASSERT_EQ(refused.failures.size(), 1U);
+    EXPECT_EQ(refused.failures[0].reason, "is there already, and is no file of this site");
+    EXPECT_EQ(page("html/mine.htm"), "mine");
+
+    writeBytes(site / "html/t1.htm", "mine, too");
+    generate(renamed, {}, true);
+    EXPECT_TRUE(pageHas("html/t1.htm", "<h1>Topic 1</h1>"));
+    EXPECT_EQ(page("html/mine.htm"), "mine");
+}
+
+TEST_F(WebSite, AListFromElsewhereNamesNoFilesOutside) {
+    generate(test::flatOutline(1));
+    writeBytes(folder / "out/precious.txt", "x");
+    const auto size = std::to_string(fs::file_size(folder / "out/precious.txt"));
+    const auto facts = platform::FileFacts(*platform::fileFacts(folder / "out/precious.txt"));
+    writeBytes(site / "site/files.txt", bytesOf(site / "site/files.txt") + "1\t" + size + "\t"
+                                            + std::to_string(facts.written.count())
+                                            + "\t../precious.txt\n");
+    generate(test::flatOutline(1));
+    EXPECT_TRUE(fs::exists(folder / "out/precious.txt"));
+
+    writeBytes(site / "site/files.txt", "somebody's list");
+    EXPECT_EQ(generate(test::flatOutline(2)).failures.size(), 1U);
+    EXPECT_EQ(page("site/files.txt"), "somebody's list");
+    EXPECT_FALSE(has("html/t2.htm"));
+}
+
+TEST_F(WebSite, TheProjectsOwnFolderIsNoPlaceForIt) {
+    model::Project project;
+    writeBytes(source / "p.tsp", "x");
+    project.replace(test::flatOutline(1), {}, source / "p.tsp");
+    EXPECT_TRUE(web::siteFolderFault(source, project));
+    EXPECT_TRUE(web::siteFolderFault(source / "p.tsp", project));
+    EXPECT_FALSE(web::siteFolderFault(source / "web", project));
+}
+
+TEST_F(WebSite, ContextsAndKeywordsComeAsTheScriptReadsThem) {
+    auto outline =
+        test::outlineOf({topic(1, "\"A\\", "a.htm"), topic(1, "\u00C9t\u00E9", "b.htm")});
+    outline.at(1).contextId = "IDH_A";
+    outline.at(1).contextNumber = "0x97";
+    outline.at(2).contextId = "idh_a";
+    outline.at(2).contextNumber = "0152";
+    outline.at(1).keywords = "zebra; \u00C4pfel;";
+    outline.at(2).keywords = "\u00E4pfel; banana";
+    generate(outline);
+    EXPECT_TRUE(pageHas("site/contexts.js", "{\n\"151\":1,\n\"152\":2},{\n\"idh_a\":1}"));
+    EXPECT_TRUE(pageHas("site/contents.js", R"([1,"\"A\\","a.htm"])"));
+    EXPECT_TRUE(
+        pageHas("site/keywords.js", "[\"\u00C4pfel\",1,2],\n[\"banana\",2],\n[\"zebra\",1]"));
+}
