@@ -6,6 +6,7 @@
 
 #include "text/TextLines.h"
 #include "ui/qt/Native.h"
+#include "ui/qt/TextHooks.h"
 
 namespace ui {
 
@@ -37,6 +38,16 @@ bool Clipboard::hasText() const {
 
 text::Text Clipboard::text() const {
     return text::withLineBreaks(fromQt(QGuiApplication::clipboard()->text()));
+}
+
+Incoming Clipboard::content() const {
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    return data == nullptr ? Incoming() : incomingFrom(*data);
+}
+
+bool Clipboard::hasMoreThanText() const {
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    return data != nullptr && (data->hasImage() || data->hasUrls() || data->hasHtml());
 }
 
 } // namespace ui

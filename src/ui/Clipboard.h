@@ -4,10 +4,11 @@
 
 #include "text/Text.h"
 #include "ui/Event.h"
+#include "ui/Incoming.h"
 
 namespace ui {
 
-/// The system's clipboard, as plain text. For a box's part in it, see TextBox::copy().
+/// The system's clipboard. For a box's part in it, see TextBox::copy().
 class Clipboard {
 public:
     Clipboard();
@@ -21,6 +22,12 @@ public:
 
     /// With CR LF for each line end.
     text::Text text() const;
+
+    /// All forms of what is there. A picture is packed for it, so this is for pasting.
+    Incoming content() const;
+
+    /// Whether there is a picture, files or HTML.
+    bool hasMoreThanText() const;
 
     Event<> Change; ///< whoever did it
 

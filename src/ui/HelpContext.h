@@ -16,6 +16,8 @@ enum HelpContext {
     topicImportHelp = 253,
     findHelp = 261,
     spellingHelp = 262,
+    pasteHelp = 280,
+    tableHelp = 281,
     reportHelp = 330,
     compileHelp = 340
 };
@@ -33,6 +35,8 @@ inline constexpr HelpContext helpContexts[] = {mainWindowHelp,
                                                topicImportHelp,
                                                findHelp,
                                                spellingHelp,
+                                               pasteHelp,
+                                               tableHelp,
                                                reportHelp,
                                                compileHelp};
 

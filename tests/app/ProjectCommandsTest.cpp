@@ -265,10 +265,13 @@ TEST_F(ProjectCommands, AnotherProgramsFolderIsOnlyWhereItOpensFiles) {
         test::bytesOf(folder / "document.htm").find(std::string(folder / "own") + "\\images\\x"),
         std::string::npos);
     window->openTopicEditor(1);
-    prompter.expect(FileQuestion{FileQuestion::Kind::open, "Select Graphic to Insert",
-                                 "All Image Files|*.gif;*.jpg;*.bmp;*.jpeg||All Files (*.*)|*.*", 1,
-                                 folder / "own/images", "*.*", ""},
-                    std::nullopt);
+    prompter.expect(
+        FileQuestion{
+            FileQuestion::Kind::open, "Select Graphic to Insert",
+            "All Image Files|*.gif;*.jpg;*.bmp;*.jpeg;*.png;*.svg;*.webp;*.avif;*.apng;*.ico||All "
+            "Files (*.*)|*.*",
+            1, folder / "own/images", "*.*", ""},
+        std::nullopt);
     window->editor()->txtBody.setFocus();
     window->editor()->mnuTagInsert_Click();
     EXPECT_TRUE(window->editor()->close());

@@ -4,25 +4,12 @@
 #include <gtest/gtest.h>
 #include <random>
 
+#include "editor/Marked.h"
+
 using namespace editor;
+using test::at;
 
 namespace {
-
-/// A passage written with "[" and "]" around the selection, or "|" at the caret.
-Passage at(Text marked) {
-    Passage passage;
-    if (const auto caret = marked.find('|'); caret != Text::npos) {
-        marked.erase(caret, 1);
-        return {marked, caret, 0};
-    }
-    passage.start = marked.find('[');
-    marked.erase(passage.start, 1);
-    const auto end = marked.find(']');
-    marked.erase(end, 1);
-    passage.length = end - passage.start;
-    passage.text = std::move(marked);
-    return passage;
-}
 
 /// The text with "|" at the caret; nothing is selected after a command.
 Text shown(Passage passage) {

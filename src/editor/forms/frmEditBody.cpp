@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "editor/MarkUp.h"
+#include "editor/TableEditing.h"
 #include "ui/HelpContext.h"
 #include "ui/Prompter.h"
 #include "ui/WindowPlace.h"
@@ -47,7 +48,6 @@ frmEditBody::~frmEditBody() {
 void frmEditBody::arrange() {
     setMinimumSize(minimumWidth, minimumHeight);
     txtKeywords.setToolTip("Separate Keywords with ;");
-    txtBody.setForHtml();
     txtBody.setAccessibleName("Body");
     for (const char* key : {"Auto", "New", "Leaf", "New Leaf"}) {
         Text image = "Kind";
@@ -211,7 +211,7 @@ void frmEditBody::mnuFileSave_Click() {
     }
     const model::UndoStep step(project_, "Edit Topic Text");
     storeIn(project_);
-    for (ui::TextBox* box : {&txtBody, &txtKeywords, &txtShortDesc}) {
+    for (ui::TextBox* box : fields()) {
         box->setUnedited();
     }
     image_ = icboImage.selectedKey();
@@ -231,12 +231,20 @@ void frmEditBody::storeIn(model::Project& project) const {
 
 void frmEditBody::connectControls() {
     UI_ON(txtBody, Change);
+    UI_ON(txtBody, Entering);
+    UI_ON(txtBody, EditKeyDown);
+    txtBody.takesFiles = [this](const auto& files) { return pasting_.takes(files); };
+    tableGrid_.Chosen.connect([this](int rows, int columns) {
+        txtBody.nameSteps("Insert Table");
+        change([=](Passage passage) { return newTable(std::move(passage), rows, columns); });
+        txtBody.nameSteps({});
+    });
     UI_ON(txtKeywords, Change);
     UI_ON(txtShortDesc, Change);
     UI_ON(icboImage, Change);
     UI_ON(tbTools, ButtonClick);
     UI_ON(tbTools, ButtonMenuClick);
-    for (ui::TextBox* box : {&txtBody, &txtKeywords, &txtShortDesc}) {
+    for (ui::TextBox* box : fields()) {
         box->SelectionChange.connect([this, box] {
             updateCommands();
             if (box == &txtBody) {

@@ -1,14 +1,18 @@
 #pragma once
 
+#include <array>
 #include <functional>
 
 #include "editor/Passage.h"
 #include "editor/References.h"
 #include "editor/forms/EditorCommands.h"
+#include "editor/forms/Pasting.h"
 #include "editor/forms/TemplateCache.h"
 #include "editor/forms/frmPreview.h"
 #include "model/Project.h"
 #include "ui/Clipboard.h"
+#include "ui/GridChoice.h"
+#include "ui/HtmlBox.h"
 #include "ui/ImageCombo.h"
 #include "ui/Panel.h"
 #include "ui/Settings.h"
@@ -46,6 +50,9 @@ public:
         registered
     };
 
+    /// What mnuTableChange_Click does to the table at the caret.
+    enum TableChange { rowAdded, rowRemoved, columnAdded, columnRemoved };
+
     /// There must be a current topic. Nothing is owned. The preview's page is written into
     /// `programFolder`, or where that cannot be written, into a folder of the person's.
     frmEditBody(ui::Window& owner, model::Project& project, ui::Settings& settings,
@@ -77,7 +84,7 @@ public:
     ui::Label lblKeywords{pnlFields, "Keywords:", &txtKeywords};
     ui::Label lblShortDesc{pnlFields, "Short Description:", &txtShortDesc};
     ui::Label lblImage{pnlFields, "Image:", &icboImage};
-    ui::TextBox txtBody{*this, ui::TextBox::Lines::many};
+    ui::HtmlBox txtBody{*this};
     ui::Toolbar tbTools{*this, ui::Toolbar::Size::small};
 
     ui::Event<> Edited; ///< raised for every edit, also one that is taken back
@@ -91,6 +98,8 @@ public:
     ui::Event<> Raised; ///< the window, perhaps with its preview, has come before others
 
     void txtBody_Change() { lookForEdits(); }
+    void txtBody_Entering(ui::Incoming& incoming);
+    void txtBody_EditKeyDown(ui::EditKey& key);
     void txtKeywords_Change() { lookForEdits(); }
     void txtShortDesc_Change() { lookForEdits(); }
     void icboImage_Change() { lookForEdits(); }
@@ -108,6 +117,7 @@ public:
     void mnuEditCut_Click();
     void mnuEditCopy_Click();
     void mnuEditPaste_Click();
+    void mnuEditPasteText_Click();
     void mnuEditAll_Click();
     void mnuTagBold_Click();
     void mnuTagItalic_Click();
@@ -122,6 +132,8 @@ public:
     void mnuTagWeblink_Click();
     void mnuTagChars_Click(SpecialCharacter character);
     void mnuTableCol_Click(int index); ///< 1 for a new row
+    void mnuTableDraw_Click();
+    void mnuTableChange_Click(TableChange what);
     void mnuSpellCheck_Click();
     void mnuEditFind_Click() { Find.raise(); }
     void mnuEditFindNext_Click() { FindNext.raise(); }
@@ -153,11 +165,14 @@ private:
     void applyTag(const std::function<Passage(Passage)>& command);
     void change(const std::function<Passage(Passage)>& command);
 
+    std::array<ui::TextBox*, 3> fields() { return {&txtBody, &txtKeywords, &txtShortDesc}; }
     std::filesystem::path projectFolder() const;
     std::optional<std::filesystem::path> chooseFile(const char* title, const char* filter,
                                                     const char* folderName);
 
     ui::Clipboard clipboard_;
+    Pasting pasting_{*this, txtBody, project_};
+    ui::GridChoice tableGrid_{*this};
     ui::CommandSet commands_{*this, editorCommands()};
     std::unique_ptr<frmPreview> preview_;
     int tableSize_ = 3;

@@ -1,5 +1,9 @@
+#include "editor/ListEditing.h"
 #include "editor/MarkUp.h"
+#include "editor/PictureFile.h"
 #include "editor/PreviewPage.h"
+#include "editor/TableEditing.h"
+#include "editor/forms/TextChange.h"
 #include "editor/forms/dlgGraphicOptions.h"
 #include "editor/forms/dlgWebLinkText.h"
 #include "editor/forms/frmEditBody.h"
@@ -42,7 +46,9 @@ bool frmEditBody::canCopy() const {
 }
 
 bool frmEditBody::canPaste() const {
-    return focusedTextBox() != nullptr && clipboard_.hasText();
+    const ui::TextBox* box = focusedTextBox();
+    return box != nullptr
+           && (clipboard_.hasText() || (box == &txtBody && clipboard_.hasMoreThanText()));
 }
 
 void frmEditBody::mnuEditCopy_Click() {
@@ -54,7 +60,25 @@ void frmEditBody::mnuEditCut_Click() {
 }
 
 void frmEditBody::mnuEditPaste_Click() {
-    focusedTextBox()->paste();
+    ui::TextBox* const box = focusedTextBox();
+    if (box != &txtBody || !pasting_.insert(clipboard_.content())) {
+        box->paste();
+    }
+}
+
+void frmEditBody::mnuEditPasteText_Click() {
+    ui::TextBox* const box = focusedTextBox();
+    if (box == &txtBody) {
+        pasting_.insertAsText(clipboard_.content());
+    } else {
+        box->paste();
+    }
+}
+
+void frmEditBody::txtBody_Entering(ui::Incoming& incoming) {
+    txtBody.nameSteps("Paste");
+    incoming.handled = pasting_.insert(incoming);
+    txtBody.nameSteps({});
 }
 
 void frmEditBody::mnuEditAll_Click() {
@@ -183,6 +207,29 @@ void frmEditBody::mnuTableCol_Click(int index) {
     });
 }
 
+/// Tab and Enter go on in a table or list; elsewhere they do what they always do.
+void frmEditBody::txtBody_EditKeyDown(ui::EditKey& key) {
+    if (key.which == ui::EditKey::Which::tab) {
+        key.handled = changeText(txtBody, key.shift ? previousCell : nextCell);
+    } else if (!key.shift) {
+        key.handled = changeText(txtBody, nextItem);
+    }
+}
+
+void frmEditBody::mnuTableDraw_Click() {
+    if (mayInsertTags()) {
+        tableGrid_.show(txtBody.selectionPlace());
+    }
+}
+
+void frmEditBody::mnuTableChange_Click(TableChange what) {
+    constexpr std::optional<Passage> (*commands[])(Passage) = {addRow, removeRow, addColumn,
+                                                               removeColumn};
+    if (mayInsertTags() && !changeText(txtBody, commands[what])) {
+        Prompter::current().beep();
+    }
+}
+
 // ---- Pictures and links ----
 
 std::optional<fs::path> frmEditBody::chooseFile(const char* title, const char* filter,
@@ -195,9 +242,9 @@ void frmEditBody::mnuTagInsert_Click() {
     if (!mayInsertTags()) {
         return;
     }
-    const auto file = chooseFile("Select Graphic to Insert",
-                                 "All Image Files|*.gif;*.jpg;*.bmp;*.jpeg||All Files (*.*)|*.*",
-                                 model::imageFolderName);
+    const Text filter = "All Image Files|" + Text(picturePatterns) + "||All Files (*.*)|*.*";
+    const auto file =
+        chooseFile("Select Graphic to Insert", filter.c_str(), model::imageFolderName);
     if (!file) {
         return;
     }

@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <map>
+#include <memory>
 
 #include <QFontDatabase>
+#include <QMenu>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTextBlock>
@@ -21,6 +23,11 @@ public:
 
 protected:
     bool event(QEvent* event) override {
+        if (event->type() == QEvent::ShortcutOverride && native->hooks != nullptr
+            && native->hooks->wantsKey(static_cast<const QKeyEvent&>(*event))) {
+            event->accept();
+            return true;
+        }
         if (event->type() == QEvent::ShortcutOverride
             && TextBox::Native::isUndoOrRedo(static_cast<const QKeyEvent&>(*event))) {
             event->ignore();
@@ -29,11 +36,25 @@ protected:
         return QPlainTextEdit::event(event);
     }
 
+    bool viewportEvent(QEvent* event) override {
+        if (event->type() == QEvent::ToolTip && native->hooks != nullptr) {
+            const auto& help = static_cast<const QHelpEvent&>(*event);
+            if (native->hooks->showToolTip(help.pos(), help.globalPos())) {
+                return true;
+            }
+        }
+        return QPlainTextEdit::viewportEvent(event);
+    }
+
     void keyPressEvent(QKeyEvent* event) override {
-        if (native->keyDown(*event) || indents(*event)) {
+        const bool taken = native->hooks != nullptr && native->hooks->keyDown(*event);
+        if (taken || native->keyDown(*event) || indents(*event)) {
             event->accept();
         } else if (!isReadOnly() && isTyping(*event)) {
             native->enter(event->text());
+            if (native->hooks != nullptr) {
+                native->hooks->typed(event->text());
+            }
         } else if (!isReadOnly() && keyOf(*event).code == KeyCode::enter) {
             // With Shift, too: there is one kind of line break.
             native->replaceSelection(QStringLiteral("\n"));
@@ -48,11 +69,47 @@ protected:
     }
 
     bool canInsertFromMimeData(const QMimeData* source) const override {
+        if (native->hooks != nullptr) {
+            return native->hooks->takes(*source);
+        }
         return !TextBox::Native::bringsFiles(*source)
                && QPlainTextEdit::canInsertFromMimeData(source);
     }
 
-    void insertFromMimeData(const QMimeData* source) override { native->enter(source->text()); }
+    void insertFromMimeData(const QMimeData* source) override {
+        if (native->hooks == nullptr || !native->hooks->enter(*source)) {
+            native->enter(source->text());
+        }
+    }
+
+    void dragMoveEvent(QDragMoveEvent* event) override {
+        QPlainTextEdit::dragMoveEvent(event);
+        takeCopy(*event);
+    }
+
+    void dropEvent(QDropEvent* event) override {
+        QPlainTextEdit::dropEvent(event);
+        takeCopy(*event);
+    }
+
+    void paintEvent(QPaintEvent* event) override {
+        QPlainTextEdit::paintEvent(event);
+        if (native->hooks != nullptr) {
+            native->hooks->painted();
+        }
+    }
+
+    void contextMenuEvent(QContextMenuEvent* event) override {
+        if (native->hooks == nullptr) {
+            QPlainTextEdit::contextMenuEvent(event);
+            return;
+        }
+        const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+        const QPoint place = byKey ? cursorRect().center() : event->pos();
+        const std::unique_ptr<QMenu> menu(createStandardContextMenu(place));
+        native->hooks->fillMenu(*menu, place);
+        menu->exec(byKey ? viewport()->mapToGlobal(place) : event->globalPos());
+    }
 
     /// The toolkit's own would make blanks of non-breaking spaces.
     QMimeData* createMimeDataFromSelection() const override {
@@ -72,6 +129,13 @@ protected:
     }
 
 private:
+    /// Files stay where they were.
+    static void takeCopy(QDropEvent& event) {
+        if (event.isAccepted() && TextBox::Native::bringsFiles(*event.mimeData())) {
+            event.setDropAction(Qt::CopyAction);
+        }
+    }
+
     bool indents(const QKeyEvent& event) {
         const bool in = event.key() == Qt::Key_Tab && event.modifiers() == Qt::NoModifier;
         const bool out = event.key() == Qt::Key_Backtab;

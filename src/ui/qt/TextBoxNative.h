@@ -10,6 +10,7 @@
 #include "ui/TextBox.h"
 #include "ui/TypingSteps.h"
 #include "ui/qt/Native.h"
+#include "ui/qt/TextHooks.h"
 
 namespace ui {
 
@@ -85,6 +86,7 @@ struct TextBox::Native : NativeWidget {
     QString stepName = typing();
     bool undoneByWindow = false;
     bool entering = false; ///< while enter() is at work
+    TextHooks* hooks = nullptr;
 
 private:
     static bool isRedo(const QKeyEvent& event);

@@ -94,13 +94,15 @@ TEST_F(frmEditBodyCommands, EmptyBodiesStartFromTheTemplate) {
 TEST_F(frmEditBodyCommands, PicturesAndLinksComeFromTheProjectsFolders) {
     settings->setPath("Open", "File Path", folder.path());
     edit("x");
-    const FileQuestion picture{FileQuestion::Kind::open,
-                               "Select Graphic to Insert",
-                               "All Image Files|*.gif;*.jpg;*.bmp;*.jpeg||All Files (*.*)|*.*",
-                               1,
-                               folder / "images",
-                               "*.*",
-                               ""};
+    const FileQuestion picture{
+        FileQuestion::Kind::open,
+        "Select Graphic to Insert",
+        "All Image Files|*.gif;*.jpg;*.bmp;*.jpeg;*.png;*.svg;*.webp;*.avif;*.apng;*.ico||All "
+        "Files (*.*)|*.*",
+        1,
+        folder / "images",
+        "*.*",
+        ""};
     prompter.expect(picture, folder / "images" / "logo.gif");
     whenModal([](ui::Window& dialog) {
         auto& options = dynamic_cast<editor::dlgGraphicOptions&>(dialog);

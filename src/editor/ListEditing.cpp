@@ -1,0 +1,115 @@
+#include "editor/ListEditing.h"
+
+#include <algorithm>
+
+#include "text/HtmlReader.h"
+
+namespace editor {
+
+using text::lineBreak;
+
+namespace {
+
+/// The name of the tag that begins at a "<", in small letters; with "/" before an end tag's.
+Text tagName(TextView text, std::size_t start) {
+    std::size_t end = start + 1;
+    while (end < text.size()
+           && (std::isalnum(static_cast<unsigned char>(text[end])) != 0
+               || (text[end] == '/' && end == start + 1))) {
+        ++end;
+    }
+    return text::lowerAscii(text.substr(start + 1, end - start - 1));
+}
+
+/// The tag of the item that the caret stands in, without a block between; npos for none.
+std::size_t itemStart(TextView text, std::size_t caret) {
+    for (std::size_t at = caret; at > 0;) {
+        at = text.rfind('<', at - 1);
+        if (at == TextView::npos) {
+            break;
+        }
+        const Text name = tagName(text, at);
+        if (name == "li") {
+            return at;
+        }
+        if (!name.empty() && !text::isInlineTag(name.starts_with('/') ? name.substr(1) : name)
+            && name != "br" && name != "img" && name != "code" && name != "/code" && name != "p"
+            && name != "/p") {
+            break;
+        }
+    }
+    return TextView::npos;
+}
+
+/// Behind the end tag of the list in which the caret stands; npos when there is none.
+std::size_t listEnd(TextView text, std::size_t caret) {
+    int depth = 1;
+    for (std::size_t at = text.find('<', caret); at != TextView::npos;
+         at = text.find('<', at + 1)) {
+        const Text name = tagName(text, at);
+        depth += name == "ul" || name == "ol" ? 1 : 0;
+        depth -= name == "/ul" || name == "/ol" ? 1 : 0;
+        if (depth == 0) {
+            const std::size_t end = text.find('>', at);
+            return end == TextView::npos ? end : end + 1;
+        }
+    }
+    return TextView::npos;
+}
+
+/// Whether an item's end tag comes next, but for tags within its text.
+bool isClosedBehind(TextView text, std::size_t tag) {
+    for (; tag < text.size(); tag = std::min(text.find('<', tag + 1), text.size())) {
+        const Text name = tagName(text, tag);
+        if (!text::isInlineTag(name.starts_with('/') ? name.substr(1) : name)) {
+            return name == "/li";
+        }
+    }
+    return false;
+}
+
+/// The list without an item that has no text; the caret goes behind the list.
+Passage endList(Passage passage, std::size_t start, std::size_t end) {
+    constexpr TextView closing = "</li>";
+    Text& text = passage.text;
+    if (text::startsWithIgnoringCase(TextView(text).substr(end), closing)) {
+        end += closing.size();
+    }
+    const std::size_t before = text.find_last_not_of(" \t\r\n", start - 1);
+    if (start > 0 && before != Text::npos) {
+        start = before + 1;
+    }
+    text.erase(start, end - start);
+    std::size_t caret = listEnd(text, start);
+    caret = caret == Text::npos ? start : caret;
+    text.insert(caret, lineBreak);
+    return {std::move(text), caret + lineBreak.size()};
+}
+
+} // namespace
+
+std::optional<Passage> nextItem(Passage passage) {
+    const TextView text = passage.text;
+    const std::size_t item = passage.length > 0 ? TextView::npos : itemStart(text, passage.start);
+    const std::size_t contents =
+        item == TextView::npos ? item : text.substr(0, passage.start).find('>', item);
+    if (contents == TextView::npos) {
+        return {};
+    }
+    const TextView before = text.substr(contents + 1, passage.start - contents - 1);
+    const std::size_t next = std::min(text.find('<', passage.start), text.size());
+    const TextView behind = text.substr(passage.start, next - passage.start);
+    constexpr TextView blanks = " \t\r\n";
+    if (before.find_first_not_of(blanks) == TextView::npos
+        && behind.find_first_not_of(blanks) == TextView::npos) {
+        const std::size_t end =
+            passage.start + std::min(behind.find_first_of("\r\n"), behind.size());
+        return endList(std::move(passage), item, end);
+    }
+    Text made = isClosedBehind(text, next) ? "</li>" : "";
+    text::append(made, lineBreak, "<li>");
+    passage.text.insert(passage.start, made);
+    return Passage{std::move(passage.text), passage.start + made.size()};
+}
+
+} // namespace editor

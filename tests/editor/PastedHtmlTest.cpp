@@ -1,0 +1,163 @@
+#include "editor/PastedHtml.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+#include "editor/Escapes.h"
+#include "editor/ProjectPictures.h"
+#include "editor/TagStructure.h"
+#include "support/TestFiles.h"
+
+using namespace editor;
+using test::bytesOf;
+
+namespace {
+
+/// A project that has one picture, and every page.
+struct OnePicture : PasteTargets {
+    Text picture(TextView address) override {
+        return address.ends_with("dot.png") ? R"(..\images\dot.png)" : "";
+    }
+    Text page(TextView address) override {
+        return address.starts_with("file:") ? R"(..\html\a.htm)" : "";
+    }
+};
+
+Text pasted(TextView html) {
+    OnePicture targets;
+    return pastedMarkUp(html, targets).value_or("(text)");
+}
+
+std::string sample(const char* name) {
+    return bytesOf(std::filesystem::path(TOPICSMITH_SOURCE_FOLDER) / "tests/data/paste" / name);
+}
+
+} // namespace
+
+TEST(PastedHtml, OfABrowserAndAWordProcessorIsWhatAnAuthorWouldWrite) {
+    const Text table =
+        test::lines({"<table border='1' cellpadding='6'>", "CAPTION<tr>", "<th>Name</th>",
+                     "<th>Size</th>", "</tr>", "<tr>", "<td>A</td>", "<td>1</td>", "</tr>", "<tr>",
+                     "<td colspan='2'>both <code>cells</code></td>", "</tr>", "</table>"});
+    Text expected = test::lines(
+        {"<h1>Caf\u00E9 set-up</h1>",
+         "<p>Choose <b>File</b>, then <i>Open&nbsp;recent</i>, or press <code>Ctrl+O</code>. <b>It "
+         "takes</b> 10&nbsp;s; a &lt; b &amp; c.</p>",
+         "<h2>Steps</h2>", "<ol>",
+         "<li>First <a href='https://example.org/a?x=1&amp;y=2'>page</a></li>", "<li>Second",
+         "<ul>", "<li>inner one</li>", "<li>inner two</li>", "</ul></li>", "</ol>"});
+    expected +=
+        table
+        + "<pre>if (a &lt; b) {\r\n    go();\r\n}</pre>\r\n<blockquote>\r\n"
+          "<p>Quoted trick and <a href='mailto:a@example.org'>mail</a></p>\r\n</blockquote>\r\n"
+          "<p>Picture: <img src='..\\images\\dot.png' width='8' height='8' alt='A red dot'> "
+          "and <a href='https://example.org/far.png'>Far away</a>.</p>";
+    const auto with = [&expected](TextView mark, TextView text) {
+        Text made = expected;
+        return made.replace(made.find(mark), mark.size(), text);
+    };
+    EXPECT_EQ(pasted(sample("browser.html")), with("CAPTION", "<caption>Sizes</caption>\r\n"));
+    // It has no captions, hides nothing, and breaks lines before points.
+    Text other = pasted(sample("word-processor.html"));
+    EXPECT_TRUE(other.starts_with("<p>hidden</p>\r\n<h1>"));
+    EXPECT_TRUE(tagFaults(other).empty());
+    EXPECT_NE(other.find("<p>Sizes</p>\r\n" + Text(table).replace(table.find("CAPTION"), 7, "")),
+              Text::npos);
+    EXPECT_EQ(other.find("style"), Text::npos);
+}
+
+TEST(PastedHtml, SeesFormatsInStylesAndMendsWhatIsDamaged) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"just <span style='color:red'>text</span><div>and a line</div>", "(text)"},
+        {"<b style='font-weight:normal'><p>one</p><p>two &quot;\xC3\xA9&quot;</p></b>",
+         "<p>one</p>\r\n<p>two &quot;\u00E9&quot;</p>"},
+        {"a <span style=\"font-weight:700\">b <i>c</span> d</i>", "a <b>b <i>c</i></b> d"},
+        {"<ul><li>a<ul><li>b</ul><li>c</ul>",
+         "<ul>\r\n<li>a\r\n<ul>\r\n<li>b</li>\r\n</ul></li>\r\n<li>c</li>\r\n</ul>"},
+        {"<li>a</li>text<td>cell",
+         "<ul>\r\n<li>a</li>\r\n</ul>\r\n<p>text</p>\r\n<table border='1' cellpadding='6'>\r\n"
+         "<tr>\r\n<td>cell</td>\r\n</tr>\r\n</table>"},
+        {"<h2><b>Bold</b> <a href='java\nscript:x'>head</a></h2>", "<h2>Bold head</h2>"},
+        {"<a href='file:///p/html/a.htm' title=x>in</a> <a href=\"http://x/'y\">out</a>",
+         "<a href='..\\html\\a.htm'>in</a> <a href='http://x/&#39;y'>out</a>"},
+        {"<img src=x.gif alt='lost &amp; found'><script>bad()</script><svg><p>no</svg>", "(text)"},
+        {"<p>one<br>two<br><br>three<br></p>", "<p>one<br>\r\ntwo</p>\r\n<p>three</p>"},
+    };
+    for (const auto& [html, expected] : rows) {
+        EXPECT_EQ(pasted(html), expected) << html;
+    }
+    EXPECT_EQ(escapedText("\"a\" <b> &amp; \u00E9"), "\"a\" &lt;b&gt; &amp;amp; \u00E9");
+}
+
+TEST(PastedHtml, IsWellFormedWhateverComes) {
+    constexpr TextView parts[] = {"<p>",
+                                  "</p>",
+                                  "<ul>",
+                                  "</ul>",
+                                  "<li>",
+                                  "<td>",
+                                  "</table>",
+                                  "<th>",
+                                  "<b>",
+                                  "</b>",
+                                  "<a href='http://x'>",
+                                  "</a>",
+                                  "<h1>",
+                                  "</h1>",
+                                  "<pre>",
+                                  "</pre>",
+                                  "<tr>",
+                                  "<dt>",
+                                  "<dd>",
+                                  "<blockquote>",
+                                  "<img src=dot.png>",
+                                  "<br>",
+                                  "x \u00E9",
+                                  "<hr>",
+                                  "<div>",
+                                  "</div>"};
+    std::mt19937 random(7); // NOLINT: the same each time
+    for (int round = 0; round < 500; ++round) {
+        Text html;
+        for (int part = 0; part < 14; ++part) {
+            html += parts[random() % std::size(parts)];
+        }
+        const Text made = pasted(html);
+        ASSERT_TRUE(tagFaults(made).empty()) << html << '\n' << made;
+    }
+    Text deep;
+    for (int i = 0; i < 20000; ++i) {
+        deep += "<ul><li><b>";
+    }
+    EXPECT_LT(pasted(deep + "x").size(), 2000U);
+}
+
+TEST(ProjectPictures, TakesPicturesInAndNothingElse) {
+    const test::TemporaryFolder folder;
+    const test::Path project = folder / "project";
+    std::filesystem::create_directories(project / "html");
+    test::writeBytes(project / "html" / "a.htm", "page");
+    test::writeBytes(folder / "Schl\xC3\xBCssel #1.bmp", test::bitmap(4, 3));
+    test::writeBytes(folder / "secret.png", "no picture");
+    ProjectPictures pictures(project, text::CodePage());
+    const auto url = [](const test::Path& path) {
+        Text address = "file://" + Text(path);
+        for (std::size_t at = 0; (at = address.find_first_of(" #", at)) != Text::npos;) {
+            address.replace(at, 1, address[at] == ' ' ? "%20" : "%23");
+        }
+        return address;
+    };
+    const Text taken = pictures.picture(url(folder / "Schl\xC3\xBCssel #1.bmp"));
+    EXPECT_EQ(taken, "..\\images\\Schl\u00FCssel-1.bmp");
+    EXPECT_EQ(bytesOf(project / "images" / "Schl\xC3\xBCssel-1.bmp"), test::bitmap(4, 3));
+    EXPECT_EQ(pictures.picture(url(project / "images" / "Schl\xC3\xBCssel-1.bmp")), taken);
+    EXPECT_EQ(pictures.freeName("Schl\u00FCssel 1", test::bitmap(5, 5)), "Schl\u00FCssel-1-2.bmp");
+    EXPECT_EQ(pictures.picture(url(folder / "secret.png")), "");
+    EXPECT_EQ(pictures.picture("data:image/gif;base64,R0lGODdhAgADAAAAACwAAAAA"),
+              "..\\images\\picture.gif");
+    EXPECT_EQ(pictures.picture("data:image/png;base64,bm8gcGljdHVyZQ=="), "");
+    EXPECT_EQ(pictures.page(url(project / "html" / "a.htm") + "#top"), "..\\html\\a.htm#top");
+    EXPECT_EQ(pictures.page(url(folder / "secret.png")), "");
+    EXPECT_NE(pictures.store("picture.gif", "GIF89a other"), std::error_code());
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(project / "images"), {}), 2);
+}
