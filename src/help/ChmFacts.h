@@ -13,7 +13,7 @@ struct ChmFacts {
     std::string contentsFile;
     std::string indexFile;
     std::string homePage;
-    std::string compiler; ///< by which it was made
+    std::string compiler;  ///< by which it was made
     unsigned language = 0; ///< an LCID; 0 where the help does not say
     unsigned codePage = 1252;
     bool isSearchable = false; ///< says that it has an index for the full text search

@@ -22,16 +22,8 @@ bool isBetweenWords(char before, char behind) {
 
 /// How often a term stands in a text, up to a limit.
 int countOf(const SearchTerm& term, std::string_view text) {
-    const std::string_view word = term.text;
     int count = 0;
-    for (std::size_t at = text.find(word); at != std::string_view::npos && count < enoughPlaces;
-         at = text.find(word, at + word.size())) {
-        const std::size_t end = at + word.size();
-        const bool begins = at == 0 || isBetweenWords(text[at - 1], word.front());
-        const bool ends =
-            !term.isWhole || end == text.size() || isBetweenWords(word.back(), text[end]);
-        count += begins && ends ? 1 : 0;
-    }
+    forEachPlace(term, text, [&count](std::size_t) { return ++count < enoughPlaces; });
     return count;
 }
 
@@ -77,6 +69,21 @@ private:
 };
 
 } // namespace
+
+void forEachPlace(const SearchTerm& term, std::string_view text,
+                  const std::function<bool(std::size_t)>& use) {
+    const std::string_view word = term.text;
+    for (std::size_t at = text.find(word); at != std::string_view::npos;
+         at = text.find(word, at + word.size())) {
+        const std::size_t end = at + word.size();
+        const bool begins = at == 0 || isBetweenWords(text[at - 1], word.front());
+        const bool ends =
+            !term.isWhole || end == text.size() || isBetweenWords(word.back(), text[end]);
+        if (begins && ends && !use(at)) {
+            return;
+        }
+    }
+}
 
 HelpQuestion::HelpQuestion(std::string_view utf8) {
     Terms terms;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "help/HelpPage.h"
 
 namespace help {
@@ -10,6 +12,11 @@ struct SearchTerm {
     bool isWhole = false;    ///< whole words as they stand; otherwise the beginning of one
     bool isExcluded = false; ///< pages with it are no answer
 };
+
+/// Calls `use` with the offset of each place of a term in a searchable text, until it returns
+/// false.
+void forEachPlace(const SearchTerm& term, std::string_view text,
+                  const std::function<bool(std::size_t)>& use);
 
 /// How well pages answer, with or without an index.
 inline constexpr int enoughPlaces = 50; ///< of a term; more make no better page

@@ -1,6 +1,7 @@
 #include "help/HelpSearch.h"
 
 #include "help/HelpCheck.h"
+#include "help/HitMarks.h"
 #include "help/PackedHelp.h"
 
 using namespace help;
@@ -81,6 +82,29 @@ TEST_F(HelpSearch, AnswersTheSameWithAnIndexAndWithout) {
     const HelpQuestion question("nothing OR caf\u00E9");
     EXPECT_EQ(book->wordOn("/a.htm", question), "caf\u00E9");
     EXPECT_EQ(book->wordOn("/d.htm", question), "nothing");
+}
+
+TEST(HitMarks, ColourAllThatWasAskedForAndNothingElse) {
+    const auto marked = [](const char* html, const char* question) {
+        std::string text = withHitsMarked(html, HelpQuestion(question));
+        const auto put = [&text](std::string_view tag, const char* sign) {
+            for (std::size_t at = 0; (at = text.find(tag)) != std::string::npos;) {
+                text.replace(at, tag.size(), sign);
+            }
+        };
+        put(R"(<span style="background-color:#ffe08a;color:#000000">)", "[");
+        put("</span>", "]");
+        return text;
+    };
+    EXPECT_EQ(marked("<p title=set>Set, sets; reset. Caf&eacute;s</p>", "set caf\u00E9"),
+              "<p title=set>[Set], [set]s; reset. [Caf&eacute;]s</p>");
+    EXPECT_EQ(marked("a<b>b</b>c abc, a&shy;bc", "abc"), "[a]<b>[b]</b>[c] [abc], [a&shy;bc]");
+    EXPECT_EQ(marked("<i>new\r\n  text</i><p>new text", "\"new text\""),
+              "<i>[new\r\n  text]</i><p>[new text]");
+    EXPECT_EQ(marked("<title>x</title><textarea>x</textarea><script>x</script><!-- x -->x", "x"),
+              "<title>x</title><textarea>x</textarea><script>x</script><!-- x -->[x]");
+    EXPECT_EQ(marked("yes no", "yes NOT no"), "[yes] no");
+    EXPECT_EQ(marked("\u65E5\u672C\u8A9E", "\u672C"), "\u65E5[\u672C]\u8A9E");
 }
 
 TEST_F(HelpSearch, UsesAnIndexThatHoldsAllPages) {

@@ -1,5 +1,6 @@
 #include "help/forms/frmHelp.h"
 
+#include "help/HitMarks.h"
 #include "platform/Files.h"
 #include "text/Path.h"
 #include "ui/HelpContext.h"
@@ -191,7 +192,8 @@ void frmHelp::fillIndex() {
 }
 
 std::optional<std::string> frmHelp::read(const std::string& path) {
-    return book_ == nullptr ? std::nullopt : book_->read(path);
+    auto bytes = book_ == nullptr ? std::nullopt : book_->read(path);
+    return bytes && path == markedPage_ ? withHitsMarked(*bytes, question_) : bytes;
 }
 
 /// Shows a page of the help, or leads elsewhere.
@@ -203,6 +205,7 @@ void frmHelp::go(const std::string& page, const std::string& marked) {
         brwPage_OutsideClick(page);
         return;
     }
+    markedPage_ = marked.empty() ? std::string() : page.substr(0, page.find('#'));
     brwPage.mark(marked);
     brwPage.show(page);
 }
@@ -312,6 +315,7 @@ void frmHelp::cmdSearch_Click() {
     }
     tvFound.setItems(items);
     tvFound.select(items.empty() ? 0 : 1);
+    markedPage_.clear();
     brwPage.mark("");
     lblFound.setCaption(question_.words().empty() ? ""
                         : items.size() == 1       ? "1 topic found"

@@ -106,6 +106,7 @@ private:
     std::vector<int> indexRows_;           ///< the row of each entry
     std::vector<HelpTarget> found_;
     HelpQuestion question_{""}; ///< the last one
+    std::string markedPage_;    ///< on which the hits of the question are coloured; empty for none
     bool indexFilled_ = false;
 };
 
