@@ -9,8 +9,9 @@ namespace app {
 
 using ui::Prompter;
 
-ProgramHelp::ProgramHelp(ui::Window& window, ui::Settings& settings, std::filesystem::path helpFile)
-    : window_(window), settings_(settings), helpFile_(std::move(helpFile)) {
+ProgramHelp::ProgramHelp(ui::Window& window, ui::Settings& settings,
+                         const std::filesystem::path& programFolder)
+    : window_(window), settings_(settings), helpFile_(programFolder / "HTML Topicsmith.chm") {
     ui::takeOverHelp([this](int context) { showPage(context); });
 }
 

@@ -11,8 +11,9 @@ namespace app {
 /// and the Help buttons of all windows end here as long as this lives.
 class ProgramHelp {
 public:
-    /// Window and settings are not owned.
-    ProgramHelp(ui::Window& window, ui::Settings& settings, std::filesystem::path helpFile);
+    /// The help lies in the program's folder. Window and settings are not owned.
+    ProgramHelp(ui::Window& window, ui::Settings& settings,
+                const std::filesystem::path& programFolder);
     ~ProgramHelp();
     ProgramHelp(const ProgramHelp&) = delete;
     ProgramHelp& operator=(const ProgramHelp&) = delete;

@@ -20,7 +20,7 @@ frmMain::frmMain(ui::Settings& settings, const fs::path& programFolder)
       editor_(*this, project_, settings, programFolder),
       pane_(splParts, project_, editor_, settings),
       work_(*this, project_, session_, editor_, settings.folder()),
-      help_(*this, settings, programFolder / "HTML Topicsmith.chm"),
+      help_(*this, settings, programFolder),
       generation_(*this, project_, session_, lastReport_, programFolder),
       compilation_(*this, project_, session_, settings, generation_, lastReport_),
       imports_(*this, project_, session_, settings, lastReport_),

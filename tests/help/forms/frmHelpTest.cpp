@@ -1,5 +1,8 @@
 #include "help/forms/frmHelp.h"
 
+#include <set>
+
+#include "app/HelpReader.h"
 #include "app/MainWindowFixture.h"
 #include "compile/Compiler.h"
 #include "platform/Files.h"
@@ -245,4 +248,35 @@ TEST_F(frmHelp, WhatCannotBeReadIsSaid) {
     press("Ctrl+O");
     EXPECT_TRUE(shows("The window shows one project."));
     EXPECT_EQ(shown().book()->path(), helpFile);
+}
+
+TEST_F(frmHelp, IsAllThatAReaderOpens) {
+    window.reset();
+    const std::filesystem::path file = folder
+                                       / "B\xC3\xBC"
+                                         "cher.CHM";
+    test::writeBytes(file, test::bytesOf(helpFile));
+    EXPECT_TRUE(app::HelpReader::takes(file));
+    EXPECT_FALSE(app::HelpReader::takes(folder / "chm.tsp"));
+
+    app::HelpReader reader(*settings, folder / "program");
+    expectUnreadable(folder / "gone.chm", "The help file is missing:\n");
+    EXPECT_FALSE(reader.open(folder / "gone.chm"));
+    EXPECT_EQ(openWindow<help::frmHelp>(), nullptr);
+    ASSERT_TRUE(reader.open(file));
+    EXPECT_TRUE(shows("Welcome to HTML Topicsmith"));
+
+    // What the window itself can do is told in another.
+    show(shown());
+    press("F1");
+    std::set<std::filesystem::path> books;
+    for (ui::Window* each : openWindows()) {
+        const auto& helpWindow = dynamic_cast<const help::frmHelp&>(*each);
+        const auto path = helpWindow.book()->path();
+        const std::string wanted = path == file ? "*Welcome" : "*The help window\n";
+        EXPECT_TRUE(ui::testing::waitFor(
+            [&] { return treeText(helpWindow.tvContents).find(wanted) != std::string::npos; }));
+        books.insert(path);
+    }
+    EXPECT_EQ(books, (std::set<std::filesystem::path>{file, helpFile}));
 }
