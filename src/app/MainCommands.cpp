@@ -79,6 +79,8 @@ constexpr MainCommand commands[] = {
      run<&frmMain::mnuEditPaste_Click>, when<&frmMain::canPaste>},
     {command, "mnuEditFind", "Find...", "Search", "Search All", "Search", "Ctrl+F",
      run<&frmMain::mnuEditFind_Click>},
+    {command, "mnuEditReplace", "Find and Replace...", nullptr, nullptr, nullptr, "Ctrl+H",
+     run<&frmMain::mnuEditReplace_Click>},
     {separator, "mnuEditBar0"},
     {listCommand, "mnuEditAdd", "&Add New Topic", "Insert", "Insert New Topic", "Insert", "Ins",
      run<&frmMain::mnuEditAdd_Click>},

@@ -264,6 +264,8 @@ void frmMain::rowsChanged() {
 void frmMain::projectReplaced() {
     lvLevels.rowsReplaced();
     find_.restart();
+    links_.forget();
+    replace_.restart();
     showCurrent();
 }
 

@@ -4,9 +4,11 @@
 #include "app/FindCommand.h"
 #include "app/GenerateCommands.h"
 #include "app/ImportCommands.h"
+#include "app/LinkFollower.h"
 #include "app/MainCommands.h"
 #include "app/OutlineRows.h"
 #include "app/ProgramHelp.h"
+#include "app/ReplaceCommand.h"
 #include "app/SpellCommand.h"
 #include "app/StatusLine.h"
 #include "app/SynchroniseCommand.h"
@@ -111,6 +113,7 @@ public:
     void mnuEditPaste_Click() { focusedTextBox()->paste(); }
     void mnuEditFind_Click() { find_.find(); }
     void mnuEditFindNext_Click() { find_.findNext(); }
+    void mnuEditReplace_Click() { replace_.replace(); }
     void mnuEditAdd_Click();
     void mnuEditDelete_Click();
     void mnuEditPromote_Click() { model::promoteTopic(project_); }
@@ -211,6 +214,8 @@ private:
     ImportCommands imports_;
     SynchroniseCommand synchronisation_{*this, project_, session_, lastReport_};
     FindCommand find_{*this, project_, editor_, lvLevels, txtTitle};
+    LinkFollower links_{*this, project_};
+    ReplaceCommand replace_{*this, project_, editor_, txtTitle};
     SpellCommand spelling_;
 };
 

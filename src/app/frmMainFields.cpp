@@ -48,6 +48,7 @@ void frmMain::txtTitle_Change() {
 }
 
 void frmMain::txtFilename_Change() {
+    links_.beforeTyping();
     editField("Edit Topic Filename", txtFilename, &Topic::fileName);
 }
 
@@ -70,6 +71,7 @@ void frmMain::leaveField() {
 
 void frmMain::finishField() {
     model::completeFileName(project_);
+    links_.finishTyping();
     project_.endTyping();
     updateCommands();
 }

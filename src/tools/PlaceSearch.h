@@ -57,6 +57,11 @@ public:
     Outcome search(const model::TopicOutline& outline, int position, std::vector<Place>& places,
                    std::size_t most);
 
+    /// See Replacement::forExpression().
+    std::optional<Replacement> replacementFor(TextView text, Text& problem) const {
+        return Replacement::forExpression(text, pattern_, problem);
+    }
+
     struct Replaced {
         std::size_t places = 0;
         std::size_t topics = 0;

@@ -15,6 +15,20 @@ struct Nothing : tools::FindHost {
     model::TopicOutline topics;
 };
 
+class NothingToReplace : public tools::ReplaceHost {
+public:
+    const model::TopicOutline& outline() const override { return topics; }
+    bool storeEdits() override { return false; }
+    void showPlace(const tools::Place&) override {}
+    std::optional<tools::PlaceSearch::Replaced> replace(tools::PlaceSearch&,
+                                                        std::span<const tools::Place>,
+                                                        const tools::Replacement&) override {
+        return {};
+    }
+
+    model::TopicOutline topics;
+};
+
 /// Windows that Escape closes, by themselves.
 class AllWindows : public test::MainWindow {
 protected:
@@ -31,12 +45,15 @@ protected:
         all.push_back(std::make_unique<help::frmHelp>(*settings));
         all.push_back(std::make_unique<importer::frmImport>(*window, project(), folder / "none"));
         all.push_back(std::make_unique<tools::frmFind>(*window, host, text));
+        all.push_back(std::make_unique<tools::frmReplace>(*window, replaceHost, replaceMemory));
         all.push_back(tools::dlgSpelling::create(
             *window, *settings, {TOPICSMITH_SOURCE_FOLDER "/tests/data/spelling"}));
         return all;
     }
 
     Nothing host;
+    NothingToReplace replaceHost;
+    tools::ReplaceMemory replaceMemory;
     text::Text text;
 };
 

@@ -28,7 +28,7 @@ TEST_F(frmMain, StartsEmptyWithTheDescribedMenus) {
               "Compile &To...\tShift+F9");
     EXPECT_EQ(menuText(*window, {"Edit"}),
               "(U&ndo\tCtrl+Z)\n(&Redo\tCtrl+Y)\n-\n(C&ut\tCtrl+X)\n(&Copy\tCtrl+C)\n(&Paste\tCtrl+"
-              "V)\nFind...\tCtrl+F\n-\n"
+              "V)\nFind...\tCtrl+F\nFind and Replace...\tCtrl+H\n-\n"
               "&Add New Topic\tIns\n(&Delete Topic\tDel)\n-\n(Promote Topic\tAlt+Right)\n"
               "(Demote Topic\tAlt+Left)\n(Move Topic Up\tAlt+Up)\n(Move Topic Down\tAlt+Down)");
     EXPECT_EQ(menuText(*window, {"Help"}), "&Contents...\tF1\nHelp &Index...\n-\n&About...");
