@@ -17,33 +17,13 @@ _topicsmith_word() {
     done
 }
 
-_topicsmith() {
-    local cur prev words cword split
-    _init_completion -s || return
-    case ${1##*/} in
-        topicsmith)
-            [[ $cur != -* ]] || mapfile -t COMPREPLY < <(compgen -W "--help --version" -- "$cur")
-            [[ $cur == -* ]] || _filedir '@(tsp|chm)'
-            ;;
-        topicsmith-hhc) _filedir hhp ;;
-    esac
-}
-
-_topicsmith_batch() {
-    local cur prev words cword split usage line
-    _init_completion -s || return
-    usage=$("$1" --help 2>/dev/null | sed -n 's/^  topicsmith-batch //p')
-    if [ "$cword" -eq 1 ]; then
-        mapfile -t COMPREPLY < <(compgen -W "$(sed '/^--/s/ | / /; /^[^-]/s/ .*//' <<<"$usage")" -- "$cur")
-        return
-    fi
-    line=$(sed -n "s/^${words[1]//[^a-z-]/} //p" <<<"$usage")
-
-    # The options, each with the word for its value behind "=", and the files in their places.
-    local part parts options=() places=() place=0 pending=
-    read -ra parts <<<"$line"
+# Completes what follows words[1] from its line of the usage: words in their places, and options with
+# the word for their value behind "=".
+_topicsmith_arguments() {
+    local part parts name options=() places=() place=0 pending=
+    read -ra parts <<<"$1"
     for part in "${parts[@]}"; do
-        local name=${part//[\[\]]/}
+        name=${part//[\[\]]/}
         name=${name%...}
         if [[ -n $pending ]]; then
             options+=("$pending=$name")
@@ -82,5 +62,42 @@ _topicsmith_batch() {
     _topicsmith_word "${places[place]}"
 }
 
-complete -F _topicsmith topicsmith topicsmith-hhc
+# The lines of the help of program $1 that begin with $2 and its name, without both; what is told about
+# them stands behind three blanks.
+_topicsmith_usage() {
+    "$1" --help 2>/dev/null | sed -n "s/^$2${1##*/} //p" | sed 's/   .*//'
+}
+
+_topicsmith() {
+    local cur prev words cword split usage
+    _init_completion -s || return
+    usage=$(_topicsmith_usage "$1" "" | grep '^--')
+    if [[ $cword -gt 1 && ${words[1]} == -* ]]; then
+        _topicsmith_arguments "$(sed -n "s/^${words[1]//[^a-z-]/} //p" <<<"$usage")"
+    elif [[ $cur == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "--help --version $(sed 's/ .*//' <<<"$usage")" -- "$cur")
+    else
+        _filedir '@(tsp|chm)'
+    fi
+}
+
+_topicsmith_batch() {
+    local cur prev words cword split usage
+    _init_completion -s || return
+    usage=$(_topicsmith_usage "$1" "  ")
+    if [ "$cword" -eq 1 ]; then
+        mapfile -t COMPREPLY < <(compgen -W "$(sed '/^--/s/ | / /; /^[^-]/s/ .*//' <<<"$usage")" -- "$cur")
+    else
+        _topicsmith_arguments "$(sed -n "s/^${words[1]//[^a-z-]/} //p" <<<"$usage")"
+    fi
+}
+
+_topicsmith_hhc() {
+    local cur prev words cword
+    _init_completion || return
+    _filedir hhp
+}
+
+complete -F _topicsmith topicsmith
 complete -F _topicsmith_batch topicsmith-batch
+complete -F _topicsmith_hhc topicsmith-hhc

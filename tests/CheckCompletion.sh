@@ -14,27 +14,27 @@ offered() {
     COMP_WORDS=("$@") COMP_CWORD=$(($# - 1)) COMP_LINE="$*" COMPREPLY=()
     COMP_LINE=${COMP_LINE// = /=}
     COMP_POINT=${#COMP_LINE}
-    local function=_topicsmith
-    [ "$1" != topicsmith-batch ] || function=_topicsmith_batch
-    $function "$1" "${@: -1}" "${*: -2:1}" 2>/dev/null
+    "_${1//-/_}" "$1" "${@: -1}" "${*: -2:1}" 2>/dev/null
     printf '%s\n' "${COMPREPLY[@]}" | sort -u | paste -sd '|'
 }
 
 failures=0
+fail() {
+    echo "$*"
+    failures=$((failures + 1))
+}
 expect() { # EXPECTED WORD... CURRENT
     local expected=$1 found
     shift
     found=$(offered "$@")
-    [ "$found" = "$expected" ] && return
-    echo "$*: '$found' instead of '$expected'"
-    failures=$((failures + 1))
+    [ "$found" = "$expected" ] || fail "$*: '$found' instead of '$expected'"
 }
 
-manual=$(sed 's/\\fR\|\\fP//g; s/\\-/-/g' "$packaging/topicsmith-batch.1")
+manual_of() { sed 's/\\fR\|\\fP//g; s/\\-/-/g' "$packaging/$1.1"; }
+manual=$(manual_of topicsmith-batch)
 named() { # what the manual page has to name, and whose entry begins with $1
-    sed -n "/^\.B[IR]* \"\?$1[ \"]/,/^\.TP/p" <<<"$manual" | grep -q -e "$2" && return
-    echo "$1: the manual page does not name $2"
-    failures=$((failures + 1))
+    sed -n "/^\.B[IR]* \"\?$1[ \"]/,/^\.TP/p" <<<"$manual" | grep -q -e "$2" ||
+        fail "$1: the manual page does not name $2"
 }
 
 commands=0
@@ -51,8 +51,13 @@ while read -r command usage; do
 done < <(topicsmith-batch --help | sed -n 's/^  topicsmith-batch //p')
 [ $commands -gt 0 ] || exit 1
 
+for option in --help --version $(topicsmith --help | sed -n 's/^topicsmith \(--[a-z-]*\).*/\1/p'); do
+    expect "$option" topicsmith "$option"
+    manual_of topicsmith | grep -q -e "$option" || fail "the manual page does not name $option"
+done
+
 expect "--help|--version" topicsmith-batch --
-expect "find" topicsmith-batch fi
+expect "find" topicsmith-batch "fi"
 expect "B.TSP|a.tsp|folder|ä ö.tsp" topicsmith-batch check ""
 expect "folder" topicsmith-batch check a.tsp --output ""
 expect "B.TSP|a.hhp|a.tsp|folder|ä ö.tsp" topicsmith-batch compile ""
