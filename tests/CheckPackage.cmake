@@ -25,7 +25,8 @@ foreach(file ${usr}/bin/topicsmith ${usr}/bin/topicsmith-batch ${usr}/bin/topics
              "${program_folder}/Home Button.jpg" ${usr}/share/applications/topicsmith.desktop
              ${usr}/share/mime/packages/topicsmith.xml ${usr}/share/man/man1/topicsmith-batch.1.gz
              ${usr}/share/bash-completion/completions/topicsmith-batch
-             ${usr}/share/doc/topicsmith/html/index.html ${usr}/share/icons/hicolor/scalable/apps/topicsmith.svg
+             ${usr}/share/doc/topicsmith/html/index.html
+             ${usr}/share/icons/hicolor/scalable/apps/topicsmith.svg
              ${usr}/share/doc/topicsmith/copyright)
   if(NOT EXISTS "${file}")
     message(FATAL_ERROR "not in the package: ${file}")
