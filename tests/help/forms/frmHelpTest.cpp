@@ -252,9 +252,7 @@ TEST_F(frmHelp, WhatCannotBeReadIsSaid) {
 
 TEST_F(frmHelp, IsAllThatAReaderOpens) {
     window.reset();
-    const std::filesystem::path file = folder
-                                       / "B\xC3\xBC"
-                                         "cher.CHM";
+    const std::filesystem::path file = folder / platform::pathFromUtf8("Bücher.CHM");
     test::writeBytes(file, test::bytesOf(helpFile));
     EXPECT_TRUE(app::HelpReader::takes(file));
     EXPECT_FALSE(app::HelpReader::takes(folder / "chm.tsp"));
