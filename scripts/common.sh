@@ -26,13 +26,14 @@ need() {
 
 # The fonts are for machines without a desktop.
 BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev qt6-webengine-dev
-                libhunspell-dev hunspell-en-us libchm-dev libutf8proc-dev libpcre2-dev fonts-dejavu-core)
+                libhunspell-dev hunspell-en-us libchm-dev libutf8proc-dev libpcre2-dev zlib1g-dev fonts-dejavu-core)
 
 # The embedded browser does not start for root otherwise.
 [ "$(id -u)" -ne 0 ] || export QTWEBENGINE_DISABLE_SANDBOX=1
 # clang and its run-time library for the fuzz targets, other readers of compiled help and another
-# compiler of it (fp-utils); the last line for the Debian package.
+# compiler of it (fp-utils), a judge of electronic books; the last line for the Debian package.
 TEST_PACKAGES=(libgtest-dev clang libclang-rt-14-dev libmspack-dev p7zip-full python3-chm fp-utils
+               epubcheck unzip
                dpkg-dev file desktop-file-utils lintian appstream bash-completion)
 
 # What cross-builds for Windows; see scripts/build-windows.

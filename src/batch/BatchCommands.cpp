@@ -2,6 +2,7 @@
 #include <limits>
 #include <string>
 
+#include "batch/BatchBook.h"
 #include "batch/BatchCompile.h"
 #include "batch/BatchConvert.h"
 #include "batch/BatchGenerate.h"
@@ -87,6 +88,8 @@ constexpr BatchCommand commands[] = {
      "Makes a web site: pages, contents, index and search. Files of the site that are no longer "
      "wanted are removed, with --clean all that are there; files of others stay.",
      2, 2, makeWebSite, "--clean"},
+    {"epub", "PROJECT.tsp OUT.epub", "Writes the project as an electronic book (EPUB 3).", 2, 2,
+     makeEpub},
     {"import-vb", "PROJECT.tsp APP.vbp [--strict]",
      "Appends topics for the forms of a Visual Basic 6 project.", 2, 2, importVb, "--strict"},
     {"import-text", "PROJECT.tsp OUTLINE.txt [--strict]",

@@ -1,0 +1,186 @@
+#include "book/Epub.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+
+#include "model/ProjectFile.h"
+#include "platform/Files.h"
+#include "support/TestFiles.h"
+
+using namespace model;
+using test::topic;
+using text::Text;
+namespace fs = std::filesystem;
+
+namespace {
+
+class EpubTest : public testing::Test {
+protected:
+    book::EpubOutcome write(const fs::path& name) {
+        return book::writeEpub(project, folder / name, TOPICSMITH_PROGRAM_FOLDER);
+    }
+
+    /// What the judge has to say; empty when nothing is wrong.
+    std::string complaints(const fs::path& name) const {
+        const std::string command =
+            "java -Xshare:auto -XX:TieredStopAtLevel=1 -jar '" EPUBCHECK "' -q '"
+            + std::string(folder / name) + "' >'" + std::string(folder / "said") + "' 2>&1";
+        const int code = std::system(command.c_str());
+        return code == 0 ? std::string() : test::bytesOf(folder / "said");
+    }
+
+    std::string unpacked(const fs::path& book, const std::string& name) const {
+        const std::string command = "unzip -p '" + std::string(folder / book) + "' '" + name
+                                    + "' >'" + std::string(folder / "part") + "'";
+        EXPECT_EQ(std::system(command.c_str()), 0) << name;
+        return test::bytesOf(folder / "part");
+    }
+
+    test::TemporaryFolder folder;
+    Project project;
+};
+
+/// The same mark-up without order each time.
+Text soup(unsigned seed) {
+    constexpr const char* pieces[] = {
+        "<p>",
+        "</p>",
+        "<p align=center>",
+        "<div>",
+        "</div>",
+        "<b>",
+        "</b>",
+        "<i title='\"&<'>",
+        "</i>",
+        "<font color=red size=+2 face=\"Arial, x\">",
+        "</font>",
+        "<a href=t2.htm#x>",
+        "<a name=\"x\">",
+        "<a id=\"\xC3\xA4 b\">",
+        "</a>",
+        "<ul>",
+        "</ul>",
+        "<li>",
+        "</li>",
+        "<ol type=a start=3>",
+        "</ol>",
+        "<dl>",
+        "<dt>",
+        "<dd>",
+        "</dl>",
+        "<table border=1 width=50%>",
+        "</table>",
+        "<tr>",
+        "</tr>",
+        "<td colspan=2 nowrap>",
+        "<th>",
+        "</td>",
+        "<caption>",
+        "</caption>",
+        "<thead>",
+        "<tbody>",
+        "<tfoot>",
+        "</tbody>",
+        "<h1>",
+        "</h1>",
+        "<h2 id=x>",
+        "</h3>",
+        "<pre>",
+        "</pre>",
+        "<center>",
+        "</center>",
+        "<blockquote>",
+        "</blockquote>",
+        "<br clear=all>",
+        "<hr width=50%>",
+        "<img src='..\\images\\Image.jpg' align=left alt=\"a>b\">",
+        "<img src=gone.gif alt=gone>",
+        "<script>if (a < b) document.write('<p>')</script>",
+        "<style>p {color:red}</style>",
+        "<form><input type=text value=x><select><option>o</select></form>",
+        "<object><param name=x></object>",
+        "<!-- - - -->",
+        "<!-- <b> -->",
+        "text",
+        " ",
+        "&eacute;&nbsp;&rarr;&unknown;&#1;&#x1F600;",
+        "a < b & c > d",
+        "\x01\xFF",
+        "<span style=\"color:red;position:fixed;x:{}}\">",
+        "</span>",
+        "<p style='margin:0;;:;color:'>",
+        "<frameset>",
+        "<b",
+        "]]>",
+        "<u><s><tt><big>",
+        "<address>",
+        "<fieldset><legend>",
+        "<map name=m><area href=x>"};
+    Text body;
+    for (int i = 0; i < 250; ++i) {
+        seed = seed * 1664525 + 1013904223;
+        body += pieces[(seed >> 8U) % std::size(pieces)];
+        body += (seed & 0x100000U) != 0 ? "word" : "";
+    }
+    return body;
+}
+
+} // namespace
+
+/// Every fault that this judge knows would be a reader's that refuses the book.
+TEST_F(EpubTest, HoldsBeforeAnotherProgramsEyes) {
+    TopicOutline outline;
+    const auto add = [&outline](Topic topic) { outline.append(std::move(topic)); };
+    for (const char* name : {"buttons", "one-topic", "parents", "text-links"}) {
+        Project other;
+        const fs::path file =
+            fs::path(TOPICSMITH_SOURCE_FOLDER "/tests/data/generated") / name / "project.tsp";
+        ASSERT_FALSE(loadProject(other, file).readError) << file;
+        for (const Topic& topic : other.outline()) {
+            add(topic);
+        }
+    }
+    for (unsigned seed = 0; seed < 60; ++seed) {
+        add(topic(static_cast<int>(seed * 7 % 9) + 1, "Soup <b>" + std::to_string(seed) + " & more",
+                  "t" + std::to_string(seed) + ".htm", soup(seed)));
+    }
+    add(topic(
+        1, "", "\u00C4\u65E5 x.htm",
+        "<a href='http://x.example/a b?c=d&e=\u00E9#f#g[]{}|\\^`'>w</a> <a href=\"http://\">w</a>"
+        "<a href='http://m\u00FCller.example/'>w</a><a href='mailto:a b@c'>m</a>"
+        "<a href='javascript:alert(1)'>j</a><a href='file:///etc/passwd'>f</a>"
+        "<a href='../../etc/passwd'>f</a><a href='http://a b/'>w</a><a "
+        "href='http://x:9/%zz%41'>w</a>"
+        "<img src='http://x.example/p.png' alt=p><img src='..\\images\\fake.png' alt='fake'>"));
+    ProjectOptions options;
+    options.projectName = "B\u00FCcher & <i>mehr</i>";
+    options.languageTag = "de-DE";
+    options.cssFile = "..\\odd.css";
+    options.showCopyright = true;
+    options.copyrightText = "<a name=c>\u00A9 </b>";
+    options.additionalText = "</div><p>more";
+    fs::create_directory(folder / "images");
+    test::writeBytes(folder / "images/fake.png", "no picture");
+    test::writeBytes(folder / "odd.css",
+                     "@import 'x.css';@charset \"x\";<!-- p {color:red;direction:rtl;x} -->"
+                     "h1, h2 {background:url(images/Image.jpg) url('gone.png')}"
+                     "h1 {background:URL( 'images/Image.jpg' );margin:1px 2px}"
+                     "@media print {p {color:#123} q} @page {size:a4} .a..b {x:y} {a:b} "
+                     "p:hover{content:\"x\"} /* } */ .\u00E9 {color:blue} p > {b:c} "
+                     "a[href=x {b:c} i {color:red");
+    project.replace(outline, options, folder / "p.tsp");
+    const book::EpubOutcome outcome = write("hostile.epub");
+    EXPECT_TRUE(outcome.failures.empty());
+    EXPECT_EQ(complaints("hostile.epub"), "");
+    EXPECT_EQ(unpacked("hostile.epub", "book/author.css"),
+              "p {color:red}\nh1 {background:url(\"images/p1.jpg\");margin:1px 2px}\n"
+              "@media print {\np {color:#123}\n}\np:hover {content:\"x\"}\n.\u00E9 {color:blue}\n");
+}
+
+TEST_F(EpubTest, TheManualIsABook) {
+    ASSERT_FALSE(loadProject(project, TOPICSMITH_SOURCE_FOLDER "/help/topicsmith.tsp").readError);
+    const book::EpubOutcome outcome = write("manual.epub");
+    EXPECT_TRUE(outcome.failures.empty());
+    EXPECT_TRUE(outcome.notes.empty()) << outcome.notes.front().what;
+    EXPECT_EQ(complaints("manual.epub"), "");
+}
