@@ -2,6 +2,7 @@
 #include <string_view>
 
 #include "app/HelpReader.h"
+#include "app/PdfProgram.h"
 #include "app/frmMain.h"
 #include "app/frmSplash.h"
 #include "platform/Files.h"
@@ -50,9 +51,13 @@ int main(int argc, char* argv[]) {
             std::cout
                 << "\ntopicsmith [PROJECT.tsp]   opens the window, on a project if one is named\n"
                    "topicsmith HELP.chm        shows a compiled help, as its readers see it\n"
+                   "topicsmith --pdf PROJECT.tsp OUT.pdf   prints a project into a PDF file\n"
                    "See topicsmith-batch --help for work without a window.\n";
         }
         return 0;
+    }
+    if (first == "--pdf") {
+        return app::runPdfProgram(argc, argv);
     }
     platform::turnSizeLimitIntoError();
     ui::Application application(argc, argv, "HTML Topicsmith", platform::version);

@@ -22,6 +22,7 @@ frmMain::frmMain(ui::Settings& settings, const fs::path& programFolder)
       work_(*this, project_, session_, editor_, settings.folder()),
       help_(*this, settings, programFolder),
       generation_(*this, project_, session_, lastReport_, programFolder),
+      books_(*this, project_, session_, lastReport_, programFolder),
       compilation_(*this, project_, session_, settings, generation_, lastReport_),
       imports_(*this, project_, session_, settings, lastReport_),
       spelling_(*this, project_, settings, programFolder) {

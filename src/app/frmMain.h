@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/BookCommands.h"
 #include "app/CompileCommand.h"
 #include "app/FindCommand.h"
 #include "app/GenerateCommands.h"
@@ -99,6 +100,8 @@ public:
     void mnuFileImportProject_Click() { imports_.importVbProject(); }
     void mnuFileGenerateHelp_Click() { generation_.generateHelp(); }
     void mnuFileGenerateDoc_Click() { generation_.generateDocumentation(); }
+    void mnuFileGenerateEpub_Click() { books_.generateEpub(); }
+    void mnuFileGeneratePdf_Click() { books_.generatePdf(); }
     void mnuFileCompileHelp_Click() { compilation_.compile(false); }
     void mnuFileCompileTo_Click() { compilation_.compile(true); }
     void mnuFileSynch_Click() { synchronisation_.synchronise(); }
@@ -210,6 +213,7 @@ private:
     WorkKeeper work_;
     ProgramHelp help_;
     GenerateCommands generation_;
+    BookCommands books_;
     CompileCommand compilation_;
     ImportCommands imports_;
     SynchroniseCommand synchronisation_{*this, project_, session_, lastReport_};

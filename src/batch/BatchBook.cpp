@@ -14,7 +14,7 @@ ExitCode makeEpub(BatchSession& session, const CommandLine& arguments) {
         || !prepareOutput(session, title, "epub", project.projectPath(), output)) {
         return exitFailed;
     }
-    const book::EpubOutcome outcome =
+    const book::BookOutcome outcome =
         book::writeEpub(project, output, session.programFolder, session.sourceTime);
     for (const text::Text& line : book::noteLines(outcome.notes, project)) {
         session.console.message({line, title});

@@ -1,5 +1,8 @@
 #include "book/BookTexts.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "book/StrictStyle.h"
 #include "book/WebAddress.h"
 #include "generate/PageAddress.h"
@@ -14,6 +17,7 @@ namespace book {
 
 namespace fs = std::filesystem;
 using generate::AddressTarget;
+using model::Project;
 using model::Topic;
 using text::Text;
 using text::TextView;
@@ -28,6 +32,23 @@ Text lowerName(TextView name) {
 }
 
 } // namespace
+
+bool isRightToLeft(const text::Language& language) {
+    constexpr TextView tags[] = {"ar", "fa", "he", "ur"};
+    return std::find(std::begin(tags), std::end(tags), TextView(language.tag).substr(0, 2))
+           != std::end(tags);
+}
+
+std::vector<Text> noteLines(const Notes& notes, const Project& project) {
+    std::vector<Text> lines;
+    for (const Note& note : notes) {
+        const Text title = note.position > 0
+                               ? BookTexts::plainTitle(project.outline().at(note.position)) + ": "
+                               : Text();
+        lines.push_back(title + note.what);
+    }
+    return lines;
+}
 
 BookTexts::BookTexts(const model::Project& project, BookPictures& pictures, BookShape shape,
                      Notes& notes)

@@ -7,6 +7,7 @@
 #include "book/BookPictures.h"
 #include "book/StrictMarkup.h"
 #include "generate/PageTargets.h"
+#include "model/FileFailure.h"
 #include "model/Project.h"
 
 namespace book {
@@ -18,11 +19,23 @@ struct Note {
 };
 using Notes = std::vector<Note>;
 
+/// What came of a book that was to be written.
+struct BookOutcome {
+    Notes notes;
+    model::FileFailures failures; ///< empty when it was written
+};
+
+/// The notes as the author reads them, a line each.
+std::vector<text::Text> noteLines(const Notes& notes, const model::Project& project);
+
 /// How a book is made up.
 enum class BookShape {
     pages,  ///< each topic is a page of its own
     onePage ///< all stand on one, below each other
 };
+
+/// Whether its letters run from right to left.
+bool isRightToLeft(const text::Language& language);
 
 /// The texts of a project's topics as strict mark-up, with addresses as they are in the book.
 class BookTexts : public MarkupPlaces {

@@ -100,7 +100,7 @@ public:
         return zip_.take();
     }
 
-    EpubOutcome outcome_;
+    BookOutcome outcome_;
 
 private:
     static Text container() {
@@ -120,19 +120,14 @@ private:
         }
     }
 
-    bool isRightToLeft() const {
-        const Text tag = language_.tag;
-        return tag.starts_with("ar") || tag.starts_with("he") || tag.starts_with("fa")
-               || tag.starts_with("ur");
-    }
-
     Text pageHead(TextView title) const {
         Text page(xmlHead);
         append(page,
                "<!DOCTYPE html>\n<html xmlns=\"http://www.w3.org/1999/xhtml\" "
                "xmlns:epub=\"http://www.idpf.org/2007/ops\" lang=\"",
                language_.tag, "\" xml:lang=\"", language_.tag, "\"",
-               isRightToLeft() ? " dir=\"rtl\"" : "", ">\n<head>\n<title>", escapedText(title),
+               isRightToLeft(language_) ? " dir=\"rtl\"" : "", ">\n<head>\n<title>",
+               escapedText(title),
                "</title>\n<link rel=\"stylesheet\" type=\"text/css\" href=\"style.css\"/>\n");
         if (hasStyleSheet_) {
             page += "<link rel=\"stylesheet\" type=\"text/css\" href=\"author.css\"/>\n";
@@ -205,7 +200,7 @@ private:
                escapedText(title_), "</dc:title>\n<dc:language>", language_.tag,
                "</dc:language>\n<meta property=\"dcterms:modified\">", writtenTime(time_),
                "</meta>\n</metadata>\n<manifest>\n", manifest_, "</manifest>\n<spine",
-               isRightToLeft() ? " page-progression-direction=\"rtl\"" : "", ">\n", spine_,
+               isRightToLeft(language_) ? " page-progression-direction=\"rtl\"" : "", ">\n", spine_,
                "</spine>\n</package>\n");
         return page;
     }
@@ -224,12 +219,12 @@ private:
 
 } // namespace
 
-EpubOutcome writeEpub(const Project& project, const fs::path& file, const fs::path& programFolder,
+BookOutcome writeEpub(const Project& project, const fs::path& file, const fs::path& programFolder,
                       std::optional<std::int64_t> time) {
     constexpr std::int64_t anyTime = 946'684'800; // 2000: a clock would make each book another one
     Epub epub(project, programFolder, time.value_or(anyTime));
     const std::string bytes = epub.make();
-    EpubOutcome& outcome = epub.outcome_;
+    BookOutcome& outcome = epub.outcome_;
     if (auto fault = generate::outputFault(file, project.projectPath())) {
         outcome.failures.push_back(std::move(*fault));
     } else if (bytes.empty()) {
@@ -239,17 +234,6 @@ EpubOutcome writeEpub(const Project& project, const fs::path& file, const fs::pa
         generate::noteFailure(outcome.failures, file, platform::replaceFile(file, bytes));
     }
     return std::move(outcome);
-}
-
-std::vector<Text> noteLines(const Notes& notes, const Project& project) {
-    std::vector<Text> lines;
-    for (const Note& note : notes) {
-        const Text title = note.position > 0
-                               ? BookTexts::plainTitle(project.outline().at(note.position)) + ": "
-                               : Text();
-        lines.push_back(title + note.what);
-    }
-    return lines;
 }
 
 } // namespace book

@@ -1,11 +1,11 @@
 #include "generate/Documentation.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 #include "generate/BodyLinks.h"
 #include "generate/GeneratedFile.h"
+#include "generate/OutlineNumbers.h"
 #include "generate/PageLines.h"
 #include "text/Path.h"
 
@@ -20,28 +20,6 @@ using text::Text;
 using text::TextView;
 
 namespace {
-
-/// Numbers topics 1, 1.1, 1.2, 2 on a walk through the outline. A level that is jumped over keeps
-/// the number that it had, 0 at first.
-class OutlineNumbers {
-public:
-    /// The number of the next topic, which is at `depth`.
-    Text next(int depth) {
-        int& counter = counters_[static_cast<std::size_t>(depth)];
-        counter = depth > depth_ ? 1 : counter + 1;
-        depth_ = depth;
-        Text number;
-        for (int level = 1; level <= depth; ++level) {
-            append(number, level > 1 ? "." : "",
-                   std::to_string(counters_[static_cast<std::size_t>(level)]));
-        }
-        return number;
-    }
-
-private:
-    std::array<int, model::maxDepth + 1> counters_{};
-    int depth_ = 0;
-};
 
 constexpr TextView numberGap = " &nbsp;&nbsp;";
 

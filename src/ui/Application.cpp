@@ -20,7 +20,29 @@ struct Application::Native {
     std::unique_ptr<QSocketNotifier> endSignals = {};
 };
 
-Application::Application(int& argc, char** argv, const char* name, const char* version) {
+namespace {
+
+/// The person's own settings go first. What the toolkit and the web engine say of themselves would
+/// stand between the messages of a script.
+void dropScreen() {
+    const auto usually = [](const char* variable, const char* value) {
+        if (qEnvironmentVariableIsEmpty(variable)) {
+            qputenv(variable, value);
+        }
+    };
+    usually("QT_LOGGING_RULES", "*.info=false;*.warning=false");
+#ifndef _WIN32 // where there is always a screen
+    usually("QT_QPA_PLATFORM", "offscreen");
+#endif
+}
+
+} // namespace
+
+Application::Application(int& argc, char** argv, const char* name, const char* version,
+                         bool hasWindows) {
+    if (!hasWindows) {
+        dropScreen();
+    }
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts); // the browser wants it
     // The toolkit would look for finer pictures beside those of a page, even on other machines.
     qputenv("QT_HIGHDPI_DISABLE_2X_IMAGE_LOADING", "1");

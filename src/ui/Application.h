@@ -12,8 +12,9 @@ namespace ui {
 class Application {
 public:
     /// Takes the toolkit's own arguments away. `name` is shown to the person; `version` is for the
-    /// desktop.
-    Application(int& argc, char** argv, const char* name, const char* version);
+    /// desktop. Without windows it needs no screen.
+    Application(int& argc, char** argv, const char* name, const char* version,
+                bool hasWindows = true);
     ~Application();
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;

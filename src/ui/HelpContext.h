@@ -20,7 +20,9 @@ enum HelpContext {
     pasteHelp = 280,
     tableHelp = 281,
     reportHelp = 330,
-    compileHelp = 340
+    compileHelp = 340,
+    epubHelp = 365,
+    pdfHelp = 366
 };
 
 /// All of them, for whoever checks that the manual has their pages.
@@ -40,6 +42,8 @@ inline constexpr HelpContext helpContexts[] = {mainWindowHelp,
                                                pasteHelp,
                                                tableHelp,
                                                reportHelp,
-                                               compileHelp};
+                                               compileHelp,
+                                               epubHelp,
+                                               pdfHelp};
 
 } // namespace ui

@@ -16,7 +16,7 @@ namespace {
 
 class EpubTest : public testing::Test {
 protected:
-    book::EpubOutcome write(const fs::path& name) {
+    book::BookOutcome write(const fs::path& name) {
         return book::writeEpub(project, folder / name, TOPICSMITH_PROGRAM_FOLDER);
     }
 
@@ -169,7 +169,7 @@ TEST_F(EpubTest, HoldsBeforeAnotherProgramsEyes) {
                      "p:hover{content:\"x\"} /* } */ .\u00E9 {color:blue} p > {b:c} "
                      "a[href=x {b:c} i {color:red");
     project.replace(outline, options, folder / "p.tsp");
-    const book::EpubOutcome outcome = write("hostile.epub");
+    const book::BookOutcome outcome = write("hostile.epub");
     EXPECT_TRUE(outcome.failures.empty());
     EXPECT_EQ(complaints("hostile.epub"), "");
     EXPECT_EQ(unpacked("hostile.epub", "book/author.css"),
@@ -179,7 +179,7 @@ TEST_F(EpubTest, HoldsBeforeAnotherProgramsEyes) {
 
 TEST_F(EpubTest, TheManualIsABook) {
     ASSERT_FALSE(loadProject(project, TOPICSMITH_SOURCE_FOLDER "/help/topicsmith.tsp").readError);
-    const book::EpubOutcome outcome = write("manual.epub");
+    const book::BookOutcome outcome = write("manual.epub");
     EXPECT_TRUE(outcome.failures.empty());
     EXPECT_TRUE(outcome.notes.empty()) << outcome.notes.front().what;
     EXPECT_EQ(complaints("manual.epub"), "");
