@@ -24,7 +24,8 @@ TEST_F(frmMain, StartsEmptyWithTheDescribedMenus) {
     EXPECT_EQ(menuText(*window, {"File", "Import"}),
               "From &Text File\nFrom &Topicsmith File\nFrom &VB Project");
     EXPECT_EQ(menuText(*window, {"File", "Generate Files"}),
-              "Generate &Help Files\nGenerate &Documentation\n&Compile Help...\tF9\n"
+              "Generate &Help Files\nGenerate &Documentation\nGenerate &EPUB...\nGenerate &PDF...\n"
+              "&Compile Help...\tF9\n"
               "Compile &To...\tShift+F9");
     EXPECT_EQ(menuText(*window, {"Edit"}),
               "(U&ndo\tCtrl+Z)\n(&Redo\tCtrl+Y)\n-\n(C&ut\tCtrl+X)\n(&Copy\tCtrl+C)\n(&Paste\tCtrl+"
