@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "model/PagePath.h"
+#include "model/Variables.h"
 #include "platform/Files.h"
 #include "text/Path.h"
 #include "ui/HelpContext.h"
@@ -24,6 +25,8 @@ fs::path pathFrom(const fs::path& folder, const fs::path& file) {
     const fs::path relative = file.lexically_relative(folder);
     return relative.empty() ? file : relative; // on another drive
 }
+
+constexpr std::size_t variablesPage = 5;
 
 constexpr const char* chooseStyleSheet = "Select Style Sheet";
 constexpr const char* chooseBackground = "Select Background Image";
@@ -115,12 +118,13 @@ frmOptions::frmOptions(ui::Window& owner, const model::ProjectOptions& options,
     arrangeNavigation();
     arrangeDocumentation();
     arrangeLanguage();
+    arrangeVariables();
     auto buttons = ui::Layout::row();
     buttons.addStretch().add(cmdOK).add(cmdCancel).add(cmdApply);
     auto content = ui::Layout::column();
     content.add(tbsOptions, 1).add(std::move(buttons));
     setLayout(std::move(content));
-    setSize(9300, 5400);
+    setSize(10650, 5400);
     cmdOK.setDefault();
     icboLanguage.select(options_.languageTag);
     chkEveryCharacter.setChecked(options_.keepsEveryCharacter);
@@ -183,6 +187,20 @@ void frmOptions::arrangeDocumentation() {
     tbsOptions.add("Documentation", "Set Options for Documentation Generation", pnlDocumentation);
 }
 
+void frmOptions::arrangeVariables() {
+    lblVariables.setWrapped();
+    txtVariables.setAccessibleName("Variables");
+    Text lines;
+    for (const model::Variable& variable : model::variablesOf(options_)) {
+        text::appendLine(lines, variable.name, "=", variable.value);
+    }
+    txtVariables.setText(lines);
+    auto column = ui::Layout::column();
+    column.add(lblVariables).add(txtVariables, 1);
+    pnlVariables.setLayout(std::move(column));
+    tbsOptions.add("Variables", "Texts with Names", pnlVariables);
+}
+
 void frmOptions::arrangeLanguage() {
     for (const text::Language& language : text::languages()) {
         icboLanguage.add(language.tag, language.name, "");
@@ -207,6 +225,7 @@ void frmOptions::arrangeLanguage() {
 
 void frmOptions::watch() {
     const auto edited = [this] { setEdited(true); };
+    txtVariables.Change.connect(edited);
     txtTemplate.Change.connect([this, edited] {
         edited();
         TemplateEdited.raise();
@@ -256,7 +275,9 @@ void frmOptions::showLanguage() {
 void frmOptions::cmdReread_Click() {
     const text::Language& language = text::languageOf(icboLanguage.selectedKey());
     icboLanguage.select(options_.languageTag);
-    cmdApply_Click();
+    if (!apply()) {
+        return;
+    }
     Reread.raise(language);
     close();
 }
@@ -316,26 +337,45 @@ void frmOptions::keepEveryCharacter() {
     showLanguage();
 }
 
-void frmOptions::cmdApply_Click() {
+/// False, and said so, when something cannot be applied.
+bool frmOptions::apply() {
     if (changed_) {
+        Text wrongLine;
+        const auto variables = model::parseVariables(txtVariables.text(), wrongLine);
+        if (!variables) {
+            tbsOptions.select(variablesPage);
+            tbsOptions_Click();
+            Prompter::current().ask(
+                this, {"This is no variable, which is a name of letters and digits, \"=\" and a "
+                       "value:\n"
+                           + wrongLine,
+                       caption(), ui::Buttons::ok, ui::QuestionIcon::exclamation});
+            txtVariables.setFocus();
+            return false;
+        }
+        if (*variables != model::variablesOf(options_)) {
+            model::setVariables(options_, *variables);
+        }
         options_.languageTag = icboLanguage.selectedKey();
         options_.keepsEveryCharacter = chkEveryCharacter.checked();
         visitBoxes(ReadBack());
         setEdited(false);
         Apply.raise(options_);
     }
+    return true;
 }
 
 void frmOptions::cmdOK_Click() {
-    cmdApply_Click();
-    close();
+    if (apply()) {
+        close();
+    }
 }
 
 /// Each page has its own help.
 void frmOptions::tbsOptions_Click() {
-    constexpr ui::HelpContext contexts[] = {ui::pageOptionsHelp, ui::pageOptionsHelp,
+    constexpr ui::HelpContext contexts[] = {ui::pageOptionsHelp,       ui::pageOptionsHelp,
                                             ui::navigationOptionsHelp, ui::documentationOptionsHelp,
-                                            ui::languageOptionsHelp};
+                                            ui::languageOptionsHelp,   ui::variableOptionsHelp};
     setHelpContext(contexts[tbsOptions.selected()]);
 }
 

@@ -38,6 +38,7 @@ public:
     ui::Panel pnlNavigation{tbsOptions};
     ui::Panel pnlDocumentation{tbsOptions};
     ui::Panel pnlLanguage{tbsOptions};
+    ui::Panel pnlVariables{tbsOptions};
 
     ui::TextBox txtProjectName{pnlGeneration};
     ui::TextBox txtCSS{pnlGeneration};
@@ -69,6 +70,8 @@ public:
     ui::CheckBox chkDocLinks{pnlDocumentation, "Docu&mentation includes Links to Help Topics"};
     ui::CheckBox chkUnderline{pnlDocumentation, "Un&derline the Help Topic Titles"};
 
+    ui::TextBox txtVariables{pnlVariables, ui::TextBox::Lines::many};
+
     ui::ImageCombo icboLanguage{pnlLanguage};
     ui::CheckBox chkEveryCharacter{pnlLanguage, "Keep ever&y character in the project's file"};
     ui::Button cmdReread{pnlLanguage, "Read Letters i&n This Language"};
@@ -92,6 +95,12 @@ public:
     ui::Label lblReread{pnlLanguage,
                         "If letters of this project look wrong because its file was written in "
                         "another language, choose that language and have them read again."};
+    ui::Label lblVariables{
+        pnlVariables,
+        "One varia&ble a line, such as version=1.2. Where the text of a topic has {{version}}, "
+        "pages, documentation and preview have 1.2. The file is then of a kind that earlier "
+        "versions of this program cannot open.",
+        &txtVariables};
     ui::Label lblAdditional{pnlAdditional,
                             "Any &HTML code entered here will be displayed on the First (Overview) "
                             "Help Topic only.  It will be positioned just before the copyright "
@@ -107,7 +116,7 @@ public:
     void cmdTemplate_Click();
     void cmdOK_Click();
     void cmdCancel_Click() { close(); }
-    void cmdApply_Click();
+    void cmdApply_Click() { apply(); }
     void nextTab_Click();
     void tbsOptions_Click();
 
@@ -117,6 +126,8 @@ private:
     void arrangeNavigation();
     void arrangeDocumentation();
     void arrangeLanguage();
+    void arrangeVariables();
+    bool apply();
     void showLanguage();
     template <typename Visitor>
     void visitBoxes(Visitor visitor);

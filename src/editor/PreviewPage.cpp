@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/ProjectFolders.h"
+#include "model/Variables.h"
 #include "text/Address.h"
 #include "text/HtmlReader.h"
 #include "text/Path.h"
@@ -69,7 +70,8 @@ Text previewPage(TextView title, TextView body, const model::ProjectOptions& opt
                    "\">");
     }
     appendLine(page, "<h1>", title, "</h1>");
-    appendLine(page, withAbsolutePictures(body, projectFolder));
+    const Text shown = model::withVariables(body, model::variablesOf(options));
+    appendLine(page, withAbsolutePictures(shown, projectFolder));
     appendLine(page, "</body>");
     appendLine(page, "</html>");
     return page;

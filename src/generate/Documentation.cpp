@@ -7,6 +7,7 @@
 #include "generate/GeneratedFile.h"
 #include "generate/OutlineNumbers.h"
 #include "generate/PageLines.h"
+#include "model/Variables.h"
 #include "text/Path.h"
 
 namespace generate {
@@ -108,11 +109,12 @@ private:
             appendLine(page_, "<a name='", anchorName(topic), "'></a>");
         }
         appendHeading(topic, numbers);
-        appendDocumentationBody(page_, topic.body, imageFolder_,
+        const Text body = model::shownBody(topic, options_);
+        appendDocumentationBody(page_, body, imageFolder_,
                                 options_.documentationLinks ? PageLinks::toAnchors
                                                             : PageLinks::removed);
         appendLine(page_);
-        if (holdsImage(topic.body)) {
+        if (holdsImage(body)) {
             appendLine(page_, "<br clear=all>");
         }
         if (position == 1 && !options_.additionalText.empty()) {

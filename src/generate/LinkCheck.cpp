@@ -9,6 +9,7 @@
 #include "generate/PageNavigation.h"
 #include "generate/PageTargets.h"
 #include "model/PagePath.h"
+#include "model/Variables.h"
 #include "platform/Files.h"
 #include "text/FileFinder.h"
 #include "text/HtmlReader.h"
@@ -205,7 +206,7 @@ void checkLinks(const model::TopicOutline& outline, const model::ProjectOptions&
     for (int position = 1; position <= outline.count(); ++position) {
         Text lists;
         appendTopicLists(lists, outline, options, position);
-        checker.checkHtml(position, outline.at(position).body);
+        checker.checkHtml(position, model::shownBody(outline.at(position), options));
         checker.checkHtml(position, lists);
         if (position == 1) {
             checker.checkHtml(position, options.additionalText);

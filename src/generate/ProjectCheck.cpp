@@ -7,6 +7,7 @@
 #include "generate/LinkCheck.h"
 #include "generate/WorkshopProject.h"
 #include "model/PagePath.h"
+#include "model/Variables.h"
 #include "text/Address.h"
 #include "text/CharacterReferences.h"
 #include "text/CodePage.h"
@@ -46,6 +47,18 @@ public:
         checkCharacters("in the keywords", topic.keywords, true);
         checkCharacters("in the short description", topic.shortDescription, false);
         checkCharacters("in the text", topic.body, false);
+    }
+
+    void checkVariables(const model::ProjectOptions& options) {
+        const auto variables = model::variablesOf(options);
+        for (int position = 1; position <= outline_.count(); ++position) {
+            position_ = position;
+            for (const auto& use : model::variableUses(outline_.at(position).body, variables)) {
+                if (use.variable == nullptr) {
+                    add(FindingKind::variable, "{{" + Text(use.name) + "}}: is not defined");
+                }
+            }
+        }
     }
 
     void checkOptions(const model::ProjectOptions& options) {
@@ -244,8 +257,9 @@ private:
 } // namespace
 
 const char* nameOf(FindingKind kind) {
-    constexpr const char* names[] = {"link",    "picture",   "unreached",     "empty",    "title",
-                                     "context", "file name", "workshop line", "character"};
+    constexpr const char* names[] = {"link",      "picture", "unreached", "empty",
+                                     "title",     "context", "file name", "workshop line",
+                                     "character", "variable"};
     return names[static_cast<std::size_t>(kind)];
 }
 
@@ -261,6 +275,7 @@ std::vector<Finding> checkProject(const TopicOutline& outline, const model::Proj
     for (int position = 1; position <= outline.count(); ++position) {
         fields.checkTopic(position);
     }
+    fields.checkVariables(options);
     checkLinks(outline, options, outputFolder, findings);
     std::stable_sort(findings.begin(), findings.end(),
                      [](const Finding& a, const Finding& b) { return a.position < b.position; });

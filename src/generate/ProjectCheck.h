@@ -18,7 +18,8 @@ enum class FindingKind {
     context,      ///< context values that are incomplete, given twice, or no name or number
     fileName,     ///< page names that cannot be compiled, or are given twice
     workshopLine, ///< lines that are too long for the help workshop
-    character     ///< characters that the help workshop's files cannot hold
+    character,    ///< characters that the help workshop's files cannot hold
+    variable      ///< names of variables that are not defined, where some are
 };
 
 /// The kind in a word or two, as reports name it.

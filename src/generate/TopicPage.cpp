@@ -4,6 +4,7 @@
 #include "generate/PageLines.h"
 #include "generate/PageNavigation.h"
 #include "model/ProtectedBlock.h"
+#include "model/Variables.h"
 
 namespace generate {
 
@@ -85,7 +86,7 @@ void makeTopicPage(const TopicOutline& outline, const ProjectOptions& options, i
     appendKeywords(page, topic);
     appendLine(page, "<h1>", topic.title, "</h1>");
     appendLine(page);
-    appendBody(page, topic.body, options.codePage(), counts);
+    appendBody(page, model::shownBody(topic, options), options.codePage(), counts);
 
     const ListedTopics listed = appendTopicLists(page, outline, options, position);
     counts.pageLinks += listed.children;

@@ -1,5 +1,6 @@
 #include "import/EditedPages.h"
 
+#include "import/VariableNames.h"
 #include "model/Helper.h"
 #include "model/PagePath.h"
 #include "model/ProjectFormat.h"
@@ -34,22 +35,40 @@ bool holdsUnsaved(const ProtectedBlock& block, TextView body, const ProjectOptio
            && model::asSaved(block.content) == model::asSaved(body);
 }
 
-bool isUnedited(const ProtectedBlock& block, const Topic& topic) {
-    return block.content == model::placeholderBody || holds(block, topic.body);
+bool isUnedited(const ProtectedBlock& block, TextView shownBody) {
+    return block.content == model::placeholderBody || holds(block, shownBody);
+}
+
+/// An edited page's text, with names in place of the variables' values. A page that shows other
+/// values than those of now, and nothing else, was generated with them.
+GeneratedPage withNames(const ProtectedBlock& block, const Topic& topic,
+                        const ProjectOptions& options) {
+    const auto variables = model::variablesOf(options);
+    const Text body = text::withLineBreaks(topic.body);
+    if (!variables.empty() && block.hasGeneratedLength(options.codePage())
+        && differsInValuesOnly(body, variables, block.content)) {
+        return {};
+    }
+    auto named = withVariableNames(body, variables, block.content);
+    if (!named) {
+        return {
+            PageState::damaged, {}, "the value of a variable in it was edited, or is an old one"};
+    }
+    return {PageState::edited, std::move(*named), "was edited since it was generated"};
 }
 
 GeneratedPage compared(ProtectedBlock block, const Topic& topic, const ProjectOptions& options) {
-    if (isUnedited(block, topic)) {
+    const Text shown = model::shownBody(topic, options);
+    if (isUnedited(block, shown)) {
         return {};
     }
     if (block.endUnknown) {
         return {PageState::damaged, {}, "its text holds the end marker, so its end is not known"};
     }
     if (topic.status.empty() || topic.status == "E") {
-        return {PageState::edited, std::move(block.content), "was edited since it was generated"};
+        return withNames(block, topic, options);
     }
-    if (!block.hasGeneratedLength(options.codePage())
-        && !holdsUnsaved(block, topic.body, options)) {
+    if (!block.hasGeneratedLength(options.codePage()) && !holdsUnsaved(block, shown, options)) {
         return {PageState::conflict, {}, "was edited since it was generated, and so was its topic"};
     }
     return {};
@@ -73,7 +92,7 @@ GeneratedPage readPage(const std::filesystem::path& pageFolder, const Topic& top
     // As it was generated first: the letters of the code page can be UTF-8 by chance.
     const Text generated = codePage.decodedHtml(bytes);
     if (const auto block = model::findProtectedBlock(generated, codePage);
-        block && isUnedited(*block, topic)) {
+        block && isUnedited(*block, model::shownBody(topic, options))) {
         return {};
     }
     const Text page = codePage.withLetters(text::decodedForeignPage(bytes, codePage.number()));

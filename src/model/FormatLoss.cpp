@@ -4,6 +4,7 @@
 
 #include "model/Helper.h"
 #include "model/ProjectFormat.h"
+#include "model/Variables.h"
 
 namespace model {
 
@@ -74,7 +75,12 @@ std::vector<FormatLoss> lossesInFormatOne(const TopicOutline& outline,
     if (options.languageTag != text::defaultLanguage) {
         finder.add(0, "language", options.languageTag);
     }
-    if (!options.otherKeys.empty()) {
+    ProjectOptions others = options;
+    setVariables(others, {});
+    if (others.otherKeys != options.otherKeys) {
+        finder.add(0, "head", "variables");
+    }
+    if (!others.otherKeys.empty()) {
         finder.add(0, "head", "unknown lines");
     }
     visitOptions(options, finder);

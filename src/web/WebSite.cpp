@@ -2,6 +2,7 @@
 
 #include "generate/TopicValidation.h"
 #include "model/PagePath.h"
+#include "model/Variables.h"
 #include "platform/Files.h"
 #include "text/Path.h"
 #include "web/Assets.h"
@@ -23,7 +24,11 @@ namespace {
 /// A project of its own, whose topics a help generation would not have to repair.
 Project repaired(const Project& project, Text& report) {
     Project copy;
-    copy.replace(project.outline(), project.options(), project.projectPath());
+    model::TopicOutline outline = project.outline();
+    for (int position = 1; position <= outline.count(); ++position) {
+        outline.at(position).body = model::shownBody(outline.at(position), project.options());
+    }
+    copy.replace(std::move(outline), project.options(), project.projectPath());
     generate::ReportHeaders headers;
     generate::repairContexts(copy, report, headers);
     generate::renameDuplicateFiles(copy, report, headers);

@@ -2,6 +2,7 @@
 #include "app/frmOptions.h"
 #include "app/frmSplash.h"
 #include "editor/forms/dlgGraphicOptions.h"
+#include "editor/forms/dlgTopicLink.h"
 #include "editor/forms/dlgWebLinkText.h"
 #include "tools/forms/dlgSpelling.h"
 
@@ -42,6 +43,8 @@ protected:
         all.push_back(
             std::make_unique<editor::dlgGraphicOptions>(*window, editor::GraphicOptions()));
         all.push_back(std::make_unique<editor::dlgWebLinkText>(*window));
+        all.push_back(
+            std::make_unique<editor::dlgTopicLink>(*window, std::vector<editor::LinkTarget>()));
         all.push_back(std::make_unique<help::frmHelp>(*settings));
         all.push_back(std::make_unique<importer::frmImport>(*window, project(), folder / "none"));
         all.push_back(std::make_unique<tools::frmFind>(*window, host, text));

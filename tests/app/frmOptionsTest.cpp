@@ -105,6 +105,29 @@ TEST_F(frmOptions, EveryControlEditsItsOption) {
     EXPECT_EQ(applied, expected);
 }
 
+TEST_F(frmOptions, VariablesAreNamesAndValues) {
+    ui::testing::ScriptedPrompter prompter;
+    model::ProjectOptions options;
+    options.otherKeys = "Colour=blue\r\nVariable.v=1\r\n";
+    open(options);
+    clickTab(dialog->tbsOptions, 5);
+    EXPECT_EQ(dialog->txtVariables.text(), "v=1\r\n");
+    dialog->txtVariables.setFocus();
+    press("Ctrl+End");
+    type("p \xC3\xA9=2");
+    prompter.expect({"This is no variable, which is a name of letters and digits, \"=\" and a "
+                     "value:\np \u00E9=2",
+                     "Properties", ui::Buttons::ok, ui::QuestionIcon::exclamation});
+    clickTab(dialog->tbsOptions, 0);
+    click(dialog->cmdOK);
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(dialog->tbsOptions.selected(), 5U);
+    press("Ctrl+A");
+    type("\xC3\xA9=2");
+    click(dialog->cmdOK);
+    EXPECT_EQ(applied.otherKeys, "Colour=blue\r\nVariable.\u00E9=2\r\n");
+}
+
 TEST_F(frmOptions, ANavigationTypeWithoutANameSelectsNothing) {
     model::ProjectOptions options;
     options.navigationType = static_cast<model::NavigationType>(7);
@@ -167,7 +190,7 @@ TEST_F(frmOptions, CancelAndEscapeStoreNothingAndCtrlTabGoesRound) {
     open({});
     click(dialog->txtCSS);
     type("x");
-    for (const int page : {1, 2, 3, 4, 0}) {
+    for (const int page : {1, 2, 3, 4, 5, 0}) {
         press("Ctrl+Tab");
         EXPECT_EQ(dialog->tbsOptions.selected(), page);
     }

@@ -75,6 +75,8 @@ constexpr ui::CommandRow<Form> commands[] = {
      "Ctrl+Shift+G", run<&Form::mnuTagInsert_Click>},
     {command, "mnuTagPagelink", "Insert Page &Link", "PageLink", "Insert Page Link", "PageLink",
      "Ctrl+Shift+K", run<&Form::mnuTagPagelink_Click>},
+    {command, "mnuTagTopiclink", "Insert Topic Lin&k...", nullptr, nullptr, nullptr, "Ctrl+K",
+     run<&Form::mnuTagTopiclink_Click>},
     {command, "mnuTagWeblink", "Insert &Web Page", "WebLink", "Insert Web Link", "WebLink",
      "Ctrl+Shift+L", run<&Form::mnuTagWeblink_Click>},
     {menu, "mnuTagChars", "Insert &Special Chars"},

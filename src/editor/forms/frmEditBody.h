@@ -129,6 +129,7 @@ public:
     void mnuTagIntoList_Click();
     void mnuTagInsert_Click();
     void mnuTagPagelink_Click();
+    void mnuTagTopiclink_Click();
     void mnuTagWeblink_Click();
     void mnuTagChars_Click(SpecialCharacter character);
     void mnuTableCol_Click(int index); ///< 1 for a new row
@@ -168,7 +169,7 @@ private:
     std::array<ui::TextBox*, 3> fields() { return {&txtBody, &txtKeywords, &txtShortDesc}; }
     std::filesystem::path projectFolder() const;
     std::optional<std::filesystem::path> chooseFile(const char* title, const char* filter,
-                                                    const char* folderName);
+                                                    const std::filesystem::path& folder);
 
     ui::Clipboard clipboard_;
     Pasting pasting_{*this, txtBody, project_};

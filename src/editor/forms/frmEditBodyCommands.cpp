@@ -5,8 +5,10 @@
 #include "editor/TableEditing.h"
 #include "editor/forms/TextChange.h"
 #include "editor/forms/dlgGraphicOptions.h"
+#include "editor/forms/dlgTopicLink.h"
 #include "editor/forms/dlgWebLinkText.h"
 #include "editor/forms/frmEditBody.h"
+#include "model/OutlineEditing.h"
 #include "model/ProjectFolders.h"
 #include "platform/Files.h"
 #include "text/CodePage.h"
@@ -233,9 +235,9 @@ void frmEditBody::mnuTableChange_Click(TableChange what) {
 // ---- Pictures and links ----
 
 std::optional<fs::path> frmEditBody::chooseFile(const char* title, const char* filter,
-                                                const char* folderName) {
-    return Prompter::current().chooseFile(this, {ui::FileQuestion::Kind::open, title, filter, 1,
-                                                 projectFolder() / folderName, "*.*", ""});
+                                                const fs::path& folder) {
+    return Prompter::current().chooseFile(
+        this, {ui::FileQuestion::Kind::open, title, filter, 1, folder, "*.*", ""});
 }
 
 void frmEditBody::mnuTagInsert_Click() {
@@ -243,8 +245,8 @@ void frmEditBody::mnuTagInsert_Click() {
         return;
     }
     const Text filter = "All Image Files|" + Text(picturePatterns) + "||All Files (*.*)|*.*";
-    const auto file =
-        chooseFile("Select Graphic to Insert", filter.c_str(), model::imageFolderName);
+    const auto file = chooseFile("Select Graphic to Insert", filter.c_str(),
+                                 projectFolder() / model::imageFolderName);
     if (!file) {
         return;
     }
@@ -265,8 +267,12 @@ void frmEditBody::mnuTagPagelink_Click() {
     if (!mayInsertTags()) {
         return;
     }
-    const auto file = chooseFile(
-        "Select Page to Link", "All HTML Files|*.htm*||All Files (*.*)|*.*", model::pageFolderName);
+    fs::path folder = projectFolder() / model::pageFolderName;
+    if (std::error_code ignored; !fs::is_directory(folder, ignored)) {
+        folder = projectFolder(); // nothing was generated yet
+    }
+    const auto file =
+        chooseFile("Select Page to Link", "All HTML Files|*.htm*||All Files (*.*)|*.*", folder);
     if (!file) {
         return;
     }
@@ -277,6 +283,30 @@ void frmEditBody::mnuTagPagelink_Click() {
         codePage.withLetters(headingOf(text::decodedForeignPage(page, codePage.number())));
     change([&](Passage passage) {
         return insertPageLink(std::move(passage), text::displayText(file->filename()), heading);
+    });
+}
+
+/// A heading in another topic gets its anchor at once, as a step of the project.
+void frmEditBody::mnuTagTopiclink_Click() {
+    if (!mayInsertTags()) {
+        return;
+    }
+    const int edited = project_.currentIndex();
+    dlgTopicLink dialog(*this, linkTargets(project_.outline(), edited, txtBody.countedText()));
+    dialog.run();
+    if (!dialog.chosen) {
+        return;
+    }
+    const LinkTarget& target = *dialog.chosen;
+    if (target.topic != edited && target.insertAt > 0) {
+        const model::UndoStep step(project_, "Add Anchor");
+        project_.setField(target.topic, &model::Topic::body,
+                          withAnchor(project_.outline().at(target.topic).body, target));
+        model::markTopicChanged(project_, target.topic);
+    }
+    change([&](Passage passage) {
+        return insertTopicLink(std::move(passage), target, edited,
+                               project_.outline().at(edited).fileName);
     });
 }
 

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+
+#include "model/Variables.h"
+
+/// Bodies whose pages show the values of variables, when the pages were edited.
+namespace importer {
+
+/// Whether a page's text is a body with any values in place of its variables: with those of an
+/// earlier generation, say.
+bool differsInValuesOnly(text::TextView body, const std::vector<model::Variable>& variables,
+                         text::TextView edited);
+
+/// The body of which an edited page shows the values: what was edited as it was edited, and
+/// everywhere else the names that the body has. With its values it is the edited text again.
+/// Nothing when a value itself was edited, or is not the one of now, or so much else that nobody
+/// can tell.
+std::optional<text::Text> withVariableNames(text::TextView body,
+                                            const std::vector<model::Variable>& variables,
+                                            text::TextView edited);
+
+} // namespace importer

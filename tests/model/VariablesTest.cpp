@@ -1,0 +1,49 @@
+#include "model/Variables.h"
+
+#include <gtest/gtest.h>
+
+#include "model/FormatLoss.h"
+#include "model/ProjectFormat.h"
+#include "support/TestFiles.h"
+
+using namespace model;
+using text::Text;
+
+TEST(Variables, StandInTheHeadOfFormatTwo) {
+    ProjectOptions options;
+    options.otherKeys = "Colour=blue\r\n";
+    setVariables(options, {{"product", "Caf\u00E9 <b>1</b>"}, {"version", ""}});
+    const std::string file = test::projectFile({}, options);
+    EXPECT_NE(file.find("Colour=blue\r\nVariable.product=Caf\u00C3\u00A9"), 0U);
+    EXPECT_EQ(formatFor(options), ProjectFormat::two);
+    const ProjectOptions read = test::parsed(file).options;
+    EXPECT_EQ(read, options);
+    EXPECT_EQ(variablesOf(read),
+              (std::vector<Variable>{{"product", "Caf\u00E9 <b>1</b>"}, {"version", ""}}));
+    options.otherKeys = "VARIABLE.A = 1 \r\nVariable.=x\r\nvariable.a=2\r\n";
+    EXPECT_EQ(variablesOf(options), (std::vector<Variable>{{"A", "2"}}));
+    const auto losses = lossesInFormatOne({}, options);
+    ASSERT_EQ(losses.size(), 1U);
+    EXPECT_EQ(losses[0].what, "variables");
+    setVariables(options, {});
+    EXPECT_EQ(formatFor(options), ProjectFormat::one);
+}
+
+TEST(Variables, AreWrittenAsLinesOfNameAndValue) {
+    Text wrong;
+    EXPECT_EQ(parseVariables("a=1\r\n\r\n \u00E9-b.c = x=y \r\nA=2", wrong),
+              (std::vector<Variable>{{"a", "2"}, {"\u00E9-b.c", "x=y"}}));
+    for (const char* line : {"a", "=1", "a b=1", "{a}=1"}) {
+        EXPECT_FALSE(parseVariables("x=1\r\n" + Text(line), wrong));
+        EXPECT_EQ(wrong, line);
+    }
+}
+
+TEST(Variables, TakeThePlaceOfTheirNames) {
+    const std::vector<Variable> variables{{"v", "{{w}}\u00E9"}, {"w", ""}};
+    EXPECT_EQ(withVariables("{{V}}{{w}} {{{v}}} {{x}} {{v }} {{}} {{v", variables),
+              "{{w}}\u00E9 {{{w}}\u00E9} {{x}} {{v }} {{}} {{v");
+    EXPECT_EQ(withVariables("{{v}}", {}), "{{v}}");
+    EXPECT_EQ(variableUses("{{v}} {{x}}", variables).back().variable, nullptr);
+    EXPECT_TRUE(variableUses("{{x}}", {}).empty()) << "where none is defined, it is just text";
+}
