@@ -25,6 +25,11 @@ namespace {
 
 constexpr const char* helpTitle = "Generate Help Files";
 
+// The settings that remember where a project's help was generated last.
+constexpr const char* section = "Generate";
+constexpr const char* projectKey = "Project";
+constexpr const char* placeKey = "Place";
+
 Text unwrittenFiles(const model::FileFailures& failures) {
     if (failures.empty()) {
         return {};
@@ -52,9 +57,9 @@ Text lines(const model::FileFailures& pages) {
 
 GenerateCommands::GenerateCommands(CommandHost& host, model::Project& project,
                                    ProjectSession& session, LastReport& lastReport,
-                                   fs::path programFolder)
+                                   ui::Settings& settings, fs::path programFolder)
     : host_(host), project_(project), session_(session), lastReport_(lastReport),
-      programFolder_(std::move(programFolder)) {}
+      settings_(settings), programFolder_(std::move(programFolder)) {}
 
 Precondition GenerateCommands::precondition(const char* command) const {
     return {EditorFate::isStored,
@@ -69,13 +74,34 @@ void GenerateCommands::generateHelp() {
     });
 }
 
+/// Empty when it was another project, or none.
+fs::path GenerateCommands::lastPlace() const {
+    return project_.hasFile() && settings_.path(section, projectKey) == project_.projectPath()
+               ? settings_.path(section, placeKey)
+               : fs::path();
+}
+
+void GenerateCommands::generateAgain() {
+    host_.carryOut(precondition(helpTitle), [this] {
+        const fs::path place = lastPlace();
+        if (!place.empty() && mayGenerateInto(place, helpTitle)) {
+            showGenerated(place);
+        }
+    });
+}
+
 void GenerateCommands::showGenerated(const fs::path& workshopFile) {
-    dlgReport& window = lastReport_.begin("Generation Report", ui::reportHelp);
+    dlgReport& window =
+        lastReport_.begin("Generation Report", ui::reportHelp, workshopFile.parent_path());
     const generate::GenerationReport report =
         generateInto(workshopFile, helpTitle, [&window](const Text& text) {
             window.txtReport.setText(text);
             window.show();
         });
+    if (project_.hasFile()) {
+        settings_.setPath(section, projectKey, project_.projectPath());
+        settings_.setPath(section, placeKey, workshopFile);
+    }
     window.txtReport.setText(report.text);
     window.activate(); // a question for the project's name may have come before it
 }

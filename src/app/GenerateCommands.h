@@ -15,9 +15,14 @@ class GenerateCommands {
 public:
     /// Nothing is owned. Pictures are taken from the folder.
     GenerateCommands(CommandHost& host, model::Project& project, ProjectSession& session,
-                     LastReport& lastReport, std::filesystem::path programFolder);
+                     LastReport& lastReport, ui::Settings& settings,
+                     std::filesystem::path programFolder);
 
     void generateHelp();
+
+    /// Where this project's help was generated last, without asking for the place.
+    void generateAgain();
+    bool canGenerateAgain() const { return !lastPlace().empty(); }
     void generateDocumentation();
 
     // The steps of a command that generates; its title stands over the boxes.
@@ -40,6 +45,7 @@ public:
 
 private:
     std::optional<std::filesystem::path> chooseWorkshopFile();
+    std::filesystem::path lastPlace() const;
     std::optional<std::filesystem::path> chooseDocument();
     void showGenerated(const std::filesystem::path& workshopFile);
     bool settleEditedPages(const std::filesystem::path& pageFolder);
@@ -48,6 +54,7 @@ private:
     model::Project& project_;
     ProjectSession& session_;
     LastReport& lastReport_;
+    ui::Settings& settings_;
     std::filesystem::path programFolder_;
 };
 

@@ -74,10 +74,59 @@ Text OutlineRows::toolTip(int row, int column) const {
     if (field != &Topic::status) {
         return text;
     }
+    const Text problems = signs_.problems(row);
     const auto* known =
         std::find_if(std::begin(statusMeanings), std::end(statusMeanings),
                      [&text](const StatusMeaning& status) { return text == status.letter; });
-    return known == std::end(statusMeanings) ? Text() : known->meaning;
+    Text tip = known == std::end(statusMeanings) ? Text() : known->meaning;
+    text::append(tip, tip.empty() || problems.empty() ? "" : "\n", problems);
+    return tip;
+}
+
+OutlineRows::Field OutlineRows::field(int column) {
+    return topicColumn(column).field;
+}
+
+std::vector<int> OutlineRows::editableColumns() {
+    return {2, 3, 4, 5, 6, 7, 8}; // all but the level and what the program notes
+}
+
+std::vector<int> OutlineRows::fillColumns() {
+    return {titleColumn, 6, 8};
+}
+
+text::TextView OutlineRows::undoName(int column) {
+    constexpr text::TextView names[] = {"",
+                                        "",
+                                        "Edit Topic Title",
+                                        "Edit Topic Filename",
+                                        "Edit HelpCont ID",
+                                        "Edit HelpCont #",
+                                        "Edit Short Description",
+                                        "Edit Image",
+                                        "Edit Keywords"};
+    return names[static_cast<std::size_t>(column)];
+}
+
+bool OutlineRows::accepts(int column, const Text& text, const model::ProjectOptions& options) {
+    const Field field = topicColumn(column).field;
+    if (field == &Topic::image) {
+        constexpr const char* images[] = {"Auto", "New", "Leaf", "New Leaf"};
+        return std::find(std::begin(images), std::end(images), text) != std::end(images);
+    }
+    if (field == &Topic::contextNumber) {
+        return text.find_first_not_of("0123456789.") == Text::npos;
+    }
+    return (field != &Topic::fileName && field != &Topic::contextId)
+           || options.codePage().hasAll(text);
+}
+
+std::optional<bool> OutlineRows::folded(int row) const {
+    return folds_.hasBelow(row) ? std::optional(folds_.isFolded(row)) : std::nullopt;
+}
+
+bool OutlineRows::hasSign(int row, int column) const {
+    return topicColumn(column).field == &Topic::status && !signs_.problems(row).empty();
 }
 
 int OutlineRows::indent(int row, int column) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/OutlineFolds.h"
+#include "generate/TopicSigns.h"
 #include "model/Project.h"
 #include "ui/ListView.h"
 
@@ -8,19 +10,39 @@ namespace app {
 /// The topics of a project as the rows of the outline list.
 class OutlineRows : public ui::ListSource {
 public:
-    /// The project is not owned.
-    explicit OutlineRows(const model::Project& project) : project_(project) {}
+    /// Nothing is owned.
+    OutlineRows(const model::Project& project, const OutlineFolds& folds,
+                const generate::TopicSigns& signs)
+        : project_(project), folds_(folds), signs_(signs) {}
 
     static constexpr int titleColumn = 2;
     static std::vector<ui::Column> columns();
+
+    using Field = text::Text model::Topic::*;
+    static Field field(int column);
+
+    /// Which can be edited in the list, and which take the room that is left.
+    static std::vector<int> editableColumns();
+    static std::vector<int> fillColumns();
+
+    /// What an edit of the column is called when it can be taken back.
+    static text::TextView undoName(int column);
+
+    /// Whether a text may stand there.
+    static bool accepts(int column, const text::Text& text, const model::ProjectOptions& options);
 
     int rowCount() const override { return project_.outline().count(); }
     text::Text cell(int row, int column) const override;
     text::Text toolTip(int row, int column) const override;
     int indent(int row, int column) const override;
+    std::optional<bool> folded(int row) const override;
+    bool canFold() const override { return true; }
+    bool hasSign(int row, int column) const override;
 
 private:
     const model::Project& project_;
+    const OutlineFolds& folds_;
+    const generate::TopicSigns& signs_;
 };
 
 } // namespace app

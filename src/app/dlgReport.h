@@ -13,17 +13,31 @@ class dlgReport : public ui::Window {
 public:
     static constexpr const char* windowName = "dlgReport";
 
+    /// `hasPages`: something was generated that can be looked at.
     explicit dlgReport(ui::Window& owner, text::TextView caption = "Generation Report",
-                       ui::HelpContext context = ui::reportHelp);
+                       ui::HelpContext context = ui::reportHelp, bool hasPages = false);
 
     ui::TextBox txtReport{*this, ui::TextBox::Lines::many};
     ui::Button cmdCopy{*this, "&Copy"};
+    ui::Button cmdTopic{*this, "Show &Topic"};
+    ui::Button cmdPage{*this, "Open &Page"};
+    ui::Button cmdFolder{*this, "Open &Folder"};
     ui::Button OKButton{*this, "OK"};
 
+    // Of the topic in the caret's line.
+    ui::Event<text::TextView> TopicAsked;
+    ui::Event<text::TextView> PageAsked;
+    ui::Event<> FolderAsked;
+
     void cmdCopy_Click(); ///< all of it, to the clipboard
+    void cmdTopic_Click() { TopicAsked.raise(caretLine()); }
+    void cmdPage_Click() { PageAsked.raise(caretLine()); }
+    void cmdFolder_Click() { FolderAsked.raise(); }
     void OKButton_Click() { close(); }
 
 private:
+    text::Text caretLine() const;
+
     ui::Clipboard clipboard_;
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <sstream>
 
+#include "app/Example.h"
 #include "app/FileKind.h"
 #include "platform/Version.h"
 #include "ui/HelpContext.h"
@@ -21,7 +22,7 @@ frmMain::frmMain(ui::Settings& settings, const fs::path& programFolder)
       pane_(splParts, project_, editor_, settings),
       work_(*this, project_, session_, editor_, settings.folder()),
       help_(*this, settings, programFolder),
-      generation_(*this, project_, session_, lastReport_, programFolder),
+      generation_(*this, project_, session_, lastReport_, settings, programFolder),
       books_(*this, project_, session_, lastReport_, programFolder),
       compilation_(*this, project_, session_, settings, generation_, lastReport_),
       imports_(*this, project_, session_, settings, lastReport_),
@@ -38,6 +39,7 @@ frmMain::frmMain(ui::Settings& settings, const fs::path& programFolder)
     project_.setObserver(this);
     session_.recentFilesChanged = [this] { updateRecentFiles(); };
     session_.loadRecentFiles();
+    showRows();
     showCurrent();
     project_.markSaved();
     lvLevels.setFocus();
@@ -61,6 +63,9 @@ void frmMain::arrange() {
     lvLevels.setAccessibleName("Topics");
     lvLevels.setSearchColumn(OutlineRows::titleColumn);
     lvLevels.setRowsDraggable();
+    lvLevels.allowSeveral();
+    lvLevels.setEditable(OutlineRows::editableColumns());
+    lvLevels.setFillColumns(OutlineRows::fillColumns());
     lblStatus.setShortened();
 
     auto fields = ui::Layout::row();
@@ -78,15 +83,39 @@ void frmMain::arrange() {
     pnlFields.setLayout(std::move(fields));
 
     auto outline = ui::Layout::column();
-    outline.withoutMargins().add(lvLevels, 1);
+    auto filter = ui::Layout::row();
+    filter.withoutMargins().add(lblFilter).add(txtFilter, 1).add(lblFiltered);
+    pnlFilter.setLayout(std::move(filter));
+    pnlFilter.setVisible(false);
+    outline.withoutMargins().setSpacing(60).add(pnlFilter).add(lvLevels, 1);
     pnlOutline.setLayout(std::move(outline));
 }
 
 void frmMain::connectControls() {
+    // The page goes as topics come; the focus must not go to a field then, on its way elsewhere.
+    const auto onStart = [this](ui::Event<>& event, void (frmMain::*act)()) {
+        event.connect([this, act] {
+            lvLevels.setFocus();
+            (this->*act)();
+        });
+    };
+    onStart(startPage.Add, &frmMain::mnuEditAdd_Click);
+    onStart(startPage.Open, &frmMain::mnuFileOpen_Click);
+    onStart(startPage.Text, &frmMain::mnuFileImportText_Click);
+    onStart(startPage.Project, &frmMain::mnuFileImportProject_Click);
+    onStart(startPage.Example, &frmMain::openExample);
+    startPage.Recent.connect([this](int slot) {
+        lvLevels.setFocus();
+        mnuFileMRU_Click(slot);
+    });
     UI_ON(splParts, Moved);
     UI_ON(lvLevels, ItemClick);
     UI_ON(lvLevels, DblClick);
     UI_ON(lvLevels, RowDragged);
+    UI_ON(lvLevels, FoldClick);
+    UI_ON(lvLevels, CellEdited);
+    UI_ON(txtFilter, Change);
+    UI_ON(txtFilter, KeyDown);
     UI_ON(txtLevel, KeyDown);
     UI_ON(txtTitle, Change);
     UI_ON(txtTitle, GotFocus);
@@ -109,7 +138,12 @@ void frmMain::connectControls() {
     }
     clipboard_.Change.connect([this] { updateCommands(); });
     FocusChange.connect([this] { updateCommands(); });
-    Activated.connect([this] { readAgainIfChanged(); });
+    Activated.connect([this] {
+        signs_.forgetFiles(); // others may have come or gone meanwhile
+        readAgainIfChanged();
+    });
+    lastReport_.TopicAsked.connect([this](TextView line) { showTopicOfReport(line, false); });
+    lastReport_.PageAsked.connect([this](TextView line) { showTopicOfReport(line, true); });
     FilesDropped.connect([this](const std::vector<fs::path>& files) { files_Dropped(files); });
 }
 
@@ -129,6 +163,10 @@ void frmMain::Resize() {
     pnlFields.place(margin, (listTop - fieldsHeight) / 2, listWidth, fieldsHeight);
     splParts.place(margin, listTop, listWidth, bottom - listTop);
     showParts();
+    constexpr int captions = 420;
+    const int startWidth = pane_.isShown() ? splParts.firstWidth() : listWidth;
+    startPage.place(margin + gap, listTop + captions, startWidth - 2 * gap,
+                    bottom - listTop - captions - gap);
     lblStatus.place(margin, bottom, listWidth, statusHeight);
 }
 
@@ -146,8 +184,24 @@ void frmMain::showParts() {
     }
 }
 
+void frmMain::showStartPage() {
+    const bool isEmpty = project_.outline().empty();
+    if (isEmpty) {
+        startPage.update(project_.hasFile(), session_.recentFiles());
+    }
+    startPage.setVisible(isEmpty);
+}
+
+void frmMain::openExample() {
+    if (runSession(EditorFate::isClosed, [this] { return session_.newProject(); })) {
+        project_.replace(exampleOutline(), project_.options(), project_.projectPath());
+        lvLevels.setFocus();
+    }
+}
+
 void frmMain::splParts_Moved() {
     settings_.setNumber("Main", "Outline Width", splParts.firstWidth());
+    Resize();
 }
 
 void frmMain::restoreWindow() {
@@ -213,6 +267,7 @@ void frmMain::updateCommands() {
     for (ui::TextBox* box : {&txtFilename, &txtHelpID}) {
         box->setCodePage(codePage); // which undoing changes, too
     }
+    signs_.setFolder(project_.hasFile() ? project_.projectPath().parent_path() : fs::path());
     commands_.update();
     const model::UndoHistory& history = project_.history();
     commands_.setSubject("mnuEditUndo", history.undoName());
@@ -233,111 +288,10 @@ void frmMain::updateRecentFiles() {
         ++slot;
     }
     commands_.menu("mnuFile")->setVisible("mnuFileBar3", session_.recentFiles().count() > 0);
+    showStartPage();
 }
 
-// ---- The project ----
-
-void frmMain::topicChanged(int position) {
-    work_.note();
-    lvLevels.rowChanged(position);
-    if (position == project_.currentIndex()) {
-        fillFields(false);
-        pane_.topicChanged();
-    }
-}
-
-void frmMain::topicInserted(int /*position*/) {
-    lvLevels.rowInserted();
-    rowsChanged();
-}
-
-void frmMain::topicRemoved(int /*position*/) {
-    lvLevels.rowRemoved();
-    rowsChanged();
-}
-
-void frmMain::rowsChanged() {
-    work_.note();
-    find_.restart();
-    selectCurrent();
-}
-
-void frmMain::projectReplaced() {
-    lvLevels.rowsReplaced();
-    find_.restart();
-    links_.forget();
-    replace_.restart();
-    showCurrent();
-}
-
-void frmMain::topicsSwapped(int a, int b) {
-    find_.topicsSwapped(a, b);
-}
-
-void frmMain::currentIndexChanged(int /*position*/) {
-    showCurrent();
-}
-
-void frmMain::currentTopicMoved(int /*position*/) {
-    selectCurrent();
-}
-
-void frmMain::dataChangedToggled(bool dataChanged) {
-    tbTools.setImage("Save", dataChanged ? "SaveChanged" : "Save");
-    tbTools.setToolTip("Save",
-                       dataChanged ? "Save - Current Data Changed" : "Save the Current Data");
-    setChanged(dataChanged);
-    status_.showDocument();
-    if (dataChanged) {
-        work_.note();
-    } else {
-        work_.keep(); // what is saved need not be brought back
-    }
-}
-
-void frmMain::showCurrent() {
-    enableFields(hasTopic());
-    fillFields(true);
-    selectCurrent();
-    pane_.topicShown();
-}
-
-void frmMain::selectCurrent() {
-    if (hasTopic()) {
-        lvLevels.select(project_.currentIndex());
-    }
-    updateCommands();
-    status_.update();
-}
-
-// ---- The list ----
-
-bool frmMain::showTopic(int position) {
-    if (position != project_.currentIndex() && !closeEditor()) {
-        selectCurrent();
-        return false;
-    }
-    project_.endTyping();
-    project_.setCurrentIndex(position);
-    return true;
-}
-
-void frmMain::openTopicEditor(int position) {
-    if (showTopic(position)) {
-        pane_.makeRoomForEditor();
-        editor_.show();
-        editor_.window()->txtBody.setFocus();
-        editor_.window()->activate();
-        pane_.topicShown();
-    }
-}
-
-void frmMain::lvLevels_RowDragged(int from, int to) {
-    if (showTopic(from)) {
-        model::moveTopicTo(project_, to);
-    }
-    updateCommands();
-}
+// ---- Dropped files ----
 
 bool frmMain::takesFiles(const std::vector<fs::path>& files) const {
     return std::any_of(files.begin(), files.end(), [](const fs::path& file) {

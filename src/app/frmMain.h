@@ -11,10 +11,13 @@
 #include "app/ProgramHelp.h"
 #include "app/ReplaceCommand.h"
 #include "app/SpellCommand.h"
+#include "app/StartPage.h"
 #include "app/StatusLine.h"
 #include "app/SynchroniseCommand.h"
 #include "app/TopicPane.h"
 #include "app/WorkKeeper.h"
+#include "generate/TopicSigns.h"
+#include "model/BranchEditing.h"
 #include "model/OutlineEditing.h"
 #include "ui/Clipboard.h"
 #include "ui/ListView.h"
@@ -30,7 +33,9 @@ class frmMain final : public ui::Window, private model::ProjectObserver, private
     // Before the controls, which show it.
     ui::Settings& settings_;
     model::Project project_;
-    OutlineRows rows_{project_};
+    OutlineFolds folds_{project_.outline()};
+    generate::TopicSigns signs_{project_.outline()};
+    OutlineRows rows_{project_, folds_, signs_};
 
 public:
     /// An empty project. Says so when the program's own help is missing from `programFolder`. The
@@ -61,7 +66,12 @@ public:
     ui::Label lblHelpNum{pnlFields, "HelpC&ont #", &txtHelpNum};
     ui::Splitter splParts{*this};
     ui::Panel pnlOutline{splParts};
+    ui::Panel pnlFilter{static_cast<ui::Container&>(pnlOutline)};
+    ui::TextBox txtFilter{pnlFilter};
+    ui::Label lblFilter{pnlFilter, "Filte&r:", &txtFilter};
+    ui::Label lblFiltered{pnlFilter, ""};
     ui::ListView lvLevels;
+    StartPage startPage{*this}; ///< over the list, while that is empty
     ui::Label lblStatus{*this, ""};
     ui::Toolbar tbTools{*this};
     ui::Menu mnuList{*this}; ///< the list's context menu
@@ -74,6 +84,10 @@ public:
     void lvLevels_ItemClick(int row) { showTopic(row); }
     void lvLevels_DblClick(int row) { openTopicEditor(row); }
     void lvLevels_RowDragged(int from, int to);
+    void lvLevels_FoldClick(int row);
+    void lvLevels_CellEdited(int row, int column, const text::Text& text);
+    void txtFilter_Change();
+    void txtFilter_KeyDown(ui::Key& key);
     void txtLevel_KeyDown(ui::Key& key) { moveByKey(key); }
     void txtTitle_Change();
     void txtTitle_GotFocus();
@@ -121,8 +135,20 @@ public:
     void mnuEditDelete_Click();
     void mnuEditPromote_Click() { model::promoteTopic(project_); }
     void mnuEditDemote_Click() { model::demoteTopic(project_); }
-    void mnuEditUp_Click() { model::moveTopicUp(project_); }
-    void mnuEditDown_Click() { model::moveTopicDown(project_); }
+    void mnuEditUp_Click();
+    void mnuEditDown_Click();
+    void mnuBranchPromote_Click() { model::promoteBranch(project_); }
+    void mnuBranchDemote_Click() { model::demoteBranch(project_); }
+    void mnuBranchUp_Click() { model::moveBranchUp(project_); }
+    void mnuBranchDown_Click() { model::moveBranchDown(project_); }
+    void mnuBranchCut_Click();
+    void mnuBranchCopy_Click();
+    void mnuBranchPaste_Click();
+    void mnuBranchDelete_Click();
+    void mnuViewFilter_Click();
+    void mnuViewFoldAll_Click(bool fold);
+    void mnuViewReport_Click() { lastReport_.reopen(); }
+    void mnuFileGenerateAgain_Click() { generation_.generateAgain(); }
     void mnuViewTopicPane_Click();
     void mnuViewEditBeside_Click();
     void mnuViewStoreUnasked_Click();
@@ -138,8 +164,15 @@ public:
     bool canPaste() const;
     bool canPromote() const { return model::canPromote(project_); }
     bool canDemote() const { return model::canDemote(project_); }
-    bool canMoveUp() const { return model::canMoveUp(project_); }
-    bool canMoveDown() const { return model::canMoveDown(project_); }
+    bool canMoveUp() const;
+    bool canMoveDown() const;
+    bool canPromoteBranch() const { return model::canPromoteBranch(project_); }
+    bool canDemoteBranch() const { return model::canDemoteBranch(project_); }
+    bool canMoveBranchUp() const { return model::canMoveBranchUp(project_); }
+    bool canMoveBranchDown() const { return model::canMoveBranchDown(project_); }
+    bool canPasteTopics() const { return !copied_.empty(); }
+    bool canReopenReport() const { return lastReport_.canReopen(); }
+    bool canGenerateAgain() const { return generation_.canGenerateAgain(); }
     bool canUndo() const { return project_.history().canUndo(); }
     bool canRedo() const { return project_.history().canRedo(); }
 
@@ -199,11 +232,23 @@ private:
     void editField(text::TextView name, const ui::TextBox& box, text::Text model::Topic::*field);
     void finishField();
     void showParts();
+    void showStartPage();
+    void openExample();
+    void showRows();
+    model::Positions selectedTopics() const;
+    bool hasSeveral() const;
+    model::Positions topicsToCopy() const;
+    void moveSelected(int step);
+    void removeTopics(text::TextView name, const model::Positions& positions);
+    void deleteAsked(text::TextView name, const text::Text& what,
+                     const model::Positions& positions);
+    void showTopicOfReport(text::TextView line, bool page);
     void moveByKey(ui::Key& key);
     void moveByKeyOrEnter(ui::Key& key);
     void showNeighbour(int step);
 
     ui::Clipboard clipboard_;
+    std::vector<model::Topic> copied_; ///< to be pasted; never on the system's clipboard
     ui::CommandSet commands_{*this, mainCommands(), &lvLevels};
     StatusLine status_{*this, lblStatus, project_};
     ProjectSession session_{*this, project_, settings_};

@@ -2,8 +2,12 @@
 #include "app/frmOptions.h"
 #include "app/frmSplash.h"
 #include "model/FormatLoss.h"
+#include "model/PagePath.h"
+#include "model/ProjectFolders.h"
 #include "model/ProjectFormat.h"
 #include "model/Rereading.h"
+#include "text/Address.h"
+#include "text/Path.h"
 
 // What the main window does when a command is chosen.
 namespace app {
@@ -125,6 +129,7 @@ void frmMain::mnuFileProperties_Click() {
         }
         const model::UndoStep step(project_, "Change Properties");
         project_.setOptions(std::move(edited));
+        signs_.reset(project_.options());
         project_.markChanged(model::projectChanged);
     });
     options.Reread.connect([this](const text::Language& language) {
@@ -161,6 +166,12 @@ void frmMain::mnuEditAdd_Click() {
 }
 
 void frmMain::mnuEditDelete_Click() {
+    if (hasSeveral()) {
+        const model::Positions topics = selectedTopics();
+        deleteAsked("Delete Topics", "the " + std::to_string(topics.size()) + " Selected Topics",
+                    topics);
+        return;
+    }
     const Text& title = project_.outline().at(project_.currentIndex()).title;
     const ui::Answer answer = Prompter::current().ask(
         this, {"Delete the Topic '" + (title.empty() ? "<No Title>" : title) + "'?", "Delete Topic",
@@ -211,6 +222,20 @@ void frmMain::mnuViewStoreUnasked_Click() {
 void frmMain::mnuHelpAbout_Click() {
     frmSplash about(*this);
     about.run();
+}
+
+/// The topic that a line of a report is about, or its page as it was generated.
+void frmMain::showTopicOfReport(text::TextView line, bool page) {
+    const int position = topicNamedIn(project_.outline(), line);
+    if (position < 1) {
+        Prompter::current().beep();
+    } else if (page) {
+        Prompter::current().openAddress(text::fileAddress(
+            text::displayText(model::pagePath(lastReport_.folder() / model::pageFolderName,
+                                              project_.outline().at(position).fileName))));
+    } else if (showTopic(position)) {
+        activate();
+    }
 }
 
 /// The editor stays when the step is not about what it shows. False when it held edits: saving them

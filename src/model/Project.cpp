@@ -178,15 +178,18 @@ void Project::finishStep(int currentIndex) {
 
 void Project::markChanged(int code) {
     beginChange();
-    constexpr TextView letters = "CNESM";
     history_.markChanged();
     setDataChanged(true);
-    if (currentIndex_ < 1 || code < 0 || code >= static_cast<int>(letters.size())) {
-        return;
+    if (currentIndex_ >= 1 && code >= statusChanged && code <= statusMoved) {
+        markTopicChanged(currentIndex_, static_cast<StatusCode>(code));
     }
-    const Text& status = outline_.at(currentIndex_).status;
+}
+
+void Project::markTopicChanged(int position, StatusCode code) {
+    constexpr TextView letters = "CNESM";
+    const Text& status = outline_.at(position).status;
     if (status.empty() || status == "E") {
-        setField(currentIndex_, &Topic::status, Text(1, letters[static_cast<std::size_t>(code)]));
+        setField(position, &Topic::status, Text(1, letters[static_cast<std::size_t>(code)]));
     }
 }
 

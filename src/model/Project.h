@@ -111,6 +111,9 @@ public:
     /// the code (see StatusCode) unless it has been changed since the last generation already.
     void markChanged(int code);
 
+    /// The letter alone, and for any topic, by the same rule.
+    void markTopicChanged(int position, StatusCode code);
+
     /// The project counts as unchanged.
     void markSaved();
 

@@ -13,6 +13,10 @@ Button::Button(Container& container, TextView caption)
     QObject::connect(&button, &QPushButton::clicked, [this] { Click.raise(); });
 }
 
+void Button::setPlainCaption(const std::string& utf8) {
+    widgetOf<QPushButton>(*this).setText(QString::fromStdString(utf8).replace('&', "&&"));
+}
+
 void Button::setDefault() {
     widgetOf<QPushButton>(*this).setDefault(true);
 }

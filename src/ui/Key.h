@@ -2,7 +2,7 @@
 
 namespace ui {
 
-enum class KeyCode { other, enter, up, down };
+enum class KeyCode { other, enter, up, down, escape };
 
 /// A key as it goes down. A handler that sets `handled` keeps it from the control.
 struct Key {

@@ -21,6 +21,14 @@ public:
     /// How far a cell's text is moved in, in twips; -1 in columns without such.
     virtual int indent(int /*row*/, int /*column*/) const { return -1; }
 
+    /// Whether what lies below a row is folded away, shown by a triangle before the indented text;
+    /// nothing for rows without anything below.
+    virtual std::optional<bool> folded(int /*row*/) const { return {}; }
+    virtual bool canFold() const { return false; }
+
+    /// Whether a cell shows the sign that something is wrong; its tool tip says what.
+    virtual bool hasSign(int /*row*/, int /*column*/) const { return false; }
+
     /// Whether the box before the row is ticked; nothing where there is no box.
     virtual std::optional<bool> checked(int /*row*/) const { return {}; }
 };
@@ -57,7 +65,26 @@ public:
     int selected() const;
     void select(int row); ///< brings it into view, too
 
-    std::vector<int> columnWidths() const; ///< in twips
+    /// Where several can be selected; the one of selected() is among them.
+    void allowSeveral();
+    std::vector<int> selectedRows() const;
+    void selectAlso(const std::vector<int>& rows);
+
+    /// For each row whether it is left out; after rows were replaced, all are shown.
+    void setHidden(const std::vector<bool>& hidden);
+
+    void redraw(); ///< all that is in view
+
+    /// Cells of these columns can be edited in their place, see CellEdited. F2 begins with the
+    /// search column.
+    void setEditable(std::vector<int> columns);
+
+    /// These share the room that the columns leave, after the search column got what it needs.
+    void setFillColumns(std::vector<int> columns);
+    void fitColumns(); ///< when its texts may be others
+
+    // The widths of the columns themselves, in twips, whatever room there is.
+    std::vector<int> columnWidths() const;
     void setColumnWidths(const std::vector<int>& widths);
 
     void setContextMenu(Menu& menu);
@@ -73,6 +100,8 @@ public:
     Event<int> DblClick;        ///< or Enter, which is the default button's where nobody listens
     Event<int> ItemCheck;       ///< the box of a row was clicked, or the space bar pressed on it
     Event<int, int> RowDragged; ///< from one row to the place of another
+    Event<int> FoldClick;       ///< the triangle, or the arrow key that folds or unfolds
+    Event<int, int, const Text&> CellEdited; ///< row, column and what was typed
 
 private:
     struct Native;

@@ -80,6 +80,25 @@ TEST_F(GenerateCommands, GenerationRepairsReportsAndSaves) {
     EXPECT_FALSE(ui::Window::isOpen(app::dlgReport::windowName));
     EXPECT_EQ(openWindow<app::dlgReport>(), nullptr);
     show(*window);
+    window->showTopic(1);
+    press("Ctrl+Shift+R");
+    app::dlgReport& again = *openWindow<app::dlgReport>();
+    again.txtReport.select(again.txtReport.text().find("CONTEXT in"), 0);
+    click(again.cmdTopic);
+    EXPECT_EQ(project().currentIndex(), 2);
+    again.txtReport.select(again.txtReport.text().find("A 1.htm"), 0);
+    click(again.cmdPage);
+    ASSERT_EQ(prompter.addresses().size(), 1);
+    EXPECT_TRUE(prompter.addresses().front().ends_with("/html/A%201.htm"));
+    again.close();
+    settle();
+    show(*window);
+    fs::remove_all(folder / "html");
+    press("F8"); // at the same place, without a question
+    EXPECT_TRUE(fs::exists(folder / "html" / "A 1.htm"));
+    openWindow<app::dlgReport>()->close();
+    settle();
+    show(*window);
     window->lvLevels.setFocus();
     press("Ctrl+Z"); // the repairs as one step
     EXPECT_EQ(topic(2).fileName, "A.htm");

@@ -17,21 +17,24 @@ TEST_F(frmMain, StartsEmptyWithTheDescribedMenus) {
                                      &window->txtHelpID, &window->txtHelpNum}) {
         EXPECT_FALSE(field->isEnabled());
     }
-    EXPECT_EQ(menuText(*window, {"File"}),
-              "&New\tCtrl+N\n&Open\tCtrl+O\n&Save\tCtrl+S\nSave &As\tCtrl+Shift+S\n-\n&Import\n-\n"
-              "&Generate Files\nS&ynchronize Files\nSpell Check All\tF7\n-\nProperties\n-\n"
-              "E&xit\tAlt+F4");
+    EXPECT_EQ(
+        menuText(*window, {"File"}),
+        "&New\tCtrl+N\n&Open\tCtrl+O\n&Save\tCtrl+S\nSave &As\tCtrl+Shift+S\n-\n&Import\n-\n"
+        "&Generate Files\nS&ynchronize Files\nSpell Check All\tF7\n-\nProperties\tAlt+Return\n-\n"
+        "E&xit\tAlt+F4");
     EXPECT_EQ(menuText(*window, {"File", "Import"}),
               "From &Text File\nFrom &Topicsmith File\nFrom &VB Project");
     EXPECT_EQ(menuText(*window, {"File", "Generate Files"}),
-              "Generate &Help Files\nGenerate &Documentation\nGenerate &EPUB...\nGenerate &PDF...\n"
+              "Generate &Help Files\tCtrl+G\n(Generate &Again\tF8)\n"
+              "Generate &Documentation\tCtrl+Shift+G\nGenerate &EPUB...\nGenerate &PDF...\n"
               "&Compile Help...\tF9\n"
               "Compile &To...\tShift+F9");
     EXPECT_EQ(menuText(*window, {"Edit"}),
               "(U&ndo\tCtrl+Z)\n(&Redo\tCtrl+Y)\n-\n(C&ut\tCtrl+X)\n(&Copy\tCtrl+C)\n(&Paste\tCtrl+"
-              "V)\nFind...\tCtrl+F\nFind and Replace...\tCtrl+H\n-\n"
+              "V)\nFind...\tCtrl+F\nFind Next\tF3\nFind and Replace...\tCtrl+H\n-\n"
               "&Add New Topic\tIns\n(&Delete Topic\tDel)\n-\n(Promote Topic\tAlt+Right)\n"
-              "(Demote Topic\tAlt+Left)\n(Move Topic Up\tAlt+Up)\n(Move Topic Down\tAlt+Down)");
+              "(Demote Topic\tAlt+Left)\n(Move Topic Up\tAlt+Up)\n(Move Topic "
+              "Down\tAlt+Down)\n-\nWith &Subtopics");
     EXPECT_EQ(menuText(*window, {"Help"}), "&Contents...\tF1\nHelp &Index...\n-\n&About...");
     EXPECT_EQ(unnamedControls(*window), "");
     EXPECT_EQ(doubledMnemonics(*window), "");

@@ -1,5 +1,7 @@
 #include "ui/qt/ListModel.h"
 
+#include <algorithm>
+
 #include <QMimeData>
 
 #include "ui/Twips.h"
@@ -64,6 +66,17 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     switch (role) {
     case Qt::DisplayRole:
         return toQt(text::oneLine(source_.cell(row, index.column()).substr(0, shownLength)));
+    case Qt::EditRole:
+        return toQt(source_.cell(row, index.column()));
+    case foldRole: {
+        const bool isIndented = source_.indent(row, index.column()) >= 0;
+        const auto folded = isIndented ? source_.folded(row) : std::nullopt;
+        return folded ? QVariant(*folded) : QVariant();
+    }
+    case canFoldRole:
+        return source_.canFold();
+    case signRole:
+        return source_.hasSign(row, index.column());
     case Qt::ToolTipRole:
         return plainToolTip(source_.toolTip(row, index.column()));
     case Qt::CheckStateRole:
@@ -77,7 +90,14 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
 }
 
 /// The box shows what the source says; the click goes to whoever owns that.
-bool ListModel::setData(const QModelIndex& index, const QVariant& /*value*/, int role) {
+bool ListModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role == Qt::EditRole) {
+        const Text text = fromQt(value.toString());
+        if (text != source_.cell(index.row() + 1, index.column())) {
+            cellEdited(index.row() + 1, index.column(), text);
+        }
+        return true;
+    }
     if (role != Qt::CheckStateRole || !hasBox(index)) {
         return false;
     }
@@ -117,6 +137,8 @@ Qt::ItemFlags ListModel::flags(const QModelIndex& index) const {
     }
     Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
     flags.setFlag(Qt::ItemIsDragEnabled, draggable);
+    flags.setFlag(Qt::ItemIsEditable,
+                  std::find(editable.begin(), editable.end(), index.column()) != editable.end());
     flags.setFlag(Qt::ItemIsUserCheckable, hasBox(index));
     return flags;
 }

@@ -13,12 +13,17 @@ class ListModel : public QAbstractTableModel {
 public:
     /// The index data role of a cell's indentation, in pixels; -1 for none.
     static constexpr int indentRole = Qt::UserRole;
+    static constexpr int foldRole = Qt::UserRole + 1; ///< see ListSource::folded()
+    static constexpr int canFoldRole = Qt::UserRole + 2;
+    static constexpr int signRole = Qt::UserRole + 3;
     static constexpr const char* rowFormat = "application/x-topicsmith-row";
 
     ListModel(const std::vector<Column>& columns, const ListSource& source);
 
     bool draggable = false;
     std::function<void(int row)> boxClicked;
+    std::vector<int> editable; ///< columns
+    std::function<void(int row, int column, const Text& text)> cellEdited;
 
     // As in ListView.
     void rowChanged(int row);

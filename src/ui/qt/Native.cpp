@@ -67,6 +67,9 @@ Key keyOf(const QKeyEvent& event) {
     case Qt::Key_Down:
         key.code = KeyCode::down;
         break;
+    case Qt::Key_Escape:
+        key.code = KeyCode::escape;
+        break;
     default:
         break;
     }

@@ -96,6 +96,9 @@ bool hasPicture(const char* name);
 /// The row that is drawn as the selected one; 0 for none or several.
 int highlightedRow(const ListView& list);
 
+/// The texts of a column in the rows that are not hidden, with blanks between them.
+std::string visibleRows(const ListView& list, int column);
+
 /// How many rows the list has been told to draw anew since the last call.
 int takeRowUpdates(const ListView& list);
 

@@ -143,6 +143,17 @@ bool isTicked(const ListView& list, int row) {
     return indexOf(list, row, 0).data(Qt::CheckStateRole).toInt() == Qt::Checked;
 }
 
+std::string visibleRows(const ListView& list, int column) {
+    const QTreeView& view = viewOf(list);
+    std::string texts;
+    for (int row = 0; row < view.model()->rowCount(); ++row) {
+        if (!view.isRowHidden(row, {})) {
+            texts += (texts.empty() ? "" : " ") + cellText(list, row + 1, column);
+        }
+    }
+    return texts;
+}
+
 std::string cellText(const ListView& list, int row, int column) {
     return indexOf(list, row, column).data().toString().toStdString();
 }

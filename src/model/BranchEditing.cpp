@@ -1,0 +1,249 @@
+#include "model/BranchEditing.h"
+
+#include <algorithm>
+#include <set>
+
+#include "model/PagePath.h"
+
+namespace model {
+
+using text::Text;
+using text::TextView;
+
+namespace {
+
+bool hasCurrent(const Project& project) {
+    return project.currentIndex() > 0;
+}
+
+Positions currentBranch(const Project& project) {
+    return hasCurrent(project) ? branchOf(project.outline(), project.currentIndex()) : Positions();
+}
+
+/// The topic past which a branch moves up; it begins another branch or holds this one.
+int startBefore(const TopicOutline& outline, int position) {
+    int start = position - 1;
+    while (start > 1 && outline.depth(start) > outline.depth(position)) {
+        --start;
+    }
+    return start;
+}
+
+void shiftLevels(Project& project, TextView name, int by) {
+    const UndoStep step(project, name);
+    project.markChanged(statusChanged);
+    for (const int position : currentBranch(project)) {
+        const int depth = std::max(project.outline().depth(position) + by, 1);
+        project.setField(position, &Topic::level, levelText(depth));
+        project.markTopicChanged(position, statusChanged);
+    }
+}
+
+/// Moves topics that are not current, one by one, past those that are to move: so the current one
+/// stays current all the time.
+void moveBlock(Project& project, int from, int count, int to) {
+    for (int i = 0; i < count; ++i) {
+        const int source = from < to ? from : from + i;
+        const int target = from < to ? to : to + i;
+        Topic topic = project.outline().at(source);
+        project.removeTopic(source);
+        project.insertTopic(target, std::move(topic));
+    }
+}
+
+void markMoved(Project& project, const Positions& positions) {
+    for (const int position : positions) {
+        project.markTopicChanged(position, statusMoved);
+    }
+}
+
+/// Values that must not be given twice.
+struct Taken {
+    explicit Taken(const TopicOutline& outline) {
+        for (const Topic& topic : outline) {
+            note(topic);
+        }
+    }
+
+    void note(const Topic& topic) {
+        pages.insert(pageKey(topic.fileName));
+        ids.insert(text::lowerCase(topic.contextId));
+        numbers.insert(topic.contextNumber);
+    }
+
+    Text freePage(const Text& fileName) const {
+        if (fileName.empty() || !pages.contains(pageKey(fileName))) {
+            return fileName;
+        }
+        const std::size_t dot = std::min(fileName.rfind('.'), fileName.size());
+        for (int number = 1;; ++number) {
+            const Text tried =
+                fileName.substr(0, dot) + ' ' + std::to_string(number) + fileName.substr(dot);
+            if (!pages.contains(pageKey(tried))) {
+                return tried;
+            }
+        }
+    }
+
+    bool hasContext(const Topic& topic) const {
+        return (!topic.contextId.empty() && ids.contains(text::lowerCase(topic.contextId)))
+               || (!topic.contextNumber.empty() && numbers.contains(topic.contextNumber));
+    }
+
+    std::set<Text> pages;
+    std::set<Text> ids;
+    std::set<Text> numbers;
+};
+
+} // namespace
+
+int branchEnd(const TopicOutline& outline, int position) {
+    int end = position;
+    while (end < outline.count() && outline.depth(end + 1) > outline.depth(position)) {
+        ++end;
+    }
+    return end;
+}
+
+Positions branchOf(const TopicOutline& outline, int position) {
+    Positions positions;
+    for (int i = position; i <= branchEnd(outline, position); ++i) {
+        positions.push_back(i);
+    }
+    return positions;
+}
+
+bool canPromoteBranch(const Project& project) {
+    const int position = project.currentIndex();
+    const TopicOutline& outline = project.outline();
+    const Positions branch = currentBranch(project);
+    return position > 1 && outline.depth(position) <= outline.depth(position - 1)
+           && std::all_of(branch.begin(), branch.end(),
+                          [&outline](int each) { return outline.depth(each) < maxDepth; });
+}
+
+void promoteBranch(Project& project) {
+    if (canPromoteBranch(project)) {
+        shiftLevels(project, "Promote With Subtopics", 1);
+    }
+}
+
+bool canDemoteBranch(const Project& project) {
+    return hasCurrent(project) && project.outline().depth(project.currentIndex()) > 1;
+}
+
+void demoteBranch(Project& project) {
+    if (canDemoteBranch(project)) {
+        shiftLevels(project, "Demote With Subtopics", -1);
+    }
+}
+
+bool canMoveBranchUp(const Project& project) {
+    return project.currentIndex() > 1;
+}
+
+void moveBranchUp(Project& project) {
+    if (!canMoveBranchUp(project)) {
+        return;
+    }
+    const UndoStep step(project, "Move Up With Subtopics");
+    const int position = project.currentIndex();
+    const int start = startBefore(project.outline(), position);
+    const int end = branchEnd(project.outline(), position);
+    project.markChanged(statusMoved);
+    markMoved(project, branchOf(project.outline(), position));
+    moveBlock(project, start, position - start, end);
+}
+
+bool canMoveBranchDown(const Project& project) {
+    return hasCurrent(project)
+           && branchEnd(project.outline(), project.currentIndex()) < project.outline().count();
+}
+
+void moveBranchDown(Project& project) {
+    if (!canMoveBranchDown(project)) {
+        return;
+    }
+    const UndoStep step(project, "Move Down With Subtopics");
+    const int position = project.currentIndex();
+    const int next = branchEnd(project.outline(), position) + 1;
+    const int end = branchEnd(project.outline(), next);
+    project.markChanged(statusMoved);
+    markMoved(project, branchOf(project.outline(), position));
+    moveBlock(project, next, end - next + 1, position);
+}
+
+bool moveTopics(Project& project, Positions& positions, int step) {
+    const int last = project.outline().count();
+    const bool atEnd = positions.empty() || (step < 0 && positions.front() <= 1)
+                       || (step > 0 && positions.back() >= last);
+    if (atEnd) {
+        return false;
+    }
+    const UndoStep undo(project, step < 0 ? "Move Topics Up" : "Move Topics Down");
+    project.markChanged(projectChanged);
+    markMoved(project, positions);
+    const auto move = [&project, step](int& position) {
+        project.swapTopics(position, position + step);
+        position += step;
+    };
+    if (step < 0) {
+        std::for_each(positions.begin(), positions.end(), move);
+    } else {
+        std::for_each(positions.rbegin(), positions.rend(), move);
+    }
+    return true;
+}
+
+void deleteTopics(Project& project, TextView name, const Positions& positions) {
+    if (positions.empty()) {
+        return;
+    }
+    const UndoStep step(project, name);
+    project.markChanged(projectChanged);
+    std::for_each(positions.rbegin(), positions.rend(),
+                  [&project](int position) { project.removeTopic(position); });
+    if (project.outline().empty()) {
+        project.markSaved();
+    }
+}
+
+std::vector<Topic> copiesOf(const TopicOutline& outline, const Positions& positions) {
+    std::vector<Topic> copies;
+    copies.reserve(positions.size());
+    for (const int position : positions) {
+        copies.push_back(outline.at(position));
+    }
+    return copies;
+}
+
+bool pasteTopics(Project& project, std::vector<Topic> topics) {
+    const int room = TopicOutline::maxTopics - project.outline().count();
+    if (topics.empty() || static_cast<int>(topics.size()) > room) {
+        return false;
+    }
+    const UndoStep step(project, "Paste Topics");
+    const int current = project.currentIndex();
+    const int depth = hasCurrent(project) ? project.outline().depth(current) : 1;
+    const int by = depth - levelDepth(topics.front().level);
+    int position =
+        hasCurrent(project) ? branchEnd(project.outline(), current) : project.outline().count();
+    const int first = position + 1;
+    Taken taken(project.outline());
+    for (Topic& topic : topics) {
+        topic.level = levelText(std::clamp(levelDepth(topic.level) + by, 1, maxDepth));
+        topic.fileName = taken.freePage(topic.fileName);
+        if (taken.hasContext(topic)) {
+            topic.contextId.clear();
+            topic.contextNumber.clear();
+        }
+        topic.status = "N";
+        taken.note(topic);
+        project.insertTopic(++position, std::move(topic));
+    }
+    project.setCurrentIndex(first);
+    project.markChanged(projectChanged);
+    return true;
+}
+
+} // namespace model
