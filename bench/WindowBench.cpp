@@ -4,7 +4,9 @@
 #include "SampleProject.h"
 #include "app/frmMain.h"
 #include "editor/MarkUp.h"
+#include "editor/TagStructure.h"
 #include "model/ProjectFile.h"
+#include "tools/SpellingScan.h"
 #include "ui/Application.h"
 
 // What the window adds to the work of the core.
@@ -69,12 +71,12 @@ void moveTopicUpAndDown(benchmark::State& state) {
 }
 BENCHMARK(moveTopicUpAndDown)->Unit(benchmark::kMicrosecond);
 
-/// The topic editor with a body of a megabyte in lines of ordinary length.
+/// The topic editor with a body in lines of ordinary length.
 struct OpenEditor {
-    OpenEditor()
+    explicit OpenEditor(std::size_t bytes = 1024 * 1024)
         : settings(fs::temp_directory_path() / "window_bench.ini"),
           window(settings, bench::programFolder()) {
-        model::TopicOutline outline = bench::sampleOutline(1, 1024 * 1024);
+        model::TopicOutline outline = bench::sampleOutline(1, bytes);
         window.project().replace(std::move(outline), {}, "bench.tsp");
         window.show();
         window.openTopicEditor(1);
@@ -96,6 +98,81 @@ void typeIntoMegabyte(benchmark::State& state) {
     }
 }
 BENCHMARK(typeIntoMegabyte)->Unit(benchmark::kMicrosecond);
+
+/// With all marks in place; what the aids do in pauses is measured below.
+void typeIntoMarkedBody(benchmark::State& state) {
+    OpenEditor open(200 * 1024);
+    std::vector<ui::TextMark> marks;
+    for (std::size_t at = 0; at + 10 < open.body().countedText().size(); at += 200) {
+        marks.push_back({at, 5});
+    }
+    for (const ui::MarkKind kind : {ui::MarkKind::misspelt, ui::MarkKind::fault}) {
+        open.window.editor()->txtBody.setMarks(kind, marks);
+    }
+    for (auto _ : state) {
+        open.body().replaceSelection("x");
+        ui::Window::letEventsRun();
+    }
+}
+BENCHMARK(typeIntoMarkedBody)->Unit(benchmark::kMicrosecond);
+
+text::Text bodyOf(std::size_t bytes) {
+    return bench::sampleOutline(1, bytes).at(1).body;
+}
+
+/// In a pause of typing, as a whole.
+void lookForFaults(benchmark::State& state) {
+    const text::Text body = bodyOf(200 * 1024);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(editor::tagFaults(body));
+        benchmark::DoNotOptimize(editor::visibleWordCount(body));
+    }
+}
+BENCHMARK(lookForFaults)->Unit(benchmark::kMicrosecond);
+
+/// When the caret rests at a tag.
+void findPair(benchmark::State& state) {
+    const text::Text body = bodyOf(200 * 1024);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(editor::tagPairAt(body, body.size() - 2));
+    }
+}
+BENCHMARK(findPair)->Unit(benchmark::kMicrosecond);
+
+/// With the key that ends "</".
+void closeTag(benchmark::State& state) {
+    OpenEditor open(200 * 1024);
+    editor::frmEditBody& editor = *open.window.editor();
+    for (auto _ : state) {
+        editor.txtBody.replaceSelection("</");
+        editor.txtBody_Typed("/");
+        ui::Window::letEventsRun();
+    }
+}
+BENCHMARK(closeTag)->Unit(benchmark::kMicrosecond);
+
+/// In a pause, so many words at once.
+void spellSomeWords(benchmark::State& state) {
+    const auto folders = tools::dictionaryFolders(bench::programFolder());
+    const auto dictionary = tools::Dictionary::open(folders, tools::defaultLanguage(folders));
+    if (dictionary == nullptr) {
+        state.SkipWithError("no dictionary");
+        return;
+    }
+    const tools::PersonalWords none{{}};
+    const text::Text body = bodyOf(200 * 1024);
+    std::optional<tools::SpellingScan> scan;
+    bool more = false;
+    for (auto _ : state) {
+        if (!more) {
+            state.PauseTiming();
+            scan.emplace(body, *dictionary, none);
+            state.ResumeTiming();
+        }
+        more = scan->goOn(200);
+    }
+}
+BENCHMARK(spellSomeWords)->Unit(benchmark::kMicrosecond);
 
 void boldInMegabyte(benchmark::State& state) {
     OpenEditor open;

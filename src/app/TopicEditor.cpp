@@ -29,6 +29,7 @@ void TopicEditor::show() {
         });
         editor_->Edited.connect([this] { noteEdit(); });
         editor_->CaretMoved.connect([this] { CaretMoved.raise(); });
+        editor_->Neighbour.connect([this](int step) { Neighbour.raise(step); });
         editor_->Find.connect([this] { Find.raise(); });
         editor_->FindNext.connect([this] { FindNext.raise(); });
         editor_->Raised.connect([this] { Raised.raise(); });

@@ -47,6 +47,7 @@ public:
     ui::Event<> CaretMoved; ///< in the text
     ui::Event<> ClosedByPerson;
     // As in frmEditBody.
+    ui::Event<int> Neighbour;
     ui::Event<> Find;
     ui::Event<> FindNext;
     ui::Event<> Raised;

@@ -7,6 +7,7 @@
 #include "app/FileKind.h"
 #include "platform/Version.h"
 #include "ui/HelpContext.h"
+#include "ui/Prompter.h"
 #include "ui/WindowPlace.h"
 
 namespace app {
@@ -109,6 +110,7 @@ void frmMain::connectControls() {
         mnuFileMRU_Click(slot);
     });
     UI_ON(splParts, Moved);
+    editor_.Neighbour.connect([this](int step) { editNeighbour(step); });
     UI_ON(lvLevels, ItemClick);
     UI_ON(lvLevels, DblClick);
     UI_ON(lvLevels, RowDragged);

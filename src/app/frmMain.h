@@ -246,6 +246,7 @@ private:
     void moveByKey(ui::Key& key);
     void moveByKeyOrEnter(ui::Key& key);
     void showNeighbour(int step);
+    void editNeighbour(int step);
 
     ui::Clipboard clipboard_;
     std::vector<model::Topic> copied_; ///< to be pasted; never on the system's clipboard

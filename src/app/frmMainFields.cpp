@@ -1,4 +1,5 @@
 #include "app/frmMain.h"
+#include "ui/Prompter.h"
 
 // The fields of the current topic in the main window.
 namespace app {
@@ -117,6 +118,16 @@ void frmMain::showNeighbour(int step) {
         if (showTopic(position) && box != nullptr) {
             box->select(usualEnd, 0); // as on entering it
         }
+    }
+}
+
+/// For the author who goes on in the editor.
+void frmMain::editNeighbour(int step) {
+    const int position = project_.currentIndex() + step;
+    if (position >= 1 && position <= project_.outline().count()) {
+        openTopicEditor(position);
+    } else {
+        ui::Prompter::current().beep();
     }
 }
 

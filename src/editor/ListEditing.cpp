@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "editor/TagStructure.h"
 #include "text/HtmlReader.h"
 
 namespace editor {
@@ -81,7 +82,13 @@ Passage endList(Passage passage, std::size_t start, std::size_t end) {
     }
     text.erase(start, end - start);
     std::size_t caret = listEnd(text, start);
-    caret = caret == Text::npos ? start : caret;
+    if (caret == Text::npos) { // being written just now
+        const Text before(TextView(text).substr(0, start));
+        Text end(lineBreak);
+        text::append(end, "</", elementToClose(before + Text(lineBreak)), ">");
+        text.insert(start, end);
+        caret = start + end.size();
+    }
     text.insert(caret, lineBreak);
     return {std::move(text), caret + lineBreak.size()};
 }

@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-#include "editor/PastedBlocks.h"
+#include "editor/PasteBuilder.h"
 #include "text/HtmlReader.h"
 
 namespace editor {
@@ -12,8 +12,6 @@ namespace editor {
 using text::HtmlReader;
 
 namespace {
-
-using Kind = PastedNode::Kind;
 
 template <std::size_t count>
 bool isOneOf(TextView name, const std::array<TextView, count>& names) {
@@ -99,11 +97,12 @@ public:
                 takeTag(reader_.lowerName());
             }
         }
-        endParagraph();
-        if (!says_ && root_.children.size() < (paragraphs_ ? 2 : SIZE_MAX)) {
+        PastedNode root = made_.take();
+        const bool divided = paragraphs_ && root.children.size() > 1;
+        if (!made_.says() && !divided) {
             return {};
         }
-        return std::move(root_);
+        return root;
     }
 
 private:
@@ -116,103 +115,10 @@ private:
     };
 
     static constexpr std::size_t mostElements = 200;
-    static constexpr std::size_t mostBlocks = 40;
 
-    // ---- Blocks ----
-
-    PastedNode& block() { return *blocks_.back(); }
-
-    void open(TextView tag) {
-        PastedNode node;
-        node.tag = tag;
-        block().children.push_back(std::move(node));
-        blocks_.push_back(&block().children.back());
-        pendingBlank_ = false;
-    }
-
-    /// Ends what holds runs: only other blocks can follow.
-    void endParagraph() {
-        pendingBlank_ = false;
-        if (!holdsRuns(block().tag)) {
-            return;
-        }
-        PastedNode& paragraph = block();
-        while (!paragraph.children.empty() && isBlankRun(paragraph.children.back())) {
-            paragraph.children.pop_back();
-        }
-        blocks_.pop_back();
-        if (paragraph.children.empty()) {
-            block().children.pop_back();
-        }
-    }
-
-    static bool isBlankRun(const PastedNode& run) {
-        if (run.kind == Kind::lineBreak) {
-            return true;
-        }
-        Text text = run.text;
-        for (std::size_t at = 0; (at = text.find("\u00A0")) != Text::npos;) {
-            text.erase(at, 2);
-        }
-        return run.kind == Kind::text && text.find_first_not_of(" \r\n") == Text::npos;
-    }
-
-    void closeBlocks(std::size_t left) {
-        endParagraph();
-        while (blocks_.size() > std::max<std::size_t>(left, 1)) {
-            blocks_.pop_back();
-        }
-    }
-
-    /// Opens what a block has to lie in, where the HTML has forgotten it.
-    void openFrameOf(TextView tag) {
-        const TextView in = block().tag;
-        const bool inRow = in == "tr";
-        if (in == "ul" || in == "ol") {
-            if (tag != "li") {
-                reopenLast("li");
-            }
-        } else if (tag == "li") {
-            open("ul");
-        }
-        if ((tag == "dt" || tag == "dd") && in != "dl") {
-            open("dl");
-        } else if (in == "dl" && tag != "dt" && tag != "dd") {
-            reopenLast("dd");
-        }
-        const bool isCell = tag == "td" || tag == "th";
-        if ((isCell || tag == "tr" || tag == "caption") && !inRow && in != "table") {
-            open("table");
-        }
-        if (block().is("table") && tag != "tr" && tag != "caption") {
-            reopenLast("tr");
-        }
-        if (block().is("tr") && !isCell) {
-            reopenLast("td");
-        }
-    }
-
-    /// Goes on in the last block when it is such a one.
-    void reopenLast(TextView tag) {
-        std::vector<PastedNode>& children = block().children;
-        if (!children.empty() && children.back().is(tag)) {
-            blocks_.push_back(&children.back());
-        } else {
-            open(tag);
-        }
-    }
-
-    void openBlock(TextView tag) {
-        endParagraph();
-        if (blocks_.size() >= mostBlocks) {
-            return;
-        }
-        openFrameOf(tag);
-        open(tag);
-        says_ = true;
-        if (tag == "td" || tag == "th") {
-            block().columns = spanOf("colspan");
-            block().rows = spanOf("rowspan");
+    void takeText() {
+        if (hidden_.empty()) {
+            made_.addText(text::resolvedReferences(reader_.text()));
         }
     }
 
@@ -221,159 +127,34 @@ private:
         return digits.empty() ? 1 : std::clamp(std::stoi(digits), 1, 1000);
     }
 
-    // ---- Runs ----
-
-    RunFormat formatHere() const {
-        RunFormat format = format_;
-        const TextView in = blocks_.back()->tag;
-        if (in.starts_with('h') || inHeaderCell()) {
-            format.bold = false;
-        }
-        format.code = format.code && in != "pre";
-        return format;
-    }
-
-    bool inHeaderCell() const {
-        return std::any_of(blocks_.begin(), blocks_.end(),
-                           [](const PastedNode* block) { return block->is("th"); });
-    }
-
-    void addRun(PastedNode run) {
-        if (!holdsRuns(block().tag)) {
-            openFrameOf("p");
-            open("p");
-        }
-        run.format = formatHere();
-        std::vector<PastedNode>& runs = block().children;
-        const bool follows = !runs.empty() && runs.back().kind == Kind::text;
-        if (std::exchange(pendingBlank_, false) && !runs.empty()
-            && runs.back().kind != Kind::lineBreak) {
-            if (follows && runs.back().format == run.format) {
-                runs.back().text += ' ';
-            } else {
-                PastedNode blank;
-                blank.kind = Kind::text;
-                blank.text = " ";
-                blank.format = common(runs.back().format, run.format);
-                runs.push_back(std::move(blank));
-            }
-        }
-        says_ = says_ || run.format != RunFormat() || run.kind == Kind::picture;
-        if (follows && run.kind == Kind::text && runs.back().format == run.format) {
-            runs.back().text += run.text;
-        } else {
-            runs.push_back(std::move(run));
-        }
-    }
-
-    /// How a blank between two runs looks.
-    static RunFormat common(const RunFormat& a, const RunFormat& b) {
-        return {a.link == b.link ? a.link : Text(),
-                a.bold && b.bold,
-                a.italic && b.italic,
-                a.underlined && b.underlined,
-                a.code && b.code,
-                a.lowered && b.lowered,
-                a.raised && b.raised};
-    }
-
-    void addText(Text text) {
-        if (!text.empty()) {
-            PastedNode run;
-            run.kind = Kind::text;
-            run.text = std::move(text);
-            addRun(std::move(run));
-        }
-    }
-
-    void takeText() {
-        if (!hidden_.empty()) {
-            return;
-        }
-        const Text text = text::resolvedReferences(reader_.text());
-        if (block().is("pre")) {
-            addLines(text);
-            return;
-        }
-        Text word;
-        for (const char character : text) {
-            const bool blank = static_cast<unsigned char>(character) <= ' ';
-            if (!blank) {
-                word += character;
-            } else if (!word.empty() || !pendingBlank_) {
-                addText(std::exchange(word, {}));
-                pendingBlank_ = true;
-            }
-        }
-        if (convertedBlank_ && word == "\u00A0") {
-            pendingBlank_ = true;
-        } else {
-            addText(word);
-        }
-    }
-
-    void addLines(TextView text) {
-        Text lines;
-        for (const char character : text) {
-            if (character == '\n') {
-                lines += text::lineBreak;
-            } else if (character == '\t' || static_cast<unsigned char>(character) >= ' ') {
-                lines += character;
-            }
-        }
-        if (block().children.empty() && lines.starts_with(text::lineBreak)) {
-            lines.erase(0, text::lineBreak.size());
-        }
-        addText(std::move(lines));
-    }
-
-    void addLineBreak() {
-        std::vector<PastedNode>& runs = block().children;
-        if (block().is("pre")) {
-            addLines("\n");
-        } else if (!holdsRuns(block().tag) || runs.empty()) {
-            return;
-        } else if (runs.back().kind == Kind::lineBreak) {
-            endParagraph();
-        } else {
-            pendingBlank_ = false;
-            PastedNode run;
-            run.kind = Kind::lineBreak;
-            addRun(std::move(run));
-        }
-    }
-
     void addPicture() {
         const Text address = resolved(reader_.attribute("src"));
         const Text alternative = resolved(reader_.attribute("alt"));
         if (leadsIntoNet(address)) {
-            const RunFormat format = format_;
-            format_.link = format.link.empty() && !alternative.empty() ? address : format.link;
-            addText(alternative);
-            format_ = format;
+            const RunFormat format = made_.format;
+            if (format.link.empty() && !alternative.empty()) {
+                made_.format.link = address;
+            }
+            made_.addText(alternative);
+            made_.format = format;
             return;
         }
-        PastedNode run;
-        run.kind = Kind::picture;
-        run.picture = {address.empty() ? Text() : targets_.picture(address), alternative,
-                       digitsOf(reader_.attribute("width")), digitsOf(reader_.attribute("height"))};
-        if (run.picture.source.empty()) {
-            addText(alternative);
+        const Text source = address.empty() ? Text() : targets_.picture(address);
+        if (source.empty()) {
+            made_.addText(alternative);
         } else {
-            addRun(std::move(run));
+            made_.addPicture({source, alternative, digitsOf(reader_.attribute("width")),
+                              digitsOf(reader_.attribute("height"))});
         }
     }
 
-    // ---- Tags ----
-
     void takeTag(const Text& name) {
         if (name == "br") {
-            addLineBreak();
+            made_.addLineBreak();
         } else if (name == "img") {
             addPicture();
         } else if (name == "hr") {
-            openBlock("hr");
-            blocks_.pop_back();
+            made_.addRule();
         } else if (isHidden(name)) {
             hidden_ = name;
             hiddenDepth_ = 1;
@@ -419,13 +200,13 @@ private:
     }
 
     void begin(const Text& name) {
-        const Element element{name, format_, blocks_.size(), convertedBlank_};
+        const Element element{name, made_.format, made_.blockCount(), made_.convertedBlank};
         if (dividesText(name)) {
-            endParagraph();
+            made_.endParagraph();
             paragraphs_ = paragraphs_ || name == "p";
         } else if (isBlock(name)) {
-            if (!block().is("pre")) {
-                openBlock(name);
+            if (!made_.isIn("pre")) {
+                made_.openBlock(name, spanOf("colspan"), spanOf("rowspan"));
             }
         } else {
             applyTag(name);
@@ -433,23 +214,24 @@ private:
         }
         if (elements_.size() < mostElements) {
             elements_.push_back(element);
-            if (blocks_.size() < elements_.back().blocks) {
-                elements_.back().blocks = blocks_.size();
+            if (made_.blockCount() < elements_.back().blocks) {
+                elements_.back().blocks = made_.blockCount();
             }
         }
     }
 
     void applyTag(TextView name) {
-        format_.bold = format_.bold || isOneOf<2>(name, {"b", "strong"});
-        format_.italic = format_.italic || isOneOf<5>(name, {"i", "em", "cite", "var", "dfn"});
-        format_.underlined = format_.underlined || name == "u";
-        format_.code = format_.code || isOneOf<4>(name, {"code", "tt", "kbd", "samp"});
-        format_.lowered = format_.lowered || name == "sub";
-        format_.raised = format_.raised || name == "sup";
-        convertedBlank_ = reader_.attribute("class") == "Apple-converted-space";
+        made_.format.bold = made_.format.bold || isOneOf<2>(name, {"b", "strong"});
+        made_.format.italic =
+            made_.format.italic || isOneOf<5>(name, {"i", "em", "cite", "var", "dfn"});
+        made_.format.underlined = made_.format.underlined || name == "u";
+        made_.format.code = made_.format.code || isOneOf<4>(name, {"code", "tt", "kbd", "samp"});
+        made_.format.lowered = made_.format.lowered || name == "sub";
+        made_.format.raised = made_.format.raised || name == "sup";
+        made_.convertedBlank = reader_.attribute("class") == "Apple-converted-space";
         if (name == "a") {
             const Text address = resolved(reader_.attribute("href"));
-            format_.link =
+            made_.format.link =
                 leadsIntoNet(address) || address.empty() ? address : targets_.page(address);
         }
     }
@@ -460,15 +242,15 @@ private:
         }
         const Text weight = property(style, "font-weight");
         if (!weight.empty()) {
-            format_.bold = weight.starts_with("bold") || (weight >= "600" && weight <= "999");
+            made_.format.bold = weight.starts_with("bold") || (weight >= "600" && weight <= "999");
         }
         const Text slant = property(style, "font-style");
         if (!slant.empty()) {
-            format_.italic = slant.starts_with("italic") || slant.starts_with("oblique");
+            made_.format.italic = slant.starts_with("italic") || slant.starts_with("oblique");
         }
         const Text height = property(style, "vertical-align");
-        format_.raised = format_.raised || height == "super";
-        format_.lowered = format_.lowered || height == "sub";
+        made_.format.raised = made_.format.raised || height == "super";
+        made_.format.lowered = made_.format.lowered || height == "sub";
     }
 
     void close(TextView name) {
@@ -484,7 +266,7 @@ private:
             }
         }
         if (dividesText(name)) {
-            endParagraph();
+            made_.endParagraph();
         }
     }
 
@@ -496,24 +278,19 @@ private:
         }
         elements_.resize(index);
         if (divides) {
-            closeBlocks(element.blocks);
+            made_.closeBlocks(element.blocks);
         }
-        format_ = element.format;
-        convertedBlank_ = element.convertedBlank;
+        made_.format = element.format;
+        made_.convertedBlank = element.convertedBlank;
     }
 
     HtmlReader reader_;
     PasteTargets& targets_;
-    PastedNode root_;
-    std::vector<PastedNode*> blocks_{&root_}; ///< open ones, each the last child of the one before
+    PasteBuilder made_;
     std::vector<Element> elements_;
-    RunFormat format_;
     Text hidden_; ///< the element that is passed over; empty for none
     int hiddenDepth_ = 0;
-    bool pendingBlank_ = false;
-    bool convertedBlank_ = false; ///< the browser has made a non-breaking space of a blank
-    bool paragraphs_ = false;     ///< there are tags of paragraphs
-    bool says_ = false;           ///< there is more than text
+    bool paragraphs_ = false; ///< there are tags of paragraphs
 };
 
 } // namespace

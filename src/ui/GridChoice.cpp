@@ -34,7 +34,8 @@ struct Popup : QWidget {
         rows = std::clamp(newRows, 1, GridChoice::most);
         columns = std::clamp(newColumns, 1, GridChoice::most);
         setAccessibleName(label());
-        resize(shownColumns() * cell() + 2 * margin,
+        resize(std::max(shownColumns() * cell(), fontMetrics().horizontalAdvance(label()))
+                   + 2 * margin,
                shownRows() * cell() + 2 * margin + fontMetrics().height() + 4);
         update();
     }

@@ -94,6 +94,8 @@ struct HtmlBox::Hooks : TextHooks {
         : owner(box), area(static_cast<QPlainTextEdit&>(*box.native().widget)), marks(area),
           choices(area) {
         choices.chosen = [this] { owner.Chosen.raise(); };
+        QObject::connect(&area, &QPlainTextEdit::cursorPositionChanged, &context,
+                         [this] { owner.CaretMove.raise(); });
     }
 
     bool wantsKey(const QKeyEvent& event) override { return choices.wants(event); }
@@ -164,6 +166,7 @@ struct HtmlBox::Hooks : TextHooks {
         return true;
     }
 
+    QObject context; ///< for what is heard as long as this is there
     HtmlBox& owner;
     QPlainTextEdit& area;
     TextMarks marks;
@@ -216,6 +219,16 @@ Text HtmlBox::textBeforeCaret(int characters) const {
     cursor.setPosition(std::max(0, end - characters));
     cursor.setPosition(end, QTextCursor::KeepAnchor);
     return fromQt(cursor.selectedText().replace(QChar::ParagraphSeparator, QStringLiteral("\r\n")));
+}
+
+bool HtmlBox::isAtTag() const {
+    const QTextCursor cursor = hooks_->area.textCursor();
+    const QString line = cursor.block().text();
+    const int place = cursor.positionInBlock();
+    const bool atEdge =
+        (place > 0 && line[place - 1] == '>') || (place < line.size() && line[place] == '<');
+    const auto before = QStringView(line).left(place);
+    return atEdge || before.lastIndexOf(u'<') > before.lastIndexOf(u'>');
 }
 
 void HtmlBox::offer(const std::vector<Text>& choices, int typed, bool first) {

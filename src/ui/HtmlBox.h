@@ -63,6 +63,9 @@ public:
     /// So many characters before the caret, or less at the beginning; at once, too.
     Text textBeforeCaret(int characters) const;
 
+    /// Whether the caret is in a tag or at its edge, as far as its line tells; at once.
+    bool isAtTag() const;
+
     /// Shows a list of texts at the caret; the one that is chosen takes the place of the last
     /// `typed` characters before it. None closes the list. With `first`, Enter and
     /// Tab take the first one at once; otherwise they do what they always do until an arrow key has
@@ -73,6 +76,7 @@ public:
     /// Whether files that are about to be dropped are of use.
     std::function<bool(const std::vector<std::filesystem::path>&)> takesFiles;
 
+    Event<> CaretMove;     ///< by whatever
     Event<TextView> Typed; ///< letters that the person has entered, when they stand in the text
     Event<EditKey&> EditKeyDown;
     Event<Incoming&> Entering; ///< where nobody handles it, its text is entered

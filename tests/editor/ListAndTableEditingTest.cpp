@@ -32,6 +32,7 @@ TEST(ListEditing, EnterGoesOnAndTwiceEnds) {
         {"<ul>\r\n<li>a\r\n<li>|\r\n</ul> end", "<ul>\r\n<li>a\r\n</ul>\r\n| end"},
         {"<ul>\r\n<li>a</li>\r\n<li>|</li>\r\n</ul>", "<ul>\r\n<li>a</li>\r\n</ul>\r\n|"},
         {"<ul><li>a<ul><li>|</ul><li>c</ul>", "<ul><li>a<ul></ul>\r\n|<li>c</ul>"},
+        {"<p>x<ol>\r\n<li>a\r\n<li>|", "<p>x<ol>\r\n<li>a\r\n</ol>\r\n|"},
         {"<ul><li>a</ul>b|", "(nothing)"},
         {"<ul><li><pre>a|</pre></ul>", "(nothing)"},
         {"<li|>", "(nothing)"},

@@ -49,6 +49,21 @@ constexpr ui::CommandRow<Form> commands[] = {
      run<&Form::mnuEditPasteText_Click>, when<&Form::canPaste>},
     {command, "mnuEditAll", "Select &All", nullptr, nullptr, "SelectAll", "Ctrl+A",
      run<&Form::mnuEditAll_Click>},
+    {separator, "mnuEditBar1"},
+    plain("mnuEditFindText", "&Find in Text...", run<&Form::mnuEditFindText_Click, false>, "Search",
+          "Ctrl+F"),
+    plain("mnuEditReplaceText", "Replace in Te&xt...", run<&Form::mnuEditFindText_Click, true>,
+          nullptr, "Ctrl+H"),
+    plain("mnuEditFind", "Find in Pro&ject...", run<&Form::mnuEditFind_Click>, nullptr,
+          "Ctrl+Shift+F"),
+    plain("mnuEditFindNext", "Find N&ext", run<&Form::mnuEditFindNext_Click>, nullptr, "F3"),
+    {separator, "mnuEditBar2"},
+    plain("mnuEditComplete", "Co&mplete", run<&Form::mnuEditComplete_Click>, nullptr, "Ctrl+Space"),
+    plain("mnuEditAids", "&Writing Aids...", run<&Form::mnuEditAids_Click>),
+    {separator, "mnuEditBar3"},
+    plain("mnuEditPrevious", "Pre&vious Topic", run<&Form::mnuEditTopic_Click, -1>, nullptr,
+          "Ctrl+PgUp"),
+    plain("mnuEditNext", "Next T&opic", run<&Form::mnuEditTopic_Click, 1>, nullptr, "Ctrl+PgDown"),
     {end},
 
     {menu, "mnuTag", "&HTML Tag"},
@@ -79,6 +94,7 @@ constexpr ui::CommandRow<Form> commands[] = {
      run<&Form::mnuTagTopiclink_Click>},
     {command, "mnuTagWeblink", "Insert &Web Page", "WebLink", "Insert Web Link", "WebLink",
      "Ctrl+Shift+L", run<&Form::mnuTagWeblink_Click>},
+    plain("mnuTagSnippet", "S&nippets...", run<&Form::mnuTagSnippet_Click>, nullptr, "Ctrl+J"),
     {menu, "mnuTagChars", "Insert &Special Chars"},
     plain("mnuTagCharsNBS", "Non Breaking Space", run<&Form::mnuTagChars_Click, Form::nbsp>),
     plain("mnuTagCharsSQuote", "Single Quote '", run<&Form::mnuTagChars_Click, Form::apostrophe>),
@@ -115,12 +131,8 @@ constexpr ui::CommandRow<Form> commands[] = {
      run<&Form::mnuSpellCheck_Click>},
 
     // Not in the menu bar.
-    {command, "mnuEditFind", "Find...", nullptr, nullptr, nullptr, "Ctrl+F",
-     run<&Form::mnuEditFind_Click>},
-    {command, "mnuEditFindNext", "Find Next", nullptr, nullptr, nullptr, "F3",
-     run<&Form::mnuEditFindNext_Click>},
     {command, "mnuPreviewClose", "Close Preview", nullptr, nullptr, nullptr, "Esc",
-     run<&Form::mnuPreviewClose_Click>, when<&Form::hasPreview>},
+     run<&Form::mnuPreviewClose_Click>, when<&Form::canLeave>},
 };
 
 constexpr const char* keys[] = {

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "editor/MarkUp.h"
-#include "editor/TableEditing.h"
 #include "ui/HelpContext.h"
 #include "ui/Prompter.h"
 #include "ui/WindowPlace.h"
@@ -27,7 +26,8 @@ constexpr int minimumHeight = 5850;
 frmEditBody::frmEditBody(ui::Window& owner, model::Project& project, ui::Settings& settings,
                          EditorMemory& memory, std::filesystem::path programFolder)
     : Window(Kind::main, windowName, &owner), project_(project), settings_(settings),
-      memory_(memory), programFolder_(std::move(programFolder)) {
+      memory_(memory), programFolder_(std::move(programFolder)),
+      aids_({txtBody, settings_, memory_.words, tools::dictionaryFolders(programFolder_), names_}) {
     setCaption("Edit Body");
     setHelpContext(ui::editorHelp);
     arrange();
@@ -37,6 +37,8 @@ frmEditBody::frmEditBody(ui::Window& owner, model::Project& project, ui::Setting
     fillFromTemplate();
     updateCommands();
     txtBody.setFocus();
+    aids_.textChanged();
+    showPlace();
 }
 
 frmEditBody::~frmEditBody() {
@@ -91,7 +93,12 @@ void frmEditBody::Resize() {
     // Large fonts take their room from the body.
     const int bodyTop = std::max(bottom - (height() - 2115), fieldsHeight + 2 * gap);
     pnlFields.place(margin, (bodyTop - fieldsHeight) / 2, width() - 330, fieldsHeight);
-    txtBody.place(margin, bodyTop, width() - 330, bottom - bodyTop);
+    const int placeHeight = lblPlace.minimumHeight();
+    const int barHeight = barFind.isOpen() ? barFind.minimumHeight() + gap : 0;
+    const int bodyBottom = bottom + bottomMargin - placeHeight - barHeight - gap / 2;
+    txtBody.place(margin, bodyTop, width() - 330, bodyBottom - bodyTop);
+    barFind.place(margin, bodyBottom + gap, width() - 330, barHeight - gap);
+    lblPlace.place(margin, bottom + bottomMargin - placeHeight, width() - 330, placeHeight);
 }
 
 void frmEditBody::restoreSettings() {
@@ -230,27 +237,14 @@ void frmEditBody::storeIn(model::Project& project) const {
 }
 
 void frmEditBody::connectControls() {
-    UI_ON(txtBody, Change);
-    UI_ON(txtBody, Entering);
-    UI_ON(txtBody, EditKeyDown);
-    txtBody.takesFiles = [this](const auto& files) { return pasting_.takes(files); };
-    tableGrid_.Chosen.connect([this](int rows, int columns) {
-        txtBody.nameSteps("Insert Table");
-        change([=](Passage passage) { return newTable(std::move(passage), rows, columns); });
-        txtBody.nameSteps({});
-    });
+    connectBody();
     UI_ON(txtKeywords, Change);
     UI_ON(txtShortDesc, Change);
     UI_ON(icboImage, Change);
     UI_ON(tbTools, ButtonClick);
     UI_ON(tbTools, ButtonMenuClick);
     for (ui::TextBox* box : fields()) {
-        box->SelectionChange.connect([this, box] {
-            updateCommands();
-            if (box == &txtBody) {
-                CaretMoved.raise();
-            }
-        });
+        box->SelectionChange.connect([this] { updateCommands(); });
     }
     clipboard_.Change.connect([this] { updateCommands(); });
     FocusChange.connect([this] { updateCommands(); });

@@ -4,10 +4,13 @@
 #include <functional>
 
 #include "editor/Passage.h"
+#include "editor/ProjectNames.h"
 #include "editor/References.h"
 #include "editor/forms/EditorCommands.h"
+#include "editor/forms/FindBar.h"
 #include "editor/forms/Pasting.h"
 #include "editor/forms/TemplateCache.h"
+#include "editor/forms/WritingAids.h"
 #include "editor/forms/frmPreview.h"
 #include "model/Project.h"
 #include "ui/Clipboard.h"
@@ -24,6 +27,7 @@ namespace editor {
 struct EditorMemory {
     TemplateCache templates;
     GraphicOptions graphic;
+    LiveDictionary words;
 };
 
 /// Edits the body, keywords, short description and image of the project's current topic. Edits
@@ -85,6 +89,8 @@ public:
     ui::Label lblShortDesc{pnlFields, "Short Description:", &txtShortDesc};
     ui::Label lblImage{pnlFields, "Image:", &icboImage};
     ui::HtmlBox txtBody{*this};
+    FindBar barFind{*this, txtBody};
+    ui::Label lblPlace{*this, ""}; ///< line, column and words
     ui::Toolbar tbTools{*this, ui::Toolbar::Size::small};
 
     ui::Event<> Edited; ///< raised for every edit, also one that is taken back
@@ -93,11 +99,17 @@ public:
     ui::Event<> Find;
     ui::Event<> FindNext;
 
+    ui::Event<int> Neighbour; ///< the author wants the next topic, or with -1 the one before
+
     ui::Event<> CaretMoved; ///< in the body
 
     ui::Event<> Raised; ///< the window, perhaps with its preview, has come before others
 
-    void txtBody_Change() { lookForEdits(); }
+    void txtBody_Change();
+    void txtBody_CaretMove();
+    void txtBody_Typed(TextView letters) { aids_.typed(letters); }
+    void txtBody_Chosen() { aids_.complete(false); }
+    void txtBody_MenuOpening(ui::TextMenu& menu) { aids_.fillMenu(menu); }
     void txtBody_Entering(ui::Incoming& incoming);
     void txtBody_EditKeyDown(ui::EditKey& key);
     void txtKeywords_Change() { lookForEdits(); }
@@ -111,7 +123,7 @@ public:
     void mnuFilePreview_Click();
     void mnuFileSave_Click();
     void mnuFileClose_Click() { close(); }
-    void mnuPreviewClose_Click() { preview_->close(); }
+    void mnuPreviewClose_Click();
     void mnuEditUndo_Click() { focusedTextBox()->undo(); }
     void mnuEditRedo_Click() { focusedTextBox()->redo(); }
     void mnuEditCut_Click();
@@ -137,9 +149,15 @@ public:
     void mnuTableChange_Click(TableChange what);
     void mnuSpellCheck_Click();
     void mnuEditFind_Click() { Find.raise(); }
-    void mnuEditFindNext_Click() { FindNext.raise(); }
+    void mnuEditFindNext_Click();
+    void mnuEditFindText_Click(bool replacing) { barFind.open(replacing); }
+    void mnuEditAids_Click();
+    void mnuEditComplete_Click() { aids_.complete(true); }
+    void mnuEditTopic_Click(int step) { Neighbour.raise(step); }
+    void mnuTagSnippet_Click();
 
     bool hasPreview() const { return preview_ != nullptr && preview_->isVisible(); }
+    bool canLeave() const { return barFind.isOpen() || hasPreview(); }
     bool canUndo() const;
     bool canRedo() const;
     bool canCopy() const;
@@ -158,6 +176,8 @@ private:
     void lookForEdits();
     void setChangedState(bool changed);
     void updateCommands();
+    void connectBody();
+    void showPlace();
     void showTableButton(const Text& key);
 
     /// False, and said so, in a field that is not for mark-up; false too where no field has the
@@ -174,6 +194,9 @@ private:
     ui::Clipboard clipboard_;
     Pasting pasting_{*this, txtBody, project_};
     ui::GridChoice tableGrid_{*this};
+    ProjectNames names_{project_, [this] { return txtBody.countedText(); }};
+    WritingAids aids_;
+    std::size_t wordCount_ = 0;
     ui::CommandSet commands_{*this, editorCommands()};
     std::unique_ptr<frmPreview> preview_;
     int tableSize_ = 3;

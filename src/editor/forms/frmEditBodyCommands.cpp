@@ -1,9 +1,6 @@
-#include "editor/ListEditing.h"
 #include "editor/MarkUp.h"
 #include "editor/PictureFile.h"
 #include "editor/PreviewPage.h"
-#include "editor/TableEditing.h"
-#include "editor/forms/TextChange.h"
 #include "editor/forms/dlgGraphicOptions.h"
 #include "editor/forms/dlgTopicLink.h"
 #include "editor/forms/dlgWebLinkText.h"
@@ -59,28 +56,6 @@ void frmEditBody::mnuEditCopy_Click() {
 
 void frmEditBody::mnuEditCut_Click() {
     focusedTextBox()->cut();
-}
-
-void frmEditBody::mnuEditPaste_Click() {
-    ui::TextBox* const box = focusedTextBox();
-    if (box != &txtBody || !pasting_.insert(clipboard_.content())) {
-        box->paste();
-    }
-}
-
-void frmEditBody::mnuEditPasteText_Click() {
-    ui::TextBox* const box = focusedTextBox();
-    if (box == &txtBody) {
-        pasting_.insertAsText(clipboard_.content());
-    } else {
-        box->paste();
-    }
-}
-
-void frmEditBody::txtBody_Entering(ui::Incoming& incoming) {
-    txtBody.nameSteps("Paste");
-    incoming.handled = pasting_.insert(incoming);
-    txtBody.nameSteps({});
 }
 
 void frmEditBody::mnuEditAll_Click() {
@@ -209,29 +184,6 @@ void frmEditBody::mnuTableCol_Click(int index) {
     });
 }
 
-/// Tab and Enter go on in a table or list; elsewhere they do what they always do.
-void frmEditBody::txtBody_EditKeyDown(ui::EditKey& key) {
-    if (key.which == ui::EditKey::Which::tab) {
-        key.handled = changeText(txtBody, key.shift ? previousCell : nextCell);
-    } else if (!key.shift) {
-        key.handled = changeText(txtBody, nextItem);
-    }
-}
-
-void frmEditBody::mnuTableDraw_Click() {
-    if (mayInsertTags()) {
-        tableGrid_.show(txtBody.selectionPlace());
-    }
-}
-
-void frmEditBody::mnuTableChange_Click(TableChange what) {
-    constexpr std::optional<Passage> (*commands[])(Passage) = {addRow, removeRow, addColumn,
-                                                               removeColumn};
-    if (mayInsertTags() && !changeText(txtBody, commands[what])) {
-        Prompter::current().beep();
-    }
-}
-
 // ---- Pictures and links ----
 
 std::optional<fs::path> frmEditBody::chooseFile(const char* title, const char* filter,
@@ -351,6 +303,7 @@ void frmEditBody::mnuSpellCheck_Click() {
     if (whole) {
         box->select(box->selection().start, 0);
     }
+    aids_.wordsChanged();
     tools::tellOutcome(*this, failed ? Outcome::failed : outcome, checker.get());
 }
 

@@ -4,6 +4,7 @@
 
 #include "text/TextLines.h"
 #include "text/Unicode.h"
+#include "tools/forms/SpellingSettings.h"
 #include "ui/HelpContext.h"
 #include "ui/Prompter.h"
 
@@ -11,26 +12,13 @@ namespace tools {
 
 namespace fs = std::filesystem;
 
-namespace {
-
-constexpr const char* section = "Spelling";
-constexpr const char* languageKey = "Language";
-constexpr const char* personalFile = "personal words.txt";
-
-} // namespace
-
 Text WordRows::cell(int row, int /*column*/) const {
     return words[static_cast<std::size_t>(row - 1)];
 }
 
 std::unique_ptr<dlgSpelling> dlgSpelling::create(ui::Window& owner, ui::Settings& settings,
                                                  std::vector<fs::path> folders) {
-    std::string language = settings.get(section, languageKey);
-    std::unique_ptr<Dictionary> dictionary = Dictionary::open(folders, language);
-    if (dictionary == nullptr) {
-        language = defaultLanguage(folders);
-        dictionary = Dictionary::open(folders, language);
-    }
+    auto [dictionary, language] = chosenDictionary(settings, folders);
     if (dictionary == nullptr) {
         return nullptr;
     }
@@ -42,7 +30,7 @@ dlgSpelling::dlgSpelling(ui::Window& owner, ui::Settings& settings, std::vector<
                          std::unique_ptr<Dictionary> dictionary, const std::string& language)
     : Window(Kind::dialog, "dlgSpelling", &owner), settings_(settings),
       folders_(std::move(folders)), dictionary_(std::move(dictionary)),
-      personal_(settings.folder() / personalFile), spelling_(*dictionary_, personal_),
+      personal_(personalWordsFile(settings)), spelling_(*dictionary_, personal_),
       lvSuggestions(*this, {{"", 3000}}, rows_) {
     arrange();
     setHelpContext(ui::spellingHelp);
@@ -162,7 +150,7 @@ void dlgSpelling::icboLanguage_Change() {
     }
     spelling_.setDictionary(*chosen);
     dictionary_ = std::move(chosen);
-    settings_.set(section, languageKey, language);
+    chooseDictionary(settings_, language);
     showNext();
     icboLanguage.setFocus(); // for another try
 }

@@ -78,6 +78,8 @@ std::vector<std::string> chooseAtCaret(const HtmlBox& box, const std::string& ca
     QContextMenuEvent event(QContextMenuEvent::Keyboard, place,
                             area.viewport()->mapToGlobal(place));
     QApplication::sendEvent(area.viewport(), &event);
+    area.window()->activateWindow();
+    area.setFocus();
     settle();
     return offered;
 }
