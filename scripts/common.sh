@@ -34,7 +34,19 @@ BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev qt6-webengine-dev
 # compiler of it (fp-utils), judges of electronic books and of PDF files; the last line for the Debian package.
 TEST_PACKAGES=(libgtest-dev clang libclang-rt-14-dev libmspack-dev p7zip-full python3-chm fp-utils
                epubcheck unzip qpdf poppler-utils
+               chromium nodejs tidy
                dpkg-dev file desktop-file-utils lintian appstream bash-completion)
+
+# What drives the browser in tests, into build/web-tests; anew when another version is wanted.
+web_modules() {
+    command -v npm >/dev/null || need npm
+    mkdir -p build/web-tests
+    cmp -s tests/web/package-lock.json build/web-tests/installed && return
+    step "installing what drives the browser"
+    cp tests/web/package.json tests/web/package-lock.json build/web-tests/
+    npm ci --prefix build/web-tests --ignore-scripts --no-audit --no-fund
+    cp tests/web/package-lock.json build/web-tests/installed
+}
 
 # What cross-builds for Windows; see scripts/build-windows.
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix dpkg-dev googletest librsvg2-bin imagemagick

@@ -25,10 +25,38 @@ class Packed {
     return this.alone + this.pairs * 93 + ((first - this.alone - this.pairs) * 93 + second) * 93 + this.symbol();
   }
   letters(count) { return this.text.slice(this.at, this.at += count); }
+  bit() {
+    if (!this.left) {
+      this.group = this.symbol() * 93 + this.symbol();
+      this.left = 13;
+    }
+    return this.group >> --this.left & 1;
+  }
+  bits(count) {
+    let number = 0;
+    while (count--) number = number * 2 + this.bit();
+    return number;
+  }
+  // [page, weight] of each page that has a word.
+  pages(all) {
+    let length = 0, usual = 0;
+    while (!this.bit()) length++;
+    let count = 2 ** length + this.bits(length);
+    while (count * 2 ** (usual + 1) <= all) usual++;
+    const pages = [];
+    for (let page = 0; count--;) {
+      let high = 0;
+      while (this.bit()) high++;
+      page += high * 2 ** usual + this.bits(usual) + 1;
+      pages.push([page, 1 + this.bit()]);
+    }
+    return pages;
+  }
   // A word that shares its beginning with the one before.
   word(before) {
-    const shared = this.number();
-    return before.slice(0, shared) + this.letters(this.number());
+    const both = this.symbol();
+    const [shared, others] = both < 81 ? [both / 9 | 0, both % 9 + 1] : [this.number(), this.number()];
+    return before.slice(0, shared) + this.letters(others);
   }
 }
 
@@ -38,7 +66,7 @@ function openSearch() {
     const { letters, joined } = directory;
     return Object.assign(directory, {
       wordRule: `[${joined}]+|(?:(?![${joined}])[${letters}])+(?:['\u2019\u00ad](?:(?![${joined}])[${letters}])+)*`,
-      runRule: new RegExp(`^[${joined}]`, "u"), wordStart: new RegExp(`^(?![${joined}])[${letters}]`, "u"),
+      runRule: new RegExp(`^[${joined}]`, "u"), wordStart: new RegExp(`^(?![${joined}])[${letters}]`, "u"), wordEnd: new RegExp(`(?![${joined}])[${letters}]$`, "u"),
       pieces: [], pages: [], flat: [], titles: []
     });
   });
@@ -46,11 +74,12 @@ function openSearch() {
 
 async function wordsOf(s, piece) {
   if (s.pieces[piece]) return s.pieces[piece];
-  const reader = new Packed(await load("words/" + piece, "words" + piece), s.splits[0], s.splits[1]);
+  const [spelled, pages] = await load("words/" + piece, "words" + piece);
+  const reader = new Packed(spelled, s.splits[0], s.splits[1]), bits = new Packed(pages);
   const words = [];
   for (let word = ""; reader.more;) {
     word = reader.word(word);
-    words.push([word, reader.letters(reader.number())]);
+    words.push([word, bits.pages(s.count)]);
   }
   return s.pieces[piece] = words;
 }
@@ -65,11 +94,8 @@ async function addPages(s, wanted, isWhole, found) {
   for (const words of await Promise.all(pieces.map(piece => wordsOf(s, piece)))) {
     for (const [word, pages] of words) {
       if (isWhole ? word !== wanted : !word.startsWith(wanted)) continue;
-      const reader = new Packed(pages, s.splits[0], s.splits[1]);
-      for (let page = 0; reader.more;) {
-        const number = reader.number();
-        page += (number >> 1) + 1;
-        const weight = (word === wanted ? 2 : 1) * (1 + number % 2);
+      for (const [page, often] of pages) {
+        const weight = (word === wanted ? 2 : 1) * often;
         if (!(found.get(page) >= weight)) found.set(page, weight);
       }
     }
@@ -125,11 +151,22 @@ async function textOf(s, page) {
 }
 const openParts = s => s.table ??= load("parts", "parts0").then(text => {
   const reader = new Packed(text, s.splits[2], s.splits[3]);
-  const table = [["", false], ["", false]];
-  for (let part = ""; reader.more;) {
-    part = reader.word(part);
-    table.push([part, s.wordStart.test(part)]);
+  const table = [[""], [""]];
+  for (let tier = 0; tier < 3; tier++) {
+    let part = "";
+    for (let count = reader.number(); count--;) {
+      part = reader.word(part);
+      table.push([part, s.wordStart.test(part), s.wordEnd.test(part)]);
+    }
+    for (let count = reader.number(); count--;) table.push([null, reader.number(), reader.number()]);
   }
+  const join = number => {
+    const part = table[number];
+    if (part[0] !== null) return part;
+    const one = join(part[1]), other = join(part[2]);
+    return table[number] = [one[0] + (one[2] && other[1] ? " " : "") + other[0], one[1], other[2]];
+  };
+  table.forEach((part, number) => join(number));
   return table;
 });
 function unpacked(s, table, packed) {
@@ -138,14 +175,15 @@ function unpacked(s, table, packed) {
   while (reader.more) {
     const number = reader.number();
     if (number === 1) { isCapital = true; continue; }
-    let [part, isWord] = table[number];
+    let [part, beginsWord, endsWord] = table[number];
     if (number === 0) {
       part = reader.letters(reader.number());
-      isWord = s.wordStart.test(part);
+      beginsWord = s.wordStart.test(part);
+      endsWord = s.wordEnd.test(part);
     }
     if (isCapital) part = part[0].toUpperCase() + part.slice(1);
-    text += isWord && isBehindWord ? " " + part : part;
-    isBehindWord = isWord;
+    text += beginsWord && isBehindWord ? " " + part : part;
+    isBehindWord = endsWord;
     isCapital = false;
   }
   return text;

@@ -47,7 +47,7 @@ function makeSide() {
     }
   };
 
-  const count = make("p.ts-note", { role: "status" });
+  const count = make("p.ts-note", { role: "status", dir: "auto" });
   const hits = make("ul.ts-hits");
   let asked = 0, before = "contents";
   const ask = async () => {
@@ -60,12 +60,16 @@ function makeSide() {
     }
     if (kept.get("tab") !== "results") before = kept.get("tab", "contents");
     choose("results");
-    const { parts, pages } = await find(question);
+    const found = await find(question).catch(() => null);
     if (number !== asked) return;
-    count.textContent = pages.length === 1 ? "1 page" : pages.length + " pages";
     hits.replaceChildren();
     if (!panels.results.contains(hits)) panels.results.replaceChildren(count, hits);
-    showMore(question, parts, pages, 0);
+    if (!found) {
+      count.textContent = "Files of the search are missing.";
+      return;
+    }
+    count.textContent = found.pages.length === 1 ? "1 page" : found.pages.length + " pages";
+    showMore(question, found.parts, found.pages, 0);
   };
   const showMore = (question, parts, pages, from) => {
     for (const page of pages.slice(from, from + shown)) {

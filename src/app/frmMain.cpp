@@ -26,6 +26,7 @@ frmMain::frmMain(ui::Settings& settings, const fs::path& programFolder)
       generation_(*this, project_, session_, lastReport_, settings, programFolder),
       books_(*this, project_, session_, lastReport_, programFolder),
       compilation_(*this, project_, session_, settings, generation_, lastReport_),
+      webSite_(*this, project_, session_, settings, generation_, lastReport_, programFolder),
       imports_(*this, project_, session_, settings, lastReport_),
       spelling_(*this, project_, settings, programFolder) {
     arrange();

@@ -16,6 +16,7 @@
 #include "app/SynchroniseCommand.h"
 #include "app/TopicPane.h"
 #include "app/WorkKeeper.h"
+#include "app/WebSiteCommand.h"
 #include "generate/TopicSigns.h"
 #include "model/BranchEditing.h"
 #include "model/OutlineEditing.h"
@@ -118,6 +119,7 @@ public:
     void mnuFileGeneratePdf_Click() { books_.generatePdf(); }
     void mnuFileCompileHelp_Click() { compilation_.compile(false); }
     void mnuFileCompileTo_Click() { compilation_.compile(true); }
+    void mnuFileGenerateWeb_Click(int index) { webSite_.generate(index == 1); }
     void mnuFileSynch_Click() { synchronisation_.synchronise(); }
     void mnuFileSpellChkAll_Click() { spelling_.checkAll(); }
     void mnuFileProperties_Click();
@@ -261,6 +263,7 @@ private:
     GenerateCommands generation_;
     BookCommands books_;
     CompileCommand compilation_;
+    WebSiteCommand webSite_;
     ImportCommands imports_;
     SynchroniseCommand synchronisation_{*this, project_, session_, lastReport_};
     FindCommand find_{*this, project_, editor_, lvLevels, txtTitle};

@@ -9,6 +9,21 @@ namespace {
 
 constexpr TextView slashes = "/\\";
 
+constexpr TextView plainCharacters =
+    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789/-._~";
+
+void appendEscaped(Text& address, char byte) {
+    constexpr TextView digits = "0123456789ABCDEF";
+    if (plainCharacters.find(byte) != TextView::npos) {
+        address += byte;
+    } else {
+        const auto code = static_cast<unsigned char>(byte);
+        address += '%';
+        address += digits[code >> 4U];
+        address += digits[code & 15U];
+    }
+}
+
 } // namespace
 
 Text plainPath(TextView path) {
@@ -27,22 +42,14 @@ Text plainPath(TextView path) {
 }
 
 Text fileAddress(TextView path) {
-    constexpr TextView plain =
-        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789/:-._~";
-    constexpr TextView digits = "0123456789ABCDEF";
     const bool isOurs =
         path.starts_with('/'); // elsewhere a drive's letter or a machine comes first
     Text address = isOurs ? "file://" : path.starts_with("\\\\") ? "file:" : "file:///";
     for (const char byte : path) {
-        const auto code = static_cast<unsigned char>(byte);
-        if (plain.find(byte) != TextView::npos) {
-            address += byte;
-        } else if (byte == '\\' && !isOurs) {
-            address += '/';
+        if (byte == ':' || (byte == '\\' && !isOurs)) {
+            address += byte == ':' ? ':' : '/';
         } else {
-            address += '%';
-            address += digits[code >> 4U];
-            address += digits[code & 15U];
+            appendEscaped(address, byte);
         }
     }
     return address;
@@ -65,24 +72,9 @@ Text unescaped(TextView address) {
 }
 
 Text escapedAddress(TextView path) {
-    constexpr TextView plain = "-._~/!$()*,;@";
-    constexpr TextView digits = "0123456789ABCDEF";
-    constexpr unsigned digitBits = 4;
-    constexpr unsigned lowBits = 0xF;
-    const auto isPlain = [plain](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9')
-               || plain.find(c) != TextView::npos;
-    };
     Text address;
-    for (const char character : path) {
-        if (isPlain(character)) {
-            address += character;
-        } else {
-            const auto byte = static_cast<unsigned char>(character);
-            address += '%';
-            address += digits[byte >> digitBits];
-            address += digits[byte & lowBits];
-        }
+    for (const char byte : path) {
+        appendEscaped(address, byte);
     }
     return address;
 }

@@ -26,6 +26,7 @@ enum HelpContext {
     snippetHelp = 284,
     reportHelp = 330,
     compileHelp = 340,
+    webSiteHelp = 360,
     epubHelp = 365,
     pdfHelp = 366
 };
@@ -53,6 +54,7 @@ inline constexpr HelpContext helpContexts[] = {mainWindowHelp,
                                                snippetHelp,
                                                reportHelp,
                                                compileHelp,
+                                               webSiteHelp,
                                                epubHelp,
                                                pdfHelp};
 

@@ -113,6 +113,10 @@ std::optional<std::filesystem::path> Prompter::chooseFile(Window* window,
                        toQt(question.title), existingFolder(question.folder));
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    if (question.kind == FileQuestion::Kind::folder) {
+        dialog.setFileMode(QFileDialog::Directory);
+        dialog.setOption(QFileDialog::ShowDirsOnly);
+    }
     const QStringList filters = filtersOf(question.filter);
     dialog.setOption(QFileDialog::HideNameFilterDetails); // the description names the pattern
     dialog.setNameFilters(filters);

@@ -30,7 +30,7 @@ struct MessageBox {
 };
 
 struct FileQuestion {
-    enum class Kind { open, save };
+    enum class Kind { open, save, folder };
 
     Kind kind = Kind::open;
     Text title;

@@ -10,6 +10,8 @@ using text::TextView;
 
 namespace {
 
+constexpr std::size_t small = 9; ///< two lengths of which are one symbol
+
 /// In bytes, and at the border of a character.
 std::size_t sharedLength(TextView a, TextView b) {
     const auto end = std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first;
@@ -35,8 +37,15 @@ std::size_t scriptLength(TextView utf8) {
 void FrontCoder::append(text::Text& out, TextView word) {
     const std::size_t shared = sharedLength(word, before_);
     const TextView others = word.substr(shared);
-    appendNumber(out, scriptLength(word.substr(0, shared)), split_);
-    appendNumber(out, scriptLength(others), split_);
+    const std::size_t before = scriptLength(word.substr(0, shared));
+    const std::size_t behind = scriptLength(others);
+    if (before < small && behind > 0 && behind <= small) {
+        appendSymbol(out, before * small + behind - 1);
+    } else {
+        appendSymbol(out, symbolCount - 1);
+        appendNumber(out, before, split_);
+        appendNumber(out, behind, split_);
+    }
     out += others;
     before_ = word;
 }

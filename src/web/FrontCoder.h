@@ -5,16 +5,14 @@
 namespace web {
 
 /// Writes words that follow each other in the order of the alphabet: how many letters each shares
-/// with the one before, how many others it has, and those.
+/// with the one before, how many others it has, and those. Both lengths are one symbol where they
+/// are small.
 class FrontCoder {
 public:
     explicit FrontCoder(SymbolSplit split) : split_(split) {}
 
     /// The word before must be there still.
     void append(text::Text& out, text::TextView word);
-
-    /// Nothing is shared with what was before.
-    void restart() { before_ = {}; }
 
 private:
     SymbolSplit split_;

@@ -63,13 +63,13 @@ std::vector<TextsFile> packTexts(const SearchTexts& texts, std::size_t count) {
 }
 
 Text directory(const std::vector<SearchIndex::Piece>& pieces, const std::vector<TextsFile>& files,
-               SymbolSplit split) {
+               SymbolSplit split, std::size_t pageCount) {
     Text value = "{letters:" + scriptText(ranges(workshop::wordLetters()))
                  + ",\njoined:" + scriptText(ranges(workshop::joinedScripts())) + ",\nwords:[";
     for (const SearchIndex::Piece& piece : pieces) {
         append(value, &piece == &pieces.front() ? "" : ",", scriptText(piece.first));
     }
-    value += "],\ntexts:[";
+    append(value, "],\ncount:", std::to_string(pageCount), ",\ntexts:[");
     for (const TextsFile& file : files) {
         append(value, &file == &files.front() ? "" : ",", std::to_string(file.first));
     }
@@ -98,15 +98,18 @@ std::vector<SiteFile> searchData(const model::TopicOutline& outline, const SiteM
         index.add(page, texts[page], false);
     }
     const SearchTexts packed(texts);
-    const std::vector<SearchIndex::Piece> pieces = index.pieces();
+    const std::vector<SearchIndex::Piece> pieces = index.pieces(texts.size() - 1);
     const std::vector<TextsFile> textsFiles = packTexts(packed, texts.size());
     std::vector<SiteFile> files;
     files.push_back(
-        {"site/search.js", call("search", 0, directory(pieces, textsFiles, packed.split()))});
+        {"site/search.js",
+         call("search", 0, directory(pieces, textsFiles, packed.split(), texts.size() - 1))});
     files.push_back({"site/parts.js", call("parts", 0, scriptText(packed.table()))});
     for (std::size_t i = 0; i < pieces.size(); ++i) {
-        files.push_back({"site/words/" + std::to_string(i) + ".js",
-                         call("words", i, scriptText(pieces[i].words))});
+        files.push_back(
+            {"site/words/" + std::to_string(i) + ".js",
+             call("words", i,
+                  "[" + scriptText(pieces[i].words) + ",\n" + scriptText(pieces[i].pages) + "]")});
     }
     for (std::size_t i = 0; i < textsFiles.size(); ++i) {
         files.push_back({"site/texts/" + std::to_string(i) + ".js",

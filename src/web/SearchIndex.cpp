@@ -68,7 +68,24 @@ void SearchIndex::count(std::size_t term, std::size_t page, std::uint32_t weight
     postings.back().weight += weight;
 }
 
-std::vector<SearchIndex::Piece> SearchIndex::pieces() const {
+/// The distances from page to page: of as many bits as they have if the word is spread evenly, and
+/// one for how often the page has it.
+void SearchIndex::appendPages(BitText& bits, const Term& term, std::size_t pageCount) {
+    const std::size_t count = term.postings.size();
+    unsigned usual = 0;
+    while (count << (usual + 1) <= pageCount) {
+        ++usual;
+    }
+    bits.appendGamma(count);
+    std::size_t last = 0;
+    for (const Posting& posting : term.postings) {
+        bits.appendRice(posting.page - last - 1, usual);
+        bits.append(posting.weight >= oftenWeight);
+        last = posting.page;
+    }
+}
+
+std::vector<SearchIndex::Piece> SearchIndex::pieces(std::size_t pageCount) const {
     std::vector<const Term*> sorted;
     for (const Term& term : terms_) {
         if (!term.key.empty()) {
@@ -78,24 +95,16 @@ std::vector<SearchIndex::Piece> SearchIndex::pieces() const {
     std::sort(sorted.begin(), sorted.end(),
               [](const Term* a, const Term* b) { return a->key < b->key; });
     std::vector<Piece> pieces;
-    FrontCoder coder(split);
-    Text pages;
-    for (const Term* term : sorted) {
-        if (pieces.empty() || pieces.back().words.size() > pieceSize) {
-            pieces.push_back({term->key, {}});
-            coder.restart();
+    for (std::size_t i = 0; i < sorted.size();) {
+        Piece piece{sorted[i]->key, {}, {}};
+        FrontCoder coder(split);
+        BitText bits;
+        for (; i < sorted.size() && piece.words.size() + bits.size() < pieceSize; ++i) {
+            coder.append(piece.words, sorted[i]->key);
+            appendPages(bits, *sorted[i], pageCount);
         }
-        Text& words = pieces.back().words;
-        pages.clear();
-        std::size_t last = 0;
-        for (const Posting& posting : term->postings) {
-            const std::size_t strength = posting.weight >= oftenWeight ? 1 : 0;
-            appendNumber(pages, (posting.page - last - 1) * 2 + strength, split);
-            last = posting.page;
-        }
-        coder.append(words, term->key);
-        appendNumber(words, pages.size(), split);
-        words += pages;
+        piece.pages = bits.take();
+        pieces.push_back(std::move(piece));
     }
     return pieces;
 }

@@ -4,7 +4,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "web/Symbols.h"
+#include "web/BitText.h"
 
 namespace web {
 
@@ -17,9 +17,11 @@ public:
 
     struct Piece {
         text::Text first; ///< its first word
-        text::Text words; ///< for each: letters shared with the one before, others, its pages
+        text::Text words; ///< as FrontCoder writes them
+        text::Text pages; ///< bits: for each word the count of its pages, and those
     };
-    std::vector<Piece> pieces() const;
+    /// Of so many pages.
+    std::vector<Piece> pieces(std::size_t pageCount) const;
 
     static constexpr SymbolSplit split{68, 21};
 
@@ -35,6 +37,7 @@ private:
 
     std::size_t termOf(const text::Text& key);
     void count(std::size_t term, std::size_t page, std::uint32_t weight);
+    static void appendPages(BitText& bits, const Term& term, std::size_t pageCount);
     void addRun(std::size_t page, text::TextView run, std::uint32_t weight);
 
     std::vector<Term> terms_;

@@ -16,16 +16,11 @@ using text::TextView;
 namespace {
 
 constexpr std::size_t longestPart = 512; ///< in bytes; longer ones are cut
-constexpr std::size_t mostParts = 8700;  ///< in the table; all splits have numbers for them
+constexpr std::size_t mostParts = 17000; ///< in the table; all splits have numbers for them
+constexpr std::uint32_t often = 10;      ///< that a pair of parts becomes one
 
-bool isSmall(char letter) {
-    return letter >= 'a' && letter <= 'z';
-}
-
-/// "Word", whose other letters are small ones of ASCII.
-bool isCapitalised(TextView word) {
-    return word.size() > 1 && word.front() >= 'A' && word.front() <= 'Z'
-           && std::all_of(word.begin() + 1, word.end(), isSmall);
+bool isCapitalised(TextView part) {
+    return part.size() > 1 && part.front() >= 'A' && part.front() <= 'Z';
 }
 
 /// The end of the part that begins at an offset.
@@ -57,6 +52,9 @@ SearchTexts::SearchTexts(const std::vector<Text>& texts) {
     for (std::size_t page = 0; page < texts.size(); ++page) {
         read(texts[page], uses_[page]);
     }
+    for (int round = 0; round < 3; ++round) {
+        joinPairs();
+    }
     foldCapitals();
     giveNumbers();
 }
@@ -65,9 +63,8 @@ std::uint32_t SearchTexts::partOf(TextView text) {
     const auto [found, isNew] =
         partOfText_.try_emplace(text, static_cast<std::uint32_t>(parts_.size()));
     if (isNew) {
-        parts_.push_back({text});
+        parts_.push_back({text, false, false});
     }
-    ++parts_[found->second].count;
     return found->second;
 }
 
@@ -82,10 +79,76 @@ void SearchTexts::read(TextView text, std::vector<Use>& uses) {
                            && letterKind(takeCharacter(text, behind)) == LetterKind::ofWord;
         if (!isGap) {
             uses.push_back({partOf(part), false});
+            Part& used = parts_[uses.back().part];
+            used.beginsWord = used.endsWord = kind == LetterKind::ofWord;
+            ++used.count;
         }
         isBehindWord = kind == LetterKind::ofWord;
         position = end;
     }
+}
+
+/// How often a pair has to be there to be one of the most frequent.
+std::uint32_t SearchTexts::leastOf(const Pairs& pairs) {
+    constexpr std::size_t most = 2000;
+    std::vector<std::uint32_t> counts = {often};
+    for (const auto& [pair, count] : pairs) {
+        counts.push_back(count);
+    }
+    std::sort(counts.begin(), counts.end(), std::greater<>());
+    return std::max(often, counts[std::min(most, counts.size()) - 1]);
+}
+
+/// Makes one part of two that often follow each other.
+void SearchTexts::joinPairs() {
+    constexpr unsigned half = 32;
+    Pairs pairs; // how often, and then the part
+    const auto pairAt = [](const std::vector<Use>& uses, std::size_t i) {
+        return std::uint64_t(uses[i].part) << half | uses[i + 1].part;
+    };
+    for (const std::vector<Use>& uses : uses_) {
+        for (std::size_t i = 0; i + 1 < uses.size(); ++i) {
+            if (parts_[uses[i].part].count >= often && parts_[uses[i + 1].part].count >= often) {
+                ++pairs[pairAt(uses, i)];
+            }
+        }
+    }
+    const std::uint32_t least = leastOf(pairs);
+    std::erase_if(pairs, [least](const auto& pair) { return pair.second < least; });
+    for (auto& [pair, number] : pairs) {
+        number =
+            joinedPart(static_cast<std::uint32_t>(pair >> half), static_cast<std::uint32_t>(pair));
+    }
+    for (std::vector<Use>& uses : uses_) {
+        std::size_t size = 0;
+        for (std::size_t i = 0; i < uses.size(); ++i) {
+            Use use = uses[i];
+            const auto found = i + 1 < uses.size() ? pairs.find(pairAt(uses, i)) : pairs.end();
+            if (found != pairs.end()) {
+                --parts_[use.part].count;
+                --parts_[uses[++i].part].count;
+                use.part = found->second;
+                ++parts_[use.part].count;
+            }
+            uses[size++] = use;
+        }
+        uses.resize(size);
+    }
+}
+
+std::uint32_t SearchTexts::joinedPart(std::uint32_t one, std::uint32_t other) {
+    const bool hasGap = parts_[one].endsWord && parts_[other].beginsWord;
+    joined_.push_back(Text(parts_[one].text) + (hasGap ? " " : "") + Text(parts_[other].text));
+    const std::size_t known = parts_.size();
+    const std::uint32_t part = partOf(joined_.back());
+    if (part == known) {
+        parts_[part].beginsWord = parts_[one].beginsWord;
+        parts_[part].endsWord = parts_[other].endsWord;
+        parts_[part].isJoined = true;
+        parts_[part].one = one;
+        parts_[part].other = other;
+    }
+    return part;
 }
 
 /// Words that are seldom written with a capital have no number of their own for that.
@@ -125,26 +188,41 @@ void SearchTexts::giveNumbers() {
     });
     numbered_.resize(std::min(numbered_.size(), mostParts));
     chooseSplit();
+    for (const std::uint32_t part : numbered_) {
+        parts_[part].number = firstPart; // known to have one
+    }
     // Within those of the same length, the order of the alphabet makes the table short.
-    const auto byText = [this](std::uint32_t a, std::uint32_t b) {
-        return parts_[a].text < parts_[b].text;
+    const auto before = [this](std::uint32_t a, std::uint32_t b) {
+        return std::pair(!isSpelled(a), parts_[a].text) < std::pair(!isSpelled(b), parts_[b].text);
     };
-    const auto place = [this](std::size_t number) {
-        return numbered_.begin()
-               + static_cast<std::ptrdiff_t>(std::min(number - firstPart, numbered_.size()));
-    };
-    std::sort(numbered_.begin(), place(split_.belowTwo()), byText);
-    std::sort(place(split_.belowTwo()), place(split_.belowThree()), byText);
-    std::sort(place(split_.belowThree()), numbered_.end(), byText);
+    std::size_t start = 0;
+    for (const std::size_t number : {split_.belowTwo(), split_.belowThree(), split_.end()}) {
+        const std::size_t end = tierEnd(number);
+        std::sort(numbered_.begin() + static_cast<std::ptrdiff_t>(start),
+                  numbered_.begin() + static_cast<std::ptrdiff_t>(end), before);
+        start = end;
+    }
     for (std::size_t i = 0; i < numbered_.size(); ++i) {
         parts_[numbered_[i]].number = firstPart + i;
     }
 }
 
-/// The one with which the texts are shortest. One symbol is left for numbers of three.
+/// Where in their order the parts end that have numbers below one.
+std::size_t SearchTexts::tierEnd(std::size_t number) const {
+    return std::min(number - firstPart, numbered_.size());
+}
+
+bool SearchTexts::isSpelled(std::uint32_t part) const {
+    const Part& known = parts_[part];
+    return !known.isJoined || parts_[known.one].number == 0 || parts_[known.other].number == 0;
+}
+
+/// The one with which the texts are shortest. As few symbols as possible are left for numbers of
+/// three.
 void SearchTexts::chooseSplit() {
     constexpr std::size_t fewest = 20;
-    constexpr std::size_t most = symbolCount - 2;
+    const std::size_t threes = numbered_.size() < mostParts / 2 ? 1 : 2;
+    const std::size_t most = symbolCount - threes - 1;
     std::vector<std::size_t> usesBefore = {0}; // of all parts before one
     for (const std::uint32_t part : numbered_) {
         usesBefore.push_back(usesBefore.back() + parts_[part].count);
@@ -154,7 +232,7 @@ void SearchTexts::chooseSplit() {
     };
     std::size_t mostSaved = 0;
     for (std::size_t alone = fewest; alone <= most; ++alone) {
-        const SymbolSplit split{alone, symbolCount - 1 - alone};
+        const SymbolSplit split{alone, symbolCount - threes - alone};
         const std::size_t saved = usesBelow(split.belowTwo()) + usesBelow(split.belowThree());
         if (saved > mostSaved) {
             mostSaved = saved;
@@ -165,9 +243,23 @@ void SearchTexts::chooseSplit() {
 
 Text SearchTexts::table() const {
     Text table;
-    FrontCoder coder(split_);
-    for (const std::uint32_t part : numbered_) {
-        coder.append(table, parts_[part].text);
+    std::size_t start = 0;
+    for (const std::size_t number : {split_.belowTwo(), split_.belowThree(), split_.end()}) {
+        const auto first = numbered_.begin() + static_cast<std::ptrdiff_t>(start);
+        const auto last = numbered_.begin() + static_cast<std::ptrdiff_t>(tierEnd(number));
+        const auto joined = std::partition_point(
+            first, last, [this](std::uint32_t part) { return isSpelled(part); });
+        FrontCoder coder(split_);
+        appendNumber(table, static_cast<std::size_t>(joined - first), split_);
+        for (auto part = first; part != joined; ++part) {
+            coder.append(table, parts_[*part].text);
+        }
+        appendNumber(table, static_cast<std::size_t>(last - joined), split_);
+        for (auto part = joined; part != last; ++part) {
+            appendNumber(table, parts_[parts_[*part].one].number, split_);
+            appendNumber(table, parts_[parts_[*part].other].number, split_);
+        }
+        start = tierEnd(number);
     }
     return table;
 }

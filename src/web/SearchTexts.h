@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -10,7 +11,8 @@ namespace web {
 
 /// The texts of pages, packed so that a script can show the sentences in which words stand. A text
 /// is a row of parts: words, and what stands between them unless that is one blank. Parts that
-/// occur often have numbers; a table holds what they mean.
+/// occur often have numbers, and so have parts that often follow each other; a table holds what the
+/// numbers mean.
 class SearchTexts {
 public:
     /// Page by page; empty for one without a text. The texts must outlive this.
@@ -19,8 +21,9 @@ public:
     /// How the numbers are written.
     SymbolSplit split() const { return split_; }
 
-    /// The parts with numbers from `firstPart`: for each, letters shared with the one before, and
-    /// others. Lengths are written as in SearchIndex.
+    /// The parts with numbers from `firstPart`, first those whose numbers have one symbol, then
+    /// those of two and of three: a count, and as many as FrontCoder writes them; a count, and as
+    /// many pairs of numbers of other parts.
     text::Text table() const;
 
     /// A text as numbers.
@@ -34,8 +37,13 @@ public:
 private:
     struct Part {
         text::TextView text;
+        bool beginsWord = false;
+        bool endsWord = false;
         std::size_t count = 0;
         std::size_t number = 0; ///< 0 for one that is written as it stands
+        bool isJoined = false;  ///< of two others
+        std::uint32_t one = 0;
+        std::uint32_t other = 0;
     };
     struct Use {
         std::uint32_t part;
@@ -44,10 +52,17 @@ private:
 
     std::uint32_t partOf(text::TextView text);
     void read(text::TextView text, std::vector<Use>& uses);
+    using Pairs = std::unordered_map<std::uint64_t, std::uint32_t>;
+    static std::uint32_t leastOf(const Pairs& pairs);
+    void joinPairs();
+    std::uint32_t joinedPart(std::uint32_t one, std::uint32_t other);
     void foldCapitals();
     void giveNumbers();
     void chooseSplit();
+    bool isSpelled(std::uint32_t part) const;
+    std::size_t tierEnd(std::size_t number) const;
 
+    std::deque<text::Text> joined_; ///< texts of parts that are in no text as they stand
     std::vector<Part> parts_;
     std::unordered_map<std::string_view, std::uint32_t> partOfText_;
     std::vector<std::vector<Use>> uses_;  ///< by page

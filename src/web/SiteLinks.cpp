@@ -77,7 +77,10 @@ void SiteLinks::append(Text& page, TextView html, int from, const Text& place) {
 Text SiteLinks::addressFor(TextView address, int from, const Text& place) {
     const Text plain = generate::plainAddress(address);
     const AddressTarget target = targets_.targetOf(from, plain);
-    if (target.kind == AddressTarget::Kind::page && target.page > 0 && map_.hasPage(target.page)) {
+    if (target.kind == AddressTarget::Kind::page && target.page > 0) {
+        if (!map_.hasPage(target.page)) {
+            return "#ts-main"; // what has no page leads nowhere
+        }
         const Text& page = map_.at(target.page).place;
         return page == place && !target.rest.empty()
                    ? escapedRest(target.rest)

@@ -20,10 +20,12 @@ std::string described(const MessageBox& box) {
 
 std::string described(const FileQuestion& question) {
     std::ostringstream text;
-    text << (question.kind == FileQuestion::Kind::open ? "open" : "save") << " dialog \""
-         << question.title << "\", filter \"" << question.filter << "\" " << question.filterIndex
-         << ", folder " << question.folder << ", name " << question.fileName << ", extension \""
-         << question.defaultExtension << '"';
+    text << (question.kind == FileQuestion::Kind::open   ? "open"
+             : question.kind == FileQuestion::Kind::save ? "save"
+                                                         : "folder")
+         << " dialog \"" << question.title << "\", filter \"" << question.filter << "\" "
+         << question.filterIndex << ", folder " << question.folder << ", name " << question.fileName
+         << ", extension \"" << question.defaultExtension << '"';
     return text.str();
 }
 

@@ -1,0 +1,288 @@
+// Generated sites in a real browser, from the disk and from a plain server.
+import assert from "node:assert/strict";
+import { createServer } from "node:http";
+import { createRequire } from "node:module";
+import { execFileSync } from "node:child_process";
+import { existsSync, mkdirSync, mkdtempSync, readFileSync, readdirSync, rmSync, statSync, writeFileSync } from "node:fs";
+import { tmpdir } from "node:os";
+import { extname, join } from "node:path";
+import { pathToFileURL } from "node:url";
+import test, { after, before } from "node:test";
+import { drawnTopics, makeSite, Model, oddTopics, wordsIn, writeProject } from "./Project.mjs";
+
+const batch = process.env.TOPICSMITH_BATCH;
+const modules = createRequire(join(process.env.TOPICSMITH_WEB_MODULES, "node_modules", "x"));
+const { chromium } = modules("playwright-core");
+const axe = readFileSync(modules.resolve("axe-core/axe.min.js"), "utf8");
+const manual = process.env.TOPICSMITH_MANUAL;
+
+const folder = mkdtempSync(join(tmpdir(), "topicsmith-web-"));
+const odd = join(folder, "odd site"), drawn = join(folder, "drawn"), book = join(folder, "manual"), leftwards = join(folder, "leftwards");
+const types = { ".html": "text/html", ".htm": "text/html", ".js": "text/javascript", ".css": "text/css", ".png": "image/png" };
+let browser, server, origin;
+
+before(async () => {
+  mkdirSync(join(folder, "images"));
+  writeFileSync(join(folder, "images", "dot.png"), Buffer.from("iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mNkYPhfDwAChwGA60e6kgAAAABJRU5ErkJggg==", "base64"));
+  writeFileSync(join(folder, "own.css"), "body { max-width: 20em; margin: 5em; background: #ffe; color: #222; } h1 { color: #800; }");
+  const project = join(folder, "odd.tsp");
+  writeProject(project, oddTopics, { style: "../own.css" });
+  try { makeSite(batch, project, odd); } catch (error) { assert.match(String(error.stderr), /climbs\.htm: .*\(topic 8\)/); }
+  writeProject(join(folder, "drawn.tsp"), drawnTopics());
+  makeSite(batch, join(folder, "drawn.tsp"), drawn);
+  makeSite(batch, manual, book);
+  const hebrew = join(folder, "hebrew.tsp");
+  execFileSync(batch, ["convert", join(folder, "drawn.tsp"), hebrew, "--format", "2", "--language", "he-IL"]);
+  makeSite(batch, hebrew, leftwards);
+  server = createServer((request, response) => {
+    const path = join(folder, decodeURIComponent(new URL(request.url, "http://x").pathname));
+    if (!path.startsWith(folder) || !existsSync(path)) { response.writeHead(404).end(); return; }
+    response.writeHead(200, { "content-type": types[extname(path).toLowerCase()] ?? "application/octet-stream" }).end(readFileSync(path));
+  }).listen(0, "127.0.0.1");
+  await new Promise(done => server.once("listening", done));
+  origin = `http://127.0.0.1:${server.address().port}`;
+  const root = process.getuid() === 0 ? ["--no-sandbox"] : [];
+  browser = await chromium.launch({ executablePath: process.env.TOPICSMITH_CHROMIUM, args: [...root, "--disable-gpu", "--disable-quic", "--no-first-run", "--disable-background-networking", "--disable-component-update", "--disable-sync"] });
+});
+after(async () => {
+  await browser?.close();
+  server?.close();
+  rmSync(folder, { recursive: true, force: true });
+});
+
+const onDisk = site => pathToFileURL(site).href + "/";
+const onServer = site => `${origin}/${encodeURIComponent(site.slice(folder.length + 1))}/`;
+
+// Opens a page, and fails in the end when it asked for anything elsewhere or said anything.
+async function visit(root, place, use, options = {}) {
+  const context = await browser.newContext({ viewport: { width: 1200, height: 800 }, ...options });
+  const faults = [];
+  context.on("request", request => { if (!request.url().startsWith(root) && !request.url().endsWith("/favicon.ico")) faults.push(request.url()); });
+  context.on("requestfailed", request => { if (request.failure().errorText !== "net::ERR_ABORTED") faults.push(request.url() + " " + request.failure().errorText); });
+  context.on("console", message => { if (!message.location().url.endsWith("/favicon.ico")) faults.push(message.text()); });
+  context.on("weberror", error => faults.push(String(error.error())));
+  try {
+    const page = await context.newPage();
+    await page.goto(root + place);
+    await use(page);
+    assert.deepEqual(faults, []);
+  } finally {
+    await context.close();
+  }
+}
+
+const ready = page => page.waitForSelector(".ts-tree a");
+const heading = page => page.textContent("h1");
+async function askFor(page, question) {
+  await page.evaluate(() => document.querySelectorAll(".ts-hits, .ts-side [role=status]").forEach(old => old.replaceChildren()));
+  await page.fill(".ts-head input", "");
+  await page.fill(".ts-head input", question);
+  await page.waitForFunction(() => /page/.test(document.querySelector("#ts-results [role=status]")?.textContent ?? ""));
+}
+async function hits(page) {
+  for (let more; (more = await page.$(".ts-more"));) await more.click();
+  return page.$$eval(".ts-hits a", links => links.map(link => link.href.split("/html/")[1].split("?")[0]));
+}
+
+for (const [where, rootOf] of [["from the disk", onDisk], ["from a server", onServer]]) {
+  test(`links and contexts lead to their pages ${where}`, async () => {
+    const root = rootOf(odd);
+    await visit(root, "index.html", async page => {
+      assert.equal(await heading(page), "Start & more");
+      await page.click("text=the caf\u00e9");
+      assert.equal(await heading(page), "Caf\u00e9 and C#");
+      await page.goBack();
+      await page.click("main a:text('an end')");
+      assert.equal(await heading(page), "Deep");
+      await page.waitForFunction(() => scrollY > 200);
+      await page.click("a:text-is('start')");
+      assert.equal(await heading(page), "Start & more");
+      await page.click("main a:text('deep')");
+      assert.equal(await heading(page), "Deep");
+      await page.click(".ts-path a >> nth=1");
+      assert.equal(await heading(page), "Caf\u00e9 and C#");
+      await page.goto(root + "index.html");
+      assert.equal(await page.$eval("main img", picture => picture.naturalWidth), 1);
+    });
+    for (const [question, title] of [["?context=10", "Start & more"], ["?context=31", "Caf\u00e9 and C#"], ["?context=0x1f", "Caf\u00e9 and C#"],
+      ["?id=idh_deep", "Deep"], ["?id=" + encodeURIComponent("CAF\u00c9_topic"), "Caf\u00e9 and C#"], ["?context=12#Ende-%C3%A9", "Deep"]]) {
+      await visit(root, "index.html" + question, async page => {
+        await page.waitForURL("**/html/**");
+        assert.equal(await heading(page), title);
+        assert.equal(new URL(page.url()).hash, question.includes("#") ? "#Ende-%C3%A9" : "");
+      });
+    }
+    await visit(root, "index.html?context=99999", async page => {
+      assert.equal(await page.textContent("[role=alert]"), "There is no page for 99999.");
+      assert.ok(await page.isVisible("h1"));
+    });
+  });
+
+  test(`the tree follows the page and stays open ${where}`, async () => {
+    await visit(rootOf(drawn), "html/t8.htm", async page => {
+      await ready(page);
+      const current = ".ts-tree [aria-current=page]";
+      assert.match(await page.textContent(current), / 8$/);
+      assert.ok(await page.isVisible(current));
+      assert.equal(await page.$$eval(".ts-tree a", items => items.filter(item => item.offsetParent).length), 14);
+      await page.focus(current);
+      await page.keyboard.press("ArrowLeft");
+      await page.keyboard.press("ArrowLeft");
+      await page.keyboard.press("ArrowLeft");
+      assert.match(await page.evaluate(() => document.activeElement.textContent), / 1$/);
+      await page.keyboard.press("ArrowDown");
+      await page.keyboard.press("ArrowDown");
+      await page.keyboard.press("End");
+      await page.keyboard.press("ArrowRight");
+      const open = await page.$$eval("[aria-expanded=true]", items => items.map(item => item.textContent));
+      assert.equal(open.length, 2);
+      await page.keyboard.press("Enter");
+      await page.waitForURL("**/t41.htm");
+      await ready(page);
+      assert.deepEqual(await page.$$eval("[aria-expanded=true]", items => items.map(item => item.textContent)), open);
+      await page.goBack();
+      await ready(page);
+      assert.match(await page.textContent(current), / 8$/);
+      await page.goForward();
+      assert.match(page.url(), /t41\.htm$/);
+    });
+  });
+
+  test(`60 questions find exactly the pages that have the words ${where}`, async () => {
+    const topics = drawnTopics();
+    const model = new Model(topics);
+    const words = model.vocabulary().filter(word => word.length > 1);
+    const every = (n, change = word => word) => Array.from({ length: n }, (_, i) => change(words[Math.floor((i + .5) * words.length / n)], i));
+    const texts = topics.map(topic => wordsIn(topic.body.replace(/<[^>]*>/g, " ")));
+    const questions = [...every(24), ...every(10, word => word.slice(0, 3)), ...every(6, (word, i) => word + " " + words[i * 31 % words.length].slice(0, 2)),
+      ...Array.from({ length: 8 }, (_, i) => `"${texts[i * 5].slice(i, i + 2 + i % 2).join(" ")}"`),
+      "caf\u00e9", "CAFE", "resume", "r\u00c9sum\u00c9s", "strasse", "lodz", "\u043f\u0440\u0438\u0432\u0435\u0442", "\u03b4\u03bf\u03be\u03b1", "network_name", "dont", "key 17", "zzzz"];
+    assert.equal(questions.length, 60);
+    await visit(rootOf(drawn), "index.html", async page => {
+      for (const question of questions) {
+        await askFor(page, question);
+        const found = (await hits(page)).map(file => Number(file.match(/\d+/)[0])).sort((a, b) => a - b);
+        assert.deepEqual(found, model.pages(question), question);
+      }
+    });
+  });
+
+  test(`letters without blanks are found in pairs ${where}`, async () => {
+    await visit(rootOf(odd), "index.html", async page => {
+      for (const [question, files] of [["\u6771\u4eac", ["tokyo.htm"]], ["\u4eac\u90fd", ["kyoto.htm", "tokyo.htm"]], ["\u6771\u4eac\u90fd", ["tokyo.htm"]],
+        ["\u90fd", ["kyoto.htm", "tokyo.htm"]], ["\u5927\u962a \u9996\u90fd", ["tokyo.htm"]], ["\ud55c\uad6d", ["kyoto.htm"]], ["\uac80\uc0c9", ["kyoto.htm"]],
+        ["\u4eac\u6771", []], ["\u05e9\u05dc\u05d5\u05dd", ["rtl.htm"]], ["\u0645\u0631\u062d\u0628\u0627", ["rtl.htm"]], ["softhyphens", ["C%23%20Caf%C3%A9.htm"]]]) {
+        await askFor(page, question);
+        assert.deepEqual((await hits(page)).sort(), files, question);
+      }
+    });
+  });
+
+  test(`hits stand in their sentence, the best first, and are marked ${where}`, async () => {
+    await visit(rootOf(odd), "index.html", async page => {
+      await page.keyboard.press("/");
+      await page.keyboard.type("cafe wh");
+      await page.waitForSelector(".ts-hits mark");
+      assert.equal(await page.textContent(".ts-hits span"), "A caf\u00e9 where soft\u00ADhyphens don't matter.");
+      assert.deepEqual(await page.$$eval(".ts-hits mark", marks => marks.map(mark => mark.textContent)), ["caf\u00e9", "where"]);
+      await page.keyboard.press("Escape");
+      await page.keyboard.type("caf");
+      await page.waitForFunction(() => document.querySelectorAll(".ts-hits b").length === 2);
+      assert.equal(await page.textContent(".ts-hits b"), "Caf\u00e9 and C#");
+      await page.keyboard.press("Enter");
+      await page.waitForSelector("main mark");
+      assert.equal(await heading(page), "Caf\u00e9 and C#");
+      await page.waitForSelector(".ts-hits b"); // still there
+      assert.equal(await page.inputValue(".ts-head input"), "caf");
+      await askFor(page, "\"x n\"");
+      await page.waitForSelector(".ts-hits mark");
+      assert.equal(await page.textContent(".ts-hits span"), "if (a < b && c) { 'x\\n' }");
+    });
+  });
+
+  test(`the index is filtered, and its entries lead to their pages ${where}`, async () => {
+    await visit(rootOf(odd), "html/q.htm", async page => {
+      await page.click("#ts-tab-index");
+      await page.waitForSelector(".ts-index a");
+      await page.fill("#ts-index input", "CAFE");
+      assert.deepEqual(await page.$$eval(".ts-index a", links => links.map(link => link.textContent)), ["Start & more", "Caf\u00e9 and C#"]);
+      await page.click(".ts-index a >> nth=1");
+      assert.equal(await heading(page), "Caf\u00e9 and C#");
+    });
+  });
+}
+
+test("everything can be reached without scripts", async () => {
+  await visit(onDisk(odd), "index.html", async page => {
+    await page.click("text=Contents");
+    await page.click("main a:text('Deep')");
+    assert.equal(await heading(page), "Deep");
+    await page.click("a[rel=prev]");
+    await page.click("text=Index");
+    await page.click("dd a >> nth=0");
+    assert.equal(await heading(page), "Start & more");
+    assert.match(await page.textContent("footer"), /Written by us/);
+  }, { javaScriptEnabled: false });
+});
+
+test("a narrow, a dark and a printed page are readable", async () => {
+  await visit(onDisk(odd), "html/start.htm", async page => {
+    const colour = (element, name) => page.$eval(element, (e, n) => getComputedStyle(e)[n], name);
+    await ready(page).catch(() => {});
+    assert.ok(!await page.isVisible(".ts-side"));
+    await page.click(".ts-menu");
+    assert.ok(await page.isVisible(".ts-tree"));
+    assert.ok(await page.evaluate(() => document.documentElement.scrollWidth <= innerWidth));
+    assert.equal(await colour("body", "backgroundColor"), "rgb(22, 25, 29)");
+    assert.match(await colour("main", "filter"), /invert/);
+    await page.emulateMedia({ media: "print" });
+    assert.ok(!await page.isVisible(".ts-head"));
+    assert.equal(await colour("main", "filter"), "none");
+  }, { viewport: { width: 320, height: 600 }, colorScheme: "dark" });
+});
+
+async function barriers(page) {
+  await page.evaluate(axe);
+  const result = await page.evaluate(() => window.axe.run({ preload: false }));
+  return result.violations.map(fault => `${fault.id}: ${fault.nodes.map(node => node.html).join(" ")}`);
+}
+
+for (const colorScheme of ["light", "dark"]) {
+  test(`no kind of page has barriers on a ${colorScheme} screen`, async () => {
+    for (const [root, place] of [[odd, "index.html"], [odd, "contents.html"], [odd, "keywords.html"], [odd, "html/C%23%20Caf%C3%A9.htm"], [drawn, "index.html"], [leftwards, "html/t3.htm"]]) {
+      await visit(onDisk(root), place, async page => {
+        await ready(page);
+        assert.deepEqual(await barriers(page), [], place);
+        await page.click("#ts-tab-index");
+        await page.waitForSelector(".ts-index a");
+        assert.deepEqual(await barriers(page), [], place + ", index");
+        await askFor(page, "a");
+        await askFor(page, "caf");
+        await page.waitForSelector(".ts-hits mark");
+        assert.deepEqual(await barriers(page), [], place + ", results");
+        await page.setViewportSize({ width: 320, height: 600 });
+        assert.deepEqual(await barriers(page), [], place + ", narrow");
+      }, { colorScheme });
+    }
+  });
+}
+
+test("the pages are HTML as it should be", () => {
+  for (const site of [odd, drawn]) {
+    const pages = readdirSync(site, { recursive: true }).filter(name => /\.html?$/.test(name)).map(name => join(site, name));
+    assert.ok(pages.length > 8);
+    execFileSync("tidy", ["-q", "-e", ...pages], { stdio: "pipe" }); // fails after a warning
+  }
+});
+
+test("a first view is small, and so is what a question needs", async () => {
+  const sizeOf = name => statSync(join(book, name)).size;
+  assert.ok(sizeOf("site/site.js") + sizeOf("site/style.css") < 30 * 1024);
+  const loaded = [];
+  await visit(onServer(book), "index.html", async page => {
+    page.on("response", async response => loaded.push((await response.body()).length));
+    await page.reload();
+    await ready(page);
+    assert.ok(loaded.length > 3 && loaded.reduce((sum, size) => sum + size) < 100_000, String(loaded));
+  });
+});
