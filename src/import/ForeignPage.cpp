@@ -166,6 +166,18 @@ private:
     std::size_t bodyEnd_ = Text::npos;
 };
 
+/// Whether a heading is a title, perhaps with a number in front ("Chapter 1. Setup").
+bool says(TextView heading, TextView title) {
+    constexpr std::size_t longestNumber = 24;
+    if (!heading.ends_with(title) || title.empty()) {
+        return false;
+    }
+    const TextView number = heading.substr(0, heading.size() - title.size());
+    return number.empty()
+           || (number.size() <= longestNumber && number.ends_with(' ')
+               && number.find_first_of("0123456789") != TextView::npos);
+}
+
 } // namespace
 
 ForeignPage readForeignPage(const Text& html, unsigned codePage) {
@@ -270,9 +282,9 @@ Text withoutTitleHeading(const Text& body, TextView title) {
     if (heading.ends_with(permalink)) {
         heading = plainText(heading.substr(0, heading.size() - permalink.size()));
     }
-    return heading == title ? body.substr(0, start) + anchors
-                                  + Text(trimmed(TextView(body).substr(reader.end())))
-                            : body;
+    return says(heading, title) ? body.substr(0, start) + anchors
+                                      + Text(trimmed(TextView(body).substr(reader.end())))
+                                : body;
 }
 
 Text withoutDoubleQuotes(TextView html) {

@@ -146,16 +146,16 @@ void HelpBodies::takeTitle(std::size_t topic, const ForeignPage& page) {
 
 void HelpBodies::leaveOutRepeated() {
     std::vector<std::size_t> whose;
-    std::vector<Text> bodies;
+    std::vector<PageBody> bodies;
     for (std::size_t i = 0; i < bodies_.size(); ++i) {
         if (!bodies_[i].empty() && !isOurs_[i]) {
             whose.push_back(i);
-            bodies.push_back(std::move(bodies_[i]));
+            bodies.push_back({topics_[i].planned->page, std::move(bodies_[i])});
         }
     }
     shortened_ = removeRepeatedParts(bodies);
     for (std::size_t i = 0; i < whose.size(); ++i) {
-        bodies_[whose[i]] = std::move(bodies[i]);
+        bodies_[whose[i]] = std::move(bodies[i].body);
     }
 }
 

@@ -28,6 +28,7 @@ public:
                  const HelpImportChoice& choice)
         : project_(project), source_(source), choice_(choice), isNew_(project.outline().empty()),
           files_(source, platform::fullPath(project.projectPath()).parent_path()) {
+        first_ = firstPosition();
         chooseTopics(plan);
         for (const Text& text : source.notes) {
             note(text);
@@ -59,6 +60,17 @@ public:
 private:
     void note(Text text, int position = 0) {
         outcome_.notes.push_back({std::move(text), position});
+    }
+
+    /// Behind all that lies in the topic below which they go.
+    int firstPosition() const {
+        const model::TopicOutline& outline = project_.outline();
+        int position = choice_.under > 0 ? choice_.under + 1 : outline.count() + 1;
+        while (position <= outline.count()
+               && outline.depth(position) > outline.depth(choice_.under)) {
+            ++position;
+        }
+        return position;
     }
 
     /// Depths are those of the topics that come in; one that lies in none of them is at the top.
@@ -216,14 +228,13 @@ private:
             return;
         }
         Topic& topic = topics_[place->second].topic;
-        if (!topic.contextNumber.empty()) {
-            note(shown + " was left out: a topic has one context, and \"" + topic.title + "\" has "
-                 + topic.contextNumber);
-            outcome_.isWhole = false;
-            return;
-        }
-        if (!numbers.insert(number).second) {
-            note(shown + " was left out: the number is another topic's");
+        const bool isSecond = !topic.contextNumber.empty();
+        if (isSecond || !numbers.insert(number).second) {
+            note(shown + " was left out: "
+                     + (isSecond
+                            ? "a topic has one context, and this one has " + topic.contextNumber
+                            : "the number is another topic's"),
+                 first_ + static_cast<int>(place->second));
             outcome_.isWhole = false;
             return;
         }
@@ -240,14 +251,6 @@ private:
     }
 
     void insert(HelpBodies& bodies) {
-        first_ = project_.outline().count() + 1;
-        if (choice_.under > 0) {
-            const int depth = project_.outline().depth(choice_.under);
-            for (first_ = choice_.under + 1; first_ <= project_.outline().count()
-                                             && project_.outline().depth(first_) > depth;) {
-                ++first_;
-            }
-        }
         for (std::size_t i = 0; i < topics_.size(); ++i) {
             topics_[i].topic.body = bodies.take(i);
         }

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <unordered_map>
-#include <unordered_set>
 
+#include "import/HelpSource.h"
 #include "text/HtmlReader.h"
 
 namespace importer {
@@ -16,9 +16,10 @@ namespace {
 
 constexpr TextView blanks = " \t\r\n\f";
 constexpr std::size_t fewestPages = 3;
-constexpr std::size_t mostParts = 6; // at either end that are looked at
-constexpr std::size_t longestNavigation = 300;
-constexpr std::size_t longestShape = 2000; // what is longer is no header
+constexpr std::size_t mostParts = 6;           // that go from either end
+constexpr std::size_t mostLinks = 12;          // of a line for navigation
+constexpr std::size_t longestNavigation = 150; // outside of its links
+constexpr std::size_t longestShape = 2000;     // what is longer is no header
 
 bool isOneOf(TextView name, std::initializer_list<TextView> names) {
     return std::find(names.begin(), names.end(), name) != names.end();
@@ -43,13 +44,18 @@ struct Part {
     Text shape; ///< tags with their classes
     Text text;  ///< outside of links
     Text linkTexts;
-    Text root; ///< its first tag, with class and id
-    int links = 0;
+    Text root;                 ///< its first tag, with class and id
+    std::vector<Text> targets; ///< of its links: names of files in small letters
     bool isHeading = false;
     bool holdsPicture = false;
     bool hasName = false; ///< its first tag has a class or an id
     bool isLong = false;
 };
+
+Text fileNameOf(TextView address) {
+    address = withoutAnchor(address);
+    return text::lowerCase(address.substr(address.find_last_of("/\\") + 1));
+}
 
 /// What a page holds between headers and footers need not be remembered.
 bool isTooLong(Part& part) {
@@ -75,7 +81,9 @@ void appendShape(Part& part, const HtmlReader& reader) {
         return;
     }
     text::append(part.shape, reader.closes() ? "/" : "<", tag);
-    part.links += reader.opens("a") && reader.attribute("href") ? 1 : 0;
+    if (const auto address = reader.opens("a") ? reader.attribute("href") : std::nullopt) {
+        part.targets.push_back(fileNameOf(*address));
+    }
     part.holdsPicture = part.holdsPicture || name == "img";
 }
 
@@ -119,7 +127,8 @@ std::vector<Part> partsOf(TextView body, std::size_t from, std::size_t to) {
         if (depth == 0 && !reader.closes() && linkDepth == 0 && beginsPart(name)
             && (parts.empty() || !parts.back().root.empty() || !parts.back().text.empty())
             && !(text::isInlineTag(name) && !parts.empty())) {
-            parts.emplace_back().start = parts.size() == 1 ? from : start;
+            const bool isFirst = parts.empty();
+            parts.emplace_back().start = isFirst ? from : start;
         }
         appendShape(current(), reader);
         linkDepth = name == "a" ? (reader.closes() ? 0 : 1) : linkDepth;
@@ -132,31 +141,38 @@ std::vector<Part> partsOf(TextView body, std::size_t from, std::size_t to) {
 }
 
 bool isBlank(const Part& part) {
-    return !part.isLong && part.text.find_first_not_of(' ') == Text::npos && part.links == 0
+    return !part.isLong && part.text.find_first_not_of(' ') == Text::npos && part.targets.empty()
            && !part.holdsPicture && part.linkTexts.empty();
 }
 
-/// By what parts of different pages are alike; empty for one that counts as the page's own.
-std::vector<Text> signaturesOf(const Part& part) {
-    std::vector<Text> signatures;
-    const bool isLine = part.root == "hr";
+/// By what parts of different pages are alike; empty for a part that counts as the page's own.
+struct Signatures {
+    Text words;      ///< all that it says
+    Text menu;       ///< where it leads to
+    Text navigation; ///< of one that leads to the page before or behind, and differs with that
+};
+
+Signatures signaturesOf(const Part& part) {
+    if (part.isLong) {
+        return {};
+    }
+    if (isBlank(part)) {
+        return {part.root == "hr" ? part.root : Text(), {}, {}};
+    }
+    Signatures signatures{part.shape + '\n' + part.text + '\n' + part.linkTexts, {}, {}};
     const TextView tag = TextView(part.root).substr(0, part.root.find('.'));
     const bool isFrame =
         isOneOf(tag, {"div", "table", "center", "nav", "header", "footer", "address", "section"});
-    if (part.isLong) {
+    const bool isNamed = isFrame && part.hasName;
+    const std::size_t links = part.targets.size();
+    if (part.isHeading || links > mostLinks || part.text.size() > longestNavigation) {
         return signatures;
     }
-    if (isBlank(part)) {
-        return isLine ? std::vector<Text>{"hr"} : signatures;
+    if (links > 0) {
+        signatures.navigation = isNamed ? part.root : part.root + '\n' + part.text;
     }
-    const bool hasOwnText = part.text.find_first_not_of(' ') != Text::npos;
-    if (part.isHeading) {
-        signatures.push_back(part.shape + '\n' + part.text + '\n' + part.linkTexts);
-    } else if (hasOwnText || part.links > 1 || part.holdsPicture) {
-        signatures.push_back(part.shape + '\n' + part.text);
-    }
-    if (isFrame && part.hasName && part.links > 0 && part.text.size() <= longestNavigation) {
-        signatures.push_back(part.root);
+    if (links > 1 && isNamed) {
+        signatures.menu = part.root + '\n' + part.targets[0] + '\n' + part.targets[1];
     }
     return signatures;
 }
@@ -187,84 +203,113 @@ std::vector<Part> outerParts(TextView body) {
 
 class Remover {
 public:
-    explicit Remover(std::vector<Text>& bodies) : bodies_(bodies) {
-        for (const Text& body : bodies) {
-            parts_.push_back(outerParts(body));
-            count(parts_.back());
+    explicit Remover(std::vector<PageBody>& pages) : pages_(pages) {
+        for (const PageBody& page : pages) {
+            bodies_.push_back({outerParts(page.body), 0, 0});
+            bodies_.back().last = bodies_.back().parts.size();
         }
     }
 
     std::size_t run() {
+        for (const bool atStart : {true, false}) {
+            for (std::size_t i = 0; i < mostParts && peel(atStart); ++i) {
+            }
+        }
         std::size_t changed = 0;
-        for (std::size_t i = 0; i < bodies_.size(); ++i) {
-            changed += shorten(bodies_[i], parts_[i]) ? 1U : 0U;
+        for (std::size_t i = 0; i < pages_.size(); ++i) {
+            changed += shorten(pages_[i].body, bodies_[i]) ? 1U : 0U;
         }
         return changed;
     }
 
 private:
-    void count(const std::vector<Part>& parts) {
-        std::unordered_set<Text> known;
-        for (std::size_t i = 0; i < parts.size(); ++i) {
-            const bool isFirst = i < mostParts;
-            const bool isLast = i + mostParts >= parts.size();
-            for (const Text& signature :
-                 isFirst || isLast ? signaturesOf(parts[i]) : std::vector<Text>()) {
-                for (const char end : {'<', '>'}) {
-                    if (end == '<' ? isFirst : isLast) {
-                        known.insert(end + signature);
-                    }
-                }
+    struct Body {
+        std::vector<Part> parts;
+        std::size_t first; ///< that stays
+        std::size_t last;  ///< behind those that stay
+    };
+
+    /// Takes the outermost part away where most pages have one like it; false when they do not.
+    bool peel(bool atStart) {
+        std::unordered_map<Text, std::size_t> counts;
+        for (std::size_t i = 0; i < bodies_.size(); ++i) {
+            for (const Text& signature : outermost(i, atStart)) {
+                ++counts[signature];
             }
         }
-        for (const Text& each : known) {
-            ++counts_[each];
+        bool any = false;
+        for (std::size_t i = 0; i < bodies_.size(); ++i) {
+            const std::vector<Text> signatures = outermost(i, atStart);
+            const bool isRepeated =
+                std::any_of(signatures.begin(), signatures.end(), [&](const Text& signature) {
+                    const std::size_t count = counts[signature];
+                    return count >= fewestPages && count * 5 >= bodies_.size() * 3;
+                });
+            if (isRepeated) {
+                atStart ? ++bodies_[i].first : --bodies_[i].last;
+                any = true;
+            }
         }
+        return any;
     }
 
-    /// On three of five pages that have any text.
-    bool isRepeated(const Part& part, char end) const {
-        const std::vector<Text> signatures = signaturesOf(part);
-        return std::any_of(signatures.begin(), signatures.end(), [&](const Text& signature) {
-            const auto found = counts_.find(end + signature);
-            return found != counts_.end() && found->second >= fewestPages
-                   && found->second * 5 >= bodies_.size() * 3;
-        });
+    /// What the first or last part of a page can be known by. Blank ones do not count.
+    std::vector<Text> outermost(std::size_t index, bool atStart) {
+        Body& body = bodies_[index];
+        while (!atStart && body.first < body.last && isNothing(body.parts[body.last - 1])) {
+            --body.last;
+        }
+        if (body.first == body.last) {
+            return {};
+        }
+        const Part& part = body.parts[atStart ? body.first : body.last - 1];
+        const Signatures all = signaturesOf(part);
+        std::vector<Text> signatures;
+        for (const Text& each : {all.words, all.menu}) {
+            if (!each.empty()) {
+                signatures.push_back(each);
+            }
+        }
+        if (!all.navigation.empty() && leadsToNeighbour(part, index)) {
+            signatures.push_back("\n" + all.navigation);
+        }
+        return signatures;
     }
 
-    bool shorten(Text& body, const std::vector<Part>& parts) const {
-        std::size_t first = 0;
-        std::size_t last = parts.size();
-        while (first < last && first < mostParts && isRepeated(parts[first], '<')) {
-            ++first;
-        }
-        while (last > first && parts.size() - last < mostParts
-               && (isRepeated(parts[last - 1], '>')
-                   || (last < parts.size() && isBlank(parts[last - 1])
-                       && parts[last - 1].root.empty()))) {
-            --last;
-        }
-        const bool isLeft = std::any_of(parts.begin() + static_cast<std::ptrdiff_t>(first),
-                                        parts.begin() + static_cast<std::ptrdiff_t>(last),
+    static bool isNothing(const Part& part) { return isBlank(part) && part.root.empty(); }
+
+    bool leadsToNeighbour(const Part& part, std::size_t index) const {
+        const auto leadsTo = [&](std::size_t other) {
+            return std::find(part.targets.begin(), part.targets.end(),
+                             fileNameOf(pages_[other].page))
+                   != part.targets.end();
+        };
+        return (index > 0 && leadsTo(index - 1))
+               || (index + 1 < pages_.size() && leadsTo(index + 1));
+    }
+
+    static bool shorten(Text& text, const Body& body) {
+        const auto& parts = body.parts;
+        const bool isLeft = std::any_of(parts.begin() + static_cast<std::ptrdiff_t>(body.first),
+                                        parts.begin() + static_cast<std::ptrdiff_t>(body.last),
                                         [](const Part& part) { return !isBlank(part); });
-        if ((first == 0 && last == parts.size()) || !isLeft) {
+        if ((body.first == 0 && body.last == parts.size()) || !isLeft) {
             return false;
         }
-        const std::size_t end = parts[last - 1].end;
-        body.erase(end, parts.back().end - end);
-        body.erase(parts.front().start, parts[first].start - parts.front().start);
+        const std::size_t end = parts[body.last - 1].end;
+        text.erase(end, parts.back().end - end);
+        text.erase(parts.front().start, parts[body.first].start - parts.front().start);
         return true;
     }
 
-    std::vector<Text>& bodies_;
-    std::vector<std::vector<Part>> parts_;
-    std::unordered_map<Text, std::size_t> counts_;
+    std::vector<PageBody>& pages_;
+    std::vector<Body> bodies_;
 };
 
 } // namespace
 
-std::size_t removeRepeatedParts(std::vector<Text>& bodies) {
-    return bodies.size() < fewestPages ? 0 : Remover(bodies).run();
+std::size_t removeRepeatedParts(std::vector<PageBody>& pages) {
+    return pages.size() < fewestPages ? 0 : Remover(pages).run();
 }
 
 } // namespace importer

@@ -180,20 +180,23 @@ TEST_F(HelpImport, TakesPagesApart) {
 
 TEST_F(HelpImport, LeavesOutWhatPagesRepeat) {
     Text contents;
-    for (const char* name : {"a", "b", "c", "d"}) {
-        const Text own(name);
+    const Text pages = "_abcd_";
+    for (std::size_t i = 1; i < 5; ++i) {
+        const Text own = pages.substr(i, 1);
         contents += item(own, own + ".htm");
         write(own + ".htm",
-              "<body><div class=\"nav\"><a href=\"a.htm\">Up</a> <b>" + own
-                  + " part</b></div>"
-                    "<p>Manual of everything</p><p class=t>See <a href=\"b.htm\">b</a> and "
-                  + own + "</p><p>Only here: " + own + "</p><hr><p><a href=a.htm>First " + own
-                  + "</a> | <a href=b.htm>Next</a></p><p>(c) us</p></body>");
+              "<body><div class=\"nav\"><a href=\"" + pages.substr(i + 1, 1) + ".htm\">Next</a> <b>"
+                  + own + " part</b></div>" + "<p class=t>See <a href=\"b.htm\">b</a> and " + own
+                  + "</p><p>Only here: " + own + "</p><div class=see>See <a href=" + own + "2.htm>"
+                  + own + "2</a></div>" + "<hr><p><a href=" + pages.substr(i - 1, 1)
+                  + ".htm>Back to " + pages.substr(i - 1, 1)
+                  + "</a> | <a href=a.htm>Top</a></p><p>Manual of everything</p><div id=f>" + own
+                  + " <a href=x.htm>X</a> " + "<a href=y.htm>Y</a></div><p>(c) us</p></body>");
     }
     writeProject("", contents);
     auto outcome = import();
     EXPECT_EQ(body(3), "<p class=t>See <a href='..\\html\\b.htm'>b</a> and c</p>"
-                       "<p>Only here: c</p>");
+                       "<p>Only here: c</p><div class=see>See <a href=c2.htm>c2</a></div>");
     EXPECT_TRUE(hasNote(outcome, "left out of 4 pages"));
     project.undo();
     import({0, false});
