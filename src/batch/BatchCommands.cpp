@@ -98,6 +98,9 @@ constexpr BatchCommand commands[] = {
     {"import-topics", "PROJECT.tsp OTHER.tsp [POSITION...] [--strict]",
      "Appends topics of another project, all of them or those at the positions.", 2, anyNumber,
      importTopics, "--strict"},
+    {"export-topics", "PROJECT.tsp OUT.tsp",
+     "Writes the topics as import-topics reads them; lists what is lost on the way, as convert.", 2,
+     2, exportTopics},
     {"import-help",
      "PROJECT.tsp HELP.chm|HELP.hhp [--under POSITION] [--only PATTERN] [--cut] [--keep-repeated] "
      "[--strict]",

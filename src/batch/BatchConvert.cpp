@@ -1,6 +1,8 @@
 #include "batch/BatchConvert.h"
 
 #include "batch/BatchProject.h"
+#include "import/ForeignPage.h"
+#include "import/TopicImport.h"
 #include "model/FormatLoss.h"
 #include "model/ProjectFormat.h"
 #include "platform/Files.h"
@@ -61,6 +63,26 @@ bool tellLosses(BatchSession& session, const model::TopicOutline& outline,
 }
 
 } // namespace
+
+ExitCode exportTopics(BatchSession& session, const CommandLine& arguments) {
+    const std::filesystem::path output = platform::fullPath(arguments.path(1));
+    model::Project project;
+    if (!loadForCopy(session, arguments.path(0), output, project)) {
+        return exitFailed;
+    }
+    model::TopicOutline topics;
+    for (model::Topic topic : project.outline()) {
+        topic.body = importer::withoutDoubleQuotes(topic.body);
+        topics.append(std::move(topic));
+    }
+    const bool loses = tellLosses(session, topics, {});
+    if (const std::error_code error =
+            platform::replaceFile(output, importer::formatTopicFile(topics).value)) {
+        session.console.failure("Export Topics", output, error.message());
+        return exitFailed;
+    }
+    return loses ? exitFailed : exitDone;
+}
 
 ExitCode convert(BatchSession& session, const CommandLine& arguments) {
     if (const std::string fault = faultIn(arguments); !fault.empty()) {

@@ -9,4 +9,7 @@ namespace batch {
 /// it is; a copy is written all the same.
 ExitCode convert(BatchSession& session, const CommandLine& arguments);
 
+/// Writes the topics for an import into another project.
+ExitCode exportTopics(BatchSession& session, const CommandLine& arguments);
+
 } // namespace batch

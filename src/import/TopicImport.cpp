@@ -69,6 +69,17 @@ FileTopics readFileTopics(const std::filesystem::path& file) {
     return result;
 }
 
+text::Bytes formatTopicFile(const model::TopicOutline& outline) {
+    constexpr int keptLines = 8; // the header and seven options
+    const text::Bytes head = model::formatProject({}, {});
+    const text::Bytes whole = model::formatProject(outline, {});
+    std::size_t end = 0;
+    for (int i = 0; i < keptLines; ++i) {
+        end = head.value.find('\n', end) + 1;
+    }
+    return text::Bytes(head.value.substr(0, end) + whole.value.substr(head.value.size()));
+}
+
 ImportOutcome importTopics(model::Project& project, const std::filesystem::path& file,
                            const std::function<bool(int row)>& wanted) {
     FileTopics source = readFileTopics(file);

@@ -21,6 +21,9 @@ struct FileTopics {
 /// options counts as corrupted. Format 2 is read as by model::parseProject().
 FileTopics readFileTopics(const std::filesystem::path& file);
 
+/// The topics as such a file holds them, in format 1 and behind seven options, which are empty.
+text::Bytes formatTopicFile(const model::TopicOutline& outline);
+
 /// Appends those of its topics that are wanted, by their rows in the file from 1, as new ones and
 /// without their contexts: those must be unique in a project.
 ImportOutcome importTopics(model::Project& project, const std::filesystem::path& file,

@@ -63,23 +63,37 @@ std::string reasonWithoutCaption(const VbForm& form) {
     return form.name.empty() ? "no caption" : form.name + " has no caption";
 }
 
-/// `path` is as it stands in the project file; not empty.
-void importForm(Project& project, TextView path, text::FileFinder& finder, ImportOutcome& outcome) {
+/// Why a form gives no topic; empty for one that does.
+std::string problemOf(const VbProjectForm& form, bool takesNames) {
+    const bool hasTitle = !(takesNames ? titleOf(form) : form.form.caption).empty();
+    return form.readError ? form.readError.message()
+           : hasTitle     ? std::string()
+                          : reasonWithoutCaption(form.form);
+}
+
+/// Which forms are wanted, and whether the name of its object is title enough for one.
+struct WantedForms {
+    std::function<bool(std::size_t)> isWanted;
+    bool takesNames;
+};
+
+void importForm(Project& project, const VbProject& source, const VbProjectForm& form,
+                bool takesNames, ImportOutcome& outcome) {
+    if (form.path.empty()) {
+        outcome.skipped.push_back({source.file, "a form without a file"});
+        return;
+    }
     if (project.outline().full()) {
         ++outcome.leftOut;
         return;
     }
-    Text text;
-    if (const std::error_code error =
-            text::readTextFile(finder.find(path), project.options().codePage().number(), text)) {
-        outcome.skipped.push_back({text::nativePath(path), error.message()});
+    if (const std::string problem = problemOf(form, takesNames); !problem.empty()) {
+        outcome.skipped.push_back({text::nativePath(form.path), problem});
         return;
     }
-    VbForm form = readVbForm(text);
-    if (form.caption.empty()) {
-        outcome.skipped.push_back({text::nativePath(path), reasonWithoutCaption(form)});
-    } else if (appendTopic(project, topicOf(std::move(form), project.options().codePage()),
-                           outcome)) {
+    VbForm titled = form.form;
+    titled.caption = titleOf(form);
+    if (appendTopic(project, topicOf(std::move(titled), project.options().codePage()), outcome)) {
         project.markChanged(model::statusNew);
     }
 }
@@ -142,32 +156,21 @@ private:
     std::unordered_map<Text, int> forms_; ///< the first topic of each form
 };
 
-} // namespace
-
-ImportOutcome importVbProject(Project& project, const fs::path& projectFile) {
+ImportOutcome importForms(Project& project, const VbProject& source, const WantedForms& wanted) {
     ImportOutcome outcome;
-    Text text;
-    if ((outcome.readError =
-             text::readTextFile(projectFile, project.options().codePage().number(), text))) {
-        return outcome;
-    }
-    const VbProjectFile file = readVbProjectFile(text);
     const model::UndoStep step(project, "Import VB Project");
     if (project.outline().empty()) {
-        appendTopic(project, overviewOf(file.title, project.options().codePage()), outcome);
+        appendTopic(project, overviewOf(source.title, project.options().codePage()), outcome);
     }
-    if (file.title && *file.title != project.options().projectName) {
+    if (source.title && *source.title != project.options().projectName) {
         model::ProjectOptions options = project.options();
-        options.projectName = *file.title;
+        options.projectName = *source.title;
         project.setOptions(std::move(options));
         outcome.projectChanged = true;
     }
-    text::FileFinder finder(platform::fullPath(projectFile).parent_path());
-    for (const Text& form : file.forms) {
-        if (form.empty()) {
-            outcome.skipped.push_back({projectFile, "a form without a file"});
-        } else {
-            importForm(project, form, finder, outcome);
+    for (std::size_t i = 0; i < source.forms.size(); ++i) {
+        if (wanted.isWanted(i)) {
+            importForm(project, source, source.forms[i], wanted.takesNames, outcome);
         }
     }
     CallLinker linker(project);
@@ -181,6 +184,57 @@ ImportOutcome importVbProject(Project& project, const fs::path& projectFile) {
     }
     ensureCurrent(project);
     return outcome;
+}
+
+} // namespace
+
+Text titleOf(const VbProjectForm& form) {
+    return form.form.caption.empty() ? form.form.name : form.form.caption;
+}
+
+bool isThere(const VbProjectForm& form, const Project& project) {
+    const Text title = titleOf(form);
+    const Text fileName = fileNameOf(title, project.options().codePage());
+    return !title.empty()
+           && std::any_of(project.outline().begin(), project.outline().end(),
+                          [&](const Topic& topic) {
+                              return topic.title == title || topic.fileName == fileName;
+                          });
+}
+
+VbProject readVbProject(const fs::path& projectFile, const text::CodePage& codePage) {
+    VbProject project{projectFile, {}, {}, {}};
+    Text text;
+    if ((project.readError = text::readTextFile(projectFile, codePage.number(), text))) {
+        return project;
+    }
+    VbProjectFile file = readVbProjectFile(text);
+    project.title = std::move(file.title);
+    text::FileFinder finder(platform::fullPath(projectFile).parent_path());
+    for (Text& path : file.forms) {
+        VbProjectForm form{std::move(path), {}, {}};
+        if (!form.path.empty()) {
+            form.readError = text::readTextFile(finder.find(form.path), codePage.number(), text);
+            form.form = form.readError ? VbForm() : readVbForm(text);
+        }
+        project.forms.push_back(std::move(form));
+    }
+    return project;
+}
+
+ImportOutcome importVbForms(Project& project, const VbProject& source,
+                            const std::function<bool(std::size_t)>& isWanted) {
+    return importForms(project, source, {isWanted, true});
+}
+
+ImportOutcome importVbProject(Project& project, const fs::path& projectFile) {
+    const VbProject source = readVbProject(projectFile, project.options().codePage());
+    if (source.readError) {
+        ImportOutcome outcome;
+        outcome.readError = source.readError;
+        return outcome;
+    }
+    return importForms(project, source, {[](std::size_t) { return true; }, false});
 }
 
 } // namespace importer

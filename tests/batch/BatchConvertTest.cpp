@@ -81,3 +81,28 @@ TEST_F(BatchConvert, WritesOverNothing) {
     }
     EXPECT_NE(errors.find(" uk-UA"), std::string::npos);
 }
+
+TEST_F(BatchConvert, TopicsGoIntoAnotherProject) {
+    model::ProjectOptions options;
+    options.languageTag = "ru-RU";
+    options.keepsEveryCharacter = true;
+    options.additionalText = "several\r\nlines";
+    const std::string body = "<p title=\"it's\">\xD0\x9F \xC3\x9C & \"q\"</p>\r\n<!-- \" -->";
+    const std::string source =
+        save("a.tsp",
+             test::outlineOf({test::topic(1, "\xD0\x9F 1, \xC3\x9C", "a.htm", body),
+                              test::topic(3, "B", "b.htm", "")}),
+             options);
+    const std::string target = folder / "p.tsp";
+    EXPECT_EQ(run({"export-topics", source, folder / "out.tsp"}), exitFailed);
+    EXPECT_EQ(output, "1\tbody\tdouble quotes\n"); // in a comment
+    EXPECT_EQ(run({"import-topics", target, folder / "out.tsp", "--strict"}), exitDone);
+    EXPECT_EQ(output + errors, "2 topics imported\n");
+    const auto topics = test::parsed(test::bytesOf(target)).outline;
+    EXPECT_EQ(topics.at(1).title, "\xD0\x9F 1, \xC3\x9C");
+    EXPECT_EQ(topics.at(1).body,
+              "<p title='it&#39;s'>\xD0\x9F \xC3\x9C & &quot;q&quot;</p>\r\n<!-- ' -->");
+    EXPECT_EQ(topics.at(2).level, "....3");
+    EXPECT_EQ(run({"export-topics", source, source}), exitFailed);
+    EXPECT_EQ(run({"export-topics", source, folder / "out.tsp"}), exitFailed);
+}
