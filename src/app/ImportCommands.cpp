@@ -24,11 +24,10 @@ constexpr const char* topicsFilter = "Topicsmith Project Files (*.tsp)|*.tsp|All
 
 } // namespace
 
-ImportCommands::ImportCommands(CommandHost& host, model::Project& project,
-                               const ProjectSession& session, ui::Settings& settings,
-                               LastReport& lastReport)
+ImportCommands::ImportCommands(CommandHost& host, model::Project& project, ProjectSession& session,
+                               ui::Settings& settings, LastReport& lastReport)
     : host_(host), project_(project), session_(session), settings_(settings),
-      lastReport_(lastReport) {}
+      lastReport_(lastReport), helpImport_(host, project, session) {}
 
 fs::path ImportCommands::folder() const {
     const fs::path folder = settings_.path(section, key);
@@ -57,7 +56,7 @@ void ImportCommands::importVbProject() {
     host_.carryOut({}, [this] {
         if (const auto file = chooseFile(importer::vbImportTitle, "*.vbp",
                                          "VB Project Files (*.vbp)|*.vbp|All Files (*.*)|*.*")) {
-            importVbFile(*file);
+            importVbForms(*file);
         }
     });
 }
@@ -66,6 +65,17 @@ void ImportCommands::importTopics() {
     host_.carryOut({}, [this] {
         if (const auto file = chooseFile(importer::topicImportTitle, "*.tsp", topicsFilter)) {
             openDialog(*file);
+        }
+    });
+}
+
+void ImportCommands::importHelp() {
+    host_.carryOut({}, [this] {
+        if (const auto file = chooseFile(importer::helpImportTitle, "*.chm",
+                                         "Help and Workshop Projects (*.chm;*.hhp)|*.chm;*.hhp|"
+                                         "All Files (*.*)|*.*")) {
+            settings_.setPath(section, key, file->parent_path());
+            helpImport_.open(*file);
         }
     });
 }
@@ -103,6 +113,20 @@ void ImportCommands::importVbFile(const fs::path& file) {
     finish(outcome);
 }
 
+/// After the author's choice, where there is one.
+void ImportCommands::importVbForms(const fs::path& file) {
+    const importer::VbProject source = importer::readVbProject(file, project_.options().codePage());
+    if (source.readError || source.forms.empty()) {
+        importVbFile(file);
+        return;
+    }
+    const auto wanted = importer::frmVbImport(host_.window(), source, project_).choose();
+    if (wanted) {
+        finish(importer::importVbForms(project_, source,
+                                       [&wanted](std::size_t form) { return (*wanted)[form]; }));
+    }
+}
+
 void ImportCommands::finish(const importer::ImportOutcome& outcome) {
     if (outcome.message) {
         Prompter::current().tell(&host_.window(), *outcome.message);
@@ -117,16 +141,26 @@ void ImportCommands::finish(const importer::ImportOutcome& outcome) {
 }
 
 bool ImportCommands::takes(const fs::path& file) {
-    return hasExtension(file, ".txt") || hasExtension(file, ".vbp");
+    return hasExtension(file, ".txt") || hasExtension(file, ".vbp")
+           || HelpImportCommand::takes(file);
 }
 
 void ImportCommands::importDropped(const std::vector<fs::path>& files) {
     for (const fs::path& file : files) {
         if (takes(file)) {
-            host_.carryOut({}, [this, path = platform::fullPath(file)] {
-                hasExtension(path, ".txt") ? importTextFile(path) : importVbFile(path);
-            });
+            host_.carryOut({},
+                           [this, path = platform::fullPath(file)] { importDroppedFile(path); });
         }
+    }
+}
+
+void ImportCommands::importDroppedFile(const fs::path& file) {
+    if (HelpImportCommand::takes(file)) {
+        helpImport_.open(file);
+    } else if (hasExtension(file, ".txt")) {
+        importTextFile(file);
+    } else {
+        importVbFile(file);
     }
 }
 

@@ -6,9 +6,11 @@
 #include <vector>
 
 #include "app/CommandHost.h"
+#include "app/HelpImportCommand.h"
 #include "app/LastReport.h"
 #include "app/ProjectSession.h"
 #include "import/forms/frmImport.h"
+#include "import/forms/frmVbImport.h"
 
 namespace app {
 
@@ -16,15 +18,16 @@ namespace app {
 class ImportCommands {
 public:
     /// Nothing is owned. The settings remember the folder.
-    ImportCommands(CommandHost& host, model::Project& project, const ProjectSession& session,
+    ImportCommands(CommandHost& host, model::Project& project, ProjectSession& session,
                    ui::Settings& settings, LastReport& lastReport);
 
     // Ask for the file.
     void importText();
     void importVbProject();
+    void importHelp();   ///< of another tool, with a dialog that stays open
     void importTopics(); ///< of another project of ours, with a dialog that stays open
 
-    /// Imports those of the files that are texts or Visual Basic projects, in their order.
+    /// Imports those of the files that are texts, Visual Basic projects or help, in their order.
     void importDropped(const std::vector<std::filesystem::path>& files);
     static bool takes(const std::filesystem::path& file);
 
@@ -33,7 +36,9 @@ private:
     std::optional<std::filesystem::path> chooseFile(text::TextView title, const char* pattern,
                                                     const char* filter);
     void importTextFile(const std::filesystem::path& file);
+    void importVbForms(const std::filesystem::path& file);
     void importVbFile(const std::filesystem::path& file);
+    void importDroppedFile(const std::filesystem::path& file);
     void openDialog(const std::filesystem::path& file);
     void finish(const importer::ImportOutcome& outcome);
 
@@ -42,6 +47,7 @@ private:
     const ProjectSession& session_;
     ui::Settings& settings_;
     LastReport& lastReport_;
+    HelpImportCommand helpImport_;
     std::unique_ptr<importer::frmImport> dialog_;
 };
 

@@ -32,6 +32,8 @@ constexpr MainCommand commands[] = {
      run<&frmMain::mnuFileImportHelp_Click>},
     {command, "mnuFileImportProject", "From &VB Project", nullptr, nullptr, nullptr, nullptr,
      run<&frmMain::mnuFileImportProject_Click>},
+    {command, "mnuFileImportHelpFile", "From &Compiled Help or Workshop Project...", nullptr,
+     nullptr, nullptr, nullptr, run<&frmMain::mnuFileImportHelpFile_Click>},
     {end},
     {separator, "mnuFileBar1"},
     {menu, "mnuFileGenerate", "&Generate Files"},

@@ -112,6 +112,7 @@ public:
     void mnuFileSave_Click(int index); ///< 1 asks for the name
     void mnuFileImportText_Click() { imports_.importText(); }
     void mnuFileImportHelp_Click() { imports_.importTopics(); }
+    void mnuFileImportHelpFile_Click() { imports_.importHelp(); }
     void mnuFileImportProject_Click() { imports_.importVbProject(); }
     void mnuFileGenerateHelp_Click() { generation_.generateHelp(); }
     void mnuFileGenerateDoc_Click() { generation_.generateDocumentation(); }

@@ -47,6 +47,15 @@ protected:
             std::make_unique<editor::dlgTopicLink>(*window, std::vector<editor::LinkTarget>()));
         all.push_back(std::make_unique<help::frmHelp>(*settings));
         all.push_back(std::make_unique<importer::frmImport>(*window, project(), folder / "none"));
+        test::writeBytes(folder / "h.hhp", "[FILES]\na.htm\n");
+        text::Text problem;
+        all.push_back(std::make_unique<importer::frmHelpImport>(
+            *window, importer::HelpSource::open(folder / "h.hhp", problem),
+            importer::frmHelpImport::Target()));
+        all.push_back(std::make_unique<importer::frmImportReport>(
+            *window, importer::HelpImportOutcome(), project().outline()));
+        all.push_back(
+            std::make_unique<importer::frmVbImport>(*window, importer::VbProject(), project()));
         all.push_back(std::make_unique<tools::frmFind>(*window, host, text));
         all.push_back(std::make_unique<tools::frmReplace>(*window, replaceHost, replaceMemory));
         all.push_back(tools::dlgSpelling::create(

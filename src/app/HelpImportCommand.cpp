@@ -1,0 +1,98 @@
+#include "app/HelpImportCommand.h"
+
+#include "app/FileKind.h"
+#include "app/StatusLine.h"
+#include "text/Path.h"
+#include "ui/WaitCursor.h"
+
+namespace app {
+
+namespace fs = std::filesystem;
+using text::Text;
+using ui::Prompter;
+
+HelpImportCommand::HelpImportCommand(CommandHost& host, model::Project& project,
+                                     ProjectSession& session)
+    : host_(host), project_(project), session_(session) {}
+
+bool HelpImportCommand::takes(const fs::path& file) {
+    return hasExtension(file, ".chm") || hasExtension(file, ".hhp");
+}
+
+void HelpImportCommand::open(const fs::path& file) {
+    Text problem;
+    std::unique_ptr<importer::HelpSource> source;
+    {
+        const ui::WaitCursor busy;
+        source = importer::HelpSource::open(file, problem);
+    }
+    if (source == nullptr) {
+        Prompter::current().tell(&host_.window(),
+                                 {text::displayText(file.filename()) + ": " + problem,
+                                  Text(importer::helpImportTitle), text::MessageIcon::exclamation});
+        return;
+    }
+    const int current = project_.currentIndex();
+    const bool isTopic = current >= 1 && current <= project_.outline().count();
+    dialog_ = std::make_unique<importer::frmHelpImport>(
+        host_.window(), std::move(source),
+        importer::frmHelpImport::Target{model::TopicOutline::maxTopics - project_.outline().count(),
+                                        isTopic ? current : 0,
+                                        isTopic ? project_.outline().at(current).title : Text()});
+    dialog_->Closed.connect([this] { ui::Window::discard(std::move(dialog_)); });
+    dialog_->Chosen.connect([this](const importer::HelpImportChoice& choice) { import(choice); });
+    dialog_->show();
+}
+
+/// Pictures go into the project's folder, so it has to have one.
+bool HelpImportCommand::hasFolder() {
+    if (project_.hasFile()) {
+        return true;
+    }
+    if (!project_.outline().empty()) {
+        return session_.saveProject(true);
+    }
+    const auto file = Prompter::current().chooseFile(
+        &host_.window(), {ui::FileQuestion::Kind::save, "Where the Imported Project Is to Be",
+                          "Topicsmith Project Files (*.tsp)|*.tsp|All Files (*.*)|*.*", 1,
+                          session_.folder(), model::Project::newFileName, "tsp"});
+    if (file) {
+        project_.setProjectPath(platform::fullPath(*file));
+        project_.origin() = {platform::FileState(project_.projectPath()), {}};
+    }
+    return file.has_value();
+}
+
+void HelpImportCommand::import(const importer::HelpImportChoice& choice) {
+    host_.carryOut({EditorFate::isClosed}, [&] {
+        if (!hasFolder()) {
+            return;
+        }
+        importer::HelpImportChoice checked = choice;
+        if (checked.under > project_.outline().count()) {
+            checked.under = 0; // the topic has gone meanwhile
+        }
+        importer::HelpImportOutcome outcome;
+        {
+            const ui::WaitCursor busy;
+            outcome = importHelp(project_, dialog_->source(), dialog_->plan(), checked);
+        }
+        dialog_->close();
+        host_.status().notice(summary(outcome));
+        showReport(outcome);
+    });
+}
+
+void HelpImportCommand::showReport(const importer::HelpImportOutcome& outcome) {
+    report_ =
+        std::make_unique<importer::frmImportReport>(host_.window(), outcome, project_.outline());
+    report_->Closed.connect([this] { ui::Window::discard(std::move(report_)); });
+    report_->TopicWanted.connect([this](int position) {
+        if (position <= project_.outline().count()) {
+            host_.showTopic(position);
+        }
+    });
+    report_->show();
+}
+
+} // namespace app
