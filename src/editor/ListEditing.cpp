@@ -83,11 +83,11 @@ Passage endList(Passage passage, std::size_t start, std::size_t end) {
     text.erase(start, end - start);
     std::size_t caret = listEnd(text, start);
     if (caret == Text::npos) { // being written just now
-        const Text before(TextView(text).substr(0, start));
-        Text end(lineBreak);
-        text::append(end, "</", elementToClose(before + Text(lineBreak)), ">");
-        text.insert(start, end);
-        caret = start + end.size();
+        const Text element = elementToClose(text.substr(0, start) + Text(lineBreak));
+        Text tag(lineBreak);
+        text::append(tag, "</", element, ">");
+        text.insert(start, tag);
+        caret = start + tag.size();
     }
     text.insert(caret, lineBreak);
     return {std::move(text), caret + lineBreak.size()};

@@ -28,7 +28,7 @@ TEST_F(frmMain, StartsEmptyWithTheDescribedMenus) {
               "Generate &Help Files\tCtrl+G\n(Generate &Again\tF8)\n"
               "Generate &Documentation\tCtrl+Shift+G\nGenerate &EPUB...\nGenerate &PDF...\n"
               "&Compile Help...\tF9\n"
-              "Compile &To...\tShift+F9");
+              "Compile &To...\tShift+F9\nGenerate &Web Site...\nGenerate Web &Site To...");
     EXPECT_EQ(menuText(*window, {"Edit"}),
               "(U&ndo\tCtrl+Z)\n(&Redo\tCtrl+Y)\n-\n(C&ut\tCtrl+X)\n(&Copy\tCtrl+C)\n(&Paste\tCtrl+"
               "V)\nFind...\tCtrl+F\nFind Next\tF3\nFind and Replace...\tCtrl+H\n-\n"

@@ -90,15 +90,16 @@ void frmEditBody::Resize() {
     constexpr int gap = 90;
     const int bottom = height() - contentTop() - bottomMargin;
     const int fieldsHeight = pnlFields.minimumHeight();
-    // Large fonts take their room from the body.
-    const int bodyTop = std::max(bottom - (height() - 2115), fieldsHeight + 2 * gap);
-    pnlFields.place(margin, (bodyTop - fieldsHeight) / 2, width() - 330, fieldsHeight);
     const int placeHeight = lblPlace.minimumHeight();
+    // Large fonts take their room from the body, and so does the bar.
+    const int bodyTop = std::max(bottom - (height() - 2115), fieldsHeight + placeHeight + 2 * gap);
     const int barHeight = barFind.isOpen() ? barFind.minimumHeight() + gap : 0;
-    const int bodyBottom = bottom + bottomMargin - placeHeight - barHeight - gap / 2;
+    const int bodyBottom = bottom - barHeight;
+    pnlFields.place(margin, (bodyTop - placeHeight - fieldsHeight) / 2, width() - 330,
+                    fieldsHeight);
+    lblPlace.place(margin, bodyTop - placeHeight, width() - 330, placeHeight);
     txtBody.place(margin, bodyTop, width() - 330, bodyBottom - bodyTop);
     barFind.place(margin, bodyBottom + gap, width() - 330, barHeight - gap);
-    lblPlace.place(margin, bottom + bottomMargin - placeHeight, width() - 330, placeHeight);
 }
 
 void frmEditBody::restoreSettings() {

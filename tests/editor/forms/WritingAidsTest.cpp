@@ -138,17 +138,8 @@ TEST_F(WritingAidsInWindow, TheBarFindsAndReplacesInTheText) {
     EXPECT_EQ(doubledMnemonics(editor()), "");
 }
 
-TEST_F(WritingAidsInWindow, LeadToTheNeighboursAndKeepSnippets) {
+TEST_F(WritingAidsInWindow, KeepSnippetsAndLeadToTheNeighbours) {
     edit("\u00E4<b>x</b>");
-    press("Ctrl+PgDown");
-    show(editor());
-    EXPECT_EQ(editor().caption(), "Edit Topic - b");
-    press("Ctrl+PgDown");
-    EXPECT_EQ(prompter.takeBeeps(), 1);
-    press("Ctrl+PgUp");
-    show(editor());
-    EXPECT_EQ(editor().caption(), "Edit Topic - a");
-    EXPECT_EQ(project().currentIndex(), 1);
     editor().txtBody.select(2, 8);
     whenModal([](ui::Window& shown) {
         auto& dialog = dynamic_cast<editor::dlgSnippets&>(shown);
@@ -159,11 +150,20 @@ TEST_F(WritingAidsInWindow, LeadToTheNeighboursAndKeepSnippets) {
         press("Esc");
     });
     press("Ctrl+J");
+    show(editor());
+    editor().txtBody.setFocus();
     editor().txtBody.select(0, 0);
     whenModal([](ui::Window&) {
         type("\xC3\x9C");
         press("Return");
     });
-    press("Ctrl+J");
+    EXPECT_TRUE(choose(editor(), {"HTML Tag", "Snippets..."}));
     EXPECT_EQ(body(), "<b>x</b>|\u00E4<b>x</b>");
+    editor().mnuFileSave_Click();
+    EXPECT_TRUE(choose(editor(), {"Edit", "Next Topic"}));
+    show(editor());
+    EXPECT_EQ(editor().caption(), "Edit Topic - b");
+    EXPECT_EQ(project().currentIndex(), 2);
+    editor().mnuEditTopic_Click(1);
+    EXPECT_EQ(prompter.takeBeeps(), 1);
 }
