@@ -22,7 +22,7 @@ StartPage::StartPage(ui::Container& container) : Panel(container) {
     files.withoutMargins().setSpacing(gap / 2).add(lblRecent);
     for (int slot = 0; slot < model::RecentFiles::maxFiles; ++slot) {
         auto& button = recent_[static_cast<std::size_t>(slot)];
-        button = std::make_unique<ui::Button>(*this, "");
+        button = std::make_unique<ui::Button>(*this, "(none)"); // hidden as long as that is so
         button->Click.connect([this, slot] { Recent.raise(slot); });
         files.add(*button);
     }

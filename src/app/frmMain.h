@@ -15,8 +15,8 @@
 #include "app/StatusLine.h"
 #include "app/SynchroniseCommand.h"
 #include "app/TopicPane.h"
-#include "app/WorkKeeper.h"
 #include "app/WebSiteCommand.h"
+#include "app/WorkKeeper.h"
 #include "generate/TopicSigns.h"
 #include "model/BranchEditing.h"
 #include "model/OutlineEditing.h"
@@ -120,7 +120,8 @@ public:
     void mnuFileGeneratePdf_Click() { books_.generatePdf(); }
     void mnuFileCompileHelp_Click() { compilation_.compile(false); }
     void mnuFileCompileTo_Click() { compilation_.compile(true); }
-    void mnuFileGenerateWeb_Click(int index) { webSite_.generate(index == 1); }
+    void mnuFileGenerateWeb_Click() { webSite_.generate(false); }
+    void mnuFileGenerateWebTo_Click() { webSite_.generate(true); }
     void mnuFileSynch_Click() { synchronisation_.synchronise(); }
     void mnuFileSpellChkAll_Click() { spelling_.checkAll(); }
     void mnuFileProperties_Click();

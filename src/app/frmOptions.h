@@ -97,7 +97,7 @@ public:
                         "another language, choose that language and have them read again."};
     ui::Label lblVariables{
         pnlVariables,
-        "One varia&ble a line, such as version=1.2. Where the text of a topic has {{version}}, "
+        "One variable a line, such as version=1.2. Where the text of a topic has {{version}}, "
         "pages, documentation and preview have 1.2. The file is then of a kind that earlier "
         "versions of this program cannot open.",
         &txtVariables};

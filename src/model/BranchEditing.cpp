@@ -77,7 +77,7 @@ struct Taken {
         }
         const std::size_t dot = std::min(fileName.rfind('.'), fileName.size());
         for (int number = 1;; ++number) {
-            const Text tried =
+            Text tried =
                 fileName.substr(0, dot) + ' ' + std::to_string(number) + fileName.substr(dot);
             if (!pages.contains(pageKey(tried))) {
                 return tried;

@@ -11,7 +11,7 @@ using ui::QuestionIcon;
 using frmMain = test::MainWindow;
 
 TEST_F(frmMain, StartsEmptyWithTheDescribedMenus) {
-    EXPECT_EQ(window->caption(), "HTML Topicsmith - 0.1");
+    EXPECT_EQ(window->caption(), "HTML Topicsmith - 0.2");
     EXPECT_EQ(project().projectPath(), "New.tsp");
     for (const ui::TextBox* field : {&window->txtLevel, &window->txtTitle, &window->txtFilename,
                                      &window->txtHelpID, &window->txtHelpNum}) {
@@ -23,7 +23,8 @@ TEST_F(frmMain, StartsEmptyWithTheDescribedMenus) {
         "&Generate Files\nS&ynchronize Files\nSpell Check All\tF7\n-\nProperties\tAlt+Return\n-\n"
         "E&xit\tAlt+F4");
     EXPECT_EQ(menuText(*window, {"File", "Import"}),
-              "From &Text File\nFrom &Topicsmith File\nFrom &VB Project");
+              "From &Text File\nFrom &Topicsmith File\nFrom &VB Project\n"
+              "From &Compiled Help or Workshop Project...");
     EXPECT_EQ(menuText(*window, {"File", "Generate Files"}),
               "Generate &Help Files\tCtrl+G\n(Generate &Again\tF8)\n"
               "Generate &Documentation\tCtrl+Shift+G\nGenerate &EPUB...\nGenerate &PDF...\n"
@@ -296,14 +297,14 @@ TEST_F(frmMain, SaysWhenTheProjectIsChanged) {
 }
 
 TEST_F(frmMain, ItsTitleNamesTheProject) {
-    EXPECT_EQ(titleOf(*window), "HTML Topicsmith - 0.1");
+    EXPECT_EQ(titleOf(*window), "HTML Topicsmith - 0.2");
     project().markChanged(model::projectChanged);
-    EXPECT_EQ(titleOf(*window), "New.tsp* - HTML Topicsmith - 0.1");
+    EXPECT_EQ(titleOf(*window), "New.tsp* - HTML Topicsmith - 0.2");
     project().replace(titled({"a"}), {}, folder / "\xC3\xA4[*].tsp");
-    EXPECT_EQ(titleOf(*window), "\xC3\xA4[*].tsp - HTML Topicsmith - 0.1");
+    EXPECT_EQ(titleOf(*window), "\xC3\xA4[*].tsp - HTML Topicsmith - 0.2");
     project().markChanged(model::projectChanged);
-    EXPECT_EQ(titleOf(*window), "\xC3\xA4[*].tsp* - HTML Topicsmith - 0.1");
-    EXPECT_EQ(window->caption(), "HTML Topicsmith - 0.1");
+    EXPECT_EQ(titleOf(*window), "\xC3\xA4[*].tsp* - HTML Topicsmith - 0.2");
+    EXPECT_EQ(window->caption(), "HTML Topicsmith - 0.2");
     EXPECT_TRUE(isMarkedChanged(*window));
 }
 

@@ -54,7 +54,6 @@ using MakeBrowser = BrowserView* (*)(QWidget* parent, const std::function<void()
 inline constexpr const char* makePageBrowserName = "topicsmithMakePageBrowser";
 using MakePageBrowser = PageBrowserView* (*)(QWidget* parent, const PageHost& host);
 
-
 /// Prints a page that is no file, with nothing but what the host has; empty when that fails.
 inline constexpr const char* printPageName = "topicsmithPrintPage";
 using PrintPage = QByteArray (*)(const PageHost& host, const QString& path, bool onLetter);

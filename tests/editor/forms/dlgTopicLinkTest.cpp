@@ -18,13 +18,17 @@ protected:
 
     /// Types words, then presses keys, in the dialog.
     void link(const char* words, std::initializer_list<const char*> keys) {
-        whenModal([words, keys](ui::Window&) {
+        whenModal([words, keys](ui::Window& dialog) {
+            show(dialog);
+            dynamic_cast<editor::dlgTopicLink&>(dialog).txtFilter.setFocus();
             type(words);
             for (const char* key : keys) {
                 press(key);
             }
         });
         press("Ctrl+K");
+        show(editor()); // as a window manager does
+        editor().txtBody.setFocus();
     }
 };
 
@@ -37,6 +41,7 @@ TEST_F(dlgTopicLink, LinksTheSelectionToATopicAsOneStep) {
     press("Ctrl+Z");
     EXPECT_EQ(editor().txtBody.text(), "see it <h2>Own</h2>");
     EXPECT_FALSE(editor().changed());
+    editor().txtBody.select(4, 2);
     link("", {"Down", "Down", "Down", "Down", "Down", "Down", "Up", "Up", "Return"});
     EXPECT_EQ(body(), "see <a href='..\\html\\b.htm'>it</a>| <h2>Own</h2>");
     link("", {"Esc"});
