@@ -15,6 +15,7 @@ StartPage::StartPage(ui::Container& container) : Panel(container) {
     offer(cmdOpen, Open);
     offer(cmdText, Text);
     offer(cmdProject, Project);
+    offer(cmdHelp, Help);
     offer(cmdExample, Example);
     starts.addStretch();
 

@@ -24,6 +24,7 @@ public:
     ui::Button cmdOpen{*this, "Open a Project..."};
     ui::Button cmdText{*this, "New From an Outline..."};
     ui::Button cmdProject{*this, "New From a Visual Basic Project..."};
+    ui::Button cmdHelp{*this, "New From Existing Help..."};
     ui::Button cmdExample{*this, "Look at an Example"};
     ui::Label lblRecent{*this, "Used last:"};
 
@@ -32,6 +33,7 @@ public:
     ui::Event<> Open;
     ui::Event<> Text;
     ui::Event<> Project;
+    ui::Event<> Help;
     ui::Event<> Example;
     ui::Event<int> Recent; ///< a slot of the recent files
 

@@ -105,6 +105,7 @@ void frmMain::connectControls() {
     onStart(startPage.Open, &frmMain::mnuFileOpen_Click);
     onStart(startPage.Text, &frmMain::mnuFileImportText_Click);
     onStart(startPage.Project, &frmMain::mnuFileImportProject_Click);
+    onStart(startPage.Help, &frmMain::mnuFileImportHelpFile_Click);
     onStart(startPage.Example, &frmMain::openExample);
     startPage.Recent.connect([this](int slot) {
         lvLevels.setFocus();

@@ -148,6 +148,9 @@ private:
             if (!isUsable) {
                 name = model::pageNameFor(each.planned->title, codePage);
             }
+            if (!model::pageNameFault(name).empty()) { // a title like "CON"
+                name = "Topic.htm";
+            }
             each.topic.fileName = freeName(name, used);
         }
     }

@@ -62,7 +62,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             require(depth >= 1 && depth <= model::maxDepth, "a level that there is not");
             require(model::pageNameFault(topic.fileName).empty(), "a name that leads elsewhere");
             require(names.insert(model::pageKey(topic.fileName)).second, "two pages of one name");
-            require(!topic.body.empty(), "an empty body");
         }
     }
     const std::string html(bytes);

@@ -84,7 +84,7 @@ TEST_F(HelpImport, MakesAnOutlineOfAnyContents) {
                      + item("Book", "") + "<UL>" + deep + "</UL></UL></UL></UL></UL></UL></UL></UL>"
                      + "</UL></UL></UL>" + item("Again", "a/index.html") + "<UL>"
                      + item("Below", "a/c.htm") + "</UL>" + item("Web", "http://example.org/x")
-                     + item("Missing", "nowhere.htm"));
+                     + item("Missing", "nowhere.htm") + item("CON", ""));
     write("a/index.html", "<title>x</title><body><h1>One</h1>text <a href=c.htm>c</a>");
     write("b/index.html", "<p>b</p>");
     write("a/c.htm", "<p>c</p>");
@@ -96,9 +96,10 @@ TEST_F(HelpImport, MakesAnOutlineOfAnyContents) {
               "..2 Sub [index 2.html]\n");
     EXPECT_NE(levels.find("................9 L9"), Text::npos);
     EXPECT_NE(levels.find("................9 L12"), Text::npos);
-    EXPECT_EQ(levels.substr(levels.find("1 Again")),
-              "1 Again [Again.htm]\n..2 Below [c.htm]\n1 Web [Web.htm]\n1 Missing [Missing.htm]\n"
-              "1 Other Pages [Other Pages.htm]\n..2 Lonely & wolf [lonely.htm]\n");
+    EXPECT_EQ(
+        levels.substr(levels.find("1 Again")),
+        "1 Again [Again.htm]\n..2 Below [c.htm]\n1 Web [Web.htm]\n1 Missing [Missing.htm]\n"
+        "1 CON [Topic.htm]\n1 Other Pages [Other Pages.htm]\n..2 Lonely & wolf [lonely.htm]\n");
     const auto& topics = project.outline();
     const auto bodyOf = [&](const Text& title) {
         return std::find_if(topics.begin(), topics.end(),
