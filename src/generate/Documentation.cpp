@@ -42,10 +42,10 @@ public:
             bodies += topic.body.size();
         }
         constexpr std::size_t perTopic = 1000; // headings, and what rewriting adds
-        page_.reserve(bodies + perTopic * static_cast<std::size_t>(outline.count()));
+        bytes_.value.reserve(bodies + perTopic * static_cast<std::size_t>(outline.count()));
     }
 
-    Text make() && {
+    text::Bytes make() && {
         appendHead();
         appendContents();
         if (options_.showCopyright) {
@@ -55,13 +55,21 @@ public:
         OutlineNumbers numbers;
         for (int position = 1; position <= outline_.count(); ++position) {
             appendTopic(position, numbers);
+            encode();
         }
         appendLine(page_, "</body>");
         appendLine(page_, "</html>");
-        return std::move(page_);
+        encode();
+        return std::move(bytes_);
     }
 
 private:
+    /// What is done, so that it need not be kept twice.
+    void encode() {
+        codePage_.appendEncoded(bytes_.value, page_, text::Missing::reference);
+        page_.clear();
+    }
+
     void appendHead() {
         appendLine(page_, documentTypeLine);
         appendLine(page_, generatorLine);
@@ -153,13 +161,15 @@ private:
     const TopicOutline& outline_;
     const ProjectOptions& options_;
     TextView imageFolder_;
-    Text page_;
+    text::CodePage codePage_ = options_.codePage();
+    Text page_; ///< what is not encoded yet
+    text::Bytes bytes_;
 };
 
 } // namespace
 
-Text documentationPage(const TopicOutline& outline, const ProjectOptions& options,
-                       TextView imageFolder) {
+text::Bytes documentationPage(const TopicOutline& outline, const ProjectOptions& options,
+                              TextView imageFolder) {
     return Documentation(outline, options, imageFolder).make();
 }
 
@@ -167,10 +177,10 @@ model::FileFailures generateDocumentation(const model::Project& project,
                                           const std::filesystem::path& file,
                                           const std::filesystem::path& imageFolder) {
     model::FileFailures failures;
-    const Text page =
-        documentationPage(project.outline(), project.options(), text::attributeText(imageFolder));
-    writeGenerated(file, project.options().codePage().encoded(page, text::Missing::reference),
-                   project.projectPath(), failures);
+    writeGenerated(
+        file,
+        documentationPage(project.outline(), project.options(), text::attributeText(imageFolder)),
+        project.projectPath(), failures);
     return failures;
 }
 

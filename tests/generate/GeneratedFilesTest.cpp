@@ -32,8 +32,8 @@ void generateAll(const fs::path& projectFile, const fs::path& folder) {
         test::writeBytes(folder / name,
                          text::CodePage().encoded(contents, text::Missing::reference).value);
     };
-    write("documentation.htm",
-          generate::documentationPage(project.outline(), project.options(), "/p"));
+    test::writeBytes(folder / "documentation.htm",
+                     generate::documentationPage(project.outline(), project.options(), "/p").value);
     const fs::path workshopFile = folder / "help.hhp";
     const auto save = [&] { return saveProject(project, folder / "project.tsp"); };
     auto report =
