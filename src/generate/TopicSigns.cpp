@@ -98,14 +98,22 @@ bool TopicSigns::isShared(const std::map<Text, int>& values, const Text& value) 
 }
 
 /// Addresses are only read anew when the text, or the page from which they count, is another.
-TopicSigns::Facts TopicSigns::factsOf(const Topic& topic, Facts before) const {
+TopicSigns::Facts TopicSigns::factsOf(const Topic& topic, Facts before) {
     Facts facts = std::move(before);
     facts.page = topic.fileName.empty() ? Text() : placeKey(topic.fileName);
     facts.contextId = text::lowerCase(topic.contextId);
     facts.contextNumber = topic.contextNumber;
-    const std::size_t hash = std::hash<TextView>()(topic.body);
-    if (hash != facts.bodyHash || topic.fileName != facts.bodyFileName) {
-        facts.bodyHash = hash;
+    facts.isBodyRead = facts.isBodyRead && topic.fileName == facts.bodyFileName
+                       && std::hash<TextView>()(topic.body) == facts.bodyHash;
+    return facts;
+}
+
+const TopicSigns::Facts& TopicSigns::withBody(int position) const {
+    Facts& facts = facts_[indexOf(position)];
+    if (!facts.isBodyRead) {
+        const Topic& topic = outline_.at(position);
+        facts.isBodyRead = true;
+        facts.bodyHash = std::hash<TextView>()(topic.body);
         facts.bodyFileName = topic.fileName;
         facts.addresses = addressesOf(topic);
         facts.isEmpty = text::trim(text::oneLine(topic.body)).empty();
@@ -155,7 +163,7 @@ Text TopicSigns::problems(int position) const {
     const auto add = [&lines](TextView problem, TextView about = {}) {
         text::append(lines, lines.empty() ? "" : "\n", about, about.empty() ? "" : ": ", problem);
     };
-    const Facts& facts = facts_[indexOf(position)];
+    const Facts& facts = withBody(position);
     const Topic& topic = outline_.at(position);
     if (facts.isEmpty) {
         add("the topic has no text");

@@ -47,6 +47,9 @@ private:
         text::Text page;
         text::Text contextId;
         text::Text contextNumber;
+
+        // Of the text, which is read when somebody asks: most topics are not in view.
+        bool isBodyRead = false;
         text::Text bodyFileName; ///< for which the addresses hold
         std::size_t bodyHash = 0;
         bool isEmpty = true;
@@ -55,15 +58,16 @@ private:
 
     static void count(std::map<text::Text, int>& values, const text::Text& value, int by);
     static bool isShared(const std::map<text::Text, int>& values, const text::Text& value);
-    Facts factsOf(const model::Topic& topic, Facts before) const;
+    static Facts factsOf(const model::Topic& topic, Facts before);
+    const Facts& withBody(int position) const;
     static std::vector<Address> addressesOf(const model::Topic& topic);
     void countFacts(const Facts& facts, int by);
     bool exists(const Address& address) const;
 
     const model::TopicOutline& outline_;
     std::filesystem::path folder_;
-    std::vector<text::Text> copied_; ///< files that generation puts there
-    std::vector<Facts> facts_;       ///< by position, from 0
+    std::vector<text::Text> copied_;   ///< files that generation puts there
+    mutable std::vector<Facts> facts_; ///< by position, from 0
     std::map<text::Text, int> pages_;
     std::map<text::Text, int> contextIds_;
     std::map<text::Text, int> contextNumbers_;
