@@ -57,7 +57,8 @@ GeneratedPage withNames(const ProtectedBlock& block, const Topic& topic,
     return {PageState::edited, std::move(*named), "was edited since it was generated"};
 }
 
-GeneratedPage compared(ProtectedBlock block, const Topic& topic, const ProjectOptions& options) {
+GeneratedPage compared(const ProtectedBlock& block, const Topic& topic,
+                       const ProjectOptions& options) {
     const Text shown = model::shownBody(topic, options);
     if (isUnedited(block, shown)) {
         return {};
@@ -96,8 +97,8 @@ GeneratedPage readPage(const std::filesystem::path& pageFolder, const Topic& top
         return {};
     }
     const Text page = codePage.withLetters(text::decodedForeignPage(bytes, codePage.number()));
-    if (auto block = model::findProtectedBlock(page, codePage)) {
-        return compared(std::move(*block), topic, options);
+    if (const auto block = model::findProtectedBlock(page, codePage)) {
+        return compared(*block, topic, options);
     }
     return {PageState::damaged, {}, "the marker lines around its text are missing or damaged"};
 }
