@@ -27,7 +27,9 @@ std::string PagePrinter::print(PageSource& source, const std::string& place, Pap
                                return bytes;
                            },
                            [] {}, [](const QString&) {}};
-    return printPage(host, QString::fromStdString(place), paper == Paper::letter).toStdString();
+    QByteArray pdf;
+    printPage(host, QString::fromStdString(place), paper == Paper::letter, pdf);
+    return pdf.toStdString();
 }
 
 } // namespace ui

@@ -153,12 +153,12 @@ std::uint32_t SearchTexts::joinedPart(std::uint32_t one, std::uint32_t other) {
 
 /// Words that are seldom written with a capital have no number of their own for that.
 void SearchTexts::foldCapitals() {
-    constexpr std::size_t often = 16;
+    constexpr std::size_t oftenEnough = 16;
     std::vector<std::uint32_t> small(parts_.size());
     std::iota(small.begin(), small.end(), 0U);
     Text word;
     for (std::uint32_t i = 0; i < small.size(); ++i) {
-        if (!isCapitalised(parts_[i].text) || parts_[i].count >= often) {
+        if (!isCapitalised(parts_[i].text) || parts_[i].count >= oftenEnough) {
             continue;
         }
         word = parts_[i].text;

@@ -12,12 +12,9 @@ protected:
                                                                   "href='A.htm#x'>")}));
     std::string before = test::bytesOf(path);
 
-    const model::Topic& topic(int position) {
-        read = test::parsed(test::bytesOf(path));
-        return read.outline.at(position);
+    model::Topic topic(int position) {
+        return test::parsed(test::bytesOf(path)).outline.at(position);
     }
-
-    model::ParsedProject read;
 };
 
 } // namespace

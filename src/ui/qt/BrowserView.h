@@ -56,7 +56,8 @@ using MakePageBrowser = PageBrowserView* (*)(QWidget* parent, const PageHost& ho
 
 /// Prints a page that is no file, with nothing but what the host has; empty when that fails.
 inline constexpr const char* printPageName = "topicsmithPrintPage";
-using PrintPage = QByteArray (*)(const PageHost& host, const QString& path, bool onLetter);
+using PrintPage = void (*)(const PageHost& host, const QString& path, bool onLetter,
+                           QByteArray& pdf);
 
 /// The function of that name; null when the library is not there.
 QFunctionPointer browserFunction(const char* name);

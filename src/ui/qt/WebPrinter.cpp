@@ -66,8 +66,8 @@ QByteArray print(const PageHost& host, const QString& path, bool onLetter) {
 
 } // namespace ui
 
-extern "C" Q_DECL_EXPORT QByteArray topicsmithPrintPage(const ui::PageHost& host,
-                                                        const QString& path, bool onLetter) {
+extern "C" Q_DECL_EXPORT void topicsmithPrintPage(const ui::PageHost& host, const QString& path,
+                                                  bool onLetter, QByteArray& pdf) {
     ui::registerPageScheme();
-    return ui::print(host, path, onLetter);
+    pdf = ui::print(host, path, onLetter);
 }
