@@ -111,8 +111,8 @@ TEST_F(BookCommands, TheProgramPrintsWithoutAScreenAndSaysWhyNot) {
     test::writeBytes(folder / "p.tsp",
                      test::projectFile(test::outlineOf({test::topic(1, "\u00C4", "a.htm")}), {}));
     test::writeBytes(folder / "old.pdf", "old");
-    const std::string program =
-        "env -u DISPLAY -u QT_QPA_PLATFORM '" TOPICSMITH_PROGRAM_FOLDER "/topicsmith' --pdf ";
+    const std::string program = "env -u DISPLAY -u QT_QPA_PLATFORM '"
+                                + std::string(test::programFolder() / "topicsmith") + "' --pdf ";
     EXPECT_EQ(said(program + "p.tsp new.pdf"), "");
     EXPECT_TRUE(test::bytesOf(folder / "new.pdf").starts_with("%PDF-"));
     EXPECT_EQ(said(program + "p.tsp", 2), "topicsmith: --pdf expects PROJECT.tsp OUT.pdf\n");

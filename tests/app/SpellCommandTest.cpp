@@ -14,8 +14,7 @@ namespace {
 class SpellCommand : public test::MainWindow {
 protected:
     SpellCommand() {
-        fs::copy(fs::path(TOPICSMITH_SOURCE_FOLDER) / "tests/data/spelling",
-                 folder / "program" / "dictionaries");
+        fs::copy(test::sourceFolder() / "tests/data/spelling", folder / "program" / "dictionaries");
         settings->set("Spelling", "Language", "xx_TEST");
     }
 

@@ -29,7 +29,7 @@ protected:
     }
 
     TemporaryFolder folder;
-    std::filesystem::path programFolder = TOPICSMITH_PROGRAM_FOLDER;
+    std::filesystem::path programFolder = test::programFolder();
     std::string output;
     std::string errors;
 };

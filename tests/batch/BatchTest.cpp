@@ -164,7 +164,7 @@ TEST_F(BatchTest, SpellListsUnknownWords) {
                                     topic(1, "fox", "b.htm", "the caf\u00E9")});
     outline.at(2).shortDescription = "the &#937;";
     const std::string project = save("p.tsp", outline);
-    fs::copy(fs::path(TOPICSMITH_SOURCE_FOLDER) / "tests/data/spelling", folder / "dictionaries");
+    fs::copy(test::sourceFolder() / "tests/data/spelling", folder / "dictionaries");
     programFolder = folder.path();
     EXPECT_EQ(run({"spell", project, "--language", "xx_TEST"}), exitFailed);
     EXPECT_EQ(output,
@@ -182,10 +182,10 @@ TEST_F(BatchTest, SpellListsUnknownWords) {
 }
 
 TEST_F(BatchTest, CheckListsFaultsAndChangesNothing) {
-    EXPECT_EQ(run({"check", TOPICSMITH_SOURCE_FOLDER "/help/topicsmith.tsp"}), exitDone);
+    EXPECT_EQ(run({"check", test::sourceFolder() / "help/topicsmith.tsp"}), exitDone);
     EXPECT_EQ(output, "") << "the manual must be clean";
-    EXPECT_EQ(run({"spell", TOPICSMITH_SOURCE_FOLDER "/help/topicsmith.tsp", "--language", "en_US",
-                   "--words", TOPICSMITH_SOURCE_FOLDER "/help/words.txt"}),
+    EXPECT_EQ(run({"spell", test::sourceFolder() / "help/topicsmith.tsp", "--language", "en_US",
+                   "--words", test::sourceFolder() / "help/words.txt"}),
               exitDone);
     EXPECT_EQ(output, "") << "the manual must be spelt well";
     const std::string project =

@@ -14,7 +14,7 @@ using namespace std::chrono;
 namespace {
 
 fs::path batchProgram() {
-    const fs::path programs = platform::pathFromUtf8(TOPICSMITH_PROGRAM_FOLDER);
+    const fs::path programs = test::programFolder();
     return programs / platform::programFile("topicsmith-batch").filename();
 }
 

@@ -17,7 +17,7 @@ namespace {
 class EpubTest : public testing::Test {
 protected:
     book::BookOutcome write(const fs::path& name) {
-        return book::writeEpub(project, folder / name, TOPICSMITH_PROGRAM_FOLDER);
+        return book::writeEpub(project, folder / name, test::programFolder());
     }
 
     /// What the judge has to say; empty when nothing is wrong.
@@ -133,8 +133,7 @@ TEST_F(EpubTest, HoldsBeforeAnotherProgramsEyes) {
     const auto add = [&outline](Topic topic) { outline.append(std::move(topic)); };
     for (const char* name : {"buttons", "one-topic", "parents", "text-links"}) {
         Project other;
-        const fs::path file =
-            fs::path(TOPICSMITH_SOURCE_FOLDER "/tests/data/generated") / name / "project.tsp";
+        const fs::path file = test::sourceFolder() / "tests/data/generated" / name / "project.tsp";
         ASSERT_FALSE(loadProject(other, file).readError) << file;
         for (const Topic& topic : other.outline()) {
             add(topic);
@@ -178,7 +177,7 @@ TEST_F(EpubTest, HoldsBeforeAnotherProgramsEyes) {
 }
 
 TEST_F(EpubTest, TheManualIsABook) {
-    ASSERT_FALSE(loadProject(project, TOPICSMITH_SOURCE_FOLDER "/help/topicsmith.tsp").readError);
+    ASSERT_FALSE(loadProject(project, test::sourceFolder() / "help/topicsmith.tsp").readError);
     const book::BookOutcome outcome = write("manual.epub");
     EXPECT_TRUE(outcome.failures.empty());
     EXPECT_TRUE(outcome.notes.empty()) << outcome.notes.front().what;

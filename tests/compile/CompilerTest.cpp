@@ -256,7 +256,7 @@ TEST_F(CompilerTest, ForeignReadersShowTheSameAsOurs) {
     model::Project project;
     project.replace(outline, {}, "p.tsp");
     const auto save = [&] { return model::saveProject(project, folder / "saved.tsp"); };
-    generate::generateHelp(project, {folder / "p.hhp", TOPICSMITH_PROGRAM_FOLDER, save, {}});
+    generate::generateHelp(project, {folder / "p.hhp", test::programFolder(), save, {}});
     std::string workshop = test::bytesOf(folder / "p.hhp");
     workshop.insert(workshop.find("Auto Index"), "Binary TOC=Yes\r\n");
     write("p.hhp", workshop);

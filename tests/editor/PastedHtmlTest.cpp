@@ -29,7 +29,7 @@ Text pasted(TextView html) {
 }
 
 std::string sample(const char* name) {
-    return bytesOf(std::filesystem::path(TOPICSMITH_SOURCE_FOLDER) / "tests/data/paste" / name);
+    return bytesOf(test::sourceFolder() / "tests/data/paste" / name);
 }
 
 } // namespace

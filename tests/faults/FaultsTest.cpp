@@ -92,7 +92,7 @@ TEST_F(Faults, AGenerationNamesWhatFailsAndGoesOn) {
         [&](Project& project) {
             const auto save = [&] { return model::saveProject(project, file); };
             report = generate::generateHelp(
-                project, {folder / "work/help.hhp", TOPICSMITH_PROGRAM_FOLDER, save, {}});
+                project, {folder / "work/help.hhp", test::programFolder(), save, {}});
         },
         [&](const Project& project, bool happened) {
             EXPECT_EQ(report.failures.empty(), !happened);

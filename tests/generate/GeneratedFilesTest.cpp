@@ -36,8 +36,7 @@ void generateAll(const fs::path& projectFile, const fs::path& folder) {
                      generate::documentationPage(project.outline(), project.options(), "/p").value);
     const fs::path workshopFile = folder / "help.hhp";
     const auto save = [&] { return saveProject(project, folder / "project.tsp"); };
-    auto report =
-        generate::generateHelp(project, {workshopFile, TOPICSMITH_PROGRAM_FOLDER, save, {}});
+    auto report = generate::generateHelp(project, {workshopFile, test::programFolder(), save, {}});
     EXPECT_TRUE(report.failures.empty());
     const std::string path = workshopFile.string();
     report.text.replace(report.text.find(path), path.size(), "help.hhp");
@@ -51,7 +50,7 @@ class GeneratedFiles : public testing::TestWithParam<const char*> {};
 /// Byte for byte. The expected files under tests/data/generated were read line by line when they
 /// were made; after an intended change, run with RENEW_EXPECTED=1 and read the difference.
 TEST_P(GeneratedFiles, AreAsExpected) {
-    const fs::path data = fs::path(TOPICSMITH_SOURCE_FOLDER) / "tests/data/generated" / GetParam();
+    const fs::path data = test::sourceFolder() / "tests/data/generated" / GetParam();
     const fs::path expected = data / "expected";
     const test::TemporaryFolder folder;
     generateAll(data / "project.tsp", folder.path());

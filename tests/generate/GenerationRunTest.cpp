@@ -23,7 +23,7 @@ protected:
 
     GenerationReport run() {
         return generateHelp(project,
-                            {folder / "my.help.hhp", TOPICSMITH_PROGRAM_FOLDER,
+                            {folder / "my.help.hhp", test::programFolder(),
                              [this] { return saveProject(project, project.projectPath()); },
                              [this](const Text& text) { shownReport = text; }});
     }
@@ -146,7 +146,7 @@ TEST_F(GenerationRunTest, WritesNothingThroughLinks) {
         const auto save = [this] { return saveProject(project, project.projectPath()); };
         std::string names;
         for (const auto& failure :
-             generateHelp(project, {folder / workshopFile, TOPICSMITH_PROGRAM_FOLDER, save, {}})
+             generateHelp(project, {folder / workshopFile, test::programFolder(), save, {}})
                  .failures) {
             names += failure.path.lexically_relative(folder.path()).generic_string() + "|";
         }

@@ -17,8 +17,7 @@ using test::topic;
 
 namespace {
 
-const fs::path sourceFolder = TOPICSMITH_SOURCE_FOLDER;
-const fs::path compiledManual = fs::path(TOPICSMITH_PROGRAM_FOLDER) / "HTML Topicsmith.chm";
+const fs::path compiledManual = test::programFolder() / "HTML Topicsmith.chm";
 
 std::unique_ptr<HelpBook> opened(const fs::path& path) {
     auto book = HelpBook::open(path);
@@ -99,7 +98,7 @@ TEST(HelpBook, ShowsAGeneratedHelpAsItsOutline) {
     const test::TemporaryFolder folder;
     const auto save = [&] { return saveProject(project, folder / "saved.tsp"); };
     const auto report =
-        generate::generateHelp(project, {folder / "help.hhp", TOPICSMITH_PROGRAM_FOLDER, save, {}});
+        generate::generateHelp(project, {folder / "help.hhp", test::programFolder(), save, {}});
     EXPECT_TRUE(report.failures.empty());
     test::compileHelp(folder / "help.hhp");
 
@@ -126,7 +125,7 @@ TEST(HelpBook, ShowsAGeneratedHelpAsItsOutline) {
 }
 
 TEST(HelpBook, ShowsTheManual) {
-    const fs::path manual = sourceFolder / "help/topicsmith.tsp";
+    const fs::path manual = test::sourceFolder() / "help/topicsmith.tsp";
     Project project;
     ASSERT_EQ(loadProject(project, manual).stop, LoadStop::none);
     EXPECT_EQ(test::projectFile(project.outline(), project.options()), test::bytesOf(manual))
@@ -151,7 +150,7 @@ TEST(HelpBook, ShowsTheManual) {
     for (const ui::HelpContext context : ui::helpContexts) {
         EXPECT_NE(book->pageOfContext(context), "") << context;
     }
-    for (const auto& picture : fs::directory_iterator(sourceFolder / "help/images")) {
+    for (const auto& picture : fs::directory_iterator(test::sourceFolder() / "help/images")) {
         EXPECT_TRUE(book->read("/images/" + picture.path().filename().string()))
             << picture.path() << " is shown nowhere";
     }
@@ -220,7 +219,7 @@ TEST(HelpBook, HoldsTheLargestProject) {
     project.replace(outline, {}, "p.tsp");
     const test::TemporaryFolder folder;
     const auto save = [&] { return saveProject(project, folder / "saved.tsp"); };
-    generate::generateHelp(project, {folder / "help.hhp", TOPICSMITH_PROGRAM_FOLDER, save, {}});
+    generate::generateHelp(project, {folder / "help.hhp", test::programFolder(), save, {}});
     test::compileHelp(folder / "help.hhp");
     const auto book = opened(folder / "help.chm");
     EXPECT_EQ(contentsOf(*book), contentsOf(outline));

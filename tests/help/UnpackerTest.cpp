@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const fs::path programs = TOPICSMITH_PROGRAM_FOLDER;
+const fs::path programs = test::programFolder();
 const fs::path manual = programs / "HTML Topicsmith.chm";
 
 /// The program that unpacks help, while it waits for somebody to read what it writes.

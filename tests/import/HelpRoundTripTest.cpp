@@ -21,9 +21,8 @@ protected:
         const auto save = [&] {
             return saveProject(project, workshopFile.parent_path() / "p.tsp");
         };
-        EXPECT_TRUE(
-            generate::generateHelp(project, {workshopFile, TOPICSMITH_PROGRAM_FOLDER, save, {}})
-                .failures.empty());
+        EXPECT_TRUE(generate::generateHelp(project, {workshopFile, test::programFolder(), save, {}})
+                        .failures.empty());
         EXPECT_TRUE(compile::compileProject(workshopFile, {}).isWritten);
     }
 
@@ -64,7 +63,7 @@ std::vector<Text> keywordsOf(const Topic& topic) {
 } // namespace
 
 TEST_P(HelpRoundTrip, GivesTheSameTopics) {
-    const fs::path source = fs::path(TOPICSMITH_SOURCE_FOLDER) / GetParam();
+    const fs::path source = test::sourceFolder() / GetParam();
     Project original;
     ASSERT_EQ(loadProject(original, source).stop, LoadStop::none);
     fs::create_directories(folder / "first/html");

@@ -181,7 +181,7 @@ TEST_F(SynchroniserTest, PagesComeBackAsTheyWereEdited) {
     const auto generate = [this] {
         generate::generateHelp(
             project,
-            {folder / "p.hhp", TOPICSMITH_PROGRAM_FOLDER, [] { return std::error_code(); }, {}});
+            {folder / "p.hhp", test::programFolder(), [] { return std::error_code(); }, {}});
     };
     generate();
     EXPECT_TRUE(synchronise(project, folder / "html").changed.empty());
@@ -222,7 +222,7 @@ TEST_F(SynchroniserTest, PagesOfEveryEncodingComeBack) {
                         folder / "p.tsp");
         generate::generateHelp(
             project,
-            {folder / "p.hhp", TOPICSMITH_PROGRAM_FOLDER, [] { return std::error_code(); }, {}});
+            {folder / "p.hhp", test::programFolder(), [] { return std::error_code(); }, {}});
         EXPECT_TRUE(synchronise(project, folder / "html").changed.empty()) << language;
         const auto page = folder / "html/a.htm";
         Text edited = options.codePage().decodedHtml(test::bytesOf(page));

@@ -200,7 +200,7 @@ TEST_F(VbImportTest, GoesOnWhereTheOutlineIsFull) {
 
 /// A whole application, as messy as they are.
 TEST_F(VbImportTest, ImportsTheOrchardLedger) {
-    const fs::path data = fs::path(TOPICSMITH_SOURCE_FOLDER) / "tests/data/visual-basic";
+    const fs::path data = test::sourceFolder() / "tests/data/visual-basic";
     const ImportOutcome outcome = importVbProject(project, data / "Orchard/Orchard.vbp");
     EXPECT_EQ(test::projectFile(project.outline(), project.options()),
               test::bytesOf(data / "expected.tsp"));

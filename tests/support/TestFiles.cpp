@@ -13,6 +13,18 @@ Path::operator std::string() const {
     return platform::utf8FromPath(*this);
 }
 
+Path Path::operator/(const fs::path& name) const {
+    return static_cast<const fs::path&>(*this) / name;
+}
+
+Path sourceFolder() {
+    return platform::pathFromUtf8(TOPICSMITH_SOURCE_FOLDER);
+}
+
+Path programFolder() {
+    return platform::pathFromUtf8(TOPICSMITH_PROGRAM_FOLDER);
+}
+
 TemporaryFolder::TemporaryFolder() {
     const fs::path parent = fs::temp_directory_path();
     std::random_device random;

@@ -14,6 +14,7 @@ public:
     using std::filesystem::path::path;
     Path(std::filesystem::path other) : std::filesystem::path(std::move(other)) {}
     operator std::string() const;
+    Path operator/(const std::filesystem::path& name) const;
 };
 
 /// A folder of the running test's own, empty at first and removed at the end.
@@ -25,13 +26,19 @@ public:
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
     const Path& path() const { return path_; }
-    Path operator/(const std::filesystem::path& name) const { return Path(path_ / name); }
+    Path operator/(const std::filesystem::path& name) const { return path_ / name; }
 
     std::size_t fileCount() const;
 
 private:
     Path path_;
 };
+
+/// The project's own folder, for what the tests read of it, and the one of the programs that were
+/// built. Only this file's implementation is told where they are: paths on every compiler's command
+/// line keep a compiler cache from helping in another checkout.
+Path sourceFolder();
+Path programFolder();
 
 /// A file's bytes; fails the test if it cannot be read.
 std::string bytesOf(const std::filesystem::path& path);

@@ -32,7 +32,7 @@ std::string letters(TextView text) {
     return words;
 }
 
-const std::vector<fs::path> folders = {fs::path(TOPICSMITH_SOURCE_FOLDER) / "tests/data/spelling"};
+const std::vector<fs::path> folders = {test::sourceFolder() / "tests/data/spelling"};
 
 class SpellingTest : public testing::Test {
 protected:

@@ -20,7 +20,7 @@ namespace {
 class frmHelp : public test::MainWindow {
 protected:
     frmHelp() {
-        const std::filesystem::path programs = TOPICSMITH_PROGRAM_FOLDER;
+        const std::filesystem::path programs = test::programFolder();
         test::writeBytes(helpFile, test::bytesOf(programs / "HTML Topicsmith.chm"));
     }
 
@@ -52,8 +52,7 @@ TEST_F(frmHelp, ContentsOpensThePageOfTheMainWindow) {
 
     // The tree is the outline, and a click shows the page.
     model::Project manual;
-    model::loadProject(manual,
-                       std::filesystem::path(TOPICSMITH_SOURCE_FOLDER) / "help/topicsmith.tsp");
+    model::loadProject(manual, test::sourceFolder() / "help/topicsmith.tsp");
     std::string outline;
     for (const model::Topic& topic : manual.outline()) {
         outline +=
