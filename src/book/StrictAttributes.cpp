@@ -21,15 +21,6 @@ bool holdsOnly(TextView value, Test test) {
     return !value.empty() && std::all_of(value.begin(), value.end(), test);
 }
 
-bool isDigit(char character) {
-    return character >= '0' && character <= '9';
-}
-
-bool isLetterOrDigit(char character) {
-    return isDigit(character) || (character >= 'a' && character <= 'z')
-           || (character >= 'A' && character <= 'Z');
-}
-
 /// A whole number from 1 on, as it was meant; nothing for any other.
 std::optional<int> number(TextView value) {
     constexpr int most = 10000;
@@ -48,12 +39,14 @@ Text length(TextView value) {
 /// "#F00", "#FF0000" or a name; empty for what is neither.
 Text colour(TextView value) {
     if (!value.starts_with('#')) {
-        return holdsOnly(value, [](char c) { return isLetterOrDigit(c) && !isDigit(c); })
+        return holdsOnly(
+                   value,
+                   [](char c) { return text::isAsciiLetterOrDigit(c) && !text::isAsciiDigit(c); })
                    ? Text(value)
                    : Text();
     }
     const bool isNumber = holdsOnly(value.substr(1), [](char c) {
-        return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+        return text::isAsciiDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
     });
     return isNumber && (value.size() == 4 || value.size() == 7) ? Text(value) : Text();
 }
@@ -73,9 +66,11 @@ Text fontSize(TextView value) {
 }
 
 Text fontFamily(TextView value) {
-    const bool isPlain = holdsOnly(
-        value, [](char c) { return isLetterOrDigit(c) || c == ' ' || c == ',' || c == '-'; });
-    return isPlain && !isDigit(value[0]) && value[0] != '-' && value.find(",,") == Text::npos
+    const bool isPlain = holdsOnly(value, [](char c) {
+        return text::isAsciiLetterOrDigit(c) || c == ' ' || c == ',' || c == '-';
+    });
+    return isPlain && !text::isAsciiDigit(value[0]) && value[0] != '-'
+                   && value.find(",,") == Text::npos
                ? Text(value)
                : Text();
 }
@@ -150,8 +145,8 @@ private:
             add("title", text::resolvedReferences(title));
         }
         const TextView language = value("lang");
-        if (holdsOnly(language, [](char c) { return isLetterOrDigit(c) || c == '-'; })
-            && language.size() > 1 && language.size() < 9 && !isDigit(language[0])
+        if (holdsOnly(language, [](char c) { return text::isAsciiLetterOrDigit(c) || c == '-'; })
+            && language.size() > 1 && language.size() < 9 && !text::isAsciiDigit(language[0])
             && language.back() != '-') {
             add("lang", language);
             add("xml:lang", language);

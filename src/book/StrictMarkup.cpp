@@ -14,10 +14,8 @@ using enum ElementKind;
 
 namespace {
 
-constexpr TextView blanks = " \t\r\n\f";
-
 bool isBlank(TextView text) {
-    return text.find_first_not_of(blanks) == TextView::npos;
+    return text.find_first_not_of(text::whiteSpace) == TextView::npos;
 }
 
 /// Reads the mark-up, and says which block comes next.

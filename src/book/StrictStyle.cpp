@@ -10,13 +10,6 @@ using text::TextView;
 
 namespace {
 
-constexpr TextView blanks = " \t\r\n\f";
-
-TextView trimmed(TextView css) {
-    css.remove_prefix(std::min(css.find_first_not_of(blanks), css.size()));
-    return css.substr(0, css.find_last_not_of(blanks) + 1);
-}
-
 bool isNameCharacter(char character) {
     return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z')
            || (character >= '0' && character <= '9') || character == '-' || character == '_';
@@ -124,7 +117,7 @@ std::optional<Text> strictValue(TextView value, const StyleAddress& address) {
             return strict + Text(value.substr(done));
         }
         const std::size_t end = value.find(')', at);
-        TextView named = trimmed(value.substr(at + start.size(), end - at - start.size()));
+        TextView named = text::trimmed(value.substr(at + start.size(), end - at - start.size()));
         if (named.size() > 1 && (named.front() == '"' || named.front() == '\'')) {
             named = named.substr(1, named.size() - 2);
         }
@@ -143,8 +136,8 @@ Text declarations(TextView css, const StyleAddress& address) {
         const TextView one = css.substr(0, findOutside(css, ";"));
         css.remove_prefix(std::min(one.size() + 1, css.size()));
         const std::size_t colon = std::min(one.find(':'), one.size());
-        const Text property = text::lowerAscii(trimmed(one.substr(0, colon)));
-        const TextView value = trimmed(one.substr(std::min(colon + 1, one.size())));
+        const Text property = text::lowerAscii(text::trimmed(one.substr(0, colon)));
+        const TextView value = text::trimmed(one.substr(std::min(colon + 1, one.size())));
         const bool isName = !property.empty() && (property[0] < '0' || property[0] > '9')
                             && property != "-"
                             && std::all_of(property.begin(), property.end(), isNameCharacter);
@@ -199,7 +192,7 @@ public:
 
     void read(TextView css, bool insideMedia) {
         while (true) {
-            css = trimmed(css);
+            css = text::trimmed(css);
             for (const TextView mark : {"<!--", "-->", "}"}) {
                 css.remove_prefix(css.starts_with(mark) ? mark.size() : 0);
             }
@@ -207,7 +200,7 @@ public:
             if (end == css.size()) {
                 return;
             }
-            const TextView head = trimmed(css.substr(0, end));
+            const TextView head = text::trimmed(css.substr(0, end));
             css.remove_prefix(end);
             if (css.front() == ';') { // a rule without a block
                 css.remove_prefix(1);

@@ -10,8 +10,6 @@ using text::TextView;
 
 namespace {
 
-constexpr TextView blanks = " \t\r\n\f";
-
 bool isOfXml(char32_t character) {
     return character >= ' ' ? character != 0xFFFE && character != 0xFFFF
                             : character == '\t' || character == '\n';
@@ -31,7 +29,7 @@ Text escaped(TextView text, bool isAttribute) {
             out += "&gt;";
         } else if (byte == '"' && isAttribute) {
             out += "&quot;";
-        } else if (isAttribute && blanks.find(byte) != TextView::npos) {
+        } else if (isAttribute && text::whiteSpace.find(byte) != TextView::npos) {
             out += ' ';
         } else if (isOfXml(character)) {
             text::appendUtf8(out, character);
@@ -48,7 +46,7 @@ Text plainWords(TextView html) {
     while (reader.next()) {
         const Text piece = text::resolvedReferences(reader.text());
         for (const char character : piece) {
-            const bool isGap = blanks.find(character) != TextView::npos;
+            const bool isGap = text::whiteSpace.find(character) != TextView::npos;
             if (!isGap || (!words.empty() && words.back() != ' ')) {
                 words += isGap ? ' ' : character;
             }

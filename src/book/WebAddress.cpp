@@ -10,17 +10,8 @@ using text::TextView;
 
 namespace {
 
-bool isDigit(char character) {
-    return character >= '0' && character <= '9';
-}
-
-bool isLetterOrDigit(char character) {
-    return isDigit(character) || (character >= 'a' && character <= 'z')
-           || (character >= 'A' && character <= 'Z');
-}
-
 bool isHexDigit(char character) {
-    return isDigit(character) || (character >= 'a' && character <= 'f')
+    return text::isAsciiDigit(character) || (character >= 'a' && character <= 'f')
            || (character >= 'A' && character <= 'F');
 }
 
@@ -33,9 +24,10 @@ bool isHost(TextView host) {
     const bool isName = !name.empty() && name.front() != '-' && name.front() != '.'
                         && name.find("..") == TextView::npos
                         && std::all_of(name.begin(), name.end(), [](char c) {
-                               return isLetterOrDigit(c) || c == '-' || c == '.';
+                               return text::isAsciiLetterOrDigit(c) || c == '-' || c == '.';
                            });
-    return isName && port.size() <= longestPort && std::all_of(port.begin(), port.end(), isDigit);
+    return isName && port.size() <= longestPort
+           && std::all_of(port.begin(), port.end(), text::isAsciiDigit);
 }
 
 /// With "%" and digits for what may not stand in an address.
@@ -50,8 +42,8 @@ Text escapedAddress(TextView rest) {
                               && isHexDigit(rest[i + 2]);
         const bool isFragment = character == '#' && !hasFragment;
         hasFragment = hasFragment || isFragment;
-        if (isLetterOrDigit(character) || plain.find(character) != TextView::npos || isEscape
-            || isFragment) {
+        if (text::isAsciiLetterOrDigit(character) || plain.find(character) != TextView::npos
+            || isEscape || isFragment) {
             escaped += character;
         } else {
             const auto byte = static_cast<unsigned char>(character);

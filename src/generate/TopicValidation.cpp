@@ -17,10 +17,6 @@ using text::lineBreak;
 using text::Text;
 using text::TextView;
 
-bool isDigit(char character) {
-    return character >= '0' && character <= '9';
-}
-
 void addContextHeader(Text& report, ReportHeaders& headers) {
     if (!headers.context) {
         append(report, lineBreak, "Problem with Topic Context:", lineBreak);
@@ -66,7 +62,7 @@ bool readsAsPositiveNumber(TextView text) {
     const auto isZeroOrPoint = [](char c) { return c == '0' || c == '.'; };
     bool pointSeen = false;
     for (const char character : text) {
-        if (!isDigit(character) && (character != '.' || pointSeen)) {
+        if (!text::isAsciiDigit(character) && (character != '.' || pointSeen)) {
             return false;
         }
         pointSeen = pointSeen || character == '.';
@@ -93,7 +89,7 @@ Text renamedDuplicate(TextView fileName) {
         ending = fileName.substr(stem.size());
     }
     // Only the last digit counts, so "page10" is followed by "page10 1".
-    const int digit = !stem.empty() && isDigit(stem.back()) ? stem.back() - '0' : 0;
+    const int digit = !stem.empty() && text::isAsciiDigit(stem.back()) ? stem.back() - '0' : 0;
     const bool counted = digit > 0;
     if (counted) {
         stem.remove_suffix(1);

@@ -14,13 +14,6 @@ using text::TextView;
 
 namespace {
 
-constexpr TextView blanks = " \t\r\n\f";
-
-TextView trimmed(TextView text) {
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    return text.substr(0, text.find_last_not_of(blanks) + 1);
-}
-
 class Rewriter {
 public:
     Rewriter(TextView html, const NewAddress& newAddress)
@@ -45,7 +38,7 @@ public:
 private:
     void take(const Text& tag, const Text& attribute, TextView value) {
         if (workshop::holdsAddress(tag, attribute)) {
-            const Text address = text::resolvedReferences(trimmed(value));
+            const Text address = text::resolvedReferences(text::trimmed(value));
             if (const auto changed = newAddress_({tag, attribute, address})) {
                 replace(value, *changed);
             }
@@ -69,9 +62,9 @@ private:
         for (TextView rest = whole; !rest.empty();) {
             const std::size_t end = std::min(rest.find(divider), rest.size());
             const TextView part = rest.substr(0, end);
-            const TextView item = trimmed(part);
+            const TextView item = text::trimmed(part);
             const TextView address =
-                divider == ',' ? item.substr(0, item.find_first_of(blanks)) : item;
+                divider == ',' ? item.substr(0, item.find_first_of(text::whiteSpace)) : item;
             const auto changed =
                 address.empty() ? std::nullopt : newAddress_({tag, attribute, Text(address)});
             if (changed) {

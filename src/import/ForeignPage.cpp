@@ -15,13 +15,7 @@ using text::TextView;
 
 namespace {
 
-constexpr TextView blanks = " \t\r\n\f";
 constexpr TextView keywordClass = "clsid:1e2a7bd0-dab9-11d0-b93a-00c04fc99f9e";
-
-TextView trimmed(TextView text) {
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    return text.substr(0, text.find_last_not_of(blanks) + 1);
-}
 
 /// Where the tag begins that a reader is at.
 std::size_t startOf(const HtmlReader& reader) {
@@ -29,11 +23,7 @@ std::size_t startOf(const HtmlReader& reader) {
 }
 
 Text valueOf(const HtmlReader& reader, TextView attribute) {
-    return Text(trimmed(reader.attribute(attribute).value_or(TextView())));
-}
-
-bool isHeading(TextView name) {
-    return name.size() == 2 && name[0] == 'h' && name[1] >= '1' && name[1] <= '6';
+    return Text(text::trimmed(reader.attribute(attribute).value_or(TextView())));
 }
 
 class PageReader {
@@ -52,7 +42,7 @@ public:
             hasTitle_ = hasTitle_ || wasTitle;
             takeTag();
         }
-        page_.title = trimmed(text::oneLine(page_.title));
+        page_.title = text::trimmed(text::oneLine(page_.title));
         takeBody();
         return std::move(page_);
     }
@@ -65,7 +55,7 @@ private:
         const Text name = reader_.lowerName();
         isInHead_ = isInHead_
                     && (reader_.isText()
-                            ? inTitle_ || trimmed(reader_.text()).empty()
+                            ? inTitle_ || text::trimmed(reader_.text()).empty()
                             : std::find(std::begin(tags), std::end(tags), name) != std::end(tags));
         headEnd_ = isInHead_ ? reader_.end() : headEnd_;
     }
@@ -120,7 +110,7 @@ private:
     }
 
     void addKeyword(TextView keyword) {
-        if (keyword = trimmed(keyword); !keyword.empty()) {
+        if (keyword = text::trimmed(keyword); !keyword.empty()) {
             page_.keywords.push_back(text::oneLine(keyword));
         }
     }
@@ -149,7 +139,7 @@ private:
             }
         }
         body += TextView(html_).substr(at, end - at);
-        page_.body = trimmed(body);
+        page_.body = text::trimmed(body);
     }
 
     const Text& html_;
@@ -236,13 +226,13 @@ Text plainText(TextView html) {
     }
     Text text;
     for (const char character : text::resolvedReferences(raw)) {
-        if (blanks.find(character) == TextView::npos) {
+        if (text::whiteSpace.find(character) == TextView::npos) {
             text += character;
         } else if (!text.empty() && text.back() != ' ') {
             text += ' ';
         }
     }
-    return Text(trimmed(text));
+    return Text(text::trimmed(text));
 }
 
 Text withoutTitleHeading(const Text& body, TextView title) {
@@ -252,7 +242,7 @@ Text withoutTitleHeading(const Text& body, TextView title) {
     Text anchors;
     while (reader.next()) {
         if (reader.isText()) {
-            if (start == Text::npos && !trimmed(reader.text()).empty()) {
+            if (start == Text::npos && !text::trimmed(reader.text()).empty()) {
                 return body; // begins with something else
             }
             continue;
@@ -260,7 +250,7 @@ Text withoutTitleHeading(const Text& body, TextView title) {
         if (start == Text::npos && (reader.opens("img") || reader.opens("table"))) {
             return body;
         }
-        const bool begins = start == Text::npos && isHeading(reader.lowerName());
+        const bool begins = start == Text::npos && text::isHeadingTag(reader.lowerName());
         start = begins ? startOf(reader) : start;
         if (start == Text::npos) {
             continue;
@@ -271,7 +261,7 @@ Text withoutTitleHeading(const Text& body, TextView title) {
                 text::append(anchors, "<a name='", anchor, "'></a>");
             }
         }
-        if (reader.closes() && isHeading(reader.lowerName())) {
+        if (reader.closes() && text::isHeadingTag(reader.lowerName())) {
             break;
         }
     }
@@ -283,7 +273,7 @@ Text withoutTitleHeading(const Text& body, TextView title) {
         heading = plainText(heading.substr(0, heading.size() - permalink.size()));
     }
     return says(heading, title) ? body.substr(0, start) + anchors
-                                      + Text(trimmed(TextView(body).substr(reader.end())))
+                                      + Text(text::trimmed(TextView(body).substr(reader.end())))
                                 : body;
 }
 

@@ -19,12 +19,12 @@ bool hasEnding(TextView path, TextView lowerEnding) {
                                            lowerEnding);
 }
 
+} // namespace
+
 TextView folderOf(TextView path) {
     const std::size_t slash = path.find_last_of("/\\");
     return path.substr(0, slash == TextView::npos ? 0 : slash + 1);
 }
-
-} // namespace
 
 std::unique_ptr<HelpSource> HelpSource::open(const std::filesystem::path& file, Text& problem) {
     std::string head;

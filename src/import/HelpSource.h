@@ -14,6 +14,10 @@ namespace importer {
 // Pages of a help are paths like "html/setup.htm" in UTF-8, without a slash in front, and may go on
 // with "#part"; addresses elsewhere are as they stand.
 
+/// The folder of a page or file, with the slash behind it, which may lean either way; empty for
+/// none.
+text::TextView folderOf(text::TextView path);
+
 /// A line of its contents.
 struct SourceEntry {
     int depth = 1; ///< from 1

@@ -15,10 +15,6 @@ namespace {
 
 constexpr std::size_t nowhere = Text::npos;
 
-bool isHeading(TextView name) {
-    return name.size() == 2 && name[0] == 'h' && name[1] >= '1' && name[1] <= '6';
-}
-
 bool hasEndTag(TextView name) {
     constexpr TextView without[] = {"p",     "li",   "dt",   "dd",   "br",    "hr",    "img",
                                     "input", "meta", "link", "col",  "param", "embed", "tr",
@@ -40,7 +36,7 @@ std::vector<std::size_t> startsOf(TextView body, const std::vector<Text>& anchor
         if (reader.isText()) {
             continue;
         }
-        if (isHeading(reader.lowerName())) {
+        if (text::isHeadingTag(reader.lowerName())) {
             heading = reader.closes() ? nowhere : reader.offset() - 1;
         }
         for (const TextView name : {"id", "name"}) {

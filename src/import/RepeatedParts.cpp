@@ -14,7 +14,6 @@ using text::TextView;
 
 namespace {
 
-constexpr TextView blanks = " \t\r\n\f";
 constexpr std::size_t fewestPages = 3;
 constexpr std::size_t mostParts = 6;           // that go from either end
 constexpr std::size_t mostLinks = 12;          // of a line for navigation
@@ -89,7 +88,7 @@ void appendShape(Part& part, const HtmlReader& reader) {
 
 void appendCollapsed(Text& text, TextView piece) {
     for (const char character : piece) {
-        if (blanks.find(character) == TextView::npos) {
+        if (text::whiteSpace.find(character) == TextView::npos) {
             text += character;
         } else if (!text.empty() && text.back() != ' ') {
             text += ' ';

@@ -27,10 +27,6 @@ constexpr TextView climb = "../";
 constexpr std::size_t mostPages = 10000;
 constexpr std::uint64_t mostPageBytes = std::uint64_t(64) << 20;
 
-TextView folderOf(TextView path) {
-    return path.substr(0, path.rfind('/') + 1);
-}
-
 Text imageOf(const workshop::SitemapEntry& entry) {
     constexpr int leaf = 11;
     constexpr int newLeaf = 12;

@@ -12,12 +12,8 @@ using text::TextView;
 
 namespace {
 
-bool hasCurrent(const Project& project) {
-    return project.currentIndex() > 0;
-}
-
 Positions currentBranch(const Project& project) {
-    return hasCurrent(project) ? branchOf(project.outline(), project.currentIndex()) : Positions();
+    return project.hasCurrent() ? branchOf(project.outline(), project.currentIndex()) : Positions();
 }
 
 /// The topic past which a branch moves up; it begins another branch or holds this one.
@@ -129,7 +125,7 @@ void promoteBranch(Project& project) {
 }
 
 bool canDemoteBranch(const Project& project) {
-    return hasCurrent(project) && project.outline().depth(project.currentIndex()) > 1;
+    return project.hasCurrent() && project.outline().depth(project.currentIndex()) > 1;
 }
 
 void demoteBranch(Project& project) {
@@ -156,7 +152,7 @@ void moveBranchUp(Project& project) {
 }
 
 bool canMoveBranchDown(const Project& project) {
-    return hasCurrent(project)
+    return project.hasCurrent()
            && branchEnd(project.outline(), project.currentIndex()) < project.outline().count();
 }
 
@@ -224,10 +220,10 @@ bool pasteTopics(Project& project, std::vector<Topic> topics) {
     }
     const UndoStep step(project, "Paste Topics");
     const int current = project.currentIndex();
-    const int depth = hasCurrent(project) ? project.outline().depth(current) : 1;
+    const int depth = project.hasCurrent() ? project.outline().depth(current) : 1;
     const int by = depth - levelDepth(topics.front().level);
     int position =
-        hasCurrent(project) ? branchEnd(project.outline(), current) : project.outline().count();
+        project.hasCurrent() ? branchEnd(project.outline(), current) : project.outline().count();
     const int first = position + 1;
     Taken taken(project.outline());
     for (Topic& topic : topics) {

@@ -10,10 +10,6 @@ using text::TextView;
 
 namespace {
 
-bool hasCurrent(const Project& project) {
-    return project.currentIndex() > 0;
-}
-
 int currentDepth(const Project& project) {
     return project.outline().depth(project.currentIndex());
 }
@@ -32,7 +28,7 @@ bool addTopic(Project& project) {
     }
     const UndoStep step(project, "Add New Topic");
     const int position =
-        hasCurrent(project) ? project.currentIndex() + 1 : project.outline().count() + 1;
+        project.hasCurrent() ? project.currentIndex() + 1 : project.outline().count() + 1;
     project.insertTopic(position, {});
     project.setCurrentIndex(position);
     project.markChanged(statusNew);
@@ -40,7 +36,7 @@ bool addTopic(Project& project) {
 }
 
 void deleteTopic(Project& project) {
-    if (!hasCurrent(project)) {
+    if (!project.hasCurrent()) {
         return;
     }
     const UndoStep step(project, "Delete Topic");
@@ -63,7 +59,7 @@ void promoteTopic(Project& project) {
 }
 
 bool canDemote(const Project& project) {
-    return hasCurrent(project) && currentDepth(project) > 1;
+    return project.hasCurrent() && currentDepth(project) > 1;
 }
 
 void demoteTopic(Project& project) {
@@ -84,7 +80,7 @@ void moveTopicUp(Project& project) {
 }
 
 bool canMoveDown(const Project& project) {
-    return hasCurrent(project) && project.currentIndex() < project.outline().count();
+    return project.hasCurrent() && project.currentIndex() < project.outline().count();
 }
 
 void moveTopicDown(Project& project) {
@@ -95,7 +91,7 @@ void moveTopicDown(Project& project) {
 }
 
 void moveTopicTo(Project& project, int position) {
-    if (!hasCurrent(project) || position < 1 || position > project.outline().count()) {
+    if (!project.hasCurrent() || position < 1 || position > project.outline().count()) {
         return;
     }
     const UndoStep step(project, "Move Topic");
@@ -106,7 +102,7 @@ void moveTopicTo(Project& project, int position) {
 }
 
 void editField(Project& project, TextView name, Text Topic::*field, const Text& value) {
-    if (hasCurrent(project)) {
+    if (project.hasCurrent()) {
         const UndoStep step(project, name, field);
         project.setField(project.currentIndex(), field, value);
         project.markChanged(statusChanged);
@@ -122,7 +118,7 @@ void markTopicChanged(Project& project, int position) {
 }
 
 void completeFileName(Project& project) {
-    if (!hasCurrent(project)) {
+    if (!project.hasCurrent()) {
         return;
     }
     const Topic& topic = project.outline().at(project.currentIndex());

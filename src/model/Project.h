@@ -85,6 +85,7 @@ public:
     /// The position of the topic that the author works on; -1 for none. It stays with its topic
     /// when others come and go above it, or when it changes places with another.
     int currentIndex() const { return currentIndex_; }
+    bool hasCurrent() const { return currentIndex_ > 0; }
     void setCurrentIndex(int position);
 
     /// Puts other contents in place of all there is. The first topic becomes current, and the

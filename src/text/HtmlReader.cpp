@@ -10,12 +10,11 @@ namespace text {
 
 namespace {
 
-constexpr TextView blanks = " \t\r\n\f";
 constexpr TextView commentStart = "<!--";
 constexpr TextView commentEnd = "-->";
 
 bool isBlank(char character) {
-    return blanks.find(character) != TextView::npos;
+    return whiteSpace.find(character) != TextView::npos;
 }
 
 bool isLetter(char character) {
@@ -29,6 +28,11 @@ bool isInlineTag(TextView lowerName) {
                                                 "em",   "font",   "i",       "s",   "small",
                                                 "span", "strong", "sub",     "sup", "u"};
     return std::find(names.begin(), names.end(), lowerName) != names.end();
+}
+
+bool isHeadingTag(TextView lowerName) {
+    return lowerName.size() == 2 && lowerName[0] == 'h' && lowerName[1] >= '1'
+           && lowerName[1] <= '6';
 }
 
 std::size_t TagEnds::of(std::size_t start) {
@@ -158,10 +162,10 @@ public:
             return false;
         }
         attribute = {take(rest_.find_first_of(" \t\r\n\f/=")), {}};
-        skip(blanks);
+        skip(whiteSpace);
         if (rest_.starts_with('=')) {
             rest_.remove_prefix(1);
-            skip(blanks);
+            skip(whiteSpace);
             attribute.value = takeValue();
         }
         return true;
@@ -186,7 +190,7 @@ private:
                 return take(end + 1).substr(1, end - 1);
             }
         }
-        return take(rest_.find_first_of(blanks));
+        return take(rest_.find_first_of(whiteSpace));
     }
 
     TextView rest_;

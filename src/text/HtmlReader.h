@@ -12,6 +12,9 @@ namespace text {
 /// Whether a tag, named in small letters, stands within a word without ending it.
 bool isInlineTag(TextView lowerName);
 
+/// Whether a tag, named in small letters, is `h1` to `h6`.
+bool isHeadingTag(TextView lowerName);
+
 /// Finds where tags end. It remembers what it has looked for in vain.
 class TagEnds {
 public:

@@ -50,6 +50,20 @@ bool takeSame(TextView& a, TextView& b) {
 
 } // namespace
 
+TextView trimmed(TextView text, TextView characters) {
+    text.remove_prefix(std::min(text.find_first_not_of(characters), text.size()));
+    return text.substr(0, text.find_last_not_of(characters) + 1);
+}
+
+bool isAsciiDigit(char character) {
+    return character >= '0' && character <= '9';
+}
+
+bool isAsciiLetterOrDigit(char character) {
+    return isAsciiDigit(character) || (character >= 'a' && character <= 'z')
+           || (character >= 'A' && character <= 'Z');
+}
+
 TextView trim(TextView text) {
     const std::size_t first = text.find_first_not_of(' ');
     if (first == TextView::npos) {

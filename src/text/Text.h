@@ -14,9 +14,15 @@ using TextView = std::string_view;
 
 inline constexpr TextView lineBreak = "\r\n";
 
+/// What separates words in HTML and in style sheets.
+inline constexpr TextView whiteSpace = " \t\r\n\f";
+
 /// Without the blanks around it. Only the space (code 32) is a blank: tabs, line ends and the
 /// non-breaking space stay.
 TextView trim(TextView text);
+
+/// Without any of `characters` around it.
+TextView trimmed(TextView text, TextView characters = whiteSpace);
 
 /// With all letters as capitals, or all as small letters, of any script; each letter becomes one
 /// letter, whose length can differ. Letters that have no partner stay as they are.
@@ -25,6 +31,9 @@ Text lowerCase(TextView text);
 
 /// With the letters A to Z as small ones and all others as they are: offsets stay the same.
 Text lowerAscii(TextView text);
+
+bool isAsciiDigit(char character);
+bool isAsciiLetterOrDigit(char character);
 
 bool equalIgnoringCase(TextView a, TextView b);
 

@@ -18,7 +18,7 @@ class LineCollector {
 public:
     void append(TextView text) {
         for (const char character : text) {
-            if (blanks.find(character) == TextView::npos) {
+            if (text::whiteSpace.find(character) == TextView::npos) {
                 if (gap_ != '\0' && !lines_.empty()) {
                     lines_ += gap_;
                 }
@@ -34,7 +34,6 @@ public:
     Text take() { return std::move(lines_); }
 
 private:
-    static constexpr TextView blanks = " \t\r\n\f";
     Text lines_;
     char gap_ = '\0'; ///< to be put before what follows
 };

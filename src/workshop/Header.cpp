@@ -9,11 +9,9 @@ namespace workshop {
 
 namespace {
 
-constexpr std::string_view blanks = " \t";
-
 std::string_view takeWord(std::string_view& rest) {
-    rest.remove_prefix(std::min(rest.find_first_not_of(blanks), rest.size()));
-    const std::string_view word = rest.substr(0, rest.find_first_of(blanks));
+    rest.remove_prefix(std::min(rest.find_first_not_of(lineBlanks), rest.size()));
+    const std::string_view word = rest.substr(0, rest.find_first_of(lineBlanks));
     rest.remove_prefix(word.size());
     return word;
 }
@@ -42,7 +40,7 @@ std::string HeaderReader::withoutComments(std::string_view line) {
 
 std::optional<HeaderLine> HeaderReader::take(std::string_view line) {
     std::string plain = withoutComments(line);
-    if (const std::size_t sign = plain.find_first_not_of(blanks);
+    if (const std::size_t sign = plain.find_first_not_of(lineBlanks);
         sign != std::string::npos && plain[sign] == '#') {
         plain.insert(sign + 1, " "); // "# define" is allowed, too
     }

@@ -14,19 +14,13 @@ namespace {
 
 using text::equalIgnoringCase;
 
-constexpr std::string_view blanks = " \t";
-
-std::string_view trimmed(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    return text.substr(0, text.find_last_not_of(blanks) + 1);
-}
-
 /// What stands on either side of a line's first "="; the second part is null when it has none.
 std::pair<std::string_view, std::string_view> split(std::string_view line) {
     const std::size_t equals = line.find('=');
     return equals == std::string_view::npos
                ? std::pair(line, std::string_view())
-               : std::pair(trimmed(line.substr(0, equals)), trimmed(line.substr(equals + 1)));
+               : std::pair(text::trimmed(line.substr(0, equals), lineBlanks),
+                           text::trimmed(line.substr(equals + 1), lineBlanks));
 }
 
 bool isYes(std::string_view value) {
@@ -112,7 +106,7 @@ public:
         text::LineReader lines(text);
         for (std::string_view line; lines.next(line);) {
             ++line_;
-            line = trimmed(line);
+            line = text::trimmed(line, lineBlanks);
             if (line.starts_with('[') && line.ends_with(']')) {
                 enterSection(line.substr(1, line.size() - 2));
             } else if (!line.empty() && line.front() != ';' && section_ != nullptr) {
@@ -147,7 +141,7 @@ private:
             {"infotypes", nullptr},
             {"subsets", nullptr},
         };
-        const Row* row = rowOf(rows, trimmed(name));
+        const Row* row = rowOf(rows, text::trimmed(name, lineBlanks));
         section_ = row == nullptr ? nullptr : row->section;
         header_ = {};
         if (row == nullptr) {
@@ -208,7 +202,8 @@ private:
             return;
         }
         auto [name, page] = split(line);
-        page = trimmed(page.substr(0, std::min(page.find(" ;"), page.find("\t;"))));
+        page =
+            text::trimmed(page.substr(0, std::min(page.find(" ;"), page.find("\t;"))), lineBlanks);
         if (page.empty() || name.empty()) {
             say(Severity::warning, "\"" + std::string(line) + "\" is no alias");
         } else {
@@ -279,7 +274,7 @@ private:
         text::LineReader lines(text);
         for (std::string_view each; lines.next(each);) {
             ++line_;
-            if (each = trimmed(each); !each.empty()) {
+            if (each = text::trimmed(each, lineBlanks); !each.empty()) {
                 (this->*section)(each);
             }
         }

@@ -16,6 +16,9 @@
 namespace workshop {
 
 /// A text and where it stands.
+/// What may stand around the names and values of a line.
+inline constexpr std::string_view lineBlanks = " \t";
+
 struct Line {
     std::string text;
     int line = 0;          ///< 0 where the project does not say anything

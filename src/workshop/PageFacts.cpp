@@ -10,13 +10,11 @@ namespace workshop {
 
 namespace {
 
-constexpr std::string_view blanks = " \t\r\n\f";
-
 /// With one blank for each run of them, and none around.
 std::string collapsed(std::string_view text) {
     std::string line;
     for (const char character : text) {
-        if (blanks.find(character) == std::string_view::npos) {
+        if (text::whiteSpace.find(character) == std::string_view::npos) {
             line += character;
         } else if (!line.empty() && line.back() != ' ') {
             line += ' ';
@@ -159,7 +157,7 @@ private:
     void takeSourceSet(const std::string& set) {
         for (std::string_view rest = set; !rest.empty();) {
             rest.remove_prefix(std::min(rest.find_first_not_of(" \t\r\n\f,"), rest.size()));
-            std::string_view address = rest.substr(0, rest.find_first_of(blanks));
+            std::string_view address = rest.substr(0, rest.find_first_of(text::whiteSpace));
             rest.remove_prefix(address.size());
             const bool hasWidth = !address.ends_with(',');
             address = address.substr(0, address.find_last_not_of(',') + 1);
@@ -210,7 +208,7 @@ private:
 std::string_view takeStyleAddress(std::string_view& css) {
     const bool isImport = css.front() == '@';
     css.remove_prefix(isImport ? 7 : 4);
-    css.remove_prefix(std::min(css.find_first_not_of(blanks), css.size()));
+    css.remove_prefix(std::min(css.find_first_not_of(text::whiteSpace), css.size()));
     const char quote = css.empty() ? '\0' : css.front();
     if (quote != '"' && quote != '\'') {
         if (isImport) {

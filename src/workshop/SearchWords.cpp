@@ -50,8 +50,6 @@ std::optional<std::string> bytesOf(char32_t character, unsigned codePage) {
     return isLost ? std::nullopt : std::optional(std::move(bytes));
 }
 
-constexpr unsigned westernCodePage = 1252;
-
 /// The letters that stand in for one that the code page lacks, as a byte of the Western code page.
 std::string similarLetter(char32_t character) {
     if (character >= firstPlain && character < firstPlain + plainLetters.size()) {
@@ -127,7 +125,7 @@ SearchWords::Character SearchWords::described(char32_t unicode) const {
         known.isLost = isLetter;
         if (const std::string similar = similarLetter(unicode); isLetter && !similar.empty()) {
             const SearchLetter letter =
-                searchLetter(static_cast<unsigned char>(similar.front()), westernCodePage);
+                searchLetter(static_cast<unsigned char>(similar.front()), text::CodePage::western);
             known.part = Part::letter;
             known.folded.append(letter.folded);
         }

@@ -1,18 +1,12 @@
 #include <algorithm>
 #include <charconv>
 
+#include "text/Text.h"
 #include "workshop/HelpProject.h"
 
 namespace workshop {
 
 namespace {
-
-constexpr std::string_view blanks = " \t";
-
-std::string_view trimmed(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    return text.substr(0, text.find_last_not_of(blanks) + 1);
-}
 
 /// Fields between commas that stand neither in quotes nor in brackets; without their quotes.
 std::vector<std::string> fields(std::string_view text) {
@@ -23,7 +17,7 @@ std::vector<std::string> fields(std::string_view text) {
     for (std::size_t i = 0; i <= text.size(); ++i) {
         const char character = i < text.size() ? text[i] : ',';
         if (i == text.size() || (character == ',' && !inQuotes && !inBrackets)) {
-            std::string_view field = trimmed(text.substr(start, i - start));
+            std::string_view field = text::trimmed(text.substr(start, i - start), lineBlanks);
             if (field.size() >= 2 && field.starts_with('"') && field.ends_with('"')) {
                 field = field.substr(1, field.size() - 2);
             }
@@ -40,7 +34,7 @@ std::vector<std::string> fields(std::string_view text) {
 
 /// Positions may be negative.
 std::optional<std::uint32_t> readSigned(std::string_view text) {
-    text = trimmed(text);
+    text = text::trimmed(text, lineBlanks);
     const bool isNegative = text.starts_with('-');
     const auto number = readNumber(text.substr(isNegative ? 1 : 0));
     return number && isNegative ? std::optional(0U - *number) : number;
@@ -61,7 +55,7 @@ std::optional<std::array<std::uint32_t, 4>> readRectangle(std::string_view text)
 } // namespace
 
 std::optional<std::uint32_t> readNumber(std::string_view text) {
-    text = trimmed(text);
+    text = text::trimmed(text, lineBlanks);
     const bool isHexadecimal = text.starts_with("0x") || text.starts_with("0X");
     text.remove_prefix(isHexadecimal ? 2 : 0);
     std::uint32_t number = 0;
@@ -73,7 +67,7 @@ std::optional<std::uint32_t> readNumber(std::string_view text) {
 std::optional<WindowType> readWindowType(std::string_view line) {
     const std::size_t equals = line.find('=');
     WindowType window;
-    window.name = trimmed(line.substr(0, equals));
+    window.name = text::trimmed(line.substr(0, equals), lineBlanks);
     if (equals == std::string_view::npos || window.name.empty()) {
         return {};
     }
