@@ -26,7 +26,8 @@ need() {
 
 # The fonts are for machines without a desktop.
 BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev qt6-webengine-dev
-                libhunspell-dev hunspell-en-us libchm-dev libutf8proc-dev libpcre2-dev zlib1g-dev fonts-dejavu-core)
+                libhunspell-dev hunspell-en-us libchm-dev libcmark-dev libutf8proc-dev libpcre2-dev zlib1g-dev
+                fonts-dejavu-core)
 
 # The embedded browser does not start for root otherwise.
 [ "$(id -u)" -ne 0 ] || export QTWEBENGINE_DISABLE_SANDBOX=1

@@ -2,6 +2,7 @@
 
 #include "app/FileKind.h"
 #include "app/StatusLine.h"
+#include "import/PageSource.h"
 #include "text/Path.h"
 #include "ui/WaitCursor.h"
 
@@ -32,6 +33,25 @@ void HelpImportCommand::open(const fs::path& file) {
                                   Text(importer::helpImportTitle), text::MessageIcon::exclamation});
         return;
     }
+    choose(std::move(source), ui::helpImportHelp);
+}
+
+void HelpImportCommand::openPages(const std::vector<fs::path>& files) {
+    Text problem;
+    std::unique_ptr<importer::HelpSource> source;
+    {
+        const ui::WaitCursor busy;
+        source = importer::openPages(files, project_.options().codePage().number(), problem);
+    }
+    if (source == nullptr) {
+        Prompter::current().tell(&host_.window(), {problem, Text(importer::pageImportTitle),
+                                                   text::MessageIcon::exclamation});
+        return;
+    }
+    choose(std::move(source), ui::pageImportHelp);
+}
+
+void HelpImportCommand::choose(std::unique_ptr<importer::HelpSource> source, ui::HelpContext help) {
     const int current = project_.currentIndex();
     const bool isTopic = current >= 1 && current <= project_.outline().count();
     dialog_ = std::make_unique<importer::frmHelpImport>(
@@ -39,6 +59,7 @@ void HelpImportCommand::open(const fs::path& file) {
         importer::frmHelpImport::Target{model::TopicOutline::maxTopics - project_.outline().count(),
                                         isTopic ? current : 0,
                                         isTopic ? project_.outline().at(current).title : Text()});
+    dialog_->setHelpContext(help);
     dialog_->Closed.connect([this] { ui::Window::discard(std::move(dialog_)); });
     dialog_->Chosen.connect([this](const importer::HelpImportChoice& choice) { import(choice); });
     dialog_->show();
@@ -77,9 +98,12 @@ void HelpImportCommand::import(const importer::HelpImportChoice& choice) {
             const ui::WaitCursor busy;
             outcome = importHelp(project_, dialog_->source(), dialog_->plan(), checked);
         }
+        const bool isHelp = dialog_->source().hasNavigation;
         dialog_->close();
         host_.status().notice(summary(outcome));
-        showReport(outcome);
+        if (isHelp || !outcome.notes.empty() || !outcome.failures.empty()) {
+            showReport(outcome);
+        }
     });
 }
 

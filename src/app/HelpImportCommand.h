@@ -4,6 +4,7 @@
 #include "app/ProjectSession.h"
 #include "import/forms/frmHelpImport.h"
 #include "import/forms/frmImportReport.h"
+#include "ui/HelpContext.h"
 
 namespace app {
 
@@ -14,12 +15,14 @@ public:
     /// Nothing is owned.
     HelpImportCommand(CommandHost& host, model::Project& project, ProjectSession& session);
 
-    /// Opens the dialog with the choice, or says why it cannot be.
+    // Each opens the dialog with the choice, or says why it cannot be.
     void open(const std::filesystem::path& file);
+    void openPages(const std::vector<std::filesystem::path>& files);
 
     static bool takes(const std::filesystem::path& file);
 
 private:
+    void choose(std::unique_ptr<importer::HelpSource> source, ui::HelpContext help);
     bool hasFolder();
     void import(const importer::HelpImportChoice& choice);
     void showReport(const importer::HelpImportOutcome& outcome);

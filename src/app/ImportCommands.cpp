@@ -1,7 +1,10 @@
 #include "app/ImportCommands.h"
 
+#include <algorithm>
+
 #include "app/FileKind.h"
 #include "app/StatusLine.h"
+#include "import/PageSource.h"
 #include "import/TextImport.h"
 #include "import/VbImport.h"
 #include "platform/Files.h"
@@ -80,6 +83,17 @@ void ImportCommands::importHelp() {
     });
 }
 
+void ImportCommands::importPages() {
+    host_.carryOut({}, [this] {
+        if (const auto file = chooseFile(importer::pageImportTitle, "*.md",
+                                         "Markdown and HTML (*.md;*.markdown;*.htm;*.html)|"
+                                         "*.md;*.markdown;*.htm;*.html|All Files (*.*)|*.*")) {
+            settings_.setPath(section, key, file->parent_path());
+            helpImport_.openPages({*file});
+        }
+    });
+}
+
 void ImportCommands::openDialog(const fs::path& file) {
     settings_.setPath(section, key, file.parent_path());
     dialog_ = std::make_unique<importer::frmImport>(host_.window(), project_, file);
@@ -141,16 +155,23 @@ void ImportCommands::finish(const importer::ImportOutcome& outcome) {
 }
 
 bool ImportCommands::takes(const fs::path& file) {
-    return hasExtension(file, ".txt") || hasExtension(file, ".vbp")
+    return hasExtension(file, ".txt") || hasExtension(file, ".vbp") || importer::isPageFile(file)
            || HelpImportCommand::takes(file);
 }
 
 void ImportCommands::importDropped(const std::vector<fs::path>& files) {
+    std::vector<fs::path> pages;
     for (const fs::path& file : files) {
-        if (takes(file)) {
+        if (importer::isPageFile(file)) {
+            pages.push_back(platform::fullPath(file));
+        } else if (takes(file)) {
             host_.carryOut({},
                            [this, path = platform::fullPath(file)] { importDroppedFile(path); });
         }
+    }
+    if (!pages.empty()) {
+        std::sort(pages.begin(), pages.end()); // they come in the order of a selection
+        host_.carryOut({}, [this, &pages] { helpImport_.openPages(pages); });
     }
 }
 

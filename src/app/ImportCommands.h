@@ -25,9 +25,11 @@ public:
     void importText();
     void importVbProject();
     void importHelp();   ///< of another tool, with a dialog that stays open
+    void importPages();  ///< in Markdown or HTML, with the same dialog
     void importTopics(); ///< of another project of ours, with a dialog that stays open
 
-    /// Imports those of the files that are texts, Visual Basic projects or help, in their order.
+    /// Imports those of the files that are texts, Visual Basic projects or help, in their order,
+    /// and pages together.
     void importDropped(const std::vector<std::filesystem::path>& files);
     static bool takes(const std::filesystem::path& file);
 

@@ -113,6 +113,7 @@ public:
     void mnuFileImportText_Click() { imports_.importText(); }
     void mnuFileImportHelp_Click() { imports_.importTopics(); }
     void mnuFileImportHelpFile_Click() { imports_.importHelp(); }
+    void mnuFileImportPages_Click() { imports_.importPages(); }
     void mnuFileImportProject_Click() { imports_.importVbProject(); }
     void mnuFileGenerateHelp_Click() { generation_.generateHelp(); }
     void mnuFileGenerateDoc_Click() { generation_.generateDocumentation(); }

@@ -108,6 +108,10 @@ constexpr BatchCommand commands[] = {
      "those whose page's path fits, such as \"html/setup*\". With --cut pages are cut where the "
      "contents lead into them; with --keep-repeated headers and navigation of other tools stay.",
      2, 2, importHelp, "--under= --only= --cut --keep-repeated --strict"},
+    {"import-pages", "PROJECT.tsp PAGE.md|PAGE.htm... [--under POSITION] [--cut] [--strict]",
+     "Makes topics of texts in Markdown and of pages that a word processor or another program "
+     "saved, with their pictures; with --cut each heading is a topic.",
+     2, anyNumber, importPages, "--under= --cut --strict"},
     {"synchronise", "PROJECT.tsp [--strict]",
      "Takes edits of the pages in the html folder beside the project back into its topics.", 1, 1,
      synchronise, "--strict"},

@@ -5,6 +5,7 @@
 
 #include "batch/BatchProject.h"
 #include "import/HelpImport.h"
+#include "import/PageSource.h"
 #include "import/Synchroniser.h"
 #include "import/TextImport.h"
 #include "import/TopicImport.h"
@@ -104,49 +105,80 @@ ExitCode importTopics(BatchSession& session, const CommandLine& arguments) {
                      });
 }
 
-ExitCode importHelp(BatchSession& session, const CommandLine& arguments) {
-    const fs::path file = arguments.path(1);
-    const auto fail = [&](const text::Text& problem) {
-        session.console.failure(importer::helpImportTitle, file, problem);
-        return exitFailed;
-    };
+namespace {
+
+/// Takes what is wanted of a source over into a project, and says what came of it.
+ExitCode importSource(BatchSession& session, const CommandLine& arguments, text::TextView title,
+                      Project& project, const importer::HelpSource& source) {
     importer::HelpImportChoice choice;
     choice.leavesOutRepeated = !arguments.has("--keep-repeated");
-    if (arguments.has("--under") && (choice.under = positionOf(arguments.value("--under"))) == 0) {
+    choice.under = arguments.has("--under") ? positionOf(arguments.value("--under")) : 0;
+    if (choice.under > project.outline().count()) {
+        session.console.failure(title, arguments.path(0),
+                                "has no topic " + std::to_string(choice.under));
+        return exitFailed;
+    }
+    importer::HelpPlan plan = importer::planImport(source, arguments.has("--cut"));
+    if (arguments.has("--only")) {
+        wantOnly(plan, arguments.value("--only"));
+    }
+    if (wantedCount(plan) == 0) {
+        session.console.failure(title, arguments.path(1), "holds no page that is wanted");
+        return exitFailed;
+    }
+    const importer::HelpImportOutcome outcome = importHelp(project, source, plan, choice);
+    for (const importer::HelpNote& note : outcome.notes) {
+        session.console.message({lineOf(note, project.outline()), text::Text(title)});
+    }
+    session.console.failures(title, outcome.failures);
+    if (outcome.topicsAdded > 0 && !saveBack(session, project)) {
+        return exitFailed;
+    }
+    session.console.result(summary(outcome));
+    return codeFor(arguments, outcome.isWhole);
+}
+
+/// Loads the project and opens the source, in this order; the source's reasons are those of the
+/// first file.
+template <typename Open>
+ExitCode importWith(BatchSession& session, const CommandLine& arguments, text::TextView title,
+                    const Open& open) {
+    if (arguments.has("--under") && positionOf(arguments.value("--under")) == 0) {
         return usageError(session, "\"" + arguments.value("--under") + "\" is no position");
     }
     Project project;
     if (!loadOrStart(session, arguments.path(0), project)) {
         return exitFailed;
     }
-    if (choice.under > project.outline().count()) {
-        session.console.failure(importer::helpImportTitle, arguments.path(0),
-                                "has no topic " + std::to_string(choice.under));
-        return exitFailed;
-    }
     text::Text problem;
-    const auto source = importer::HelpSource::open(platform::fullPath(file), problem);
+    const std::unique_ptr<importer::HelpSource> source = open(project, problem);
     if (source == nullptr) {
-        return fail(problem);
-    }
-    importer::HelpPlan plan = importer::planImport(*source, arguments.has("--cut"));
-    if (arguments.has("--only")) {
-        wantOnly(plan, arguments.value("--only"));
-    }
-    if (wantedCount(plan) == 0) {
-        return fail("holds no page that is wanted");
-    }
-    const importer::HelpImportOutcome outcome = importHelp(project, *source, plan, choice);
-    for (const importer::HelpNote& note : outcome.notes) {
-        session.console.message(
-            {lineOf(note, project.outline()), text::Text(importer::helpImportTitle)});
-    }
-    session.console.failures(importer::helpImportTitle, outcome.failures);
-    if (outcome.topicsAdded > 0 && !saveBack(session, project)) {
+        session.console.failure(title, arguments.path(1), problem);
         return exitFailed;
     }
-    session.console.result(summary(outcome));
-    return codeFor(arguments, outcome.isWhole);
+    return importSource(session, arguments, title, project, *source);
+}
+
+} // namespace
+
+ExitCode importHelp(BatchSession& session, const CommandLine& arguments) {
+    return importWith(session, arguments, importer::helpImportTitle,
+                      [&arguments](const Project&, text::Text& problem) {
+                          return importer::HelpSource::open(platform::fullPath(arguments.path(1)),
+                                                            problem);
+                      });
+}
+
+ExitCode importPages(BatchSession& session, const CommandLine& arguments) {
+    return importWith(session, arguments, importer::pageImportTitle,
+                      [&arguments](const Project& project, text::Text& problem) {
+                          std::vector<fs::path> files;
+                          for (std::size_t i = 1; i < arguments.size(); ++i) {
+                              files.push_back(platform::fullPath(arguments.path(i)));
+                          }
+                          return importer::openPages(files, project.options().codePage().number(),
+                                                     problem);
+                      });
 }
 
 ExitCode synchronise(BatchSession& session, const CommandLine& arguments) {

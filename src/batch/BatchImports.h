@@ -10,6 +10,7 @@ ExitCode importVb(BatchSession& session, const CommandLine& arguments);
 ExitCode importText(BatchSession& session, const CommandLine& arguments);
 ExitCode importTopics(BatchSession& session, const CommandLine& arguments);
 ExitCode importHelp(BatchSession& session, const CommandLine& arguments);
+ExitCode importPages(BatchSession& session, const CommandLine& arguments);
 ExitCode synchronise(BatchSession& session, const CommandLine& arguments);
 
 } // namespace batch

@@ -109,6 +109,19 @@ void PasteBuilder::openBlock(TextView tag, int columns, int rows) {
     }
 }
 
+void PasteBuilder::openListItem(int level, TextView list) {
+    endParagraph();
+    for (int depth = 1; depth < level; ++depth) {
+        const std::vector<PastedNode>& children = block().children;
+        const bool isOrdered = !children.empty() && children.back().is("ol");
+        reopenLast(isOrdered ? "ol" : "ul");
+        reopenLast("li");
+    }
+    reopenLast(list);
+    open("li");
+    says_ = true;
+}
+
 // ---- Runs ----
 
 RunFormat PasteBuilder::formatHere() const {
@@ -147,7 +160,14 @@ void PasteBuilder::addRun(PastedNode run) {
         }
     }
     says_ = says_ || run.format != RunFormat() || run.kind == Kind::picture;
-    if (follows && run.kind == Kind::text && runs.back().format == run.format) {
+    const bool hasPlaces = !places_.empty();
+    for (Text& name : std::exchange(places_, {})) {
+        PastedNode place;
+        place.kind = Kind::place;
+        place.text = std::move(name);
+        runs.push_back(std::move(place));
+    }
+    if (!hasPlaces && follows && run.kind == Kind::text && runs.back().format == run.format) {
         runs.back().text += run.text;
     } else {
         runs.push_back(std::move(run));

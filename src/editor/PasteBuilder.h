@@ -35,6 +35,12 @@ public:
     void addPicture(PastedPicture picture);
     void addRule();
 
+    /// A place stands before the run that comes next.
+    void addPlace(Text name) { places_.push_back(std::move(name)); }
+
+    /// Goes on in the list that was the last block, or opens one, as deep in others as is said.
+    void openListItem(int level, TextView list);
+
     /// Whether there was more than text that looks like any other.
     bool says() const { return says_; }
 
@@ -55,6 +61,7 @@ private:
 
     PastedNode root_;
     std::vector<PastedNode*> blocks_{&root_}; ///< open ones, each the last child of the one before
+    std::vector<Text> places_;                ///< that wait for a run
     bool pendingBlank_ = false;
     bool says_ = false;
 };

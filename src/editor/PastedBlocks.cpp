@@ -38,6 +38,13 @@ public:
     RunWriter& operator=(const RunWriter&) = delete;
 
     void write(const PastedNode& run) {
+        if (run.kind == Kind::place) { // in no tag, since links may not lie in each other
+            change({});
+            made_ += "<a";
+            appendAttribute(made_, "name", run.text);
+            made_ += "></a>";
+            return;
+        }
         change(tagsOf(run.format));
         if (run.kind == Kind::picture) {
             appendPicture(made_, run.picture);

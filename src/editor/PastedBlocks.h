@@ -30,7 +30,7 @@ struct PastedPicture {
 
 /// A block, or a run where `tag` is empty.
 struct PastedNode {
-    enum class Kind { block, text, lineBreak, picture };
+    enum class Kind { block, text, lineBreak, picture, place };
 
     Kind kind = Kind::block;
     Text tag;
@@ -38,7 +38,7 @@ struct PastedNode {
     int rows = 1;
     std::vector<PastedNode> children;
 
-    Text text; ///< without mark-up or references
+    Text text; ///< without mark-up or references; the name of a place
     RunFormat format;
     PastedPicture picture;
 

@@ -66,6 +66,15 @@ Text digitsOf(std::optional<TextView> value) {
     return Text(count > 4 ? TextView() : text.substr(0, count));
 }
 
+/// Which list has items that begin like this: "1." and "a)", or a sign.
+TextView listOf(TextView marker) {
+    TextView sign = text::trim(marker);
+    sign = sign.substr(0, sign.find_first_of(" \r\n\u00A0"));
+    const bool isNumber = sign.find_first_of("0123456789") != TextView::npos;
+    return isNumber || (sign.size() > 1 && (sign.ends_with('.') || sign.ends_with(')'))) ? "ol"
+                                                                                         : "ul";
+}
+
 bool leadsIntoNet(TextView address) {
     constexpr TextView schemes[] = {"http://", "https://", "ftp://", "mailto:"};
     return std::any_of(std::begin(schemes), std::end(schemes), [address](TextView scheme) {
@@ -84,8 +93,8 @@ class PasteReader {
 public:
     PasteReader(TextView html, PasteTargets& targets) : reader_(html), targets_(targets) {}
 
-    /// The blocks of the HTML; nothing where it says no more than its text.
-    std::optional<PastedNode> read() {
+    /// The blocks of the HTML.
+    PastedNode read() {
         while (reader_.next()) {
             if (reader_.isText()) {
                 takeText();
@@ -97,12 +106,12 @@ public:
                 takeTag(reader_.lowerName());
             }
         }
-        PastedNode root = made_.take();
-        const bool divided = paragraphs_ && root.children.size() > 1;
-        if (!made_.says() && !divided) {
-            return {};
-        }
-        return root;
+        return made_.take();
+    }
+
+    /// Whether what was read says more than its text.
+    bool says(const PastedNode& root) const {
+        return made_.says() || (paragraphs_ && root.children.size() > 1);
     }
 
 private:
@@ -117,8 +126,22 @@ private:
     static constexpr std::size_t mostElements = 200;
 
     void takeText() {
-        if (hidden_.empty()) {
-            made_.addText(text::resolvedReferences(reader_.text()));
+        const Text text = text::resolvedReferences(reader_.text());
+        if (!hidden_.empty()) {
+            marker_ += inMarker_ ? text : Text();
+            return;
+        }
+        if (text.find_first_not_of(" \t\r\n\f") != Text::npos) {
+            beginItem();
+        }
+        made_.addText(text);
+    }
+
+    /// A paragraph of a word processor's list becomes an item when its first text comes: before
+    /// that stands what says which kind of list it is.
+    void beginItem() {
+        if (listLevel_ > 0) {
+            made_.openListItem(std::exchange(listLevel_, 0), listOf(marker_));
         }
     }
 
@@ -128,6 +151,7 @@ private:
     }
 
     void addPicture() {
+        beginItem();
         const Text address = resolved(reader_.attribute("src"));
         const Text alternative = resolved(reader_.attribute("alt"));
         if (leadsIntoNet(address)) {
@@ -155,9 +179,14 @@ private:
             addPicture();
         } else if (name == "hr") {
             made_.addRule();
-        } else if (isHidden(name)) {
+        } else if (isHidden(name) || isOfSheet(name)) {
             hidden_ = name;
             hiddenDepth_ = 1;
+        } else if (hasListMarker()) {
+            hidden_ = name;
+            hiddenDepth_ = 1;
+            inMarker_ = true;
+            marker_.clear();
         } else if (!hasNoEnd(name)) {
             closeUnclosed(name);
             begin(name);
@@ -169,6 +198,41 @@ private:
         hiddenDepth_ -= reader_.closes(hidden_) ? 1 : 0;
         if (hiddenDepth_ == 0 || reader_.opens("body")) { // a head without an end
             hidden_.clear();
+            inMarker_ = false;
+        }
+    }
+
+    Text styleOf(TextView name) const {
+        return property(reader_.attribute("style").value_or(TextView()), name);
+    }
+
+    /// The number or sign before an item that a word processor has put into its text.
+    bool hasListMarker() const { return styleOf("mso-list") == "ignore"; }
+
+    /// What a word processor prints above and below every sheet.
+    bool isOfSheet(TextView name) const {
+        const Text title = text::lowerAscii(reader_.attribute("title").value_or(TextView()));
+        return name == "div" && (title == "header" || title == "footer");
+    }
+
+    /// "mso-list: l0 level2 lfo1": how deep a paragraph lies in lists; 0 for none.
+    int listLevel() const {
+        constexpr TextView word = "level";
+        const Text list = styleOf("mso-list");
+        const std::size_t at = list.find(word);
+        const char digit =
+            at == Text::npos || at + word.size() >= list.size() ? '0' : list[at + word.size()];
+        return digit >= '1' && digit <= '9' ? digit - '0' : 0;
+    }
+
+    void takePlaces(TextView name) {
+        for (const TextView attribute : {"id", "name"}) {
+            if (attribute == "id" || name == "a") {
+                const Text place = resolved(reader_.attribute(attribute));
+                if (!place.empty() && targets_.keepsPlace(place)) {
+                    made_.addPlace(place);
+                }
+            }
         }
     }
 
@@ -201,9 +265,12 @@ private:
 
     void begin(const Text& name) {
         const Element element{name, made_.format, made_.blockCount(), made_.convertedBlank};
+        takePlaces(name);
         if (dividesText(name)) {
             made_.endParagraph();
             paragraphs_ = paragraphs_ || name == "p";
+            listLevel_ = name == "p" ? listLevel() : 0;
+            marker_.clear();
         } else if (isBlock(name)) {
             if (!made_.isIn("pre")) {
                 made_.openBlock(name, spanOf("colspan"), spanOf("rowspan"));
@@ -291,16 +358,25 @@ private:
     Text hidden_; ///< the element that is passed over; empty for none
     int hiddenDepth_ = 0;
     bool paragraphs_ = false; ///< there are tags of paragraphs
+    bool inMarker_ = false;
+    Text marker_;       ///< of the paragraph of a list that is open
+    int listLevel_ = 0; ///< likewise, as long as it has no text
 };
 
 } // namespace
 
 std::optional<Text> pastedMarkUp(TextView html, PasteTargets& targets) {
-    const std::optional<PastedNode> root = PasteReader(html, targets).read();
-    if (!root || root->children.empty()) {
-        return {};
-    }
-    return markUpOf(*root);
+    PasteReader reader(html, targets);
+    const PastedNode root = reader.read();
+    return root.children.empty() || !reader.says(root) ? std::nullopt
+                                                       : std::optional(markUpOf(root));
+}
+
+Text pageMarkUp(TextView html, PasteTargets& targets) {
+    const PastedNode root = PasteReader(html, targets).read();
+    const Text made = markUpOf(root);
+    const bool isBare = root.children.size() == 1 && root.children.front().is("p");
+    return isBare ? "<p>" + made + "</p>" : made;
 }
 
 } // namespace editor

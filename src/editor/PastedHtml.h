@@ -19,6 +19,9 @@ public:
 
     /// How a body names the page of the project that is meant; empty for none.
     virtual Text page(TextView address) = 0;
+
+    /// Whether a place that links can lead to stays one, by its name.
+    virtual bool keepsPlace(TextView /*name*/) { return false; }
 };
 
 /// Headings, paragraphs, lists, tables, quotations, links, pictures, code, bold, italic,
@@ -26,5 +29,8 @@ public:
 /// Pictures in the net become links to them, or nothing where they have no text. Nothing where the
 /// HTML says no more than its plain text does.
 std::optional<Text> pastedMarkUp(TextView html, PasteTargets& targets);
+
+/// The same of a whole page, whatever it says: there is no text in a line without tags around it.
+Text pageMarkUp(TextView html, PasteTargets& targets);
 
 } // namespace editor

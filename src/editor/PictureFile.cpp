@@ -127,6 +127,33 @@ std::optional<PictureSize> pictureSize(string_view bytes) {
     return ending == "webp" && bytes.size() > 30 ? webpSize(bytes) : std::nullopt;
 }
 
+std::string bytesOfDataAddress(TextView address) {
+    const std::size_t comma = std::min(address.find(','), address.size());
+    if (!address.substr(0, comma).ends_with(";base64") || comma == address.size()) {
+        return {};
+    }
+    constexpr TextView digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    std::string bytes;
+    unsigned bits = 0;
+    int count = 0;
+    for (const char character : address.substr(comma + 1)) {
+        const std::size_t digit = digits.find(character);
+        if (digit == TextView::npos) {
+            if (character == '=') {
+                break;
+            }
+            continue;
+        }
+        bits = ((bits << 6U) | static_cast<unsigned>(digit)) & 0xFFFFU;
+        count += 6;
+        if (count >= 8) {
+            count -= 8;
+            bytes += static_cast<char>((bits >> static_cast<unsigned>(count)) & 0xFFU);
+        }
+    }
+    return bytes;
+}
+
 Text goodPictureName(TextView name) {
     Text good;
     for (const char character : name) {

@@ -32,6 +32,9 @@ struct PictureSize {
 /// In pixels, from a picture's own head; nothing where that does not tell.
 std::optional<PictureSize> pictureSize(std::string_view bytes);
 
+/// What a "data:" address holds, if it is packed as pictures are.
+std::string bytesOfDataAddress(TextView address);
+
 /// A name without what pages and file systems have a use for; "picture" where nothing is left.
 Text goodPictureName(TextView name);
 

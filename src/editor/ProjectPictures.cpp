@@ -14,34 +14,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// What a "data:" address holds, if it is packed as pictures are.
-std::string dataOf(TextView address) {
-    const std::size_t comma = std::min(address.find(','), address.size());
-    if (!address.substr(0, comma).ends_with(";base64") || comma == address.size()) {
-        return {};
-    }
-    constexpr TextView digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string bytes;
-    unsigned bits = 0;
-    int count = 0;
-    for (const char character : address.substr(comma + 1)) {
-        const std::size_t digit = digits.find(character);
-        if (digit == TextView::npos) {
-            if (character == '=') {
-                break;
-            }
-            continue;
-        }
-        bits = ((bits << 6U) | static_cast<unsigned>(digit)) & 0xFFFFU;
-        count += 6;
-        if (count >= 8) {
-            count -= 8;
-            bytes += static_cast<char>((bits >> static_cast<unsigned>(count)) & 0xFFU);
-        }
-    }
-    return bytes;
-}
-
 /// The file of this machine that an address names; empty for none.
 fs::path fileOf(TextView address) {
     constexpr TextView scheme = "file://";
@@ -122,7 +94,8 @@ Text ProjectPictures::picture(TextView address) {
         return {};
     }
     const fs::path file = fileOf(address);
-    std::string bytes = text::startsWithIgnoringCase(address, "data:image/") ? dataOf(address) : "";
+    std::string bytes =
+        text::startsWithIgnoringCase(address, "data:image/") ? bytesOfDataAddress(address) : "";
     if (!file.empty() && platform::readFile(file, bytes, std::min(left_, largestPicture))) {
         return {};
     }

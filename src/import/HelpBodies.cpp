@@ -4,6 +4,7 @@
 
 #include "import/AddressRewriter.h"
 #include "import/PageCutter.h"
+#include "import/PageHeadings.h"
 #include "import/RepeatedParts.h"
 #include "model/PagePath.h"
 #include "model/ProjectFolders.h"
@@ -96,7 +97,8 @@ void HelpBodies::make(bool leavesOutRepeated) {
         if (topics_[i].planned->page.empty()) {
             bodies_[i] = linkBody(i);
         } else if (!isOurs_[i]) {
-            bodies_[i] = withoutTitleHeading(bodies_[i], topics_[i].planned->title);
+            bodies_[i] =
+                withoutMadePlaces(withoutTitleHeading(bodies_[i], topics_[i].planned->title));
             bodies_[i] = bodies_[i].empty() ? Text(emptyBody) : bodies_[i];
         }
         rewrite(i);
@@ -171,6 +173,9 @@ void HelpBodies::cutPage(const std::vector<std::size_t>& topics) {
     }
     std::vector<Text> parts = cutAt(bodies_[topics.front()], anchors);
     const bool hasOwnStart = topics_[topics.front()].planned->anchor.empty();
+    for (Text& part : parts) { // line ends that stood before the next one
+        part.resize(part.find_last_not_of("\r\n") + 1);
+    }
     bodies_[topics.front()] = hasOwnStart ? std::move(parts.front()) : Text();
     for (std::size_t i = 0; i < whose.size(); ++i) {
         if (parts[i + 1].empty()) {
@@ -178,6 +183,12 @@ void HelpBodies::cutPage(const std::vector<std::size_t>& topics) {
         }
         // What stands before all anchors belongs to the first of them where nothing else is there.
         bodies_[whose[i]] = (i == 0 && !hasOwnStart ? parts.front() : Text()) + parts[i + 1];
+    }
+    const Text page = pathKey(topics_[topics.front()].planned->page) + '#';
+    for (const std::size_t each : topics) {
+        for (const Text& anchor : anchorsIn(bodies_[each])) {
+            anchors_.try_emplace(page + anchor, each);
+        }
     }
 }
 
@@ -188,7 +199,7 @@ Text HelpBodies::linkBody(std::size_t topic) {
     }
     const bool isThere = leadsElsewhere(link) || source_.find(withoutAnchor(link));
     if (!isThere) {
-        note(topic, "leads to " + link + ", which the help does not have");
+        note(topic, "leads to " + link + ", " + Text(source_.missing));
         return Text(emptyBody);
     }
     return "<p><a href='" + htmlFromText(link) + "'>" + topics_[topic].topic.title + "</a></p>";
@@ -235,7 +246,7 @@ std::optional<Text> HelpBodies::newAddress(std::size_t topic, const Text& addres
     }
     const auto path = source_.target(page, address);
     if (!path) {
-        note(topic, "names " + address + ", which the help does not have", false);
+        note(topic, "names " + address + ", " + Text(source_.missing), false);
         return {};
     }
     if (const auto target =

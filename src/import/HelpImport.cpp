@@ -46,7 +46,7 @@ public:
         }
         nameFiles();
         HelpBodies bodies(source_, files_, topics_);
-        bodies.make(choice_.leavesOutRepeated);
+        bodies.make(choice_.leavesOutRepeated && source_.hasNavigation);
         setKeywords(bodies);
         setContexts();
         if (isNew_) {
@@ -302,6 +302,12 @@ private:
         if (bodies.shortened() > 0) {
             note("Headers, footers and navigation that most pages have were left out of "
                  + counted(bodies.shortened(), "page"));
+        }
+        for (const SourceNote& each : source_.pageNotes) {
+            if (const auto topic = bodies.topicAt(each.page)) {
+                note(each.text, first_ + static_cast<int>(*topic));
+                outcome_.isWhole = false;
+            }
         }
         tellHome();
         outcome_.failures = files_.failures();

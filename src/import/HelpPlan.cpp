@@ -20,7 +20,9 @@ constexpr std::size_t mostReadTitles = 2000;
 
 class Planner {
 public:
-    Planner(const HelpSource& source, bool cutsPages) : source_(source), cutsPages_(cutsPages) {}
+    Planner(const HelpSource& source, bool cutsPages)
+        : source_(source), cutsPages_(cutsPages),
+          contents_(cutsPages && !source.parts.empty() ? source.parts : source.contents) {}
 
     HelpPlan plan() {
         chooseKinds();
@@ -51,7 +53,7 @@ private:
     /// Each page is the topic of the first entry that leads to it.
     void chooseKinds() {
         std::unordered_set<Text> parts;
-        for (const SourceEntry& entry : source_.contents) {
+        for (const SourceEntry& entry : contents_) {
             pages_.push_back(entry.page.empty() || leadsElsewhere(entry.page)
                                  ? std::nullopt
                                  : source_.find(withoutAnchor(entry.page)));
@@ -91,8 +93,7 @@ private:
 
     /// Leaves those that an entry lies in.
     void climbTo(std::vector<std::size_t>& above, std::size_t entry) const {
-        while (!above.empty()
-               && source_.contents[above.back()].depth >= source_.contents[entry].depth) {
+        while (!above.empty() && contents_[above.back()].depth >= contents_[entry].depth) {
             above.pop_back();
         }
     }
@@ -111,7 +112,7 @@ private:
         std::vector<int> depths(kinds_.size());
         for (std::size_t i = 0; i < kinds_.size(); ++i) {
             climbTo(above, i);
-            const SourceEntry& entry = source_.contents[i];
+            const SourceEntry& entry = contents_[i];
             const int depth = above.empty() ? 0 : depths[above.back()];
             const bool isTopic = kinds_[i] == Kind::topic || isLink_[i];
             depths[i] = depth + (isTopic ? 1 : 0);
@@ -140,7 +141,7 @@ private:
     }
 
     void addOthers() {
-        const int depth = source_.contents.empty() ? 1 : 2;
+        const int depth = contents_.empty() ? 1 : 2;
         bool isFirst = depth > 1;
         for (const Text& page : source_.pages) {
             if (!used_.insert(pathKey(page)).second) {
@@ -164,6 +165,7 @@ private:
 
     const HelpSource& source_;
     bool cutsPages_;
+    const std::vector<SourceEntry>& contents_;
     HelpPlan plan_;
     std::unordered_set<Text> used_; ///< keys of pages that are topics
     // For each entry of the contents:

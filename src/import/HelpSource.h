@@ -39,6 +39,12 @@ struct SourceContext {
     text::Text page;
 };
 
+/// What an author should know of a page.
+struct SourceNote {
+    text::Text page;
+    text::Text text;
+};
+
 /// Help that somebody has made with another tool, as an import sees it: a compiled help, or a
 /// workshop's project with its files. Texts are in UTF-8. Damaged parts are missing parts.
 class HelpSource {
@@ -61,10 +67,14 @@ public:
     unsigned codePage = 1252;
     text::Text homePage; ///< empty for none
     std::vector<SourceEntry> contents;
+    std::vector<SourceEntry> parts; ///< the contents where pages are cut, if these are others
     std::vector<SourceKeyword> keywords;
     std::vector<SourceContext> contexts;
     std::vector<text::Text> pages; ///< all of them, as find() spells them
+    bool hasNavigation = true;     ///< what pages have alike may be left out
     std::vector<text::Text> notes; ///< what an author should know of what could not be read
+    std::vector<SourceNote> pageNotes;
+    text::TextView missing = "which the help does not have"; ///< said of a file that it names
 
     /// The path of a file, without "#...", as the help spells it; nothing when it has none.
     virtual std::optional<text::Text> find(text::TextView path) const = 0;

@@ -103,4 +103,20 @@ std::vector<Text> cutAt(TextView body, const std::vector<Text>& anchors) {
     return parts;
 }
 
+std::vector<Text> anchorsIn(TextView body) {
+    std::vector<Text> anchors;
+    HtmlReader reader(body);
+    while (reader.next()) {
+        for (const TextView name : {"id", "name"}) {
+            const bool isAnchor =
+                !reader.isText() && !reader.closes() && (name == "id" || reader.opens("a"));
+            const auto value = isAnchor ? reader.attribute(name) : std::nullopt;
+            if (value && !value->empty()) {
+                anchors.push_back(text::resolvedReferences(*value));
+            }
+        }
+    }
+    return anchors;
+}
+
 } // namespace importer

@@ -12,4 +12,7 @@ namespace importer {
 /// through are closed before it, and not opened again.
 std::vector<text::Text> cutAt(text::TextView body, const std::vector<text::Text>& anchors);
 
+/// The names of all places in a body that links can lead to.
+std::vector<text::Text> anchorsIn(text::TextView body);
+
 } // namespace importer

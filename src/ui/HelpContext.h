@@ -30,7 +30,8 @@ enum HelpContext {
     helpImportHelp = 350,
     webSiteHelp = 360,
     epubHelp = 365,
-    pdfHelp = 366
+    pdfHelp = 366,
+    pageImportHelp = 377
 };
 
 /// All of them, for whoever checks that the manual has their pages.
@@ -60,6 +61,7 @@ inline constexpr HelpContext helpContexts[] = {mainWindowHelp,
                                                helpImportHelp,
                                                webSiteHelp,
                                                epubHelp,
-                                               pdfHelp};
+                                               pdfHelp,
+                                               pageImportHelp};
 
 } // namespace ui

@@ -130,3 +130,32 @@ TEST_F(HelpImportCommand, SaysWhatItCannotRead) {
     dropFile(*window, folder / "x.chm");
     EXPECT_EQ(openWindow<frmHelpImport>(), nullptr);
 }
+
+TEST_F(HelpImportCommand, PagesAreChosenAndCutAtTheirHeadings) {
+    load(titled({"a"}));
+    test::writeBytes(folder / "in/one.md", "# One\n\ntext\n\n## Part\n\nmore");
+    EXPECT_TRUE(dropFile(*window, folder / "in/one.md"));
+    EXPECT_EQ(dialog().caption(), "Import from \"One\"");
+    EXPECT_EQ(dialog().lblCount.caption(), "1 topic of 1 checked");
+    EXPECT_EQ(dialog().helpContext(), ui::pageImportHelp);
+    click(dialog().chkCut);
+    EXPECT_EQ(dialog().lblCount.caption(), "2 topics of 2 checked");
+    click(dialog().cmdOK);
+    EXPECT_EQ(titles(), "a: One:N Part:N");
+    EXPECT_EQ(topic(2).body + topic(3).body, "<p>text</p><p>more</p>");
+    EXPECT_EQ(openWindow<frmImportReport>(), nullptr); // there is nothing to tell
+    prompter.expect(ui::FileQuestion{ui::FileQuestion::Kind::open,
+                                     "Import Pages",
+                                     "Markdown and HTML (*.md;*.markdown;*.htm;*.html)|"
+                                     "*.md;*.markdown;*.htm;*.html|All Files (*.*)|*.*",
+                                     1,
+                                     {},
+                                     "*.md",
+                                     "md"},
+                    folder / "in/gone.md");
+    prompter.expect({"gone.md: No such file or directory", "Import Pages", ui::Buttons::ok,
+                     ui::QuestionIcon::exclamation});
+    show(*window);
+    EXPECT_TRUE(choose(*window, {"File", "Import", "From Markdown or HTML Page..."}));
+    EXPECT_EQ(openWindow<frmHelpImport>(), nullptr);
+}

@@ -125,6 +125,28 @@ TEST_F(BatchImports, SynchroniseNamesPagesThatItCannotTake) {
     EXPECT_EQ(output, "No topics taken back, no conflicts, 1 page unreadable\n");
 }
 
+TEST_F(BatchImports, ImportPagesMakesTopicsOfFiles) {
+    const std::string project = save("p.tsp", test::flatOutline(1));
+    test::writeBytes(folder / "a.md", "# A\n\n[b](b.md) [c](c.md)\n\n## Part\n\nx");
+    test::writeBytes(folder / "b.md", "# B\n\n![p](p.gif)");
+    test::writeBytes(folder / "p.gif", "GIF89a");
+    EXPECT_EQ(run({"import-pages", project, folder / "a.md", folder / "b.md", "--under", "1"}),
+              exitDone);
+    EXPECT_EQ(output, "2 topics and 1 file imported\n");
+    EXPECT_EQ(errors, "Import Pages: Topic 2 (A): leads to c.md, which does not come with the "
+                      "pages\n");
+    EXPECT_TRUE(fs::exists(folder / "images/p.gif"));
+    EXPECT_EQ(run({"import-pages", project, folder / "a.md", "--cut", "--strict"}), exitFailed);
+    EXPECT_EQ(output, "2 topics and no files imported\n");
+    EXPECT_EQ(run({"find", project, "Part"}), exitDone);
+    EXPECT_EQ(output, "5\ttitle\t0\tPart\n"); // at the end, behind "A"
+    const std::string before = test::bytesOf(project);
+    EXPECT_EQ(run({"import-pages", project}), exitUsage);
+    EXPECT_EQ(run({"import-pages", project, folder / "gone.md"}), exitFailed);
+    EXPECT_EQ(run({"import-pages", project, folder / "a.md", "--under", "9"}), exitFailed);
+    EXPECT_EQ(test::bytesOf(project), before);
+}
+
 TEST_F(BatchImports, ImportHelpTakesPartsOfAHelp) {
     const std::string help =
         save("h.tsp", test::outlineOf({test::topic(1, "Ä", "a.htm"), test::topic(2, "B", "b.htm"),

@@ -59,6 +59,10 @@ frmHelpImport::frmHelpImport(ui::Window& owner, std::unique_ptr<HelpSource> sour
     lvTopics.rowsReplacing();
     lvTopics.rowsReplaced();
     chkRepeated.setChecked(true);
+    chkRepeated.setVisible(source_->hasNavigation);
+    if (!source_->parts.empty()) {
+        chkCut.setEnabled(source_->parts.size() > source_->contents.size());
+    }
     chkUnder.setEnabled(target_.under > 0);
     chkUnder.setToolTip(target_.underTitle);
     arrange();

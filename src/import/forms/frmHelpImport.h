@@ -56,7 +56,9 @@ public:
     ui::Button cmdNone{*this, "Check &None"};
     ui::Button cmdBranch{*this, "This &Branch Only"};
     ui::CheckBox chkRepeated{*this, "Leave out headers and na&vigation that most pages have"};
-    ui::CheckBox chkCut{*this, "&Cut pages where the contents lead into them"};
+    ui::CheckBox chkCut{*this, source_->parts.empty()
+                                   ? "&Cut pages where the contents lead into them"
+                                   : "&Cut pages at their headings"};
     ui::CheckBox chkUnder{*this, "Below the c&urrent topic"};
     ui::Label lblCount{*this, ""};
     ui::Button cmdOK{*this, "&Import"};
