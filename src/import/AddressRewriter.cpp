@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "import/ForeignPage.h"
+#include "import/HelpSource.h"
+#include "text/Address.h"
 #include "text/HtmlReader.h"
 #include "workshop/PageFacts.h"
 
@@ -25,6 +27,9 @@ public:
                 continue;
             }
             const Text tag = reader_.lowerName();
+            if (tag == "style") {
+                takeSheet(reader_.contents());
+            }
             for (const HtmlReader::Attribute& attribute : reader_.attributes()) {
                 if (attribute.value && !attribute.value->empty()) {
                     take(tag, text::lowerAscii(attribute.name), *attribute.value);
@@ -42,10 +47,23 @@ private:
             if (const auto changed = newAddress_({tag, attribute, address})) {
                 replace(value, *changed);
             }
+        } else if (attribute == "style") {
+            const Text style = text::resolvedReferences(value);
+            if (Text changed = withNewUrls(style, newAddress_); changed != style) {
+                replace(value, changed);
+            }
         } else if (attribute == "srcset") {
             takeParts(tag, attribute, value, ',');
         } else if (tag == "param" && attribute == "value" && isListItem()) {
             takeParts(tag, attribute, value, ';');
+        }
+    }
+
+    void takeSheet(TextView sheet) {
+        if (Text changed = withNewUrls(sheet, newAddress_); changed != sheet) {
+            const auto start = static_cast<std::size_t>(sheet.data() - html_.data());
+            text::append(result_, html_.substr(copied_, start - copied_), changed);
+            copied_ = start + sheet.size();
         }
     }
 
@@ -107,6 +125,33 @@ private:
 };
 
 } // namespace
+
+Text withNewUrls(TextView css, const NewAddress& newAddress) {
+    constexpr TextView begin = "url(";
+    const Text lower = text::lowerAscii(css);
+    Text result;
+    std::size_t copied = 0;
+    for (std::size_t at = 0; (at = lower.find(begin, at)) != Text::npos;) {
+        at += begin.size();
+        const std::size_t end = css.find(')', at);
+        if (end == TextView::npos) {
+            break;
+        }
+        TextView address = trimmed(css.substr(at, end - at));
+        const char quote = address.empty() ? ' ' : address.front();
+        if (address.size() > 1 && (quote == '"' || quote == '\'') && address.back() == quote) {
+            address = address.substr(1, address.size() - 2);
+        }
+        const bool isFile = !address.empty() && address.front() != '#' && !leadsElsewhere(address);
+        if (auto changed = isFile ? newAddress({"style", "url", Text(address)}) : std::nullopt) {
+            std::replace(changed->begin(), changed->end(), '\\', '/'); // which is a sign there
+            text::append(result, css.substr(copied, at - copied), text::escapedAddress(*changed));
+            copied = end;
+        }
+        at = end;
+    }
+    return result.append(css.substr(copied));
+}
 
 Text withNewAddresses(TextView html, const NewAddress& newAddress) {
     return Rewriter(html, newAddress).run();

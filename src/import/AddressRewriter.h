@@ -17,8 +17,11 @@ struct FoundAddress {
 /// What is to stand in its place; nothing where it stays as it is.
 using NewAddress = std::function<std::optional<text::Text>(const FoundAddress&)>;
 
-/// HTML with other addresses. Those in lists of related topics and in pictures' sets of sources
-/// count, too. Everything else stays byte for byte.
+/// HTML with other addresses. Those in lists of related topics, in pictures' sets of sources and in
+/// style count, too. Everything else stays byte for byte.
 text::Text withNewAddresses(text::TextView html, const NewAddress& newAddress);
+
+/// The same of a style sheet: its "url(...)".
+text::Text withNewUrls(text::TextView css, const NewAddress& newAddress);
 
 } // namespace importer

@@ -67,6 +67,8 @@ private:
             if (kind == "stylesheet" && !address.empty()) {
                 page_.styleSheets.push_back(address);
             }
+        } else if (reader_.opens("style") && bodyStart_ == Text::npos) {
+            takeStyle(reader_.contents());
         } else if (reader_.opens("meta")) {
             takeMeta();
         } else if (reader_.opens("param")) {
@@ -88,8 +90,25 @@ private:
         }
     }
 
+    /// Older pages hide it from browsers that know no style.
+    void takeStyle(TextView style) {
+        constexpr TextView hidden = "<!--";
+        constexpr TextView end = "-->";
+        style = trimmed(style);
+        style.remove_prefix(style.starts_with(hidden) ? hidden.size() : 0);
+        style.remove_suffix(style.ends_with(end) ? end.size() : 0);
+        if (style = trimmed(style); !style.empty()) {
+            text::appendLine(page_.style, style);
+        }
+    }
+
     void takeMeta() {
-        if (!text::equalIgnoringCase(valueOf(reader_, "name"), "ms-hkwd")) {
+        const Text name = text::lowerAscii(valueOf(reader_, "name"));
+        if (name == "description" && page_.description.empty()) {
+            const Text content = text::resolvedReferences(valueOf(reader_, "content"));
+            page_.description = htmlFromText(plainText(text::escapedHtml(content)));
+        }
+        if (name != "ms-hkwd") {
             return;
         }
         const Text all = valueOf(reader_, "content");
@@ -168,6 +187,25 @@ bool says(TextView heading, TextView title) {
                && number.find_first_of("0123456789") != TextView::npos);
 }
 
+/// The items of lists that generation puts behind a topic's text, as far as they describe a page.
+std::vector<ListedPage> listedBehind(TextView page) {
+    constexpr TextView item = "<li><a href=\"";
+    std::vector<ListedPage> listed;
+    std::size_t at = page.rfind(model::blockEnd);
+    while (at != TextView::npos && (at = page.find(item, at)) != TextView::npos) {
+        at += item.size();
+        const TextView address = page.substr(at, page.find('"', at) - at);
+        const std::size_t end = std::min(page.find("</a>", at), page.size());
+        TextView rest = page.substr(std::min(end + 4, page.size()));
+        rest.remove_prefix(std::min(rest.find_first_not_of("\r\n"), rest.size()));
+        if (rest.starts_with(" - ")) {
+            rest = rest.substr(3, std::min(rest.find_first_of("\r\n"), rest.size()) - 3);
+            listed.push_back({Text(address), Text(rest)});
+        }
+    }
+    return listed;
+}
+
 } // namespace
 
 ForeignPage readForeignPage(const Text& html, unsigned codePage) {
@@ -180,6 +218,7 @@ ForeignPage readForeignPage(const Text& html, unsigned codePage) {
         for (Text& keyword : page.keywords) {
             keyword = letters.withLetters(keyword);
         }
+        page.listed = listedBehind(ours);
         const bool hasOwnLineEnds =
             letters.encodedSize(block->asIs) == static_cast<std::size_t>(block->generatedLength);
         page.body = block->content == model::placeholderBody ? Text()

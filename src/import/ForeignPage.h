@@ -6,6 +6,12 @@
 
 namespace importer {
 
+/// What a page of ours says of one that lies below it.
+struct ListedPage {
+    text::Text address;
+    text::Text description; ///< HTML
+};
+
 /// A page that another tool has made, in the parts of which a topic is made. Texts are HTML as it
 /// stands there.
 struct ForeignPage {
@@ -14,6 +20,9 @@ struct ForeignPage {
     std::vector<text::Text> keywords;
     std::vector<text::Text> styleSheets; ///< addresses as they stand
     text::Text background;
+    text::Text style;       ///< sheets that stand in its head
+    text::Text description; ///< what it says of itself, in one line
+    std::vector<ListedPage> listed;
     bool isOurs = false; ///< the body is what stood in the block of a page that we generated
 };
 

@@ -63,7 +63,7 @@ bool leadsTo(TextView address, const Text& place) {
 HelpBodies::HelpBodies(const HelpSource& source, HelpFiles& files,
                        std::vector<ImportedTopic>& topics)
     : source_(source), files_(files), topics_(topics), bodies_(topics.size()),
-      keywords_(topics.size()), isOurs_(topics.size()) {
+      keywords_(topics.size()), descriptions_(topics.size()), isOurs_(topics.size()) {
     for (std::size_t i = 0; i < topics.size(); ++i) {
         const PlannedTopic& planned = *topics[i].planned;
         if (!planned.page.empty()) {
@@ -83,6 +83,7 @@ void HelpBodies::note(std::size_t topic, Text text, bool isLoss) {
 
 void HelpBodies::make(bool leavesOutRepeated) {
     readPages();
+    settleDescriptions();
     if (leavesOutRepeated) {
         leaveOutRepeated();
     }
@@ -131,10 +132,15 @@ void HelpBodies::readPage(std::size_t topic) {
             text::append(sheets, *sheet, "\n");
         }
     }
+    if (!page.style.empty()) {
+        text::append(sheets, "\n", page.style);
+    }
     count(styleSheets_, sheets);
+    styledPages_.try_emplace(sheets, path);
     if (const auto picture = source_.target(path, text::resolvedReferences(page.background))) {
         count(backgrounds_, *picture);
     }
+    takeDescriptions(topic, page);
     keywords_[topic] = std::move(page.keywords);
     bodies_[topic] = std::move(page.body);
 }
@@ -143,6 +149,36 @@ void HelpBodies::readPage(std::size_t topic) {
 void HelpBodies::takeTitle(std::size_t topic, const ForeignPage& page) {
     if (page.isOurs && plainText(page.title) == plainText(topics_[topic].topic.title)) {
         topics_[topic].topic.title = page.title;
+    }
+}
+
+/// What a page above says of one was written for this one alone.
+void HelpBodies::takeDescriptions(std::size_t topic, const ForeignPage& page) {
+    if (descriptions_[topic].empty()) {
+        descriptions_[topic] = page.description;
+    }
+    for (const ListedPage& each : page.listed) {
+        const auto path = source_.target(topics_[topic].planned->page, each.address);
+        if (const auto target = path ? topicAt(*path) : std::nullopt) {
+            listed_[*target] = each.description;
+        }
+    }
+}
+
+/// Some tools say the same of every page.
+void HelpBodies::settleDescriptions() {
+    constexpr std::size_t fewest = 3;
+    std::unordered_map<Text, std::size_t> counts;
+    for (const Text& each : descriptions_) {
+        count(counts, each);
+    }
+    for (Text& each : descriptions_) {
+        if (!each.empty() && counts[each] >= fewest) {
+            each.clear();
+        }
+    }
+    for (auto& [topic, description] : listed_) {
+        descriptions_[topic] = std::move(description);
     }
 }
 
@@ -273,18 +309,27 @@ void HelpBodies::noteElsewhere(std::size_t topic, const Text& address) {
     }
 }
 
-/// Several become one that names them.
+/// Several become one that names them, and so does what stands in the pages themselves.
 Text HelpBodies::styleSheet() {
-    const Text sheets = commonest(styleSheets_);
+    const Text both = commonest(styleSheets_);
     Text imports;
     Text only;
     std::size_t count = 0;
-    for (std::size_t at = 0; at < sheets.size(); at = sheets.find('\n', at) + 1) {
-        if (const auto place = files_.place(sheets.substr(at, sheets.find('\n', at) - at))) {
+    std::size_t at = 0;
+    for (; at < both.size() && both[at] != '\n'; at = both.find('\n', at) + 1) {
+        if (const auto place = files_.place(both.substr(at, both.find('\n', at) - at))) {
             only = fromPageFolder(*place);
             text::appendLine(imports, "@import url(\"", *place, "\");");
             ++count;
         }
+    }
+    if (at < both.size()) {
+        const Text& page = styledPages_[both];
+        imports += withNewUrls(TextView(both).substr(at + 1), [&](const FoundAddress& found) {
+            const auto path = source_.target(page, found.address);
+            return path ? files_.place(*path) : std::nullopt;
+        });
+        count = 2;
     }
     constexpr const char* collection = "imported.css";
     return count < 2                           ? only

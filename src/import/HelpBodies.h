@@ -32,6 +32,7 @@ public:
     void make(bool leavesOutRepeated);
 
     text::Text take(std::size_t topic) { return std::move(bodies_[topic]); }
+    const text::Text& description(std::size_t topic) const { return descriptions_[topic]; }
     const std::vector<text::Text>& keywords(std::size_t topic) const { return keywords_[topic]; }
 
     /// The index of the topic that has a page, or the part of it where an anchor is.
@@ -47,6 +48,8 @@ public:
 private:
     void readPages();
     void readPage(std::size_t topic);
+    void takeDescriptions(std::size_t topic, const ForeignPage& page);
+    void settleDescriptions();
     void cutPage(const std::vector<std::size_t>& parts);
     void takeTitle(std::size_t topic, const ForeignPage& page);
     void leaveOutRepeated();
@@ -63,10 +66,14 @@ private:
     std::vector<ImportedTopic>& topics_;
     std::vector<text::Text> bodies_;
     std::vector<std::vector<text::Text>> keywords_;
+    std::vector<text::Text> descriptions_;
+    std::unordered_map<std::size_t, text::Text> listed_; ///< what other pages say of topics
     std::vector<bool> isOurs_;
     std::unordered_map<text::Text, std::vector<std::size_t>> ofPage_; ///< topics by the page's key
     std::unordered_map<text::Text, std::size_t> anchors_; ///< topics by "page#anchor" of cut pages
-    std::unordered_map<text::Text, std::size_t> styleSheets_; ///< how often, by paths, one a line
+    std::unordered_map<text::Text, std::size_t> styleSheets_; ///< how often, by paths, one a line,
+                                                              ///< and a page's own after that
+    std::unordered_map<text::Text, text::Text> styledPages_;  ///< one that has them
     std::unordered_map<text::Text, std::size_t> backgrounds_;
     std::unordered_set<text::Text> noted_;
     std::uint64_t bytesRead_ = 0;

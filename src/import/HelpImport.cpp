@@ -255,6 +255,7 @@ private:
 
     void insert(HelpBodies& bodies) {
         for (std::size_t i = 0; i < topics_.size(); ++i) {
+            topics_[i].topic.shortDescription = bodies.description(i);
             topics_[i].topic.body = bodies.take(i);
         }
         keepQuotes();
@@ -288,7 +289,8 @@ private:
             return;
         }
         for (ImportedTopic& each : topics_) {
-            for (Text Topic::*field : {&Topic::body, &Topic::title, &Topic::keywords}) {
+            for (Text Topic::*field :
+                 {&Topic::body, &Topic::title, &Topic::keywords, &Topic::shortDescription}) {
                 each.topic.*field = withoutDoubleQuotes(each.topic.*field);
             }
         }

@@ -134,7 +134,8 @@ TEST_F(HelpImport, TakesPagesApart) {
           "<a href=tool.zip>t</a><a href='#x'>x</a><script>if (a<\"b\") {}</script>"
           "<object classid=h><param name=Item1 value=\"See;r.htm\"></object></div></body></html>");
     write("q.htm",
-          "<meta charset=utf-8><link rel=stylesheet href='st/a.css'><p>gr\xC3\xBC\xC3\x9F</p>");
+          "<meta charset=utf-8><link rel=stylesheet href='st/a.css'>"
+          "<meta name=Description content='\xC3\x9C\n &amp; <q>'><p>gr\xC3\xBC\xC3\x9F</p>");
     write("r.htm", "<link rel=stylesheet href='st/a.css'>gr\xFC\xDF");
     write("st/a.css", "@import 'b.css'; p { background: url(../pic/c.gif) }");
     write("st/b.css", "p {}");
@@ -152,6 +153,7 @@ TEST_F(HelpImport, TakesPagesApart) {
               "<object classid=h><param name=Item1 value='See;..\\html\\r.htm'></object></div>");
     EXPECT_EQ(body(2), "<p>grüß</p>");
     EXPECT_EQ(body(4), "grüß");
+    EXPECT_EQ(project.outline().at(2).shortDescription, "Ü & &lt;q>");
     EXPECT_EQ(project.outline().at(1).title, "Das Büch");
     EXPECT_EQ(project.outline().at(1).keywords, "Wörter; Two; Index, word");
     EXPECT_EQ(project.outline().at(2).keywords, "Index, word, sub");
@@ -186,11 +188,12 @@ TEST_F(HelpImport, LeavesOutWhatPagesRepeat) {
         const Text own = pages.substr(i, 1);
         contents += item(own, own + ".htm");
         write(own + ".htm",
-              "<body><div class=\"nav\"><a href=\"" + pages.substr(i + 1, 1) + ".htm\">Next</a> <b>"
-                  + own + " part</b></div>" + "<p class=t>See <a href=\"b.htm\">b</a> and " + own
-                  + "</p><p>Only here: " + own + "</p><div class=see>See <a href=" + own + "2.htm>"
-                  + own + "2</a></div>" + "<hr><p><a href=" + pages.substr(i - 1, 1)
-                  + ".htm>Back to " + pages.substr(i - 1, 1)
+              "<meta name=description content='Made by a tool'><body><div class=\"nav\"><a href=\""
+                  + pages.substr(i + 1, 1) + ".htm\">Next</a> <b>" + own + " part</b></div>"
+                  + "<p class=t>See <a href=\"b.htm\">b</a> and " + own + "</p><p>Only here: " + own
+                  + "</p><div class=see>See <a href=" + own + "2.htm>" + own + "2</a></div>"
+                  + "<hr><p><a href=" + pages.substr(i - 1, 1) + ".htm>Back to "
+                  + pages.substr(i - 1, 1)
                   + "</a> | <a href=a.htm>Top</a></p><p>Manual of everything</p><div id=f>" + own
                   + " <a href=x.htm>X</a> " + "<a href=y.htm>Y</a></div><p>(c) us</p></body>");
     }
@@ -198,6 +201,7 @@ TEST_F(HelpImport, LeavesOutWhatPagesRepeat) {
     auto outcome = import();
     EXPECT_EQ(body(3), "<p class=t>See <a href='..\\html\\b.htm'>b</a> and c</p>"
                        "<p>Only here: c</p><div class=see>See <a href=c2.htm>c2</a></div>");
+    EXPECT_EQ(project.outline().at(1).shortDescription, "");
     EXPECT_TRUE(hasNote(outcome, "left out of 4 pages"));
     project.undo();
     import({0, false});
@@ -224,6 +228,27 @@ TEST_F(HelpImport, CutsPagesWhereContentsLeadIntoThem) {
     import();
     EXPECT_EQ(project.outline().count(), 2);
     EXPECT_NE(body(1).find("<h2 id=two>Two</h2>two"), Text::npos);
+}
+
+TEST_F(HelpImport, BringsWhatStylesName) {
+    const Text style = "<style><!-- h1 { background: URL( 'pic/a b.png' ) } b { x: url(#y) }"
+                       " --></style>";
+    writeProject("", item("P", "d/p.htm") + item("Q", "q.htm") + item("R", "r.htm"));
+    write("d/p.htm", "<body><p style=\"color: red; background: url(&quot;../pic/a b.png&quot;)\">"
+                     "<style>p { background: url(c(.png) url(gone.png) }</style>"
+                     "<i style='background: url(http://e.org/x.png'>p");
+    write("q.htm", "<head>" + style + "</head><body>q");
+    write("r.htm", style + "<body>r");
+    write("pic/a b.png", "a");
+    write("d/c(.png", "c");
+    import();
+    EXPECT_EQ(body(1), "<p style='color: red; background: url(../images/a%20b.png)'>"
+                       "<style>p { background: url(../images/c%28.png) url(gone.png) }</style>"
+                       "<i style='background: url(http://e.org/x.png'>p");
+    EXPECT_EQ(body(2), "q");
+    EXPECT_EQ(project.options().cssFile, "../imported.css");
+    EXPECT_EQ(test::bytesOf(folder / "out/imported.css"),
+              "h1 { background: URL(images/a%20b.png) } b { x: url(#y) }\r\n");
 }
 
 TEST_F(HelpImport, GivesEachTopicOneContext) {
