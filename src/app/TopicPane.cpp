@@ -103,10 +103,9 @@ void TopicPane::showPage() {
     if (position > 0) {
         const editor::frmEditBody* open = editor_.isOpen() ? editor_.window() : nullptr;
         const model::Topic& topic = project_.outline().at(position);
-        const Text body = open == nullptr ? topic.body
-                                          : editor::withCaret(open->txtBody.countedText(),
-                                                              open->txtBody.selection().start);
-        page = editor::livePage(topic.title, body, project_.options(), folder);
+        page = open == nullptr
+                   ? editor::livePage(topic.title, topic.body, project_.options(), folder)
+                   : open->livePage(folder);
     }
     const Text id = std::to_string(position) + ' ' + project_.projectFileTitle();
     if (page == page_ && id == topicId_) {
@@ -116,6 +115,11 @@ void TopicPane::showPage() {
         brwTopic_ = std::make_unique<ui::Browser>(pnlPage);
         brwTopic_->setAccessibleName("Topic Preview");
         brwTopic_->Refused.connect([] { ui::Prompter::current().beep(); });
+        brwTopic_->Clicked.connect([this](std::size_t seen, bool behind) {
+            if (editor_.isOpen()) {
+                editor_.window()->goToSeen(seen, behind);
+            }
+        });
         brwTopic_->keepInView(editor::caretId);
         auto content = ui::Layout::column();
         content.withoutMargins().add(*brwTopic_, 1);

@@ -35,6 +35,8 @@ struct Browser::Native : NativeWidget {
                 reinterpret_cast<MakeBrowser>(browserFunction(makeBrowserName))) {
             view.reset(makeBrowser(parent, [&owner] { owner.Refused.raise(); }));
             widget = view->widget();
+            view->hearClicks(
+                [&owner](std::size_t seen, bool behind) { owner.Clicked.raise(seen, behind); });
         } else {
             widget = new QLabel(QStringLiteral("The browser of this program is missing."), parent);
         }

@@ -25,6 +25,11 @@ public:
     /// with this id is scrolled into view, as little as is needed. Empty for none.
     void keepInView(TextView id);
 
+    /// A click that neither follows a link nor selects anything: how many characters and pictures
+    /// can be seen before it, blanks not counted, and whether it is right behind the last of them
+    /// or right before the next.
+    Event<std::size_t, bool> Clicked;
+
     /// The person, or something in the page, wanted to go elsewhere; the page stays.
     Event<> Refused;
 

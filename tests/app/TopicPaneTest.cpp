@@ -143,3 +143,21 @@ TEST_F(frmMainTopicPane, ATemplateThatNobodyHasEditedIsNoEdit) {
     EXPECT_FALSE(window->topicPane().isShown());
     EXPECT_EQ(window->editor(), nullptr);
 }
+
+TEST_F(frmMainTopicPane, AClickOnThePagePutsTheCaretThere) {
+    auto topics = titled({"a", "b"});
+    topics.at(1).body = "x<p style='font-size:80px'>MMMMMMMM</p>";
+    project().replace(std::move(topics), {}, folder / "p.tsp");
+    window->setSize(15000, 15000);
+    page("MMM");
+    clickInPage(*window->topicPane().browser(), 70, 170); // no editor, no caret
+    press("Ctrl+E");
+    const auto& body = docked().txtBody;
+    EXPECT_NE(page("MMM"), "");
+    settle();
+    window->lvLevels.setFocus();
+    // The page moved down when the editor came.
+    clickInPage(*window->topicPane().browser(), 70, 170);
+    EXPECT_TRUE(waitFor([&] { return body.hasFocus(); }));
+    EXPECT_EQ(body.countedText().substr(body.selection().start - 1, 2), "MM");
+}

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "editor/PreviewPage.h"
+#include "editor/ShownPlace.h"
+#include "model/Variables.h"
 
 using namespace editor;
 
@@ -89,4 +91,28 @@ TEST(LivePage, MarksWhereTheCaretIsAndFindsWhatLiesBesideIt) {
     const Text page = livePage("T", "<p>", {}, "/a\"b/\u00FC #1");
     EXPECT_NE(page.find("<base href=\"file:///a%22b/%C3%BC%20%231/html/\">\r\n<title>T"),
               Text::npos);
+}
+
+TEST(LivePage, FindsThePlaceInTheTextOfWhatCanBeSeen) {
+    model::ProjectOptions options;
+    model::setVariables(options, {{"v", "<b>long value</b>"}});
+    const Text body = "\r\n<p title='a > b'>\u00FC &eacute;&nbsp;x</p>\r\n<style>p{}</style>"
+                      "<img src='i.gif'><p>{{v}}y {{w}}</p>";
+    const auto at = [&](std::size_t seen, bool behind) {
+        const auto place = bodyPlace({seen, behind}, "T &amp;", body, options);
+        return place ? body.substr(*place, 6) : Text("nothing");
+    };
+    EXPECT_EQ(at(1, false), "nothing"); // in the title
+    EXPECT_EQ(at(2, true), "nothing");
+    EXPECT_EQ(at(2, false), "\u00FC &ea");
+    EXPECT_EQ(at(3, true), " &eacu");
+    EXPECT_EQ(at(3, false), "&eacut");
+    EXPECT_EQ(at(5, true), "</p>\r\n");
+    EXPECT_EQ(at(5, false), "<img s");
+    EXPECT_EQ(at(6, false), "{{v}}y");
+    EXPECT_EQ(at(9, false), "{{v}}y");
+    EXPECT_EQ(at(15, false), "y {{w}");
+    EXPECT_EQ(at(21, true), "</p>");
+    EXPECT_EQ(at(21, false), "</p>"); // below everything
+    EXPECT_EQ(at(22, false), "nothing");
 }

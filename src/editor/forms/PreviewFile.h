@@ -21,6 +21,8 @@ public:
 
     void remove();
 
+    const std::filesystem::path& path() const { return file_; } ///< empty before it is written
+
 private:
     std::filesystem::path file_; ///< empty when there is none to remove
 };

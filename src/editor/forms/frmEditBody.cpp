@@ -242,6 +242,7 @@ void frmEditBody::connectControls() {
     UI_ON(txtKeywords, Change);
     UI_ON(txtShortDesc, Change);
     UI_ON(icboImage, Change);
+    UI_ON(tmrPreview, Tick);
     UI_ON(tbTools, ButtonClick);
     UI_ON(tbTools, ButtonMenuClick);
     for (ui::TextBox* box : fields()) {

@@ -19,6 +19,7 @@
 #include "ui/ImageCombo.h"
 #include "ui/Panel.h"
 #include "ui/Settings.h"
+#include "ui/Timer.h"
 #include "ui/Window.h"
 
 namespace editor {
@@ -81,6 +82,13 @@ public:
     /// Null when no preview is open.
     frmPreview* preview() const { return preview_.get(); }
 
+    /// The page of the text as it is now, for whoever shows it while it is written, with files
+    /// below `folder`.
+    Text livePage(const std::filesystem::path& folder) const;
+
+    /// Puts the caret where the page of the text has been clicked; see ui::Browser::Clicked.
+    void goToSeen(std::size_t seen, bool behind);
+
     ui::Panel pnlFields{*this};
     ui::TextBox txtKeywords{pnlFields};
     ui::TextBox txtShortDesc{pnlFields};
@@ -92,6 +100,10 @@ public:
     FindBar barFind{*this, txtBody};
     ui::Label lblPlace{*this, ""}; ///< line, column and words
     ui::Toolbar tbTools{*this, ui::Toolbar::Size::small};
+
+    ui::Timer tmrPreview;
+    void tmrPreview_Tick();
+    static constexpr int typingPause = 300; ///< milliseconds until the page is shown anew
 
     ui::Event<> Edited; ///< raised for every edit, also one that is taken back
 
@@ -178,6 +190,7 @@ private:
     void updateCommands();
     void connectBody();
     void showPlace();
+    void notePage();
     void showTableButton(const Text& key);
 
     /// False, and said so, in a field that is not for mark-up; false too where no field has the

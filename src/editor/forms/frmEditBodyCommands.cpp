@@ -1,6 +1,7 @@
 #include "editor/MarkUp.h"
 #include "editor/PictureFile.h"
 #include "editor/PreviewPage.h"
+#include "editor/ShownPlace.h"
 #include "editor/forms/dlgGraphicOptions.h"
 #include "editor/forms/dlgTopicLink.h"
 #include "editor/forms/dlgWebLinkText.h"
@@ -100,7 +101,10 @@ void frmEditBody::mnuFilePreview_Click() {
             updateCommands();
         });
         preview_->Activated.connect([this] { Raised.raise(); });
+        preview_->brwPreview.Clicked.connect(
+            [this](std::size_t seen, bool behind) { goToSeen(seen, behind); });
     }
+    tmrPreview.stop();
     const fs::path folder = projectFolder();
     if (preview_->preview(topic.title, page, programFolder_ / pageName, folder)
         && preview_->preview(topic.title, page, ui::Application::userFolder() / pageName, folder)) {
@@ -108,6 +112,32 @@ void frmEditBody::mnuFilePreview_Click() {
         return;
     }
     Raised.raise();
+}
+
+Text frmEditBody::livePage(const fs::path& folder) const {
+    const model::Topic& topic = project_.outline().at(project_.currentIndex());
+    return editor::livePage(topic.title,
+                            withCaret(txtBody.countedText(), txtBody.selection().start),
+                            project_.options(), folder);
+}
+
+/// The page of the command is the one that is described there; what is written afterwards shows
+/// pictures whatever their address looks like.
+void frmEditBody::tmrPreview_Tick() {
+    if (hasPreview()) {
+        const model::Topic& topic = project_.outline().at(project_.currentIndex());
+        preview_->refresh(topic.title, livePage(projectFolder()), projectFolder());
+    }
+}
+
+void frmEditBody::goToSeen(std::size_t seen, bool behind) {
+    const model::Topic& topic = project_.outline().at(project_.currentIndex());
+    if (const auto place =
+            bodyPlace({seen, behind}, topic.title, txtBody.countedText(), project_.options())) {
+        txtBody.select(*place, 0);
+        txtBody.setFocus();
+        activate();
+    }
 }
 
 // ---- Mark-up ----

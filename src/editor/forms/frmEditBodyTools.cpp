@@ -42,12 +42,20 @@ void frmEditBody::txtBody_Change() {
     barFind.textChanged();
     showPlace();
     lookForEdits();
+    notePage();
 }
 
 void frmEditBody::txtBody_CaretMove() {
     showPlace();
     aids_.caretMoved();
     CaretMoved.raise();
+    notePage();
+}
+
+void frmEditBody::notePage() {
+    if (hasPreview()) {
+        tmrPreview.start(typingPause);
+    }
 }
 
 void frmEditBody::showPlace() {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "editor/PreviewPage.h"
 #include "ui/HelpContext.h"
 #include "ui/Prompter.h"
 #include "ui/WindowPlace.h"
@@ -26,6 +27,7 @@ frmPreview::frmPreview(ui::Window& owner, ui::Settings& settings)
         placeBeside(owner);
     }
     brwPreview.setAccessibleName("Preview");
+    brwPreview.keepInView(caretId);
     UI_ON(brwPreview, Refused);
     UI_ON(closeCommand, Click);
 }
@@ -33,13 +35,24 @@ frmPreview::frmPreview(ui::Window& owner, ui::Settings& settings)
 std::error_code frmPreview::preview(text::TextView title, text::TextView page,
                                     const std::filesystem::path& file,
                                     const std::filesystem::path& projectFolder) {
-    if (const std::error_code error = page_.write(file, page)) {
+    if (const std::error_code error = file_.write(file, page)) {
         return error;
     }
+    page_ = page;
     setCaption("Preview of: " + text::Text(title));
     brwPreview.navigate(file, projectFolder);
     showUnfocused();
     return {};
+}
+
+void frmPreview::refresh(text::TextView title, text::TextView page,
+                         const std::filesystem::path& projectFolder) {
+    const std::filesystem::path file = file_.path();
+    if (page != page_ && !file_.write(file, page)) {
+        page_ = page;
+        setCaption("Preview of: " + text::Text(title));
+        brwPreview.navigate(file, projectFolder);
+    }
 }
 
 /// To the right of the editor or to its left; where neither has room, as far to the right as the
@@ -65,7 +78,7 @@ void frmPreview::Resize() {
 
 bool frmPreview::mayClose() {
     ui::storePlace(*this, settings_, section);
-    page_.remove();
+    file_.remove();
     return true;
 }
 

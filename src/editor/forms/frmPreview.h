@@ -24,6 +24,11 @@ public:
                             const std::filesystem::path& file,
                             const std::filesystem::path& projectFolder);
 
+    /// Shows what has become of the page since, at the same place, with the element of withCaret()
+    /// in view. The window stays where it is among the others.
+    void refresh(text::TextView title, text::TextView page,
+                 const std::filesystem::path& projectFolder);
+
     ui::Browser brwPreview{*this};
 
     ui::Command closeCommand{*this, {"close", "", "", "", "", "Esc; Ctrl+W"}};
@@ -37,7 +42,8 @@ public:
 private:
     void placeBeside(const ui::Window& editor);
 
-    PreviewFile page_;
+    PreviewFile file_;
+    text::Text page_; ///< that is shown
 };
 
 } // namespace editor

@@ -21,6 +21,7 @@ public:
 
     /// See Browser.
     virtual void keepInView(const QString& id) = 0;
+    virtual void hearClicks(std::function<void(std::size_t seen, bool behind)> clicked) = 0;
 };
 
 /// What a browser of packed pages needs of whoever has unpacked them. Nothing is empty.

@@ -1,6 +1,9 @@
+#include <algorithm>
+
 #include <QBuffer>
 #include <QDir>
 #include <QImageReader>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -63,6 +66,13 @@ QUrl withPlainSlashes(QUrl url) {
     return url;
 }
 
+/// How much of a text counts as seen; pictures have a character of their own in it.
+std::size_t seenIn(const QString& text) {
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](QChar character) {
+        return !character.isSpace() && !character.isLowSurrogate();
+    }));
+}
+
 /// Shows marked-up text. What belongs to it comes from `read` and from nowhere else.
 class TextPage : public QTextBrowser {
 public:
@@ -77,6 +87,8 @@ public:
         paper.setColor(QPalette::Text, Qt::black);
         setPalette(paper);
     }
+
+    std::function<void(std::size_t seen, bool behind)> clicked; ///< may be empty
 
     QVariant loadResource(int type, const QUrl& url) override {
         if (type == QTextDocument::HtmlResource) {
@@ -95,6 +107,20 @@ public:
             return QByteArray();
         }
         return found.value_or(QByteArray());
+    }
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        QTextBrowser::mouseReleaseEvent(event);
+        const QPoint place = event->position().toPoint();
+        if (event->button() != Qt::LeftButton || !clicked || textCursor().hasSelection()
+            || !anchorAt(place).isEmpty()) {
+            return;
+        }
+        const int position = cursorForPosition(place).position();
+        const bool behind = position > 0 && document()->characterAt(position).isSpace()
+                            && !document()->characterAt(position - 1).isSpace();
+        clicked(seenIn(document()->toPlainText().left(position)), behind);
     }
 
 private:
@@ -153,6 +179,10 @@ public:
     }
 
     void keepInView(const QString& id) override { kept_ = id; }
+
+    void hearClicks(std::function<void(std::size_t seen, bool behind)> clicked) override {
+        page_->clicked = std::move(clicked);
+    }
 
 private:
     void showKept() {

@@ -1,3 +1,4 @@
+#include <QMouseEvent>
 #include <QPointer>
 #include <QTimer>
 #include <QWebEnginePage>
@@ -77,6 +78,67 @@ private:
     std::function<void()> refused_;
 };
 
+/// Hears of clicks in the widget that shows the page; the engine may take another one for another
+/// page.
+class ClickWatch : public QObject {
+public:
+    std::function<void(QPoint place)> clicked;
+
+    void watch(QWidget* shown) {
+        if (shown != nullptr) {
+            shown->installEventFilter(this); // once, however often
+        }
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::MouseButtonPress
+            || event->type() == QEvent::MouseButtonRelease) {
+            const auto& mouse = static_cast<const QMouseEvent&>(*event);
+            const QPoint place = mouse.position().toPoint();
+            const bool isPlain =
+                mouse.button() == Qt::LeftButton && mouse.modifiers() == Qt::NoModifier;
+            if (event->type() == QEvent::MouseButtonPress) {
+                pressed_ = isPlain ? place : QPoint(-1, -1);
+            } else if (isPlain && place == pressed_ && clicked) {
+                clicked(place);
+            }
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QPoint pressed_{-1, -1};
+};
+
+/// Counts what can be seen before a point of the window: [count, whether the last of it is right
+/// before the point]; nothing on a link, or where something is selected.
+constexpr const char* seenScript = R"(
+    (function (x, y) {
+        const hit = document.elementFromPoint(x, y);
+        const caret = document.caretRangeFromPoint(x, y);
+        if (!hit || !caret || hit.closest('a[href]') || !getSelection().isCollapsed) return null;
+        const blank = /[ \t\r\n\f\v\u00a0]/;
+        const count = text => Array.from(text).filter(c => !blank.test(c)).length;
+        const nodes = document.createTreeWalker(document.body,
+                                                NodeFilter.SHOW_ELEMENT | NodeFilter.SHOW_TEXT);
+        let seen = 0;
+        for (let node = nodes.nextNode(); node; node = nodes.nextNode()) {
+            if (node === caret.startContainer && node.nodeType === Node.TEXT_NODE) {
+                const text = node.data, at = caret.startOffset;
+                const isBlank = i => i >= text.length || blank.test(text[i]);
+                return [seen + count(text.slice(0, at)),
+                        at > 0 && isBlank(at) && !isBlank(at - 1)];
+            }
+            if (caret.comparePoint(node, 0) > 0) break;
+            if (node.nodeType === Node.TEXT_NODE && !node.parentElement.closest('script, style')) {
+                seen += count(node.data);
+            } else if (node.nodeName === 'IMG') {
+                ++seen;
+            }
+        }
+        return [seen, false];
+    })(%1, %2))";
+
 class WebBrowser : public BrowserView {
 public:
     WebBrowser(QWidget* parent, const std::function<void()>& refused)
@@ -86,7 +148,10 @@ public:
         view_->setContextMenuPolicy(Qt::NoContextMenu);
         lockDown(*page_);
         page_->settings()->setDefaultTextEncoding(QStringLiteral("windows-1252"));
-        QObject::connect(page_, &QWebEnginePage::loadFinished, [this] { showKept(); });
+        QObject::connect(page_, &QWebEnginePage::loadFinished, [this] {
+            showKept();
+            clicks_.watch(view_->focusProxy());
+        });
     }
     ~WebBrowser() override {
         delete view_; // then the page, then what both use
@@ -108,6 +173,20 @@ public:
 
     void keepInView(const QString& id) override { kept_ = id; }
 
+    void hearClicks(std::function<void(std::size_t seen, bool behind)> clicked) override {
+        clicks_.clicked = [this, clicked = std::move(clicked)](QPoint place) {
+            // Answered when the page has got the click; not at all, when it is gone by then.
+            page_->runJavaScript(QString::fromLatin1(seenScript).arg(place.x()).arg(place.y()),
+                                 QWebEngineScript::ApplicationWorld,
+                                 [clicked](const QVariant& answer) {
+                                     const QVariantList parts = answer.toList();
+                                     if (parts.size() == 2) {
+                                         clicked(parts[0].toULongLong(), parts[1].toBool());
+                                     }
+                                 });
+        };
+    }
+
 private:
     /// By a script of ours, in a world that the page's own cannot reach, were they to run.
     void showKept() {
@@ -121,6 +200,7 @@ private:
     }
 
     QString kept_; ///< an id; letters only
+    ClickWatch clicks_;
     OwnFilesOnly ownFiles_;
     QWebEngineProfile profile_; ///< keeps nothing on the disk
     QPointer<FixedPage> page_;

@@ -253,6 +253,54 @@ TEST_F(frmPreview, ShowsTheEditOnceMoreAtTheSamePlace) {
     EXPECT_EQ(project().outline().at(1).body.find("second"), text::Text::npos);
 }
 
+TEST_F(frmPreview, KeptOpenItFollowsTheTextWithTheCaretInView) {
+    writePicture("tall.bmp", 4000);
+    preview("<p>first</p><img src='..\\images\\tall.bmp'><p>last</p>");
+    waitForPage(shown().brwPreview, "last");
+    ASSERT_TRUE(waitForPageHeight(shown().brwPreview, 4000));
+    EXPECT_EQ(test::bytesOf(folder / "program/temp.htm").find("<base"), std::string::npos);
+    auto& body = window->editor()->txtBody;
+    show(*window->editor());
+    body.setFocus();
+    body.select(body.countedText().find("</p>", 20), 0);
+    type("\u00E4ndert");
+    EXPECT_NE(waitForPage(shown().brwPreview, "last\xC3\xA4ndert").find("ndert"),
+              std::string::npos);
+    EXPECT_TRUE(waitFor([this] { return scrollOf(shown().brwPreview) > 3000; }));
+    EXPECT_TRUE(window->editor()->isActive());
+    EXPECT_TRUE(body.hasFocus());
+    const int scrolled = scrollOf(shown().brwPreview);
+    type("!");
+    EXPECT_NE(waitForPage(shown().brwPreview, "ndert!").find("ndert!"), std::string::npos);
+    EXPECT_TRUE(waitFor([&] { return scrollOf(shown().brwPreview) == scrolled; }));
+    EXPECT_EQ(project().outline().at(1).body.find("ndert"), text::Text::npos);
+    press("Esc");
+    type("?"); // shows nothing any more
+    EXPECT_EQ(window->editor()->preview(), nullptr);
+    EXPECT_FALSE(exists(folder / "program/temp.htm"));
+}
+
+TEST_F(frmPreview, AClickOnThePagePutsTheCaretThere) {
+    preview("<p style='font-size:60px'>MMMMMMMMMMMM</p>\r\n<p style='font-size:60px'>NNNNNNNNNN "
+            "&amp;</p><p><a style='font-size:60px' href='#x'>link link link</a></p>");
+    shown().setSize(9000, 7500);
+    waitForPage(shown().brwPreview, "link");
+    const auto& body = window->editor()->txtBody;
+    const auto caretAfterClick = [&](int y) {
+        clickInPage(shown().brwPreview, 80, y);
+        EXPECT_TRUE(waitFor([&] { return window->editor()->isActive() && body.hasFocus(); }));
+        const text::Text all = body.countedText();
+        return all.substr(body.selection().start - 1, 1);
+    };
+    // Where letters of that size are, whatever the margins of the engine.
+    std::string hits;
+    for (const int y : {130, 250}) {
+        show(shown());
+        hits += caretAfterClick(y);
+    }
+    EXPECT_EQ(hits, "MN");
+}
+
 TEST_F(frmPreview, ClosesWithItsEditorAndKeepsItsPlace) {
     preview("x");
     EXPECT_EQ(placeOf(shown().brwPreview),
