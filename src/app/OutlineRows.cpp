@@ -108,17 +108,27 @@ text::TextView OutlineRows::undoName(int column) {
     return names[static_cast<std::size_t>(column)];
 }
 
-bool OutlineRows::accepts(int column, const Text& text, const model::ProjectOptions& options) {
+/// As in the fields below the list.
+bool OutlineRows::accepts(int column, const Text& text) const {
     const Field field = topicColumn(column).field;
-    if (field == &Topic::image) {
-        constexpr const char* images[] = {"Auto", "New", "Leaf", "New Leaf"};
-        return std::find(std::begin(images), std::end(images), text) != std::end(images);
-    }
     if (field == &Topic::contextNumber) {
         return text.find_first_not_of("0123456789.") == Text::npos;
     }
     return (field != &Topic::fileName && field != &Topic::contextId)
-           || options.codePage().hasAll(text);
+           || project_.options().codePage().hasAll(text);
+}
+
+std::vector<Text> OutlineRows::choices(int column) const {
+    return topicColumn(column).field == &Topic::image
+               ? std::vector<Text>{"Auto", "New", "Leaf", "New Leaf"}
+               : std::vector<Text>();
+}
+
+int OutlineRows::possibleShift(int row, int levels) const {
+    const model::TopicOutline& outline = project_.outline();
+    const int depth = outline.depth(row);
+    const int below = row > 1 ? std::min(outline.depth(row - 1) + 1, model::maxDepth) : depth;
+    return std::clamp(depth + levels, 1, std::max(depth, below)) - depth;
 }
 
 std::optional<bool> OutlineRows::folded(int row) const {

@@ -28,15 +28,15 @@ public:
     /// What an edit of the column is called when it can be taken back.
     static text::TextView undoName(int column);
 
-    /// Whether a text may stand there.
-    static bool accepts(int column, const text::Text& text, const model::ProjectOptions& options);
-
     int rowCount() const override { return project_.outline().count(); }
     text::Text cell(int row, int column) const override;
     text::Text toolTip(int row, int column) const override;
     int indent(int row, int column) const override;
     std::optional<bool> folded(int row) const override;
     bool canFold() const override { return true; }
+    int possibleShift(int row, int levels) const override;
+    bool accepts(int column, const text::Text& text) const override;
+    std::vector<text::Text> choices(int column) const override;
     bool hasSign(int row, int column) const override;
 
 private:

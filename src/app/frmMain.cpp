@@ -116,6 +116,7 @@ void frmMain::connectControls() {
     UI_ON(lvLevels, ItemClick);
     UI_ON(lvLevels, DblClick);
     UI_ON(lvLevels, RowDragged);
+    UI_ON(lvLevels, RowShifted);
     UI_ON(lvLevels, FoldClick);
     UI_ON(lvLevels, CellEdited);
     UI_ON(txtFilter, Change);

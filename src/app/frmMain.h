@@ -85,6 +85,7 @@ public:
     void lvLevels_ItemClick(int row) { showTopic(row); }
     void lvLevels_DblClick(int row) { openTopicEditor(row); }
     void lvLevels_RowDragged(int from, int to);
+    void lvLevels_RowShifted(int row, int levels, bool withBranch);
     void lvLevels_FoldClick(int row);
     void lvLevels_CellEdited(int row, int column, const text::Text& text);
     void txtFilter_Change();

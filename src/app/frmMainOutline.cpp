@@ -135,6 +135,19 @@ void frmMain::lvLevels_RowDragged(int from, int to) {
     updateCommands();
 }
 
+/// Level by level, as the commands do it, as one step.
+void frmMain::lvLevels_RowShifted(int row, int levels, bool withBranch) {
+    if (showTopic(row)) {
+        const model::UndoStep step(project_, "Change Level");
+        const auto shift = levels > 0 ? (withBranch ? model::promoteBranch : model::promoteTopic)
+                                      : (withBranch ? model::demoteBranch : model::demoteTopic);
+        for (int i = 0; i < std::abs(levels); ++i) {
+            shift(project_);
+        }
+    }
+    updateCommands();
+}
+
 /// The rows that are not folded away, and that the author looks for.
 void frmMain::showRows() {
     const std::vector<bool> hidden = folds_.hidden();
@@ -178,9 +191,11 @@ void frmMain::lvLevels_CellEdited(int row, int column, const Text& text) {
     }
     const bool isInEditor =
         field == &Topic::shortDescription || field == &Topic::keywords || field == &Topic::image;
-    if ((isInEditor && !closeEditor()) || !OutlineRows::accepts(column, text, project_.options())) {
-        Prompter::current().beep();
+    if (isInEditor && !closeEditor()) {
         return;
+    }
+    if (field == &Topic::fileName) {
+        links_.beforeTyping();
     }
     model::editField(project_, OutlineRows::undoName(column), field, text);
     finishField();

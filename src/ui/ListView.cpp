@@ -164,6 +164,7 @@ void ListView::redraw() {
 
 void ListView::setEditable(std::vector<int> columns) {
     list().model.editable = std::move(columns);
+    list().view->setEditTriggers(QAbstractItemView::SelectedClicked);
 }
 
 std::vector<int> ListView::columnWidths() const {

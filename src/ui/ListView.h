@@ -26,6 +26,15 @@ public:
     virtual std::optional<bool> folded(int /*row*/) const { return {}; }
     virtual bool canFold() const { return false; }
 
+    /// How many levels deeper, or higher where negative, a row can go of those for which it is
+    /// dragged sideways.
+    virtual int possibleShift(int /*row*/, int /*levels*/) const { return 0; }
+
+    /// Whether a text may come to stand in a cell that is edited, and what it is chosen from; empty
+    /// where it is typed.
+    virtual bool accepts(int /*column*/, const Text& /*text*/) const { return true; }
+    virtual std::vector<Text> choices(int /*column*/) const { return {}; }
+
     /// Whether a cell shows the sign that something is wrong; its tool tip says what.
     virtual bool hasSign(int /*row*/, int /*column*/) const { return false; }
 
@@ -75,8 +84,9 @@ public:
 
     void redraw(); ///< all that is in view
 
-    /// Cells of these columns can be edited in their place, see CellEdited. F2 begins with the
-    /// search column.
+    /// Cells of these columns can be edited in their place, see CellEdited: with a second click, or
+    /// with F2, which begins with the cell that was clicked last in the row, otherwise in the
+    /// search column. Tab goes on to the next one of the row.
     void setEditable(std::vector<int> columns);
 
     /// These share the room that the columns leave, after the search column got what it needs.
@@ -100,7 +110,8 @@ public:
     Event<int> DblClick;        ///< or Enter, which is the default button's where nobody listens
     Event<int> ItemCheck;       ///< the box of a row was clicked, or the space bar pressed on it
     Event<int, int> RowDragged; ///< from one row to the place of another
-    Event<int> FoldClick;       ///< the triangle, or the arrow key that folds or unfolds
+    Event<int, int, bool> RowShifted; ///< row, levels, and whether Shift was held
+    Event<int> FoldClick;             ///< the triangle, or the arrow key that folds or unfolds
     Event<int, int, const Text&> CellEdited; ///< row, column and what was typed
 
 private:

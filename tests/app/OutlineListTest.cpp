@@ -66,6 +66,73 @@ TEST_F(OutlineList, TopicsAreRenamedInTheirPlace) {
     EXPECT_EQ(project().outline().at(2).fileName, "\u00E4.htm");
 }
 
+TEST_F(OutlineList, CellsAreEditedWhereTheyAreClicked) {
+    const auto& list = window->lvLevels;
+    clickRow(list, 2, 6);
+    press("F2");
+    type("brief");
+    press("Tab"); // past the end of the column, to the kind of image
+    EXPECT_EQ(topic(2).shortDescription, "brief");
+    press("Esc");
+    press("Down");
+    press("F2"); // in another row it is the title
+    type("t");
+    press("Enter");
+    EXPECT_EQ(titles(), "a: \u00E4:C t:C d:");
+
+    EXPECT_FALSE(clickToEdit(list, 3, 0)); // the level
+    EXPECT_TRUE(clickToEdit(list, 3, 8));
+    type("k; \u00FC");
+    press("Enter");
+    EXPECT_EQ(topic(3).keywords, "k; \u00FC");
+    EXPECT_TRUE(clickToEdit(list, 3, 5));
+    type("1x2");
+    EXPECT_EQ(prompter.takeBeeps(), 1);
+    press("Enter");
+    EXPECT_EQ(topic(3).contextNumber, "12");
+    EXPECT_TRUE(clickToEdit(list, 3, 7));
+    press("Down");
+    press("Enter");
+    EXPECT_EQ(topic(3).image, "New");
+    EXPECT_TRUE(list.hasFocus());
+    for (const char* undone : {"Image", "HelpCont #", "Keywords", "Topic Title", "Short"}) {
+        EXPECT_EQ(menuText(*window, {"Edit"}).find(std::string("U&ndo Edit ") + undone), 0)
+            << menuText(*window, {"Edit"});
+        press("Ctrl+Z");
+    }
+    EXPECT_FALSE(project().dataChanged());
+
+    // A click that only brings the focus edits nothing.
+    enter(window->txtTitle);
+    EXPECT_FALSE(clickToEdit(list, project().currentIndex(), 2));
+    doubleClickRow(list, project().currentIndex());
+    EXPECT_FALSE(clickToEdit(list, 4, 2)); // another row
+}
+
+TEST_F(OutlineList, ARowDraggedSidewaysChangesItsLevel) {
+    const auto& list = window->lvLevels;
+    const int indent = indentOf(list, 2, 2) - indentOf(list, 1, 2);
+    EXPECT_EQ(shiftMarkOf(list, 4, indent / 2), (Place{0, 0, 0, 0}));
+    const ui::testing::Place one = shiftMarkOf(list, 4, indent + 2);
+    const ui::testing::Place three = shiftMarkOf(list, 4, 3 * indent + 2);
+    EXPECT_GT(one.width, 0);
+    EXPECT_EQ(three.left - one.left, 2 * indent);
+    EXPECT_EQ(shiftMarkOf(list, 4, 9 * indent), three); // as deep as it may be
+    EXPECT_EQ(shiftMarkOf(list, 1, 2 * indent), (Place{0, 0, 0, 0}));
+    shiftRow(list, 4, 9 * indent);
+    EXPECT_EQ(topic(4).level, "......4");
+    shiftRow(list, 4, -2 * indent);
+    EXPECT_EQ(topic(4).level, "..2");
+    press("Ctrl+Z");
+    press("Ctrl+Z");
+    EXPECT_EQ(topic(4).level, "1");
+    shiftRow(list, 2, -indent, true);
+    EXPECT_EQ(topic(2).level + topic(3).level, "1..2");
+    press("Ctrl+Z");
+    shiftRow(list, 2, -indent);
+    EXPECT_EQ(topic(2).level + topic(3).level, "1....3");
+}
+
 TEST_F(OutlineList, SeveralTopicsGoTogetherAndComeBack) {
     press("Shift+Down");
     press("Alt+Down");

@@ -44,6 +44,11 @@ public:
     QStringList mimeTypes() const override { return {rowFormat}; }
     QMimeData* mimeData(const QModelIndexList& indexes) const override;
 
+    /// See ListSource.
+    int possibleShift(int row, int levels) const { return source_.possibleShift(row, levels); }
+    bool accepts(int column, const Text& text) const { return source_.accepts(column, text); }
+    std::vector<Text> choices(int column) const { return source_.choices(column); }
+
     /// The row that is dragged; 0 when it is something else, or from another list.
     int draggedRow(const QMimeData& data) const;
 

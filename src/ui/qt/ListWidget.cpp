@@ -10,64 +10,16 @@
 #include <QMimeData>
 #include <QPainter>
 
+#include "ui/Twips.h"
+#include "ui/qt/CellDelegate.h"
 #include "ui/qt/Native.h"
-#include "ui/qt/RoomyDelegate.h"
 
 namespace ui {
-
-namespace {
-
-/// Draws indented cells: the room of a picture that is not there moves the text in, and holds the
-/// triangle of a row that can be folded. A sign stands at the end of a cell.
-class IndentingDelegate : public RoomyDelegate {
-public:
-    using RoomyDelegate::RoomyDelegate;
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option,
-               const QModelIndex& index) const override {
-        RoomyDelegate::paint(painter, option, index);
-        if (const QVariant folded = index.data(ListModel::foldRole); folded.isValid()) {
-            const int indent = std::max(index.data(ListModel::indentRole).toInt(), 0);
-            QStyleOption arrow;
-            constexpr int size = 12;
-            arrow.rect = QRect(option.rect.left() + indent + 2, option.rect.center().y() - size / 2,
-                               size, size);
-            arrow.palette = option.palette;
-            arrow.state = QStyle::State_Enabled;
-            option.widget->style()->drawPrimitive(folded.toBool() ? QStyle::PE_IndicatorArrowRight
-                                                                  : QStyle::PE_IndicatorArrowDown,
-                                                  &arrow, painter, option.widget);
-        }
-        if (index.data(ListModel::signRole).toBool()) {
-            constexpr int size = 8;
-            painter->save();
-            painter->setRenderHint(QPainter::Antialiasing);
-            painter->setPen(option.palette.color(QPalette::Base));
-            painter->setBrush(QColor("#d9730d"));
-            painter->drawEllipse(option.rect.right() - size - 3,
-                                 option.rect.center().y() - size / 2, size, size);
-            painter->restore();
-        }
-    }
-
-protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-        RoomyDelegate::initStyleOption(option, index);
-        if (const int indent = index.data(ListModel::indentRole).toInt(); indent >= 0) {
-            const int triangle =
-                index.data(ListModel::canFoldRole).toBool() ? ListWidget::foldRoom : 0;
-            option->features |= QStyleOptionViewItem::HasDecoration;
-            option->decorationSize = QSize(std::max(indent + triangle, 1), 1);
-        }
-    }
-};
-
-} // namespace
 
 ListWidget::ListWidget(QWidget* parent, ListView& owner, ListModel& model)
     : QTreeView(parent), owner_(owner), model_(model) {
     setModel(&model);
-    setItemDelegate(new IndentingDelegate(this));
+    setItemDelegate(makeCellDelegate(this));
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setUniformRowHeights(true);
@@ -116,6 +68,7 @@ bool ListWidget::viewportEvent(QEvent* event) {
         event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease;
     if (alive && ofButton) {
         selectCurrent();
+        broughtFocus_ = broughtFocus_ && event->type() != QEvent::MouseButtonRelease;
     }
     return handled;
 }
@@ -139,12 +92,22 @@ void ListWidget::paintEvent(QPaintEvent* event) {
         painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
     }
     if (dropGap_ >= 0) {
-        constexpr int thickness = 4;
-        const QRect above = visualRect(model_.index(dropGap_ - 1, 0)); // empty for none
-        QPainter(viewport())
-            .fillRect(0, std::max(above.bottom() + 1 - thickness / 2, 0), viewport()->width(),
-                      thickness, palette().color(QPalette::Highlight));
+        paintDropMark();
     }
+}
+
+/// A bar where the row goes; one that stays where it is and gets another level has it below itself,
+/// as far in as its text will be.
+void ListWidget::paintDropMark() {
+    constexpr int thickness = 4;
+    const QModelIndex above = model_.index(dropGap_ - 1, shift_ == 0 ? 0 : searchColumn);
+    const QRect row = visualRect(above); // empty for none
+    const int left = shift_ == 0 ? 0
+                                 : row.left() + above.data(ListModel::indentRole).toInt()
+                                       + shift_ * toPixels(indentOfLevel(2));
+    QPainter(viewport())
+        .fillRect(left, std::max(row.bottom() + 1 - thickness / 2, 0), viewport()->width() - left,
+                  thickness, palette().color(QPalette::Highlight));
 }
 
 /// Without the toolkit's picture of the row, which would hide where it is going to.
@@ -177,9 +140,19 @@ void ListWidget::dragEnterEvent(QDragEnterEvent* event) {
 
 void ListWidget::dragMoveEvent(QDragMoveEvent* event) {
     QTreeView::dragMoveEvent(event);
+    const QPoint place = event->position().toPoint();
     const int from = model_.draggedRow(*event->mimeData());
-    const int gap = gapAt(event->position().toPoint());
-    markGap(event->isAccepted() && targetRow(from, gap) != from ? gap : -1);
+    const int gap = gapAt(place);
+    const bool stays = targetRow(from, gap) == from;
+    shift_ = stays ? shiftOf(from, place) : 0;
+    const int shown = stays ? (shift_ == 0 ? -1 : from) : gap;
+    markGap(event->isAccepted() ? shown : -1);
+}
+
+/// For how many levels a row is dragged sideways to there.
+int ListWidget::shiftOf(int row, QPoint place) const {
+    const int levels = (place.x() - pressed_.x()) / toPixels(indentOfLevel(2));
+    return levels == 0 ? 0 : model_.possibleShift(row, levels);
 }
 
 void ListWidget::dragLeaveEvent(QDragLeaveEvent* event) {
@@ -190,13 +163,17 @@ void ListWidget::dragLeaveEvent(QDragLeaveEvent* event) {
 void ListWidget::dropEvent(QDropEvent* event) {
     markGap(-1);
     const int from = model_.draggedRow(*event->mimeData());
-    const int to = targetRow(from, gapAt(event->position().toPoint()));
+    const QPoint place = event->position().toPoint();
+    const int to = targetRow(from, gapAt(place));
+    const int shift = to == from && from > 0 ? shiftOf(from, place) : 0;
     event->setDropAction(Qt::CopyAction); // the view need not remove the row
     event->accept();
     setState(NoState);
     viewport()->update();
     if (from > 0 && to != from) {
         owner_.RowDragged.raise(from, to);
+    } else if (shift != 0) {
+        owner_.RowShifted.raise(from, shift, event->modifiers().testFlag(Qt::ShiftModifier));
     }
 }
 
@@ -207,7 +184,7 @@ void ListWidget::handleKey(QKeyEvent* event) {
     } else if (handleFoldKey(*event)) {
         event->accept();
     } else if (event->key() == Qt::Key_F2) {
-        edit(currentIndex().siblingAtColumn(searchColumn));
+        edit(cellToEdit());
     } else if (event->matches(QKeySequence::Copy) || key.alt) {
         event->ignore(); // the toolkit would copy a cell, or scroll sideways
     } else if (event->key() == Qt::Key_F10 && key.shift) {
@@ -256,7 +233,55 @@ void ListWidget::markGap(int gap) {
     viewport()->update();
 }
 
+void ListWidget::focusInEvent(QFocusEvent* event) {
+    QTreeView::focusInEvent(event);
+    broughtFocus_ =
+        event->reason() == Qt::MouseFocusReason || event->reason() == Qt::ActiveWindowFocusReason;
+}
+
+/// The second click counts only in a list that had the focus at the first.
+bool ListWidget::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+    if (trigger == SelectedClicked
+        && (broughtFocus_ || selectionModel()->selectedRows().size() > 1)) {
+        return false;
+    }
+    return QTreeView::edit(index, trigger, event);
+}
+
+QModelIndex ListWidget::cellToEdit() const {
+    const QModelIndex clicked = clicked_;
+    const bool counts = clicked.isValid() && clicked.row() == currentIndex().row()
+                        && clicked.flags().testFlag(Qt::ItemIsEditable);
+    return counts ? clicked : currentIndex().siblingAtColumn(searchColumn);
+}
+
+QModelIndex ListWidget::editableBeside(const QModelIndex& index, int step) const {
+    QModelIndex beside = index.siblingAtColumn(index.column() + step);
+    while (beside.isValid() && !beside.flags().testFlag(Qt::ItemIsEditable)) {
+        beside = beside.siblingAtColumn(beside.column() + step);
+    }
+    return beside;
+}
+
+/// The toolkit goes on in the next row.
+void ListWidget::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+    const bool next = hint == QAbstractItemDelegate::EditNextItem;
+    if (!next && hint != QAbstractItemDelegate::EditPreviousItem) {
+        QTreeView::closeEditor(editor, hint);
+        return;
+    }
+    const QModelIndex edited = indexAt(editor->geometry().center());
+    QTreeView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+    const QModelIndex beside = editableBeside(edited, next ? 1 : -1);
+    if (beside.isValid() && beside.row() == currentIndex().row()) {
+        scrollTo(beside);
+        edit(beside);
+    }
+}
+
 void ListWidget::mousePressEvent(QMouseEvent* event) {
+    pressed_ = event->position().toPoint();
+    clicked_ = indexAt(pressed_);
     if (const int row = rowOfTriangle(event->position().toPoint());
         row > 0 && event->button() == Qt::LeftButton) {
         owner_.FoldClick.raise(row);

@@ -12,6 +12,8 @@ namespace ui {
 /// A tree view that never lets the selection go, and that hands dragged rows to its owner.
 class ListWidget : public QTreeView {
 public:
+    using QTreeView::edit;
+
     ListWidget(QWidget* parent, ListView& owner, ListModel& model);
 
     QMenu* menu = nullptr;
@@ -40,6 +42,9 @@ protected:
     void startDrag(Qt::DropActions actions) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
@@ -54,10 +59,18 @@ private:
     int gapAt(QPoint place) const;
     static int targetRow(int from, int gap);
     void markGap(int gap);
+    int shiftOf(int row, QPoint place) const;
+    void paintDropMark();
+    QModelIndex cellToEdit() const;
+    QModelIndex editableBeside(const QModelIndex& index, int step) const;
 
     ListView& owner_;
     ListModel& model_;
-    int dropGap_ = -1; ///< where a dragged row would go; -1 for nowhere
+    int dropGap_ = -1;              ///< where a dragged row would go; -1 for nowhere
+    int shift_ = 0;                 ///< how many levels deeper the current row would go where it is
+    QPoint pressed_;                ///< where the mouse button was, last
+    QPersistentModelIndex clicked_; ///< the cell there
+    bool broughtFocus_ = false;     ///< the click that comes may only want the focus
     std::vector<int> ownWidths_;
     bool isFitting_ = false;
 };

@@ -58,6 +58,13 @@ void dragRow(const ListView& list, int from, int onto, bool lowerHalf);
 /// for none.
 Place dropMarkOf(const ListView& list, int from, int onto, bool lowerHalf);
 
+/// The same for a row that is dragged sideways by so many pixels, and the drop.
+Place shiftMarkOf(const ListView& list, int row, int pixels);
+void shiftRow(const ListView& list, int row, int pixels, bool withShift = false);
+
+/// Clicks a cell again, and waits until it can be edited; false when it cannot.
+bool clickToEdit(const ListView& list, int row, int column);
+
 /// Drops a file from elsewhere on a window, or on a control in it, as by somebody who would rather
 /// have it moved. False when it is refused, or taken as anything but a copy.
 bool dropFile(Window& window, const std::filesystem::path& file);

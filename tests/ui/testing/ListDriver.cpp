@@ -39,17 +39,23 @@ void doubleClickRow(const ListView& list, int row) {
 
 namespace {
 
-/// A row on its way to the upper or lower half of another.
+/// A row on its way to somewhere, when the mouse has been pressed on it.
 struct Drag {
-    Drag(const ListView& list, int from, int onto, bool lowerHalf)
-        : view(viewOf(list)), data(view.model()->mimeData({indexOf(list, from, 0)})) {
-        const QRect target = view.visualRect(indexOf(list, onto, 2));
-        place = {target.center().x(), lowerHalf ? target.bottom() - 1 : target.top() + 1};
-        QDragEnterEvent enter(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+    Drag(const ListView& list, int from, QPoint to, Qt::KeyboardModifiers keys = {})
+        : view(viewOf(list)), data(view.model()->mimeData({indexOf(list, from, 0)})), place(to) {
+        QDragEnterEvent enter(place, Qt::MoveAction, data.get(), Qt::LeftButton, keys);
         QApplication::sendEvent(view.viewport(), &enter);
-        QDragMoveEvent move(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+        QDragMoveEvent move(place, Qt::MoveAction, data.get(), Qt::LeftButton, keys);
         QApplication::sendEvent(view.viewport(), &move);
         isAccepted = move.isAccepted();
+    }
+
+    void drop(Qt::KeyboardModifiers keys = {}) const {
+        if (isAccepted) {
+            QDropEvent drop(place, Qt::MoveAction, data.get(), Qt::LeftButton, keys);
+            QApplication::sendEvent(view.viewport(), &drop);
+        }
+        settle();
     }
 
     QTreeView& view;
@@ -58,26 +64,17 @@ struct Drag {
     bool isAccepted;
 };
 
-} // namespace
-
-void dragRow(const ListView& list, int from, int onto, bool lowerHalf) {
-    const Drag drag(list, from, onto, lowerHalf);
-    if (drag.isAccepted) {
-        QDropEvent drop(drag.place, Qt::MoveAction, drag.data.get(), Qt::LeftButton, {});
-        QApplication::sendEvent(drag.view.viewport(), &drop);
-    }
-    settle();
+/// In the upper or lower half of a row.
+QPoint placeIn(const ListView& list, int row, bool lowerHalf) {
+    const QRect target = viewOf(list).visualRect(indexOf(list, row, 2));
+    return {target.center().x(), lowerHalf ? target.bottom() - 1 : target.top() + 1};
 }
 
-int highlightedRow(const ListView& list) {
-    const QModelIndexList rows = viewOf(list).selectionModel()->selectedRows();
-    return rows.size() == 1 ? rows.first().row() + 1 : 0;
-}
-
-Place dropMarkOf(const ListView& list, int from, int onto, bool lowerHalf) {
+/// What a drag draws, and takes away again.
+Place markOf(const ListView& list, const std::function<void()>& drag) {
     QWidget& viewport = *viewOf(list).viewport();
     const QImage before = viewport.grab().toImage();
-    const Drag drag(list, from, onto, lowerHalf);
+    drag();
     const QImage during = viewport.grab().toImage();
     QDragLeaveEvent leave;
     QApplication::sendEvent(&viewport, &leave);
@@ -90,6 +87,54 @@ Place dropMarkOf(const ListView& list, int from, int onto, bool lowerHalf) {
         }
     }
     return {mark.left(), mark.top(), mark.width(), mark.height()};
+}
+
+/// Presses and lets go of the mouse where a row is dragged from.
+QPoint pressed(const ListView& list, int row) {
+    QTreeView& view = viewOf(list);
+    const QPoint place = view.visualRect(indexOf(list, row, 2)).center();
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place);
+    return place;
+}
+
+} // namespace
+
+void dragRow(const ListView& list, int from, int onto, bool lowerHalf) {
+    pressed(list, from);
+    Drag(list, from, placeIn(list, onto, lowerHalf)).drop();
+}
+
+Place dropMarkOf(const ListView& list, int from, int onto, bool lowerHalf) {
+    pressed(list, from);
+    return markOf(list, [&] { const Drag drag(list, from, placeIn(list, onto, lowerHalf)); });
+}
+
+Place shiftMarkOf(const ListView& list, int row, int pixels) {
+    const QPoint from = pressed(list, row);
+    return markOf(list, [&] { const Drag drag(list, row, from + QPoint(pixels, 0)); });
+}
+
+void shiftRow(const ListView& list, int row, int pixels, bool withShift) {
+    const QPoint from = pressed(list, row);
+    const Qt::KeyboardModifiers keys = withShift ? Qt::ShiftModifier : Qt::NoModifier;
+    Drag(list, row, from + QPoint(pixels, 0), keys).drop(keys);
+}
+
+bool clickToEdit(const ListView& list, int row, int column) {
+    QTreeView& view = viewOf(list);
+    const int usual = QApplication::doubleClickInterval();
+    QApplication::setDoubleClickInterval(50);
+    QTest::qWait(100); // what was clicked before is no part of a double click
+    clickRow(list, row, column);
+    const bool edits =
+        QTest::qWaitFor([&view] { return view.viewport()->findChild<QWidget*>() != nullptr; }, 300);
+    QApplication::setDoubleClickInterval(usual);
+    return edits;
+}
+
+int highlightedRow(const ListView& list) {
+    const QModelIndexList rows = viewOf(list).selectionModel()->selectedRows();
+    return rows.size() == 1 ? rows.first().row() + 1 : 0;
 }
 
 void watchModelOf(const ListView& list) {
