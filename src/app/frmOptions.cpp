@@ -156,6 +156,7 @@ void frmOptions::arrangeGeneration() {
     addFile(lblTemplate, txtTemplate, cmdTemplate, chooseTemplate);
     form.addField(chkCopyright, txtCopyright);
     pnlGeneration.setLayout(std::move(form));
+    tbsOptions.setAccessibleName("Pages of Properties");
     tbsOptions.add("File Generation Options", "Set Options for Generating Help Files",
                    pnlGeneration);
 }

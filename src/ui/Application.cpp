@@ -7,9 +7,9 @@
 
 #include "platform/Process.h"
 #include "ui/Window.h"
+#include "ui/qt/BoxStyle.h"
 #include "ui/qt/Icons.h"
 #include "ui/qt/Native.h"
-#include "ui/qt/PlainButtons.h"
 
 namespace ui {
 
@@ -47,7 +47,7 @@ Application::Application(int& argc, char** argv, const char* name, const char* v
     // The toolkit would look for finer pictures beside those of a page, even on other machines.
     qputenv("QT_HIGHDPI_DISABLE_2X_IMAGE_LOADING", "1");
     native_.reset(new Native{argc, argv});
-    keepButtonsPlain();
+    styleBoxes();
     QObject::connect(&native_->application, &QGuiApplication::commitDataRequest,
                      [this] { Ending.raise(); });
     if (const int descriptor = platform::catchEndSignals(); descriptor >= 0) {

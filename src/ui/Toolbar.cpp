@@ -60,6 +60,7 @@ void Toolbar::addDropDown(TextView name, TextView toolTip, const std::vector<Ent
     QObject::connect(face, &QAction::triggered,
                      [this, held = Text(name)] { ButtonClick.raise(dropDownKey(held)); });
     button->setDefaultAction(face);
+    button->setAccessibleName(face->toolTip());
     button->setMenu(menu);
     button->setPopupMode(QToolButton::MenuButtonPopup);
     native_->bar->addWidget(button);

@@ -2,8 +2,11 @@
 #include "app/frmOptions.h"
 #include "app/frmSplash.h"
 #include "editor/forms/dlgGraphicOptions.h"
+#include "editor/forms/dlgPictureName.h"
+#include "editor/forms/dlgSnippets.h"
 #include "editor/forms/dlgTopicLink.h"
 #include "editor/forms/dlgWebLinkText.h"
+#include "editor/forms/dlgWritingAids.h"
 #include "tools/forms/dlgSpelling.h"
 
 using namespace ui::testing;
@@ -45,6 +48,9 @@ protected:
         all.push_back(std::make_unique<editor::dlgWebLinkText>(*window));
         all.push_back(
             std::make_unique<editor::dlgTopicLink>(*window, std::vector<editor::LinkTarget>()));
+        all.push_back(std::make_unique<editor::dlgPictureName>(*window, "a.png", "b.png"));
+        all.push_back(std::make_unique<editor::dlgSnippets>(*window, snippets, "text"));
+        all.push_back(std::make_unique<editor::dlgWritingAids>(*window, editor::AidChoice()));
         all.push_back(std::make_unique<help::frmHelp>(*settings));
         all.push_back(std::make_unique<importer::frmImport>(*window, project(), folder / "none"));
         test::writeBytes(folder / "h.hhp", "[FILES]\na.htm\n");
@@ -64,6 +70,7 @@ protected:
     }
 
     Nothing host;
+    editor::Snippets snippets{folder / "none.txt"};
     NothingToReplace replaceHost;
     tools::ReplaceMemory replaceMemory;
     text::Text text;
@@ -77,12 +84,61 @@ TEST_F(AllWindows, NameTheirControlsAndCloseWithEscape) {
         SCOPED_TRACE(each->caption());
         show(*each);
         EXPECT_EQ(unnamedControls(*each), "");
+        EXPECT_EQ(namelessParts(*each), "");
         EXPECT_EQ(doubledMnemonics(*each), "");
         press("Esc");
         settle();
         EXPECT_FALSE(each->isVisible());
     }
     EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(AllWindows, TheMainWindowAndItsEditorTellAssistiveProgramsOfAllTheirParts) {
+    EXPECT_EQ(namelessParts(*window), ""); // with the page of what can be done first
+    auto topics = test::titled({"a", "b"});
+    topics.at(1).body = "<img src='..\\images\\none.gif'>";
+    topics.at(2).level = "..2";
+    load(std::move(topics));
+    window->setSize(15000, 9000);
+    press("Ctrl+L");
+    press("Ctrl+E");
+    ASSERT_TRUE(waitFor([this] { return window->topicPane().browser() != nullptr; }));
+    press("Ctrl+F3");
+    EXPECT_EQ(namelessParts(*window), "");
+    EXPECT_EQ(spokenCell(window->lvLevels, 1, 1), "..\\images\\none.gif: the picture is missing");
+    EXPECT_EQ(spokenCell(window->lvLevels, 1, 2), "a, unfolded");
+    EXPECT_EQ(spokenCell(window->lvLevels, 2, 2), "b");
+
+    press("Ctrl+W");
+    EXPECT_TRUE(waitFor([this] { return window->editor() == nullptr; }));
+    doubleClickRow(window->lvLevels, 2);
+    ASSERT_NE(window->editor(), nullptr);
+    window->editor()->mnuEditFindText_Click(true);
+    EXPECT_EQ(namelessParts(*window->editor()), "");
+    EXPECT_TRUE(pressButton(*window->editor(), "Preview Help Topic"));
+    EXPECT_EQ(namelessParts(*window->editor()->preview()), "");
+}
+
+/// As the desktop does it in the evening.
+TEST_F(AllWindows, ChangeTheirColoursWhileTheyAreOpen) {
+    const auto all = windows();
+    for (const auto& each : all) {
+        if (dynamic_cast<help::frmHelp*>(each.get()) != nullptr) {
+            continue; // its page is drawn elsewhere, at its time
+        }
+        SCOPED_TRACE(each->caption());
+        show(*each);
+        const std::string light = pictureOf(*each);
+        setDarkColours(true);
+        const std::string changed = pictureOf(*each);
+        EXPECT_NE(changed, light);
+        each->close();
+        show(*each);
+        EXPECT_TRUE(pictureOf(*each) == changed);
+        setDarkColours(false);
+        EXPECT_TRUE(pictureOf(*each) == light);
+        each->close();
+    }
 }
 
 TEST_F(AllWindows, TheSplashGoesWithTheNextKeyOrClickInAnyOfThem) {

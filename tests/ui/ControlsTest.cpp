@@ -203,6 +203,17 @@ TEST_F(Controls, TheToolkitsBoxesAskWhatTheyAreTold) {
     EXPECT_FALSE(lookAtBox([&] {
                      real.ask(&window, {"text", "", ui::Buttons::yesNoCancel});
                  }).hasPictures);
+    using ui::QuestionIcon;
+    for (const auto& [icon, sign] :
+         {std::pair(QuestionIcon::information, "BoxInformation"),
+          std::pair(QuestionIcon::question, "BoxQuestion"),
+          std::pair(QuestionIcon::exclamation, "BoxWarning"),
+          std::pair(QuestionIcon::critical, "BoxFailure"), std::pair(QuestionIcon::none, "")}) {
+        EXPECT_EQ(lookAtBox([&, shown = icon] {
+                      real.ask(&window, {"text", "", ui::Buttons::ok, shown});
+                  }).sign,
+                  sign);
+    }
     const test::TemporaryFolder folder;
     const auto look = [&](ui::FileQuestion::Kind kind, const char* name, bool asksToReplace) {
         return lookAtBox([&] {

@@ -78,6 +78,7 @@ void frmHelp::arrange() {
     search.add(lblSearch).add(std::move(question)).add(tvFound, 1).add(lblFound);
     pnlSearch.setLayout(std::move(search));
 
+    tbsFind.setAccessibleName("Ways to a Page");
     tbsFind.add("&Contents", "The topics in their order", pnlContents);
     tbsFind.add("&Index", "Topics by their keywords", pnlIndex);
     tbsFind.add("&Search", "Topics by the words in them", pnlSearch);

@@ -33,6 +33,7 @@ dlgSpelling::dlgSpelling(ui::Window& owner, ui::Settings& settings, std::vector<
       personal_(personalWordsFile(settings)), spelling_(*dictionary_, personal_),
       lvSuggestions(*this, {{"", 3000}}, rows_) {
     arrange();
+    setCaption("Spelling");
     setHelpContext(ui::spellingHelp);
     for (const std::string& known : Dictionary::languages(folders_)) {
         icboLanguage.add(known, known, "");

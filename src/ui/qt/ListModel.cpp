@@ -79,6 +79,17 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
         return source_.hasSign(row, index.column());
     case Qt::ToolTipRole:
         return plainToolTip(source_.toolTip(row, index.column()));
+    case Qt::AccessibleTextRole: // what is drawn, in words
+        return source_.hasSign(row, index.column())
+                   ? QVariant(toQt(text::oneLine(source_.toolTip(row, index.column()))))
+                   : QVariant();
+    case Qt::AccessibleDescriptionRole: {
+        const QVariant isFolded = data(index, foldRole);
+        if (!isFolded.isValid()) {
+            return {};
+        }
+        return isFolded.toBool() ? QStringLiteral("folded") : QStringLiteral("unfolded");
+    }
     case Qt::CheckStateRole:
         return hasBox(index) ? QVariant(*source_.checked(row) ? Qt::Checked : Qt::Unchecked)
                              : QVariant();

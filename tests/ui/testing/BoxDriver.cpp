@@ -2,9 +2,11 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
 
+#include "ui/qt/Icons.h"
 #include "ui/testing/Driver.h"
 
 namespace ui::testing {
@@ -14,6 +16,13 @@ namespace {
 void look(const QWidget& box, BoxLook& found) {
     for (const auto* button : box.findChildren<QPushButton*>()) {
         found.hasPictures = found.hasPictures || !button->icon().isNull();
+    }
+    if (const auto* message = qobject_cast<const QMessageBox*>(&box)) {
+        const QPixmap shown = message->iconPixmap();
+        for (const char* name : {"BoxInformation", "BoxQuestion", "BoxWarning", "BoxFailure"}) {
+            const bool same = imageNamed(name).pixmap(shown.size()).toImage() == shown.toImage();
+            found.sign += !shown.isNull() && same ? name : "";
+        }
     }
     if (const auto* dialog = qobject_cast<const QFileDialog*>(&box)) {
         const auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");

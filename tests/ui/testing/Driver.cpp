@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
+#include <QBuffer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -18,7 +19,7 @@
 #include <QTimer>
 #include <QToolButton>
 
-#include "ui/qt/PlainButtons.h"
+#include "ui/qt/BoxStyle.h"
 #include "ui/qt/WindowShells.h"
 #include "ui/testing/Native.h"
 
@@ -62,7 +63,7 @@ Toolkit::Toolkit(int& argc, char** argv) {
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     native_ = std::make_unique<Native>(argc, argv);
     QApplication::setApplicationName("HTML Topicsmith");
-    keepButtonsPlain();
+    styleBoxes();
 }
 
 Toolkit::~Toolkit() = default;
@@ -242,6 +243,17 @@ std::vector<Window*> openWindows() {
 void setDarkColours(bool dark) {
     QApplication::setPalette(dark ? QPalette(Qt::darkGray, QColor(40, 40, 40)) : QPalette());
     settle();
+}
+
+std::string pictureOf(Window& window) {
+    const int usual = QApplication::cursorFlashTime();
+    QApplication::setCursorFlashTime(0);
+    settle();
+    QByteArray picture;
+    QBuffer buffer(&picture);
+    widgetOf(window).grab().save(&buffer, "PNG");
+    QApplication::setCursorFlashTime(usual);
+    return picture.toStdString();
 }
 
 std::string backgroundOf(const Control& control) {

@@ -165,6 +165,7 @@ struct BoxLook {
     std::string selected;     ///< of that
     bool hasPictures = false; ///< on its buttons
     bool asksToReplace = false;
+    std::string sign; ///< which of the program's pictures stands beside the text
 };
 
 /// Looks at the box or file dialog that `ask` shows, and cancels it.
@@ -184,6 +185,16 @@ bool waitFor(const std::function<bool()>& condition);
 
 /// Whatever a person can reach and no label or name tells about: one line each.
 std::string unnamedControls(Window& window);
+
+/// What assistive programs are told of a window: whatever can have the focus there, and has no name
+/// or no role. One line each.
+std::string namelessParts(Window& window);
+
+/// The same of a cell of a list: its name, and its description after a comma.
+std::string spokenCell(const ListView& list, int row, int column);
+
+/// All that a window shows, as a file of a picture; the caret does not blink meanwhile.
+std::string pictureOf(Window& window);
 
 /// The letters of a window's labels and menus that are given twice.
 std::string doubledMnemonics(Window& window);

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace ui {
+
+/// The toolkit's own boxes look like the program's windows: no pictures on their buttons, and what
+/// they ask or tell has a sign of our family. To be called once, when the toolkit is there.
+void styleBoxes();
+
+} // namespace ui
