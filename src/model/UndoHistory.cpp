@@ -1,6 +1,7 @@
 #include "model/UndoHistory.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace model {
@@ -20,6 +21,19 @@ bool knowsOlderText(const UndoRecord& record, const ProjectChange& change) {
                               return other != nullptr && other->position == field->position
                                      && other->field == field->field;
                           });
+}
+
+std::size_t bytesOf(const ProjectChange& change) {
+    if (const auto* field = std::get_if<FieldChange>(&change)) {
+        return field->value.size();
+    }
+    const auto* topic = std::get_if<TopicChange>(&change);
+    if (topic == nullptr || !topic->absent) {
+        return 0;
+    }
+    const Topic& absent = *topic->absent; // its other texts are names and the like
+    return absent.title.size() + absent.shortDescription.size() + absent.keywords.size()
+           + absent.body.size();
 }
 
 } // namespace
@@ -74,9 +88,21 @@ void UndoHistory::close(int currentIndex) {
         return;
     }
     open_.currentAfter = currentIndex;
+    open_.bytes = std::accumulate(open_.changes.begin(), open_.changes.end(), std::size_t{0},
+                                  [](std::size_t sum, const ProjectChange& change) {
+                                      return sum + sizeof change + bytesOf(change);
+                                  });
     done_.push_back(std::move(open_));
     open_ = {};
-    if (done_.size() > maxRecords) {
+    forgetOldest();
+}
+
+void UndoHistory::forgetOldest() {
+    std::size_t bytes = std::accumulate(
+        done_.begin(), done_.end(), std::size_t{0},
+        [](std::size_t sum, const UndoRecord& record) { return sum + record.bytes; });
+    while (done_.size() > 1 && (done_.size() > maxRecords || bytes > maxBytes_)) {
+        bytes -= done_.front().bytes;
         done_.pop_front();
         if (savedAt_) {
             savedAt_ = *savedAt_ == 0 ? std::nullopt : std::optional(*savedAt_ - 1);

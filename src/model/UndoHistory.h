@@ -47,16 +47,21 @@ struct UndoRecord {
     int currentBefore = -1;
     int currentAfter = -1;
     text::Text Topic::*typedField = nullptr; ///< not null while further typing joins this record
+    std::size_t bytes = 0;                   ///< of the texts that it keeps, once it is closed
 
     /// Whether all it did was done to these fields of one topic, the current one before and after.
     bool isOnlyAbout(std::initializer_list<text::Text Topic::*> fields) const;
 };
 
 /// The commands that can be taken back, and those that were. Kept by a Project, which also knows
-/// how to apply a change.
+/// how to apply a change. The oldest ones are forgotten when there are too many or when they keep
+/// too much text; the last one always stays.
 class UndoHistory {
 public:
     static constexpr std::size_t maxRecords = 500;
+    static constexpr std::size_t usualMaxBytes = 256U * 1024 * 1024;
+
+    explicit UndoHistory(std::size_t maxBytes = usualMaxBytes) : maxBytes_(maxBytes) {}
 
     /// A change outside of a record cannot be taken back, nor can what was before it.
     void record(ProjectChange change);
@@ -103,6 +108,9 @@ public:
     bool atSaved() const { return savedAt_ == done_.size(); }
 
 private:
+    void forgetOldest();
+
+    std::size_t maxBytes_;
     std::deque<UndoRecord> done_;
     std::vector<UndoRecord> undone_;
     UndoRecord open_;

@@ -131,7 +131,7 @@ char32_t takeUtf8(std::string_view& utf8) {
 }
 
 bool isUtf8(std::string_view bytes) {
-    while (!bytes.empty()) {
+    while (bytes.remove_prefix(asciiLength(bytes)), !bytes.empty()) {
         const std::size_t before = bytes.size();
         if (takeUtf8(bytes) == replacementCharacter && before - bytes.size() == 1) {
             return false;

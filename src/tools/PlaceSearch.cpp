@@ -88,17 +88,29 @@ public:
     explicit LineCounter(TextView text) : text_(text) {}
 
     std::size_t lineOf(std::size_t place) {
-        for (; at_ < place; ++at_) {
-            const bool ends =
-                text_[at_] == '\n' || (text_[at_] == '\r' && text_.substr(at_ + 1, 1) != "\n");
-            line_ += ends ? 1 : 0;
+        for (; feed_ < place; feed_ = text_.find('\n', feed_ + 1)) {
+            ++line_;
+        }
+        for (; lone_ < place; lone_ = loneReturn(lone_ + 1)) {
+            ++line_;
         }
         return line_;
     }
 
 private:
+    /// One that ends a line without a line feed behind it.
+    std::size_t loneReturn(std::size_t from) const {
+        std::size_t at = text_.find('\r', from);
+        while (at != TextView::npos && text_.substr(at + 1, 1) == "\n") {
+            at = text_.find('\r', at + 2);
+        }
+        return at;
+    }
+
     TextView text_;
-    std::size_t at_ = 0;
+    // The next ones that end a line.
+    std::size_t feed_ = text_.find('\n');
+    std::size_t lone_ = loneReturn(0);
     std::size_t line_ = 1;
 };
 
@@ -163,11 +175,11 @@ bool PlaceSearch::visitPlain(PatternSearch& search, const Visit& found) {
 bool PlaceSearch::visitPiece(TextView text, TextView piece, const Visit& found) {
     const auto start = static_cast<std::size_t>(piece.data() - text.data());
     const std::size_t end = start + piece.size();
-    if (end < from_) {
+    if (end < from_ || piece.size() < pattern_.leastLength()) {
         return true;
     }
     const PatternSearch::Surroundings around{start == 0 || isLineEnd(text[start - 1]),
-                                             end == text.size() || isLineEnd(text[end])};
+                                             end == text.size() || isLineEnd(text[end]), isSound_};
     if (piece.find('&') == TextView::npos) {
         PatternSearch search(pattern_, piece, around);
         return visitPlain(search, [&](std::size_t place, std::size_t length) {
@@ -188,6 +200,7 @@ PlaceSearch::Outcome PlaceSearch::visit(TextView text, TopicPart part, const Vis
     bool goesOn = true;
     if (question_.visibleOnly && part == TopicPart::body) {
         text::HtmlReader reader(text);
+        isSound_ = text::isUtf8(text);
         while (goesOn && reader.next()) {
             goesOn = !reader.isText() || visitPiece(text, reader.text(), found);
         }
@@ -207,12 +220,15 @@ PlaceSearch::Outcome PlaceSearch::search(const model::TopicOutline& outline, int
         }
         const Text& text = outline.at(position).*fieldOf(part);
         const std::size_t first = places.size();
-        LineCounter lines(text);
+        std::optional<LineCounter> lines; // few texts hold a match
         const Outcome outcome = visit(text, part, [&](std::size_t start, std::size_t length) {
             if (places.size() >= most) {
                 return false;
             }
-            places.push_back({position, part, start, length, lines.lineOf(start),
+            if (!lines) {
+                lines.emplace(text);
+            }
+            places.push_back({position, part, start, length, lines->lineOf(start),
                               excerptOf(text, start, length), 0});
             return true;
         });

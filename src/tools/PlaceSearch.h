@@ -87,6 +87,7 @@ private:
     PlaceQuestion question_;
     PatternSearch* match_ = nullptr; ///< while a match is visited
     std::size_t from_ = 0;           ///< pieces that end before that do not matter
+    bool isSound_ = false;           ///< the text that is looked through in pieces
     bool failed_ = false;
 };
 

@@ -141,6 +141,10 @@ void TextPattern::restartClock() {
     native_->spent = {};
 }
 
+std::size_t TextPattern::leastLength() const {
+    return native_->shortest;
+}
+
 std::optional<unsigned> TextPattern::group(TextView name) const {
     std::uint32_t count = 0;
     pcre2_pattern_info(native_->code, PCRE2_INFO_CAPTURECOUNT, &count);
@@ -155,8 +159,8 @@ std::optional<unsigned> TextPattern::group(TextView name) const {
 }
 
 PatternSearch::PatternSearch(TextPattern& pattern, TextView text, Surroundings around)
-    : pattern_(pattern), text_(text), around_(around),
-      ended_(text.size() < pattern.native_->shortest) {}
+    : pattern_(pattern), text_(text), around_(around), isSound_(around.isSound),
+      ended_(text.size() < pattern.leastLength()) {}
 
 /// The last of the places from which is tried at once: never within a line break, whose second half
 /// is no place to begin at.

@@ -36,6 +36,9 @@ public:
 
     void restartClock();
 
+    /// No match has fewer characters.
+    std::size_t leastLength() const;
+
     /// The number of an expression's group by its name or digits; nothing when there is none. 0 is
     /// the whole match.
     std::optional<unsigned> group(TextView name) const;
@@ -50,10 +53,12 @@ private:
 /// Goes through a text from match to match. Matches do not overlap; they can be empty.
 class PatternSearch {
 public:
-    /// Whether a line begins before the text, or ends behind it.
+    /// Whether a line begins before the text, or ends behind it, and whether the text is known to
+    /// be UTF-8.
     struct Surroundings {
         bool lineBegins = true;
         bool lineEnds = true;
+        bool isSound = false;
     };
 
     /// Pattern and text must outlive this; only one search with a pattern at a time. Nothing is
@@ -82,7 +87,7 @@ private:
     Surroundings around_;
     std::size_t start_ = 0;
     std::size_t end_ = 0;
-    bool isSound_ = false;  ///< the library has looked whether the text is UTF-8
+    bool isSound_;          ///< the text is known to be UTF-8
     bool wasEmpty_ = false; ///< the last match
     bool ended_ = false;
     bool failed_ = false;

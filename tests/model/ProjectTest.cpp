@@ -199,6 +199,47 @@ TEST(Project, TakingBackKnowsTheSavedState) {
     EXPECT_FALSE(project.history().canUndo());
 }
 
+TEST(UndoHistory, ForgetsTheOldestWhenItKeepsTooMuchText) {
+    constexpr std::size_t body = 1'000'000;
+    UndoHistory history(3 * body);
+    const auto record = [&history](const text::Text& name, ProjectChange change) {
+        history.open(name, 1, nullptr);
+        history.record(std::move(change));
+        history.close(1);
+    };
+    const auto count = [&history] {
+        int steps = 0;
+        for (; history.canUndo(); ++steps) {
+            history.stepBack();
+        }
+        for (int i = 0; i < steps; ++i) {
+            history.stepForward();
+        }
+        return steps;
+    };
+    const FieldChange edit{1, &Topic::body, text::Text(body, 'x')};
+    Topic topic;
+    topic.body = edit.value;
+    record("first", edit);
+    record("second", edit);
+    history.markSaved();
+    EXPECT_EQ(count(), 2);
+    record("third", TopicChange{1, topic});
+    EXPECT_EQ(count(), 2) << "with its texts a record keeps a little more";
+    EXPECT_EQ(history.undoName(), "third");
+    history.stepBack();
+    EXPECT_TRUE(history.atSaved()) << "what was forgotten does not count any more";
+    record("many", FieldChange{1, &Topic::body, text::Text(100 * body, 'x')});
+    EXPECT_EQ(count(), 1) << "the last one stays, however much it keeps";
+    EXPECT_EQ(history.undoName(), "many");
+    history.stepBack();
+    EXPECT_TRUE(history.atSaved()) << "it was done to what is saved";
+    for (std::size_t i = 0; i < 2 * UndoHistory::maxRecords; ++i) {
+        record("small", SwapChange{1, 2});
+    }
+    EXPECT_EQ(count(), static_cast<int>(UndoHistory::maxRecords));
+}
+
 TEST(Project, LettersAreReadAgainInAnotherLanguage) {
     Project project;
     ProjectOptions options;

@@ -106,6 +106,12 @@ TEST_F(Replacing, ExpressionsSeeLinesAndCanBeEmpty) {
     EXPECT_EQ(findInBody(body, {"$", expression}), "1b3+0 1b8+0 1b10+0 1b13+0");
     EXPECT_EQ(findInBody("a\u00E9\r\nb", {"x*", expression}), "1b0+0 1b1+0 1b3+0 1b5+0 1b6+0");
     EXPECT_EQ(findInBody("\xFF x", {"x"}), "") << "what is no text is left alone";
+    findInBody("a\r\ra\r\na\n\r\na\r", {"a"});
+    std::vector<std::size_t> lines;
+    for (const Place& place : places) {
+        lines.push_back(place.line);
+    }
+    EXPECT_EQ(lines, (std::vector<std::size_t>{1, 3, 4, 6})) << "whichever ends they have";
     EXPECT_EQ(replaced(body, {"^", expression}, "> "), "> one\r\n> two\r\n> \r\n> x");
     Text far(10000, '\xA9'); // beyond the places that are tried at once
     for (std::size_t i = 0; i < far.size(); i += 2) {
