@@ -95,7 +95,7 @@ constexpr MainCommand commands[] = {
      run<&frmMain::mnuEditFind_Click>},
     {command, "mnuEditFindNext", "Find Next", nullptr, nullptr, nullptr, "F3",
      run<&frmMain::mnuEditFindNext_Click>},
-    {command, "mnuEditReplace", "Find and Replace...", nullptr, nullptr, nullptr, "Ctrl+H",
+    {command, "mnuEditReplace", "Find and Replace...", nullptr, nullptr, nullptr, "Ctrl+H; Ctrl+Shift+H",
      run<&frmMain::mnuEditReplace_Click>},
     {separator, "mnuEditBar0"},
     {listCommand, "mnuEditAdd", "&Add New Topic", "Insert", "Insert New Topic", "Insert", "Ins",

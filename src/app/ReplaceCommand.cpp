@@ -9,16 +9,18 @@ using tools::TopicPart;
 
 ReplaceCommand::ReplaceCommand(CommandHost& host, model::Project& project, TopicEditor& editor,
                                ui::TextBox& title)
-    : host_(host), project_(project), editor_(editor), title_(title) {}
+    : host_(host), project_(project), editor_(editor), title_(title) {
+    editor_.Replace.connect([this](const text::Text& text) { replace(text); });
+}
 
-void ReplaceCommand::replace() {
+void ReplaceCommand::replace(text::TextView text) {
     if (dialog_ == nullptr || !dialog_->isVisible()) {
         tools::ReplaceHost& texts = *this; // others cannot see it so
         dialog_ = std::make_unique<tools::frmReplace>(host_.window(), texts, memory_);
         dialog_->Closed.connect([this] { ui::Window::discard(std::move(dialog_)); });
         dialog_->show();
     }
-    dialog_->ask();
+    dialog_->ask(text);
 }
 
 void ReplaceCommand::restart() {

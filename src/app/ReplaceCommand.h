@@ -15,7 +15,8 @@ public:
     ReplaceCommand(CommandHost& host, model::Project& project, TopicEditor& editor,
                    ui::TextBox& title);
 
-    void replace();
+    /// A text of one line is looked for, unless it is empty.
+    void replace(text::TextView text = {});
 
     /// The project is another one.
     void restart();

@@ -32,6 +32,7 @@ void TopicEditor::show() {
         editor_->Neighbour.connect([this](int step) { Neighbour.raise(step); });
         editor_->Find.connect([this] { Find.raise(); });
         editor_->FindNext.connect([this] { FindNext.raise(); });
+        editor_->Replace.connect([this](const text::Text& text) { Replace.raise(text); });
         editor_->Raised.connect([this] { Raised.raise(); });
         const model::Topic& topic = project_.outline().at(project_.currentIndex());
         editor_->setCaption("Edit Topic - " + topic.title);

@@ -50,6 +50,7 @@ public:
     ui::Event<int> Neighbour;
     ui::Event<> Find;
     ui::Event<> FindNext;
+    ui::Event<text::Text> Replace;
     ui::Event<> Raised;
 
 private:

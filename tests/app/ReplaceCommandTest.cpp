@@ -98,6 +98,23 @@ TEST_F(ReplaceCommand, ShowsAPlaceAndKeepsWhatIsEdited) {
     EXPECT_EQ(topic(2).body, "<a href='A.htm#p'>bar</a>");
 }
 
+TEST_F(ReplaceCommand, TakesWhatIsSelectedInTheEditor) {
+    window->openTopicEditor(1);
+    editor::frmEditBody& editor = *window->editor();
+    show(editor);
+    editor.txtBody.select(6, 5);
+    press("Ctrl+Shift+H");
+    EXPECT_EQ(dialog().txtFind.text(), "caf\u00E9");
+    press("Return");
+    EXPECT_TRUE(waitFor([this] { return dialog().cmdReplace.isEnabled(); }));
+    EXPECT_EQ(rows(), "+Caf\u00E9 +title +line 2 +line 2 +B +line 1 ");
+    show(editor);
+    editor.txtBody.select(0, 4); // over the end of a line
+    press("Ctrl+Shift+H");
+    EXPECT_EQ(dialog().txtFind.text(), "caf\u00E9");
+    EXPECT_TRUE(dialog().cmdReplace.isEnabled()) << "what was found is still there";
+}
+
 TEST_F(ReplaceCommand, SaysWhatIsNoExpressionAndForgetsAnotherProject) {
     press("Ctrl+H");
     click(dialog().chkExpression);

@@ -56,6 +56,8 @@ constexpr ui::CommandRow<Form> commands[] = {
           nullptr, "Ctrl+H"),
     plain("mnuEditFind", "Find in Pro&ject...", run<&Form::mnuEditFind_Click>, nullptr,
           "Ctrl+Shift+F"),
+    plain("mnuEditReplace", "Find and Rep&lace in Project...", run<&Form::mnuEditReplace_Click>,
+          nullptr, "Ctrl+Shift+H"),
     plain("mnuEditFindNext", "Find N&ext", run<&Form::mnuEditFindNext_Click>, nullptr, "F3"),
     {separator, "mnuEditBar2"},
     plain("mnuEditComplete", "Co&mplete", run<&Form::mnuEditComplete_Click>, nullptr, "Ctrl+Space"),

@@ -111,6 +111,8 @@ public:
     ui::Event<> Find;
     ui::Event<> FindNext;
 
+    ui::Event<Text> Replace; ///< in the whole project, of what is selected
+
     ui::Event<int> Neighbour; ///< the author wants the next topic, or with -1 the one before
 
     ui::Event<> CaretMoved; ///< in the body
@@ -162,6 +164,7 @@ public:
     void mnuSpellCheck_Click();
     void mnuEditFind_Click() { Find.raise(); }
     void mnuEditFindNext_Click();
+    void mnuEditReplace_Click();
     void mnuEditFindText_Click(bool replacing) { barFind.open(replacing); }
     void mnuEditAids_Click();
     void mnuEditComplete_Click() { aids_.complete(true); }

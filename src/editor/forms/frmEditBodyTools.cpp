@@ -124,6 +124,11 @@ void frmEditBody::mnuEditFindNext_Click() {
     }
 }
 
+void frmEditBody::mnuEditReplace_Click() {
+    const ui::TextBox* const box = focusedTextBox();
+    Replace.raise(box == nullptr ? Text() : box->selectedText());
+}
+
 /// Esc leaves what was opened last, so to say: the bar is nearer.
 void frmEditBody::mnuPreviewClose_Click() {
     if (barFind.isOpen()) {

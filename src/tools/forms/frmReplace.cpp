@@ -33,7 +33,7 @@ frmReplace::frmReplace(ui::Window& owner, ReplaceHost& host, ReplaceMemory& memo
     arrange();
     connectControls();
     update();
-    ask();
+    ask({});
 }
 
 void frmReplace::arrange() {
@@ -87,9 +87,14 @@ void frmReplace::connectControls() {
     timer_.Tick.connect([this] { timer_Tick(); });
 }
 
-void frmReplace::ask() {
+void frmReplace::ask(TextView text) {
     if (isVisible()) {
         activate();
+    }
+    const bool isLine = !text.empty() && text.find('\n') == TextView::npos;
+    if (isLine && !chkExpression.checked()) {
+        txtFind.setText(text);
+        txtFind_Change();
     }
     txtFind.setFocus();
     txtFind.selectAll();

@@ -49,8 +49,8 @@ public:
     /// Nothing is owned.
     frmReplace(ui::Window& owner, ReplaceHost& host, ReplaceMemory& memory);
 
-    /// Comes to the front, ready for another text.
-    void ask();
+    /// Comes to the front, ready for another text, or for this one if it is a line.
+    void ask(TextView text);
 
     /// The project is another one: what was found is nothing any more.
     void forget();
