@@ -7,19 +7,17 @@ namespace web {
 /// Bits as text in scripts: 13 for each two symbols.
 class BitText {
 public:
-    void append(bool bit) {
-        value_ = value_ << 1U | (bit ? 1U : 0U);
-        if (++count_ == groupSize) {
-            appendSymbol(text_, value_ / symbolCount);
-            appendSymbol(text_, value_ % symbolCount);
-            value_ = count_ = 0;
-        }
-    }
+    void append(bool bit) { append(bit ? 1U : 0U, 1); }
 
-    /// The last bits of a number.
+    /// The last bits of a number, which has no others; less than 32 of them.
     void append(std::size_t number, unsigned bits) {
-        while (bits > 0) {
-            append((number >> --bits & 1U) != 0);
+        value_ = value_ << bits | number;
+        for (count_ += bits; count_ >= groupSize;) {
+            count_ -= groupSize;
+            const std::size_t group = value_ >> count_;
+            appendSymbol(text_, group / symbolCount);
+            appendSymbol(text_, group % symbolCount);
+            value_ &= (std::size_t(1) << count_) - 1;
         }
     }
 
@@ -39,13 +37,13 @@ public:
             append(true);
         }
         append(false);
-        append(number, bits);
+        append(number & ((std::size_t(1) << bits) - 1), bits);
     }
 
     /// With as many zeros behind as are needed.
     text::Text take() {
-        while (count_ > 0) {
-            append(false);
+        if (count_ > 0) {
+            append(0, groupSize - count_);
         }
         return std::move(text_);
     }

@@ -41,79 +41,90 @@ Text call(TextView what, std::size_t number, TextView value) {
     return text;
 }
 
-/// The texts of some pages that follow each other, and the number of the first.
-struct TextsFile {
-    std::size_t first = 0;
-    std::size_t size = 0;
-    Text values;
-};
-
-std::vector<TextsFile> packTexts(const SearchTexts& texts, std::size_t count) {
-    std::vector<TextsFile> files;
-    for (std::size_t page = 1; page < count; ++page) {
-        const Text packed = texts.packed(page);
-        if (files.empty() || files.back().size + packed.size() > textsSize) {
-            files.push_back({page, 0, {}});
-        }
-        TextsFile& file = files.back();
-        append(file.values, file.values.empty() ? "" : ",\n", scriptText(packed));
-        file.size += packed.size();
-    }
-    return files;
-}
-
-Text directory(const std::vector<SearchIndex::Piece>& pieces, const std::vector<TextsFile>& files,
-               SymbolSplit split, std::size_t pageCount) {
-    Text value = "{letters:" + scriptText(ranges(workshop::wordLetters()))
-                 + ",\njoined:" + scriptText(ranges(workshop::joinedScripts())) + ",\nwords:[";
-    for (const SearchIndex::Piece& piece : pieces) {
-        append(value, &piece == &pieces.front() ? "" : ",", scriptText(piece.first));
-    }
-    append(value, "],\ncount:", std::to_string(pageCount), ",\ntexts:[");
-    for (const TextsFile& file : files) {
-        append(value, &file == &files.front() ? "" : ",", std::to_string(file.first));
-    }
-    constexpr SymbolSplit words = SearchIndex::split;
-    append(value, "],\nsplits:[", std::to_string(words.alone), ",", std::to_string(words.pairs));
-    append(value, ",", std::to_string(split.alone), ",", std::to_string(split.pairs), "]}");
-    return value;
-}
-
-} // namespace
-
-std::vector<SiteFile> searchData(const model::TopicOutline& outline, const SiteMap& map) {
+SearchIndex indexOf(const model::TopicOutline& outline, const SiteMap& map,
+                    const std::vector<Text>& texts) {
     SearchIndex index;
-    std::vector<Text> texts(static_cast<std::size_t>(map.count()) + 1);
     for (int position = 1; position <= map.count(); ++position) {
         if (!map.hasPage(position)) {
             continue;
         }
         const auto page = static_cast<std::size_t>(position);
-        const model::Topic& topic = outline.at(position);
-        texts[page] = plainText(topic.body);
         index.add(page, map.at(position).title, true);
-        for (const TextView keyword : generate::keywordsOf(topic)) {
+        for (const TextView keyword : generate::keywordsOf(outline.at(position))) {
             index.add(page, plainLine(keyword), true);
         }
         index.add(page, texts[page], false);
     }
-    const SearchTexts packed(texts);
-    const std::vector<SearchIndex::Piece> pieces = index.pieces(texts.size() - 1);
-    const std::vector<TextsFile> textsFiles = packTexts(packed, texts.size());
+    return index;
+}
+
+std::vector<Text> textsOf(const model::TopicOutline& outline, const SiteMap& map) {
+    std::vector<Text> texts(static_cast<std::size_t>(map.count()) + 1);
+    for (int position = 1; position <= map.count(); ++position) {
+        if (map.hasPage(position)) {
+            texts[static_cast<std::size_t>(position)] = plainText(outline.at(position).body);
+        }
+    }
+    return texts;
+}
+
+} // namespace
+
+SearchData::Packed SearchData::pack(const std::shared_future<Texts>& future) {
+    const Texts& texts = future.get();
+    const SearchTexts packing(texts);
+    Packed packed = {{}, packing.table(), packing.split()};
+    for (std::size_t page = 1; page < texts.size(); ++page) {
+        const Text text = packing.packed(page);
+        if (packed.files.empty() || packed.files.back().size + text.size() > textsSize) {
+            packed.files.push_back({page, 0, {}});
+        }
+        TextsFile& file = packed.files.back();
+        append(file.values, file.values.empty() ? "" : ",\n", scriptText(text));
+        file.size += text.size();
+    }
+    return packed;
+}
+
+Text SearchData::directory(const std::vector<SearchIndex::Piece>& pieces,
+                           const Packed& packed) const {
+    Text value = "{letters:" + scriptText(ranges(workshop::wordLetters()))
+                 + ",\njoined:" + scriptText(ranges(workshop::joinedScripts())) + ",\nwords:[";
+    for (const SearchIndex::Piece& piece : pieces) {
+        append(value, &piece == &pieces.front() ? "" : ",", scriptText(piece.first));
+    }
+    append(value, "],\ncount:", std::to_string(map_.count()), ",\ntexts:[");
+    for (const TextsFile& file : packed.files) {
+        append(value, &file == &packed.files.front() ? "" : ",", std::to_string(file.first));
+    }
+    constexpr SymbolSplit words = SearchIndex::split;
+    append(value, "],\nsplits:[", std::to_string(words.alone), ",", std::to_string(words.pairs));
+    append(value, ",", std::to_string(packed.split.alone), ",", std::to_string(packed.split.pairs),
+           "]}");
+    return value;
+}
+
+SearchData::SearchData(const model::TopicOutline& outline, const SiteMap& map)
+    : outline_(outline), map_(map), texts_(std::async([this] { return textsOf(outline_, map_); })),
+      packed_(std::async([texts = texts_] { return pack(texts); })) {}
+
+std::vector<SiteFile> SearchData::take() {
+    const Texts& texts = texts_.get();
+    const std::size_t pageCount = texts.size() - 1;
+    const std::vector<SearchIndex::Piece> pieces = indexOf(outline_, map_, texts).pieces(pageCount);
+    const Packed packed = packed_.get();
     std::vector<SiteFile> files;
-    files.push_back(
-        {"site/search.js",
-         call("search", 0, directory(pieces, textsFiles, packed.split(), texts.size() - 1))});
-    files.push_back({"site/parts.js", call("parts", 0, scriptText(packed.table()))});
+    files.push_back({"site/search.js", call("search", 0, directory(pieces, packed))});
+    files.push_back({"site/parts.js", call("parts", 0, scriptText(packed.table))});
     for (std::size_t i = 0; i < pieces.size(); ++i) {
         files.push_back(
             {"site/words/" + std::to_string(i) + ".js",
              call("words", i,
                   "[" + scriptText(pieces[i].words) + ",\n" + scriptText(pieces[i].pages) + "]")});
     }
-    for (std::size_t i = 0; i < textsFiles.size(); ++i) {
+    for (std::size_t i = 0; i < packed.files.size(); ++i) {
         files.push_back({"site/texts/" + std::to_string(i) + ".js",
-                         call("texts", i, "[" + textsFiles[i].values + "]")});
+                         call("texts", i, "[" + packed.files[i].values + "]")});
     }
     return files;
 }

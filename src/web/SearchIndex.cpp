@@ -27,12 +27,12 @@ void SearchIndex::add(std::size_t page, TextView text, bool isHeading) {
         if (scanner.isRun()) {
             addRun(page, scanner.word(), weight);
         } else if (scanner.word().size() <= longestWord) {
-            word_ = scanner.word();
-            const auto [found, isNew] = termOfWord_.try_emplace(word_);
+            const auto [word, isNew] = words_.numberOf(scanner.word());
             if (isNew) {
-                found->second = termOf(text::searchKey(word_));
+                words_.moveKey(word, kept_.emplace_back(scanner.word()));
+                termOfWord_.push_back(termOf(text::searchKey(scanner.word())));
             }
-            count(found->second, page, weight);
+            count(termOfWord_[word], page, weight);
         }
     }
 }
@@ -52,16 +52,17 @@ void SearchIndex::addRun(std::size_t page, TextView run, std::uint32_t weight) {
     }
 }
 
-std::size_t SearchIndex::termOf(const Text& key) {
-    const auto [found, isNew] = termOfKey_.try_emplace(key, terms_.size());
+std::uint32_t SearchIndex::termOf(Text key) {
+    const auto [term, isNew] = keys_.numberOf(key);
     if (isNew) {
-        terms_.push_back({key, {}});
+        keys_.moveKey(term, kept_.emplace_back(std::move(key)));
+        terms_.emplace_back();
     }
-    return found->second;
+    return term;
 }
 
-void SearchIndex::count(std::size_t term, std::size_t page, std::uint32_t weight) {
-    std::vector<Posting>& postings = terms_[term].postings;
+void SearchIndex::count(std::uint32_t term, std::size_t page, std::uint32_t weight) {
+    std::vector<Posting>& postings = terms_[term];
     if (postings.empty() || postings.back().page != page) {
         postings.push_back({static_cast<std::uint32_t>(page), 0});
     }
@@ -70,15 +71,15 @@ void SearchIndex::count(std::size_t term, std::size_t page, std::uint32_t weight
 
 /// The distances from page to page: of as many bits as they have if the word is spread evenly, and
 /// one for how often the page has it.
-void SearchIndex::appendPages(BitText& bits, const Term& term, std::size_t pageCount) {
-    const std::size_t count = term.postings.size();
+void SearchIndex::appendPages(BitText& bits, const Postings& postings, std::size_t pageCount) {
+    const std::size_t count = postings.size();
     unsigned usual = 0;
     while (count << (usual + 1) <= pageCount) {
         ++usual;
     }
     bits.appendGamma(count);
     std::size_t last = 0;
-    for (const Posting& posting : term.postings) {
+    for (const Posting& posting : postings) {
         bits.appendRice(posting.page - last - 1, usual);
         bits.append(posting.weight >= oftenWeight);
         last = posting.page;
@@ -86,22 +87,22 @@ void SearchIndex::appendPages(BitText& bits, const Term& term, std::size_t pageC
 }
 
 std::vector<SearchIndex::Piece> SearchIndex::pieces(std::size_t pageCount) const {
-    std::vector<const Term*> sorted;
-    for (const Term& term : terms_) {
-        if (!term.key.empty()) {
-            sorted.push_back(&term);
+    std::vector<std::pair<TextView, const Postings*>> sorted;
+    for (std::size_t term = 0; term < terms_.size(); ++term) {
+        if (!keys_.keys()[term].empty()) {
+            sorted.emplace_back(keys_.keys()[term], &terms_[term]);
         }
     }
     std::sort(sorted.begin(), sorted.end(),
-              [](const Term* a, const Term* b) { return a->key < b->key; });
+              [](const auto& a, const auto& b) { return isBefore(a.first, b.first); });
     std::vector<Piece> pieces;
     for (std::size_t i = 0; i < sorted.size();) {
-        Piece piece{sorted[i]->key, {}, {}};
+        Piece piece{Text(sorted[i].first), {}, {}};
         FrontCoder coder(split);
         BitText bits;
         for (; i < sorted.size() && piece.words.size() + bits.size() < pieceSize; ++i) {
-            coder.append(piece.words, sorted[i]->key);
-            appendPages(bits, *sorted[i], pageCount);
+            coder.append(piece.words, sorted[i].first);
+            appendPages(bits, *sorted[i].second, pageCount);
         }
         piece.pages = bits.take();
         pieces.push_back(std::move(piece));

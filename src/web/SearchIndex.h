@@ -1,10 +1,10 @@
 #pragma once
 
-#include <string>
-#include <unordered_map>
+#include <deque>
 #include <vector>
 
 #include "web/BitText.h"
+#include "web/NumberTable.h"
 
 namespace web {
 
@@ -30,20 +30,18 @@ private:
         std::uint32_t page;
         std::uint32_t weight;
     };
-    struct Term {
-        text::Text key;
-        std::vector<Posting> postings;
-    };
+    using Postings = std::vector<Posting>;
 
-    std::size_t termOf(const text::Text& key);
-    void count(std::size_t term, std::size_t page, std::uint32_t weight);
-    static void appendPages(BitText& bits, const Term& term, std::size_t pageCount);
+    std::uint32_t termOf(text::Text key);
+    void count(std::uint32_t term, std::size_t page, std::uint32_t weight);
+    static void appendPages(BitText& bits, const Postings& postings, std::size_t pageCount);
     void addRun(std::size_t page, text::TextView run, std::uint32_t weight);
 
-    std::vector<Term> terms_;
-    std::unordered_map<text::Text, std::size_t> termOfKey_;
-    std::unordered_map<text::Text, std::size_t> termOfWord_; ///< as it stands in texts
-    text::Text word_;                                        ///< its memory is used again
+    std::vector<Postings> terms_; ///< by the numbers of their keys
+    NumberTable<text::TextView> keys_;
+    NumberTable<text::TextView> words_; ///< as they stand in texts
+    std::vector<std::uint32_t> termOfWord_;
+    std::deque<text::Text> kept_; ///< what both tables are made of
 };
 
 } // namespace web

@@ -26,15 +26,18 @@ bool isCapitalised(TextView part) {
 /// The end of the part that begins at an offset.
 std::size_t endOfPart(TextView text, std::size_t start, LetterKind& kind) {
     std::size_t end = start;
-    kind = letterKind(takeCharacter(text, end));
-    while (end < text.size() && end - start < longestPart && kind != LetterKind::ofRun) {
-        std::size_t behind = end;
-        if (letterKind(takeCharacter(text, behind)) != kind) {
-            break;
+    kind = takeKind(text, end);
+    if (kind == LetterKind::ofRun) {
+        return end;
+    }
+    const TextView within = text.substr(0, start + longestPart);
+    for (;;) {
+        std::size_t behind = end = endOfPlain(within, end, kind);
+        if (end >= within.size() || takeKind(text, behind) != kind) {
+            return end;
         }
         end = behind;
     }
-    return end;
 }
 
 /// Whether a part is worth a number: it has to stand in the table, too.
@@ -60,12 +63,11 @@ SearchTexts::SearchTexts(const std::vector<Text>& texts) {
 }
 
 std::uint32_t SearchTexts::partOf(TextView text) {
-    const auto [found, isNew] =
-        partOfText_.try_emplace(text, static_cast<std::uint32_t>(parts_.size()));
+    const auto [part, isNew] = partOfText_.numberOf(text);
     if (isNew) {
-        parts_.push_back({text, false, false});
+        parts_.emplace_back().text = text;
     }
-    return found->second;
+    return part;
 }
 
 void SearchTexts::read(TextView text, std::vector<Use>& uses) {
@@ -76,7 +78,7 @@ void SearchTexts::read(TextView text, std::vector<Use>& uses) {
         const TextView part = text.substr(position, end - position);
         std::size_t behind = end;
         const bool isGap = part == " " && isBehindWord && end < text.size()
-                           && letterKind(takeCharacter(text, behind)) == LetterKind::ofWord;
+                           && takeKind(text, behind) == LetterKind::ofWord;
         if (!isGap) {
             uses.push_back({partOf(part), false});
             Part& used = parts_[uses.back().part];
@@ -89,45 +91,78 @@ void SearchTexts::read(TextView text, std::vector<Use>& uses) {
 }
 
 /// How often a pair has to be there to be one of the most frequent.
-std::uint32_t SearchTexts::leastOf(const Pairs& pairs) {
+std::uint32_t SearchTexts::leastOf(std::vector<std::uint32_t> counts) {
     constexpr std::size_t most = 2000;
-    std::vector<std::uint32_t> counts = {often};
-    for (const auto& [pair, count] : pairs) {
-        counts.push_back(count);
+    if (counts.size() < most) {
+        return often;
     }
-    std::sort(counts.begin(), counts.end(), std::greater<>());
-    return std::max(often, counts[std::min(most, counts.size()) - 1]);
+    const auto last = counts.begin() + most - 1;
+    std::nth_element(counts.begin(), last, counts.end(), std::greater<>());
+    return std::max(often, *last);
+}
+
+/// Calls a function with each pair of parts that are both frequent.
+template <typename Function>
+void SearchTexts::forPairs(const Function& function) const {
+    for (const std::vector<Use>& uses : uses_) {
+        bool isFrequent = !uses.empty() && parts_[uses.front().part].count >= often;
+        for (std::size_t i = 1; i < uses.size(); ++i) {
+            const bool wasFrequent = isFrequent;
+            isFrequent = parts_[uses[i].part].count >= often;
+            if (wasFrequent && isFrequent) {
+                function(pairOf(uses[i - 1], uses[i]));
+            }
+        }
+    }
+}
+
+/// The pairs that are worth a part of their own, and those parts. Most pairs are rare, and shall
+/// not fill a table that no cache of a processor holds: a rough count, of pairs that share a place,
+/// leaves them out.
+void SearchTexts::findPairs(Pairs& frequent, std::vector<std::uint32_t>& joined) {
+    constexpr std::size_t places = std::size_t(1) << 18U;
+    std::vector<unsigned char> rough(places);
+    forPairs([&rough](std::uint64_t pair) {
+        unsigned char& count = rough[hashOf(pair) % places];
+        count = static_cast<unsigned char>(count + (count < often ? 1 : 0));
+    });
+    Pairs pairs;
+    std::vector<std::uint32_t> counts;
+    forPairs([&](std::uint64_t parts) {
+        if (rough[hashOf(parts) % places] >= often) {
+            const auto [pair, isNew] = pairs.numberOf(parts);
+            if (isNew) {
+                counts.push_back(0);
+            }
+            ++counts[pair];
+        }
+    });
+    const std::uint32_t least = leastOf(counts);
+    for (std::size_t pair = 0; pair < counts.size(); ++pair) {
+        if (counts[pair] >= least) {
+            const std::uint64_t parts = pairs.keys()[pair];
+            frequent.numberOf(parts);
+            joined.push_back(joinedPart(static_cast<std::uint32_t>(parts >> halfOfPair),
+                                        static_cast<std::uint32_t>(parts)));
+        }
+    }
 }
 
 /// Makes one part of two that often follow each other.
 void SearchTexts::joinPairs() {
-    constexpr unsigned half = 32;
-    Pairs pairs; // how often, and then the part
-    const auto pairAt = [](const std::vector<Use>& uses, std::size_t i) {
-        return std::uint64_t(uses[i].part) << half | uses[i + 1].part;
-    };
-    for (const std::vector<Use>& uses : uses_) {
-        for (std::size_t i = 0; i + 1 < uses.size(); ++i) {
-            if (parts_[uses[i].part].count >= often && parts_[uses[i + 1].part].count >= often) {
-                ++pairs[pairAt(uses, i)];
-            }
-        }
-    }
-    const std::uint32_t least = leastOf(pairs);
-    std::erase_if(pairs, [least](const auto& pair) { return pair.second < least; });
-    for (auto& [pair, number] : pairs) {
-        number =
-            joinedPart(static_cast<std::uint32_t>(pair >> half), static_cast<std::uint32_t>(pair));
-    }
+    Pairs frequent;
+    std::vector<std::uint32_t> joined;
+    findPairs(frequent, joined);
     for (std::vector<Use>& uses : uses_) {
         std::size_t size = 0;
         for (std::size_t i = 0; i < uses.size(); ++i) {
             Use use = uses[i];
-            const auto found = i + 1 < uses.size() ? pairs.find(pairAt(uses, i)) : pairs.end();
-            if (found != pairs.end()) {
+            const auto pair =
+                i + 1 < uses.size() ? frequent.find(pairOf(use, uses[i + 1])) : std::nullopt;
+            if (pair) {
                 --parts_[use.part].count;
                 --parts_[uses[++i].part].count;
-                use.part = found->second;
+                use.part = joined[*pair];
                 ++parts_[use.part].count;
             }
             uses[size++] = use;
@@ -163,9 +198,9 @@ void SearchTexts::foldCapitals() {
         }
         word = parts_[i].text;
         word.front() = static_cast<char>(word.front() - 'A' + 'a');
-        if (const auto found = partOfText_.find(word); found != partOfText_.end()) {
-            small[i] = found->second;
-            parts_[found->second].count += std::exchange(parts_[i].count, 0);
+        if (const auto found = partOfText_.find(word)) {
+            small[i] = *found;
+            parts_[*found].count += std::exchange(parts_[i].count, 0);
         }
     }
     for (std::vector<Use>& uses : uses_) {
@@ -183,8 +218,8 @@ void SearchTexts::giveNumbers() {
         }
     }
     std::sort(numbered_.begin(), numbered_.end(), [this](std::uint32_t a, std::uint32_t b) {
-        return std::pair(parts_[b].count, parts_[a].text)
-               < std::pair(parts_[a].count, parts_[b].text);
+        return parts_[a].count != parts_[b].count ? parts_[a].count > parts_[b].count
+                                                  : isBefore(parts_[a].text, parts_[b].text);
     });
     numbered_.resize(std::min(numbered_.size(), mostParts));
     chooseSplit();
@@ -193,7 +228,8 @@ void SearchTexts::giveNumbers() {
     }
     // Within those of the same length, the order of the alphabet makes the table short.
     const auto before = [this](std::uint32_t a, std::uint32_t b) {
-        return std::pair(!isSpelled(a), parts_[a].text) < std::pair(!isSpelled(b), parts_[b].text);
+        const bool isFirst = isSpelled(a);
+        return isFirst != isSpelled(b) ? isFirst : isBefore(parts_[a].text, parts_[b].text);
     };
     std::size_t start = 0;
     for (const std::size_t number : {split_.belowTwo(), split_.belowThree(), split_.end()}) {
@@ -203,7 +239,9 @@ void SearchTexts::giveNumbers() {
         start = end;
     }
     for (std::size_t i = 0; i < numbered_.size(); ++i) {
-        parts_[numbered_[i]].number = firstPart + i;
+        Part& part = parts_[numbered_[i]];
+        part.number = firstPart + i;
+        appendNumber(part.symbols, part.number, split_);
     }
 }
 
@@ -272,7 +310,7 @@ Text SearchTexts::packed(std::size_t page) const {
             appendNumber(packed, capital, split_);
         }
         if (part.number != 0) {
-            appendNumber(packed, part.number, split_);
+            packed += part.symbols;
         } else {
             appendNumber(packed, literal, split_);
             appendNumber(packed, scriptLength(part.text), split_);

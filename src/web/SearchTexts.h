@@ -1,10 +1,9 @@
 #pragma once
 
 #include <deque>
-#include <string_view>
-#include <unordered_map>
 #include <vector>
 
+#include "web/NumberTable.h"
 #include "web/Symbols.h"
 
 namespace web {
@@ -41,6 +40,7 @@ private:
         bool endsWord = false;
         std::size_t count = 0;
         std::size_t number = 0; ///< 0 for one that is written as it stands
+        text::Text symbols;     ///< of the number
         bool isJoined = false;  ///< of two others
         std::uint32_t one = 0;
         std::uint32_t other = 0;
@@ -52,8 +52,15 @@ private:
 
     std::uint32_t partOf(text::TextView text);
     void read(text::TextView text, std::vector<Use>& uses);
-    using Pairs = std::unordered_map<std::uint64_t, std::uint32_t>;
-    static std::uint32_t leastOf(const Pairs& pairs);
+    using Pairs = NumberTable<std::uint64_t>;
+    static constexpr unsigned halfOfPair = 32;
+    static std::uint64_t pairOf(const Use& one, const Use& other) {
+        return std::uint64_t(one.part) << halfOfPair | other.part;
+    }
+    static std::uint32_t leastOf(std::vector<std::uint32_t> counts);
+    template <typename Function>
+    void forPairs(const Function& function) const;
+    void findPairs(Pairs& frequent, std::vector<std::uint32_t>& joined);
     void joinPairs();
     std::uint32_t joinedPart(std::uint32_t one, std::uint32_t other);
     void foldCapitals();
@@ -64,7 +71,7 @@ private:
 
     std::deque<text::Text> joined_; ///< texts of parts that are in no text as they stand
     std::vector<Part> parts_;
-    std::unordered_map<std::string_view, std::uint32_t> partOfText_;
+    NumberTable<text::TextView> partOfText_;
     std::vector<std::vector<Use>> uses_;  ///< by page
     std::vector<std::uint32_t> numbered_; ///< parts in the order of their numbers
     SymbolSplit split_{60, 29};

@@ -1,5 +1,6 @@
 #include "web/SiteData.h"
 
+#include <algorithm>
 #include <charconv>
 #include <map>
 
@@ -44,17 +45,27 @@ Text plainNumber(TextView number) {
 Text scriptText(TextView text) {
     constexpr TextView digits = "0123456789abcdef";
     Text value = "\"";
-    for (const char character : text) {
-        const auto code = static_cast<unsigned char>(character);
-        if (character == '"' || character == '\\') {
+    const auto isPlain = [](char character) {
+        return static_cast<unsigned char>(character) >= ' ' && character != '"'
+               && character != '\\';
+    };
+    while (!text.empty()) {
+        const auto end = std::find_if_not(text.begin(), text.end(), isPlain);
+        const auto length = static_cast<std::size_t>(end - text.begin());
+        value += text.substr(0, length);
+        text.remove_prefix(length);
+        if (text.empty()) {
+            break;
+        }
+        const auto code = static_cast<unsigned char>(text.front());
+        text.remove_prefix(1);
+        if (code == '"' || code == '\\') {
             value += '\\';
-            value += character;
-        } else if (character == '\n') {
+            value += static_cast<char>(code);
+        } else if (code == '\n') {
             value += "\\n";
-        } else if (code < ' ') {
-            append(value, "\\x", Text(1, digits[code >> 4U]), Text(1, digits[code & 0xFU]));
         } else {
-            value += character;
+            append(value, "\\x", Text(1, digits[code >> 4U]), Text(1, digits[code & 0xFU]));
         }
     }
     return value += '"';

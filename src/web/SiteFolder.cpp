@@ -8,6 +8,7 @@
 #include "platform/FileState.h"
 #include "platform/Files.h"
 #include "text/Path.h"
+#include "web/NumberTable.h"
 
 namespace web {
 
@@ -20,16 +21,6 @@ namespace {
 constexpr TextView listPlace = "site/files.txt";
 constexpr TextView listTitle =
     "The files of this web site, which HTML Topicsmith writes and removes";
-
-std::uint64_t hashOf(TextView bytes) {
-    constexpr std::uint64_t start = 14695981039346656037U;
-    constexpr std::uint64_t prime = 1099511628211U;
-    std::uint64_t hash = start;
-    for (const char byte : bytes) {
-        hash = (hash ^ static_cast<unsigned char>(byte)) * prime;
-    }
-    return hash;
-}
 
 /// Takes a number and the tab behind it off the front of a line; false when there is none.
 template <typename Number>
@@ -47,6 +38,7 @@ bool takeNumber(TextView& line, Number& number) {
 
 SiteFolder::SiteFolder(fs::path folder, bool isClean) : folder_(std::move(folder)) {
     readList();
+    keys_.insert(model::pageKey(listPlace));
     if (isClean) {
         for (auto& [place, entry] : before_) {
             remove(place);
@@ -205,25 +197,29 @@ void SiteFolder::writeList(const Entries& entries) {
     }
 }
 
-void SiteFolder::update() {
+void SiteFolder::writeAdded() {
+    if (!isForeign_) {
+        claim();
+        for (File& file : files_) {
+            if (file.isOurs) {
+                write(file);
+            }
+        }
+    }
+    files_.clear();
+}
+
+void SiteFolder::finish() {
     if (isForeign_) {
         fail(model::pagePath(folder_, listPlace), "is there already, and is no list of a site");
         return;
     }
-    keys_.insert(model::pageKey(listPlace));
-    const Entries before = before_;
-    claim();
-    for (File& file : files_) {
-        if (file.isOurs) {
-            write(file);
-        }
-    }
-    for (const auto& [place, entry] : before) {
+    for (const auto& [place, entry] : before_) {
         if (!now_.contains(place) && !keys_.contains(model::pageKey(place))) {
             remove(place);
         }
     }
-    if (now_ != before) {
+    if (now_ != before_) {
         writeList(now_);
     }
 }

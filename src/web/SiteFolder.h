@@ -19,15 +19,18 @@ public:
     /// Reads the list. With `isClean`, nothing counts as written before.
     SiteFolder(std::filesystem::path folder, bool isClean);
 
-    /// A file of the site, for update().
+    /// A file of the site, for writeAdded().
     void add(text::Text place, text::Text contents);
 
     /// The same for a copy of a file.
     void addCopy(text::Text place, std::filesystem::path source);
 
-    /// Writes what was added where it is not there yet, removes what was there before, and writes
-    /// the list. An interruption leaves a list of all files that may have been written.
-    void update();
+    /// Writes what was added since the last call where it is not there yet. An interruption leaves
+    /// a list of all files that may have been written.
+    void writeAdded();
+
+    /// Removes what is no longer wanted, and writes the list.
+    void finish();
 
     int written() const { return written_; }
     int kept() const { return kept_; }

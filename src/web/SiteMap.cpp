@@ -17,16 +17,20 @@ namespace {
 class LineCollector {
 public:
     void append(TextView text) {
-        for (const char character : text) {
-            if (text::whiteSpace.find(character) == TextView::npos) {
-                if (gap_ != '\0' && !lines_.empty()) {
-                    lines_ += gap_;
-                }
-                gap_ = '\0';
-                lines_ += character;
-            } else if (gap_ == '\0') {
+        while (!text.empty()) {
+            const std::size_t blanksEnd =
+                std::min(text.find_first_not_of(text::whiteSpace), text.size());
+            if (blanksEnd > 0 && gap_ == '\0') {
                 gap_ = ' ';
             }
+            text.remove_prefix(blanksEnd);
+            const std::size_t end = endOfLine(text);
+            if (gap_ != '\0' && end > 0 && !lines_.empty()) {
+                lines_ += gap_;
+            }
+            gap_ = end > 0 ? '\0' : gap_;
+            lines_ += text.substr(0, end);
+            text.remove_prefix(end);
         }
     }
     void breakLine() { gap_ = '\n'; }
@@ -34,6 +38,22 @@ public:
     Text take() { return std::move(lines_); }
 
 private:
+    static bool isBlank(char character) {
+        return character == ' ' || character == '\n' || character == '\r' || character == '\t'
+               || character == '\f';
+    }
+    /// Where something stands that does not stay as it is; one blank between others does.
+    static std::size_t endOfLine(TextView text) {
+        std::size_t end = 0;
+        while (end < text.size()
+               && (!isBlank(text[end])
+                   || (text[end] == ' ' && end > 0 && end + 1 < text.size()
+                       && !isBlank(text[end + 1])))) {
+            ++end;
+        }
+        return end;
+    }
+
     Text lines_;
     char gap_ = '\0'; ///< to be put before what follows
 };

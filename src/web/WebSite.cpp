@@ -41,7 +41,7 @@ public:
     SiteRun(const Project& project, const SiteRequest& request, SiteFolder& folder)
         : outline_(project.outline()), options_(project.options()), map_(outline_),
           sources_(project.projectPath(), request.programFolder), links_(outline_, map_, sources_),
-          pages_(outline_, options_, map_, links_), folder_(folder) {}
+          pages_(outline_, options_, map_, links_), folder_(folder), search_(outline_, map_) {}
 
     void addStyle() {
         folder_.add(Text(stylePlace), pages_.projectStyle() + Text(siteStyle));
@@ -72,12 +72,12 @@ public:
         folder_.add("site/contents.js", contentsData(outline_, map_));
         folder_.add("site/keywords.js", keywordsData(sortedKeywords(outline_, map_)));
         folder_.add("site/contexts.js", contextsData(outline_, map_));
-        for (auto& [place, contents] : searchData(outline_, map_)) {
+        for (auto& [place, contents] : search_.take()) {
             folder_.add(place, std::move(contents));
         }
     }
 
-    /// To be called behind the others, when all is known that pages and style name.
+    /// To be called when all is known that pages and style name.
     void addSources() {
         for (const auto& [place, source] : sources_.collect()) {
             folder_.addCopy(place, source);
@@ -105,6 +105,7 @@ private:
     SiteLinks links_;
     SitePages pages_;
     SiteFolder& folder_;
+    SearchData search_;
 };
 
 } // namespace
@@ -133,9 +134,11 @@ SiteReport generateSite(const Project& project, const SiteRequest& request) {
     SiteRun run(copy, request, folder);
     run.addStyle();
     run.addPages();
-    run.addData();
     run.addSources();
-    folder.update();
+    folder.writeAdded();
+    run.addData();
+    folder.writeAdded();
+    folder.finish();
     report.failures = run.faults(request.folder);
     for (model::FileFailure& failure : folder.takeFailures()) {
         report.failures.push_back(std::move(failure));

@@ -1,67 +1,62 @@
 #include "web/WordScanner.h"
 
-#include <array>
-
 #include "text/Unicode.h"
 #include "workshop/WordLetters.h"
 
 namespace web {
 
-namespace {
-
-constexpr char32_t firstForeign = 0x80;
-
-std::array<bool, firstForeign> plainLetters() {
-    std::array<bool, firstForeign> letters{};
-    for (char32_t character = 0; character < firstForeign; ++character) {
-        letters[character] = workshop::isWordLetter(character);
+const std::array<ByteKind, 256> byteKinds = []() noexcept {
+    constexpr std::size_t firstForeign = 0x80;
+    std::array<ByteKind, 256> kinds{};
+    for (std::size_t byte = 0; byte < kinds.size(); ++byte) {
+        const bool isLetter = byte < firstForeign && workshop::isWordLetter(char32_t(byte));
+        kinds[byte] = byte >= firstForeign ? ByteKind::foreign
+                      : isLetter           ? ByteKind::ofWord
+                                           : ByteKind::none;
     }
-    return letters;
-}
+    return kinds;
+}();
 
-} // namespace
-
-LetterKind letterKind(char32_t character) {
-    static const std::array<bool, firstForeign> plain = plainLetters();
-    if (character < firstForeign) {
-        return plain[character] ? LetterKind::ofWord : LetterKind::none;
-    }
+LetterKind takeForeignKind(text::TextView text, std::size_t& offset) {
+    text::TextView rest = text.substr(offset);
+    const char32_t character = text::takeUtf8(rest);
+    offset = text.size() - rest.size();
     if (!workshop::isWordLetter(character)) {
         return LetterKind::none;
     }
     return workshop::isOfJoinedScript(character) ? LetterKind::ofRun : LetterKind::ofWord;
 }
 
-char32_t takeCharacter(text::TextView text, std::size_t& offset) {
-    const auto first = static_cast<unsigned char>(text[offset]);
-    if (first < firstForeign) {
-        ++offset;
-        return first;
+/// Whether a character between two letters makes one word of them, and a letter follows it.
+bool WordScanner::joins(std::size_t& offset) const {
+    text::TextView rest = text_.substr(offset);
+    if (!workshop::joinsLetters(text::takeUtf8(rest)) || rest.empty()) {
+        return false;
     }
-    text::TextView rest = text.substr(offset);
-    const char32_t character = text::takeUtf8(rest);
-    offset = text.size() - rest.size();
-    return character;
+    offset = text_.size() - rest.size();
+    return takeKind(text_, offset) == LetterKind::ofWord;
 }
 
 bool WordScanner::next() {
     LetterKind kind = LetterKind::none;
     std::size_t start = position_;
-    while (position_ < text_.size() && kind == LetterKind::none) {
-        start = position_;
-        kind = letterKind(takeCharacter(text_, position_));
-    }
-    if (kind == LetterKind::none) {
-        return false;
+    while (kind == LetterKind::none) {
+        start = position_ = endOfPlain(text_, position_, kind);
+        if (start == text_.size()) {
+            return false;
+        }
+        kind = takeKind(text_, position_);
     }
     isRun_ = kind == LetterKind::ofRun;
-    while (position_ < text_.size()) {
+    for (;;) {
+        position_ = isRun_ ? position_ : endOfPlain(text_, position_, kind);
+        if (position_ == text_.size()) {
+            break;
+        }
         std::size_t behind = position_;
-        const char32_t character = takeCharacter(text_, behind);
-        if (letterKind(character) != kind) {
-            const bool joins = !isRun_ && workshop::joinsLetters(character) && behind < text_.size()
-                               && letterKind(takeCharacter(text_, behind)) == kind;
-            if (!joins) {
+        if (takeKind(text_, behind) != kind) {
+            behind = position_;
+            if (isRun_ || !joins(behind)) {
                 break;
             }
         }
