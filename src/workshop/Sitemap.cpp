@@ -23,7 +23,10 @@ constexpr std::size_t mostEntries = 500000;
 constexpr std::size_t longestText = 1024;
 constexpr std::size_t mostParameters = 1000; // of one object
 
-/// References put in their places. Those for bytes of another code page become its characters.
+constexpr std::string_view replacementCharacter = "\uFFFD";
+
+/// References put in their places. Those for bytes of another code page become its characters,
+/// where the byte alone is one.
 std::string resolved(std::string_view text, unsigned codePage) {
     if (codePage == plainReferences) {
         return text::resolvedReferences(text);
@@ -40,7 +43,12 @@ std::string resolved(std::string_view text, unsigned codePage) {
         }
         if (character >= 0xA0 && character <= 0xFF) {
             const char byte = static_cast<char>(character);
-            result += platform::utf8FromCodePage({&byte, 1}, codePage);
+            const std::string letter = platform::utf8FromCodePage({&byte, 1}, codePage);
+            if (letter.find(replacementCharacter) == std::string::npos) {
+                result += letter;
+            } else {
+                text::appendUtf8(result, character);
+            }
         } else {
             text::appendUtf8(result, character);
         }

@@ -52,6 +52,10 @@ TEST(Sitemap, TakesReferencesForBytesOfItsCodePage) {
                                     "value=\"&Acirc;&#226;&aring;&#1078;&quot;\"></object>",
                                     1251);
     EXPECT_EQ(map.entries.at(0).name, "\u0412\u0432\u0435\u0436\"");
+    const Sitemap chinese = readSitemap("<object type=\"text/sitemap\"><param name=\"Name\" "
+                                        "value=\"\u7B2C&#160;1&nbsp;&egrave;\"></object>",
+                                        936); // where such bytes alone are no letters
+    EXPECT_EQ(chinese.entries.at(0).name, "\u7B2C\u00A01\u00A0\u00E8");
 }
 
 TEST(Sitemap, WrittenItIsStrictAndSaysTheSame) {
