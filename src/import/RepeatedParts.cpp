@@ -47,7 +47,8 @@ struct Part {
     std::vector<Text> targets; ///< of its links: names of files in small letters
     bool isHeading = false;
     bool holdsPicture = false;
-    bool hasName = false; ///< its first tag has a class or an id
+    bool holdsPlace = false; ///< that links may lead to
+    bool hasName = false;    ///< its first tag has a class or an id
     bool isLong = false;
 };
 
@@ -84,6 +85,9 @@ void appendShape(Part& part, const HtmlReader& reader) {
         part.targets.push_back(fileNameOf(*address));
     }
     part.holdsPicture = part.holdsPicture || name == "img";
+    part.holdsPlace =
+        part.holdsPlace
+        || (reader.opens("a") && (reader.attribute("name") || reader.attribute("id")));
 }
 
 void appendCollapsed(Text& text, TextView piece) {
@@ -144,6 +148,23 @@ bool isBlank(const Part& part) {
            && !part.holdsPicture && part.linkTexts.empty();
 }
 
+TextView tagOf(const Part& part) {
+    return TextView(part.root).substr(0, part.root.find('.'));
+}
+
+bool isFrame(const Part& part) {
+    return isOneOf(tagOf(part),
+                   {"div", "table", "center", "nav", "header", "footer", "address", "section"});
+}
+
+/// Whether the names that a tool has given an element say that it is there to lead on.
+bool isCalledNavigation(const Part& part) {
+    const Text names = text::lowerAscii(part.root);
+    return isFrame(part)
+           && (names.find("nav") != Text::npos || names.find("footer") != Text::npos
+               || names.find("breadcrumb") != Text::npos);
+}
+
 /// By what parts of different pages are alike; empty for a part that counts as the page's own.
 struct Signatures {
     Text words;      ///< all that it says
@@ -156,13 +177,12 @@ Signatures signaturesOf(const Part& part) {
         return {};
     }
     if (isBlank(part)) {
-        return {part.root == "hr" ? part.root : Text(), {}, {}};
+        const bool isEmptyFrame = isFrame(part) && part.hasName;
+        const bool isSign = isEmptyFrame || isOneOf(tagOf(part), {"hr", "script"});
+        return {isSign && !part.holdsPlace ? part.root : Text(), {}, {}};
     }
     Signatures signatures{part.shape + '\n' + part.text + '\n' + part.linkTexts, {}, {}};
-    const TextView tag = TextView(part.root).substr(0, part.root.find('.'));
-    const bool isFrame =
-        isOneOf(tag, {"div", "table", "center", "nav", "header", "footer", "address", "section"});
-    const bool isNamed = isFrame && part.hasName;
+    const bool isNamed = isFrame(part) && part.hasName;
     const std::size_t links = part.targets.size();
     if (part.isHeading || links > mostLinks || part.text.size() > longestNavigation) {
         return signatures;
@@ -170,7 +190,9 @@ Signatures signaturesOf(const Part& part) {
     if (links > 0) {
         signatures.navigation = isNamed ? part.root : part.root + '\n' + part.text;
     }
-    if (links > 1 && isNamed) {
+    if (isCalledNavigation(part)) {
+        signatures.menu = part.root;
+    } else if (links > 1 && isNamed) {
         signatures.menu = part.root + '\n' + part.targets[0] + '\n' + part.targets[1];
     }
     return signatures;

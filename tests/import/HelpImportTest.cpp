@@ -209,6 +209,24 @@ TEST_F(HelpImport, LeavesOutWhatPagesRepeat) {
     EXPECT_NE(body(3).find("(c) us"), Text::npos);
 }
 
+TEST_F(HelpImport, LeavesOutEmptyFramesForScriptsAndTrailsOfLinks) {
+    Text contents;
+    for (const Text own : {"a", "b", "c", "d"}) {
+        contents += item(own, own + ".htm");
+        write(own + ".htm",
+              "<body><div id=\"side-nav\"><div id=\"tree\"></div></div>\n<script>init('" + own
+                  + "')</script><p><a name=top></a></p><div class=\"clear\"><p>Text of " + own
+                  + "</p></div><hr><p>" + own + "</p>\n<!-- end --><div class=\"navpath\"><ul>"
+                  + (own < "c" ? "<li><a href=x" + own + ".htm>" + own + "</a>" : Text())
+                  + "<li>By tool</ul></div>\n<hr class=\"foot\"/><script></script></body>");
+    }
+    writeProject("", contents);
+    import();
+    const Text frame = "<p><a name=top></a></p><div class=\"clear\"><p>Text of ";
+    EXPECT_EQ(body(1), frame + "a</p></div><hr><p>a</p>\n");
+    EXPECT_EQ(body(4), frame + "d</p></div><hr><p>d</p>\n");
+}
+
 TEST_F(HelpImport, CutsPagesWhereContentsLeadIntoThem) {
     writeProject("",
                  item("P", "p.htm") + "<UL>" + item("One", "p.htm#one") + item("Two", "p.htm#two")
