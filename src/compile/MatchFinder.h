@@ -29,37 +29,66 @@ inline unsigned commonLength(const std::uint8_t* a, const std::uint8_t* b, unsig
     return most;
 }
 
-/// Finds earlier places of what stands at a place of one interval. Places with the same hash are
-/// chained: of four bytes for short matches near by, and of six, so that long ones further away are
-/// not lost among them. Of three bytes, only the last such place is kept.
+/// Places that stand under a hash, the last ones of them, without an order to rely on. One that was
+/// never put there is 0.
+template <unsigned hashBits, unsigned words>
+class PlaceTable {
+public:
+    static constexpr unsigned placeBits = 16;
+    static constexpr unsigned placesPerWord = 64 / placeBits;
+
+    void clear() { std::memset(rows_.data(), 0, sizeof rows_); }
+
+    /// The key is mixed already; its highest bits count.
+    void insert(std::uint64_t key, std::uint32_t place) {
+        Row& row = rows_[key >> (64 - hashBits)];
+        for (unsigned i = words - 1; i > 0; --i) {
+            row[i] = row[i] << placeBits | row[i - 1] >> (64 - placeBits);
+        }
+        row[0] = row[0] << placeBits | place;
+    }
+
+    using Row = std::array<std::uint64_t, words>; ///< the last place in the lowest bits
+    const Row& at(std::uint64_t key) const { return rows_[key >> (64 - hashBits)]; }
+
+private:
+    std::array<Row, 1U << hashBits> rows_{};
+};
+
+/// Finds earlier places of what stands at a place of one interval. A few places are kept for each
+/// hash of three, four, six and twelve bytes: the longer ones lead to what a long match begins with
+/// among much that begins alike. All places of a row are compared at once, without branches, as
+/// nobody can foresee which of them are worth it.
 class MatchFinder {
 public:
     /// Forgets everything. Eight bytes behind the interval can be read. False when hardly anything
     /// repeats in it, so that it is not worth looking.
     bool start(const std::uint8_t* interval, std::uint32_t size) {
         bytes_ = interval;
-        short_.last.fill(0);
+        four_.clear();
         const bool repeats = repeatsItself(size);
-        last3_.fill(0);
-        short_.last.fill(0);
-        long_.last.fill(0);
+        three_.fill(0);
+        four_.clear();
+        six_.clear();
+        twelve_.clear();
         return repeats;
     }
 
-    /// Makes a place known, to be called for all of them in order. Four bytes must follow.
+    /// Makes a place known, behind all that are. Four bytes must follow.
     void insert(std::uint32_t place) {
-        last3_[hash3(place)] = static_cast<std::uint16_t>(place + 1);
-        short_.insert(hash4(place), place);
-        long_.insert(hash6(place), place);
+        const std::uint64_t word = wideAt(place);
+        three_[keyOfThree(word)] = static_cast<std::uint16_t>(place);
+        four_.insert(keyOfFour(word), place);
+        six_.insert(keyOfSix(word), place);
+        twelve_.insert(keyOfTwelve(word, place), place);
     }
 
     /// Hands `use` matches of at most `most` bytes, each longer than `length` and than the ones
     /// before, and than two; so no distance is too large for a token. To be called before the place
-    /// is inserted.
+    /// is inserted, and not for the first one.
     template <typename Use>
     void find(std::uint32_t place, unsigned length, unsigned most, const Use& use) const {
-        constexpr unsigned shortEffort = 8; // places to compare with
-        constexpr unsigned longEffort = 32;
+        const std::uint64_t word = wideAt(place);
         const auto take = [&](std::uint32_t earlier) {
             const unsigned found = commonLength(bytes_ + earlier, bytes_ + place, most);
             if (found > length) {
@@ -67,76 +96,100 @@ public:
                 use(found, place - earlier);
             }
         };
-        const auto follow = [&](const Chain& chain, std::uint32_t hash, unsigned effort) {
-            for (std::uint32_t next = chain.last[hash]; next > 0 && effort > 0 && length < most;
-                 --effort) {
-                const std::uint32_t earlier = next - 1;
-                next = chain.before[earlier];
-                // The byte that would make it longer differs most often.
-                const std::uint32_t end = length - 3;
-                if (length < 3 || wordAt(earlier + end) == wordAt(place + end)) {
-                    take(earlier);
+        const auto look = [&](const auto& row) {
+            for (const std::uint64_t places : row) {
+                for (unsigned same = sameAt(place, length - 3, places); same != 0;
+                     same &= same - 1) {
+                    take(placeIn(places, static_cast<unsigned>(std::countr_zero(same))));
                 }
             }
         };
-        if (const std::uint32_t near = last3_[hash3(place)]; near > 0 && length < 3) {
-            take(near - 1);
+        if (length < 3 && threeSame(three_[keyOfThree(word)], place)) {
+            take(three_[keyOfThree(word)]);
         }
-        follow(short_, hash4(place), shortEffort);
-        follow(long_, hash6(place), longEffort);
+        length = length < 3 ? 3 : length;
+        if (length < most) {
+            look(twelve_.at(keyOfTwelve(word, place)));
+        }
+        if (length < 12 && length < most) {
+            look(six_.at(keyOfSix(word)));
+        }
+        if (length < 6 && length < most) {
+            look(four_.at(keyOfFour(word)));
+        }
     }
 
 private:
     static constexpr unsigned shortestBits = 12;
-    static constexpr unsigned hashBits = 15;
+    static constexpr unsigned hashBits = 13;
 
-    /// Places are stored one larger, so that 0 is none.
-    struct Chain {
-        std::array<std::uint16_t, 1U << hashBits> last{};
-        std::array<std::uint16_t, 65536> before{};
+    static constexpr std::uint64_t mixer = 0x9E3779B97F4A7C15U;
 
-        void insert(std::uint32_t hash, std::uint32_t place) {
-            before[place] = last[hash];
-            last[hash] = static_cast<std::uint16_t>(place + 1);
-        }
-    };
+    // Of the bytes at a place, the first eight of which are the word.
+    static std::uint32_t keyOfThree(std::uint64_t word) {
+        return static_cast<std::uint32_t>((word << 40U) * mixer >> (64U - shortestBits));
+    }
+    static std::uint64_t keyOfFour(std::uint64_t word) { return (word << 32U) * mixer; }
+    static std::uint64_t keyOfSix(std::uint64_t word) { return (word << 16U) * mixer; }
+    std::uint64_t keyOfTwelve(std::uint64_t word, std::uint32_t place) const {
+        return (word ^ wideAt(place + 4) * mixer >> 20U) * 0xD6E8FEB86659FD93U;
+    }
+
+    static std::uint32_t placeIn(std::uint64_t places, unsigned which) {
+        return static_cast<std::uint32_t>(places >> 16U * which & 0xFFFFU);
+    }
+
+    /// Bits for those of four places that have the same four bytes behind `offset` as `place`:
+    /// where a match would become longer, they differ most often.
+    unsigned sameAt(std::uint32_t place, std::uint32_t offset, std::uint64_t places) const {
+        const std::uint32_t wanted = wordAt(place + offset);
+        const auto bit = [&](unsigned which) {
+            return wordAt(placeIn(places, which) + offset) == wanted ? 1U << which : 0U;
+        };
+        return bit(0) | bit(1) | bit(2) | bit(3);
+    }
+
+    bool threeSame(std::uint32_t earlier, std::uint32_t place) const {
+        return (wordAt(earlier) ^ wordAt(place)) << 8U == 0;
+    }
 
     /// Stops as soon as it is certain, early in any text.
     bool repeatsItself(std::uint32_t size) {
         const std::uint32_t enough = size / 256;
         std::uint32_t repeated = 0;
-        for (std::uint32_t place = 0; place + 4 <= size; ++place) {
-            std::uint16_t& last = short_.last[hash4(place)];
-            repeated += last > 0 && wordAt(last - 1U) == wordAt(place) ? 1U : 0U;
+        for (std::uint32_t place = 1; place + 4 <= size; ++place) {
+            const std::uint64_t key = keyOfFour(wideAt(place));
+            repeated += wordAt(placeIn(four_.at(key)[0], 0)) == wordAt(place) ? 1U : 0U;
             if (repeated > enough) {
                 return true;
             }
-            last = static_cast<std::uint16_t>(place + 1);
+            four_.insert(key, place);
         }
         return false;
     }
 
-    /// Four bytes, read alike on every machine.
-    std::uint32_t wordAt(std::uint32_t place) const {
-        const std::uint8_t* at = bytes_ + place;
-        return at[0] | std::uint32_t(at[1]) << 8U | std::uint32_t(at[2]) << 16U
-               | std::uint32_t(at[3]) << 24U;
-    }
-    std::uint32_t hash3(std::uint32_t place) const {
-        return (wordAt(place) << 8U) * 0x9E3779B1U >> (32U - shortestBits);
-    }
-    std::uint32_t hash4(std::uint32_t place) const {
-        return wordAt(place) * 0x9E3779B1U >> (32U - hashBits);
-    }
-    std::uint32_t hash6(std::uint32_t place) const {
-        const std::uint64_t word = wordAt(place) | std::uint64_t(wordAt(place + 4)) << 32U;
-        return static_cast<std::uint32_t>((word << 16U) * 0x9E3779B97F4A7C15U >> (64U - hashBits));
+    // Read alike on every machine.
+    std::uint32_t wordAt(std::uint32_t place) const { return read<std::uint32_t>(place); }
+    std::uint64_t wideAt(std::uint32_t place) const { return read<std::uint64_t>(place); }
+    template <typename Number>
+    Number read(std::uint32_t place) const {
+        Number number = 0;
+        std::memcpy(&number, bytes_ + place, sizeof number);
+        if constexpr (std::endian::native != std::endian::little) {
+            Number turned = 0;
+            for (std::size_t i = 0; i < sizeof number; ++i) {
+                turned = turned << 8U | (number >> 8U * i & 0xFFU);
+            }
+            number = turned;
+        }
+        return number;
     }
 
     const std::uint8_t* bytes_ = nullptr;
-    std::array<std::uint16_t, 1U << shortestBits> last3_{};
-    Chain short_;
-    Chain long_;
+    std::array<std::uint16_t, 1U << shortestBits> three_{};
+    PlaceTable<hashBits, 1> four_;
+    PlaceTable<hashBits, 2> six_;
+    PlaceTable<hashBits, 2> twelve_;
 };
 
 } // namespace compile

@@ -1,6 +1,7 @@
 #include "compile/Parser.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "compile/LzxFormat.h"
 
@@ -9,40 +10,47 @@ namespace compile {
 namespace {
 
 // What tokens take in bits before their code is known; found by trying on pages.
-constexpr int byteCost = 6;
-constexpr int matchCost = 11; ///< and the bits of the distance
-constexpr int lastDistanceCost = 7;
+constexpr int byteCost = 7;
+constexpr int laterByteCost = 4; ///< about, of a byte that the next token takes care of
+constexpr int matchCost = 9;     ///< and the bits of the distance
+constexpr int lastDistanceCost = 5;
 constexpr int longMatchCost = 3; ///< more for the length
 
-constexpr unsigned longEnough = 120;  ///< nothing better is looked for
-constexpr std::uint32_t wordSize = 4; ///< that the finder needs
+constexpr unsigned longEnough = 120;    ///< nothing better is looked for
+constexpr std::uint32_t wordSize = 4;   ///< that the finder needs
+constexpr std::uint32_t knownEnds = 32; ///< of a longer match, its middle does not become known
 
 } // namespace
 
 void Parser::Choice::improve(unsigned length, unsigned value, int cost) {
     const int longer = length >= shortestMatch + mainLengths ? longMatchCost : 0;
-    const int saved = static_cast<int>(length) * byteCost - cost - longer;
+    const int saved = static_cast<int>(length) * laterByteCost - cost - longer;
     if (saved > gain) {
         token = {static_cast<std::uint16_t>(length), static_cast<std::uint16_t>(value)};
         gain = saved;
     }
 }
 
-/// The match that saves most. None goes beyond its frame.
-Parser::Choice Parser::choose(std::uint32_t place) {
-    Choice best;
+void Parser::makeKnown(std::uint32_t end) {
+    for (; known_ < end && known_ + wordSize <= size_; ++known_) {
+        finder_.insert(known_);
+    }
+}
+
+/// The match that saves most; `longest` is what it has to exceed unless its distance is one of the
+/// last. None goes beyond its frame.
+Parser::Choice Parser::choose(std::uint32_t place, unsigned longest) {
+    Choice best{{}, laterByteCost - byteCost};
     if (place >= size_) {
         return best;
     }
-    for (; known_ < place && known_ + wordSize <= size_; ++known_) {
-        finder_.insert(known_);
-    }
+    makeKnown(place);
     const auto frameEnd = static_cast<std::uint32_t>((place / frameSize + 1) * frameSize);
     const unsigned most = std::min<std::uint32_t>(longestMatch, frameEnd - place);
-    unsigned longest = shortestMatch;
     for (unsigned i = 0; i < distances_.last.size(); ++i) {
         const std::uint32_t distance = distances_.last[i];
-        if (distance <= place) {
+        if (distance <= place
+            && std::memcmp(bytes_ + place - distance, bytes_ + place, shortestMatch) == 0) {
             const unsigned length = commonLength(bytes_ + place - distance, bytes_ + place, most);
             if (length >= shortestMatch) {
                 best.improve(length, i, lastDistanceCost);
@@ -50,7 +58,7 @@ Parser::Choice Parser::choose(std::uint32_t place) {
             }
         }
     }
-    if (longest < longEnough && place + wordSize <= size_) {
+    if (longest < longEnough && place > 0 && place + wordSize <= size_) {
         finder_.find(place, longest, most, [&](unsigned length, std::uint32_t distance) {
             const unsigned value = distance + distanceOffset;
             best.improve(length, value, matchCost + static_cast<int>(extraBits(slotOf(value))));
@@ -62,9 +70,10 @@ Parser::Choice Parser::choose(std::uint32_t place) {
 /// A byte may come first when that makes room for a better match. To look further ahead takes
 /// longer, and makes what is rated as roughly as here no smaller.
 Parser::Choice Parser::laterIfBetter(Choice choice) {
-    while (choice.gain > 0 && choice.token.length < longEnough) {
-        const Choice later = choose(place_ + 1);
-        if (later.gain <= choice.gain) {
+    while (choice.isMatch() && choice.token.length < longEnough) {
+        const unsigned longest = std::max<unsigned>(shortestMatch, choice.token.length - 1U);
+        const Choice later = choose(place_ + 1, longest);
+        if (later.gain + laterByteCost - byteCost <= choice.gain) {
             break;
         }
         addByte();
@@ -92,14 +101,16 @@ void Parser::parse(const std::uint8_t* interval, std::size_t size, std::vector<T
         }
     }
     while (place_ < size_) {
-        const Choice choice = laterIfBetter(choose(place_));
-        if (choice.gain == 0) {
+        const Choice choice = laterIfBetter(choose(place_, shortestMatch));
+        if (!choice.isMatch()) {
             addByte();
             continue;
         }
         tokens.push_back(choice.token);
         distances_.note(choice.token);
+        makeKnown(place_ + std::min<std::uint32_t>(choice.token.length, knownEnds));
         place_ += choice.token.length;
+        known_ = std::max(known_, place_ - std::min(place_, knownEnds));
     }
 }
 

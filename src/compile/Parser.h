@@ -18,12 +18,14 @@ private:
     /// A token that could come next.
     struct Choice {
         Token token{};
-        int gain = 0; ///< bits that it saves against its bytes; 0: take the byte
+        int gain; ///< bits that it saves
 
+        bool isMatch() const { return token.length > 1; } ///< otherwise the byte comes next
         void improve(unsigned length, unsigned value, int cost);
     };
 
-    Choice choose(std::uint32_t place);
+    void makeKnown(std::uint32_t end);
+    Choice choose(std::uint32_t place, unsigned longest);
     Choice laterIfBetter(Choice choice);
     void addByte();
 
