@@ -37,7 +37,7 @@ public:
 
     /// The help's bytes; nothing when it was stopped or cannot be made.
     std::optional<std::string> run() {
-        files_.noteTime(input_.file);
+        files_.noteRead(input_.file);
         search_.readStopList(said().stopList, placeOf(said().stopList), files_, messages_);
         readSitemaps();
         nameFiles();
@@ -148,7 +148,7 @@ private:
             if (file == SourceFiles::none || platform::readFile(files_[file].path, bytes)) {
                 continue;
             }
-            files_.noteTime(files_[file].path);
+            files_.noteRead(files_[file].path);
             if (!container_.add("/" + files_[file].name,
                                 popupTexts(bytes, input_.project.numbers))) {
                 messages_.warn({files_.shown(files_[file].relative)},
@@ -348,9 +348,9 @@ CompileOutcome compileProject(const fs::path& project, const CompileOptions& opt
         const SourceFiles& files = compilation.files();
         for (std::size_t i = 0; i < files.size(); ++i) {
             outcome.files += files[i].isPacked ? 1U : 0U;
-            if (platform::isSameFile(files[i].path, own.output)) {
-                messages.fail(place, "is itself part of the help");
-            }
+        }
+        if (files.hasRead(own.output)) {
+            messages.fail(place, "is itself part of the help");
         }
         std::error_code ignored;
         if (options.output.empty() && fs::is_symlink(own.output, ignored)) {

@@ -30,7 +30,7 @@ void FullTextSearch::readStopList(const workshop::Line& option, const Place& pla
     if (const auto error = platform::readFile(files[file].path, bytes)) {
         messages.warn({files.shown(files[file].relative)}, "cannot be read: " + error.message());
     }
-    files.noteTime(files[file].path);
+    files.noteRead(files[file].path);
     index_.leaveOut(text::decodedSource(bytes, files.codePage()).utf8);
 }
 

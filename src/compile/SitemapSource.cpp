@@ -24,7 +24,7 @@ SitemapSource readSitemapFile(const workshop::Line& option, const Place& place, 
     if (const auto error = platform::readFile(files[file].path, source.bytes)) {
         messages.warn({source.shown}, "cannot be read: " + error.message());
     }
-    files.noteTime(files[file].path);
+    files.noteRead(files[file].path);
     const auto text = text::decodedSource(source.bytes, codePage);
     source.map =
         workshop::readSitemap(text.utf8, text.isUnicode ? workshop::plainReferences : codePage);

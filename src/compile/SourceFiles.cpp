@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/FileState.h"
 #include "platform/Files.h"
 #include "platform/Unicode.h"
 #include "text/Address.h"
@@ -255,6 +256,10 @@ std::size_t SourceFiles::fromPage(std::size_t page, const std::string& path, con
     }
     const bool fromRoot = path.starts_with('/') || path.starts_with('\\');
     const std::string folder(fromRoot ? std::string_view() : folderOf(files_[page].relative));
+    std::string link = folder + '\0' + path;
+    if (const auto known = followed_.find(link); known != followed_.end()) {
+        return packed(known->second);
+    }
     const auto resolve = [&](const std::string& each) { return text::plainPath(folder + each); };
     std::string relative = resolve(fromPercent(path));
     const std::string literal = resolve(path); // a file may be called "100%25.htm"
@@ -273,7 +278,11 @@ std::size_t SourceFiles::fromPage(std::size_t page, const std::string& path, con
             && fs::is_directory(finder_.findNative(platform::pathFromUtf8(relative)), ignored))) {
         return none; // a folder
     }
-    return packed(locate(relative, place, &*within));
+    const std::size_t target = packed(locate(relative, place, &*within));
+    if (target != none && files_[target].relative == relative) { // and nothing was to be said
+        followed_.emplace(std::move(link), target);
+    }
+    return target;
 }
 
 void SourceFiles::followAddresses(std::size_t index,
@@ -343,7 +352,7 @@ void SourceFiles::read(std::size_t index) {
         files_[index].isPacked = false;
         return;
     }
-    noteTime(files_[index].path);
+    noteRead(files_[index].path);
     if (isInternalName(name)) {
         messages_.warn(place, internalNameText);
         files_[index].isPacked = false;
@@ -379,13 +388,19 @@ void SourceFiles::readPageFile(std::size_t index, const std::string& bytes) {
     }
 }
 
-void SourceFiles::noteTime(const fs::path& path) {
-    std::error_code error;
-    const auto time = fs::last_write_time(path, error);
-    if (!error) {
-        newest_ = std::max(newest_, std::chrono::time_point_cast<std::chrono::seconds>(
-                                        std::chrono::file_clock::to_sys(time)));
+void SourceFiles::noteRead(const fs::path& path) {
+    if (const auto facts = platform::fileFacts(path)) {
+        read_.push_back({facts->volume, facts->number});
+        newest_ = std::max(newest_, std::chrono::sys_seconds(
+                                        std::chrono::floor<std::chrono::seconds>(facts->written)));
     }
+}
+
+bool SourceFiles::hasRead(const fs::path& path) const {
+    const auto facts = platform::fileFacts(path);
+    return facts
+           && std::find(read_.begin(), read_.end(), std::pair(facts->volume, facts->number))
+                  != read_.end();
 }
 
 } // namespace compile

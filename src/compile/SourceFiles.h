@@ -88,7 +88,10 @@ public:
 
     /// When the youngest of all files was changed.
     std::chrono::sys_seconds newest() const { return newest_; }
-    void noteTime(const std::filesystem::path& path);
+    void noteRead(const std::filesystem::path& path);
+
+    /// Whether a file that was read is the one with this path, under whatever name.
+    bool hasRead(const std::filesystem::path& path) const;
 
 private:
     struct WantedAnchor {
@@ -121,12 +124,14 @@ private:
     text::FileFinder finder_;
     text::FileFinder otherFinder_;
     std::vector<SourceFile> files_;
-    std::size_t next_ = 0;                                ///< to be read
-    std::unordered_map<std::string, std::size_t> known_;  ///< by the key of the relative path
-    std::unordered_map<std::string, std::size_t> onDisk_; ///< by the relative path as it is spelt
-    std::set<std::string, std::less<>> outside_;          ///< folders that the project went to
-    std::map<std::filesystem::path, int> linkedNames_;    ///< of files that links lead pages to
+    std::size_t next_ = 0;                                  ///< to be read
+    std::unordered_map<std::string, std::size_t> known_;    ///< by the key of the relative path
+    std::unordered_map<std::string, std::size_t> onDisk_;   ///< by the relative path as it is spelt
+    std::unordered_map<std::string, std::size_t> followed_; ///< by folder, NUL and address
+    std::set<std::string, std::less<>> outside_;            ///< folders that the project went to
+    std::map<std::filesystem::path, int> linkedNames_;      ///< of files that links lead pages to
     std::vector<WantedAnchor> wanted_;
+    std::vector<std::pair<std::uint64_t, std::uint64_t>> read_; ///< volumes, and numbers on them
     std::chrono::sys_seconds newest_{};
 };
 

@@ -137,7 +137,7 @@ Text withNewUrls(TextView css, const NewAddress& newAddress) {
         if (end == TextView::npos) {
             break;
         }
-        TextView address = trimmed(css.substr(at, end - at));
+        TextView address = text::trimmed(css.substr(at, end - at));
         const char quote = address.empty() ? ' ' : address.front();
         if (address.size() > 1 && (quote == '"' || quote == '\'') && address.back() == quote) {
             address = address.substr(1, address.size() - 2);

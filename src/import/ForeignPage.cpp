@@ -94,10 +94,10 @@ private:
     void takeStyle(TextView style) {
         constexpr TextView hidden = "<!--";
         constexpr TextView end = "-->";
-        style = trimmed(style);
+        style = text::trimmed(style);
         style.remove_prefix(style.starts_with(hidden) ? hidden.size() : 0);
         style.remove_suffix(style.ends_with(end) ? end.size() : 0);
-        if (style = trimmed(style); !style.empty()) {
+        if (style = text::trimmed(style); !style.empty()) {
             text::appendLine(page_.style, style);
         }
     }

@@ -13,8 +13,21 @@ namespace {
 constexpr TextView commentStart = "<!--";
 constexpr TextView commentEnd = "-->";
 
-bool isBlank(char character) {
-    return whiteSpace.find(character) != TextView::npos;
+/// What ends the name of a tag.
+constexpr bool endsName(char character) {
+    return isWhiteSpace(character) || character == '/';
+}
+
+/// What ends the name of an attribute.
+constexpr bool endsAttribute(char character) {
+    return endsName(character) || character == '=';
+}
+
+/// How many characters from the first one on are none that `ends` knows. Names are short, so that
+/// looking at each character is the fastest.
+template <typename Ends>
+std::size_t lengthUntil(TextView text, Ends ends) {
+    return static_cast<std::size_t>(std::find_if(text.begin(), text.end(), ends) - text.begin());
 }
 
 bool isLetter(char character) {
@@ -51,7 +64,7 @@ std::size_t TagEnds::of(std::size_t start) {
         if (before == '=' && (character == '"' || character == '\'')) {
             i = quoteEnd(i);
         }
-        before = isBlank(character) ? before : text_[i];
+        before = isWhiteSpace(character) ? before : text_[i];
     }
     missingQuotes_ = "\"'"; // quotes are out of step from here on
     return nextEnd_;
@@ -117,7 +130,7 @@ bool HtmlReader::takeTag() {
         return false;
     }
     piece_ = html_.substr(nameStart, end - nameStart);
-    name_ = piece_.substr(0, std::min(piece_.find_first_of(" \t\r\n\f/"), piece_.size()));
+    name_ = piece_.substr(0, lengthUntil(piece_, endsName));
     closing_ = closing;
     position_ = end + 1;
     contents_ = {};
@@ -157,27 +170,28 @@ public:
     explicit AttributeReader(TextView behindName) : rest_(behindName) {}
 
     bool next(HtmlReader::Attribute& attribute) {
-        skip(" \t\r\n\f/=");
+        skip(endsAttribute);
         if (rest_.empty()) {
             return false;
         }
-        attribute = {take(rest_.find_first_of(" \t\r\n\f/=")), {}};
-        skip(whiteSpace);
+        attribute = {take(lengthUntil(rest_, endsAttribute)), {}};
+        skip(isWhiteSpace);
         if (rest_.starts_with('=')) {
             rest_.remove_prefix(1);
-            skip(whiteSpace);
+            skip(isWhiteSpace);
             attribute.value = takeValue();
         }
         return true;
     }
 
 private:
-    void skip(TextView characters) {
-        rest_.remove_prefix(std::min(rest_.find_first_not_of(characters), rest_.size()));
+    template <typename Skipped>
+    void skip(Skipped skipped) {
+        rest_.remove_prefix(lengthUntil(rest_, [skipped](char each) { return !skipped(each); }));
     }
 
     TextView take(std::size_t end) {
-        const TextView taken = rest_.substr(0, std::min(end, rest_.size()));
+        const TextView taken = rest_.substr(0, end);
         rest_.remove_prefix(taken.size());
         return taken;
     }
@@ -190,7 +204,7 @@ private:
                 return take(end + 1).substr(1, end - 1);
             }
         }
-        return take(rest_.find_first_of(whiteSpace));
+        return take(lengthUntil(rest_, isWhiteSpace));
     }
 
     TextView rest_;
@@ -200,11 +214,16 @@ private:
 
 std::vector<HtmlReader::Attribute> HtmlReader::attributes() const {
     std::vector<Attribute> all;
+    takeAttributes(all);
+    return all;
+}
+
+void HtmlReader::takeAttributes(std::vector<Attribute>& all) const {
+    all.clear();
     AttributeReader reader(isText() ? TextView() : piece_.substr(name_.size()));
     for (Attribute attribute; reader.next(attribute);) {
         all.push_back(attribute);
     }
-    return all;
 }
 
 std::optional<TextView> HtmlReader::attribute(TextView lowerName) const {
@@ -218,6 +237,9 @@ std::optional<TextView> HtmlReader::attribute(TextView lowerName) const {
 }
 
 std::string resolvedReferences(std::string_view utf8) {
+    if (utf8.find('&') == std::string_view::npos) {
+        return std::string(utf8);
+    }
     std::string text;
     text.reserve(utf8.size());
     for (std::size_t at = 0; at < utf8.size();) {

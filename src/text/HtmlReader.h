@@ -62,6 +62,9 @@ public:
     };
     std::vector<Attribute> attributes() const; ///< of a tag
 
+    /// The same, with the memory of what was taken before.
+    void takeAttributes(std::vector<Attribute>& all) const;
+
     /// The value of a tag's attribute; nothing when the tag has none of that name, empty when it
     /// has no value.
     std::optional<TextView> attribute(TextView lowerName) const;

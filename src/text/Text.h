@@ -16,6 +16,10 @@ inline constexpr TextView lineBreak = "\r\n";
 
 /// What separates words in HTML and in style sheets.
 inline constexpr TextView whiteSpace = " \t\r\n\f";
+constexpr bool isWhiteSpace(char character) {
+    return character == ' ' || character == '\n' || character == '\r' || character == '\t'
+           || character == '\f';
+}
 
 /// Without the blanks around it. Only the space (code 32) is a blank: tabs, line ends and the
 /// non-breaking space stay.

@@ -131,13 +131,16 @@ char32_t takeUtf8(std::string_view& utf8) {
 }
 
 bool isUtf8(std::string_view bytes) {
-    while (bytes.remove_prefix(asciiLength(bytes)), !bytes.empty()) {
+    while (true) {
+        bytes.remove_prefix(asciiLength(bytes)); // most of it, mostly
+        if (bytes.empty()) {
+            return true;
+        }
         const std::size_t before = bytes.size();
         if (takeUtf8(bytes) == replacementCharacter && before - bytes.size() == 1) {
             return false;
         }
     }
-    return true;
 }
 
 std::size_t asciiLength(std::string_view bytes) {

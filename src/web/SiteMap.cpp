@@ -38,17 +38,13 @@ public:
     Text take() { return std::move(lines_); }
 
 private:
-    static bool isBlank(char character) {
-        return character == ' ' || character == '\n' || character == '\r' || character == '\t'
-               || character == '\f';
-    }
     /// Where something stands that does not stay as it is; one blank between others does.
     static std::size_t endOfLine(TextView text) {
         std::size_t end = 0;
         while (end < text.size()
-               && (!isBlank(text[end])
+               && (!text::isWhiteSpace(text[end])
                    || (text[end] == ' ' && end > 0 && end + 1 < text.size()
-                       && !isBlank(text[end + 1])))) {
+                       && !text::isWhiteSpace(text[end + 1])))) {
             ++end;
         }
         return end;

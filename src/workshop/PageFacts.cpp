@@ -1,6 +1,7 @@
 #include "workshop/PageFacts.h"
 
 #include <algorithm>
+#include <optional>
 #include <unordered_set>
 
 #include "text/HtmlReader.h"
@@ -14,7 +15,7 @@ namespace {
 std::string collapsed(std::string_view text) {
     std::string line;
     for (const char character : text) {
-        if (text::whiteSpace.find(character) == std::string_view::npos) {
+        if (!text::isWhiteSpace(character)) {
             line += character;
         } else if (!line.empty() && line.back() != ' ') {
             line += ' ';
@@ -68,6 +69,10 @@ private:
     void takeTag() {
         const std::string name = reader_.lowerName();
         const bool opens = reader_.opens(name);
+        attributes_.clear();
+        if (opens) {
+            reader_.takeAttributes(attributes_);
+        }
         inTitle_ = opens && name == "title" && facts_.title.line == 0;
         if (inTitle_) {
             facts_.title.line = line();
@@ -76,8 +81,10 @@ private:
         if (!opens) {
             return;
         }
-        takeAnchors(name);
-        takeAddresses(name);
+        if (!attributes_.empty()) {
+            takeAnchors(name);
+            takeAddresses(name);
+        }
         if (name == "base" && facts_.base.empty()) {
             facts_.base = value("href");
         } else if (name == "meta") {
@@ -93,7 +100,17 @@ private:
 
     /// Empty for a tag without the attribute.
     std::string value(std::string_view attribute) const {
-        return text::resolvedReferences(reader_.attribute(attribute).value_or(""));
+        return text::resolvedReferences(attributeOf(attribute).value_or(std::string_view()));
+    }
+
+    /// Nothing for a tag without it.
+    std::optional<std::string_view> attributeOf(std::string_view lowerName) const {
+        for (const text::HtmlReader::Attribute& each : attributes_) {
+            if (text::equalIgnoringCase(each.name, lowerName)) {
+                return each.value.value_or(std::string_view());
+            }
+        }
+        return {};
     }
 
     void append(std::vector<PageText> addresses) {
@@ -115,8 +132,8 @@ private:
     }
 
     void takeAnchors(const std::string& name) {
-        const auto id = reader_.attribute("id");
-        auto anchor = name == "a" ? reader_.attribute("name") : std::nullopt;
+        const auto id = attributeOf("id");
+        auto anchor = name == "a" ? attributeOf("name") : std::nullopt;
         if (id && anchor && *id == *anchor) {
             anchor.reset();
         }
@@ -141,7 +158,7 @@ private:
         if (name == "img" || name == "source") {
             takeSourceSet(value("srcset"));
         }
-        if (const auto style = reader_.attribute("style")) {
+        if (const auto style = attributeOf("style")) {
             append(readStyleSheet(text::resolvedReferences(*style), line()));
         }
     }
@@ -198,6 +215,7 @@ private:
 
     text::HtmlReader reader_;
     LineCounter lines_;
+    std::vector<text::HtmlReader::Attribute> attributes_; ///< of a tag that opens
     PageFacts facts_;
     std::unordered_set<std::string> known_;
     bool inTitle_ = false;
