@@ -1,6 +1,6 @@
 #include "compile/KeywordIndex.h"
 
-#include <iterator>
+#include <algorithm>
 
 #include "compile/KeywordTree.h"
 #include "compile/SourceFiles.h"
@@ -8,14 +8,17 @@
 namespace compile {
 
 KeywordEntry& KeywordIndex::at(const std::vector<std::string>& levels) {
-    KeywordEntry& entry = entries_[{sortKey(levels), levels}];
-    if (entry.levels.empty()) {
-        entry.levels = levels;
-        if (levels.size() > 1) {
-            at({levels.begin(), std::prev(levels.end())});
+    Node* node = &root_;
+    for (std::size_t i = 0; i < levels.size(); ++i) {
+        std::unique_ptr<Node>& next = node->below[levels[i]];
+        if (next == nullptr) {
+            next = std::make_unique<Node>();
+            next->entry.levels.assign(levels.begin(),
+                                      levels.begin() + static_cast<std::ptrdiff_t>(i) + 1);
         }
+        node = next.get();
     }
-    return entry;
+    return node->entry;
 }
 
 void KeywordIndex::add(KeywordEntry added) {
@@ -33,13 +36,27 @@ void KeywordIndex::add(KeywordEntry added) {
     }
 }
 
+/// Appends what stands below, in order.
+void KeywordIndex::takeBelow(Node& node, std::vector<KeywordEntry>& entries) {
+    std::vector<std::pair<std::u32string, Node*>> sorted;
+    sorted.reserve(node.below.size());
+    for (const auto& [level, below] : node.below) {
+        sorted.emplace_back(sortKey(level), below.get());
+    }
+    std::sort(sorted.begin(), sorted.end(), [](const auto& a, const auto& b) {
+        return a.first != b.first ? a.first < b.first
+                                  : a.second->entry.levels.back() < b.second->entry.levels.back();
+    });
+    for (const auto& [key, below] : sorted) {
+        entries.push_back(std::move(below->entry));
+        takeBelow(*below, entries);
+    }
+}
+
 std::vector<KeywordEntry> KeywordIndex::take() {
     std::vector<KeywordEntry> entries;
-    entries.reserve(entries_.size());
-    for (auto& [key, entry] : entries_) {
-        entries.push_back(std::move(entry));
-    }
-    entries_.clear();
+    takeBelow(root_, entries);
+    root_ = {};
     known_.clear();
     return entries;
 }

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <map>
+#include <memory>
 #include <set>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -30,16 +31,22 @@ struct KeywordEntry {
 class KeywordIndex {
 public:
     void add(KeywordEntry entry);
-    bool empty() const { return entries_.empty(); }
+    bool empty() const { return root_.below.empty(); }
 
     /// Those above an entry are there too, be it without a target.
     std::vector<KeywordEntry> take();
 
 private:
-    using Key = std::pair<std::vector<std::u32string>, std::vector<std::string>>;
-    KeywordEntry& at(const std::vector<std::string>& levels);
+    /// A keyword with those below it, by their own names.
+    struct Node {
+        KeywordEntry entry;
+        std::unordered_map<std::string, std::unique_ptr<Node>> below = {};
+    };
 
-    std::map<Key, KeywordEntry> entries_;
+    KeywordEntry& at(const std::vector<std::string>& levels);
+    static void takeBelow(Node& node, std::vector<KeywordEntry>& entries);
+
+    Node root_;
     std::set<std::pair<const KeywordEntry*, std::string>> known_; ///< entries and addresses
 };
 

@@ -37,17 +37,6 @@ bool isWordCharacter(char32_t character) {
            || (character >= 'a' && character <= 'z');
 }
 
-std::u32string keyOf(std::string_view utf8) {
-    std::u32string key;
-    while (!utf8.empty()) {
-        const char32_t character = text::lowerCase(withoutAccent(text::takeUtf8(utf8)));
-        if (!key.empty() || isWordCharacter(character)) {
-            key += character;
-        }
-    }
-    return key;
-}
-
 void appendUtf16(std::string& bytes, std::string_view utf8, std::size_t limit) {
     constexpr char32_t firstPair = 0x10000;
     for (std::size_t units = 0; !utf8.empty() && units + 2 < limit; ++units) {
@@ -201,16 +190,25 @@ private:
 
 } // namespace
 
-std::vector<std::u32string> sortKey(const std::vector<std::string>& levels) {
-    std::vector<std::u32string> key;
-    std::transform(levels.begin(), levels.end(), std::back_inserter(key), keyOf);
+std::u32string sortKey(std::string_view level) {
+    std::u32string key;
+    while (!level.empty()) {
+        const char32_t character = text::lowerCase(withoutAccent(text::takeUtf8(level)));
+        if (!key.empty() || isWordCharacter(character)) {
+            key += character;
+        }
+    }
     return key;
 }
 
 bool comesBefore(const std::vector<std::string>& one, const std::vector<std::string>& other) {
-    const auto a = sortKey(one);
-    const auto b = sortKey(other);
-    return a == b ? one < other : a < b;
+    const auto [a, b] = std::mismatch(one.begin(), one.end(), other.begin(), other.end());
+    if (a == one.end() || b == other.end()) {
+        return b != other.end();
+    }
+    const auto key = sortKey(*a);
+    const auto otherKey = sortKey(*b);
+    return key != otherKey ? key < otherKey : *a < *b;
 }
 
 KeywordTree keywordTree(const std::vector<Keyword>& keywords, unsigned language) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace compile {
@@ -13,12 +14,12 @@ struct Keyword {
     std::string seeAlso = {}; ///< another keyword in place of topics; empty for none
 };
 
-/// Whether one comes before another in an index: level by level, without regard to letter case,
-/// accents and what stands before the first letter or digit.
+/// Whether one comes before another in an index: level by level, by their sort keys first.
 bool comesBefore(const std::vector<std::string>& one, const std::vector<std::string>& other);
 
-/// By which comesBefore() goes first of all; equal for keywords that differ in such things only.
-std::vector<std::u32string> sortKey(const std::vector<std::string>& levels);
+/// Equal for levels that differ in letter case, accents and what stands before the first letter or
+/// digit only.
+std::u32string sortKey(std::string_view level);
 
 /// The four files of "$WWKeywordLinks" or "$WWAssociativeLinks", in which readers look keywords up.
 struct KeywordTree {
@@ -26,8 +27,8 @@ struct KeywordTree {
     bool isCut = false; ///< a keyword had more topics than readers can take
 };
 
-/// `keywords` are in the order of comesBefore(), each once; for none the files are those of an
-/// empty tree.
+/// `keywords` are in the order of comesBefore(), each once; for none the files are those
+/// of an empty tree.
 KeywordTree keywordTree(const std::vector<Keyword>& keywords, unsigned language);
 
 } // namespace compile
