@@ -316,7 +316,10 @@ Text CodePage::withLetters(TextView html) const {
 
 Text CodePage::decodedHtml(TextView bytes) const {
     Text text = decoded(bytes);
-    return text.find("&#") == Text::npos ? text : withLetters(text);
+    if (text.find("&#") == Text::npos) {
+        return text; // without a copy
+    }
+    return withLetters(text);
 }
 
 } // namespace text

@@ -145,12 +145,20 @@ bool isUtf8(std::string_view bytes) {
 
 std::size_t asciiLength(std::string_view bytes) {
     constexpr std::uint64_t highBits = 0x8080808080808080U;
-    using Words = std::array<std::uint64_t, 4>;
+    using Words = std::array<std::uint64_t, 8>;
     Words words;
     std::size_t i = 0;
     for (; i + sizeof words <= bytes.size(); i += sizeof words) {
         std::memcpy(words.data(), bytes.data() + i, sizeof words);
-        if (((words[0] | words[1] | words[2] | words[3]) & highBits) != 0) {
+        const std::uint64_t any = ((words[0] | words[1]) | (words[2] | words[3]))
+                                  | ((words[4] | words[5]) | (words[6] | words[7]));
+        if ((any & highBits) != 0) {
+            break;
+        }
+    }
+    for (std::uint64_t word = 0; i + sizeof word <= bytes.size(); i += sizeof word) {
+        std::memcpy(&word, bytes.data() + i, sizeof word);
+        if ((word & highBits) != 0) {
             break;
         }
     }
