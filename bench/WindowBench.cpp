@@ -5,6 +5,7 @@
 #include "app/frmMain.h"
 #include "editor/MarkUp.h"
 #include "editor/TagStructure.h"
+#include "generate/TopicSigns.h"
 #include "model/ProjectFile.h"
 #include "tools/SpellingScan.h"
 #include "ui/Application.h"
@@ -70,6 +71,42 @@ void moveTopicUpAndDown(benchmark::State& state) {
     }
 }
 BENCHMARK(moveTopicUpAndDown)->Unit(benchmark::kMicrosecond);
+
+/// What the signs of wrong topics add to a key in a field that all topics are compared by, with the
+/// rows that are in view asked again.
+void signsOfAKey(benchmark::State& state) {
+    model::TopicOutline outline =
+        bench::sampleOutline(500, static_cast<std::size_t>(state.range(0)));
+    generate::TopicSigns signs(outline);
+    signs.reset(bench::sampleOptions());
+    constexpr int edited = 250;
+    for (auto _ : state) {
+        outline.at(edited).fileName += outline.at(edited).fileName.size() < 30 ? "x" : "";
+        signs.changed(edited);
+        for (int row = edited - 20; row < edited + 20; ++row) {
+            benchmark::DoNotOptimize(signs.problems(row));
+        }
+    }
+}
+BENCHMARK(signsOfAKey)->Arg(4 * 1024)->Arg(200 * 1024)->Unit(benchmark::kMicrosecond);
+
+/// The key as a whole, drawn.
+void keyInFileName(benchmark::State& state) {
+    OpenWindow open(largeProject());
+    open.window.showTopic(250);
+    open.window.txtFilename.setFocus();
+    int keys = 0;
+    for (auto _ : state) {
+        open.window.txtFilename.replaceSelection("x");
+        ui::Window::letEventsRun();
+        if (++keys % 20 == 0) {
+            state.PauseTiming();
+            open.window.txtFilename.selectAll();
+            state.ResumeTiming();
+        }
+    }
+}
+BENCHMARK(keyInFileName)->Unit(benchmark::kMicrosecond);
 
 /// The topic editor with a body in lines of ordinary length.
 struct OpenEditor {

@@ -27,7 +27,12 @@ std::size_t indexOf(int position) {
 /// Whether an address leads somewhere that can be looked for beside the project.
 bool isLocal(const Text& address) {
     return !address.empty() && protocolOf(address).empty() && !address.starts_with('/')
-           && !address.starts_with('\\') && address.front() != '#';
+           && !address.starts_with('\\') && address.front() != '#' && address.front() != '?';
+}
+
+/// From where the addresses of a topic count.
+Text folderOf(const Topic& topic) {
+    return pathFromPage(topic.fileName, {});
 }
 
 } // namespace
@@ -97,13 +102,13 @@ bool TopicSigns::isShared(const std::map<Text, int>& values, const Text& value) 
     return found != values.end() && found->second > 1;
 }
 
-/// Addresses are only read anew when the text, or the page from which they count, is another.
+/// Addresses are only read anew when the text, or the folder from which they count, is another.
 TopicSigns::Facts TopicSigns::factsOf(const Topic& topic, Facts before) {
     Facts facts = std::move(before);
     facts.page = topic.fileName.empty() ? Text() : placeKey(topic.fileName);
     facts.contextId = text::lowerCase(topic.contextId);
     facts.contextNumber = topic.contextNumber;
-    facts.isBodyRead = facts.isBodyRead && topic.fileName == facts.bodyFileName
+    facts.isBodyRead = facts.isBodyRead && folderOf(topic) == facts.bodyFolder
                        && std::hash<TextView>()(topic.body) == facts.bodyHash;
     return facts;
 }
@@ -114,7 +119,7 @@ const TopicSigns::Facts& TopicSigns::withBody(int position) const {
         const Topic& topic = outline_.at(position);
         facts.isBodyRead = true;
         facts.bodyHash = std::hash<TextView>()(topic.body);
-        facts.bodyFileName = topic.fileName;
+        facts.bodyFolder = folderOf(topic);
         facts.addresses = addressesOf(topic);
         facts.isEmpty = text::trim(text::oneLine(topic.body)).empty();
     }
@@ -131,8 +136,9 @@ std::vector<TopicSigns::Address> TopicSigns::addressesOf(const Topic& topic) {
             const Text address = value ? plainAddress(*value) : Text();
             if (isLocal(address)) {
                 const Text path = unescapedAddress(address.substr(0, address.find_first_of("#?")));
-                addresses.push_back({plainPlace(pathFromPage(topic.fileName, path)), address,
-                                     place.kind == FindingKind::picture});
+                const Text to = plainPlace(pathFromPage(topic.fileName, path));
+                addresses.push_back(
+                    {to, model::pageKey(to), address, place.kind == FindingKind::picture});
             }
         }
     }
@@ -141,8 +147,8 @@ std::vector<TopicSigns::Address> TopicSigns::addressesOf(const Topic& topic) {
 
 /// A page of the outline needs no file. Only what lies in the output folder is looked for.
 bool TopicSigns::exists(const Address& address) const {
-    const Text key = model::pageKey(address.place);
-    if (folder_.empty() || std::find(copied_.begin(), copied_.end(), key) != copied_.end()) {
+    if (folder_.empty()
+        || std::find(copied_.begin(), copied_.end(), address.key) != copied_.end()) {
         return address.isPicture;
     }
     if (address.place.starts_with("..") || !model::pageNameFault(address.place).empty()) {
@@ -183,7 +189,7 @@ Text TopicSigns::problems(int position) const {
         add("another topic has it, too", topic.contextNumber);
     }
     for (const Address& address : facts.addresses) {
-        if (!pages_.contains(model::pageKey(address.place)) && !exists(address)) {
+        if (!pages_.contains(address.key) && !exists(address)) {
             add(address.isPicture ? "the picture is missing" : "leads nowhere", address.written);
         }
     }

@@ -39,7 +39,8 @@ public:
 
 private:
     struct Address {
-        text::Text place;   ///< the key of the page or file to which it leads
+        text::Text place;   ///< the page or file to which it leads
+        text::Text key;     ///< by which that is looked for in the outline
         text::Text written; ///< as it stands in the text
         bool isPicture = false;
     };
@@ -50,7 +51,7 @@ private:
 
         // Of the text, which is read when somebody asks: most topics are not in view.
         bool isBodyRead = false;
-        text::Text bodyFileName; ///< for which the addresses hold
+        text::Text bodyFolder; ///< of its page, for which the addresses hold
         std::size_t bodyHash = 0;
         bool isEmpty = true;
         std::vector<Address> addresses;

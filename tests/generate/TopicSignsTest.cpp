@@ -48,4 +48,12 @@ TEST(TopicSigns, FollowWhatIsEdited) {
     outline.insert(1, topic(1, "d", "b.htm"));
     signs.inserted(1);
     EXPECT_EQ(signs.problems(1), "b.htm: another topic has the same page");
+
+    outline.at(1).body = "<a href='b.htm'>"; // another place from another folder
+    outline.at(1).fileName = "d.htm";
+    signs.changed(1);
+    EXPECT_EQ(signs.problems(1), "");
+    outline.at(1).fileName = "sub\\d.htm";
+    signs.changed(1);
+    EXPECT_EQ(signs.problems(1), "b.htm: leads nowhere");
 }
