@@ -138,6 +138,8 @@ constexpr MainCommand commands[] = {
      run<&frmMain::mnuViewTopicPane_Click>},
     {command, "mnuViewEditBeside", "&Edit Beside the Outline", nullptr, nullptr, nullptr, "Ctrl+E",
      run<&frmMain::mnuViewEditBeside_Click>},
+    {command, "mnuViewNextPart", "Go to &Next Part", nullptr, nullptr, nullptr, "F6",
+     run<&frmMain::mnuViewNextPart_Click>},
     {separator, "mnuViewBar0"},
     {command, "mnuViewFilter", "&Filter Topics", nullptr, nullptr, nullptr, "Ctrl+L",
      run<&frmMain::mnuViewFilter_Click>},

@@ -34,6 +34,7 @@ TopicPane::TopicPane(ui::Container& container, model::Project& project, TopicEdi
     editor_.ClosedByPerson.connect([this] {
         if (editor_.dock() != nullptr) {
             setEditsHere(false);
+            EditorLeft.raise();
         }
     });
 }

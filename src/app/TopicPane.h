@@ -47,6 +47,8 @@ public:
     void topicShown() { tmrPage.start(0); }
     void topicChanged();
 
+    ui::Event<> EditorLeft; ///< the author has closed it here
+
     /// Null before a page is shown.
     ui::Browser* browser() const { return brwTopic_.get(); }
 

@@ -112,6 +112,7 @@ void frmMain::connectControls() {
         mnuFileMRU_Click(slot);
     });
     UI_ON(splParts, Moved);
+    pane_.EditorLeft.connect([this] { lvLevels.setFocus(); });
     editor_.Neighbour.connect([this](int step) { editNeighbour(step); });
     UI_ON(lvLevels, ItemClick);
     UI_ON(lvLevels, DblClick);

@@ -157,6 +157,7 @@ public:
     void mnuFileGenerateAgain_Click() { generation_.generateAgain(); }
     void mnuViewTopicPane_Click();
     void mnuViewEditBeside_Click();
+    void mnuViewNextPart_Click();
     void mnuViewStoreUnasked_Click();
     void mnuHelpContents_Click() { help_.showPage(helpContext()); }
     void mnuHelpIndex_Click() { help_.showIndex(); }

@@ -214,6 +214,20 @@ void frmMain::mnuViewEditBeside_Click() {
     }
 }
 
+/// From the list to the text, to the page, and to the list again.
+void frmMain::mnuViewNextPart_Click() {
+    const bool hasText = pane_.hasEditor() && editor_.isOpen();
+    const bool inText = hasText && editor_.window()->txtBody.hasFocus();
+    const bool inList = lvLevels.hasFocus();
+    if (inList && hasText) {
+        editor_.window()->txtBody.setFocus();
+    } else if ((inList || inText) && pane_.isShown() && pane_.browser() != nullptr) {
+        pane_.browser()->setFocus();
+    } else {
+        lvLevels.setFocus();
+    }
+}
+
 void frmMain::mnuViewStoreUnasked_Click() {
     editor_.setStoresUnasked(!editor_.storesUnasked());
     settings_.setNumber("Main", "Store Unasked", editor_.storesUnasked() ? 1 : 0);

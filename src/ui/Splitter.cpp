@@ -1,5 +1,7 @@
 #include "ui/Splitter.h"
 
+#include <algorithm>
+
 #include <QSplitter>
 
 #include "ui/Twips.h"
@@ -21,9 +23,12 @@ int Splitter::firstWidth() const {
 
 void Splitter::setFirstWidth(int width) {
     auto& splitter = widgetOf<QSplitter>(*this);
-    const int first = toPixels(width);
     const bool stacked = splitter.orientation() == Qt::Vertical;
     const int all = stacked ? splitter.height() : splitter.width();
+    int first = toPixels(width);
+    if (stacked && splitter.isVisible()) {
+        first = std::min(first, all * 3 / 5); // in a low window, too, there is more than one
+    }
     splitter.setSizes({first, all > first ? all - first : first});
     splitter.setStretchFactor(0, 0);
     splitter.setStretchFactor(splitter.count() - 1, 1);

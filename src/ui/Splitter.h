@@ -16,7 +16,7 @@ public:
     NativeWidget& client() override { return native(); }
 
     /// The width of the first panel, or its height where they are stacked, in twips; the last one
-    /// takes what is left.
+    /// takes what is left. Of those that are stacked, the first gets three fifths at most.
     int firstWidth() const;
     void setFirstWidth(int width);
 

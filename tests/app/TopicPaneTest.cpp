@@ -112,7 +112,16 @@ TEST_F(frmMainTopicPane, TheEditorBesideTheOutlineHasItsOwnKeysAndItsOwnTopic) {
     EXPECT_EQ(topic(2).body, "x<p>second</p>");
 
     docked().txtBody.setFocus();
+    press("F6");
+    press("F6");
+    EXPECT_TRUE(window->lvLevels.hasFocus());
+    press("F6");
+    EXPECT_TRUE(docked().txtBody.hasFocus());
+    EXPECT_GT(placeOf(window->topicPane().pnlPage).height,
+              placeOf(window->topicPane().pnlEditor).height / 2);
+
     press("Ctrl+W"); // from now on in a window of its own
+    EXPECT_TRUE(window->lvLevels.hasFocus());
     EXPECT_TRUE(waitFor([this] { return window->editor() == nullptr; }));
     doubleClickRow(window->lvLevels, 2);
     EXPECT_FALSE(window->editor()->isDocked());
