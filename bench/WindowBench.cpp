@@ -1,4 +1,6 @@
 #include <benchmark/benchmark.h>
+#include <ctime>
+#include <thread>
 
 #include "ProgramFolder.h"
 #include "SampleProject.h"
@@ -28,11 +30,17 @@ fs::path largeProject() {
     return file;
 }
 
+/// Settings of nobody: what the measurement before has stored is forgotten.
+fs::path emptySettings() {
+    const fs::path file = fs::temp_directory_path() / "window_bench.ini";
+    fs::remove(file);
+    return file;
+}
+
 /// A main window with a project of 500 topics.
 struct OpenWindow {
     explicit OpenWindow(const fs::path& file)
-        : settings(fs::temp_directory_path() / "window_bench.ini"),
-          window(settings, bench::programFolder()) {
+        : settings(emptySettings()), window(settings, bench::programFolder()) {
         window.show();
         window.openFile(file);
         ui::Window::letEventsRun();
@@ -111,8 +119,7 @@ BENCHMARK(keyInFileName)->Unit(benchmark::kMicrosecond);
 /// The topic editor with a body in lines of ordinary length.
 struct OpenEditor {
     explicit OpenEditor(std::size_t bytes = 1024 * 1024)
-        : settings(fs::temp_directory_path() / "window_bench.ini"),
-          window(settings, bench::programFolder()) {
+        : settings(emptySettings()), window(settings, bench::programFolder()) {
         model::TopicOutline outline = bench::sampleOutline(1, bytes);
         window.project().replace(std::move(outline), {}, "bench.tsp");
         window.show();
@@ -152,6 +159,87 @@ void typeIntoMarkedBody(benchmark::State& state) {
     }
 }
 BENCHMARK(typeIntoMarkedBody)->Unit(benchmark::kMicrosecond);
+
+/// Milliseconds of a clock that began with it.
+class Stopwatch {
+public:
+    double milliseconds() const {
+        return std::chrono::duration<double, std::milli>(Clock::now() - begun_).count();
+    }
+    /// Of this thread, whatever other threads and programs did meanwhile.
+    double processor() const { return threadTime() - processor_; }
+
+private:
+    static double threadTime() {
+        timespec time{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return 1000.0 * static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e6;
+    }
+
+    using Clock = std::chrono::steady_clock;
+    Clock::time_point begun_ = Clock::now();
+    double processor_ = threadTime();
+};
+
+/// With everything that a body of 200 KB has around it: colours, marks, the docked editor and the
+/// page beside it. Keys come in pauses just long enough that the page is being made anew, and what
+/// is looked through is under way. "wait" is the longest that a key could have had to wait for
+/// something else, the counters with "cpu" leave out what other programs did meanwhile.
+void typeBesidePage(benchmark::State& state) {
+    const fs::path file = fs::temp_directory_path() / "window_bench_page.tsp";
+    model::Project project;
+    project.replace(bench::sampleOutline(1, 200 * 1024), bench::sampleOptions(), file);
+    if (model::saveProject(project, file)) {
+        state.SkipWithError("the sample cannot be saved");
+        return;
+    }
+    OpenWindow open(file);
+    open.window.showTopic(1);
+    open.window.mnuViewEditBeside_Click();
+    const auto rest = [](double milliseconds, double& wait, double& waitProcessor) {
+        const Stopwatch all;
+        while (all.milliseconds() < milliseconds) {
+            const Stopwatch one;
+            ui::Window::letEventsRun();
+            wait = std::max(wait, one.milliseconds());
+            waitProcessor = std::max(waitProcessor, one.processor());
+            std::this_thread::sleep_for(std::chrono::microseconds(200));
+        }
+    };
+    double ignored = 0;
+    double wait = 0;
+    double waitProcessor = 0;
+    double longest = 0;
+    double processor = 0;
+    double all = 0;
+    rest(3000, ignored, ignored);
+    editor::frmEditBody* editor = open.window.editor();
+    if (editor == nullptr || open.window.topicPane().browser() == nullptr) {
+        state.SkipWithError("there is no editor with a page");
+        return;
+    }
+    ui::HtmlBox& body = editor->txtBody;
+    body.select(body.countedText().size() / 2, 0);
+    rest(3000, ignored, ignored);
+    int keys = 0;
+    for (auto _ : state) {
+        const Stopwatch key;
+        body.replaceSelection("x");
+        editor->txtBody_Typed("x");
+        ui::Window::letEventsRun();
+        state.SetIterationTime(key.milliseconds() / 1000);
+        longest = std::max(longest, key.milliseconds());
+        processor = std::max(processor, key.processor());
+        all += key.processor();
+        rest(++keys % 3 == 0 ? 900 : 320, wait, waitProcessor);
+    }
+    state.counters = {{"longest", longest},
+                      {"longest_cpu", processor},
+                      {"cpu", all / keys},
+                      {"wait", wait},
+                      {"wait_cpu", waitProcessor}};
+}
+BENCHMARK(typeBesidePage)->UseManualTime()->Iterations(12)->Unit(benchmark::kMillisecond);
 
 text::Text bodyOf(std::size_t bytes) {
     return bench::sampleOutline(1, bytes).at(1).body;

@@ -44,13 +44,20 @@ enum class Access {
     owner  ///< the person alone
 };
 
-/// Replaces a file as a whole: an interruption at any moment leaves the old contents or the new
-/// ones. The bytes have reached the disk on return. A link keeps pointing where it pointed, an
-/// existing file keeps its permissions and attributes or less access, and a file that is
-/// write-protected is left alone. Other hard links to the old file keep the old contents.
-/// FileError::folderIsClosed means that overwriteFile() would do.
+/// When the bytes of a file have reached the disk. Waiting for a disk can take longer than a key
+/// may.
+enum class Arrival {
+    onReturn, ///< so that they survive whatever happens to the machine
+    some      ///< when the system likes: for what can be made again
+};
+
+/// Replaces a file as a whole: an interruption of the program at any moment leaves the old contents
+/// or the new ones, and so does one of the machine unless the bytes arrive at some time. A link
+/// keeps pointing where it pointed, an existing file keeps its permissions and attributes or less
+/// access, and a file that is write-protected is left alone. Other hard links to the old file keep
+/// the old contents. FileError::folderIsClosed means that overwriteFile() would do.
 std::error_code replaceFile(const std::filesystem::path& path, std::string_view bytes,
-                            Access access = Access::usual);
+                            Access access = Access::usual, Arrival arrival = Arrival::onReturn);
 
 /// Writes over a file where it lies, for one that cannot be replaced. Its old contents are first
 /// kept as `copy`, for the person alone, and stay there; without that nothing is written. An

@@ -13,7 +13,8 @@ std::error_code PreviewFile::write(const std::filesystem::path& file, text::Text
         std::filesystem::remove(file, ignored);
     }
     const text::Bytes bytes = text::CodePage().encoded(page, text::Missing::reference);
-    const std::error_code error = platform::replaceFile(file, bytes.value, platform::Access::owner);
+    const std::error_code error =
+        platform::replaceFile(file, bytes.value, platform::Access::owner, platform::Arrival::some);
     if (!error) {
         file_ = file;
     }

@@ -135,15 +135,13 @@ std::error_code flush(const File& file) {
     return ::fsync(file.descriptor()) == 0 ? std::error_code() : lastError();
 }
 
-/// Writes, flushes and closes.
-std::error_code fill(File& file, std::string_view bytes) {
+/// Writes, flushes where that is wanted, and closes.
+std::error_code fill(File& file, std::string_view bytes, Arrival arrival = Arrival::onReturn) {
     if (const std::error_code error = file.write(bytes)) {
         return error;
     }
-    if (const std::error_code error = flush(file)) {
-        return error;
-    }
-    return file.close();
+    const std::error_code error = arrival == Arrival::onReturn ? flush(file) : std::error_code();
+    return error ? error : file.close();
 }
 
 /// Whether a file that may be written cannot be exchanged because of the folder that it lies in, or
@@ -246,7 +244,8 @@ std::error_code writeInPlace(const fs::path& path, std::string_view bytes) {
     return fill(file, {});
 }
 
-std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access access) {
+std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access access,
+                            Arrival arrival) {
     if (bytes.size() > largestFile) {
         return failure(std::errc::file_too_large); // it could not be read again
     }
@@ -282,7 +281,7 @@ std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access
             error = lastError();
         }
         if (!error) {
-            error = fill(file, bytes);
+            error = fill(file, bytes, arrival);
         }
         if (!error && ::rename(temporary.c_str(), target.c_str()) != 0) {
             error = exchangeError(exists);

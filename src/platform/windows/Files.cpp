@@ -55,12 +55,13 @@ std::error_code writeAll(const Handle& file, std::string_view bytes) {
     return {};
 }
 
-/// Writes, flushes and closes.
-std::error_code fill(Handle& file, std::string_view bytes) {
+/// Writes, flushes where that is wanted, and closes.
+std::error_code fill(Handle& file, std::string_view bytes, Arrival arrival = Arrival::onReturn) {
     if (const std::error_code error = writeAll(file, bytes)) {
         return error;
     }
-    return FlushFileBuffers(file.get()) != FALSE && file.close() ? std::error_code() : lastError();
+    const bool arrived = arrival == Arrival::some || FlushFileBuffers(file.get()) != FALSE;
+    return arrived && file.close() ? std::error_code() : lastError();
 }
 
 /// Whether what is written here would arrive under another name, too.
@@ -276,7 +277,8 @@ std::error_code writeInPlace(const fs::path& path, std::string_view bytes) {
     return SetEndOfFile(file.get()) != FALSE ? fill(file, {}) : lastError();
 }
 
-std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access /*access*/) {
+std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access /*access*/,
+                            Arrival arrival) {
     if (bytes.size() > largestFile) {
         return failure(std::errc::file_too_large); // it could not be read again
     }
@@ -312,7 +314,7 @@ std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access
             return exists && GetLastError() == ERROR_ACCESS_DENIED ? FileError::folderIsClosed
                                                                    : lastError();
         }
-        std::error_code error = fill(file, bytes);
+        std::error_code error = fill(file, bytes, arrival);
         if (!error) {
             if (exists) {
                 takeOverPermissions(name, temporaryFile);
