@@ -8,6 +8,7 @@
 #include "generate/PageAddress.h"
 #include "generate/PageNavigation.h"
 #include "model/PagePath.h"
+#include "model/Variables.h"
 #include "platform/Files.h"
 #include "text/Address.h"
 #include "text/CodePage.h"
@@ -62,7 +63,7 @@ BookTexts::BookTexts(const model::Project& project, BookPictures& pictures, Book
 /// What the author wrote is kept apart, so that no tag of one piece reaches into the next.
 std::vector<Text> BookTexts::pieces(int position) const {
     const model::ProjectOptions& options = project_.options();
-    std::vector<Text> pieces = {project_.outline().at(position).body};
+    std::vector<Text> pieces = {model::shownBody(project_.outline().at(position), options)};
     const bool isOnPages = shape_ == BookShape::pages;
     if (isOnPages) {
         generate::appendTopicLists(pieces.emplace_back(), project_.outline(), options, position);

@@ -3,7 +3,9 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 
+#include "book/PrintPage.h"
 #include "model/ProjectFile.h"
+#include "model/Variables.h"
 #include "platform/Files.h"
 #include "support/TestFiles.h"
 
@@ -174,6 +176,19 @@ TEST_F(EpubTest, HoldsBeforeAnotherProgramsEyes) {
     EXPECT_EQ(unpacked("hostile.epub", "book/author.css"),
               "p {color:red}\nh1 {background:url(\"images/p1.jpg\");margin:1px 2px}\n"
               "@media print {\np {color:#123}\n}\np:hover {content:\"x\"}\n.\u00E9 {color:blue}\n");
+}
+
+TEST_F(EpubTest, BooksShowWhatTheVariablesStandFor) {
+    ProjectOptions options;
+    setVariables(options, {{"version", "<b>1.2"}, {"place", "<a id=there></a>"}});
+    project.replace(test::outlineOf({topic(1, "{{version}}", "a.htm", "<p>{{Version}} {{x}}"),
+                                     topic(1, "B", "b.htm", "{{place}}<a href='#there'>x</a>")}),
+                    options, folder / "p.tsp");
+    EXPECT_TRUE(write("v.epub").notes.empty()) << "the place is one of the book";
+    const std::string shown = "<b>1.2 {{x}}</b>";
+    EXPECT_NE(unpacked("v.epub", "book/t1.xhtml").find(shown), std::string::npos);
+    EXPECT_NE(book::PrintPage(project, test::programFolder()).html({}).find(shown),
+              std::string::npos);
 }
 
 TEST_F(EpubTest, TheManualIsABook) {
