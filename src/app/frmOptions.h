@@ -98,8 +98,9 @@ public:
     ui::Label lblVariables{
         pnlVariables,
         "One variable a line, such as version=1.2. Where the text of a topic has {{version}}, "
-        "pages, documentation and preview have 1.2. The file is then of a kind that earlier "
-        "versions of this program cannot open.",
+        "pages, books, documentation and preview have 1.2. In a value, {{today}} is the day on "
+        "which they are made. The file is then of a kind that earlier versions of this program "
+        "cannot open.",
         &txtVariables};
     ui::Label lblAdditional{pnlAdditional,
                             "Any &HTML code entered here will be displayed on the First (Overview) "

@@ -1,31 +1,13 @@
 #include "batch/BatchStart.h"
 
-#include <charconv>
-#include <cstdlib>
-#include <cstring>
 #include <exception>
 #include <iostream>
 #include <new>
 
+#include "platform/Clock.h"
 #include "platform/Process.h"
 
 namespace batch {
-
-namespace {
-
-/// The time that a build wants to stand in what it makes.
-std::optional<std::int64_t> sourceTime() {
-    const char* text =
-        std::getenv("SOURCE_DATE_EPOCH"); // NOLINT(concurrency-mt-unsafe): no threads
-    std::int64_t time = 0;
-    if (text == nullptr
-        || std::from_chars(text, text + std::strlen(text), time).ec != std::errc()) {
-        return {};
-    }
-    return time;
-}
-
-} // namespace
 
 int startBatch(int argc, char* argv[], const char* program, int failed,
                int (*run)(BatchSession& session, const Arguments& arguments)) {
@@ -35,7 +17,7 @@ int startBatch(int argc, char* argv[], const char* program, int failed,
         std::ios::sync_with_stdio(false);
         Console console(std::cout, std::cerr);
         BatchSession session{console, platform::programFolder(), program};
-        session.sourceTime = sourceTime();
+        session.sourceTime = platform::sourceTime();
         session.isAtTerminal = platform::isAtTerminal();
         return run(session, platform::programArguments(argc, argv));
     } catch (const std::bad_alloc&) {

@@ -70,7 +70,7 @@ Text previewPage(TextView title, TextView body, const model::ProjectOptions& opt
                    "\">");
     }
     appendLine(page, "<h1>", title, "</h1>");
-    const Text shown = model::withVariables(body, model::variablesOf(options));
+    const Text shown = model::withVariables(body, model::shownVariables(options));
     appendLine(page, withAbsolutePictures(shown, projectFolder));
     appendLine(page, "</body>");
     appendLine(page, "</html>");

@@ -43,8 +43,8 @@ bool isUnedited(const ProtectedBlock& block, TextView shownBody) {
 /// values than those of now, and nothing else, was generated with them.
 GeneratedPage withNames(const ProtectedBlock& block, const Topic& topic,
                         const ProjectOptions& options) {
-    const auto variables = model::variablesOf(options);
     const Text body = text::withLineBreaks(topic.body);
+    const auto variables = variablesOfPage(body, options, block.content);
     if (!variables.empty() && block.hasGeneratedLength(options.codePage())
         && differsInValuesOnly(body, variables, block.content)) {
         return {};

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/Clock.h"
+
 namespace importer {
 
 using model::Variable;
@@ -210,6 +212,31 @@ int findWords(const Words& words, const Group& group, const Words& page, int fro
 }
 
 } // namespace
+
+std::vector<Variable> variablesOfPage(TextView body, const model::ProjectOptions& options,
+                                      TextView edited) {
+    const auto plain = model::variablesOf(options);
+    const auto showsAll = [&](const std::vector<Variable>& dated) {
+        const auto uses = model::variableUses(body, dated);
+        return std::all_of(uses.begin(), uses.end(), [&](const VariableUse& use) {
+            return use.variable == nullptr
+                   || *use.variable == plain[static_cast<std::size_t>(use.variable - dated.data())]
+                   || edited.find(use.variable->value) != TextView::npos;
+        });
+    };
+    constexpr std::chrono::days longAgo(1000);
+    const std::chrono::sys_days today = platform::today();
+    const auto now = model::datedVariables(options, today);
+    if (now == plain) {
+        return now;
+    }
+    for (std::chrono::days back(0); back < longAgo; ++back) {
+        if (auto dated = model::datedVariables(options, today - back); showsAll(dated)) {
+            return dated;
+        }
+    }
+    return now;
+}
 
 bool differsInValuesOnly(TextView body, const std::vector<Variable>& variables, TextView edited) {
     std::size_t done = 0;

@@ -7,6 +7,11 @@
 /// Bodies whose pages show the values of variables, when the pages were edited.
 namespace importer {
 
+/// The variables with the day on which a page was generated, where their values hold one: the last
+/// day whose dates the page shows. Today, when that cannot be found out.
+std::vector<model::Variable>
+variablesOfPage(text::TextView body, const model::ProjectOptions& options, text::TextView edited);
+
 /// Whether a page's text is a body with any values in place of its variables: with those of an
 /// earlier generation, say.
 bool differsInValuesOnly(text::TextView body, const std::vector<model::Variable>& variables,

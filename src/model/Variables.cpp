@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/Clock.h"
 #include "text/TextLines.h"
 
 namespace model {
@@ -16,6 +17,8 @@ namespace {
 constexpr TextView keyStart = "variable."; // in small letters
 constexpr TextView nameStart = "{{";
 constexpr TextView nameEnd = "}}";
+constexpr TextView todayStart = "{{today";
+constexpr TextView usualDate = "YYYY-MM-DD";
 
 bool isNameCharacter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_'
@@ -63,6 +66,52 @@ void forLines(TextView lines, const Take& take) {
     }
 }
 
+/// A day in digits, as in "D.M.YYYY".
+Text dateAs(TextView form, std::chrono::sys_days day) {
+    const std::chrono::year_month_day date(day);
+    struct Part {
+        TextView sign;
+        unsigned value;
+    };
+    const Part parts[] = {{"YYYY", static_cast<unsigned>(static_cast<int>(date.year()))},
+                          {"MM", static_cast<unsigned>(date.month())},
+                          {"DD", static_cast<unsigned>(date.day())},
+                          {"M", static_cast<unsigned>(date.month())},
+                          {"D", static_cast<unsigned>(date.day())}};
+    Text made;
+    while (!form.empty()) {
+        const auto* const part =
+            std::find_if(std::begin(parts), std::end(parts),
+                         [form](const Part& p) { return form.starts_with(p.sign); });
+        if (part == std::end(parts)) {
+            made += form.front();
+            form.remove_prefix(1);
+            continue;
+        }
+        const Text digits = std::to_string(part->value);
+        made.append(part->sign.size() - std::min(part->sign.size(), digits.size()), '0') += digits;
+        form.remove_prefix(part->sign.size());
+    }
+    return made;
+}
+
+Text withDay(TextView value, std::chrono::sys_days day) {
+    Text made;
+    for (std::size_t found = 0; (found = value.find(todayStart)) != TextView::npos;) {
+        const TextView rest = value.substr(found + todayStart.size());
+        const std::size_t end = rest.find(nameEnd);
+        if (end == TextView::npos || (end > 0 && rest.front() != ':')) {
+            append(made, value.substr(0, found + todayStart.size()));
+            value = rest;
+            continue;
+        }
+        append(made, value.substr(0, found),
+               dateAs(end > 0 ? rest.substr(1, end - 1) : usualDate, day));
+        value = rest.substr(end + nameEnd.size());
+    }
+    return made + Text(value);
+}
+
 } // namespace
 
 std::vector<Variable> variablesOf(const ProjectOptions& options) {
@@ -76,6 +125,19 @@ std::vector<Variable> variablesOf(const ProjectOptions& options) {
         }
     });
     return variables;
+}
+
+std::vector<Variable> datedVariables(const ProjectOptions& options, std::chrono::sys_days day) {
+    std::vector<Variable> variables = variablesOf(options);
+    for (Variable& variable : variables) {
+        variable.value = withDay(variable.value, day);
+    }
+    return variables;
+}
+
+std::vector<Variable> shownVariables(const ProjectOptions& options) {
+    return options.otherKeys.empty() ? std::vector<Variable>()
+                                     : datedVariables(options, platform::today());
 }
 
 void setVariables(ProjectOptions& options, const std::vector<Variable>& variables) {
@@ -139,7 +201,7 @@ Text withVariables(TextView body, const std::vector<Variable>& variables) {
 }
 
 Text shownBody(const Topic& topic, const ProjectOptions& options) {
-    return withVariables(topic.body, variablesOf(options));
+    return withVariables(topic.body, shownVariables(options));
 }
 
 } // namespace model

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <vector>
 
@@ -7,7 +8,9 @@
 #include "model/Topic.h"
 
 /// Texts with names that bodies refer to as "{{name}}". They stand in the head of a project file of
-/// format 2, as "Variable.name=value", which earlier versions keep without understanding it.
+/// format 2, as "Variable.name=value", which earlier versions keep without understanding it. In a
+/// value, "{{today}}" is the day on which something is made of the project, as in 2026-02-01;
+/// "{{today:D.M.YYYY}}" is 1.2.2026, with MM and DD for two digits.
 namespace model {
 
 struct Variable {
@@ -18,6 +21,13 @@ struct Variable {
 
 /// In the order in which they were defined; of several with one name, the last one.
 std::vector<Variable> variablesOf(const ProjectOptions& options);
+
+/// With the day in the values that want it.
+std::vector<Variable> datedVariables(const ProjectOptions& options, std::chrono::sys_days day);
+
+/// As what is made of the project now shows them.
+std::vector<Variable> shownVariables(const ProjectOptions& options);
+
 void setVariables(ProjectOptions& options, const std::vector<Variable>& variables);
 
 /// Lines of "name=value", as an author writes them; empty ones do not count. Nothing when a line is

@@ -7,6 +7,7 @@
 #include "generate/TopicPage.h"
 #include "import/EditedPages.h"
 #include "import/Synchroniser.h"
+#include "platform/Clock.h"
 #include "support/TestFiles.h"
 
 using namespace importer;
@@ -58,6 +59,24 @@ TEST(VariableNames, GiveTheEditedTextAgain) {
         }
     }
     EXPECT_GT(kept, 1500) << "refusing everything would be no way";
+}
+
+TEST(VariableNames, StandForTheDayOnWhichAPageWasGenerated) {
+    model::ProjectOptions options;
+    setVariables(options, {{"v", "7"}, {"date", "{{today:D.M.YYYY}}"}, {"unused", "{{today}}"}});
+    const Text body = "<p>{{v}} of {{date}}</p>";
+    const auto madeOn = [&](std::chrono::sys_days day) {
+        return withVariables(body, datedVariables(options, day));
+    };
+    const std::chrono::sys_days today = platform::today();
+    for (const int back : {0, 1, 40, 999}) {
+        const Text edited = "New. " + madeOn(today - std::chrono::days(back));
+        const auto variables = variablesOfPage(body, options, edited);
+        EXPECT_EQ(withVariableNames(body, variables, edited), "New. " + body) << back;
+    }
+    const Text edited = "<p>7 of 1.1.</p>";
+    EXPECT_EQ(withVariableNames(body, variablesOfPage(body, options, edited), edited), std::nullopt)
+        << "the date was edited";
 }
 
 TEST(VariableNames, SurviveGeneratingEditingAndSynchronising) {

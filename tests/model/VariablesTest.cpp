@@ -4,6 +4,7 @@
 
 #include "model/FormatLoss.h"
 #include "model/ProjectFormat.h"
+#include "platform/Clock.h"
 #include "support/TestFiles.h"
 
 using namespace model;
@@ -27,6 +28,31 @@ TEST(Variables, StandInTheHeadOfFormatTwo) {
     EXPECT_EQ(losses[0].what, "variables");
     setVariables(options, {});
     EXPECT_EQ(formatFor(options), ProjectFormat::one);
+}
+
+TEST(Variables, HoldTheDayOnWhichSomethingIsMade) {
+    ProjectOptions options;
+    setVariables(options, {{"date", "{{today}}"},
+                           {"short", "on {{today:D.M.YYYY}}, {{today:MM/DD/YYYY}}"},
+                           {"other", "{{todays}} {{today {{today:"},
+                           {"plain", "D.M."}});
+    using namespace std::chrono;
+    const auto on = [&options](int y, int m, int d) {
+        Text values;
+        for (const Variable& variable : datedVariables(options, year(y) / m / d)) {
+            values += variable.value + '|';
+        }
+        return values;
+    };
+    EXPECT_EQ(on(2026, 2, 1),
+              "2026-02-01|on 1.2.2026, 02/01/2026|{{todays}} {{today {{today:|D.M.|");
+    EXPECT_EQ(on(2024, 12, 31),
+              "2024-12-31|on 31.12.2024, 12/31/2024|{{todays}} {{today {{today:|D.M.|");
+    EXPECT_EQ(variablesOf(options)[0].value, "{{today}}") << "it is defined once for all days";
+    Topic topic;
+    topic.body = "{{date}} {{today}}";
+    EXPECT_EQ(shownBody(topic, options),
+              datedVariables(options, platform::today())[0].value + " {{today}}");
 }
 
 TEST(Variables, AreWrittenAsLinesOfNameAndValue) {

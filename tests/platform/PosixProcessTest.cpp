@@ -1,4 +1,5 @@
 #include <csignal>
+#include <cstdlib>
 #include <fcntl.h>
 #include <functional>
 #include <gtest/gtest.h>
@@ -6,6 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "platform/Clock.h"
 #include "platform/Files.h"
 #include "platform/Process.h"
 #include "support/Sanitized.h"
@@ -27,6 +29,23 @@ int endOf(const std::function<int()>& something) {
 }
 
 } // namespace
+
+TEST(PosixProcess, TheDayIsThatOfTheSourcesWhereABuildSaysSo) {
+    const auto dayWith = [](const char* time) {
+        return endOf([time] {
+            ::setenv("TZ", "Pacific/Kiritimati", 1); // where it is the next day for long
+            ::setenv("SOURCE_DATE_EPOCH", time, 1);
+            const auto day = platform::today();
+            const bool isLocal = day == std::chrono::floor<std::chrono::days>(
+                                     std::chrono::system_clock::now() + std::chrono::hours(14));
+            return day == std::chrono::year(2026) / 2 / 1 ? 1 : isLocal ? 2 : 3;
+        });
+    };
+    constexpr int exited = 256;
+    EXPECT_EQ(dayWith("1769990399"), 1 * exited);
+    EXPECT_EQ(dayWith("1769904000"), 1 * exited);
+    EXPECT_EQ(dayWith("yesterday"), 2 * exited);
+}
 
 TEST(PosixProcess, AConfinedProgramReadsOneFileAndDoesNothingElse) {
     if (test::isSanitized) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/Variables.h"
 #include "platform/FileState.h"
 #include "support/TestFiles.h"
 
@@ -61,6 +62,16 @@ TEST_F(WebSite, LinksLeadToPagesHoweverTheyAreSpelt) {
     EXPECT_TRUE(pageHas("html/sub/deep.htm", "<h1>A &lt; B</h1>\r\n<a href='../start.htm'>8</a>"));
     EXPECT_TRUE(pageHas("html/sub/deep.htm", "<link rel=\"up\" href=\"../C%23%20Caf%C3%A9.htm\">"));
     EXPECT_TRUE(pageHas("index.html", "<base href=\"html/start.htm\">"));
+}
+
+TEST_F(WebSite, ShowsWhatTheVariablesStandFor) {
+    model::ProjectOptions options;
+    setVariables(options, {{"version", "1.2 <i>beta</i>"}, {"next", "b.htm"}});
+    generate(test::outlineOf({topic(1, "A", "a.htm", "<p>{{version}} {{x}} <a href='{{next}}'>"),
+                              topic(1, "B", "b.htm")}),
+             options);
+    EXPECT_TRUE(pageHas("html/a.htm", "<p>1.2 <i>beta</i> {{x}} <a href='b.htm'>"))
+        << page("html/a.htm");
 }
 
 TEST_F(WebSite, NamesThatCollideOrClimbAreHandledAsInTheHelp) {
