@@ -4,6 +4,7 @@
 
 #include "support/TestFiles.h"
 #include "text/CharacterReferences.h"
+#include "tools/SpellingScan.h"
 
 using namespace tools;
 using text::characterReferenceAt;
@@ -121,6 +122,24 @@ TEST(Dictionary, KnowsItsEncoding) {
         EXPECT_FALSE(dictionary->knows("caffé"));
         EXPECT_EQ(dictionary->suggestions("caffé").front(), "café");
     }
+}
+
+TEST_F(SpellingTest, WhileTypingLeavesOutTagsAndVariables) {
+    const auto unknown = [this](const Text& text) {
+        SpellingScan scan(text, *dictionary, personal);
+        while (scan.goOn(1)) {
+        }
+        Text words;
+        for (const SpellingWord& word : scan.unknown()) {
+            words += word.letters + ' ';
+        }
+        return words;
+    };
+    EXPECT_EQ(unknown("qqa <b>qqb</b> qqc"), "qqa qqb qqc ");
+    EXPECT_EQ(unknown("qqa <qqb qqc='qqd\nqqe"), "qqa qqe ") << "nobody has ended the tag yet";
+    EXPECT_EQ(unknown("qqa </qqb"), "qqa ");
+    EXPECT_EQ(unknown("qqa < qqb {qqc}} {{qqd}"), "qqa qqb qqc qqd ") << "these are neither";
+    EXPECT_EQ(unknown("{{qqa}} {{qqb-qqc}}qqe{{qqf}}"), "qqe ");
 }
 
 TEST_F(SpellingTest, ComesBackUnchangedToTheByte) {
