@@ -166,6 +166,7 @@ void frmReplace::cmdFind_Click() {
     if (!makeSearch() || !host_.storeEdits()) {
         return;
     }
+    activate(); // the editor may have asked
     clearRows();
     nextTopic_ = 1;
     isAsked_ = true;
@@ -254,6 +255,7 @@ void frmReplace::cmdReplace_Click() {
     if (!replaced) {
         return;
     }
+    activate(); // likewise
     clearRows();
     changeQuestion();
     Text state = counted(replaced->places, "place") + " in " + counted(replaced->topics, "topic")
