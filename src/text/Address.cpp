@@ -9,12 +9,15 @@ namespace {
 
 constexpr TextView slashes = "/\\";
 
-constexpr TextView plainCharacters =
-    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789/-._~";
+/// Letters and digits of ASCII, and "-./_~".
+bool isPlain(char byte) {
+    const auto within = [byte](char first, char last) { return byte >= first && byte <= last; };
+    return within('a', 'z') || within('A', 'Z') || within('-', '9') || byte == '_' || byte == '~';
+}
 
 void appendEscaped(Text& address, char byte) {
     constexpr TextView digits = "0123456789ABCDEF";
-    if (plainCharacters.find(byte) != TextView::npos) {
+    if (isPlain(byte)) {
         address += byte;
     } else {
         const auto code = static_cast<unsigned char>(byte);
@@ -73,6 +76,7 @@ Text unescaped(TextView address) {
 
 Text escapedAddress(TextView path) {
     Text address;
+    address.reserve(path.size());
     for (const char byte : path) {
         appendEscaped(address, byte);
     }

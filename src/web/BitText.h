@@ -50,12 +50,66 @@ public:
 
     std::size_t size() const { return text_.size(); }
 
-private:
     static constexpr unsigned groupSize = 13;
 
+private:
     text::Text text_;
     std::size_t value_ = 0;
     unsigned count_ = 0;
+};
+
+/// Takes such numbers off a text. Behind its end, all bits are 1, which ends every number.
+class BitReader {
+public:
+    explicit BitReader(text::TextView text) : symbols_(text, {}) {}
+
+    std::size_t takeBits(unsigned bits) {
+        std::size_t number = 0;
+        while (bits > left_) {
+            bits -= left_;
+            number |= (group_ & mask(left_)) << bits;
+            fill();
+        }
+        left_ -= bits;
+        return number | (group_ >> left_ & mask(bits));
+    }
+
+    std::size_t takeGamma() {
+        constexpr unsigned most = 31;
+        unsigned bits = 0;
+        while (bits < most && !takeBit()) {
+            ++bits;
+        }
+        return std::size_t(1) << bits | takeBits(bits);
+    }
+
+    std::size_t takeRice(unsigned bits) {
+        std::size_t high = 0;
+        while (!isBehind_ && takeBit()) {
+            ++high;
+        }
+        return high << bits | takeBits(bits);
+    }
+
+    bool takeBit() { return takeBits(1) != 0; }
+
+    bool isBehind() const { return isBehind_; }
+
+private:
+    static std::size_t mask(unsigned bits) { return (std::size_t(1) << bits) - 1; }
+
+    void fill() {
+        left_ = BitText::groupSize;
+        isBehind_ = symbols_.atEnd();
+        group_ = symbols_.takeSymbol() * symbolCount;
+        group_ += symbols_.takeSymbol();
+        group_ = isBehind_ ? mask(left_) : group_;
+    }
+
+    SymbolReader symbols_;
+    std::size_t group_ = 0;
+    unsigned left_ = 0;
+    bool isBehind_ = false;
 };
 
 } // namespace web

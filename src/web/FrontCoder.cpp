@@ -22,6 +22,22 @@ std::size_t sharedLength(TextView a, TextView b) {
     return length;
 }
 
+/// The bytes that a script counts as so many.
+std::size_t bytesOf(TextView utf8, std::size_t scriptUnits) {
+    std::size_t bytes = text::asciiLength(utf8.substr(0, scriptUnits));
+    scriptUnits -= bytes;
+    while (bytes < utf8.size() && scriptUnits > 0) {
+        TextView rest = utf8.substr(bytes);
+        text::takeUtf8(rest);
+        const std::size_t length = utf8.size() - bytes - rest.size();
+        constexpr std::size_t longest = 4;
+        const std::size_t units = length == longest ? 2 : 1;
+        bytes += length;
+        scriptUnits -= std::min(units, scriptUnits);
+    }
+    return bytes;
+}
+
 } // namespace
 
 std::size_t scriptLength(TextView utf8) {
@@ -32,6 +48,22 @@ std::size_t scriptLength(TextView utf8) {
         length += static_cast<unsigned char>(byte) >= firstOfFour ? 1U : 0U;
     }
     return length;
+}
+
+TextView SymbolReader::takeLetters(std::size_t scriptUnits) {
+    const TextView letters = text_.substr(0, bytesOf(text_, scriptUnits));
+    text_.remove_prefix(letters.size());
+    return letters;
+}
+
+const text::Text& FrontDecoder::take(SymbolReader& reader) {
+    const std::size_t both = reader.takeSymbol();
+    const bool isSmall = both < small * small;
+    const std::size_t shared = isSmall ? both / small : reader.takeNumber();
+    const std::size_t others = isSmall ? both % small + 1 : reader.takeNumber();
+    word_.resize(bytesOf(word_, shared));
+    word_ += reader.takeLetters(others);
+    return word_;
 }
 
 void FrontCoder::append(text::Text& out, TextView word) {

@@ -19,6 +19,16 @@ private:
     text::TextView before_;
 };
 
+/// Reads them again.
+class FrontDecoder {
+public:
+    /// The next word; it stays until the next call.
+    const text::Text& take(SymbolReader& reader);
+
+private:
+    text::Text word_;
+};
+
 /// How long a text is for a script, which counts units of UTF-16.
 std::size_t scriptLength(text::TextView utf8);
 

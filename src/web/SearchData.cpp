@@ -3,8 +3,8 @@
 #include <charconv>
 
 #include "generate/TopicPage.h"
-#include "web/SearchIndex.h"
 #include "web/SearchTexts.h"
+#include "web/SearchUpdate.h"
 #include "web/SiteData.h"
 #include "workshop/WordLetters.h"
 
@@ -15,8 +15,6 @@ using text::Text;
 using text::TextView;
 
 namespace {
-
-constexpr std::size_t textsSize = 8000; ///< of the packed texts in one file
 
 /// Ranges of characters as classes of regular expressions have them.
 Text ranges(std::span<const workshop::LetterRange> letters) {
@@ -41,16 +39,56 @@ Text call(TextView what, std::size_t number, TextView value) {
     return text;
 }
 
-SearchIndex indexOf(const model::TopicOutline& outline, const SiteMap& map,
-                    const std::vector<Text>& texts) {
-    SearchIndex index;
-    for (int position = 1; position <= map.count(); ++position) {
-        if (!map.hasPage(position)) {
-            continue;
+} // namespace
+
+Text wordsPlace(std::size_t number) {
+    return "site/words/" + std::to_string(number) + ".js";
+}
+
+Text textsPlace(std::size_t number) {
+    return "site/texts/" + std::to_string(number) + ".js";
+}
+
+void TextsFile::append(TextView packed) {
+    text::append(values_, values_.empty() ? "" : ",\n", scriptText(packed));
+    size_ += packed.size();
+}
+
+SearchData::SearchData(const model::TopicOutline& outline, const SiteMap& map,
+                       const SiteFolder& folder)
+    : outline_(outline), map_(map), folder_(folder), state_(SearchState::of(outline, map)) {
+    for (std::size_t page = 1; page < state_.pages.size(); ++page) {
+        if (map_.hasPage(static_cast<int>(page))) {
+            pages_.push_back(page);
         }
-        const auto page = static_cast<std::size_t>(position);
-        index.add(page, map.at(position).title, true);
-        for (const TextView keyword : generate::keywordsOf(outline.at(position))) {
+    }
+    const auto text = folder_.contentsOf(Text(statePlace));
+    const auto before = text ? SearchState::parse(*text) : std::nullopt;
+    if (before && differsLittle(*before)) {
+        isUpdated_ = std::async([this, before] { return update(*before); });
+    } else {
+        hasTexts_ = std::async([this] { texts_ = textsOf(pages_); });
+        isPacked_ = std::async([this] {
+            hasTexts_.get();
+            packAll();
+        });
+    }
+}
+
+SearchData::Texts SearchData::textsOf(const std::vector<std::size_t>& pages) const {
+    Texts texts(state_.pages.size());
+    for (const std::size_t page : pages) {
+        texts[page] = plainText(outline_.at(static_cast<int>(page)).body);
+    }
+    return texts;
+}
+
+SearchIndex SearchData::indexOf(const std::vector<std::size_t>& pages, const Texts& texts) const {
+    SearchIndex index;
+    for (const std::size_t page : pages) {
+        const auto position = static_cast<int>(page);
+        index.add(page, map_.at(position).title, true);
+        for (const TextView keyword : generate::keywordsOf(outline_.at(position))) {
             index.add(page, plainLine(keyword), true);
         }
         index.add(page, texts[page], false);
@@ -58,75 +96,140 @@ SearchIndex indexOf(const model::TopicOutline& outline, const SiteMap& map,
     return index;
 }
 
-std::vector<Text> textsOf(const model::TopicOutline& outline, const SiteMap& map) {
-    std::vector<Text> texts(static_cast<std::size_t>(map.count()) + 1);
-    for (int position = 1; position <= map.count(); ++position) {
-        if (map.hasPage(position)) {
-            texts[static_cast<std::size_t>(position)] = plainText(outline.at(position).body);
+/// Whether what is in the folder can be changed instead of made anew. Numbers that were given to
+/// the parts of other texts pack less and less.
+bool SearchData::differsLittle(const SearchState& before) {
+    constexpr std::size_t fewest = 20;
+    constexpr std::size_t least = 5; // times as many pages as may be packed anew
+    const std::vector<std::uint64_t>& pages = before.pages;
+    if (before.maker != state_.maker || pages.size() != state_.pages.size()
+        || pages.size() <= fewest) {
+        return false;
+    }
+    for (std::size_t page = 1; page < pages.size(); ++page) {
+        if (pages[page] != state_.pages[page]) {
+            if (pages[page] == 0 || state_.pages[page] == 0) {
+                return false;
+            }
+            changed_.push_back(page);
         }
     }
-    return texts;
-}
-
-} // namespace
-
-SearchData::Packed SearchData::pack(const std::shared_future<Texts>& future) {
-    const Texts& texts = future.get();
-    const SearchTexts packing(texts);
-    Packed packed = {{}, packing.table(), packing.split()};
-    for (std::size_t page = 1; page < texts.size(); ++page) {
-        const Text text = packing.packed(page);
-        if (packed.files.empty() || packed.files.back().size + text.size() > textsSize) {
-            packed.files.push_back({page, 0, {}});
-        }
-        TextsFile& file = packed.files.back();
-        append(file.values, file.values.empty() ? "" : ",\n", scriptText(text));
-        file.size += text.size();
+    if ((before.changes + changed_.size()) * least > pages.size()) {
+        return false;
     }
-    return packed;
+    bool isThere = folder_.isAsWritten(Text(partsPlace)) && folder_.isAsWritten(Text(searchPlace));
+    for (std::size_t i = 0; i < before.wordFiles; ++i) {
+        isThere = isThere && folder_.isAsWritten(wordsPlace(i));
+    }
+    for (std::size_t i = 0; i < before.firstPages.size(); ++i) {
+        isThere = isThere && folder_.isAsWritten(textsPlace(i));
+    }
+    return isThere;
 }
 
-Text SearchData::directory(const std::vector<SearchIndex::Piece>& pieces,
-                           const Packed& packed) const {
+bool SearchData::update(const SearchState& before) {
+    SearchUpdate update(folder_, before);
+    if (!changed_.empty()) {
+        const Texts texts = textsOf(changed_);
+        if (!update.replace(changed_, indexOf(changed_, texts), texts)) {
+            return false;
+        }
+        made_ = {update.firstWords(), update.pieces(), update.textFiles(), {}};
+    }
+    state_.changes = before.changes + changed_.size();
+    state_.wordFiles = before.wordFiles;
+    state_.split = before.split;
+    state_.firstPages = before.firstPages;
+    return true;
+}
+
+void SearchData::packAll() {
+    const SearchTexts packing(texts_);
+    std::vector<TextsFile> files;
+    for (std::size_t page = 1; page < texts_.size(); ++page) {
+        const Text packed = packing.packed(page);
+        if (files.empty() || files.back().size() + packed.size() > TextsFile::usualSize) {
+            files.emplace_back();
+            state_.firstPages.push_back(page);
+        }
+        files.back().append(packed);
+    }
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        made_.textFiles[i] = files[i].values();
+    }
+    made_.table = packing.table();
+    state_.split = packing.split();
+}
+
+/// All of it, with the texts that another thread makes.
+void SearchData::finish() {
+    if (isUpdated_.valid()) {
+        if (isUpdated_.get()) {
+            return;
+        }
+        texts_ = textsOf(pages_);
+        packAll();
+    } else {
+        hasTexts_.get();
+    }
+    std::vector<IndexPiece> pieces = indexOf(pages_, texts_).pieces(texts_.size() - 1);
+    if (isPacked_.valid()) {
+        isPacked_.get();
+    }
+    changed_ = pages_;
+    state_.wordFiles = pieces.size();
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+        made_.firstWords.push_back(pieces[i].first);
+        made_.pieces[i] = std::move(pieces[i]);
+    }
+}
+
+Text SearchData::directory() const {
     Text value = "{letters:" + scriptText(ranges(workshop::wordLetters()))
                  + ",\njoined:" + scriptText(ranges(workshop::joinedScripts())) + ",\nwords:[";
-    for (const SearchIndex::Piece& piece : pieces) {
-        append(value, &piece == &pieces.front() ? "" : ",", scriptText(piece.first));
+    for (const Text& word : made_.firstWords) {
+        append(value, &word == &made_.firstWords.front() ? "" : ",", scriptText(word));
     }
     append(value, "],\ncount:", std::to_string(map_.count()), ",\ntexts:[");
-    for (const TextsFile& file : packed.files) {
-        append(value, &file == &packed.files.front() ? "" : ",", std::to_string(file.first));
+    for (const std::size_t& page : state_.firstPages) {
+        append(value, &page == &state_.firstPages.front() ? "" : ",", std::to_string(page));
     }
-    constexpr SymbolSplit words = SearchIndex::split;
+    constexpr SymbolSplit words = PieceWriter::split;
     append(value, "],\nsplits:[", std::to_string(words.alone), ",", std::to_string(words.pairs));
-    append(value, ",", std::to_string(packed.split.alone), ",", std::to_string(packed.split.pairs),
+    append(value, ",", std::to_string(state_.split.alone), ",", std::to_string(state_.split.pairs),
            "]}");
     return value;
 }
 
-SearchData::SearchData(const model::TopicOutline& outline, const SiteMap& map)
-    : outline_(outline), map_(map), texts_(std::async([this] { return textsOf(outline_, map_); })),
-      packed_(std::async([texts = texts_] { return pack(texts); })) {}
-
-std::vector<SiteFile> SearchData::take() {
-    const Texts& texts = texts_.get();
-    const std::size_t pageCount = texts.size() - 1;
-    const std::vector<SearchIndex::Piece> pieces = indexOf(outline_, map_, texts).pieces(pageCount);
-    const Packed packed = packed_.get();
-    std::vector<SiteFile> files;
-    files.push_back({"site/search.js", call("search", 0, directory(pieces, packed))});
-    files.push_back({"site/parts.js", call("parts", 0, scriptText(packed.table))});
-    for (std::size_t i = 0; i < pieces.size(); ++i) {
-        files.push_back(
-            {"site/words/" + std::to_string(i) + ".js",
-             call("words", i,
-                  "[" + scriptText(pieces[i].words) + ",\n" + scriptText(pieces[i].pages) + "]")});
+void SearchData::addTo(SiteFolder& folder) {
+    finish();
+    if (changed_.empty()) {
+        folder.keep(Text(searchPlace));
+    } else {
+        folder.add(Text(searchPlace), call("search", 0, directory()));
     }
-    for (std::size_t i = 0; i < packed.files.size(); ++i) {
-        files.push_back({"site/texts/" + std::to_string(i) + ".js",
-                         call("texts", i, "[" + packed.files[i].values + "]")});
+    if (made_.table) {
+        folder.add(Text(partsPlace), call("parts", 0, scriptText(*made_.table)));
+    } else {
+        folder.keep(Text(partsPlace));
     }
-    return files;
+    for (std::size_t i = 0; i < state_.wordFiles; ++i) {
+        if (const auto piece = made_.pieces.find(i); piece != made_.pieces.end()) {
+            folder.add(wordsPlace(i), call("words", i,
+                                           "[" + scriptText(piece->second.words) + ",\n"
+                                               + scriptText(piece->second.pages) + "]"));
+        } else {
+            folder.keep(wordsPlace(i));
+        }
+    }
+    for (std::size_t i = 0; i < state_.firstPages.size(); ++i) {
+        if (const auto file = made_.textFiles.find(i); file != made_.textFiles.end()) {
+            folder.add(textsPlace(i), call("texts", i, file->second));
+        } else {
+            folder.keep(textsPlace(i));
+        }
+    }
+    folder.add(Text(statePlace), state_.format());
 }
 
 } // namespace web

@@ -5,45 +5,71 @@
 
 #include "model/TopicOutline.h"
 #include "web/SearchIndex.h"
+#include "web/SearchState.h"
+#include "web/SiteFolder.h"
 #include "web/SiteMap.h"
 
 namespace web {
 
-struct SiteFile {
-    text::Text place;
-    text::Text contents;
-};
-
 /// What the search of a site reads: a directory, and the words and the texts in pieces, of which it
 /// loads those that a question needs. Most of it is made while the caller does something else.
+/// Where few pages differ from those in the folder, only what they change is made.
 class SearchData {
 public:
-    /// Both must outlive this and stay as they are.
-    SearchData(const model::TopicOutline& outline, const SiteMap& map);
+    /// All must outlive this, and outline and map stay as they are.
+    SearchData(const model::TopicOutline& outline, const SiteMap& map, const SiteFolder& folder);
 
-    std::vector<SiteFile> take();
+    /// Adds the files to the folder.
+    void addTo(SiteFolder& folder);
 
 private:
     using Texts = std::vector<text::Text>; ///< by page
-    /// The texts of some pages that follow each other, and the number of the first.
-    struct TextsFile {
-        std::size_t first = 0;
-        std::size_t size = 0;
-        text::Text values;
-    };
-    struct Packed {
-        std::vector<TextsFile> files;
-        text::Text table;
-        SymbolSplit split;
+    struct Made {                          ///< in files by their numbers
+        std::vector<text::Text> firstWords;
+        std::map<std::size_t, IndexPiece> pieces;
+        std::map<std::size_t, text::Text> textFiles;
+        std::optional<text::Text> table;
     };
 
-    static Packed pack(const std::shared_future<Texts>& texts);
-    text::Text directory(const std::vector<SearchIndex::Piece>& pieces, const Packed& packed) const;
+    Texts textsOf(const std::vector<std::size_t>& pages) const;
+    SearchIndex indexOf(const std::vector<std::size_t>& pages, const Texts& texts) const;
+    bool differsLittle(const SearchState& before);
+    bool update(const SearchState& before);
+    void packAll();
+    void finish();
+    text::Text directory() const;
 
     const model::TopicOutline& outline_;
     const SiteMap& map_;
-    std::shared_future<Texts> texts_;
-    std::future<Packed> packed_;
+    const SiteFolder& folder_;
+    SearchState state_;
+    std::vector<std::size_t> pages_;   ///< all that there are
+    std::vector<std::size_t> changed_; ///< those that differ from what is in the folder
+    Texts texts_;
+    Made made_;
+    std::future<bool> isUpdated_;
+    std::shared_future<void> hasTexts_;
+    std::future<void> isPacked_;
 };
+
+/// The packed texts of some pages that follow each other.
+class TextsFile {
+public:
+    void append(text::TextView packed);
+    std::size_t size() const { return size_; }
+    text::Text values() const { return "[" + values_ + "]"; }
+
+    static constexpr std::size_t usualSize = 8000;
+
+private:
+    std::size_t size_ = 0;
+    text::Text values_;
+};
+
+// Where the files are.
+inline constexpr text::TextView searchPlace = "site/search.js";
+inline constexpr text::TextView partsPlace = "site/parts.js";
+text::Text wordsPlace(std::size_t number);
+text::Text textsPlace(std::size_t number);
 
 } // namespace web

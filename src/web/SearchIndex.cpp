@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "text/Unicode.h"
-#include "web/FrontCoder.h"
 #include "web/WordScanner.h"
 
 namespace web {
@@ -16,7 +15,15 @@ namespace {
 constexpr std::uint32_t headingWeight = 100;
 constexpr std::uint32_t oftenWeight = 3; ///< of a page that holds a word several times
 constexpr std::size_t longestWord = 64;  ///< in bytes; longer ones are no words
-constexpr std::size_t pieceSize = 16000;
+
+/// The bits that most distances have if a word is spread evenly over the pages.
+unsigned usualBits(std::size_t count, std::size_t pageCount) {
+    unsigned usual = 0;
+    while (count << (usual + 1) <= pageCount) {
+        ++usual;
+    }
+    return usual;
+}
 
 } // namespace
 
@@ -69,43 +76,76 @@ void SearchIndex::count(std::uint32_t term, std::size_t page, std::uint32_t weig
     postings.back().weight += weight;
 }
 
-/// The distances from page to page: of as many bits as they have if the word is spread evenly, and
-/// one for how often the page has it.
-void SearchIndex::appendPages(BitText& bits, const Postings& postings, std::size_t pageCount) {
-    const std::size_t count = postings.size();
-    unsigned usual = 0;
-    while (count << (usual + 1) <= pageCount) {
-        ++usual;
+/// The distances from page to page, and one bit for how often the page has the word.
+void PieceWriter::append(TextView word, const Postings& postings) {
+    if (piece_.words.empty()) {
+        piece_.first = word;
     }
-    bits.appendGamma(count);
+    coder_.append(piece_.words, word);
+    const unsigned usual = usualBits(postings.size(), pageCount_);
+    bits_.appendGamma(postings.size());
     std::size_t last = 0;
     for (const Posting& posting : postings) {
-        bits.appendRice(posting.page - last - 1, usual);
-        bits.append(posting.weight >= oftenWeight);
+        bits_.appendRice(posting.page - last - 1, usual);
+        bits_.append(posting.weight >= oftenWeight);
         last = posting.page;
     }
 }
 
-std::vector<SearchIndex::Piece> SearchIndex::pieces(std::size_t pageCount) const {
-    std::vector<std::pair<TextView, const Postings*>> sorted;
+IndexPiece PieceWriter::take() {
+    piece_.pages = bits_.take();
+    return std::move(piece_);
+}
+
+std::optional<std::vector<IndexWord>> wordsOf(TextView words, TextView pages,
+                                              std::size_t pageCount) {
+    SymbolReader reader(words, PieceWriter::split);
+    BitReader bits(pages);
+    FrontDecoder decoder;
+    std::vector<IndexWord> all;
+    while (!reader.atEnd()) {
+        IndexWord& word = all.emplace_back();
+        word.word = decoder.take(reader);
+        const std::size_t count = bits.takeGamma();
+        if (count > pageCount) {
+            return {};
+        }
+        const unsigned usual = usualBits(count, pageCount);
+        word.postings.reserve(count);
+        std::size_t page = 0;
+        while (word.postings.size() < count) {
+            page += bits.takeRice(usual) + 1;
+            if (page > pageCount) {
+                return {};
+            }
+            word.postings.push_back(
+                {static_cast<std::uint32_t>(page), bits.takeBit() ? oftenWeight : 1});
+        }
+    }
+    return bits.isBehind() ? std::nullopt : std::optional(std::move(all));
+}
+
+std::vector<SearchIndex::Term> SearchIndex::terms() const {
+    std::vector<Term> sorted;
     for (std::size_t term = 0; term < terms_.size(); ++term) {
         if (!keys_.keys()[term].empty()) {
             sorted.emplace_back(keys_.keys()[term], &terms_[term]);
         }
     }
     std::sort(sorted.begin(), sorted.end(),
-              [](const auto& a, const auto& b) { return isBefore(a.first, b.first); });
-    std::vector<Piece> pieces;
+              [](const Term& a, const Term& b) { return isBefore(a.first, b.first); });
+    return sorted;
+}
+
+std::vector<IndexPiece> SearchIndex::pieces(std::size_t pageCount) const {
+    const std::vector<Term> sorted = terms();
+    std::vector<IndexPiece> pieces;
     for (std::size_t i = 0; i < sorted.size();) {
-        Piece piece{Text(sorted[i].first), {}, {}};
-        FrontCoder coder(split);
-        BitText bits;
-        for (; i < sorted.size() && piece.words.size() + bits.size() < pieceSize; ++i) {
-            coder.append(piece.words, sorted[i].first);
-            appendPages(bits, *sorted[i].second, pageCount);
+        PieceWriter writer(pageCount);
+        for (; i < sorted.size() && writer.size() < pieceSize; ++i) {
+            writer.append(sorted[i].first, *sorted[i].second);
         }
-        piece.pages = bits.take();
-        pieces.push_back(std::move(piece));
+        pieces.push_back(writer.take());
     }
     return pieces;
 }

@@ -1,12 +1,58 @@
 #pragma once
 
 #include <deque>
+#include <optional>
 #include <vector>
 
 #include "web/BitText.h"
+#include "web/FrontCoder.h"
 #include "web/NumberTable.h"
 
 namespace web {
+
+/// That a page holds a word, and how much that counts.
+struct Posting {
+    std::uint32_t page;
+    std::uint32_t weight;
+};
+using Postings = std::vector<Posting>;
+
+/// Words that follow each other in the order of the alphabet, and the pages that hold them.
+struct IndexPiece {
+    text::Text first; ///< its first word
+    text::Text words; ///< as FrontCoder writes them
+    text::Text pages; ///< bits: for each word the count of its pages, and those
+};
+
+/// Makes a piece of an index.
+class PieceWriter {
+public:
+    /// Of so many pages.
+    explicit PieceWriter(std::size_t pageCount) : pageCount_(pageCount) {}
+
+    /// The word must be there still when the next one comes.
+    void append(text::TextView word, const Postings& postings);
+
+    std::size_t size() const { return piece_.words.size() + bits_.size(); }
+    IndexPiece take();
+
+    static constexpr SymbolSplit split{68, 21};
+
+private:
+    std::size_t pageCount_;
+    IndexPiece piece_;
+    FrontCoder coder_{split};
+    BitText bits_;
+};
+
+struct IndexWord {
+    text::Text word;
+    Postings postings; ///< with the least weights that make the same piece
+};
+
+/// The words of a piece; nothing when it was not made by a PieceWriter.
+std::optional<std::vector<IndexWord>> wordsOf(text::TextView words, text::TextView pages,
+                                              std::size_t pageCount);
 
 /// Which pages hold which words, in pieces that follow each other in the order of the words.
 class SearchIndex {
@@ -15,26 +61,17 @@ public:
     /// `isHeading`, such as those of a title, count more.
     void add(std::size_t page, text::TextView text, bool isHeading);
 
-    struct Piece {
-        text::Text first; ///< its first word
-        text::Text words; ///< as FrontCoder writes them
-        text::Text pages; ///< bits: for each word the count of its pages, and those
-    };
     /// Of so many pages.
-    std::vector<Piece> pieces(std::size_t pageCount) const;
+    std::vector<IndexPiece> pieces(std::size_t pageCount) const;
 
-    static constexpr SymbolSplit split{68, 21};
+    using Term = std::pair<text::TextView, const Postings*>;
+    std::vector<Term> terms() const; ///< in the order of the alphabet
+
+    static constexpr std::size_t pieceSize = 16000;
 
 private:
-    struct Posting {
-        std::uint32_t page;
-        std::uint32_t weight;
-    };
-    using Postings = std::vector<Posting>;
-
     std::uint32_t termOf(text::Text key);
     void count(std::uint32_t term, std::size_t page, std::uint32_t weight);
-    static void appendPages(BitText& bits, const Postings& postings, std::size_t pageCount);
     void addRun(std::size_t page, text::TextView run, std::uint32_t weight);
 
     std::vector<Postings> terms_; ///< by the numbers of their keys

@@ -6,7 +6,7 @@
 
 #include "text/Unicode.h"
 #include "web/FrontCoder.h"
-#include "web/WordScanner.h"
+#include "web/PartScanner.h"
 
 namespace web {
 
@@ -15,30 +15,8 @@ using text::TextView;
 
 namespace {
 
-constexpr std::size_t longestPart = 512; ///< in bytes; longer ones are cut
 constexpr std::size_t mostParts = 17000; ///< in the table; all splits have numbers for them
 constexpr std::uint32_t often = 10;      ///< that a pair of parts becomes one
-
-bool isCapitalised(TextView part) {
-    return part.size() > 1 && part.front() >= 'A' && part.front() <= 'Z';
-}
-
-/// The end of the part that begins at an offset.
-std::size_t endOfPart(TextView text, std::size_t start, LetterKind& kind) {
-    std::size_t end = start;
-    kind = takeKind(text, end);
-    if (kind == LetterKind::ofRun) {
-        return end;
-    }
-    const TextView within = text.substr(0, start + longestPart);
-    for (;;) {
-        std::size_t behind = end = endOfPlain(within, end, kind);
-        if (end >= within.size() || takeKind(text, behind) != kind) {
-            return end;
-        }
-        end = behind;
-    }
-}
 
 /// Whether a part is worth a number: it has to stand in the table, too.
 bool isWorthNumber(TextView part, std::size_t count) {
@@ -50,12 +28,16 @@ bool isWorthNumber(TextView part, std::size_t count) {
 
 } // namespace
 
+bool isCapitalised(TextView part) {
+    return part.size() > 1 && part.front() >= 'A' && part.front() <= 'Z';
+}
+
 SearchTexts::SearchTexts(const std::vector<Text>& texts) {
     uses_.resize(texts.size());
     for (std::size_t page = 0; page < texts.size(); ++page) {
         read(texts[page], uses_[page]);
     }
-    for (int round = 0; round < 3; ++round) {
+    for (int round = 0; round < rounds; ++round) {
         joinPairs();
     }
     foldCapitals();
@@ -71,22 +53,12 @@ std::uint32_t SearchTexts::partOf(TextView text) {
 }
 
 void SearchTexts::read(TextView text, std::vector<Use>& uses) {
-    bool isBehindWord = false;
-    for (std::size_t position = 0; position < text.size();) {
-        LetterKind kind = LetterKind::none;
-        const std::size_t end = endOfPart(text, position, kind);
-        const TextView part = text.substr(position, end - position);
-        std::size_t behind = end;
-        const bool isGap = part == " " && isBehindWord && end < text.size()
-                           && takeKind(text, behind) == LetterKind::ofWord;
-        if (!isGap) {
-            uses.push_back({partOf(part), false});
-            Part& used = parts_[uses.back().part];
-            used.beginsWord = used.endsWord = kind == LetterKind::ofWord;
-            ++used.count;
-        }
-        isBehindWord = kind == LetterKind::ofWord;
-        position = end;
+    PartScanner scanner(text);
+    while (scanner.next()) {
+        uses.push_back({partOf(scanner.part()), false});
+        Part& used = parts_[uses.back().part];
+        used.beginsWord = used.endsWord = scanner.isWord();
+        ++used.count;
     }
 }
 

@@ -33,6 +33,8 @@ public:
     static constexpr std::size_t capital = 1; ///< the next word begins with a capital
     static constexpr std::size_t firstPart = 2;
 
+    static constexpr int rounds = 3; ///< in which parts that follow each other become one
+
 private:
     struct Part {
         text::TextView text;
@@ -76,5 +78,8 @@ private:
     std::vector<std::uint32_t> numbered_; ///< parts in the order of their numbers
     SymbolSplit split_{60, 29};
 };
+
+/// Whether a word begins with a capital that its other spelling can stand for.
+bool isCapitalised(text::TextView part);
 
 } // namespace web

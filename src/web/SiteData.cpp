@@ -71,6 +71,36 @@ Text scriptText(TextView text) {
     return value += '"';
 }
 
+std::vector<Text> scriptTexts(TextView script) {
+    constexpr int sixteens = 16;
+    std::vector<Text> texts;
+    for (std::size_t at = script.find('"'); at != TextView::npos; at = script.find('"', at)) {
+        Text& value = texts.emplace_back();
+        for (++at;;) {
+            std::size_t end = std::min(at, script.size());
+            while (end < script.size() && script[end] != '"' && script[end] != '\\') {
+                ++end;
+            }
+            value += script.substr(at, end - at);
+            at = end + 1;
+            if (end == script.size() || script[end] == '"') {
+                break;
+            }
+            const char escaped = at < script.size() ? script[at++] : '"';
+            if (escaped == 'x') {
+                const TextView digits = script.substr(std::min(at, script.size()), 2);
+                unsigned char code = 0;
+                std::from_chars(digits.data(), digits.data() + digits.size(), code, sixteens);
+                value += static_cast<char>(code);
+                at += digits.size();
+            } else {
+                value += escaped == 'n' ? '\n' : escaped;
+            }
+        }
+    }
+    return texts;
+}
+
 Text contentsData(const model::TopicOutline& outline, const SiteMap& map) {
     Text data = "topicsmith(\"contents\",[";
     for (int position = 1; position <= map.count(); ++position) {

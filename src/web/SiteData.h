@@ -9,6 +9,9 @@ namespace web {
 /// A text as a value in a script.
 text::Text scriptText(text::TextView text);
 
+/// All texts in a script that was made of such values.
+std::vector<text::Text> scriptTexts(text::TextView script);
+
 /// "site/contents.js": all topics with their depths, titles and pages.
 text::Text contentsData(const model::TopicOutline& outline, const SiteMap& map);
 

@@ -39,6 +39,7 @@ bool takeNumber(TextView& line, Number& number) {
 SiteFolder::SiteFolder(fs::path folder, bool isClean) : folder_(std::move(folder)) {
     readList();
     keys_.insert(model::pageKey(listPlace));
+    claimed_ = before_;
     if (isClean) {
         for (auto& [place, entry] : before_) {
             remove(place);
@@ -111,6 +112,21 @@ bool SiteFolder::isAsListed(const Text& place, const fs::path& path) const {
            && facts->written.count() == listed->second.time;
 }
 
+bool SiteFolder::isAsWritten(const Text& place) const {
+    return isAsListed(place, model::pagePath(folder_, place));
+}
+
+std::optional<Text> SiteFolder::contentsOf(const Text& place) const {
+    const auto listed = before_.find(place);
+    std::string contents;
+    const bool isRead =
+        listed != before_.end() && !platform::readFile(model::pagePath(folder_, place), contents);
+    return isRead && contents.size() == listed->second.size
+                   && hashOf(contents) == listed->second.hash
+               ? std::optional(std::move(contents))
+               : std::nullopt;
+}
+
 void SiteFolder::add(Text place, Text contents) {
     files_.push_back({std::move(place), std::move(contents), {}});
 }
@@ -119,22 +135,27 @@ void SiteFolder::addCopy(Text place, fs::path source) {
     files_.push_back({std::move(place), {}, std::move(source)});
 }
 
+void SiteFolder::keep(Text place) {
+    files_.push_back({std::move(place), {}, {}, true});
+}
+
 /// Before anything is written, the list names it: otherwise the files of a run that was interrupted
 /// would be somebody else's for the next one.
 void SiteFolder::claim() {
     bool isNew = false;
     for (File& file : files_) {
         file.isOurs = mayWrite(file.place, model::pagePath(folder_, file.place));
-        isNew = (file.isOurs && before_.try_emplace(file.place).second) || isNew;
+        isNew = (file.isOurs && claimed_.try_emplace(file.place).second) || isNew;
     }
     if (isNew) {
-        writeList(before_);
+        writeList(claimed_);
     }
 }
 
 void SiteFolder::write(File& file) {
     const fs::path path = model::pagePath(folder_, file.place);
-    const Entry& listed = before_[file.place];
+    const auto found = before_.find(file.place);
+    const Entry listed = found != before_.end() ? found->second : Entry();
     Entry entry = {hashOf(file.contents), file.contents.size()};
     std::error_code error;
     if (!file.source.empty()) { // one that has the same time and size is the same
@@ -142,12 +163,13 @@ void SiteFolder::write(File& file) {
         entry.hash = facts ? static_cast<std::uint64_t>(facts->written.count()) : 0;
         entry.size = facts ? facts->size : 0;
     }
-    if (listed.hash == entry.hash && listed.size == entry.size && isAsListed(file.place, path)) {
-        now_[file.place] = listed;
+    now_[file.place] = listed;
+    if (file.isKept
+        || (listed.hash == entry.hash && listed.size == entry.size
+            && isAsListed(file.place, path))) {
         ++kept_;
         return;
     }
-    now_[file.place] = listed;
     if (!file.source.empty()) {
         error = platform::readFile(file.source, file.contents);
         generate::noteFailure(failures_, file.source, error);
@@ -214,12 +236,12 @@ void SiteFolder::finish() {
         fail(model::pagePath(folder_, listPlace), "is there already, and is no list of a site");
         return;
     }
-    for (const auto& [place, entry] : before_) {
+    for (const auto& [place, entry] : claimed_) {
         if (!now_.contains(place) && !keys_.contains(model::pageKey(place))) {
             remove(place);
         }
     }
-    if (now_ != before_) {
+    if (now_ != claimed_) {
         writeList(now_);
     }
 }

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -24,6 +25,15 @@ public:
 
     /// The same for a copy of a file.
     void addCopy(text::Text place, std::filesystem::path source);
+
+    /// Whether a file is there as the last run wrote it, as far as time and size tell.
+    bool isAsWritten(const text::Text& place) const;
+
+    /// What the last run wrote into a file; nothing when anything else is there.
+    std::optional<text::Text> contentsOf(const text::Text& place) const;
+
+    /// A file that is as written, and as it is to be.
+    void keep(text::Text place);
 
     /// Writes what was added since the last call where it is not there yet. An interruption leaves
     /// a list of all files that may have been written.
@@ -51,6 +61,7 @@ private:
         text::Text place;
         text::Text contents;
         std::filesystem::path source; ///< empty for one that is not copied
+        bool isKept = false;          ///< is there as it is to be
         bool isOurs = false;          ///< may be written
     };
 
@@ -68,7 +79,8 @@ private:
     std::filesystem::path folder_;
     std::vector<File> files_;
     bool isForeign_ = false; ///< somebody else's file has the list's name
-    Entries before_;
+    Entries before_;         ///< as the list had it; does not change, because other threads read it
+    Entries claimed_;        ///< and what this run may write
     Entries now_;
     std::set<text::Text> keys_; ///< of what is there now, for systems that do not tell case apart
     std::map<std::filesystem::path, bool> staying_; ///< what staysInside() has found

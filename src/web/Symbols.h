@@ -46,4 +46,44 @@ inline void appendNumber(text::Text& out, std::size_t number, const SymbolSplit&
     }
 }
 
+/// Takes numbers and letters off such a text. Behind its end, everything is 0.
+class SymbolReader {
+public:
+    SymbolReader(text::TextView text, const SymbolSplit& split) : text_(text), split_(split) {}
+
+    bool atEnd() const { return text_.empty(); }
+
+    std::size_t takeSymbol() {
+        constexpr std::size_t quote = '"' - ' ';
+        constexpr std::size_t backslash = '\\' - ' ';
+        if (text_.empty()) {
+            return 0;
+        }
+        const auto code = static_cast<std::size_t>(static_cast<unsigned char>(text_.front()) - ' ');
+        text_.remove_prefix(1);
+        return code - (code > quote ? 1 : 0) - (code > backslash ? 1 : 0);
+    }
+
+    std::size_t takeNumber() {
+        const std::size_t first = takeSymbol();
+        if (first < split_.alone) {
+            return first;
+        }
+        const std::size_t second = takeSymbol();
+        if (first < split_.alone + split_.pairs) {
+            return split_.belowTwo() + (first - split_.alone) * symbolCount + second;
+        }
+        return split_.belowThree()
+               + ((first - split_.alone - split_.pairs) * symbolCount + second) * symbolCount
+               + takeSymbol();
+    }
+
+    /// As many as a script counts.
+    text::TextView takeLetters(std::size_t scriptUnits);
+
+private:
+    text::TextView text_;
+    SymbolSplit split_;
+};
+
 } // namespace web

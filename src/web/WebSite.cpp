@@ -41,7 +41,8 @@ public:
     SiteRun(const Project& project, const SiteRequest& request, SiteFolder& folder)
         : outline_(project.outline()), options_(project.options()), map_(outline_),
           sources_(project.projectPath(), request.programFolder), links_(outline_, map_, sources_),
-          pages_(outline_, options_, map_, links_), folder_(folder), search_(outline_, map_) {}
+          pages_(outline_, options_, map_, links_), folder_(folder),
+          search_(outline_, map_, folder) {}
 
     void addStyle() {
         folder_.add(Text(stylePlace), pages_.projectStyle() + Text(siteStyle));
@@ -72,9 +73,7 @@ public:
         folder_.add("site/contents.js", contentsData(outline_, map_));
         folder_.add("site/keywords.js", keywordsData(sortedKeywords(outline_, map_)));
         folder_.add("site/contexts.js", contextsData(outline_, map_));
-        for (auto& [place, contents] : search_.take()) {
-            folder_.add(place, std::move(contents));
-        }
+        search_.addTo(folder_);
     }
 
     /// To be called when all is known that pages and style name.

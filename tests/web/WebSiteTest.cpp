@@ -5,6 +5,8 @@
 #include "model/Variables.h"
 #include "platform/FileState.h"
 #include "support/TestFiles.h"
+#include "web/SearchIndex.h"
+#include "web/SiteData.h"
 
 namespace fs = std::filesystem;
 using test::bytesOf;
@@ -25,6 +27,24 @@ protected:
     std::string page(const fs::path& place) const { return bytesOf(site / place); }
     bool pageHas(const fs::path& place, std::string_view what) const {
         return page(place).find(what) != std::string::npos;
+    }
+
+    /// The words of the search's index, with the pages of each and whether they have it often.
+    std::map<std::string, std::string> indexWords(int pageCount) const {
+        std::map<std::string, std::string> all;
+        for (int i = 0; has("site/words/" + std::to_string(i) + ".js"); ++i) {
+            const auto texts = web::scriptTexts(page("site/words/" + std::to_string(i) + ".js"));
+            const auto words =
+                web::wordsOf(texts.at(1), texts.at(2), static_cast<std::size_t>(pageCount));
+            for (const web::IndexWord& word : words.value()) {
+                std::string& pages = all[word.word];
+                EXPECT_TRUE(pages.empty()) << word.word;
+                for (const web::Posting& posting : word.postings) {
+                    pages += ' ' + std::to_string(posting.page) + (posting.weight > 1 ? "!" : "");
+                }
+            }
+        }
+        return all;
     }
 
     test::TemporaryFolder folder;
@@ -125,6 +145,42 @@ TEST_F(WebSite, OnlyWhatChangedIsWrittenAndOnlyOursIsRemoved) {
     generate(renamed, {}, true);
     EXPECT_TRUE(pageHas("html/t1.htm", "<h1>Topic 1</h1>"));
     EXPECT_EQ(page("html/mine.htm"), "mine");
+}
+
+TEST_F(WebSite, ASearchThatIsChangedHasTheWordsOfANewOne) {
+    auto outline = test::flatOutline(30);
+    for (int i = 1; i <= 30; ++i) {
+        outline.at(i).body = "<p>All of only" + std::to_string(i) + " and word"
+                             + std::to_string(i / 3) + ", caf\u00E9s \u6771\u4EAC\u90FD.</p>";
+        outline.at(i).keywords = "key" + std::to_string(i % 4);
+    }
+    generate(outline);
+    outline.at(7).body = "<p>Zebra, \u041F\u0440\u0438\u0432\u0435\u0442, aardvark \u4EAC; "
+                         "word9 word9 word9</p>";
+    outline.at(30).keywords = "key9; key1";
+    const std::string report = generate(outline).text;
+    EXPECT_NE(report.find("Files unchanged: 36\r\n"), std::string::npos) << report;
+    const auto changed = indexWords(30);
+    EXPECT_EQ(changed.at("word9"), " 7! 27 28 29");
+    EXPECT_FALSE(changed.contains("only7"));
+    generate(outline, {}, true);
+    EXPECT_EQ(changed, indexWords(30));
+
+    outline.at(8).body = "All other.";
+    const auto files = {"site/words/0.js", "site/texts/0.js", "site/state.txt", "site/parts.js"};
+    for (const char* file : files) {
+        writeBytes(site / file, page(file) + "spoilt");
+        outline.at(8).body += "x";
+        generate(outline);
+        EXPECT_EQ(page(file).find("spoilt"), std::string::npos) << file;
+        fs::remove(site / file);
+        outline.at(8).body += "x";
+        generate(outline);
+        ASSERT_TRUE(has(file)) << file;
+        const auto now = indexWords(30);
+        generate(outline, {}, true);
+        EXPECT_EQ(now, indexWords(30)) << file;
+    }
 }
 
 TEST_F(WebSite, AListFromElsewhereNamesNoFilesOutside) {
