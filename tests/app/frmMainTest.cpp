@@ -24,7 +24,8 @@ TEST_F(frmMain, StartsEmptyWithTheDescribedMenus) {
         "E&xit\tAlt+F4");
     EXPECT_EQ(menuText(*window, {"File", "Import"}),
               "From &Text File\nFrom &Topicsmith File\nFrom &VB Project\n"
-              "From &Compiled Help or Workshop Project...");
+              "From &Compiled Help or Workshop Project...\n"
+              "From &Markdown or HTML Page...");
     EXPECT_EQ(menuText(*window, {"File", "Generate Files"}),
               "Generate &Help Files\tCtrl+G\n(Generate &Again\tF8)\n"
               "Generate &Documentation\tCtrl+Shift+G\nGenerate &EPUB...\nGenerate &PDF...\n"

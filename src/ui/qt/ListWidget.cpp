@@ -241,11 +241,9 @@ void ListWidget::focusInEvent(QFocusEvent* event) {
 
 /// The second click counts only in a list that had the focus at the first.
 bool ListWidget::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
-    if (trigger == SelectedClicked
-        && (broughtFocus_ || selectionModel()->selectedRows().size() > 1)) {
-        return false;
-    }
-    return QTreeView::edit(index, trigger, event);
+    const bool isFirst = trigger == SelectedClicked
+                         && (broughtFocus_ || selectionModel()->selectedRows().size() > 1);
+    return QTreeView::edit(index, isFirst ? NoEditTriggers : trigger, event); // it ticks boxes, too
 }
 
 QModelIndex ListWidget::cellToEdit() const {
