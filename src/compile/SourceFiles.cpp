@@ -314,7 +314,7 @@ void SourceFiles::checkAnchors() {
     std::unordered_map<std::size_t, std::unordered_set<std::string>> anchors; // of each page
     for (const WantedAnchor& each : wanted_) {
         const SourceFile& file = files_[each.file];
-        if (!file.isPage || text::equalIgnoringCase(each.fragment, "top")) {
+        if (!file.isPage) {
             continue;
         }
         const auto [known, isNew] = anchors.try_emplace(each.file);
@@ -323,8 +323,7 @@ void SourceFiles::checkAnchors() {
                 known->second.insert(anchor.text);
             }
         }
-        if (!known->second.contains(each.fragment)
-            && !known->second.contains(fromPercent(each.fragment))) {
+        if (!workshop::hasPlace(known->second, each.fragment, settings_.codePage)) {
             messages_.warn(each.place, file.relative + " has no place \"" + each.fragment + "\"");
         }
     }

@@ -11,9 +11,9 @@ namespace help {
 
 namespace {
 
-constexpr std::size_t blockSize = 2048;
-constexpr std::size_t treeHead = 76;
-constexpr std::size_t blockHead = 12;
+constexpr std::size_t blockSize = KeywordTreeLayout::blockSize;
+constexpr std::size_t treeHead = KeywordTreeLayout::headSize;
+constexpr std::size_t blockHead = KeywordTreeLayout::listHead;
 
 std::uint32_t wordAt(std::string_view bytes, std::size_t place) {
     return static_cast<std::uint32_t>(numberAt(bytes, place, 4));
@@ -30,11 +30,11 @@ std::string takeText(std::string_view& bytes) {
     return text::utf8FromUtf16(text, false);
 }
 
-/// Takes one entry off a block; false when it is damaged.
-bool takeKeyword(std::string_view& bytes, BinaryKeyword& keyword) {
+} // namespace
+
+bool takeKeyword(std::string_view& bytes, std::size_t tailSize, BinaryKeyword& keyword) {
     constexpr std::size_t seeAlso = 2;
     constexpr std::size_t factsSize = 16;
-    constexpr std::size_t tailSize = 8;
     keyword.keyword = takeText(bytes);
     const std::string_view facts = bytes.substr(0, factsSize);
     if (facts.size() < factsSize) {
@@ -55,8 +55,6 @@ bool takeKeyword(std::string_view& bytes, BinaryKeyword& keyword) {
     bytes.remove_prefix(count * 4 + tailSize);
     return true;
 }
-
-} // namespace
 
 std::vector<BinaryEntry> readBinaryContents(const ChmFile& file) {
     enum Flag : std::uint32_t { isBook = 4, hasTopic = 8 };
@@ -114,7 +112,8 @@ std::vector<BinaryKeyword> readBinaryIndex(const ChmFile& file) {
         std::uint64_t count = numberAt(bytes, 2, 2);
         block = numberAt(bytes, 8, 4);
         bytes.remove_prefix(blockHead);
-        for (BinaryKeyword keyword; count > 0 && takeKeyword(bytes, keyword); --count) {
+        for (BinaryKeyword keyword;
+             count > 0 && takeKeyword(bytes, KeywordTreeLayout::listTail, keyword); --count) {
             keywords.push_back(std::exchange(keyword, {}));
         }
     }

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "help/ChmFile.h"
@@ -27,5 +28,19 @@ struct BinaryKeyword {
 
 /// "$WWKeywordLinks/BTree".
 std::vector<BinaryKeyword> readBinaryIndex(const ChmFile& file);
+
+/// How the file of a keyword tree is laid out: blocks behind a header, first those that list all
+/// keywords, then those that lead to them.
+struct KeywordTreeLayout {
+    static constexpr std::size_t headSize = 76;
+    static constexpr std::size_t blockSize = 2048;
+    static constexpr std::size_t listHead = 12;
+    static constexpr std::size_t leadHead = 8;
+    static constexpr std::size_t listTail = 8; ///< behind each keyword
+    static constexpr std::size_t leadTail = 4;
+};
+
+/// Takes a keyword, with so many bytes behind it, off a block; false when it is damaged.
+bool takeKeyword(std::string_view& bytes, std::size_t tailSize, BinaryKeyword& keyword);
 
 } // namespace help

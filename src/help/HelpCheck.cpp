@@ -1,10 +1,12 @@
 #include "help/HelpCheck.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 #include <unordered_map>
 #include <unordered_set>
 
+#include "help/BinaryCheck.h"
 #include "help/HelpBook.h"
 #include "help/ProjectCheck.h"
 #include "help/SearchCheck.h"
@@ -37,9 +39,10 @@ public:
         checkContexts();
         checkTopics();
         checkLinks();
-        for (std::string& fault : searchFaults(book_.file(), book_.facts())) {
-            faults_.push_back(std::move(fault));
+        for (auto* check : {contentsFaults, keywordFaults}) {
+            append(check(book_.file()));
         }
+        append(searchFaults(book_.file(), book_.facts()));
         return std::move(faults_);
     }
 
@@ -47,9 +50,13 @@ private:
     struct Page {
         std::string path;
         workshop::PageFacts facts;
-        std::unordered_set<std::string> anchors; ///< letter case does not matter
+        std::unordered_set<std::string> anchors;
     };
 
+    void append(std::vector<std::string> faults) {
+        faults_.insert(faults_.end(), std::make_move_iterator(faults.begin()),
+                       std::make_move_iterator(faults.end()));
+    }
     void readPages();
     void checkLists();
     void checkContexts();
@@ -75,7 +82,7 @@ void Check::readPages() {
         const std::string bytes = book_.file().read(path).value_or("");
         Page page{path, workshop::readPage(text::decodedPage(bytes, book_.facts().codePage)), {}};
         for (const workshop::PageText& anchor : page.facts.anchors) {
-            page.anchors.insert(packedKey(anchor.text));
+            page.anchors.insert(anchor.text);
         }
         places_.emplace(packedKey(path), pages_.size());
         pages_.push_back(std::move(page));
@@ -111,9 +118,8 @@ void Check::checkTarget(const std::string& where, const std::string& address,
         const auto place = places_.find(packedKey(found));
         page = place == places_.end() ? nullptr : &pages_[place->second];
     }
-    const std::string anchor = packedKey(whole.substr(std::min(end + 1, whole.size())));
-    if (page != nullptr && !anchor.empty() && !page->anchors.contains(anchor)
-        && !page->anchors.contains(text::unescaped(anchor))) {
+    const std::string place = whole.substr(std::min(end + 1, whole.size()));
+    if (page != nullptr && !workshop::hasPlace(page->anchors, place, book_.facts().codePage)) {
         faults_.push_back(where + ": leads to " + address
                           + ", a place that its page does not have");
     }

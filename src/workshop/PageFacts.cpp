@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <optional>
-#include <unordered_set>
 
+#include "text/Address.h"
+#include "text/ForeignText.h"
 #include "text/HtmlReader.h"
 #include "workshop/LineCounter.h"
 
@@ -244,6 +245,14 @@ std::string_view takeStyleAddress(std::string_view& css) {
 }
 
 } // namespace
+
+bool hasPlace(const std::unordered_set<std::string>& anchors, const std::string& fragment,
+              unsigned codePage) {
+    return fragment.empty() || text::equalIgnoringCase(fragment, "top")
+           || anchors.contains(fragment)
+           || (fragment.find('%') != std::string::npos
+               && anchors.contains(text::decodedSource(text::unescaped(fragment), codePage).utf8));
+}
 
 bool holdsAddress(std::string_view tag, std::string_view attribute) {
     return std::any_of(std::begin(references), std::end(references),

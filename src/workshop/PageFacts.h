@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace workshop {
@@ -33,6 +34,11 @@ struct PageFacts {
 
 /// Reads a page, which may be damaged.
 PageFacts readPage(std::string_view utf8);
+
+/// Whether a page with these anchors has the place that an address names behind its "#", by the
+/// same letters as browsers want them; escapes are of the code page where they are not UTF-8.
+bool hasPlace(const std::unordered_set<std::string>& anchors, const std::string& fragment,
+              unsigned codePage);
 
 /// Whether an attribute of a tag, both in small letters, is the address of a file.
 bool holdsAddress(std::string_view tag, std::string_view attribute);

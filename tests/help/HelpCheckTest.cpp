@@ -5,6 +5,7 @@
 
 #include "compile/Bytes.h"
 #include "compile/Container.h"
+#include "help/PackedHelp.h"
 #include "support/TestFiles.h"
 
 using namespace help;
@@ -49,8 +50,9 @@ Files soundHelp() {
         {"/#IVB", contexts(7, 1)},
         {"/#STRINGS", std::string("\0html\\B.htm\0", 12)},
         {"/t.hhc", contents("html\\b.htm#here")},
-        {"/a.htm", "<a href='HTML/b.htm?x#Here'>b</a><a href='https://example.org/'>web</a>"
-                   "<a href='other.chm::/c.htm'>c</a><a href='#'>top</a>\r\n<img src='a%20b.gif'>"},
+        {"/a.htm", "<a href='HTML/b.htm?x#here'>b</a><a href='https://example.org/'>web</a>"
+                   "<a href='other.chm::/c.htm'>c</a><a href='#'>top</a><a "
+                   "href='#Top'>top</a>\r\n<img src='a%20b.gif'>"},
         {"/a b.gif", "GIF"},
         {"/html/b.htm", "<a name=here></a><a href='../a.htm'>a</a><a href=/a.htm>a</a>"},
     };
@@ -94,9 +96,10 @@ TEST(HelpCheck, NamesWhatLeadsNowhere) {
          contents("a.htm#p"),
          {"contents: \"Caf\xC3\xA9\": leads to /a.htm#p, a place that its page does not have"}},
         {"/html/b.htm",
-         "<a name=here></a>\r\n<a href='a.htm'>a</a><a href='#x'>x</a>",
+         "<a name=here></a>\r\n<a href='a.htm'>a</a><a href='#x'>x</a><a href='#Here'>h</a>",
          {"/html/b.htm:2: leads to a.htm, which is not there",
-          "/html/b.htm:2: leads to #x, a place that its page does not have"}},
+          "/html/b.htm:2: leads to #x, a place that its page does not have",
+          "/html/b.htm:2: leads to #Here, a place that its page does not have"}},
         {"/#TOPICS", std::string(16, '\x7F'), {"topic 0: has no address"}},
     };
     for (const auto& each : cases) {
@@ -141,6 +144,90 @@ TEST(HelpCheck, NamesWhatReadersStumbleOver) {
     EXPECT_NE(std::find(faults.begin(), faults.end(), "parts of the file are missing or damaged"),
               faults.end());
     EXPECT_EQ(faultsOf("no help"), Lines{"unreadable"});
+}
+
+namespace {
+
+std::string sitemapEntry(const std::string& name) {
+    return "<LI><OBJECT type=\"text/sitemap\"><param name=\"Name\" value=\"" + name
+           + "\"><param name=\"Name\" value=\"A\"><param name=\"Local\" value=\"a.htm\"></OBJECT>";
+}
+
+class BinaryTables : public test::PackedHelp {
+protected:
+    /// A help with a book, and with keywords in three levels of blocks.
+    void SetUp() override {
+        std::string index = "<UL>";
+        for (int i = 0; i < 200; ++i) {
+            index += sitemapEntry("keyword " + std::string(100, 'a') + std::to_string(i));
+        }
+        test::writeBytes(folder / "t.hhk", index + "</UL>");
+        test::writeBytes(folder / "t.hhc", "<UL>" + sitemapEntry("Book") + "<UL>"
+                                               + sitemapEntry("Page") + "</UL></UL>");
+        compiled({{"a.htm", "<title>A</title>"}},
+                 "Contents file=t.hhc\nIndex file=t.hhk\nBinary TOC=Yes\nBinary Index=Yes\n",
+                 false);
+        sound_ = files();
+    }
+
+    /// What is said when a byte of a file is another one.
+    Lines faultsWith(const std::string& file, std::size_t place, char byte) {
+        Files changed = sound_;
+        changed.at(file).at(place) = byte;
+        return help::checkHelp(packed(changed)).value_or(Lines{"unreadable"});
+    }
+
+    Files sound_;
+};
+
+} // namespace
+
+TEST_F(BinaryTables, OfContentsAreLookedAtByTheCheck) {
+    const std::string file = "/#TOCIDX";
+    EXPECT_EQ(faultsWith(file, 8, sound_.at(file)[8]), Lines{});
+    const std::size_t book = 4096;
+    const std::size_t page = book + 28;
+    const auto at = [](std::size_t place, const std::string& fault) {
+        return Lines{"binary contents: the entry at " + std::to_string(place) + ' ' + fault};
+    };
+    EXPECT_EQ(faultsWith(file, page + 8, 99), at(page, "has topic 99, which is not there"));
+    EXPECT_EQ(faultsWith(file, page + 4, 0), Lines{}); // a name at an offset of the strings
+    EXPECT_EQ(faultsWith(file, page + 0xC, 4), at(page, "does not know the one above it"));
+    EXPECT_EQ(faultsWith(file, page + 0x11, 0x10), at(book, "is reached twice"));
+    EXPECT_EQ(faultsWith(file, book + 0x16, 0x7F), at(0x7F101C, "lies outside the file"));
+}
+
+TEST_F(BinaryTables, OfKeywordsAreLookedAtByTheCheck) {
+    const std::string links = "/$WWKeywordLinks/";
+    const std::string tree = links + "BTree";
+    const std::size_t lastBlock = sound_.at(tree).size() - 2048;
+    const auto block = [](std::size_t number) { return 76 + number * 2048; };
+    ASSERT_EQ(sound_.at(tree)[0x2A], 3) << "levels";
+    const std::size_t list = static_cast<unsigned char>(sound_.at(tree)[0x1A]) + 1U;
+    const auto says = [&](const std::string& file, std::size_t place, char byte,
+                          const std::string& text) {
+        const Lines faults = faultsWith(file, place, byte);
+        const std::string first = faults.empty() ? "nothing" : faults.front();
+        EXPECT_EQ(first.find("binary index $WWKeywordLinks: " + text), 0) << place << ": " << first;
+    };
+    says(tree, 4, 1, "its header does not fit");
+    says(tree, 0x26, 1, "its header does not fit");
+    says(tree, 0x2C, 1, "its list is not as long");
+    says(tree, 0x1E, 1, "its root leads nowhere");
+    says(tree, block(1) + 4, 9, "block 1 is not linked");
+    says(tree, block(1) + 8, 1, "block 1 is not linked"); // a circle
+    says(tree, block(1) + 2, 99, "block 1 is damaged");
+    says(tree, block(1) + 0, 99, "block 1 is damaged");
+    const std::size_t topic = block(0) + 12 + 2 * (8 + 100 + 1 + 1) + 16;
+    says(tree, topic, 9, "\"keyword " + std::string(100, 'a') + "0\" has topic 9, which");
+    const std::string leads = "block " + std::to_string(list) + " leads to \"";
+    says(tree, block(list) + 4, 1, leads);
+    says(tree, block(list) + 8, 'x', leads + 'x');
+    says(tree, lastBlock + 4, 0, "its root leads nowhere");
+    says(links + "Map", 2 + 8, 1, "its map does not lead to block 1");
+    says(links + "Map", 0, 1, "its list is not as long");
+    sound_.at(links + "Data").pop_back();
+    says(links + "Property", 0, 0, "its data are not those");
 }
 
 TEST(HelpCheck, ComparesWithTheProject) {
