@@ -142,7 +142,19 @@ Text openingTag(const PastedNode& block) {
     return tag + ">";
 }
 
-void appendBlock(Text& made, const PastedNode& block) {
+/// Word processors move a list to the right with lists around it that have nothing else.
+const PastedNode& withoutIndent(const PastedNode& block) {
+    const auto isList = [](const PastedNode& node) { return node.is("ul") || node.is("ol"); };
+    const PastedNode* list = &block;
+    while (isList(*list) && list->children.size() == 1 && list->children[0].children.size() == 1
+           && isList(list->children[0].children[0])) {
+        list = &list->children[0].children[0];
+    }
+    return *list;
+}
+
+void appendBlock(Text& made, const PastedNode& given) {
+    const PastedNode& block = withoutIndent(given);
     made += openingTag(block);
     if (block.is("hr")) {
         return;

@@ -58,7 +58,9 @@ struct Popup : QWidget {
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.fillRect(rect(), palette().color(QPalette::Base));
-        painter.setPen(palette().color(QPalette::Mid));
+        QColor line = palette().color(QPalette::Text); // seen on any ground
+        line.setAlpha(90);
+        painter.setPen(line);
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
         for (int row = 0; row < shownRows(); ++row) {
             for (int column = 0; column < shownColumns(); ++column) {

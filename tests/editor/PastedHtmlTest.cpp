@@ -66,6 +66,18 @@ TEST(PastedHtml, OfABrowserAndAWordProcessorIsWhatAnAuthorWouldWrite) {
     EXPECT_EQ(other.find("style"), Text::npos);
 }
 
+TEST(PastedHtml, LeavesFontsAndMarginsBehind) {
+    EXPECT_EQ(pasted(sample("word-processor-fonts.html")),
+              test::lines({"<h1>Brewing caf\u00E9 tea</h1>",
+                           "<p>Take <b>one spoon</b> &amp; <i>hot water</i>; see <a "
+                           "href='https://example.org/tea?a=1&amp;b=2'>the page</a>.</p>",
+                           "<ol>", "<li>First</li>", "<li>Second <b>bold</b></li>", "</ol>", "<ol>",
+                           "<li>inner</li>", "</ol>", "<table border='1' cellpadding='6'>", "<tr>",
+                           "<td>Sort</td>", "<td>Minutes</td>", "</tr>", "<tr>", "<td>Green</td>",
+                           "<td>3</td>", "</tr>", "</table>"})
+                  + "<p>End.</p>");
+}
+
 TEST(PastedHtml, SeesFormatsInStylesAndMendsWhatIsDamaged) {
     const std::pair<const char*, const char*> rows[] = {
         {"just <span style='color:red'>text</span><div>and a line</div>", "(text)"},
@@ -160,4 +172,55 @@ TEST(ProjectPictures, TakesPicturesInAndNothingElse) {
     EXPECT_EQ(pictures.page(url(folder / "secret.png")), "");
     EXPECT_NE(pictures.store("picture.gif", "GIF89a other"), std::error_code());
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(project / "images"), {}), 2);
+}
+
+TEST(ProjectPictures, NothingPastedReachesOutOfTheFolder) {
+    const test::TemporaryFolder folder;
+    const test::Path project = folder / "project";
+    std::filesystem::create_directories(project / "html");
+    std::filesystem::create_directories(folder / "outside");
+    test::writeBytes(folder / "outside" / "p.bmp", test::bitmap(4, 3));
+    test::writeBytes(folder / "outside" / "a.htm", "page");
+    test::writeBytes(project / "html" / "a.htm", "page");
+    const Text base = "file://" + Text(folder.path());
+    const Text folders[] = {"..",   "%2e%2e", ".",  "outside", "project",
+                            "html", "images", "C:", "%00",     ""};
+    const Text files[] = {"p.bmp", "p.bmp", "a.htm", "a.htm#../x", "..", "passwd"};
+    const Text separators[] = {"/", "/", "/", "\\", "%2F", "%5C"};
+    const Text starts[] = {
+        base + "/outside/", base + "/project/html/",  base + "/project/", "", "/", "file:",
+        "file://x/",        "data:image/bmp;base64,", "javascript:"};
+    std::mt19937 random(11); // NOLINT: the same each time
+    int links = 0;
+    for (int round = 0; round < 3000; ++round) {
+        ProjectPictures pictures(project, text::CodePage());
+        Text address = starts[random() % std::size(starts)];
+        for (std::size_t left = random() % 4; left > 0; --left) {
+            address += folders[random() % std::size(folders)];
+            address += separators[random() % std::size(separators)];
+        }
+        address += files[random() % std::size(files)];
+        const Text made =
+            pastedMarkUp("<p><a href=\"" + address + "\">x</a><img src=\"" + address + "\">",
+                         pictures)
+                .value_or("");
+        for (const char* start : {"href='", "src='"}) {
+            const std::size_t found = made.find(start);
+            if (found == Text::npos) {
+                continue;
+            }
+            ++links;
+            const TextView rest = TextView(made).substr(found + TextView(start).size());
+            const TextView given = rest.substr(0, rest.find('\''));
+            const bool isOwn = given.starts_with("..\\html\\") || given.starts_with("..\\images\\");
+            ASSERT_TRUE(isOwn) << address << ": " << made;
+            const TextView path = given.substr(2, given.find('#') - 2);
+            ASSERT_EQ(path.find(".."), TextView::npos) << address << ": " << made;
+        }
+    }
+    EXPECT_GT(links, 50) << "refusing everything would be no way";
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder / "outside"), {}), 2);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(project), {}), 2);
+    EXPECT_EQ(bytesOf(folder / "outside" / "p.bmp"), test::bitmap(4, 3));
 }
