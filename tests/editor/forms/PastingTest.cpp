@@ -80,6 +80,16 @@ TEST_F(Pasting, TabAndEnterGoOnInTablesAndLists) {
                      "<tr>", "<td>new</td>", "<td></td>", "<td></td>", "</tr>", "</table>"}));
     EXPECT_TRUE(choose(editor(), {"Insert Table", "Delete Row"}));
     EXPECT_TRUE(choose(editor(), {"Insert Table", "Delete Column"}));
+    const std::string table = editor().txtBody.text();
+    press("Alt+Shift+Down");
+    press("Alt+Shift+Right");
+    type("more");
+    EXPECT_TRUE(editor().txtBody.text().ends_with(
+        test::lines({"<tr>", "<td></td>", "<td>more</td>", "<td></td>", "</tr>", "</table>"})))
+        << editor().txtBody.text();
+    press("Alt+Shift+Left");
+    press("Alt+Shift+Up");
+    EXPECT_EQ(editor().txtBody.text(), table);
     editor().txtBody.selectAll();
     press("Ctrl+Shift+8");
     EXPECT_TRUE(editor().txtBody.text().starts_with("<ul>\r\n<li><table"));
