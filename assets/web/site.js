@@ -1,5 +1,5 @@
-// What a page does when it is open: this file holds what the others share. They become one.
-"use strict";
+// What a page does when it is open: this file holds what the others share. They become one, behind
+// the labels that are shown to the reader.
 const root = new URL("../", document.currentScript.src).href;
 const waiting = {};
 

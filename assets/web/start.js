@@ -2,9 +2,10 @@
 const shown = 10; // hits at a time
 
 function makeSide() {
-  const menu = make("button.ts-menu", { type: "button", "aria-expanded": "false", "aria-controls": "ts-side" }, "Contents");
-  const input = make("input", { type: "search", placeholder: "Search  ( / )", "aria-label": "Search", autocomplete: "off" });
-  const side = make("nav.ts-side", { id: "ts-side", "aria-label": "Contents, index and search" });
+  const ways = [labels.contents, labels.index, labels.search].join(", ");
+  const menu = make("button.ts-menu", { type: "button", "aria-expanded": "false", "aria-controls": "ts-side" }, labels.contents);
+  const input = make("input", { type: "search", placeholder: labels.search + "  ( / )", "aria-label": labels.search, autocomplete: "off" });
+  const side = make("nav.ts-side", { id: "ts-side", "aria-label": ways });
   const head = document.querySelector(".ts-head");
   head.prepend(menu);
   head.append(make("div", { role: "search" }, input));
@@ -18,8 +19,8 @@ function makeSide() {
 
   const tabs = {}, panels = {};
   const makers = { contents: makeTree, index: makeIndex, results: panel => panel.replaceChildren() };
-  const names = { contents: "Contents", index: "Index", results: "Results" };
-  const strip = make("div.ts-tabs", { role: "tablist", "aria-label": "Ways to a topic" });
+  const names = { contents: labels.contents, index: labels.index, results: labels.results };
+  const strip = make("div.ts-tabs", { role: "tablist", "aria-label": ways });
   side.append(strip);
   for (const key in names) {
     tabs[key] = make("button", { type: "button", role: "tab", id: "ts-tab-" + key, "aria-controls": "ts-" + key }, names[key]);
@@ -65,10 +66,10 @@ function makeSide() {
     hits.replaceChildren();
     if (!panels.results.contains(hits)) panels.results.replaceChildren(count, hits);
     if (!found) {
-      count.textContent = "Files of the search are missing.";
+      count.textContent = labels.noSearch;
       return;
     }
-    count.textContent = found.pages.length === 1 ? "1 page" : found.pages.length + " pages";
+    count.textContent = labels.results + ": " + found.pages.length;
     showMore(question, found.parts, found.pages, 0);
   };
   const showMore = (question, parts, pages, from) => {
@@ -79,7 +80,7 @@ function makeSide() {
       openSearch().then(s => sentence(s, page, parts)).then(nodes => text.replaceChildren(...nodes));
     }
     if (from + shown < pages.length) {
-      const more = make("button.ts-more", { type: "button" }, "Show more");
+      const more = make("button.ts-more", { type: "button" }, labels.more);
       more.addEventListener("click", () => { more.parentElement.remove(); showMore(question, parts, pages, from + shown); });
       hits.append(make("li", {}, more));
     }
@@ -153,7 +154,7 @@ if (context !== null || contextName !== null) {
   document.documentElement.style.visibility = "hidden";
   openContext(context, contextName).catch(() => {
     document.documentElement.style.visibility = "";
-    document.querySelector("main").prepend(make("p.ts-note", { role: "alert" }, "There is no page for " + (context ?? contextName) + "."));
+    document.querySelector("main").prepend(make("p.ts-note", { role: "alert" }, labels.noPage.replace("%1", () => context ?? contextName)));
     makeSide();
   });
 } else {

@@ -1,6 +1,6 @@
 // The contents as a tree, and the index.
 function makeTree(panel) {
-  const tree = make("ul.ts-tree", { role: "tree", "aria-label": "Contents" });
+  const tree = make("ul.ts-tree", { role: "tree", "aria-label": labels.contents });
   const open = new Set(kept.get("open", []));
   const lists = [[0, tree, null]];
   let current = null;
@@ -87,7 +87,7 @@ function makeTree(panel) {
 
 async function makeIndex(panel) {
   const keywords = await load("keywords", "keywords");
-  const filter = make("input", { type: "search", placeholder: "Filter", "aria-label": "Filter the index" });
+  const filter = make("input", { type: "search", placeholder: labels.filter, "aria-label": labels.filter });
   const list = make("ul.ts-index");
   const show = () => {
     const wanted = plain(filter.value);
@@ -96,7 +96,7 @@ async function makeIndex(panel) {
       ? make("li", {}, make("a", { href: addressOf(positions[0]) }, keyword))
       : make("li", {}, make("span.ts-term", {}, keyword),
         ...positions.map(position => make("a", { href: addressOf(position) }, topics[position][1])))));
-    if (!rows.length) list.append(make("li.ts-note", {}, "No keyword has that."));
+    if (!rows.length) list.append(make("li.ts-note", {}, labels.none));
   };
   filter.value = kept.get("filter", "");
   filter.addEventListener("input", () => { kept.set("filter", filter.value); show(); });

@@ -34,12 +34,6 @@ Text lowerName(TextView name) {
 
 } // namespace
 
-bool isRightToLeft(const text::Language& language) {
-    constexpr TextView tags[] = {"ar", "fa", "he", "ur"};
-    return std::find(std::begin(tags), std::end(tags), TextView(language.tag).substr(0, 2))
-           != std::end(tags);
-}
-
 std::vector<Text> noteLines(const Notes& notes, const Project& project) {
     std::vector<Text> lines;
     for (const Note& note : notes) {

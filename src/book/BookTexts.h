@@ -34,9 +34,6 @@ enum class BookShape {
     onePage ///< all stand on one, below each other
 };
 
-/// Whether its letters run from right to left.
-bool isRightToLeft(const text::Language& language);
-
 /// The texts of a project's topics as strict mark-up, with addresses as they are in the book.
 class BookTexts : public MarkupPlaces {
 public:

@@ -126,7 +126,7 @@ private:
                "<!DOCTYPE html>\n<html xmlns=\"http://www.w3.org/1999/xhtml\" "
                "xmlns:epub=\"http://www.idpf.org/2007/ops\" lang=\"",
                language_.tag, "\" xml:lang=\"", language_.tag, "\"",
-               isRightToLeft(language_) ? " dir=\"rtl\"" : "", ">\n<head>\n<title>",
+               text::isRightToLeft(language_) ? " dir=\"rtl\"" : "", ">\n<head>\n<title>",
                escapedText(title),
                "</title>\n<link rel=\"stylesheet\" type=\"text/css\" href=\"style.css\"/>\n");
         if (hasStyleSheet_) {
@@ -200,7 +200,7 @@ private:
                escapedText(title_), "</dc:title>\n<dc:language>", language_.tag,
                "</dc:language>\n<meta property=\"dcterms:modified\">", writtenTime(time_),
                "</meta>\n</metadata>\n<manifest>\n", manifest_, "</manifest>\n<spine",
-               isRightToLeft(language_) ? " page-progression-direction=\"rtl\"" : "", ">\n", spine_,
+               text::isRightToLeft(language_) ? " page-progression-direction=\"rtl\"" : "", ">\n", spine_,
                "</spine>\n</package>\n");
         return page;
     }

@@ -60,7 +60,7 @@ Text PrintPage::html(const std::vector<int>& pageNumbers) const {
     const text::Language& language = project_.options().language();
     Text page;
     append(page, "<!DOCTYPE html>\n<html lang=\"", language.tag, "\"",
-           isRightToLeft(language) ? " dir=\"rtl\"" : "",
+           text::isRightToLeft(language) ? " dir=\"rtl\"" : "",
            ">\n<head>\n<meta charset=\"utf-8\">\n<title>", escapedText(title_), "</title>\n<style>",
            style, style_, ownStyle, "</style>\n</head>\n<body>\n<h1>", escapedText(title_),
            "</h1>\n", contents(pageNumbers), "<div class=\"topicsmith-copyright\">", copyright_,

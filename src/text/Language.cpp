@@ -85,4 +85,11 @@ const Language& languageOf(TextView tag) {
                  });
 }
 
+bool isRightToLeft(const Language& language) {
+    constexpr TextView leftwards[] = {"ar-", "he-"};
+    return std::any_of(std::begin(leftwards), std::end(leftwards), [&](TextView beginning) {
+        return TextView(language.tag).starts_with(beginning);
+    });
+}
+
 } // namespace text

@@ -28,4 +28,7 @@ const Language* findLanguage(TextView tag);
 /// The same, with the default one for a tag that is not known.
 const Language& languageOf(TextView tag);
 
+/// Whether it is written from right to left.
+bool isRightToLeft(const Language& language);
+
 } // namespace text

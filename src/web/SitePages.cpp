@@ -5,6 +5,8 @@
 #include "generate/PageNavigation.h"
 #include "generate/TopicPage.h"
 #include "text/HtmlReader.h"
+#include "web/Assets.h"
+#include "web/SiteData.h"
 #include "web/SiteKeywords.h"
 
 namespace web {
@@ -17,20 +19,9 @@ using text::escapedHtml;
 using text::Text;
 using text::TextView;
 
-namespace {
-
-/// Whether a language is written from right to left.
-bool runsLeftwards(TextView languageTag) {
-    constexpr TextView languages[] = {"ar", "dv", "fa", "he", "ps", "sd", "syr", "ug", "ur", "yi"};
-    const Text language = text::lowerCase(languageTag.substr(0, languageTag.find('-')));
-    return std::find(std::begin(languages), std::end(languages), language) != std::end(languages);
-}
-
-} // namespace
-
 Text SitePages::siteTitle() const {
     const Text name = plainLine(options_.projectName);
-    return name.empty() ? "Help" : name;
+    return name.empty() ? labels().help : name;
 }
 
 Text SitePages::linkTo(int position, TextView fromPlace, TextView attributes) const {
@@ -46,7 +37,7 @@ void SitePages::appendHead(Text& page, const Head& head) const {
     const Text language = options_.language().tag;
     appendLine(page, "<!DOCTYPE html>");
     append(page, R"(<html lang=")", language, R"(")");
-    append(page, runsLeftwards(language) ? R"( dir="rtl")" : "");
+    append(page, text::isRightToLeft(options_.language()) ? R"( dir="rtl")" : "");
     appendLine(page, head.hasColours || isOnlyForLight_ ? R"( class="ts-paper")" : "", ">");
     appendLine(page, "<head>");
     appendLine(page, R"(<meta charset="utf-8">)");
@@ -90,11 +81,12 @@ void SitePages::appendHead(Text& page, const Head& head) const {
 void SitePages::appendFrame(Text& page, const Head& head) const {
     const auto to = [&head](TextView place) { return relativeAddress(head.place, place); };
     appendLine(page, "<body>");
-    appendLine(page, R"(<a class="ts-skip" href="#ts-main">Skip to the text</a>)");
+    appendLine(page, R"(<a class="ts-skip" href="#ts-main">)", labels().toText, "</a>");
     append(page, R"(<header class="ts-head"><a class="ts-home" href=")", to(frontPlace), R"(">)",
            escapedHtml(siteTitle()), "</a>");
-    append(page, R"(<nav class="ts-ways" aria-label="All topics"><a href=")", to(contentsPlace),
-           R"(">Contents</a> <a href=")", to(keywordsPlace), R"(">Index</a></nav>)");
+    append(page, R"(<nav class="ts-ways" aria-label=")", labels().contents, ", ", labels().index,
+           R"("><a href=")", to(contentsPlace), R"(">)", labels().contents, R"(</a> <a href=")",
+           to(keywordsPlace), R"(">)", labels().index, "</a></nav>");
     appendLine(page, "</header>");
     appendLine(page, R"(<div class="ts-frame">)");
     appendLine(page, R"(<main id="ts-main" tabindex="-1">)");
@@ -121,7 +113,7 @@ void SitePages::appendWayHere(Text& page, int position) const {
     if (above.empty()) {
         return;
     }
-    append(page, R"(<nav class="ts-path" aria-label="Topics above"><ol>)");
+    append(page, R"(<nav class="ts-path" aria-label=")", labels().here, R"("><ol>)");
     for (auto at = above.rbegin(); at != above.rend(); ++at) {
         append(page, "<li>", linkTo(*at, map_.at(position).place), "</li>");
     }
@@ -139,7 +131,8 @@ void SitePages::appendSteps(Text& page, int position) const {
     if (own.previous == 0 && own.next == 0) {
         return;
     }
-    append(page, R"(<nav class="ts-steps" aria-label="Neighbouring topics">)");
+    append(page, R"(<nav class="ts-steps" aria-label=")", labels().previous, ", ", labels().next,
+           R"(">)");
     if (own.previous > 0) {
         append(page, linkTo(own.previous, own.place, R"( rel="prev")"));
     }
@@ -207,12 +200,12 @@ void SitePages::appendTree(Text& page, TextView place) const {
 
 Text SitePages::contentsPage(TextView place) {
     Text page;
-    const Text title = place == frontPlace ? siteTitle() : "Contents";
+    const Text title = place == frontPlace ? siteTitle() : Text(labels().contents);
     const Head head = {place, title};
     appendHead(page, head);
     appendFrame(page, head);
-    appendLine(page, "<h1>Contents</h1>");
-    append(page, R"(<nav class="ts-all" aria-label="Contents">)", "\r\n<ul>");
+    appendLine(page, "<h1>", labels().contents, "</h1>");
+    append(page, R"(<nav class="ts-all" aria-label=")", labels().contents, "\">\r\n<ul>");
     appendTree(page, place);
     appendLine(page, "</nav>");
     appendFoot(page, place);
@@ -221,12 +214,13 @@ Text SitePages::contentsPage(TextView place) {
 
 Text SitePages::keywordsPage() {
     Text page;
-    const Head head = {keywordsPlace, "Index"};
+    const Head head = {keywordsPlace, labels().index};
     appendHead(page, head);
     appendFrame(page, head);
-    appendLine(page, "<h1>Index</h1>");
+    appendLine(page, "<h1>", labels().index, "</h1>");
     const std::vector<Keyword> keywords = sortedKeywords(outline_, map_);
-    appendLine(page, keywords.empty() ? "<p>There are no keywords.</p>" : "<dl class=\"ts-all\">");
+    appendLine(page, keywords.empty() ? "<p>" : "<dl class=\"ts-all\">",
+               keywords.empty() ? labels().noKeywords : "", keywords.empty() ? "</p>" : "");
     for (const Keyword& keyword : keywords) {
         append(page, "<dt>", escapedHtml(keyword.text), "</dt>");
         for (const int position : keyword.topics) {
@@ -250,6 +244,20 @@ Text SitePages::projectStyle() {
                relativeAddress(stylePlace, picture), "\"); } }\n");
     }
     return style;
+}
+
+Text SitePages::script() const {
+    const text::Labels& words = labels();
+    const std::pair<TextView, TextView> all[] = {
+        {"contents", words.contents}, {"index", words.index},   {"search", words.search},
+        {"results", words.results},   {"filter", words.filter}, {"more", words.more},
+        {"none", words.noKeywords},   {"noPage", words.noPage}, {"noSearch", words.noSearch},
+    };
+    Text script = "\"use strict\";\nconst labels = {";
+    for (const auto& [name, label] : all) {
+        append(script, name, ":", scriptText(label), ",");
+    }
+    return script + "};\n" + Text(siteScript);
 }
 
 } // namespace web

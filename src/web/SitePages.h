@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/ProjectOptions.h"
+#include "text/Labels.h"
 #include "web/SiteLinks.h"
 
 namespace web {
@@ -25,6 +26,9 @@ public:
     /// The first rules of the site's style: those of the project, below which ours stand.
     text::Text projectStyle();
 
+    /// The script, with what it writes beside the pages.
+    text::Text script() const;
+
     /// Told whether the project's style sheet has no colours for a dark screen.
     void setOnlyForLight(bool isOnlyForLight) { isOnlyForLight_ = isOnlyForLight; }
 
@@ -46,6 +50,7 @@ private:
     void appendTree(text::Text& page, text::TextView place) const;
     text::Text linkTo(int position, text::TextView fromPlace, text::TextView attributes = {}) const;
     text::Text siteTitle() const;
+    const text::Labels& labels() const { return text::labelsOf(options_.language().tag); }
 
     const model::TopicOutline& outline_;
     const model::ProjectOptions& options_;

@@ -46,7 +46,7 @@ public:
 
     void addStyle() {
         folder_.add(Text(stylePlace), pages_.projectStyle() + Text(siteStyle));
-        folder_.add(Text(scriptPlace), Text(siteScript));
+        folder_.add(Text(scriptPlace), pages_.script());
         const Text sheet = sources_.contentsOf(links_.optionPlace(options_.cssFile));
         pages_.setOnlyForLight(!sheet.empty() && sheet.find("prefers-color-scheme") == Text::npos);
     }

@@ -5,6 +5,7 @@
 
 #include "text/CodePage.h"
 #include "text/ForeignText.h"
+#include "text/Labels.h"
 #include "text/Language.h"
 #include "text/Path.h"
 
@@ -152,4 +153,29 @@ TEST(Path, PageNamesKeepTheirLettersInTheFileSystem) {
     EXPECT_EQ(nativePath("Größe\\Ж.htm"), std::filesystem::path(u8"Größe/Ж.htm"));
     EXPECT_EQ(displayText(std::filesystem::path(u8"/x/Größe.htm")), "/x/Größe.htm");
     EXPECT_EQ(attributeText(std::filesystem::path(u8"/it's Ж/")), "/it&#39;s Ж");
+}
+
+TEST(Language, AllHaveLabelsOfTheirOwn) {
+    const Labels& english = labelsOf("en-US");
+    for (const Language& language : languages()) {
+        const Labels& labels = labelsOf(language.tag);
+        EXPECT_TRUE(TextView(language.tag).starts_with(labels.language)) << language.tag;
+        for (const auto label :
+             {&Labels::contents, &Labels::index, &Labels::search, &Labels::results, &Labels::filter,
+              &Labels::more, &Labels::toText, &Labels::previous, &Labels::next, &Labels::noKeywords,
+              &Labels::noPage, &Labels::noSearch, &Labels::here, &Labels::help}) {
+            const TextView text = labels.*label;
+            EXPECT_FALSE(text.empty()) << language.tag;
+            EXPECT_TRUE(isUtf8(text)) << language.tag;
+            EXPECT_EQ(text.find("%1") != TextView::npos, label == &Labels::noPage) << text;
+            EXPECT_EQ(text.find_first_of("<>&\"") != TextView::npos, false) << text;
+        }
+        EXPECT_EQ(TextView(labels.search) == english.search,
+                  TextView(language.tag).starts_with("en-"));
+    }
+    EXPECT_STREQ(labelsOf("pt-BR").next, "Pr\u00F3ximo");
+    EXPECT_STREQ(labelsOf("pt-PT").next, "Seguinte");
+    EXPECT_STREQ(labelsOf("tlh").contents, "Contents");
+    EXPECT_TRUE(isRightToLeft(languageOf("he-IL")) && isRightToLeft(languageOf("ar-SA")));
+    EXPECT_FALSE(isRightToLeft(languageOf("hr-HR")));
 }

@@ -86,7 +86,7 @@ async function askFor(page, question) {
   await page.evaluate(() => document.querySelectorAll(".ts-hits, .ts-side [role=status]").forEach(old => old.replaceChildren()));
   await page.fill(".ts-head input", "");
   await page.fill(".ts-head input", question);
-  await page.waitForFunction(() => /page/.test(document.querySelector("#ts-results [role=status]")?.textContent ?? ""));
+  await page.waitForFunction(() => /: \d/.test(document.querySelector("#ts-results [role=status]")?.textContent ?? ""));
 }
 async function hits(page) {
   for (let more; (more = await page.$(".ts-more"));) await more.click();
@@ -122,7 +122,7 @@ for (const [where, rootOf] of [["from the disk", onDisk], ["from a server", onSe
       });
     }
     await visit(root, "index.html?context=99999", async page => {
-      assert.equal(await page.textContent("[role=alert]"), "There is no page for 99999.");
+      assert.equal(await page.textContent("[role=alert]"), "No page for 99999");
       assert.ok(await page.isVisible("h1"));
     });
   });
@@ -232,6 +232,18 @@ test("everything can be reached without scripts", async () => {
     assert.equal(await heading(page), "Start & more");
     assert.match(await page.textContent("footer"), /Written by us/);
   }, { javaScriptEnabled: false });
+});
+
+test("what stands around the pages is in their language, and from right to left", async () => {
+  await visit(onDisk(leftwards), "html/t3.htm", async page => {
+    await ready(page);
+    assert.equal(await page.getAttribute("html", "dir"), "rtl");
+    assert.deepEqual(await page.$$eval(".ts-tabs button", tabs => tabs.map(tab => tab.textContent)), ["\u05ea\u05d5\u05db\u05df", "\u05de\u05e4\u05ea\u05d7", "\u05ea\u05d5\u05e6\u05d0\u05d5\u05ea"]);
+    const box = async place => (await page.$(place)).boundingBox();
+    assert.ok((await box(".ts-side")).x > (await box("main")).x);
+    assert.ok((await box("a[rel=prev]")).x > (await box("a[rel=next]")).x);
+    assert.deepEqual(await page.$$eval("body *", all => all.map(each => each.ariaLabel ?? "").filter(label => /[a-z]/i.test(label))), []);
+  });
 });
 
 test("a narrow, a dark and a printed page are readable", async () => {
