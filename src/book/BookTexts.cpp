@@ -6,6 +6,7 @@
 #include "book/StrictStyle.h"
 #include "book/WebAddress.h"
 #include "generate/PageAddress.h"
+#include "generate/PageAnchors.h"
 #include "generate/PageNavigation.h"
 #include "model/PagePath.h"
 #include "model/Variables.h"
@@ -29,7 +30,7 @@ namespace {
 constexpr const char* isNoPartOfBook = "is no part of the book; its link was left out";
 
 Text lowerName(TextView name) {
-    return text::lowerCase(generate::plainAddress(name));
+    return generate::anchorKey(generate::plainAddress(name));
 }
 
 } // namespace
@@ -76,13 +77,9 @@ void BookTexts::collectAnchors(int position) {
     for (const Text& piece : pieces(position)) {
         text::HtmlReader reader(piece);
         while (reader.next()) {
-            for (const char* attribute : {"id", "name"}) {
-                const bool counts = TextView(attribute) == "id" || reader.opens("a");
-                const auto name = counts ? reader.attribute(attribute) : std::nullopt;
-                if (!name || reader.closes() || lowerName(*name).empty()) {
-                    continue;
-                }
-                const auto [place, isNew] = anchors_.try_emplace({position, lowerName(*name)});
+            for (const Text& name : generate::anchorsOf(reader)) {
+                const auto [place, isNew] =
+                    anchors_.try_emplace({position, generate::anchorKey(name)});
                 if (isNew) {
                     place->second = "t" + std::to_string(position) + "-" + std::to_string(++count);
                 }
@@ -173,9 +170,9 @@ std::optional<Text> BookTexts::link(TextView given) {
 
 Text BookTexts::linkToPage(const AddressTarget& target, const Text& address) {
     const int page = target.page > 0 ? target.page : position_;
-    const std::size_t hash = target.rest.find('#');
-    const Text name = hash == TextView::npos ? Text() : lowerName(target.rest.substr(hash + 1));
-    for (const Text& each : {name, text::lowerCase(generate::unescapedAddress(name))}) {
+    const auto names = generate::anchorKeysIn(target.rest);
+    const Text& name = names.front();
+    for (const Text& each : names) {
         if (const auto anchor = anchors_.find({page, each}); anchor != anchors_.end()) {
             const bool isNear = shape_ == BookShape::onePage || page == position_;
             return (isNear ? Text() : this->address(page)) + "#" + anchor->second;

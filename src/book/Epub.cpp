@@ -200,8 +200,8 @@ private:
                escapedText(title_), "</dc:title>\n<dc:language>", language_.tag,
                "</dc:language>\n<meta property=\"dcterms:modified\">", writtenTime(time_),
                "</meta>\n</metadata>\n<manifest>\n", manifest_, "</manifest>\n<spine",
-               text::isRightToLeft(language_) ? " page-progression-direction=\"rtl\"" : "", ">\n", spine_,
-               "</spine>\n</package>\n");
+               text::isRightToLeft(language_) ? " page-progression-direction=\"rtl\"" : "", ">\n",
+               spine_, "</spine>\n</package>\n");
         return page;
     }
 

@@ -5,6 +5,7 @@
 
 #include "generate/GenerationRun.h"
 #include "generate/PageAddress.h"
+#include "generate/PageAnchors.h"
 #include "generate/PageLines.h"
 #include "generate/PageNavigation.h"
 #include "generate/PageTargets.h"
@@ -34,11 +35,8 @@ public:
     void checkHtml(int position, TextView html) {
         text::HtmlReader reader(html);
         while (reader.next()) {
-            for (const char* attribute : {"id", "name"}) {
-                const auto anchor = reader.attribute(attribute);
-                if (anchor && (reader.opens("a") || TextView(attribute) == "id")) {
-                    anchors_.emplace(position, text::lowerCase(plainAddress(*anchor)));
-                }
+            for (const Text& anchor : anchorsOf(reader)) {
+                anchors_.emplace(position, anchorKey(anchor));
             }
             for (const AddressPlace& place : addressPlaces()) {
                 if (!reader.opens(place.tag)) {
@@ -82,8 +80,8 @@ public:
     /// To be called when all pages have been looked at.
     void finish() {
         for (const AnchorLink& link : anchorLinks_) {
-            if (!hasAnchor(link.page, link.anchor)
-                && !hasAnchor(link.page, unescapedAddress(link.anchor))) {
+            if (std::none_of(link.anchors.begin(), link.anchors.end(),
+                             [&](const Text& anchor) { return hasAnchor(link.page, anchor); })) {
                 add(link.position, FindingKind::link, link.address,
                     "leads to a place that its page does not have");
             }
@@ -100,7 +98,7 @@ private:
     struct AnchorLink {
         int position;
         int page;
-        Text anchor;
+        std::array<Text, 2> anchors; ///< what may be meant
         Text address;
     };
 
@@ -115,11 +113,9 @@ private:
     }
 
     void noteAnchor(int position, const AddressTarget& target, const Text& address) {
-        const std::size_t hash = target.rest.find('#');
-        const Text anchor =
-            hash == TextView::npos ? Text() : text::lowerCase(target.rest.substr(hash + 1));
-        if (!anchor.empty() && anchor != "top") {
-            anchorLinks_.push_back({position, target.page, anchor, address});
+        const auto anchors = anchorKeysIn(target.rest);
+        if (!anchors.front().empty() && anchors.front() != "top") {
+            anchorLinks_.push_back({position, target.page, anchors, address});
         }
     }
 

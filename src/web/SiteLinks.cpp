@@ -82,9 +82,8 @@ Text SiteLinks::addressFor(TextView address, int from, const Text& place) {
             return "#ts-main"; // what has no page leads nowhere
         }
         const Text& page = map_.at(target.page).place;
-        return page == place && !target.rest.empty()
-                   ? escapedRest(target.rest)
-                   : relativeAddress(place, page) + escapedRest(target.rest);
+        const Text rest = escapedRest(restFor(target));
+        return page == place && !rest.empty() ? rest : relativeAddress(place, page) + rest;
     }
     if (target.kind == AddressTarget::Kind::file) {
         for (const Text& file : targets_.filePlaces(from, target.path)) {
@@ -94,6 +93,22 @@ Text SiteLinks::addressFor(TextView address, int from, const Text& place) {
         }
     }
     return Text(address);
+}
+
+/// What follows the page in an address, with the place on it as it is spelt there: browsers tell
+/// letter case apart.
+Text SiteLinks::restFor(const AddressTarget& target) {
+    const std::size_t hash = target.rest.find('#');
+    if (hash == TextView::npos) {
+        return Text(target.rest);
+    }
+    const auto [found, isNew] = anchors_.try_emplace(target.page);
+    if (isNew) {
+        found->second.add(outline_.at(target.page).title);
+        found->second.add(outline_.at(target.page).body);
+    }
+    const Text name = found->second.otherNameFor(target.rest);
+    return name.empty() ? Text(target.rest) : Text(target.rest.substr(0, hash + 1)) + name;
 }
 
 void SiteLinks::lookAtStyle(TextView css, int from) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "generate/PageAnchors.h"
 #include "web/SiteMap.h"
 #include "web/SiteSources.h"
 
@@ -10,7 +11,7 @@ class SiteLinks {
 public:
     /// Nothing is owned.
     SiteLinks(const model::TopicOutline& outline, const SiteMap& map, SiteSources& sources)
-        : map_(map), sources_(sources), targets_(outline) {}
+        : outline_(outline), map_(map), sources_(sources), targets_(outline) {}
 
     /// Appends HTML to a page at a place. Its addresses count from the page of a topic, or with
     /// generate::PageTargets::allPages from the page folder. Only addresses that lead to pages
@@ -26,11 +27,14 @@ public:
 
 private:
     text::Text addressFor(text::TextView address, int from, const text::Text& place);
+    text::Text restFor(const generate::AddressTarget& target);
     void lookAtStyle(text::TextView css, int from);
 
+    const model::TopicOutline& outline_;
     const SiteMap& map_;
     SiteSources& sources_;
     generate::PageTargets targets_;
+    std::map<int, generate::PageAnchors> anchors_; ///< of pages to whose places links lead
     bool hasColours_ = false;
 };
 

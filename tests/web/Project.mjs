@@ -63,7 +63,7 @@ export function drawnTopics() {
 // What is odd about names, letters and links.
 export const oddTopics = [
   { title: "Start & more", file: "start.htm", number: "10", name: "IDH_START", keywords: "begin; caf\u00e9",
-    body: "<p>Go to <a href='..\\html\\C# Caf\u00e9.htm'>the caf\u00e9</a>, <a href='..\\HTML\\DEEP\\page one.HTM#Ende-\u00e9'>an end</a> or <a href='deep/page%20one.htm'>deep</a>.</p>\r\n<p><img src='..\\images\\dot.png' alt='a dot'></p>" },
+    body: "<p>Go to <a href='..\\html\\C# Caf\u00e9.htm'>the caf\u00e9</a>, <a href='..\\HTML\\DEEP\\page one.HTM#ENDE-\u00e9'>an end</a> or <a href='deep/page%20one.htm'>deep</a>.</p>\r\n<p><img src='..\\images\\dot.png' alt='a dot'></p>" },
   { level: 2, title: "Caf\u00e9 and C#", file: "C# Caf\u00e9.htm", number: "0x1F", name: "Caf\u00e9_Topic", keywords: "c#; Caf\u00e9",
     body: "<h2 id='one'>One</h2><p>A caf\u00e9 where soft\u00ADhyphens don't matter.</p>" },
   { level: 3, title: "Deep", file: "deep\\page one.htm", number: "12", name: "IDH_DEEP",

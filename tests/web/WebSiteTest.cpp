@@ -64,9 +64,10 @@ TEST_F(WebSite, LinksLeadToPagesHoweverTheyAreSpelt) {
              "<a href='..\\html\\C# Caf\u00E9.htm'>1</a><A HREF=\"SUB/Deep.HTM#An &amp; Aus\">2</a>"
              "<a href='C%23%20Caf%C3%A9.htm#x'>3</a><a href='#here'>4</a>"
              "<img src='..\\images\\bild \u00E9.png'><a href='https://example.org/a\\b'>5</a>"
-             "<a href='missing.htm'>6</a><p title='..\\html\\start.htm'>7"),
+             "<a href='missing.htm'>6</a><p title='..\\html\\start.htm'>7"
+             "<b id='Own'><a href='#OWN'>9</a><a href='sub\\deep.htm#way%20in'>10</a>"),
          topic(2, "Caf\u00E9 &amp; C#", "C# Caf\u00E9.htm"),
-         topic(3, "A < B", "sub\\deep.htm", "<a href='../start.htm'>8</a>")}));
+         topic(3, "A < B", "sub\\deep.htm", "<a href='../start.htm'>8</a><a name='Way In'>")}));
     EXPECT_TRUE(report.failures.empty());
     const std::string start = page("html/start.htm");
     for (const char* wanted :
@@ -74,6 +75,7 @@ TEST_F(WebSite, LinksLeadToPagesHoweverTheyAreSpelt) {
           "<a href='C%23%20Caf%C3%A9.htm#x'>3</a><a href='#here'>4</a>",
           "<img src='../Images/Bild%20%C3%A9.PNG'><a href='https://example.org/a\\b'>5</a>",
           "<a href='missing.htm'>6</a><p title='..\\html\\start.htm'>7",
+          "<a href='#Own'>9</a><a href='sub/deep.htm#Way%20In'>10</a>",
           "<link rel=\"next\" href=\"C%23%20Caf%C3%A9.htm\">"}) {
         EXPECT_NE(start.find(wanted), std::string::npos) << wanted << '\n' << start;
     }
