@@ -288,8 +288,21 @@ for (const colorScheme of ["light", "dark"]) {
   });
 }
 
+test("no page of the program's manual has barriers", async () => {
+  const places = ["index.html", "contents.html", "keywords.html", ...readdirSync(join(book, "html")).map(name => "html/" + name)];
+  assert.ok(places.length > 60);
+  await visit(onDisk(book), places[0], async page => {
+    for (const [i, place] of places.entries()) {
+      await page.emulateMedia({ colorScheme: i % 3 ? "light" : "dark" });
+      await page.goto(onDisk(book) + place);
+      await ready(page);
+      assert.deepEqual(await barriers(page), [], place);
+    }
+  });
+});
+
 test("the pages are HTML as it should be", () => {
-  for (const site of [odd, drawn]) {
+  for (const site of [odd, drawn, book]) {
     const pages = readdirSync(site, { recursive: true }).filter(name => /\.html?$/.test(name)).map(name => join(site, name));
     assert.ok(pages.length > 8);
     execFileSync("tidy", ["-q", "-e", ...pages], { stdio: "pipe" }); // fails after a warning
