@@ -250,7 +250,7 @@ void PasteBuilder::addLineBreak() {
 void PasteBuilder::addPicture(PastedPicture picture) {
     PastedNode run;
     run.kind = Kind::picture;
-    run.picture = std::move(picture);
+    run.picture = std::make_unique<PastedPicture>(std::move(picture));
     addRun(std::move(run));
 }
 

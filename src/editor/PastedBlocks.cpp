@@ -47,7 +47,7 @@ public:
         }
         change(tagsOf(run.format));
         if (run.kind == Kind::picture) {
-            appendPicture(made_, run.picture);
+            appendPicture(made_, *run.picture);
         } else if (run.kind == Kind::lineBreak) {
             append(made_, "<br>", lineBreak);
         } else {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <vector>
 
 #include "editor/Passage.h"
@@ -40,7 +41,7 @@ struct PastedNode {
 
     Text text; ///< without mark-up or references; the name of a place
     RunFormat format;
-    PastedPicture picture;
+    std::unique_ptr<PastedPicture> picture; ///< few nodes have one, and a long text many nodes
 
     bool is(TextView name) const { return kind == Kind::block && tag == name; }
 };

@@ -117,8 +117,10 @@ void HelpBodies::readPages() {
 
 void HelpBodies::readPage(std::size_t topic) {
     const Text& path = topics_[topic].planned->page;
-    bytesRead_ += source_.sizeOf(path);
-    const auto html = bytesRead_ > mostBytes ? std::nullopt : source_.readText(path);
+    const std::uint64_t size = source_.sizeOf(path); // a huge one leaves room for others
+    const bool fits = size <= HelpSource::largestFile && size <= mostBytes - bytesRead_;
+    bytesRead_ += fits ? size : 0;
+    const auto html = fits ? source_.readText(path) : std::nullopt;
     if (!html) {
         note(topic, "its page " + path + " is too large or damaged");
         return;

@@ -26,6 +26,9 @@ using text::TextView;
 namespace {
 
 constexpr std::uint64_t mostBytes = std::uint64_t(64) << 20; // of all pages, and of all pictures
+// What is cleaned takes many times its size in memory.
+constexpr std::size_t largestMarkdown = std::size_t(2) << 20U;
+constexpr std::size_t largestMarkUp = std::size_t(4) << 20U; // beside pictures in it
 constexpr std::size_t mostNotes = 200;
 
 /// Whether a word processor saved a page: that describes how every letter looks, and nobody would
@@ -49,6 +52,17 @@ bool isOfWordProcessor(TextView html) {
         }
     }
     return html.find("mso-") != TextView::npos || html.find("class=Mso") != TextView::npos;
+}
+
+/// The length of a page without the pictures in its text.
+std::size_t markUpSize(TextView html) {
+    std::size_t size = html.size();
+    for (std::size_t at = 0; (at = html.find("data:image/", at)) != TextView::npos;) {
+        const std::size_t end = std::min(html.find_first_of("\"'> ", at), html.size());
+        size -= end - at;
+        at = end;
+    }
+    return size;
 }
 
 struct Page {
@@ -183,7 +197,8 @@ private:
     void readPage(const fs::path& file) {
         const Text own = relativePath(file);
         std::string bytes;
-        const std::error_code error = platform::readFile(file, bytes, largestFile);
+        const std::error_code error =
+            platform::readFile(file, bytes, isMarkdownName(own) ? largestMarkdown : largestFile);
         if (error || own.empty() || bytes.size() > mostBytes - bytesRead_) {
             notes.push_back(text::oneLine(platform::utf8FromPath(file.filename())) + ": "
                             + (error         ? error.message()
@@ -208,6 +223,10 @@ private:
             page.title = titleOfPage(page.html);
             page.title = page.title.empty() ? firstHeading(page.html) : page.title;
             page.isCleaned = isOfWordProcessor(page.html);
+            if (page.isCleaned && markUpSize(page.html) > largestMarkUp) {
+                page.isCleaned = false;
+                tell(page, "is too long to be freed of the word processor's looks");
+            }
         }
         paths_[pathKey(own)] = read_.size();
         paths_[pathKey(page.path)] = read_.size();
