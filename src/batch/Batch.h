@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -53,6 +54,8 @@ struct BatchSession {
     std::optional<model::ProjectLock> lock = {}; ///< of the project that the command changes
     std::optional<std::int64_t> sourceTime = {}; ///< to be written in place of the files' own times
     bool isAtTerminal = false;                   ///< somebody sees the messages as they come
+    std::chrono::milliseconds patience =
+        std::chrono::seconds(10); ///< while others have the project
 };
 
 /// One command of the batch program: one row of the table in BatchCommands.cpp.

@@ -13,8 +13,7 @@ namespace {
 
 /// Says so where another program has it.
 bool lockForChange(BatchSession& session, const fs::path& path) {
-    constexpr std::chrono::seconds patience(10);
-    session.lock.emplace(platform::fullPath(path), patience);
+    session.lock.emplace(platform::fullPath(path), session.patience);
     if (!session.lock->isHeld()) {
         session.console.failure("Error", path,
                                 make_error_code(model::SaveRefusal::beingWritten).message());

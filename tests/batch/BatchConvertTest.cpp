@@ -37,6 +37,24 @@ TEST_F(BatchConvert, ThereAndBackKeepsAll) {
     EXPECT_EQ(test::bytesOf(project), before);
 }
 
+TEST_F(BatchConvert, AProjectThatAnotherProgramHasIsNotChanged) {
+    const std::string project = save("p.tsp", outline);
+    const std::string before = test::bytesOf(project);
+    patience = std::chrono::milliseconds(30);
+    {
+        const model::ProjectLock other(project, patience);
+        ASSERT_TRUE(other.isHeld());
+        EXPECT_EQ(run({"convert", project, project, "--format=2"}), exitFailed);
+        EXPECT_NE(errors.find("another program is writing the file"), std::string::npos)
+            << errors;
+        EXPECT_EQ(test::bytesOf(project), before);
+        EXPECT_EQ(run({"convert", project, folder / "copy.tsp", "--format=2"}), exitDone)
+            << "to read it does no harm";
+    }
+    EXPECT_EQ(run({"convert", project, project, "--format=2"}), exitDone);
+    EXPECT_NE(test::bytesOf(project), before);
+}
+
 TEST_F(BatchConvert, NamesWhatFormatOneCannotKeep) {
     outline.at(1).title = "say \"\u0416\" "; // the letter itself is kept
     outline.at(2).body = "&#1046;";

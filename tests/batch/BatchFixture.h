@@ -16,6 +16,7 @@ protected:
         std::ostringstream err;
         batch::Console console(out, err);
         batch::BatchSession session{console, programFolder};
+        session.patience = patience;
         const batch::ExitCode code = runBatch(session, arguments);
         output = out.str();
         errors = err.str();
@@ -30,6 +31,7 @@ protected:
 
     TemporaryFolder folder;
     std::filesystem::path programFolder = test::programFolder();
+    std::chrono::milliseconds patience = std::chrono::seconds(10);
     std::string output;
     std::string errors;
 };
