@@ -46,6 +46,9 @@ public:
         }
         files_.checkAnchors();
         dropMissing(contexts_, files_, messages_);
+        dropMissing(contents_, files_, messages_);
+        dropMissing(index_, files_, messages_);
+        checkNamedPages();
         packPopups();
         makeContents();
         makeIndex();
@@ -138,7 +141,18 @@ private:
             return page;
         }
         const std::size_t file = files_.fromProject(address.path, place);
+        namedPages_.emplace_back(file, place);
         return file == SourceFiles::none ? std::string() : packedAddress(files_, file, page);
+    }
+
+    /// A default topic that was left out gives way to another.
+    void checkNamedPages() {
+        for (const auto& [file, place] : namedPages_) {
+            if (files_.isLeftOut(file)) {
+                messages_.warn(place, "names " + files_[file].relative + ", which is left out");
+                defaultTopic_ = defaultTopic_ == files_[file].name ? "" : defaultTopic_;
+            }
+        }
     }
 
     /// Texts for help in a dialog, whose symbolic names become numbers.
@@ -172,6 +186,9 @@ private:
             }
         }
         hasBinaryContents_ = isBinary && !nodes_.empty();
+        if (hasBinaryContents_) {
+            sayElsewhere(contents_, messages_);
+        }
         contentsBytes_ = hasBinaryContents_ ? tree.bytes : std::string();
         packSitemap(contents_);
     }
@@ -198,6 +215,9 @@ private:
         }
         packSitemap(index_);
         const bool isBinary = said().binaryIndex && !said().oldFormat;
+        if (isBinary) {
+            sayElsewhere(index_, messages_);
+        }
         keywordTree_ = keywordTree(isBinary ? treeKeywords(keywords.entries, topics_, encoder_)
                                             : std::vector<Keyword>(),
                                    said().language);
@@ -325,6 +345,7 @@ private:
     std::vector<WindowRow> windows_;
     Contexts contexts_;
     std::string defaultTopic_;
+    std::vector<std::pair<std::size_t, Place>> namedPages_; ///< by options and windows
     std::vector<ContentsNode> nodes_;
     std::string contentsBytes_;
     bool hasBinaryContents_ = false;

@@ -122,12 +122,11 @@ Contexts readContexts(const workshop::HelpProject& project, const PlaceOf& place
 void dropMissing(Contexts& contexts, const SourceFiles& files, Messages& messages) {
     std::erase_if(contexts, [&](const auto& context) {
         const auto& [number, page] = context;
-        const SourceFile& file = files[page.file];
-        if (file.isPacked || file.isReserved) { // a reserved one is packed in another form
+        if (!files.isLeftOut(page.file)) {
             return false;
         }
-        messages.warn(page.place, "context " + std::to_string(number) + " leads to " + file.relative
-                                      + ", which is left out");
+        messages.warn(page.place, "context " + std::to_string(number) + " leads to "
+                                      + files[page.file].relative + ", which is left out");
         return true;
     });
 }

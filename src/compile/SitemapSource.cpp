@@ -62,6 +62,38 @@ void resolveTargets(SitemapSource& source, SourceFiles& files, Messages& message
     }
 }
 
+void dropMissing(SitemapSource& source, const SourceFiles& files, Messages& messages) {
+    for (std::size_t i = 0; i < source.files.size(); ++i) {
+        for (std::size_t t = 0; t < source.files[i].size(); ++t) {
+            std::size_t& file = source.files[i][t];
+            if (files.isLeftOut(file)) {
+                messages.warn({source.shown, source.map.entries[i].targets[t].line},
+                              "leads to " + files[file].relative + ", which is left out");
+                file = SourceFiles::none;
+            }
+        }
+    }
+}
+
+void sayElsewhere(const SitemapSource& source, Messages& messages) {
+    int count = 0;
+    int line = 0;
+    for (const workshop::SitemapEntry& entry : source.map.entries) {
+        for (const workshop::SitemapTarget& target : entry.targets) {
+            if (splitAddress(target.page).isElsewhere) {
+                line = count++ == 0 ? target.line : line;
+            }
+        }
+    }
+    if (count > 0) {
+        messages.note(
+            {source.shown, line},
+            std::to_string(count)
+                + " targets from here on lie outside the help; readers of its binary form "
+                  "do not find them");
+    }
+}
+
 SitemapSource contentsOfHeadings(const SourceFiles& files, unsigned levels) {
     SitemapSource contents;
     for (std::size_t i = 0; i < files.size(); ++i) {

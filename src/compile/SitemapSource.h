@@ -29,6 +29,13 @@ SitemapSource readSitemapFile(const workshop::Line& option, const Place& place, 
 /// than it gives, they are given those.
 void resolveTargets(SitemapSource& source, SourceFiles& files, Messages& messages);
 
+/// Takes back that a sitemap leads to files that were left out, and says so. To be called when all
+/// is read.
+void dropMissing(SitemapSource& source, const SourceFiles& files, Messages& messages);
+
+/// Says when entries lead out of the help, which the tables of a binary form have no room for.
+void sayElsewhere(const SitemapSource& source, Messages& messages);
+
 /// Contents made from the titles and headings of all pages, down to a level of headings.
 SitemapSource contentsOfHeadings(const SourceFiles& files, unsigned levels);
 

@@ -79,6 +79,11 @@ public:
     const SourceFile& operator[](std::size_t index) const { return files_[index]; }
     std::size_t size() const { return files_.size(); }
 
+    /// Whether a file that was named is not in the help in any form. To be asked when all is read.
+    bool isLeftOut(std::size_t index) const {
+        return index != none && !files_[index].isPacked && !files_[index].isReserved;
+    }
+
     /// As messages name a path relative to the project's folder.
     std::string shown(const std::string& relative) const {
         return settings_.shownFolder + relative;

@@ -100,17 +100,35 @@ TEST_F(CompilerPaths, AProjectReplacesNothingThroughALink) {
     EXPECT_TRUE(compile("p.hhp", {folder / "o.chm"}).isWritten); // the person chose it
 }
 
+TEST_F(CompilerPaths, WhatABinaryFormCannotLeadToIsSaid) {
+    write("a.htm", "<title>A</title>");
+    const std::string away = entry("Web", "https://example.org/") + entry("Help", "x.chm::/a.htm");
+    write("t.hhc", "<ul>" + entry("A", "a.htm") + "\n" + away);
+    write("t.hhk", "<ul>" + away);
+    const std::string said = " targets from here on lie outside the help; readers of its binary "
+                             "form do not find them";
+    for (const bool isBinary : {false, true}) {
+        const std::string yes = isBinary ? "Yes\n" : "No\n";
+        write("p.hhp", "[OPTIONS]\nContents file=t.hhc\nIndex file=t.hhk\nBinary TOC=" + yes
+                           + "Binary Index=" + yes);
+        EXPECT_EQ(messagesOf(compile("p.hhp")),
+                  isBinary ? (Lines{"t.hhc:3: note: 2" + said, "t.hhk:1: note: 2" + said})
+                           : Lines{});
+    }
+}
+
 TEST_F(CompilerPaths, NothingLeadsToWhatIsLeftOut) {
     for (const char* name : {"$x.htm", "a/x.htm", "b/x.htm"}) {
         write(name, "<title>x</title>");
     }
     write("#SYSTEM", "<ul>" + entry("Name", "a/x.htm"));
     write("#popup", "");
-    write("i.hhk", "<ul>");
-    std::string project = "[OPTIONS]\nFlat=Yes\nTitle=Mine\nContents file=#SYSTEM\nIndex "
-                          "file=i.hhk\n[WINDOWS]\nW=\"c\",,\"other.hhk\"\n[TEXT POPUPS]\n"
-                          "#popup\n[ALIAS]\n1=$x.htm\n2=a\\x.htm\n3=b\\x.htm\n4=#y.htm\n"
-                          "[MERGE FILES]\n";
+    write("i.hhk", "<ul>" + entry("K", "$x.htm"));
+    std::string project =
+        "[OPTIONS]\nFlat=Yes\nTitle=Mine\nContents file=#SYSTEM\nIndex "
+        "file=i.hhk\n[WINDOWS]\nW=\"c\",,\"other.hhk\",\"$x.htm\"\n[TEXT POPUPS]\n"
+        "#popup\n[ALIAS]\n1=$x.htm\n2=a\\x.htm\n3=b\\x.htm\n4=#y.htm\n"
+        "[MERGE FILES]\n";
     for (int i = 0; i < 1002; ++i) {
         project += std::to_string(i) + ".chm\n";
     }
@@ -128,6 +146,8 @@ TEST_F(CompilerPaths, NothingLeadsToWhatIsLeftOut) {
                      "out",
                      "p.hhp:11: warning: context 1 leads to $x.htm, which is left out",
                      "p.hhp:13: warning: context 3 leads to b/x.htm, which is left out",
+                     "i.hhk:1: warning: leads to $x.htm, which is left out",
+                     "p.hhp:7: warning: names $x.htm, which is left out",
                      "p.hhp:1016: warning: the help has room for 1000 merged files; this one and "
                      "those behind it are left out"}));
     const auto book = help::HelpBook::open(outcome.output);
