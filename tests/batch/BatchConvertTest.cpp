@@ -45,8 +45,7 @@ TEST_F(BatchConvert, AProjectThatAnotherProgramHasIsNotChanged) {
         const model::ProjectLock other(project, patience);
         ASSERT_TRUE(other.isHeld());
         EXPECT_EQ(run({"convert", project, project, "--format=2"}), exitFailed);
-        EXPECT_NE(errors.find("another program is writing the file"), std::string::npos)
-            << errors;
+        EXPECT_NE(errors.find("another program is writing the file"), std::string::npos) << errors;
         EXPECT_EQ(test::bytesOf(project), before);
         EXPECT_EQ(run({"convert", project, folder / "copy.tsp", "--format=2"}), exitDone)
             << "to read it does no harm";
