@@ -60,6 +60,9 @@ bool TopicEditor::close() {
 }
 
 bool TopicEditor::store() {
+    if (isOpen() && editor_->isDocked() && storesUnasked_) {
+        editor_->mnuFileSave_Click();
+    }
     return !isOpen() || editor_->offerSave();
 }
 

@@ -24,7 +24,9 @@ protected:
 
     std::string page(const std::string& expected) {
         EXPECT_TRUE(waitFor([this] { return window->topicPane().browser() != nullptr; }));
-        return waitForPage(*window->topicPane().browser(), expected);
+        const std::string text = waitForPage(*window->topicPane().browser(), expected);
+        EXPECT_NE(text.find(expected), std::string::npos) << text;
+        return text;
     }
 
     void expectSaveQuestion(ui::Answer answer) {
@@ -66,6 +68,34 @@ TEST_F(frmMainTopicPane, ShowsTheCurrentTopicAndWhatBecomesOfIt) {
     window->setSize(9000, 6000);
     settle();
     EXPECT_FALSE(window->topicPane().isShown());
+}
+
+TEST_F(frmMainTopicPane, KeepsItsPlaceWhileATopicIsWritten) {
+    std::filesystem::create_directory(folder / "images");
+    test::writeBytes(folder / "images/tall.bmp", test::bitmap(9, 3000));
+    auto topics = titled({"a", "b"});
+    topics.at(1).body = "<p>first</p><img src='..\\images\\tall.bmp'>";
+    project().replace(std::move(topics), {}, folder / "p.tsp");
+    page("first");
+    const auto scroll = [this] { return scrollOf(*window->topicPane().browser()); };
+    ASSERT_TRUE(waitForPageHeight(*window->topicPane().browser(), 3000));
+    clickInPage(*window->topicPane().browser(), 50, 50);
+    pressInPage(*window->topicPane().browser(), "PgDown");
+    ASSERT_TRUE(waitFor([&] { return scroll() > 50; }));
+    enter(window->txtTitle);
+    type("x");
+    page("ax");
+    EXPECT_TRUE(waitFor([&] { return scroll() > 50; }));
+
+    press("Ctrl+E");
+    press("Ctrl+End");
+    type("<p>last");
+    page("last");
+    EXPECT_TRUE(waitFor([&] { return scroll() > 2000; })); // the caret is there
+    expectSaveQuestion(ui::Answer::yes);
+    press("Ctrl+PgDown");
+    page("b");
+    EXPECT_TRUE(waitFor([&] { return scroll() == 0; }));
 }
 
 TEST_F(frmMainTopicPane, PicturesShowWhateverTheirAddressLooksLike) {
@@ -110,6 +140,11 @@ TEST_F(frmMainTopicPane, TheEditorBesideTheOutlineHasItsOwnKeysAndItsOwnTopic) {
     type("x");
     clickRow(window->lvLevels, 3);
     EXPECT_EQ(topic(2).body, "x<p>second</p>");
+    docked().txtBody.setFocus();
+    type("third");
+    window->lvLevels.setFocus();
+    press("Ctrl+S"); // the project's
+    EXPECT_EQ(topic(3).body, "thirdtext");
 
     docked().txtBody.setFocus();
     press("F6");
