@@ -43,11 +43,22 @@ TEST_F(OutlineList, FoldsWithKeysAndUnfoldsWhatIsLookedAt) {
 }
 
 TEST_F(OutlineList, ShowsWhatTheFilterFinds) {
+    auto topics = project().outline();
+    topics.at(1).contextNumber = "77";
+    topics.at(3).keywords = "Kettle; lid";
+    topics.at(4).contextId = "IDH_D";
+    load(std::move(topics));
     press("Ctrl+L");
     EXPECT_TRUE(window->txtFilter.hasFocus());
     type("\u00C4");
     EXPECT_EQ(shown(), "\u00E4");
     EXPECT_EQ(window->lblFiltered.caption(), "1 of 4");
+    for (const auto& [typed, found] : {std::pair("kett", "c"), std::pair("77", "a"),
+                                       std::pair("idh_", "d"), std::pair("c.htm", "c")}) {
+        window->txtFilter.selectAll();
+        type(typed);
+        EXPECT_EQ(shown(), found);
+    }
     press("Esc");
     EXPECT_EQ(shown(), "a \u00E4 c d");
     EXPECT_TRUE(window->lvLevels.hasFocus());
@@ -131,6 +142,26 @@ TEST_F(OutlineList, ARowDraggedSidewaysChangesItsLevel) {
     press("Ctrl+Z");
     shiftRow(list, 2, -indent);
     EXPECT_EQ(topic(2).level + topic(3).level, "1....3");
+}
+
+TEST_F(OutlineList, SignsGoWithTheirTopics) {
+    auto topics = titled({"a", "b", "c"});
+    topics.at(2).body = "<a href='..\\html\\none.htm'>";
+    load(std::move(topics));
+    const auto sign = [this](int row) { return cellToolTip(window->lvLevels, row, 1); };
+    const std::string broken = "none.htm: leads nowhere";
+    EXPECT_NE(sign(2).find(broken), std::string::npos);
+    clickRow(window->lvLevels, 2);
+    press("Alt+Down");
+    EXPECT_EQ(sign(2).find(broken), std::string::npos);
+    EXPECT_NE(sign(3).find(broken), std::string::npos);
+    clickRow(window->lvLevels, 1);
+    press("Ins");
+    EXPECT_NE(sign(4).find(broken), std::string::npos);
+    EXPECT_NE(sign(2).find("the topic has no text"), std::string::npos);
+    enter(window->txtFilename);
+    type("none.htm");
+    EXPECT_EQ(sign(4).find(broken), std::string::npos);
 }
 
 TEST_F(OutlineList, SeveralTopicsGoTogetherAndComeBack) {
