@@ -147,6 +147,14 @@ TEST_F(ReplaceCommand, LinksFollowAPageInTheSameStep) {
     EXPECT_EQ(bytes(), before);
     press("Ctrl+Y");
     EXPECT_EQ(topic(1).fileName + topic(3).body, "n\u00E9w.htm<a href='n\u00E9w.htm'>x</a>");
+    clickRow(window->lvLevels, 1, 3); // and when it is renamed in the list
+    press("F2");
+    type("y.htm");
+    prompter.expect(changeLinks, Answer::yes);
+    press("Enter");
+    EXPECT_EQ(topic(1).fileName + topic(3).body, "y.htm<a href='y.htm'>x</a>");
+    press("Ctrl+Z");
+    EXPECT_EQ(topic(1).fileName + topic(3).body, "n\u00E9w.htm<a href='n\u00E9w.htm'>x</a>");
     rename("z.htm");
     prompter.expect(changeLinks, Answer::no);
     press("Down");
