@@ -93,11 +93,10 @@ void TopicPane::makeRoomForEditor() {
     }
 }
 
+/// The first page, be it empty, comes with the pane: on many systems the window is made anew for the
+/// browser, which would swallow what is being typed into a first topic.
 void TopicPane::showPage() {
     const int position = project_.currentIndex();
-    if (position < 1 && brwTopic_ == nullptr) {
-        return;
-    }
     const std::filesystem::path folder =
         project_.hasFile() ? project_.projectPath().parent_path() : std::filesystem::path();
     Text page;

@@ -36,11 +36,13 @@ protected:
         }
     }
 
-    /// Some desktops have Ctrl+U delete the line; a window's command comes first.
+    /// Some desktops have Ctrl+U delete the line, and Ctrl+E go to its end; a window's command
+    /// comes first.
     bool event(QEvent* event) override {
         if (event->type() == QEvent::ShortcutOverride) {
             const auto& key = static_cast<const QKeyEvent&>(*event);
-            if ((key.modifiers() == Qt::ControlModifier && key.key() == Qt::Key_U)
+            const bool ofDesktop = key.key() == Qt::Key_U || key.key() == Qt::Key_E;
+            if ((key.modifiers() == Qt::ControlModifier && ofDesktop)
                 || TextBox::Native::isUndoOrRedo(key)) {
                 event->ignore();
                 return true;
