@@ -51,3 +51,35 @@ picture() {
     fi
     step "$1.png"
 }
+
+# film NAME TITLE: pictures of a window, taken by frame, become NAME.gif in the folder $pictures.
+film() {
+    film_name=$1
+    film_window=$(xdotool search --onlyvisible --name "$2" | tail -n 1)
+    film_frames=0
+    mkdir -p "$scratch/film"
+}
+# frame [COUNT]: as it looks now, for so many times an eighth of a second.
+frame() {
+    import -window "$film_window" "$scratch/film/one.png"
+    for ((i = 0; i < ${1:-1}; ++i)); do
+        cp "$scratch/film/one.png" "$(printf '%s/film/%04d.png' "$scratch" $((film_frames++)))"
+    done
+}
+# typed TEXT: types it, a few letters for each picture.
+typed() {
+    local rest=$1
+    while [ -n "$rest" ]; do
+        xdotool type --delay 15 -- "${rest:0:4}"
+        rest=${rest:4}
+        sleep 0.2
+        frame
+    done
+}
+film_end() {
+    rm "$scratch/film/one.png"
+    convert -delay 12 -loop 0 "$scratch/film/"*.png -resize 800x +dither -colors 48 -layers Optimize \
+        "$pictures/$film_name.gif"
+    rm -r "$scratch/film"
+    step "$film_name.gif"
+}
