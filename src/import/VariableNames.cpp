@@ -226,7 +226,7 @@ std::vector<Variable> variablesOfPage(TextView body, const model::ProjectOptions
     };
     constexpr std::chrono::days longAgo(1000);
     const std::chrono::sys_days today = platform::today();
-    const auto now = model::datedVariables(options, today);
+    auto now = model::datedVariables(options, today);
     if (now == plain) {
         return now;
     }

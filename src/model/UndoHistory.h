@@ -59,7 +59,7 @@ struct UndoRecord {
 class UndoHistory {
 public:
     static constexpr std::size_t maxRecords = 500;
-    static constexpr std::size_t usualMaxBytes = 256U * 1024 * 1024;
+    static constexpr std::size_t usualMaxBytes = std::size_t(256) << 20U;
 
     explicit UndoHistory(std::size_t maxBytes = usualMaxBytes) : maxBytes_(maxBytes) {}
 
