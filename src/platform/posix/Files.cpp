@@ -293,7 +293,8 @@ std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access
         // The new name is in place; flushing the folder only makes it survive a power cut, and not
         // every file system can do that.
         const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
-        if (const File handle(folder, O_RDONLY | O_DIRECTORY); handle.isOpen()) {
+        if (const File handle(folder, O_RDONLY | O_DIRECTORY);
+            arrival == Arrival::onReturn && handle.isOpen()) {
             static_cast<void>(flush(handle));
         }
         return {};
