@@ -43,12 +43,12 @@ class Packed {
     while (!this.bit()) length++;
     let count = 2 ** length + this.bits(length);
     while (count * 2 ** (usual + 1) <= all) usual++;
-    const pages = [];
+    const pages = [], often = this.bit(), isAlone = count === 1;
     for (let page = 0; count--;) {
       let high = 0;
       while (this.bit()) high++;
       page += high * 2 ** usual + this.bits(usual) + 1;
-      pages.push([page, 1 + this.bit()]);
+      pages.push([page, 1 + (often && (isAlone || this.bit()))]);
     }
     return pages;
   }

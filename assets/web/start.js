@@ -72,12 +72,14 @@ function makeSide() {
     count.textContent = labels.results + ": " + found.pages.length;
     showMore(question, found.parts, found.pages, 0);
   };
+  // The sentences come when the reader does not go on typing: who does shall not wait for theirs.
   const showMore = (question, parts, pages, from) => {
+    const number = asked, pause = new Promise(done => setTimeout(done, 120));
     for (const page of pages.slice(from, from + shown)) {
       const text = make("span");
       const title = topics[page][1];
       hits.append(make("li", {}, make("a", { href: addressOf(page) + "?find=" + encodeURIComponent(question) }, make("b", {}, title), text)));
-      openSearch().then(s => sentence(s, page, parts)).then(nodes => text.replaceChildren(...nodes));
+      pause.then(openSearch).then(s => number === asked ? sentence(s, page, parts) : []).then(nodes => text.replaceChildren(...nodes));
     }
     if (from + shown < pages.length) {
       const more = make("button.ts-more", { type: "button" }, labels.more);

@@ -76,7 +76,8 @@ void SearchIndex::count(std::uint32_t term, std::size_t page, std::uint32_t weig
     postings.back().weight += weight;
 }
 
-/// The distances from page to page, and one bit for how often the page has the word.
+/// Whether any page has the word often, the distances from page to page, and for each page whether
+/// that one has it often, unless it is known.
 void PieceWriter::append(TextView word, const Postings& postings) {
     if (piece_.words.empty()) {
         piece_.first = word;
@@ -84,10 +85,15 @@ void PieceWriter::append(TextView word, const Postings& postings) {
     coder_.append(piece_.words, word);
     const unsigned usual = usualBits(postings.size(), pageCount_);
     bits_.appendGamma(postings.size());
+    const auto isOften = [](const Posting& posting) { return posting.weight >= oftenWeight; };
+    const bool hasOften = std::any_of(postings.begin(), postings.end(), isOften);
+    bits_.append(hasOften);
     std::size_t last = 0;
     for (const Posting& posting : postings) {
         bits_.appendRice(posting.page - last - 1, usual);
-        bits_.append(posting.weight >= oftenWeight);
+        if (hasOften && postings.size() > 1) {
+            bits_.append(isOften(posting));
+        }
         last = posting.page;
     }
 }
@@ -111,6 +117,7 @@ std::optional<std::vector<IndexWord>> wordsOf(TextView words, TextView pages,
             return {};
         }
         const unsigned usual = usualBits(count, pageCount);
+        const bool hasOften = bits.takeBit();
         word.postings.reserve(count);
         std::size_t page = 0;
         while (word.postings.size() < count) {
@@ -118,8 +125,8 @@ std::optional<std::vector<IndexWord>> wordsOf(TextView words, TextView pages,
             if (page > pageCount) {
                 return {};
             }
-            word.postings.push_back(
-                {static_cast<std::uint32_t>(page), bits.takeBit() ? oftenWeight : 1});
+            const bool isOften = hasOften && (count == 1 || bits.takeBit());
+            word.postings.push_back({static_cast<std::uint32_t>(page), isOften ? oftenWeight : 1});
         }
     }
     return bits.isBehind() ? std::nullopt : std::optional(std::move(all));

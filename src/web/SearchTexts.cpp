@@ -64,7 +64,7 @@ void SearchTexts::read(TextView text, std::vector<Use>& uses) {
 
 /// How often a pair has to be there to be one of the most frequent.
 std::uint32_t SearchTexts::leastOf(std::vector<std::uint32_t> counts) {
-    constexpr std::size_t most = 2000;
+    constexpr std::size_t most = 1000;
     if (counts.size() < most) {
         return often;
     }
