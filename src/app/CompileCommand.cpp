@@ -1,5 +1,7 @@
 #include "app/CompileCommand.h"
 
+#include <algorithm>
+
 #include "generate/GeneratedFile.h"
 #include "generate/WorkshopName.h"
 #include "model/PagePath.h"
@@ -16,6 +18,45 @@ namespace {
 constexpr const char* title = "Compile Help";
 constexpr const char* section = "Compile";
 
+/// Where a project's help went.
+struct KnownPlace {
+    fs::path project;
+    fs::path help;
+};
+
+constexpr int mostPlaces = 20;
+
+/// The first place's keys have no number.
+std::string keyOf(const char* name, int slot) {
+    return slot == 0 ? name : name + std::to_string(slot + 1);
+}
+
+/// The last one first.
+std::vector<KnownPlace> knownPlaces(const ui::Settings& settings) {
+    std::vector<KnownPlace> places;
+    for (int slot = 0; slot < mostPlaces; ++slot) {
+        const fs::path project = settings.path(section, keyOf("Project", slot));
+        if (project.empty()) {
+            break;
+        }
+        places.push_back({project, settings.path(section, keyOf("Help", slot))});
+    }
+    return places;
+}
+
+void rememberPlace(ui::Settings& settings, KnownPlace place) {
+    std::vector<KnownPlace> places = knownPlaces(settings);
+    std::erase_if(places,
+                  [&place](const KnownPlace& each) { return each.project == place.project; });
+    places.insert(places.begin(), std::move(place));
+    places.resize(std::min<std::size_t>(places.size(), mostPlaces));
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        const int slot = static_cast<int>(i);
+        settings.setPath(section, keyOf("Project", slot), places[i].project);
+        settings.setPath(section, keyOf("Help", slot), places[i].help);
+    }
+}
+
 } // namespace
 
 CompileCommand::CompileCommand(CommandHost& host, const model::Project& project,
@@ -26,9 +67,12 @@ CompileCommand::CompileCommand(CommandHost& host, const model::Project& project,
 
 /// Where the project was compiled to last; empty for one that was not.
 fs::path CompileCommand::lastOutput() const {
-    const fs::path project = settings_.path(section, "Project");
-    return !project.empty() && project == project_.projectPath() ? settings_.path(section, "Help")
-                                                                 : fs::path();
+    for (const KnownPlace& place : knownPlaces(settings_)) {
+        if (place.project == project_.projectPath()) {
+            return place.help;
+        }
+    }
+    return {};
 }
 
 std::optional<fs::path> CompileCommand::chooseOutput() {
@@ -72,8 +116,7 @@ void CompileCommand::compileTo(const fs::path& output) {
         lastReport_.show("Generation Report", ui::reportHelp, report.text);
         return;
     }
-    settings_.setPath(section, "Project", project_.projectPath());
-    settings_.setPath(section, "Help", output);
+    rememberPlace(settings_, {project_.projectPath(), output});
     start(workshopFile, output);
 }
 

@@ -11,7 +11,8 @@ namespace app {
 /// Generates and compiles the project's help, shows how that goes on, and then the help.
 class CompileCommand {
 public:
-    /// Nothing is owned. The settings remember where the help went.
+    /// Nothing is owned. The settings remember where the help of the last
+    /// twenty projects went.
     CompileCommand(CommandHost& host, const model::Project& project, const ProjectSession& session,
                    ui::Settings& settings, GenerateCommands& generation, LastReport& lastReport);
 

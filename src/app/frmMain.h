@@ -21,6 +21,7 @@
 #include "model/BranchEditing.h"
 #include "model/OutlineEditing.h"
 #include "ui/Clipboard.h"
+#include "ui/Key.h"
 #include "ui/ListView.h"
 #include "ui/Panel.h"
 #include "ui/Toolbar.h"
@@ -120,7 +121,7 @@ public:
     void mnuFileGenerateDoc_Click() { generation_.generateDocumentation(); }
     void mnuFileGenerateEpub_Click() { books_.generateEpub(); }
     void mnuFileGeneratePdf_Click() { books_.generatePdf(); }
-    void mnuFileCompileHelp_Click() { compilation_.compile(false); }
+    void mnuFileCompileHelp_Click() { compilation_.compile(ui::isShiftDown()); }
     void mnuFileCompileTo_Click() { compilation_.compile(true); }
     void mnuFileGenerateWeb_Click() { webSite_.generate(false); }
     void mnuFileGenerateWebTo_Click() { webSite_.generate(true); }

@@ -15,4 +15,7 @@ struct Key {
     bool plain() const { return !shift && !control && !alt; }
 };
 
+/// Whether Shift is held down while something is chosen with the mouse.
+bool isShiftDown();
+
 } // namespace ui

@@ -67,6 +67,31 @@ TEST_F(CompileCommand, CompilesLeadsToTopicsAndOpensTheHelp) {
     EXPECT_EQ(openWindow<app::dlgCompile>(), nullptr);
 }
 
+TEST_F(CompileCommand, GoesToEachProjectsOwnPlaceUnlessShiftIsHeld) {
+    const auto press = [this](bool withShift) {
+        EXPECT_TRUE(pressButton(*window, "Compile Help", withShift));
+        prompter.verify();
+        EXPECT_TRUE(waitFor([this] { return openWindow<app::dlgCompile>()->cmdOpen.isEnabled(); }));
+        return openWindow<app::dlgCompile>()->outcome()->output;
+    };
+    constexpr int projects = 21;
+    const auto name = [](int i) { return "p" + std::to_string(i); };
+    for (int i = 0; i < projects; ++i) {
+        fs::copy_file(folder / "p.tsp", folder / (name(i) + ".tsp"));
+        ASSERT_TRUE(window->openFile(folder / (name(i) + ".tsp")));
+        expectQuestion(name(i) + ".chm", folder / (name(i) + " own.chm"));
+        press(false);
+    }
+    ASSERT_TRUE(window->openFile(folder / "p1.tsp")); // the first one of the last twenty
+    EXPECT_EQ(press(false), folder / "p1 own.chm");
+    expectQuestion(folder / "p1 own.chm", folder / "other.chm");
+    EXPECT_EQ(press(true), folder / "other.chm");
+    EXPECT_EQ(press(false), folder / "other.chm");
+    ASSERT_TRUE(window->openFile(folder / "p0.tsp"));
+    expectQuestion("p0.chm", folder / "p0 own.chm"); // forgotten
+    EXPECT_EQ(press(false), folder / "p0 own.chm");
+}
+
 TEST_F(CompileCommand, NeitherTheProjectNorItsSourcesAreTheOutput) {
     const std::string before = test::bytesOf(folder / "p.tsp");
     const std::pair<const char*, const char*> cases[] = {

@@ -88,7 +88,7 @@ std::string menuText(Window& window, std::initializer_list<const char*> captions
 std::string contextMenuText(Window& window, const ListView& list);
 
 /// Presses a toolbar button, found by its tool tip; false when there is none or it is disabled.
-bool pressButton(Window& window, const char* toolTip);
+bool pressButton(Window& window, const char* toolTip, bool withShift = false);
 
 /// Chooses from the menu of a drop-down button.
 bool chooseFromButton(Window& window, const char* toolTip, const char* caption);

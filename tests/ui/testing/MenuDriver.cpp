@@ -130,12 +130,12 @@ std::string contextMenuText(Window& window, const ListView& list) {
     return text;
 }
 
-bool pressButton(Window& window, const char* toolTip) {
+bool pressButton(Window& window, const char* toolTip, bool withShift) {
     QToolButton* button = buttonOf(window, toolTip);
     if (button == nullptr || !button->isEnabled()) {
         return false;
     }
-    QTest::mouseClick(button, Qt::LeftButton);
+    QTest::mouseClick(button, Qt::LeftButton, withShift ? Qt::ShiftModifier : Qt::NoModifier);
     settle();
     return true;
 }
