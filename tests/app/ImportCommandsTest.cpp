@@ -169,8 +169,8 @@ TEST_F(ImportCommands, VisualBasicFormsAreChosen) {
             const auto& forms = dynamic_cast<importer::frmVbImport&>(dialog);
             std::string shown;
             for (int row = 1; row <= 4; ++row) {
-                shown += (isTicked(forms.lvForms, row) ? "x " : "- ")
-                         + cellText(forms.lvForms, row, 0) + ": " + cellText(forms.lvForms, row, 2)
+                shown += (isTicked(forms.lvRows, row) ? "x " : "- ")
+                         + cellText(forms.lvRows, row, 0) + ": " + cellText(forms.lvRows, row, 2)
                          + '\n';
             }
             EXPECT_EQ(shown, rows);
@@ -182,7 +182,7 @@ TEST_F(ImportCommands, VisualBasicFormsAreChosen) {
     import("- Old \xC3\x9C: is there already\nx B: \n- frmC: has no caption\n"
            "x : No such file or directory\n",
            [](ui::Window& dialog) {
-               clickBox(dynamic_cast<importer::frmVbImport&>(dialog).lvForms, 3);
+               clickBox(dynamic_cast<importer::frmVbImport&>(dialog).lvRows, 3);
     press("Enter");
 });
 EXPECT_EQ(titles(), "Old \xC3\x9C:N B:N frmC:N");
@@ -203,17 +203,17 @@ closeReport();
         EXPECT_EQ(settings->path("Import", "File Path"), folder.path());
         importer::frmImport& dialog = *openWindow<importer::frmImport>();
         EXPECT_EQ(dialog.caption(), "Import from HTML Topicsmith File");
-        EXPECT_EQ(cellText(dialog.lvTopics, 1, 0) + cellText(dialog.lvTopics, 3, 0), "xz");
-        clickBox(dialog.lvTopics, 2);
-        clickBox(dialog.lvTopics, 3);
-        clickBox(dialog.lvTopics, 3);
-        EXPECT_FALSE(isTicked(dialog.lvTopics, 1));
-        EXPECT_TRUE(isTicked(dialog.lvTopics, 2));
-        EXPECT_FALSE(isTicked(dialog.lvTopics, 3));
+        EXPECT_EQ(cellText(dialog.lvRows, 1, 0) + cellText(dialog.lvRows, 3, 0), "xz");
+        clickBox(dialog.lvRows, 2);
+        clickBox(dialog.lvRows, 3);
+        clickBox(dialog.lvRows, 3);
+        EXPECT_FALSE(isTicked(dialog.lvRows, 1));
+        EXPECT_TRUE(isTicked(dialog.lvRows, 2));
+        EXPECT_FALSE(isTicked(dialog.lvRows, 3));
         press("Up"); // the keys reach the list, too
         press("Up");
         press("Space");
-        EXPECT_TRUE(isTicked(dialog.lvTopics, 1));
+        EXPECT_TRUE(isTicked(dialog.lvRows, 1));
         click(window->txtTitle); // not modal
         show(dialog);
         press("Enter");
@@ -228,7 +228,7 @@ closeReport();
         expectTopicImport(other);
         EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
         click(openWindow<importer::frmImport>()->cmdAll);
-        EXPECT_TRUE(isTicked(openWindow<importer::frmImport>()->lvTopics, 2));
+        EXPECT_TRUE(isTicked(openWindow<importer::frmImport>()->lvRows, 2));
         click(openWindow<importer::frmImport>()->cmdCancel);
         EXPECT_EQ(openWindow<importer::frmImport>(), nullptr);
 
@@ -255,7 +255,7 @@ closeReport();
         expectTopicImport(file("foreign.tsp", "x"), folder.path());
         expectStop("Unknown File Format, Loading Stopped");
         EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
-        EXPECT_EQ(cellText(openWindow<importer::frmImport>()->lvTopics, 1, 0), "");
+        EXPECT_EQ(cellText(openWindow<importer::frmImport>()->lvRows, 1, 0), "");
         press("Escape");
         EXPECT_EQ(openWindow<importer::frmImport>(), nullptr);
         EXPECT_EQ(titles(), "a:");

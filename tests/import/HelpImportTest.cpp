@@ -143,7 +143,7 @@ TEST_F(HelpImport, TakesPagesApart) {
         write(picture, picture);
     }
     fs::create_directories(folder / "out/images");
-    test::writeBytes(folder / "out/images/a b.png", "the author's own");
+    test::writeBytes(folder / "out/images/a b.png", "own picture");
     const auto outcome = import();
     EXPECT_EQ(body(1),
               "<div><a name='top1'></a><a name='x'></a><img src='..\\images\\a b 2.png' alt=\"say "
@@ -161,7 +161,7 @@ TEST_F(HelpImport, TakesPagesApart) {
     EXPECT_TRUE(project.options().keepsEveryCharacter);
     EXPECT_EQ(project.options().cssFile, "../st/a.css");
     EXPECT_EQ(project.options().backgroundImage, "..\\images\\back.gif");
-    EXPECT_EQ(test::bytesOf(folder / "out/images/a b.png"), "the author's own");
+    EXPECT_EQ(test::bytesOf(folder / "out/images/a b.png"), "own picture");
     for (const char* file : {"images/a b 2.png", "st/b.css", "pic/c.gif", "tool.zip"}) {
         EXPECT_TRUE(fs::exists(folder / "out" / file)) << file;
     }
@@ -173,12 +173,37 @@ TEST_F(HelpImport, TakesPagesApart) {
     other.insertTopic(1, test::topic(1, "Own", "own.htm"));
     std::swap(project, other);
     import({1, false}, false, "Q.*");
-    import({}, false, "p.htm");
+    EXPECT_TRUE(hasNote(import({}, false, "p.htm"), "leads to q.htm, which did not come in"));
     EXPECT_EQ(outline(), "1 Own [own.htm]\n..2 Q [q.htm]\n1 Das Büch [p.htm]\n");
     EXPECT_EQ(project.options(), model::ProjectOptions());
     EXPECT_NE(body(3).find("alt='say &quot;hi&quot;'"), Text::npos);
     project.undo();
     EXPECT_EQ(project.outline().count(), 2);
+}
+
+TEST_F(HelpImport, BeginsWithTheDefaultPageAndKeepsWhatPagesHold) {
+    const auto ours = [](const char* length) {
+        return Text("<!-- HTML Topicsmith Custom Code *Do Not Remove* [") + length
+               + "] -->\r\na\nb\r\n<!-- HTML Topicsmith End Code *Do Not Remove* -->";
+    };
+    writeProject("", item("A", "a.htm") + item("B", "b.htm") + item("C", "c.htm"),
+                 "Default topic=home.htm#x\n");
+    write("home.htm", "<title>Home</title><body>h<object "
+                      "classid=clsid:1e2a7bd0-dab9-11d0-b93a-00c04fc99f9e><param name=keyword "
+                      "value=K><param name=ALink value=x></object>");
+    write("a.htm", ours("3"));
+    write("b.htm", ours("4"));
+    fs::create_directories(folder / "elsewhere");
+    test::writeBytes(folder / "elsewhere/c.htm", "secret");
+    const bool canLink = test::makeLink(folder / "elsewhere", folder / "in/link");
+    write("c.htm", "<p>c <a href=link/c.htm>l</a>");
+    import();
+    EXPECT_EQ(outline(), "1 Home [home.htm]\n1 A [a.htm]\n1 B [b.htm]\n1 C [c.htm]\n") << canLink;
+    EXPECT_EQ(body(1), "h<object classid=clsid:1e2a7bd0-dab9-11d0-b93a-00c04fc99f9e>"
+                       "<param name=ALink value=x></object>");
+    EXPECT_EQ(project.outline().at(1).keywords, "K");
+    EXPECT_EQ(body(2), "a\nb"); // as it was generated
+    EXPECT_EQ(body(3), "a\r\nb");
 }
 
 TEST_F(HelpImport, LeavesOutWhatPagesRepeat) {
@@ -215,16 +240,25 @@ TEST_F(HelpImport, LeavesOutEmptyFramesForScriptsAndTrailsOfLinks) {
         contents += item(own, own + ".htm");
         write(own + ".htm",
               "<body><div id=\"side-nav\"><div id=\"tree\"></div></div>\n<script>init('" + own
-                  + "')</script><p><a name=top></a></p><div class=\"clear\"><p>Text of " + own
-                  + "</p></div><hr><p>" + own + "</p>\n<!-- end --><div class=\"navpath\"><ul>"
+                  + "')</script><div class=p><a name=top></a></div><div class=\"clear\"><p>Text of "
+                  + own + "</p></div><hr><p>" + own
+                  + "</p>\n<!-- end --><div class=\"navpath\"><ul>"
                   + (own < "c" ? "<li><a href=x" + own + ".htm>" + own + "</a>" : Text())
                   + "<li>By tool</ul></div>\n<hr class=\"foot\"/><script></script></body>");
     }
     writeProject("", contents);
     import();
-    const Text frame = "<p><a name=top></a></p><div class=\"clear\"><p>Text of ";
+    const Text frame = "<div class=p><a name=top></a></div><div class=\"clear\"><p>Text of ";
     EXPECT_EQ(body(1), frame + "a</p></div><hr><p>a</p>\n");
     EXPECT_EQ(body(4), frame + "d</p></div><hr><p>d</p>\n");
+    // What two of three say is none of all.
+    project.undo();
+    writeProject("", contents.substr(0, contents.rfind("<LI>")));
+    for (const Text own : {"a", "b", "c"}) {
+        write(own + ".htm", "<p>" + own + "</p><p>" + (own < "c" ? "Alike" : "Other") + "</p>");
+    }
+    import();
+    EXPECT_EQ(body(1), "<p>a</p><p>Alike</p>");
 }
 
 TEST_F(HelpImport, CutsPagesWhereContentsLeadIntoThem) {
@@ -297,7 +331,7 @@ TEST_F(HelpImport, GivesEachTopicOneContext) {
 TEST_F(HelpImport, WritesNothingOutsideOfTheProject) {
     const Text page = "<img src=../../up.png><img src=/.git/hooks/x.png><img src=con.png>"
                       "<img src=in/link.png><a href=p.tsp>p</a><a href=link/in.txt>l</a>"
-                      "<img src=ok.png><a href=html/a.htm.txt>t</a>";
+                      "<img src=ok.png><a href=html/a.htm.txt>t</a><a href=/.start>s</a>";
     compile::Container container({});
     for (const auto& [name, bytes] : std::map<Text, Text>{{"/a/b/p.htm", page},
                                                           {"/up.png", "u"},
@@ -306,6 +340,7 @@ TEST_F(HelpImport, WritesNothingOutsideOfTheProject) {
                                                           {"/a/b/p.tsp", "evil"},
                                                           {"/a/b/link/in.txt", "l"},
                                                           {"/a/b/ok.png", "ok"},
+                                                          {"/.start", "s"},
                                                           {"/a/b/in/link.png", "i"},
                                                           {"/../../climb.htm", "<p>c"}}) {
         container.add(name, bytes);
@@ -317,6 +352,7 @@ TEST_F(HelpImport, WritesNothingOutsideOfTheProject) {
     import({}, false, "*", "h.chm");
     EXPECT_TRUE(fs::exists(folder / "out/images/ok.png"));
     EXPECT_FALSE(fs::exists(folder / "out/.git"));
+    EXPECT_FALSE(fs::exists(folder / "out/.start"));
     EXPECT_FALSE(fs::exists(folder / "out/p.tsp"));
     EXPECT_FALSE(fs::exists(folder / "out/images/con.png"));
     EXPECT_TRUE(!canLink || fs::is_empty(folder / "elsewhere"));

@@ -1,6 +1,9 @@
 #include "import/forms/frmHelpImport.h"
 
+#include <algorithm>
+
 #include "import/ImportOutcome.h"
+#include "import/PageHeadings.h"
 #include "ui/HelpContext.h"
 #include "ui/ShowHelp.h"
 #include "ui/WaitCursor.h"
@@ -27,11 +30,12 @@ Text PlanRows::cell(int row, int column) const {
     const PlannedTopic& topic = at(row);
     switch (column) {
     case pageColumn:
-        return !topic.link.empty()    ? topic.link
-               : topic.anchor.empty() ? topic.page
-                                      : topic.page + '#' + topic.anchor;
-    case sizeColumn:
-        return shownSize(topic.size);
+        return !topic.link.empty() ? topic.link
+               : topic.anchor.empty() || isMadePlace(topic.anchor)
+                   ? topic.page
+                   : topic.page + '#' + topic.anchor;
+    case sizeColumn: // nobody has measured parts
+        return topic.anchor.empty() ? shownSize(topic.size) : Text();
     default:
         return topic.title;
     }
@@ -96,8 +100,10 @@ void frmHelpImport::arrange() {
         .add(std::move(buttons));
     setLayout(std::move(content));
     setMinimumSize(8400, 6000);
-    setSize(14400, 9000);
-    splParts.setFirstWidth(8400);
+    constexpr int frame = 900; // of the system, and a bar of its own
+    const int width = std::min(14400, screenWidth());
+    setSize(width, std::min(9000, screenHeight() - frame));
+    splParts.setFirstWidth(width * 7 / 12);
 }
 
 void frmHelpImport::connectControls() {
