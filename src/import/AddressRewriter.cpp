@@ -16,6 +16,12 @@ using text::TextView;
 
 namespace {
 
+/// For places where blanks and other signs end an address.
+Text escaped(Text address) {
+    std::replace(address.begin(), address.end(), '\\', '/');
+    return text::escapedAddress(address);
+}
+
 class Rewriter {
 public:
     Rewriter(TextView html, const NewAddress& newAddress)
@@ -87,7 +93,8 @@ private:
                 address.empty() ? std::nullopt : newAddress_({tag, attribute, Text(address)});
             if (changed) {
                 const auto start = static_cast<std::size_t>(address.data() - part.data());
-                text::append(list, part.substr(0, start), *changed,
+                text::append(list, part.substr(0, start),
+                             divider == ',' ? escaped(*changed) : *changed,
                              part.substr(start + address.size()));
                 isChanged = true;
             } else {
@@ -144,8 +151,7 @@ Text withNewUrls(TextView css, const NewAddress& newAddress) {
         }
         const bool isFile = !address.empty() && address.front() != '#' && !leadsElsewhere(address);
         if (auto changed = isFile ? newAddress({"style", "url", Text(address)}) : std::nullopt) {
-            std::replace(changed->begin(), changed->end(), '\\', '/'); // which is a sign there
-            text::append(result, css.substr(copied, at - copied), text::escapedAddress(*changed));
+            text::append(result, css.substr(copied, at - copied), escaped(std::move(*changed)));
             copied = end;
         }
         at = end;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <map>
 
+#include "compile/Compiler.h"
 #include "compile/Container.h"
 #include "support/TestFiles.h"
 
@@ -88,7 +89,8 @@ TEST_F(HelpImport, MakesAnOutlineOfAnyContents) {
     write("a/index.html", "<title>x</title><body><h1>One</h1>text <a href=c.htm>c</a>");
     write("b/index.html", "<p>b</p>");
     write("a/c.htm", "<p>c</p>");
-    write("lonely.htm", "<TITLE>Lonely &amp;\n wolf</TITLE><p>l</p>");
+    write("lonely.htm", "<TITLE>Lonely &amp;\n wolf</TITLE><p>l <a href='named.htm'>n</a></p>");
+    write("named.htm", "<title>Named by a page alone</title>");
     const auto outcome = import();
     const Text levels = outline();
     EXPECT_EQ(levels.substr(0, levels.find("....3")),
@@ -96,10 +98,10 @@ TEST_F(HelpImport, MakesAnOutlineOfAnyContents) {
               "..2 Sub [index 2.html]\n");
     EXPECT_NE(levels.find("................9 L9"), Text::npos);
     EXPECT_NE(levels.find("................9 L12"), Text::npos);
-    EXPECT_EQ(
-        levels.substr(levels.find("1 Again")),
-        "1 Again [Again.htm]\n..2 Below [c.htm]\n1 Web [Web.htm]\n1 Missing [Missing.htm]\n"
-        "1 CON [Topic.htm]\n1 Other Pages [Other Pages.htm]\n..2 Lonely & wolf [lonely.htm]\n");
+    EXPECT_EQ(levels.substr(levels.find("1 Again")),
+              "1 Again [Again.htm]\n..2 Below [c.htm]\n1 Web [Web.htm]\n1 Missing [Missing.htm]\n"
+              "1 CON [Topic.htm]\n1 Other Pages [Other Pages.htm]\n..2 Lonely & wolf [lonely.htm]\n"
+              "..2 Named by a page alone [named.htm]\n");
     const auto& topics = project.outline();
     const auto bodyOf = [&](const Text& title) {
         return std::find_if(topics.begin(), topics.end(),
@@ -289,7 +291,7 @@ TEST_F(HelpImport, BringsWhatStylesName) {
     write("d/p.htm", "<body><p style=\"color: red; background: url(&quot;../pic/a b.png&quot;)\">"
                      "<style>p { background: url(c(.png) url(gone.png) }</style>"
                      "<i style='background: url(http://e.org/x.png'>p");
-    write("q.htm", "<head>" + style + "</head><body>q");
+    write("q.htm", "<head>" + style + "</head><body>q <img srcset='pic/a%20b.png 2x, x.png 3x'>");
     write("r.htm", style + "<body>r");
     write("pic/a b.png", "a");
     write("d/c(.png", "c");
@@ -297,10 +299,19 @@ TEST_F(HelpImport, BringsWhatStylesName) {
     EXPECT_EQ(body(1), "<p style='color: red; background: url(../images/a%20b.png)'>"
                        "<style>p { background: url(../images/c%28.png) url(gone.png) }</style>"
                        "<i style='background: url(http://e.org/x.png'>p");
-    EXPECT_EQ(body(2), "q");
+    EXPECT_EQ(body(2), "q <img srcset='../images/a%20b.png 2x, x.png 3x'>");
     EXPECT_EQ(project.options().cssFile, "../imported.css");
     EXPECT_EQ(test::bytesOf(folder / "out/imported.css"),
               "h1 { background: URL(images/a%20b.png) } b { x: url(#y) }\r\n");
+}
+
+TEST_F(HelpImport, TakesTheIndexOfACompiledHelp) {
+    writeProject("p.htm\n", item("P", "p.htm"), "Compiled file=h.chm\nIndex file=h.hhk\n");
+    write("h.hhk", "<UL>" + item("Word", "p.htm") + "</UL>");
+    write("p.htm", "p");
+    EXPECT_TRUE(compile::compileProject(folder / "in/h.hhp", {}).isWritten);
+    import({}, false, "*", "in/h.chm");
+    EXPECT_EQ(project.outline().at(1).keywords, "Word");
 }
 
 TEST_F(HelpImport, GivesEachTopicOneContext) {
@@ -374,6 +385,16 @@ TEST_F(HelpImport, WritesNothingOutsideOfTheProject) {
     import();
     EXPECT_EQ(body(2), "<p></p>");
     EXPECT_FALSE(fs::exists(folder / "out/images/s.png"));
+    // A file that it names above opens that folder, and none above.
+    write("up.htm", "<title>Up");
+    write("d/beside.htm", "<title>Beside</title><a href=../up.htm>u</a>");
+    write("d/e/h.hhp", "[FILES]\n../named.htm\n");
+    write("d/named.htm", "<title>Named</title><a href=beside.htm>b</a>");
+    model::Project third;
+    third.setProjectPath(folder / "out/p.tsp");
+    project = std::move(third);
+    import({}, false, "*", "in/d/e/h.hhp");
+    EXPECT_EQ(outline(), "1 Named [named.htm]\n1 Beside [beside.htm]\n");
 }
 
 TEST_F(HelpImport, EndsWithAnyInput) {

@@ -194,7 +194,7 @@ TEST_F(PageImport, PagesOfWordProcessorsLoseTheirLooks) {
 }
 
 TEST_F(PageImport, BringsNothingButPicturesAndOnlyIntoTheProject) {
-    const fs::path secret = write("secret.png", "no picture, but a key");
+    const fs::path secret = write("in/secret.png", "no picture, but a key");
     write("in/up.gif", test::bytesOf(sample("sub/pics/a b.gif")));
     write("in/con.gif", test::bytesOf(sample("sub/pics/a b.gif")));
     const Text all = "# T\n\n![1](../secret.png) ![2](" + secret.string()
