@@ -63,7 +63,8 @@ film() {
 frame() {
     import -window "$film_window" "$scratch/film/one.png"
     for ((i = 0; i < ${1:-1}; ++i)); do
-        cp "$scratch/film/one.png" "$(printf '%s/film/%04d.png' "$scratch" $((film_frames++)))"
+        film_frames=$((film_frames + 1))
+        cp "$scratch/film/one.png" "$(printf '%s/film/%04d.png' "$scratch" "$film_frames")"
     done
 }
 # typed TEXT: types it, a few letters for each picture.
@@ -78,7 +79,7 @@ typed() {
 }
 film_end() {
     rm "$scratch/film/one.png"
-    convert -delay 12 -loop 0 "$scratch/film/"*.png -resize 800x +dither -colors 48 -layers Optimize \
+    convert -delay 12 -loop 0 "$scratch/film/"*.png -resize 800x +dither -colors 48 +remap -layers Optimize \
         "$pictures/$film_name.gif"
     rm -r "$scratch/film"
     step "$film_name.gif"
