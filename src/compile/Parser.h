@@ -18,7 +18,7 @@ private:
     /// A token that could come next.
     struct Choice {
         Token token{};
-        int gain; ///< bits that it saves
+        int gain = 0; ///< bits that it saves
 
         bool isMatch() const { return token.length > 1; } ///< otherwise the byte comes next
         void improve(unsigned length, unsigned value, int cost);

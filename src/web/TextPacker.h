@@ -19,8 +19,8 @@ public:
 private:
     /// A part with its number; one without is written as it stands.
     struct Use {
-        std::size_t number;
-        bool isCapital;
+        std::size_t number = 0;
+        bool isCapital = false;
         text::TextView text;
     };
 
