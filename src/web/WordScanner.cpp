@@ -5,6 +5,8 @@
 
 namespace web {
 
+// Nothing in it throws.
+// NOLINTNEXTLINE(cert-err58-cpp)
 const std::array<ByteKind, 256> byteKinds = []() noexcept {
     constexpr std::size_t firstForeign = 0x80;
     std::array<ByteKind, 256> kinds{};
