@@ -29,7 +29,8 @@ void* memoryFor(std::size_t size) noexcept {
 
 } // namespace
 
-// In the places of the usual ones, to take away the memory of a thread.
+// In the places of the usual ones, to take away the memory of a thread. A compiler that puts one of
+// a pair into its caller and not the other takes them for no pair.
 void* operator new(std::size_t size) {
     void* memory = memoryFor(size);
     return memory != nullptr ? memory : throw std::bad_alloc();
@@ -37,10 +38,10 @@ void* operator new(std::size_t size) {
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     return memoryFor(size);
 }
-void operator delete(void* memory) noexcept {
+[[gnu::noinline]] void operator delete(void* memory) noexcept {
     std::free(memory); // NOLINT(*-no-malloc,*-owning-memory)
 }
-void operator delete(void* memory, std::size_t) noexcept {
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept {
     std::free(memory); // NOLINT(*-no-malloc,*-owning-memory)
 }
 #endif
