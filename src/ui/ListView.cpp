@@ -184,6 +184,7 @@ void ListView::setColumnWidths(const std::vector<int>& widths) {
 }
 
 void ListView::setFillColumns(std::vector<int> columns) {
+    list().view->header()->setStretchLastSection(false);
     list().view->fillColumns = std::move(columns);
     list().view->fitColumns();
 }

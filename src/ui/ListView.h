@@ -89,7 +89,8 @@ public:
     /// search column. Tab goes on to the next one of the row.
     void setEditable(std::vector<int> columns);
 
-    /// These share the room that the columns leave, after the search column got what it needs.
+    /// These share the room that the columns leave, after the search column got what it needs; the
+    /// last column has all of it otherwise.
     void setFillColumns(std::vector<int> columns);
     void fitColumns(); ///< when its texts may be others
 

@@ -29,7 +29,7 @@ ListWidget::ListWidget(QWidget* parent, ListView& owner, ListModel& model)
     setDragDropOverwriteMode(false);
     setDropIndicatorShown(false); // one column wide; see paintEvent()
     setTabKeyNavigation(false);
-    header()->setStretchLastSection(model.columnCount() == 1);
+    header()->setStretchLastSection(true);
     header()->setSectionsMovable(false);
     header()->setSectionsClickable(false);
     connect(header(), &QHeaderView::sectionResized, [this](int column, int, int now) {
