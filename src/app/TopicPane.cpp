@@ -93,8 +93,8 @@ void TopicPane::makeRoomForEditor() {
     }
 }
 
-/// The first page, be it empty, comes with the pane: on many systems the window is made anew for the
-/// browser, which would swallow what is being typed into a first topic.
+/// The first page, be it empty, comes with the pane: on many systems the window is made anew for
+/// the browser, which would swallow what is being typed into a first topic.
 void TopicPane::showPage() {
     const int position = project_.currentIndex();
     const std::filesystem::path folder =

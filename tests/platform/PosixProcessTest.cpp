@@ -36,7 +36,8 @@ TEST(PosixProcess, TheDayIsThatOfTheSourcesWhereABuildSaysSo) {
             ::setenv("TZ", "Pacific/Kiritimati", 1); // where it is the next day for long
             ::setenv("SOURCE_DATE_EPOCH", time, 1);
             const auto day = platform::today();
-            const bool isLocal = day == std::chrono::floor<std::chrono::days>(
+            const bool isLocal = day
+                                 == std::chrono::floor<std::chrono::days>(
                                      std::chrono::system_clock::now() + std::chrono::hours(14));
             return day == std::chrono::year(2026) / 2 / 1 ? 1 : isLocal ? 2 : 3;
         });
