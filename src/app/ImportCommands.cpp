@@ -37,6 +37,10 @@ fs::path ImportCommands::folder() const {
     return folder.empty() ? session_.lastFolder() : folder;
 }
 
+void ImportCommands::rememberFolder(const fs::path& file) {
+    settings_.setPath(section, key, file.parent_path());
+}
+
 /// The file's default extension is that of the pattern.
 std::optional<fs::path> ImportCommands::chooseFile(TextView title, const char* pattern,
                                                    const char* filter) {
@@ -77,7 +81,7 @@ void ImportCommands::importHelp() {
         if (const auto file = chooseFile(importer::helpImportTitle, "*.chm",
                                          "Help and Workshop Projects (*.chm;*.hhp)|*.chm;*.hhp|"
                                          "All Files (*.*)|*.*")) {
-            settings_.setPath(section, key, file->parent_path());
+            rememberFolder(*file);
             helpImport_.open(*file);
         }
     });
@@ -88,14 +92,14 @@ void ImportCommands::importPages() {
         if (const auto file = chooseFile(importer::pageImportTitle, "*.md",
                                          "Markdown and HTML (*.md;*.markdown;*.htm;*.html)|"
                                          "*.md;*.markdown;*.htm;*.html|All Files (*.*)|*.*")) {
-            settings_.setPath(section, key, file->parent_path());
+            rememberFolder(*file);
             helpImport_.openPages({*file});
         }
     });
 }
 
 void ImportCommands::openDialog(const fs::path& file) {
-    settings_.setPath(section, key, file.parent_path());
+    rememberFolder(file);
     dialog_ = std::make_unique<importer::frmImport>(host_.window(), project_, file);
     dialog_->Closed.connect([this] { ui::Window::discard(std::move(dialog_)); });
     dialog_->Imported.connect([this](const importer::ImportOutcome& outcome) {

@@ -35,6 +35,7 @@ public:
 
 private:
     std::filesystem::path folder() const;
+    void rememberFolder(const std::filesystem::path& file);
     std::optional<std::filesystem::path> chooseFile(text::TextView title, const char* pattern,
                                                     const char* filter);
     void importTextFile(const std::filesystem::path& file);

@@ -119,7 +119,7 @@ std::optional<std::size_t> bodyPlace(const ShownPlace& place, TextView title, Te
     if (place.seen < inTitle || (place.seen == inTitle && place.behind)) {
         return {};
     }
-    const std::vector<model::Variable> variables = model::variablesOf(options);
+    const std::vector<model::Variable> variables = model::shownVariables(options);
     const Text shown = model::withVariables(body, variables);
     SeenReader reader(shown);
     for (std::size_t left = place.seen - inTitle; left > 0; --left) {

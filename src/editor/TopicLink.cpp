@@ -20,12 +20,6 @@ Text plainText(TextView markUp) {
     return Text(text::trim(text::oneLine(text::resolvedReferences(markUp))));
 }
 
-int headingDepth(const text::HtmlReader& reader) {
-    const Text name = reader.lowerName();
-    const bool isHeading = name.size() == 2 && name[0] == 'h' && name[1] >= '1' && name[1] <= '6';
-    return isHeading ? name[1] - '0' : 0;
-}
-
 std::optional<TextView> anchorOf(const text::HtmlReader& reader) {
     const auto id = reader.attribute("id");
     return id || !reader.opens("a") ? id : reader.attribute("name");
@@ -61,7 +55,7 @@ public:
                 takeText();
             } else if (!reader_.closes()) {
                 takeTag();
-            } else if (heading_ && headingDepth(reader_) > 0) {
+            } else if (heading_ && text::headingLevel(reader_.lowerName()) > 0) {
                 finish();
             }
         }
@@ -83,7 +77,7 @@ private:
         if (anchor && !anchor->empty()) {
             known_.insert(text::lowerCase(*anchor));
         }
-        if (const int depth = headingDepth(reader_)) {
+        if (const int depth = text::headingLevel(reader_.lowerName())) {
             finish(); // one that was never closed
             heading_ = LinkTarget();
             heading_->depth = depth;

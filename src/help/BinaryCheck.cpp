@@ -202,7 +202,7 @@ private:
 
     /// The blocks of the list are met in their order, each behind the keyword that it begins with.
     void checkWay(std::uint32_t block, unsigned levels) {
-        if (levels == 0 || block >= blocks_ || ++steps_ > blocks_) {
+        if (levels == 0 || levels > mostLevels || block >= blocks_ || ++steps_ > blocks_) {
             fault("its root leads nowhere");
             return;
         }
@@ -229,6 +229,7 @@ private:
     }
 
     static constexpr std::uint64_t dataPerKeyword = 13;
+    static constexpr unsigned mostLevels = 64; ///< more than any tree has that fits a file
 
     std::string folder_;
     std::string tree_;

@@ -289,7 +289,7 @@ Text withoutTitleHeading(const Text& body, TextView title) {
         if (start == Text::npos && (reader.opens("img") || reader.opens("table"))) {
             return body;
         }
-        const bool begins = start == Text::npos && text::isHeadingTag(reader.lowerName());
+        const bool begins = start == Text::npos && text::headingLevel(reader.lowerName()) > 0;
         start = begins ? startOf(reader) : start;
         if (start == Text::npos) {
             continue;
@@ -300,7 +300,7 @@ Text withoutTitleHeading(const Text& body, TextView title) {
                 text::append(anchors, "<a name='", anchor, "'></a>");
             }
         }
-        if (reader.closes() && text::isHeadingTag(reader.lowerName())) {
+        if (reader.closes() && text::headingLevel(reader.lowerName()) > 0) {
             break;
         }
     }

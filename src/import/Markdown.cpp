@@ -67,8 +67,7 @@ std::vector<Heading> headingsOf(const Text& html) {
     std::unordered_map<Text, int> places;
     HtmlReader reader(html);
     for (Heading open; reader.next();) {
-        const Text name = reader.lowerName();
-        if (name.size() != 2 || name[0] != 'h' || name[1] < '1' || name[1] > '6') {
+        if (text::headingLevel(reader.lowerName()) == 0) {
             continue;
         }
         if (!reader.closes()) {

@@ -36,7 +36,7 @@ std::vector<std::size_t> startsOf(TextView body, const std::vector<Text>& anchor
         if (reader.isText()) {
             continue;
         }
-        if (text::isHeadingTag(reader.lowerName())) {
+        if (text::headingLevel(reader.lowerName()) > 0) {
             heading = reader.closes() ? nowhere : reader.offset() - 1;
         }
         for (const TextView name : {"id", "name"}) {

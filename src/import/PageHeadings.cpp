@@ -14,22 +14,15 @@ namespace {
 constexpr TextView madePlace = "heading-to-cut-at-";
 constexpr int deepestCut = 3;
 
-/// The number of a heading's level; 0 for other tags.
-int headingLevel(const HtmlReader& reader) {
-    const Text name = reader.lowerName();
-    return name.size() == 2 && name[0] == 'h' && name[1] >= '1' && name[1] <= '6' ? name[1] - '0'
-                                                                                  : 0;
-}
-
 } // namespace
 
 Text firstHeading(TextView html) {
     HtmlReader reader(html);
     std::size_t start = Text::npos;
     while (reader.next()) {
-        if (headingLevel(reader) > 0 && !reader.closes()) {
+        if (text::headingLevel(reader.lowerName()) > 0 && !reader.closes()) {
             start = reader.end();
-        } else if (headingLevel(reader) > 0 && start != Text::npos) {
+        } else if (text::headingLevel(reader.lowerName()) > 0 && start != Text::npos) {
             Text heading = plainText(html.substr(start, reader.offset() - 2 - start));
             if (!heading.empty()) {
                 return heading;
@@ -45,7 +38,7 @@ Text withMadePlaces(TextView html) {
     int count = 0;
     HtmlReader reader(html);
     while (reader.next()) {
-        if (const int level = headingLevel(reader);
+        if (const int level = text::headingLevel(reader.lowerName());
             level > 0 && level <= deepestCut && !reader.closes()) {
             result += html.substr(copied, reader.end() - copied);
             text::append(result, "<a id='", madePlace, std::to_string(++count), "'></a>");
@@ -65,7 +58,7 @@ std::vector<PageHeading> madeHeadings(TextView body) {
     PageHeading open;
     std::size_t start = Text::npos;
     while (reader.next()) {
-        const int level = headingLevel(reader);
+        const int level = text::headingLevel(reader.lowerName());
         if (level > 0 && !reader.closes()) {
             open = {level, {}, {}};
             start = reader.end();

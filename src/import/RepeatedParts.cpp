@@ -75,7 +75,7 @@ void appendShape(Part& part, const HtmlReader& reader) {
     }
     if (part.root.empty()) {
         part.root = tag;
-        part.isHeading = name.size() == 2 && name[0] == 'h' && name[1] >= '1' && name[1] <= '6';
+        part.isHeading = text::headingLevel(name) > 0;
     }
     if (isTooLong(part)) {
         return;

@@ -1,6 +1,7 @@
 #include "import/VariableNames.h"
 
 #include <algorithm>
+#include <set>
 
 #include "platform/Clock.h"
 
@@ -216,22 +217,25 @@ int findWords(const Words& words, const Group& group, const Words& page, int fro
 std::vector<Variable> variablesOfPage(TextView body, const model::ProjectOptions& options,
                                       TextView edited) {
     const auto plain = model::variablesOf(options);
-    const auto showsAll = [&](const std::vector<Variable>& dated) {
-        const auto uses = model::variableUses(body, dated);
-        return std::all_of(uses.begin(), uses.end(), [&](const VariableUse& use) {
-            return use.variable == nullptr
-                   || *use.variable == plain[static_cast<std::size_t>(use.variable - dated.data())]
-                   || edited.find(use.variable->value) != TextView::npos;
-        });
-    };
     constexpr std::chrono::days longAgo(1000);
     const std::chrono::sys_days today = platform::today();
     auto now = model::datedVariables(options, today);
-    if (now == plain) {
+    std::set<std::size_t> changing; // of those that the body uses
+    for (const VariableUse& use : model::variableUses(body, now)) {
+        const std::size_t index =
+            use.variable == nullptr ? 0 : static_cast<std::size_t>(use.variable - now.data());
+        if (use.variable != nullptr && now[index] != plain[index]) {
+            changing.insert(index);
+        }
+    }
+    if (changing.empty()) {
         return now;
     }
     for (std::chrono::days back(0); back < longAgo; ++back) {
-        if (auto dated = model::datedVariables(options, today - back); showsAll(dated)) {
+        auto dated = model::datedVariables(options, today - back);
+        if (std::all_of(changing.begin(), changing.end(), [&](std::size_t index) {
+                return edited.find(dated[index].value) != TextView::npos;
+            })) {
             return dated;
         }
     }

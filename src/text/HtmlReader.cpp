@@ -43,9 +43,10 @@ bool isInlineTag(TextView lowerName) {
     return std::find(names.begin(), names.end(), lowerName) != names.end();
 }
 
-bool isHeadingTag(TextView lowerName) {
-    return lowerName.size() == 2 && lowerName[0] == 'h' && lowerName[1] >= '1'
-           && lowerName[1] <= '6';
+int headingLevel(TextView lowerName) {
+    const bool isHeading =
+        lowerName.size() == 2 && lowerName[0] == 'h' && lowerName[1] >= '1' && lowerName[1] <= '6';
+    return isHeading ? lowerName[1] - '0' : 0;
 }
 
 std::size_t TagEnds::of(std::size_t start) {

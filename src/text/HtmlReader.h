@@ -12,8 +12,8 @@ namespace text {
 /// Whether a tag, named in small letters, stands within a word without ending it.
 bool isInlineTag(TextView lowerName);
 
-/// Whether a tag, named in small letters, is `h1` to `h6`.
-bool isHeadingTag(TextView lowerName);
+/// The level of a heading, 1 to 6, from its tag in small letters; 0 for other tags.
+int headingLevel(TextView lowerName);
 
 /// Finds where tags end. It remembers what it has looked for in vain.
 class TagEnds {

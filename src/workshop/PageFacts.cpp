@@ -120,8 +120,7 @@ private:
     }
 
     void takeHeading(const std::string& name, bool opens) {
-        const bool isHeading =
-            name.size() == 2 && name[0] == 'h' && name[1] >= '1' && name[1] <= '6';
+        const bool isHeading = text::headingLevel(name) > 0;
         if (isHeading && inHeading_) {
             Heading& heading = facts_.headings.back();
             heading.text = collapsed(text::resolvedReferences(heading.text));

@@ -95,9 +95,9 @@ TEST(LivePage, MarksWhereTheCaretIsAndFindsWhatLiesBesideIt) {
 
 TEST(LivePage, FindsThePlaceInTheTextOfWhatCanBeSeen) {
     model::ProjectOptions options;
-    model::setVariables(options, {{"v", "<b>long value</b>"}});
+    model::setVariables(options, {{"v", "<b>long value</b>"}, {"d", "{{today}}"}});
     const Text body = "\r\n<p title='a > b'>\u00FC &eacute;&nbsp;x</p>\r\n<style>p{}</style>"
-                      "<img src='i.gif'><p>{{v}}y {{w}}</p>";
+                      "<img src='i.gif'><p>{{v}}y {{w}} {{d}}z</p>";
     const auto at = [&](std::size_t seen, bool behind) {
         const auto place = bodyPlace({seen, behind}, "T &amp;", body, options);
         return place ? body.substr(*place, 6) : Text("nothing");
@@ -112,7 +112,9 @@ TEST(LivePage, FindsThePlaceInTheTextOfWhatCanBeSeen) {
     EXPECT_EQ(at(6, false), "{{v}}y");
     EXPECT_EQ(at(9, false), "{{v}}y");
     EXPECT_EQ(at(15, false), "y {{w}");
-    EXPECT_EQ(at(21, true), "</p>");
-    EXPECT_EQ(at(21, false), "</p>"); // below everything
-    EXPECT_EQ(at(22, false), "nothing");
+    EXPECT_EQ(at(30, false), "{{d}}z"); // the last of the ten characters of a day
+    EXPECT_EQ(at(31, false), "z</p>");
+    EXPECT_EQ(at(32, true), "</p>");
+    EXPECT_EQ(at(32, false), "</p>"); // below everything
+    EXPECT_EQ(at(33, false), "nothing");
 }

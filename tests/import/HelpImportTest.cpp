@@ -6,7 +6,7 @@
 
 #include "compile/Compiler.h"
 #include "compile/Container.h"
-#include "support/TestFiles.h"
+#include "import/ImportFixture.h"
 
 using namespace importer;
 using model::Topic;
@@ -21,13 +21,8 @@ Text item(const Text& name, const Text& page) {
            + "</OBJECT>\n";
 }
 
-class HelpImport : public testing::Test {
+class HelpImport : public test::ImportFixture {
 protected:
-    HelpImport() {
-        fs::create_directories(folder / "out");
-        project.setProjectPath(folder / "out/p.tsp");
-    }
-
     void write(const fs::path& name, const Text& bytes) {
         fs::create_directories((folder / "in" / name).parent_path());
         test::writeBytes(folder / "in" / name, bytes);
@@ -52,25 +47,9 @@ protected:
         return source ? importHelp(project, *source, plan, choice) : HelpImportOutcome();
     }
 
-    /// "level title file", one a line.
-    Text outline() const {
-        Text all;
-        for (const Topic& topic : project.outline()) {
-            all += topic.level + ' ' + topic.title + " [" + topic.fileName + "]\n";
-        }
-        return all;
-    }
-
-    const Text& body(int position) const { return project.outline().at(position).body; }
-
     bool hasNote(const HelpImportOutcome& outcome, const Text& part) const {
-        return std::any_of(outcome.notes.begin(), outcome.notes.end(), [&](const HelpNote& note) {
-            return lineOf(note, project.outline()).find(part) != Text::npos;
-        });
+        return told(outcome).find(part) != Text::npos;
     }
-
-    test::TemporaryFolder folder;
-    model::Project project;
 };
 
 } // namespace

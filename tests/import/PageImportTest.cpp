@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "import/HelpImport.h"
+#include "import/ImportFixture.h"
 #include "import/Markdown.h"
 #include "import/PageSource.h"
-#include "support/TestFiles.h"
 
 using namespace importer;
 using model::Topic;
@@ -13,13 +13,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-class PageImport : public testing::Test {
+class PageImport : public test::ImportFixture {
 protected:
-    PageImport() {
-        fs::create_directories(folder / "out");
-        project.setProjectPath(folder / "out/p.tsp");
-    }
-
     static fs::path sample(const char* name) {
         return test::sourceFolder() / "tests/data/pages" / name;
     }
@@ -37,28 +32,6 @@ protected:
         return source ? importHelp(project, *source, planImport(*source, cuts), {})
                       : HelpImportOutcome();
     }
-
-    Text outline() const {
-        Text all;
-        for (const Topic& topic : project.outline()) {
-            all += topic.level + ' ' + topic.title + " [" + topic.fileName + "]\n";
-        }
-        return all;
-    }
-
-    const Text& body(int position) const { return project.outline().at(position).body; }
-
-    /// Notes of an outcome, one a line.
-    Text told(const HelpImportOutcome& outcome) const {
-        Text all;
-        for (const HelpNote& note : outcome.notes) {
-            all += lineOf(note, project.outline()) + '\n';
-        }
-        return all;
-    }
-
-    test::TemporaryFolder folder;
-    model::Project project;
 };
 
 constexpr const char* otherBody = "<p>text</p>\r\n"
