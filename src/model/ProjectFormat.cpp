@@ -177,11 +177,11 @@ LoadStop readTopics(FieldReader& fields, ProjectFormat format, TopicOutline& out
         if (marker != topicMarker) {
             return LoadStop::corrupted;
         }
-        Topic topic;
-        if (!readTopic(fields, format, topic)) {
+        outline.append({});
+        if (!readTopic(fields, format, outline.at(outline.count()))) {
+            outline.remove(outline.count());
             return LoadStop::unexpectedEnd;
         }
-        outline.append(std::move(topic));
         if (fields.cutInQuotes()) {
             return LoadStop::endInBody;
         }

@@ -26,7 +26,13 @@ public:
     /// The topic gets this position and those from there on move down by one; count() + 1 appends.
     /// Not to be called on a full outline.
     void insert(int position, Topic topic);
-    void append(Topic topic) { insert(count() + 1, std::move(topic)); }
+    void append(Topic topic) {
+        assert(!full());
+        if (count() == smallOutline) {
+            topics_.reserve(maxTopics); // moved once instead of again and again
+        }
+        topics_.push_back(std::move(topic));
+    }
     Topic remove(int position);
     void swap(int a, int b) { std::swap(at(a), at(b)); }
 
@@ -40,6 +46,8 @@ private:
         assert(position >= 1 && position <= count());
         return static_cast<std::size_t>(position - 1);
     }
+
+    static constexpr int smallOutline = 16;
 
     std::vector<Topic> topics_;
 };

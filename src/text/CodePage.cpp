@@ -114,7 +114,7 @@ struct CodePage::Table {
     void add(std::string_view encoded, char32_t character, unsigned number);
     void addPairs(unsigned char lead, unsigned number);
     void addMarkedLetters();
-    void appendDecoded(Text& text, unsigned char byte) const;
+    void appendMarked(Text& text, unsigned char byte) const;
 };
 
 /// Of two forms that one character has, the system's choice counts.
@@ -158,9 +158,9 @@ void CodePage::Table::addMarkedLetters() {
     }
 }
 
-void CodePage::Table::appendDecoded(Text& text, unsigned char byte) const {
+void CodePage::Table::appendMarked(Text& text, unsigned char byte) const {
     const char32_t character = characters[byte];
-    if (hasMarks && !text.empty() && isMark(character)) {
+    if (!text.empty() && isMark(character)) {
         const std::size_t last = lastCharacter(text);
         TextView before = TextView(text).substr(last);
         const char32_t marked = composed(takeUtf8(before), character);
@@ -235,9 +235,13 @@ Text CodePage::decoded(TextView bytes) const {
     while (!bytes.empty()) {
         text.append(bytes.data(), plain);
         bytes.remove_prefix(plain);
-        while (!bytes.empty() && (bytes.front() & 0x80) != 0) {
-            table_->appendDecoded(text, static_cast<unsigned char>(bytes.front()));
-            bytes.remove_prefix(1);
+        for (; !bytes.empty() && (bytes.front() & 0x80) != 0; bytes.remove_prefix(1)) {
+            const auto byte = static_cast<unsigned char>(bytes.front());
+            if (table_->hasMarks) {
+                table_->appendMarked(text, byte);
+            } else {
+                appendUtf8(text, table_->characters[byte]);
+            }
         }
         plain = asciiLength(bytes);
     }

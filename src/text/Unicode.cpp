@@ -81,21 +81,20 @@ constexpr bool hasNoCapital(char32_t character) {
 } // namespace
 
 void appendUtf8(std::string& utf8, char32_t character) {
-    const auto byte = [&utf8](char32_t value) { utf8 += static_cast<char>(value); };
+    const auto lead = [&](unsigned mark, unsigned shift) {
+        return static_cast<char>(mark | character >> shift);
+    };
+    const auto trail = [&](unsigned shift) {
+        return static_cast<char>(0x80 | (character >> shift & 0x3F));
+    };
     if (character < 0x80) {
-        byte(character);
+        utf8 += static_cast<char>(character);
     } else if (character < 0x800) {
-        byte(0xC0 | character >> 6);
-        byte(0x80 | (character & 0x3F));
-    } else if (character >= 0x10000) {
-        byte(0xF0 | character >> 18);
-        byte(0x80 | (character >> 12 & 0x3F));
-        byte(0x80 | (character >> 6 & 0x3F));
-        byte(0x80 | (character & 0x3F));
+        utf8 += {lead(0xC0, 6), trail(0)};
+    } else if (character < 0x10000) {
+        utf8 += {lead(0xE0, 12), trail(6), trail(0)};
     } else {
-        byte(0xE0 | character >> 12);
-        byte(0x80 | (character >> 6 & 0x3F));
-        byte(0x80 | (character & 0x3F));
+        utf8 += {lead(0xF0, 18), trail(12), trail(6), trail(0)};
     }
 }
 
@@ -144,28 +143,27 @@ bool isUtf8(std::string_view bytes) {
 }
 
 std::size_t asciiLength(std::string_view bytes) {
-    constexpr std::uint64_t highBits = 0x8080808080808080U;
-    using Words = std::array<std::uint64_t, 8>;
-    Words words;
-    std::size_t i = 0;
-    for (; i + sizeof words <= bytes.size(); i += sizeof words) {
-        std::memcpy(words.data(), bytes.data() + i, sizeof words);
-        const std::uint64_t any = ((words[0] | words[1]) | (words[2] | words[3]))
-                                  | ((words[4] | words[5]) | (words[6] | words[7]));
-        if ((any & highBits) != 0) {
-            break;
-        }
+    constexpr std::size_t wordSize = sizeof(std::uint64_t);
+    constexpr std::size_t fourWords = 4 * wordSize;
+    const char* at = bytes.data();
+    const char* const end = at + bytes.size();
+    const auto highBits = [&](std::size_t word) {
+        constexpr std::uint64_t highBitOfEach = 0x8080808080808080U;
+        std::uint64_t bits = 0;
+        std::memcpy(&bits, at + word * wordSize, wordSize);
+        return bits & highBitOfEach;
+    };
+    while (static_cast<std::size_t>(end - at) >= fourWords
+           && (highBits(0) | highBits(1) | highBits(2) | highBits(3)) == 0) {
+        at += fourWords;
     }
-    for (std::uint64_t word = 0; i + sizeof word <= bytes.size(); i += sizeof word) {
-        std::memcpy(&word, bytes.data() + i, sizeof word);
-        if ((word & highBits) != 0) {
-            break;
-        }
+    while (static_cast<std::size_t>(end - at) >= wordSize && highBits(0) == 0) {
+        at += wordSize;
     }
-    while (i < bytes.size() && (bytes[i] & 0x80) == 0) {
-        ++i;
+    while (at < end && (*at & 0x80) == 0) {
+        ++at;
     }
-    return i;
+    return static_cast<std::size_t>(at - bytes.data());
 }
 
 std::size_t characterCount(std::string_view utf8) {
