@@ -28,12 +28,6 @@ bool isPageName(std::string_view path) {
     return hasEnding(path, ".htm") || hasEnding(path, ".html") || hasEnding(path, ".xhtml");
 }
 
-bool startsAtMachine(std::string_view path) {
-    constexpr std::string_view slashes = "/\\";
-    return path.size() > 1 && slashes.find(path[0]) != std::string_view::npos
-           && slashes.find(path[1]) != std::string_view::npos;
-}
-
 /// Whether a path comes through one place twice, as links to folders above them make it.
 bool goesInCircles(const fs::path& folder, const fs::path& path) {
     std::set<fs::path> passed;
@@ -61,26 +55,6 @@ constexpr const char* internalNameText =
     "has a name that the help keeps for itself; it is left out";
 
 } // namespace
-
-Address splitAddress(std::string_view address) {
-    constexpr std::size_t drive = 1;
-    Address parts;
-    const std::size_t colon = address.find(':');
-    const bool hasProtocol =
-        colon != std::string_view::npos && colon > 0 && address.find_first_of("/\\#?") > colon;
-    parts.isElsewhere = (hasProtocol && colon != drive) || startsAtMachine(address)
-                        || address.find("::") != std::string_view::npos;
-    const std::size_t sharp = address.find('#');
-    if (sharp != std::string_view::npos) {
-        parts.fragment = address.substr(sharp + 1);
-    }
-    parts.path = address.substr(0, std::min(sharp, address.find('?')));
-    return parts;
-}
-
-std::string caseKey(std::string_view utf8) {
-    return text::lowerCase(utf8);
-}
 
 SourceFiles::SourceFiles(Settings settings, Container& container, Messages& messages)
     : settings_(std::move(settings)), container_(container), messages_(messages),

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "compile/Container.h"
+#include "compile/FileAddress.h"
 #include "compile/Messages.h"
 #include "text/FileFinder.h"
 #include "workshop/PageFacts.h"
@@ -30,17 +31,6 @@ struct SourceFile {
     bool isReserved = false;        ///< goes into the help in another form, or not at all
     workshop::PageFacts facts = {}; ///< of a page; without its addresses
 };
-
-/// An address of a page or a sitemap, in parts.
-struct Address {
-    std::string path;         ///< empty for a place on the same page
-    std::string fragment;     ///< behind "#"
-    bool isElsewhere = false; ///< on another machine, in another help, or no file at all
-};
-Address splitAddress(std::string_view address);
-
-/// Names with the same key are one, whatever system the files lie on.
-std::string caseKey(std::string_view utf8);
 
 /// The files that go into the help: those that the project names, those that their pages and style
 /// sheets name, and so on. They are packed in the order in which they are met.
