@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "platform/Unicode.h"
 #include "text/Address.h"
+#include "text/CodePage.h"
 #include "workshop/Encoding.h"
 
 namespace help {
@@ -103,7 +103,7 @@ void readContexts(const Table& contexts, const Table& strings, ChmFacts& facts) 
 
 bool isThere(const ChmFile& file, const std::string& name, unsigned codePage) {
     return !name.empty()
-           && file.holds('/' + text::plainPath(platform::utf8FromCodePage(name, codePage)));
+           && file.holds('/' + text::plainPath(text::CodePage(codePage).decoded(name)));
 }
 
 /// What the help's windows show counts for what it does not say itself, or says wrongly.

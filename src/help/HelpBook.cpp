@@ -7,8 +7,8 @@
 
 #include "help/BinaryLists.h"
 #include "platform/Files.h"
-#include "platform/Unicode.h"
 #include "text/Address.h"
+#include "text/CodePage.h"
 #include "text/ForeignText.h"
 #include "text/Text.h"
 #include "workshop/Encoding.h"
@@ -65,7 +65,7 @@ HelpBook::HelpBook(std::filesystem::path path, std::unique_ptr<ChmFile> file)
 }
 
 std::string HelpBook::decoded(const std::string& bytes) const {
-    return isPlain(bytes) ? bytes : platform::utf8FromCodePage(bytes, facts_.codePage);
+    return isPlain(bytes) ? bytes : text::CodePage(facts_.codePage).decoded(bytes);
 }
 
 std::optional<std::string> HelpBook::read(const std::string& path) const {

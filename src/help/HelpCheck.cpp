@@ -11,8 +11,8 @@
 #include "help/ProjectCheck.h"
 #include "help/SearchCheck.h"
 #include "help/TopicReader.h"
-#include "platform/Unicode.h"
 #include "text/Address.h"
+#include "text/CodePage.h"
 #include "text/ForeignText.h"
 #include "workshop/Encoding.h"
 #include "workshop/PageFacts.h"
@@ -65,7 +65,7 @@ private:
     void checkTarget(const std::string& where, const std::string& address,
                      const std::string& folder, const Page* self = nullptr);
     std::string decoded(const std::string& bytes) const {
-        return platform::utf8FromCodePage(bytes, book_.facts().codePage);
+        return text::CodePage(book_.facts().codePage).decoded(bytes);
     }
 
     HelpBook& book_;

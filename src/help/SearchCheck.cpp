@@ -5,8 +5,8 @@
 #include "help/HelpPage.h"
 #include "help/SearchTable.h"
 #include "help/TopicReader.h"
-#include "platform/Unicode.h"
 #include "text/Address.h"
+#include "text/CodePage.h"
 #include "workshop/SearchWords.h"
 
 namespace help {
@@ -31,7 +31,7 @@ public:
 private:
     void fault(const std::string& text) { faults_.push_back("search index: " + text); }
     std::string shown(std::string_view word) const {
-        return '"' + platform::utf8FromCodePage(word, table_.codePage()) + '"';
+        return '"' + text::CodePage(table_.codePage()).decoded(word) + '"';
     }
 
     void checkTree();
@@ -112,7 +112,7 @@ void Check::checkPages() {
     for (std::size_t topic = 0; topic < isLedTo_.size(); ++topic) {
         if (isLedTo_[topic]) {
             const std::string address =
-                platform::utf8FromCodePage(topics_.address(topic).value_or(""), facts_.codePage);
+                text::CodePage(facts_.codePage).decoded(topics_.address(topic).value_or(""));
             found.push_back(packedKey('/' + text::plainPath(address.substr(0, address.find('#')))));
         }
     }

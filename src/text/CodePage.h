@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-
 #include "text/Text.h"
 #include "text/Unicode.h"
 
@@ -16,6 +14,8 @@ struct Bytes {
 
     std::string value;
 };
+
+class CodePageTable;
 
 /// What becomes of characters that a code page lacks.
 enum class Missing {
@@ -60,16 +60,13 @@ public:
     bool operator==(const CodePage& other) const { return number_ == other.number_; }
 
 private:
-    struct Table;
-    static const Table& tableOf(unsigned number);
-
     /// A western letter whose code is its number: most of those that there are, known without a
     /// look into the table.
     bool isLatin(char32_t character) const {
         return number_ == western && character >= 0xA0 && character <= 0xFF;
     }
 
-    const Table* table_;
+    const CodePageTable* table_;
     unsigned number_;
 };
 

@@ -13,9 +13,8 @@ namespace text {
 namespace {
 
 constexpr unsigned westernCodePage = CodePage::western;
-constexpr unsigned firstWindowsPage = 1250; // these have one byte for a letter
-constexpr unsigned lastWindowsPage = 1258;
 constexpr unsigned shiftedCodePage = 50220; // ISO-2022-JP: all its bytes look like ASCII
+constexpr unsigned unixJapanese = 51932;    // EUC-JP: some of its letters have three bytes
 
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 
@@ -68,7 +67,7 @@ unsigned codePageNamed(std::string_view name) {
 /// The text behind a byte order mark; nothing where there is none.
 std::optional<std::string> markedText(std::string_view bytes) {
     if (bytes.starts_with(utf8Mark)) {
-        return platform::utf8FromCodePage(bytes.substr(utf8Mark.size()), platform::utf8CodePage);
+        return CodePage(platform::utf8CodePage).decoded(bytes.substr(utf8Mark.size()));
     }
     if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) {
         return utf8FromUtf16(bytes.substr(2), bytes.front() == '\xFE');
@@ -81,9 +80,9 @@ std::string fromCodePage(std::string_view bytes, unsigned codePage) {
     if (isUtf8Already || (codePage != shiftedCodePage && isAscii(bytes))) {
         return std::string(bytes);
     }
-    const bool isWindows = codePage >= firstWindowsPage && codePage <= lastWindowsPage;
-    return isWindows ? CodePage(codePage).decoded(bytes)
-                     : platform::utf8FromCodePage(bytes, codePage);
+    const bool isTable = codePage != shiftedCodePage && codePage != unixJapanese;
+    return isTable ? CodePage(codePage).decoded(bytes)
+                   : platform::utf8FromCodePage(bytes, codePage);
 }
 
 } // namespace

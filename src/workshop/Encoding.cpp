@@ -4,7 +4,6 @@
 #include <map>
 #include <optional>
 
-#include "platform/Unicode.h"
 #include "text/CodePage.h"
 
 namespace workshop {
@@ -13,17 +12,14 @@ namespace {
 
 constexpr unsigned westernCodePage = text::CodePage::western;
 
-std::optional<std::string> oneEncoded(char32_t character, unsigned codePage) {
+std::optional<std::string> oneEncoded(char32_t character, const text::CodePage& codePage) {
     const bool isControl = character >= 0x80 && character < 0xA0;
+    if (isControl || !codePage.has(character)) {
+        return {};
+    }
     std::string utf8;
     text::appendUtf8(utf8, character);
-    if (codePage != westernCodePage || isControl) {
-        return isControl ? std::nullopt : platform::codePageFromUtf8(utf8, codePage);
-    }
-    const text::CodePage western;
-    return western.has(character)
-               ? std::optional(western.encoded(utf8, text::Missing::questionMark).value)
-               : std::nullopt;
+    return codePage.encoded(utf8, text::Missing::questionMark).value;
 }
 
 } // namespace
@@ -68,6 +64,7 @@ bool hasCodePage(unsigned language) {
 std::string encoded(std::string_view utf8, unsigned codePage, const Substitute& substitute) {
     std::string bytes;
     bytes.reserve(utf8.size());
+    const text::CodePage page(codePage);
     std::map<char32_t, std::string> known;
     while (!utf8.empty()) {
         const char32_t character = text::takeUtf8(utf8);
@@ -77,7 +74,7 @@ std::string encoded(std::string_view utf8, unsigned codePage, const Substitute& 
         }
         const auto [place, isNew] = known.try_emplace(character);
         if (isNew) {
-            const auto one = oneEncoded(character, codePage);
+            const auto one = oneEncoded(character, page);
             place->second = one ? *one : substitute(character);
         }
         bytes += place->second;

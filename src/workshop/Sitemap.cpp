@@ -43,7 +43,7 @@ std::string resolved(std::string_view text, unsigned codePage) {
         }
         if (character >= 0xA0 && character <= 0xFF) {
             const char byte = static_cast<char>(character);
-            const std::string letter = platform::utf8FromCodePage({&byte, 1}, codePage);
+            const std::string letter = text::CodePage(codePage).decoded({&byte, 1});
             if (letter.find(replacementCharacter) == std::string::npos) {
                 result += letter;
             } else {

@@ -1,6 +1,7 @@
 #include "text/Text.h"
 
 #include <gtest/gtest.h>
+#include <map>
 #include <random>
 
 #include "text/CodePage.h"
@@ -132,6 +133,61 @@ TEST(CodePage, EveryLanguageWritesItsLetters) {
         const Text text = vietnamese.decoded(bytes);
         EXPECT_EQ(vietnamese.encoded(text, Missing::questionMark).value,
                   bytes.find('\x81') == Text::npos ? bytes : "\xEA?\xF2");
+    }
+}
+
+/// What a code page makes of every byte, of every two, and of every letter.
+std::uint64_t fingerprint(unsigned number) {
+    const CodePage page(number);
+    std::uint64_t hash = 0xCBF29CE484222325U; // FNV-1a
+    const auto take = [&hash](TextView text) {
+        for (const char byte : text) {
+            hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001B3U;
+        }
+        hash = (hash ^ 0xFFU) * 0x100000001B3U;
+    };
+    for (int lead = 0; lead < 256; ++lead) {
+        take(page.decoded(std::string(1, static_cast<char>(lead))));
+        for (int trail = 0; lead >= 0x80 && trail < 256; ++trail) {
+            take(page.decoded(std::string{static_cast<char>(lead), static_cast<char>(trail)}));
+        }
+    }
+    for (char32_t letter = 0; letter < 0x20000; ++letter) {
+        if (page.has(letter) && (letter < 0xD800 || letter > 0xDFFF)) {
+            Text text;
+            appendUtf8(text, letter);
+            take(text + ' ' + page.encoded(text, Missing::questionMark).value);
+        }
+    }
+    return hash;
+}
+
+/// Pages and their names have to be the same whatever system made them; the systems' own tables are
+/// not.
+TEST(CodePage, EverySystemHasTheSameLetters) {
+    const std::map<unsigned, std::uint64_t> fingerprints = {
+        {874, 0xBF95B9F102633BB2U},   {932, 0x48E59AB9383A50D6U},   {936, 0xC278783FEDECA5D8U},
+        {949, 0x1109FC54616FFBC9U},   {950, 0x8EB36796D0BB786CU},   {1250, 0x9CF783F2167DBF9BU},
+        {1251, 0x0D92F5A0E852CED3U},  {1252, 0xBA2FCDDC9C4E18CFU},  {1253, 0x774E982963C9DB63U},
+        {1254, 0x1897FBDF4FDA4235U},  {1255, 0x71362A2AF6B2D57AU},  {1256, 0x103A42B96FBC5517U},
+        {1257, 0x02527EEAE1D0BFDEU},  {1258, 0x56F18A16B313EC37U},  {20866, 0x7F848B2FCC94BFF1U},
+        {28592, 0x48181CF238A13C69U}, {28595, 0xC0B5BBF1703E53CFU}, {28597, 0x7448F78D9FF8DFDEU},
+        {28605, 0x6F24227C6AB4C14FU},
+    };
+    for (const auto& [number, expected] : fingerprints) {
+        EXPECT_EQ(fingerprint(number), expected) << number;
+    }
+    for (const Language& language : languages()) {
+        EXPECT_TRUE(fingerprints.contains(language.codePage)) << language.tag;
+    }
+    EXPECT_EQ(CodePage(932).decoded("\x93\xFA\x93 \xFD\x81"), "\u65E5\uFFFD \uFFFD\uFFFD");
+    EXPECT_EQ(CodePage(65001).decoded("\xD0\x96\xE2\x82 \xED\xA0\x80\xD0"),
+              "\u0416\uFFFD\uFFFD \uFFFD\uFFFD\uFFFD\uFFFD");
+    for (const auto& [charset, bytes] :
+         {std::pair("euc-jp", "\xA1\xC1\xC6\xFC"), std::pair("iso-8859-7", "\xA1\xE1\x80")}) {
+        const Text page = decodedForeignPage("<meta charset=" + Text(charset) + ">" + bytes, 1252);
+        const bool isGreek = Text(charset) == "iso-8859-7";
+        EXPECT_EQ(page.substr(page.find('>') + 1), isGreek ? "\u2018\u03B1\u0080" : "\uFF5E\u65E5");
     }
 }
 

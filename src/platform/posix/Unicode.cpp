@@ -32,7 +32,7 @@ public:
         case 50220:
             return "ISO-2022-JP";
         case 51932:
-            return "EUC-JP";
+            return "EUC-JP-MS"; // as Windows knows it
         default:
             // Windows counts the parts of that standard so.
             return codePage > isoPage && codePage < isoPage + 17

@@ -8,11 +8,35 @@ namespace platform {
 
 namespace {
 
-std::wstring wideFromCodePage(std::string_view bytes, unsigned codePage) {
+constexpr wchar_t unknown = 0xFFFD;
+constexpr unsigned shiftedJapanese =
+    50220; ///< knows no faults: the system refuses to look for them
+
+std::wstring wideFromCodePage(std::string_view bytes, unsigned codePage, DWORD how = 0) {
     const int size = static_cast<int>(bytes.size());
-    const int length = MultiByteToWideChar(codePage, 0, bytes.data(), size, nullptr, 0);
+    const int length = MultiByteToWideChar(codePage, how, bytes.data(), size, nullptr, 0);
     std::wstring wide(static_cast<std::size_t>(length), L'\0');
-    MultiByteToWideChar(codePage, 0, bytes.data(), size, wide.data(), length);
+    MultiByteToWideChar(codePage, how, bytes.data(), size, wide.data(), length);
+    return wide;
+}
+
+/// Letter by letter; a byte with which none begins is an unknown one.
+std::wstring wideFromDamaged(std::string_view bytes, unsigned codePage) {
+    std::wstring wide;
+    while (!bytes.empty()) {
+        const bool isLead = IsDBCSLeadByteEx(codePage, static_cast<BYTE>(bytes.front())) != FALSE;
+        std::size_t length = isLead ? 2 : 1;
+        std::wstring letter;
+        if (length <= bytes.size()) {
+            letter = wideFromCodePage(bytes.substr(0, length), codePage, MB_ERR_INVALID_CHARS);
+        }
+        if (letter.empty()) {
+            letter = unknown;
+            length = 1;
+        }
+        wide += letter;
+        bytes.remove_prefix(length);
+    }
     return wide;
 }
 
@@ -38,8 +62,19 @@ std::string utf8FromPath(const std::filesystem::path& path) {
 std::string utf8FromCodePage(std::string_view bytes, unsigned codePage) {
     constexpr unsigned usual = 1252;
     constexpr unsigned firstReal = 4; // those below stand for settings of this machine
-    return utf8FromWide(wideFromCodePage(
-        bytes, codePage >= firstReal && IsValidCodePage(codePage) != FALSE ? codePage : usual));
+    constexpr unsigned unixJapanese = 51932;
+    constexpr unsigned itsOldName = 20932; // under which the system knows it
+    if (codePage == unixJapanese) {
+        codePage = itsOldName;
+    }
+    if (codePage < firstReal || IsValidCodePage(codePage) == FALSE) {
+        codePage = usual;
+    }
+    if (codePage == shiftedJapanese) {
+        return utf8FromWide(wideFromCodePage(bytes, codePage));
+    }
+    const std::wstring wide = wideFromCodePage(bytes, codePage, MB_ERR_INVALID_CHARS);
+    return utf8FromWide(wide.empty() ? wideFromDamaged(bytes, codePage) : wide);
 }
 
 std::optional<std::string> codePageFromUtf8(std::string_view utf8, unsigned codePage) {
