@@ -91,10 +91,16 @@ void TextMarks::paint() {
     const QTextBlock lastBlock = area_.cursorForPosition(view.bottomRight()).block();
     const int last = lastBlock.position() + lastBlock.length();
     QPainter painter(area_.viewport());
+    const QTextCursor selection = area_.textCursor();
     for (int kind = 0; kind < markKinds; ++kind) {
         const auto& marks = marks_[static_cast<std::size_t>(kind)];
         for (auto mark = firstEndingBehind(marks, first); mark != marks.end() && mark->start < last;
              ++mark) {
+            if (static_cast<MarkKind>(kind) == MarkKind::found
+                && selection.selectionStart() <= mark->start
+                && selection.selectionEnd() >= mark->end) {
+                continue; // two colours over each other cannot be read
+            }
             paintMark(painter, static_cast<MarkKind>(kind), std::max(mark->start, first),
                       std::min(mark->end, last));
         }
