@@ -50,7 +50,7 @@ private:
     bool takeCharacter() {
         while (inPiece_ < piece_.size()) {
             const std::size_t at = inPiece_;
-            const text::CharacterReference reference = text::characterReferenceAt(piece_, at);
+            const text::CharacterReference reference = text::shownReferenceAt(piece_, at);
             inPiece_ += reference.length > 0 ? reference.length : bytesAt(at);
             const bool blank =
                 reference.length > 0

@@ -77,6 +77,9 @@ constexpr NamedCharacter symbolNames[] = {
     {"rfloor", 0x230B}, {"lang", 0x2329},    {"rang", 0x232A},   {"loz", 0x25CA},
     {"spades", 0x2660}, {"clubs", 0x2663},   {"hearts", 0x2665}, {"diams", 0x2666}};
 
+/// Or a number, with its sign.
+constexpr std::size_t longestName = 10;
+
 char32_t namedCharacter(TextView name) {
     if (const auto* latin = std::find(latinNames.begin(), latinNames.end(), name);
         latin != latinNames.end()) {
@@ -119,8 +122,7 @@ char32_t numberedCharacter(TextView digits) {
 } // namespace
 
 CharacterReference characterReferenceAt(TextView text, std::size_t offset) {
-    constexpr std::size_t longest = 12;
-    const TextView reference = text.substr(offset, longest);
+    const TextView reference = text.substr(offset, longestName + 2);
     const std::size_t end = reference.find(';');
     if (!reference.starts_with('&') || end == TextView::npos) {
         return {};
@@ -135,6 +137,37 @@ CharacterReference characterReferenceAt(TextView text, std::size_t offset) {
     }
     return {end + 1,
             name.front() == '#' ? numberedCharacter(name.substr(1)) : namedCharacter(name)};
+}
+
+CharacterReference shownReferenceAt(TextView text, std::size_t offset) {
+    const CharacterReference whole = characterReferenceAt(text, offset);
+    if (whole.length > 0 || !text.substr(offset).starts_with('&')) {
+        return whole;
+    }
+    const TextView rest = text.substr(offset + 1, longestName);
+    if (rest.starts_with('#')) {
+        const bool isHexadecimal =
+            rest.substr(1).starts_with('x') || rest.substr(1).starts_with('X');
+        const TextView prefix = rest.substr(0, isHexadecimal ? 2 : 1);
+        const TextView digits = isHexadecimal ? "0123456789abcdefABCDEF" : "0123456789";
+        const std::size_t end =
+            std::min(rest.find_first_not_of(digits, prefix.size()), rest.size());
+        return end == prefix.size()
+                   ? CharacterReference()
+                   : CharacterReference{1 + end, numberedCharacter(rest.substr(1, end - 1))};
+    }
+    TextView found;
+    const auto lookFor = [&](TextView name) {
+        if (rest.starts_with(name) && name.size() > found.size()) {
+            found = name;
+        }
+    };
+    std::for_each(latinNames.begin(), latinNames.end(), lookFor);
+    for (const TextView name : {"amp", "lt", "gt", "quot"}) {
+        lookFor(name);
+    }
+    return found.empty() ? CharacterReference()
+                         : CharacterReference{1 + found.size(), namedCharacter(found)};
 }
 
 } // namespace text

@@ -15,4 +15,8 @@ struct CharacterReference {
 /// The reference at an offset of HTML: "&eacute;", "&#233;" or "&#xE9;". It needs its semicolon.
 CharacterReference characterReferenceAt(TextView text, std::size_t offset);
 
+/// The same as browsers read it in a text, where the oldest names and all numbers need no
+/// semicolon, whatever follows. Not in addresses: "?a=1&copy=2" is none there.
+CharacterReference shownReferenceAt(TextView text, std::size_t offset);
+
 } // namespace text
