@@ -109,6 +109,9 @@ std::string visibleRows(const ListView& list, int column);
 /// How many rows the list has been told to draw anew since the last call.
 int takeRowUpdates(const ListView& list);
 
+/// Whether a row is drawn anew on the screen when something is done.
+bool isDrawnAnew(const ListView& list, int row, const std::function<void()>& act);
+
 /// Clicks the box before a row, and tells whether it is ticked.
 void clickBox(const ListView& list, int row);
 bool isTicked(const ListView& list, int row);

@@ -170,6 +170,31 @@ int takeRowUpdates(const ListView& list) {
     return std::exchange(*counts[&list], 0);
 }
 
+namespace {
+
+/// Notes which part of a widget is drawn.
+struct DrawnPart : QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            region += static_cast<QPaintEvent*>(event)->region();
+        }
+        return false;
+    }
+    QRegion region;
+};
+
+} // namespace
+
+bool isDrawnAnew(const ListView& list, int row, const std::function<void()>& act) {
+    QTreeView& view = viewOf(list);
+    settle();
+    DrawnPart drawn;
+    view.viewport()->installEventFilter(&drawn);
+    act();
+    settle();
+    return drawn.region.contains(view.visualRect(indexOf(list, row, 1)).center());
+}
+
 void clickBox(const ListView& list, int row) {
     QTreeView& view = viewOf(list);
     const QModelIndex index = indexOf(list, row, 0);
