@@ -9,7 +9,7 @@ dlgReport::dlgReport(ui::Window& owner, text::TextView caption, ui::HelpContext 
     : Window(Kind::dialog, windowName, &owner) {
     setCaption(caption);
     setHelpContext(context);
-    txtReport.setReadOnly();
+    txtReport.setForChoosingLines();
     txtReport.setAccessibleName(caption);
     OKButton.setDefault();
     auto buttons = ui::Layout::row();
@@ -21,6 +21,8 @@ dlgReport::dlgReport(ui::Window& owner, text::TextView caption, ui::HelpContext 
     setLayout(std::move(content));
     setSize(7500, 6000);
     OKButton.setFocus();
+    UI_ON(txtReport, KeyDown);
+    UI_ON(txtReport, DblClick);
     UI_ON(cmdCopy, Click);
     UI_ON(cmdTopic, Click);
     UI_ON(cmdPage, Click);
@@ -30,6 +32,13 @@ dlgReport::dlgReport(ui::Window& owner, text::TextView caption, ui::HelpContext 
 
 void dlgReport::cmdCopy_Click() {
     clipboard_.setText(txtReport.text());
+}
+
+void dlgReport::txtReport_KeyDown(ui::Key& key) {
+    if (key.code == ui::KeyCode::enter && key.plain()) {
+        cmdTopic_Click();
+        key.handled = true;
+    }
 }
 
 text::Text dlgReport::caretLine() const {

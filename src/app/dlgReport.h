@@ -29,6 +29,8 @@ public:
     ui::Event<text::TextView> PageAsked;
     ui::Event<> FolderAsked;
 
+    void txtReport_KeyDown(ui::Key& key); ///< Enter leads to the topic
+    void txtReport_DblClick() { cmdTopic_Click(); }
     void cmdCopy_Click(); ///< all of it, to the clipboard
     void cmdTopic_Click() { TopicAsked.raise(caretLine()); }
     void cmdPage_Click() { PageAsked.raise(caretLine()); }

@@ -163,6 +163,10 @@ bool TextBox::isReadOnly() const {
     return box().isReadOnly();
 }
 
+void TextBox::setForChoosingLines() {
+    box().setForChoosingLines();
+}
+
 void TextBox::setForeignCharacters(ForeignCharacters what) {
     box().foreign = what;
 }

@@ -98,6 +98,10 @@ public:
 
     void setReadOnly();
     bool isReadOnly() const;
+
+    /// For lines that can be chosen but not changed: the caret's is marked, and goes with the arrow
+    /// keys. In boxes of many lines.
+    void setForChoosingLines();
     void setForeignCharacters(ForeignCharacters what);
 
     /// The western one until another is set.
@@ -114,6 +118,7 @@ public:
     Event<> GotFocus;
     Event<> LostFocus;
     Event<Key&> KeyDown;
+    Event<> DblClick; ///< in boxes of many lines
 
     struct Native;
     Native& box() const;

@@ -1,5 +1,7 @@
 #include "app/MainWindowFixture.h"
 #include "model/ProjectFile.h"
+#include "text/Address.h"
+#include "text/Path.h"
 
 using namespace ui::testing;
 using test::titled;
@@ -83,15 +85,28 @@ TEST_F(GenerateCommands, GenerationRepairsReportsAndSaves) {
     window->showTopic(1);
     press("Ctrl+Shift+R");
     app::dlgReport& again = *openWindow<app::dlgReport>();
-    again.txtReport.select(again.txtReport.text().find("CONTEXT in"), 0);
-    click(again.cmdTopic);
+    press("Tab");   // from OK to the lines
+    press("Enter"); // in the first one, which is about none
+    EXPECT_EQ(prompter.takeBeeps(), 1);
+    for (int line = 1; line < 5; ++line) {
+        press("Down");
+    }
+    press("Enter");
     EXPECT_EQ(project().currentIndex(), 2);
+    EXPECT_TRUE(ui::Window::isOpen(app::dlgReport::windowName));
     again.txtReport.select(again.txtReport.text().find("A 1.htm"), 0);
     click(again.cmdPage);
     ASSERT_EQ(prompter.addresses().size(), 1);
     EXPECT_TRUE(prompter.addresses().front().ends_with("/html/A%201.htm"));
     again.close();
     settle();
+    show(*window);
+    press("Ctrl+Shift+R");
+    click(openWindow<app::dlgReport>()->cmdFolder);
+    ASSERT_EQ(prompter.addresses().size(), 2);
+    EXPECT_EQ(prompter.addresses().back(), text::fileAddress(text::displayText(folder.path())));
+    press("Esc");
+    EXPECT_FALSE(ui::Window::isOpen(app::dlgReport::windowName));
     show(*window);
     fs::remove_all(folder / "html");
     press("F8"); // at the same place, without a question

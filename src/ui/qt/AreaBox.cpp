@@ -99,6 +99,11 @@ protected:
         }
     }
 
+    void mouseDoubleClickEvent(QMouseEvent* event) override {
+        QPlainTextEdit::mouseDoubleClickEvent(event);
+        native->owner.DblClick.raise();
+    }
+
     void contextMenuEvent(QContextMenuEvent* event) override {
         if (native->hooks == nullptr) {
             QPlainTextEdit::contextMenuEvent(event);
@@ -142,6 +147,8 @@ private:
         return (in || out) && !tabChangesFocus() && !isReadOnly() && indentLines(*this, in);
     }
 };
+
+constexpr int chosenLineAlpha = 60; // of 255, so that it differs from selected text
 
 /// Whether some word is so long that breaking lines between words would read it to its end for each
 /// of the lines that it takes, as it happens with pictures in a text.
@@ -287,6 +294,12 @@ struct AreaBox : TextBox::Native {
     }
 
     void setReadOnly() override { area_.setReadOnly(true); }
+
+    void setForChoosingLines() override {
+        area_.setReadOnly(true);
+        area_.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+        QObject::connect(&area_, &QPlainTextEdit::cursorPositionChanged, [this] { markLine(); });
+    }
     bool isReadOnly() const override { return area_.isReadOnly(); }
 
 private:
@@ -297,6 +310,17 @@ private:
             names_[doneSteps()] = stepName;
         }
         owner.Change.raise();
+    }
+
+    void markLine() {
+        QTextEdit::ExtraSelection line;
+        QColor colour = area_.palette().color(QPalette::Highlight);
+        colour.setAlpha(chosenLineAlpha);
+        line.format.setBackground(colour);
+        line.format.setProperty(QTextFormat::FullWidthSelection, true);
+        line.cursor = area_.textCursor();
+        line.cursor.clearSelection();
+        area_.setExtraSelections({line});
     }
 
     int doneSteps() const { return area_.document()->availableUndoSteps(); }

@@ -46,6 +46,7 @@ struct TextBox::Native : NativeWidget {
     /// Of the caret or the selection, in the widget.
     virtual QRect selectionRect() const = 0;
     virtual void setReadOnly() = 0;
+    virtual void setForChoosingLines() { setReadOnly(); }
     virtual bool isReadOnly() const = 0;
 
     /// What may come in of a typed or pasted text; beeps when something has to stay out.
