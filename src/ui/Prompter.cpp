@@ -94,6 +94,9 @@ Answer Prompter::ask(Window* window, const MessageBox& box) {
             shown->setText(toQt(*words));
         }
     }
+    if (box.buttons != Buttons::ok) { // otherwise the first, which some desktops have as Cancel
+        message.setDefaultButton(QMessageBox::Yes);
+    }
     switch (message.exec()) {
     case QMessageBox::Yes:
         return Answer::yes;

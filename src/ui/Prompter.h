@@ -54,7 +54,8 @@ public:
     Prompter(const Prompter&) = delete;
     Prompter& operator=(const Prompter&) = delete;
 
-    /// A box closed without a button counts as cancelled, or as No where nothing can be cancelled.
+    /// Enter says Yes. A box closed without a button, or with Esc, counts as cancelled, or as No
+    /// where nothing can be cancelled.
     virtual Answer ask(Window* window, const MessageBox& box);
 
     /// Empty when cancelled. That a file is replaced was confirmed where the question wants that.

@@ -45,6 +45,19 @@ void dropDiscardedLater() {
     }
 }
 
+/// The toolkit leaves this key to the desktop, and not every desktop cares.
+void openMenuWithKey(QMainWindow& window) {
+    auto* const open = new QAction(&window);
+    open->setShortcut(Qt::Key_F10);
+    QObject::connect(open, &QAction::triggered, &window, [bar = window.menuBar()] {
+        const QList<QAction*> menus = bar->actions();
+        if (!menus.isEmpty()) {
+            bar->setActiveAction(menus.front());
+        }
+    });
+    window.addAction(open);
+}
+
 } // namespace
 
 struct Window::Native : NativeWidget {
@@ -78,6 +91,7 @@ Window::Window(Kind kind, TextView name, Window* owner) {
         native_->inside = std::make_unique<NativeWidget>(main->centralWidget());
         menuBar_ = std::make_unique<Menu>(
             std::make_unique<Menu::Native>(Menu::Native{main->menuBar(), {}}));
+        openMenuWithKey(*main);
     } else if (kind == Kind::dialog) {
         native_ = std::make_unique<Native>(new DialogShell(*this, parent));
         native_->widget->setWindowFlag(Qt::WindowContextHelpButtonHint, false);

@@ -123,6 +123,13 @@ TEST_F(frmMainTopicPane, TheEditorBesideTheOutlineHasItsOwnKeysAndItsOwnTopic) {
     EXPECT_NE(topic(1).body.find("new"), std::string::npos);
     EXPECT_TRUE(project().dataChanged());
     EXPECT_EQ(menuText(docked(), {"File"}), "&Import\n&Preview\tF5\n&Save\tCtrl+S\nC&lose\tCtrl+W");
+    press("F10");
+    EXPECT_EQ(takeOpenMenu(), menuText(docked(), {"File"}));
+    EXPECT_TRUE(docked().txtBody.hasFocus());
+    window->lvLevels.setFocus();
+    press("F10");
+    EXPECT_EQ(takeOpenMenu(), menuText(*window, {"File"}));
+    docked().txtBody.setFocus();
 
     type("!");
     expectSaveQuestion(ui::Answer::cancel);

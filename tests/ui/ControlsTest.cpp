@@ -203,6 +203,17 @@ TEST_F(Controls, TheToolkitsBoxesAskWhatTheyAreTold) {
     EXPECT_FALSE(lookAtBox([&] {
                      real.ask(&window, {"text", "", ui::Buttons::yesNoCancel});
                  }).hasPictures);
+    for (const bool yesLast : {true, false}) {
+        setYesLast(yesLast);
+        for (const ui::Buttons buttons : {ui::Buttons::yesNo, ui::Buttons::yesNoCancel}) {
+            ui::Answer answer{};
+            const BoxLook box = lookAtBox([&] {
+                answer = real.ask(&window, {"text", "", buttons});
+            });
+            EXPECT_EQ(box.enter, "Yes");
+            EXPECT_EQ(answer, buttons == ui::Buttons::yesNo ? ui::Answer::no : ui::Answer::cancel);
+        }
+    }
     using ui::QuestionIcon;
     for (const auto& [icon, sign] :
          {std::pair(QuestionIcon::information, "BoxInformation"),

@@ -16,6 +16,9 @@ namespace {
 void look(const QWidget& box, BoxLook& found) {
     for (const auto* button : box.findChildren<QPushButton*>()) {
         found.hasPictures = found.hasPictures || !button->icon().isNull();
+        if (button->isDefault()) {
+            found.enter = QString(button->text()).remove('&').toStdString();
+        }
     }
     if (const auto* message = qobject_cast<const QMessageBox*>(&box)) {
         const QPixmap shown = message->iconPixmap();
@@ -47,6 +50,10 @@ BoxLook lookAtBox(const std::function<void()>& ask) {
     watch.start(10);
     ask();
     return found;
+}
+
+void setYesLast(bool last) {
+    qApp->setStyleSheet(last ? "QDialogButtonBox { button-layout: 3 }" : "");
 }
 
 } // namespace ui::testing

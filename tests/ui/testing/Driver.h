@@ -87,6 +87,9 @@ std::string menuText(Window& window, std::initializer_list<const char*> captions
 /// The same for the context menu that the list would show.
 std::string contextMenuText(Window& window, const ListView& list);
 
+/// The same for the menu that is open, which is closed; empty for none.
+std::string takeOpenMenu();
+
 /// Presses a toolbar button, found by its tool tip; false when there is none or it is disabled.
 bool pressButton(Window& window, const char* toolTip, bool withShift = false);
 
@@ -168,11 +171,15 @@ struct BoxLook {
     std::string selected;     ///< of that
     bool hasPictures = false; ///< on its buttons
     bool asksToReplace = false;
-    std::string sign; ///< which of the program's pictures stands beside the text
+    std::string enter; ///< what the button says that Enter presses, without "&"
+    std::string sign;  ///< which of the program's pictures stands beside the text
 };
 
 /// Looks at the box or file dialog that `ask` shows, and cancels it.
 BoxLook lookAtBox(const std::function<void()>& ask);
+
+/// As on desktops that show Cancel first and Yes last.
+void setYesLast(bool last);
 
 /// As when the desktop changes its colours, or takes that back.
 void setDarkColours(bool dark);

@@ -130,6 +130,16 @@ std::string contextMenuText(Window& window, const ListView& list) {
     return text;
 }
 
+std::string takeOpenMenu() {
+    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (menu == nullptr) {
+        return {};
+    }
+    const std::string text = textOf(*menu);
+    menu->close();
+    return text;
+}
+
 bool pressButton(Window& window, const char* toolTip, bool withShift) {
     QToolButton* button = buttonOf(window, toolTip);
     if (button == nullptr || !button->isEnabled()) {
