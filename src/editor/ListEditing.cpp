@@ -22,6 +22,14 @@ Text tagName(TextView text, std::size_t start) {
     return text::lowerAscii(text.substr(start + 1, end - start - 1));
 }
 
+/// Whether a tag stands in the text of an item, as words do; named with "/" where it is an end tag.
+bool isInItem(TextView name) {
+    constexpr TextView others[] = {"br", "code", "img", "kbd", "p", "samp", "tt", "var"};
+    name.remove_prefix(name.starts_with('/') ? 1 : 0);
+    return text::isInlineTag(name)
+           || std::find(std::begin(others), std::end(others), name) != std::end(others);
+}
+
 /// The tag of the item that the caret stands in, without a block between; npos for none.
 std::size_t itemStart(TextView text, std::size_t caret) {
     for (std::size_t at = caret; at > 0;) {
@@ -33,9 +41,7 @@ std::size_t itemStart(TextView text, std::size_t caret) {
         if (name == "li") {
             return at;
         }
-        if (!name.empty() && !text::isInlineTag(name.starts_with('/') ? name.substr(1) : name)
-            && name != "br" && name != "img" && name != "code" && name != "/code" && name != "p"
-            && name != "/p") {
+        if (!name.empty() && !isInItem(name)) {
             break;
         }
     }
@@ -58,15 +64,49 @@ std::size_t listEnd(TextView text, std::size_t caret) {
     return TextView::npos;
 }
 
-/// Whether an item's end tag comes next, but for tags within its text.
-bool isClosedBehind(TextView text, std::size_t tag) {
-    for (; tag < text.size(); tag = std::min(text.find('<', tag + 1), text.size())) {
-        const Text name = tagName(text, tag);
-        if (!text::isInlineTag(name.starts_with('/') ? name.substr(1) : name)) {
-            return name == "/li";
+/// The next tag that does not stand in the text of an item, or the end.
+std::size_t itemTextEnd(TextView text, std::size_t at) {
+    for (at = text.find('<', at); at != TextView::npos; at = text.find('<', at + 1)) {
+        if (const Text name = tagName(text, at); !name.empty() && !isInItem(name)) {
+            return at;
         }
     }
-    return false;
+    return text.size();
+}
+
+/// Behind the end tags right behind the caret, if they belong to what the caret stands in.
+std::size_t behindEndTags(TextView text, std::size_t contents, std::size_t caret) {
+    auto open = openTags(text.substr(contents, caret - contents)).size();
+    for (; open > 0 && text.substr(caret).starts_with("</"); --open) {
+        const std::size_t end = text.find('>', caret);
+        if (end == TextView::npos || !isInItem(tagName(text, caret))) {
+            break;
+        }
+        caret = end + 1;
+    }
+    return caret;
+}
+
+/// Two items where there was one: what goes around the caret ends in the first one and begins anew.
+Passage splitItem(Passage passage, std::size_t contents) {
+    const TextView text = passage.text;
+    const std::size_t caret = behindEndTags(text, contents, passage.start);
+    const std::size_t textEnd = itemTextEnd(text, caret);
+    const Text rest = text::lowerAscii(text.substr(caret, textEnd - caret));
+    Text ends;
+    Text begins(lineBreak);
+    begins += "<li>";
+    for (const TextPart& tag : openTags(text.substr(contents, caret - contents))) {
+        Text end("</");
+        text::append(end, tagName(text, contents + tag.start), ">");
+        if (rest.find(end) != Text::npos) {
+            ends.insert(0, end);
+            begins += text.substr(contents + tag.start, tag.length);
+        }
+    }
+    ends += tagName(text, textEnd) == "/li" ? "</li>" : "";
+    passage.text.insert(caret, ends + begins);
+    return {std::move(passage.text), caret + ends.size() + begins.size()};
 }
 
 /// The list without an item that has no text; the caret goes behind the list.
@@ -113,10 +153,7 @@ std::optional<Passage> nextItem(Passage passage) {
             passage.start + std::min(behind.find_first_of("\r\n"), behind.size());
         return endList(std::move(passage), item, end);
     }
-    Text made = isClosedBehind(text, next) ? "</li>" : "";
-    text::append(made, lineBreak, "<li>");
-    passage.text.insert(passage.start, made);
-    return Passage{std::move(passage.text), passage.start + made.size()};
+    return splitItem(std::move(passage), contents + 1);
 }
 
 } // namespace editor

@@ -172,6 +172,14 @@ Passage selectCell(Passage passage, const Cell& cell) {
     return {std::move(passage.text), cell.contentStart + first, last + 1 - first};
 }
 
+/// The cell in a column, or the last one where the row is shorter.
+const Cell& cellIn(const Row& row, int column) {
+    const auto cell = std::find_if(row.cells.begin(), row.cells.end(), [column](const Cell& each) {
+        return each.column + each.span > column;
+    });
+    return cell == row.cells.end() ? row.cells.back() : *cell;
+}
+
 Passage withRow(Passage passage, const Table& table, std::size_t at) {
     int columns = 1;
     for (const Row& row : table.rows) {
@@ -271,7 +279,7 @@ std::optional<Passage> removeRow(Passage passage) {
     passage.text.erase(start, end - start);
     const bool last = place->row + 1 == place->table.rows.size();
     const Row& next = place->table.rows[last ? place->row - 1 : place->row + 1];
-    const std::size_t caret = next.cells.front().contentStart;
+    const std::size_t caret = cellIn(next, place->currentCell().column).contentStart;
     return Passage{std::move(passage.text), last ? caret : caret - (end - start)};
 }
 

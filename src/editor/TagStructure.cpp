@@ -147,6 +147,16 @@ std::optional<TagPair> tagPairAt(TextView text, std::size_t caret) {
     return pair;
 }
 
+std::vector<TextPart> openTags(TextView text) {
+    TagMatcher matcher(text);
+    matcher.run();
+    std::vector<TextPart> tags;
+    for (const OpenTag& open : matcher.open()) {
+        tags.push_back(open.tag);
+    }
+    return tags;
+}
+
 Text elementToClose(TextView text) {
     TagMatcher matcher(text);
     matcher.run();

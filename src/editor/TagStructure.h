@@ -42,6 +42,9 @@ struct TagPair {
 /// The tag at the caret and the one that belongs to it; nothing for tags that stand alone.
 std::optional<TagPair> tagPairAt(TextView text, std::size_t caret);
 
+/// The tags of what is open at the end of a text, the outermost first.
+std::vector<TextPart> openTags(TextView text);
+
 /// The element that an end tag at the end of a text would close, as its tag has it; empty for none.
 /// At the beginning of a line it is none whose end tag may be left out.
 Text elementToClose(TextView text);

@@ -28,7 +28,10 @@ constexpr const char* small = "\u00E4<table><tr><th colspan=2>Head<tr><td>a</td>
 TEST(ListEditing, EnterGoesOnAndTwiceEnds) {
     const std::pair<const char*, const char*> rows[] = {
         {"<ul>\r\n<li>\u00E4|b\r\n</ul>", "<ul>\r\n<li>\u00E4\r\n<li>|b\r\n</ul>"},
-        {"<ol><li><b>x|</b></li></ol>", "<ol><li><b>x</li>\r\n<li>|</b></li></ol>"},
+        {"<ol><li><b>x|</b></li></ol>", "<ol><li><b>x</b></li>\r\n<li>|</li></ol>"},
+        {"<ul><li><p>a <B id=1>x| y</B></p>\r\n</ul>",
+         "<ul><li><p>a <B id=1>x</b></p>\r\n<li><p><B id=1>| y</B></p>\r\n</ul>"},
+        {"<ul><li><b>x|\r\n<li>y</b></ul>", "<ul><li><b>x\r\n<li>|\r\n<li>y</b></ul>"},
         {"<ul>\r\n<li>a\r\n<li>|\r\n</ul> end", "<ul>\r\n<li>a\r\n</ul>\r\n| end"},
         {"<ul>\r\n<li>a</li>\r\n<li>|</li>\r\n</ul>", "<ul>\r\n<li>a</li>\r\n</ul>\r\n|"},
         {"<ul><li>a<ul><li>|</ul><li>c</ul>", "<ul><li>a<ul></ul>\r\n|<li>c</ul>"},
@@ -70,6 +73,10 @@ TEST(TableEditing, RowsAndColumnsComeAndGo) {
               "\u00E4<table><tr><th colspan=1>Head<tr><td>|a</td></tr></table> rest");
     EXPECT_EQ(after(removeRow, small), "\u00E4<table><tr><th colspan=2>|Head</table> rest");
     EXPECT_EQ(after(removeRow, "<table><tr><td>|a</table>"), "(nothing)");
+    EXPECT_EQ(after(removeRow, "<table><tr><td>a<td>b|<tr><td>c<td>d<tr><td>e</table>"),
+              "<table><tr><td>c<td>|d<tr><td>e</table>"); // in the same column
+    EXPECT_EQ(after(removeRow, "<table><tr><td>e<tr><td>c<td>d|</table>"),
+              "<table><tr><td>|e</table>");
     EXPECT_EQ(after(removeColumn, "<table><tr><td>|a<tr><td>b</table>"), "(nothing)");
     Passage table = newTable(at("x[y]"), 3, 4);
     for (Command command : {addRow, addColumn, removeColumn, removeRow}) {
