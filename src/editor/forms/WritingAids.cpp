@@ -119,23 +119,30 @@ void WritingAids::closeTag() {
         parts_.body.replaceSelection(element + ">");
         parts_.body.nameSteps({});
         closing_ = element + ">";
+        repeated_.clear();
         closedAt_ = parts_.body.caretPlace();
     }
 }
 
-/// Who types the end tag to its end does not want its letters twice.
+/// Who types the end tag to its end does not want its letters twice. Words may begin like it, too.
 bool WritingAids::repeatsClosing(TextView letters) {
     const ui::CaretPlace now = parts_.body.caretPlace();
     const bool follows = now.line == closedAt_.line && now.column == closedAt_.column + 1;
-    if (closing_.empty() || letters.empty() || !follows || !closing_.starts_with(letters)) {
-        closing_.clear();
-        return false;
-    }
-    closing_.erase(0, letters.size());
+    const bool goesOn = !closing_.empty() && !letters.empty() && follows;
     const std::size_t caret = parts_.body.selection().start;
-    parts_.body.select(caret - letters.size(), letters.size());
-    parts_.body.replaceSelection({});
-    return true;
+    if (goesOn && closing_.starts_with(letters)) {
+        closing_.erase(0, letters.size());
+        repeated_ += letters;
+        parts_.body.select(caret - letters.size(), letters.size());
+        parts_.body.replaceSelection({});
+        return true;
+    }
+    closing_.clear();
+    if (goesOn && !repeated_.empty()) {
+        parts_.body.select(caret - letters.size(), letters.size());
+        parts_.body.replaceSelection(repeated_ + Text(letters));
+    }
+    return false;
 }
 
 void WritingAids::complete(bool asked) {

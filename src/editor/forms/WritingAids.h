@@ -60,7 +60,8 @@ private:
     Parts parts_;
     AidChoice choice_;
     SpellingMarks spelling_;
-    Text closing_; ///< what was put in for an end tag, as long as it may be typed, too
+    Text closing_;  ///< what was put in for an end tag, as long as it may be typed, too
+    Text repeated_; ///< what of it has been typed, and left out
     ui::CaretPlace closedAt_;
     ui::Timer pause_;      ///< since the last change
     ui::Timer caretPause_; ///< since the caret was moved

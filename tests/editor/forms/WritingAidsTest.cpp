@@ -95,6 +95,9 @@ TEST_F(WritingAidsInWindow, CompletionsAreTakenWithEnterAndLeftWithEsc) {
     type("> a");
     EXPECT_TRUE(body().ends_with("'>x</a> a|"));
     EXPECT_TRUE(editor().txtBody.offered().empty());
+    editor().txtBody.selectAll();
+    type("<a>x</and more");
+    EXPECT_EQ(body(), "<a>x</a>and more|"); // text that begins like the tag
 }
 
 TEST_F(WritingAidsInWindow, TheBarFindsAndReplacesInTheText) {
