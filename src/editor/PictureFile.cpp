@@ -6,6 +6,7 @@
 #include "editor/MarkUp.h"
 #include "model/ProjectFolders.h"
 #include "platform/Files.h"
+#include "text/HtmlReader.h"
 
 namespace editor {
 
@@ -193,6 +194,28 @@ Passage insertPicture(Passage passage, TextView fileName, std::optional<PictureS
     append(tag, escapedValue(alternative), "'>");
     passage = insert(std::move(passage), tag);
     return {std::move(passage.text), passage.start - tag.size() + words, length};
+}
+
+std::optional<Passage> behindPicture(Passage passage) {
+    const std::size_t start = TextView(passage.text).substr(0, passage.start).rfind('<');
+    if (start == TextView::npos) {
+        return {};
+    }
+    const TextView tag = TextView(passage.text).substr(start);
+    text::HtmlReader reader(tag);
+    if (!reader.next() || !reader.opens("img")) {
+        return {};
+    }
+    const auto words = reader.attribute("alt");
+    if (!words || words->data() == nullptr) { // named without a value
+        return {};
+    }
+    const std::size_t from = start + static_cast<std::size_t>(words->data() - tag.data());
+    if (passage.start < from || passage.end() > from + words->size()) {
+        return {};
+    }
+    const std::size_t behind = start + reader.end();
+    return Passage{std::move(passage.text), behind};
 }
 
 } // namespace editor

@@ -46,4 +46,8 @@ Text pictureWords(TextView fileName);
 Passage insertPicture(Passage passage, TextView fileName, std::optional<PictureSize> size,
                       TextView alternative);
 
+/// The caret behind a picture's tag, with nothing selected, when it stands in the text for those
+/// who do not see the picture. Nothing elsewhere.
+std::optional<Passage> behindPicture(Passage passage);
+
 } // namespace editor

@@ -44,4 +44,14 @@ TEST(PictureFile, GoesIntoTheTextWithSizeAndWordsToOvertype) {
     EXPECT_EQ(
         test::marked(insertPicture(test::at("\u00E4[x]y"), "a.png", PictureSize{4, 3}, "it's")),
         "\u00E4<img src='..\\images\\a.png' width=4 height=3 alt='[it&#39;s]'>y");
+    for (const char* before : {"\u00E4<img alt='[a > b]' title='>'>y", "\u00E4<IMG alt=\"a|\">y",
+                               "\u00E4<img src=a alt='|'>y"}) {
+        const auto behind = behindPicture(test::at(before));
+        EXPECT_TRUE(behind && test::marked(*behind).ends_with(">|y")) << before;
+    }
+    for (const char* elsewhere :
+         {"<img alt='a'|>y", "<img alt=''>|y", "<img alt|>", "<img src='|' alt=''>", "<p alt='|'>",
+          "<img alt='[a'>]y", "<img alt='|", "|"}) {
+        EXPECT_FALSE(behindPicture(test::at(elsewhere))) << elsewhere;
+    }
 }

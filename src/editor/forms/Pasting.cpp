@@ -80,10 +80,8 @@ void Pasting::insertFiles(const std::vector<fs::path>& files) {
                            "Insert Graphic", ui::Buttons::ok, ui::QuestionIcon::exclamation});
             continue;
         }
-        if (&file != &files.front() && body_.hasSelection()) { // not over the one before
-            const ui::Selection words = body_.selection();
-            const std::size_t end = body_.countedText().find('>', words.start + words.length);
-            body_.select(end == Text::npos ? words.start + words.length : end + 1, 0);
+        if (&file != &files.front()) { // not over the one before
+            changeText(body_, behindPicture);
         }
         const Text stem = text::displayText(file.stem());
         insertPicture(askForName(stem, bytes), bytes, pictureWords(stem));

@@ -1,5 +1,6 @@
 #include "editor/ListEditing.h"
 #include "editor/MarkUp.h"
+#include "editor/PictureFile.h"
 #include "editor/Snippets.h"
 #include "editor/TableEditing.h"
 #include "editor/forms/TextChange.h"
@@ -91,8 +92,13 @@ void frmEditBody::txtBody_Entering(ui::Incoming& incoming) {
 
 // ---- Tables and lists ----
 
-/// Tab and Enter go on in a table or list; elsewhere they do what they always do.
+/// Tab and Enter go on behind a picture, and in a table or list; elsewhere they do what they always
+/// do.
 void frmEditBody::txtBody_EditKeyDown(ui::EditKey& key) {
+    key.handled = !key.shift && changeText(txtBody, behindPicture);
+    if (key.handled) {
+        return;
+    }
     if (key.which == ui::EditKey::Which::tab) {
         key.handled = changeText(txtBody, key.shift ? previousCell : nextCell);
     } else if (!key.shift) {

@@ -36,6 +36,8 @@ TEST_F(Pasting, PicturesComeIntoTheProjectUnderGoodNames) {
     EXPECT_EQ(editor().txtBody.text(),
               "<img src='..\\images\\a.png' width=3 height=2 alt='a'>\u00E4");
     EXPECT_EQ(editor().txtBody.selectedText(), "a"); // to overtype
+    press("Return");
+    EXPECT_EQ(body(), "<img src='..\\images\\a.png' width=3 height=2 alt='a'>|\u00E4");
     press("Ctrl+Z");
     EXPECT_EQ(editor().txtBody.text(), "\u00E4");
     // Another picture that is called the same.
