@@ -1,5 +1,7 @@
 #include "app/ReplaceCommand.h"
 
+#include <algorithm>
+
 #include "text/TextLines.h"
 #include "ui/WaitCursor.h"
 
@@ -66,11 +68,21 @@ void ReplaceCommand::showPlace(const tools::Place& place) {
 std::optional<tools::PlaceSearch::Replaced>
 ReplaceCommand::replace(tools::PlaceSearch& search, std::span<const tools::Place> places,
                         const tools::Replacement& with) {
+    const bool isEdited = std::any_of(places.begin(), places.end(), [this](const auto& place) {
+        return place.topic == project_.currentIndex();
+    });
+    const bool reopens = isEdited && editor_.isOpen();
+    const std::size_t caret = reopens ? editor_.window()->txtBody.selection().start : 0;
     std::optional<tools::PlaceSearch::Replaced> replaced;
-    host_.carryOut({EditorFate::isClosed}, [&] {
+    host_.carryOut({isEdited ? EditorFate::isClosed : EditorFate::stays}, [&] {
         const ui::WaitCursor busy;
         replaced = search.replace(project_, places, with);
     });
+    if (replaced && reopens && !editor_.isOpen()) { // who came from there goes on there
+        editor_.show();
+        ui::TextBox& body = editor_.window()->txtBody;
+        body.select(std::min(caret, body.countedText().size()), 0);
+    }
     return replaced;
 }
 

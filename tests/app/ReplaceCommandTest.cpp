@@ -96,6 +96,36 @@ TEST_F(ReplaceCommand, ShowsAPlaceAndKeepsWhatIsEdited) {
     EXPECT_EQ(topic(1).title + topic(1).body, "barx\r\n<b>caf\u00E9</b> more ")
         << "the text is another one since the search";
     EXPECT_EQ(topic(2).body, "<a href='A.htm#p'>bar</a>");
+    ASSERT_TRUE(window->editor()->isVisible()) << "who came from there goes on there";
+    EXPECT_EQ(window->editor()->txtBody.selection().start, 21U);
+    EXPECT_FALSE(window->editor()->changed());
+}
+
+TEST_F(ReplaceCommand, PlacesAreReachedAndTickedByKeysWhileAnotherTextIsBeingWritten) {
+    window->openTopicEditor(3);
+    editor::frmEditBody& editor = *window->editor();
+    show(editor);
+    type("more ");
+    press("Ctrl+Shift+H");
+    type("caf\xC3\xA9");
+    prompter.expect(
+        {"Changes Made, Save Changes?", "Save", Buttons::yesNoCancel, QuestionIcon::question},
+        Answer::no);
+    press("Return");
+    EXPECT_TRUE(waitFor([this] { return dialog().cmdReplace.isEnabled(); }));
+    press("Tab");
+    type("bar");
+    press("Down");
+    press("Space");
+    EXPECT_EQ(rows(), "-Caf\u00E9 -title -line 2 -line 2 +B +line 1 ");
+    press("Alt+R");
+    EXPECT_TRUE(waitFor([this] { // the button is seen to go down
+        return dialog().lblState.caption() == "1 place in 1 topic replaced";
+    }));
+    EXPECT_EQ(topic(2).body, "<a href='A.htm#p'>bar</a>");
+    EXPECT_EQ(window->editor(), &editor);
+    EXPECT_TRUE(editor.isVisible());
+    EXPECT_EQ(editor.txtBody.text(), "more <a href='a.htm'>x</a>");
 }
 
 TEST_F(ReplaceCommand, TakesWhatIsSelectedInTheEditor) {

@@ -1,5 +1,6 @@
 #include "tools/forms/frmReplace.h"
 
+#include <algorithm>
 #include <chrono>
 
 #include "ui/HelpContext.h"
@@ -75,6 +76,15 @@ void frmReplace::connectControls() {
     }
     UI_ON(txtFind, Change);
     UI_ON(txtReplace, Change);
+    for (ui::TextBox* box : {&txtFind, &txtReplace}) {
+        box->KeyDown.connect([this](ui::Key& key) {
+            if (key.plain() && key.code == ui::KeyCode::down && rows_.rowCount() > 0) {
+                key.handled = true;
+                lvPlaces.setFocus();
+                lvPlaces.select(std::max(lvPlaces.selected(), 1));
+            }
+        });
+    }
     UI_ON(lvPlaces, DblClick);
     UI_ON(lvPlaces, ItemCheck);
     UI_ON(cmdAll, Click);
