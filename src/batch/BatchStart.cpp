@@ -5,6 +5,7 @@
 #include <new>
 
 #include "platform/Clock.h"
+#include "platform/Memory.h"
 #include "platform/Process.h"
 
 namespace batch {
@@ -12,6 +13,7 @@ namespace batch {
 int startBatch(int argc, char* argv[], const char* program, int failed,
                int (*run)(BatchSession& session, const Arguments& arguments)) {
     try {
+        platform::takeMemoryInLargeSteps();
         platform::turnSizeLimitIntoError();
         platform::useStreamsForUtf8();
         std::ios::sync_with_stdio(false);

@@ -13,6 +13,8 @@
 /// error, never a hang.
 namespace platform {
 
+struct FileFacts;
+
 /// What the standard has no error for.
 enum class FileError {
     folderIsClosed = 1 ///< the file may be written, but its folder does not let it be exchanged
@@ -37,6 +39,11 @@ std::error_code readPart(const std::filesystem::path& path, std::string& bytes,
 /// written, so that its time tells when they came about; whether it could be written counts all the
 /// same.
 std::error_code writeFile(const std::filesystem::path& path, std::string_view bytes);
+
+/// Creates a file where nothing has this name, and tells what the system knows of it then; with
+/// std::errc::file_exists, nothing was touched. Another failure can leave it incomplete.
+std::error_code createFile(const std::filesystem::path& path, std::string_view bytes,
+                           FileFacts& facts);
 
 /// Who may read a file that did not exist before.
 enum class Access {

@@ -19,6 +19,7 @@ using text::TextView;
 namespace {
 
 constexpr TextView listPlace = "site/files.txt";
+constexpr const char* isForeign = "is there already, and is no file of this site";
 constexpr TextView listTitle =
     "The files of this web site, which HTML Topicsmith writes and removes";
 
@@ -32,6 +33,22 @@ bool takeNumber(TextView& line, Number& number) {
     }
     line.remove_prefix(static_cast<std::size_t>(rest - line.data()) + 1);
     return true;
+}
+
+/// Writes a file again. The old one stays whole until the new one takes its place, and keeps its
+/// time when it is the same.
+std::error_code exchange(const fs::path& path, TextView contents) {
+    std::error_code error;
+    if (fs::is_symlink(fs::symlink_status(path, error))) {
+        fs::remove(path, error); // what it leads to is somebody else's
+    }
+    std::string old;
+    if (!platform::readFile(path, old) && old == contents) {
+        return {};
+    }
+    error = platform::replaceFile(path, contents, platform::Access::usual, platform::Arrival::some);
+    return error == platform::FileError::folderIsClosed ? platform::writeFile(path, contents)
+                                                        : error;
 }
 
 } // namespace
@@ -84,6 +101,13 @@ bool SiteFolder::staysInside(const fs::path& folder) {
             fail(folder, "a link leads out of the site's folder; nothing was written there");
             found->second = false;
         }
+        const Text place = text::displayText(folder.lexically_relative(folder_)) + '/';
+        std::error_code error;
+        for (fs::directory_iterator at(folder, error), end; !error && at != end;
+             at.increment(error)) {
+            there_.insert(model::pageKey((place == "./" ? "" : place)
+                                         + text::displayText(at->path().filename())));
+        }
     }
     return found->second;
 }
@@ -98,11 +122,17 @@ bool SiteFolder::mayWrite(const Text& place, const fs::path& path) {
         return false;
     }
     std::error_code ignored;
-    if (!before_.contains(place) && fs::exists(fs::symlink_status(path, ignored))) {
-        fail(path, "is there already, and is no file of this site");
+    if (!before_.contains(place) && isThere(place)
+        && fs::exists(fs::symlink_status(path, ignored))) {
+        fail(path, isForeign);
         return false;
     }
     return true;
+}
+
+/// Whether a file may be there: asking the system for each would take as long as writing it.
+bool SiteFolder::isThere(const Text& place) const {
+    return there_.contains(model::pageKey(place));
 }
 
 bool SiteFolder::isAsListed(const Text& place, const fs::path& path) const {
@@ -174,15 +204,29 @@ void SiteFolder::write(File& file) {
         error = platform::readFile(file.source, file.contents);
         generate::noteFailure(failures_, file.source, error);
     }
-    if (!error) {
-        error = platform::writeFile(path, file.contents);
-        generate::noteFailure(failures_, path, error);
-    }
-    if (const auto facts = platform::fileFacts(path); facts && !error) {
-        now_[file.place] = {entry.hash, facts->size, facts->written.count()};
+    if (const auto time = error ? std::nullopt : writeContents(file, path)) {
+        now_[file.place] = {entry.hash, file.contents.size(), *time};
         ++written_;
     }
     file.contents = {};
+}
+
+/// Returns when it was written.
+std::optional<std::int64_t> SiteFolder::writeContents(const File& file, const fs::path& path) {
+    platform::FileFacts facts;
+    std::error_code error = std::make_error_code(std::errc::file_exists);
+    if (!isThere(file.place)) {
+        error = platform::createFile(path, file.contents, facts);
+    }
+    if (error == std::errc::file_exists && before_.contains(file.place)) {
+        error = exchange(path, file.contents);
+        facts = platform::fileFacts(path).value_or(facts);
+    }
+    if (error == std::errc::file_exists) {
+        now_.erase(file.place); // somebody else was quicker
+    }
+    generate::noteFailure(failures_, path, error);
+    return error ? std::nullopt : std::optional<std::int64_t>(facts.written.count());
 }
 
 /// One that somebody has changed since is theirs.

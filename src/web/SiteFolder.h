@@ -69,7 +69,9 @@ private:
     void writeList(const Entries& entries);
     void claim();
     bool mayWrite(const text::Text& place, const std::filesystem::path& path);
+    bool isThere(const text::Text& place) const;
     void write(File& file);
+    std::optional<std::int64_t> writeContents(const File& file, const std::filesystem::path& path);
     bool isAsListed(const text::Text& place, const std::filesystem::path& path) const;
     bool staysInside(const std::filesystem::path& folder);
     void fail(const std::filesystem::path& path, std::string reason);
@@ -84,6 +86,7 @@ private:
     Entries now_;
     std::set<text::Text> keys_; ///< of what is there now, for systems that do not tell case apart
     std::map<std::filesystem::path, bool> staying_; ///< what staysInside() has found
+    std::set<text::Text> there_; ///< keys of what its folders held when it looked at them
     model::FileFailures failures_;
     int written_ = 0;
     int kept_ = 0;

@@ -99,6 +99,12 @@ std::error_code requireRegular(const struct stat& status) {
     return S_ISREG(status.st_mode) ? std::error_code() : failure(std::errc::not_supported);
 }
 
+FileFacts factsOf(const struct stat& status) {
+    return {status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size),
+            std::chrono::seconds(status.st_mtim.tv_sec)
+                + std::chrono::nanoseconds(status.st_mtim.tv_nsec)};
+}
+
 /// Whether what is written here would arrive under another name, too.
 bool belongsElsewhere(const struct stat& status) {
     return S_ISLNK(status.st_mode) || (S_ISREG(status.st_mode) && status.st_nlink > 1);
@@ -225,6 +231,23 @@ std::error_code writeFile(const fs::path& path, std::string_view bytes) {
     return error ? error : closeError;
 }
 
+std::error_code createFile(const fs::path& path, std::string_view bytes, FileFacts& facts) {
+    constexpr mode_t everybody = 0666; // less what the person's mask withholds
+    File file(path, O_WRONLY | O_CREAT | O_EXCL, everybody);
+    if (!file.isOpen()) {
+        return lastError();
+    }
+    if (const std::error_code error = file.write(bytes)) {
+        return error;
+    }
+    struct stat status {};
+    if (::fstat(file.descriptor(), &status) != 0) {
+        return lastError();
+    }
+    facts = factsOf(status);
+    return file.close();
+}
+
 std::error_code writeInPlace(const fs::path& path, std::string_view bytes) {
     File file(path, O_WRONLY);
     struct stat status {};
@@ -318,12 +341,7 @@ bool isFile(const fs::path& path) {
 
 std::optional<FileFacts> fileFacts(const fs::path& path) {
     struct stat status {};
-    if (::stat(path.c_str(), &status) != 0) {
-        return {};
-    }
-    return FileFacts{status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size),
-                     std::chrono::seconds(status.st_mtim.tv_sec)
-                         + std::chrono::nanoseconds(status.st_mtim.tv_nsec)};
+    return ::stat(path.c_str(), &status) == 0 ? std::optional(factsOf(status)) : std::nullopt;
 }
 
 bool isSameFile(const fs::path& one, const fs::path& other) {

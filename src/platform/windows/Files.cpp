@@ -26,11 +26,6 @@ std::error_code requireRegular(const Handle& file) {
                                                      : failure(std::errc::not_supported);
 }
 
-bool isFolder(const fs::path& path) {
-    const DWORD attributes = GetFileAttributesW(systemName(path).c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-}
-
 /// The system says of a folder only that it cannot be had.
 std::error_code openError(const fs::path& path) {
     const std::error_code error = lastError();
@@ -262,6 +257,17 @@ std::error_code writeFile(const fs::path& path, std::string_view bytes) {
     return error || closed ? error : lastError();
 }
 
+std::error_code createFile(const fs::path& path, std::string_view bytes, FileFacts& facts) {
+    Handle file(openFile(path, GENERIC_WRITE, CREATE_NEW));
+    if (!file.isOpen()) {
+        return openError(path);
+    }
+    const std::error_code error = writeAll(file, bytes);
+    const bool closed = file.close();
+    facts = fileFacts(path).value_or(FileFacts());
+    return error || closed ? error : lastError();
+}
+
 std::error_code writeInPlace(const fs::path& path, std::string_view bytes) {
     Handle file(openFile(path, GENERIC_WRITE, OPEN_EXISTING));
     if (!file.isOpen()) {
@@ -377,17 +383,6 @@ std::error_code createFolder(const fs::path& path) {
     return isFolder(path) || CreateDirectoryW(systemName(path).c_str(), nullptr) != FALSE
                ? std::error_code()
                : lastError();
-}
-
-// The standard library of this compiler would try to make the machine of a share.
-std::error_code createFolders(const fs::path& path) {
-    const fs::path parent = path.parent_path();
-    if (!isFolder(path) && !parent.empty() && parent != path) {
-        if (const std::error_code error = createFolders(parent)) {
-            return error;
-        }
-    }
-    return createFolder(path);
 }
 
 void turnSizeLimitIntoError() {} // there is no such limit

@@ -61,4 +61,15 @@ std::vector<fs::path> dictionaryFolders() {
     return {}; // the program brings its own
 }
 
+// The standard library of this compiler would try to make the machine of a share.
+std::error_code createFolders(const fs::path& path) {
+    const fs::path parent = path.parent_path();
+    if (!isFolder(path) && !parent.empty() && parent != path) {
+        if (const std::error_code error = createFolders(parent)) {
+            return error;
+        }
+    }
+    return createFolder(path);
+}
+
 } // namespace platform
