@@ -1,5 +1,8 @@
 #include "web/PartScanner.h"
 
+#include "text/Unicode.h"
+#include "workshop/WordLetters.h"
+
 namespace web {
 
 namespace {
@@ -35,6 +38,24 @@ bool PartScanner::next() {
             take();
         }
     }
+    return true;
+}
+
+/// Whether a part that stands behind a word belongs to it, or may, and takes it then.
+bool PartJoiner::goesOn(text::TextView part, LetterKind kind) {
+    if (kind == LetterKind::none) {
+        text::TextView rest = part;
+        const bool mayJoin = !isRun_ && joining_ == 0 && !part.empty()
+                             && workshop::joinsLetters(text::takeUtf8(rest)) && rest.empty();
+        joining_ = mayJoin ? part.size() : joining_;
+        return mayJoin;
+    }
+    if ((kind == LetterKind::ofRun) != isRun_ || (isRun_ && joining_ > 0)) {
+        return false;
+    }
+    word_ = {word_.data(), word_.size() + joining_ + part.size()};
+    joining_ = 0;
+    number_ = noNumber;
     return true;
 }
 

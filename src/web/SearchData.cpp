@@ -67,11 +67,7 @@ SearchData::SearchData(const model::TopicOutline& outline, const SiteMap& map,
     if (before && differsLittle(*before)) {
         isUpdated_ = std::async([this, before] { return update(*before); });
     } else {
-        hasTexts_ = std::async([this] { texts_ = textsOf(pages_); });
-        isPacked_ = std::async([this] {
-            hasTexts_.get();
-            packAll();
-        });
+        isPacked_ = std::async([this] { packAll(); });
     }
 }
 
@@ -83,17 +79,12 @@ SearchData::Texts SearchData::textsOf(const std::vector<std::size_t>& pages) con
     return texts;
 }
 
-SearchIndex SearchData::indexOf(const std::vector<std::size_t>& pages, const Texts& texts) const {
-    SearchIndex index;
-    for (const std::size_t page : pages) {
-        const auto position = static_cast<int>(page);
-        index.add(page, map_.at(position).title, true);
-        for (const TextView keyword : generate::keywordsOf(outline_.at(position))) {
-            index.add(page, plainLine(keyword), true);
-        }
-        index.add(page, texts[page], false);
+void SearchData::addHeadings(SearchIndex& index, std::size_t page) const {
+    const auto position = static_cast<int>(page);
+    index.add(page, map_.at(position).title, true);
+    for (const TextView keyword : generate::keywordsOf(outline_.at(position))) {
+        index.add(page, plainLine(keyword), true);
     }
-    return index;
 }
 
 /// Whether what is in the folder can be changed instead of made anew. Numbers that were given to
@@ -131,7 +122,12 @@ bool SearchData::update(const SearchState& before) {
     SearchUpdate update(folder_, before);
     if (!changed_.empty()) {
         const Texts texts = textsOf(changed_);
-        if (!update.replace(changed_, indexOf(changed_, texts), texts)) {
+        SearchIndex index;
+        for (const std::size_t page : changed_) {
+            addHeadings(index, page);
+            index.add(page, texts[page], false);
+        }
+        if (!update.replace(changed_, index, texts)) {
             return false;
         }
         made_ = {update.firstWords(), update.pieces(), update.textFiles(), {}};
@@ -144,7 +140,13 @@ bool SearchData::update(const SearchState& before) {
 }
 
 void SearchData::packAll() {
-    const SearchTexts packing(texts_);
+    texts_ = textsOf(pages_);
+    SearchIndex index;
+    const SearchTexts packing(texts_, index, [&](std::size_t page) {
+        if (page > 0 && map_.hasPage(static_cast<int>(page))) {
+            addHeadings(index, page);
+        }
+    });
     std::vector<TextsFile> files;
     for (std::size_t page = 1; page < texts_.size(); ++page) {
         const Text packed = packing.packed(page);
@@ -159,28 +161,20 @@ void SearchData::packAll() {
     }
     made_.table = packing.table();
     state_.split = packing.split();
-}
-
-/// All of it, with the texts that another thread makes.
-void SearchData::finish() {
-    if (isUpdated_.valid()) {
-        if (isUpdated_.get()) {
-            return;
-        }
-        texts_ = textsOf(pages_);
-        packAll();
-    } else {
-        hasTexts_.get();
-    }
-    std::vector<IndexPiece> pieces = indexOf(pages_, texts_).pieces(texts_.size() - 1);
-    if (isPacked_.valid()) {
-        isPacked_.get();
-    }
-    changed_ = pages_;
+    std::vector<IndexPiece> pieces = index.pieces(texts_.size() - 1);
     state_.wordFiles = pieces.size();
     for (std::size_t i = 0; i < pieces.size(); ++i) {
         made_.firstWords.push_back(pieces[i].first);
         made_.pieces[i] = std::move(pieces[i]);
+    }
+    changed_ = pages_;
+}
+
+void SearchData::finish() {
+    if (isPacked_.valid()) {
+        isPacked_.get();
+    } else if (!isUpdated_.get()) {
+        packAll();
     }
 }
 

@@ -19,6 +19,9 @@ public:
     /// All must outlive this, and outline and map stay as they are.
     SearchData(const model::TopicOutline& outline, const SiteMap& map, const SiteFolder& folder);
 
+    /// A number that is another one when the text of a page is.
+    std::uint64_t hashOf(int page) const { return state_.pages[static_cast<std::size_t>(page)]; }
+
     /// Adds the files to the folder.
     void addTo(SiteFolder& folder);
 
@@ -32,7 +35,7 @@ private:
     };
 
     Texts textsOf(const std::vector<std::size_t>& pages) const;
-    SearchIndex indexOf(const std::vector<std::size_t>& pages, const Texts& texts) const;
+    void addHeadings(SearchIndex& index, std::size_t page) const;
     bool differsLittle(const SearchState& before);
     bool update(const SearchState& before);
     void packAll();
@@ -48,7 +51,6 @@ private:
     Texts texts_;
     Made made_;
     std::future<bool> isUpdated_;
-    std::shared_future<void> hasTexts_;
     std::future<void> isPacked_;
 };
 

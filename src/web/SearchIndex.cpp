@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "text/Unicode.h"
-#include "web/WordScanner.h"
+#include "web/PartScanner.h"
 
 namespace web {
 
@@ -34,14 +34,35 @@ void SearchIndex::add(std::size_t page, TextView text, bool isHeading) {
         if (scanner.isRun()) {
             addRun(page, scanner.word(), weight);
         } else if (scanner.word().size() <= longestWord) {
-            const auto [word, isNew] = words_.numberOf(scanner.word());
-            if (isNew) {
-                words_.moveKey(word, kept_.emplace_back(scanner.word()));
-                termOfWord_.push_back(termOf(text::searchKey(scanner.word())));
-            }
-            count(termOfWord_[word], page, weight);
+            count(termOfWord(scanner.word()), page, weight);
         }
     }
+}
+
+void SearchIndex::addWord(std::size_t page, TextView word, bool isRun, std::uint32_t number) {
+    if (isRun) {
+        addRun(page, word, 1);
+    } else if (number == PartJoiner::noNumber) {
+        if (word.size() <= longestWord) {
+            count(termOfWord(word), page, 1);
+        }
+    } else if (word.size() <= longestWord) {
+        if (number >= termOfNumber_.size()) {
+            termOfNumber_.resize(2 * std::size_t(number) + 1, noTerm);
+        }
+        std::uint32_t& term = termOfNumber_[number];
+        term = term == noTerm ? termOfWord(word) : term;
+        count(term, page, 1);
+    }
+}
+
+std::uint32_t SearchIndex::termOfWord(TextView word) {
+    const auto [number, isNew] = words_.numberOf(word);
+    if (isNew) {
+        words_.moveKey(number, kept_.emplace_back(word));
+        termOfWord_.push_back(termOf(text::searchKey(word)));
+    }
+    return termOfWord_[number];
 }
 
 /// Each pair of letters is a word, and so is the last letter.

@@ -61,6 +61,10 @@ public:
     /// `isHeading`, such as those of a title, count more.
     void add(std::size_t page, text::TextView text, bool isHeading);
 
+    /// Takes a word of a text, or a run of letters that are words by themselves. One with a number,
+    /// which is its alone, is looked for once; PartJoiner::noNumber is none.
+    void addWord(std::size_t page, text::TextView word, bool isRun, std::uint32_t number);
+
     /// Of so many pages.
     std::vector<IndexPiece> pieces(std::size_t pageCount) const;
 
@@ -70,7 +74,10 @@ public:
     static constexpr std::size_t pieceSize = 16000;
 
 private:
+    static constexpr std::uint32_t noTerm = UINT32_MAX;
+
     std::uint32_t termOf(text::Text key);
+    std::uint32_t termOfWord(text::TextView word);
     void count(std::uint32_t term, std::size_t page, std::uint32_t weight);
     void addRun(std::size_t page, text::TextView run, std::uint32_t weight);
 
@@ -78,7 +85,8 @@ private:
     NumberTable<text::TextView> keys_;
     NumberTable<text::TextView> words_; ///< as they stand in texts
     std::vector<std::uint32_t> termOfWord_;
-    std::deque<text::Text> kept_; ///< what both tables are made of
+    std::vector<std::uint32_t> termOfNumber_; ///< `noTerm` where nobody has asked yet
+    std::deque<text::Text> kept_;             ///< what both tables are made of
 };
 
 } // namespace web

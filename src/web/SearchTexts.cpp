@@ -32,10 +32,16 @@ bool isCapitalised(TextView part) {
     return part.size() > 1 && part.front() >= 'A' && part.front() <= 'Z';
 }
 
-SearchTexts::SearchTexts(const std::vector<Text>& texts) {
+SearchTexts::SearchTexts(const std::vector<Text>& texts, SearchIndex& index,
+                         const std::function<void(std::size_t)>& beforePage) {
     uses_.resize(texts.size());
+    std::vector<std::uint32_t> counts;
     for (std::size_t page = 0; page < texts.size(); ++page) {
-        read(texts[page], uses_[page]);
+        beforePage(page);
+        read(texts[page], page, index, counts);
+    }
+    for (std::size_t part = 0; part < counts.size(); ++part) {
+        parts_[part].count = counts[part];
     }
     for (int round = 0; round < rounds; ++round) {
         joinPairs();
@@ -52,14 +58,26 @@ std::uint32_t SearchTexts::partOf(TextView text) {
     return part;
 }
 
-void SearchTexts::read(TextView text, std::vector<Use>& uses) {
+/// The counts are beside the parts, of which a processor's cache does not hold all.
+void SearchTexts::read(TextView text, std::size_t page, SearchIndex& index,
+                       std::vector<std::uint32_t>& counts) {
+    PartJoiner joiner;
+    const auto addWord = [&](TextView word, bool isRun, std::uint32_t number) {
+        index.addWord(page, word, isRun, number);
+    };
     PartScanner scanner(text);
     while (scanner.next()) {
-        uses.push_back({partOf(scanner.part()), false});
-        Part& used = parts_[uses.back().part];
-        used.beginsWord = used.endsWord = scanner.isWord();
-        ++used.count;
+        const std::size_t known = parts_.size();
+        const std::uint32_t part = partOf(scanner.part());
+        if (part == known) {
+            parts_[part].beginsWord = parts_[part].endsWord = scanner.isWord();
+            counts.push_back(0);
+        }
+        ++counts[part];
+        uses_[page].push_back({part, false});
+        joiner.take(scanner.part(), scanner.kind(), part, addWord);
     }
+    joiner.take({}, LetterKind::none, 0, addWord);
 }
 
 /// How often a pair has to be there to be one of the most frequent.
@@ -76,11 +94,14 @@ std::uint32_t SearchTexts::leastOf(std::vector<std::uint32_t> counts) {
 /// Calls a function with each pair of parts that are both frequent.
 template <typename Function>
 void SearchTexts::forPairs(const Function& function) const {
+    std::vector<unsigned char> frequent(parts_.size());
+    std::transform(parts_.begin(), parts_.end(), frequent.begin(),
+                   [](const Part& part) { return part.count >= often ? 1 : 0; });
     for (const std::vector<Use>& uses : uses_) {
-        bool isFrequent = !uses.empty() && parts_[uses.front().part].count >= often;
+        bool isFrequent = !uses.empty() && frequent[uses.front().part] != 0;
         for (std::size_t i = 1; i < uses.size(); ++i) {
             const bool wasFrequent = isFrequent;
-            isFrequent = parts_[uses[i].part].count >= often;
+            isFrequent = frequent[uses[i].part] != 0;
             if (wasFrequent && isFrequent) {
                 function(pairOf(uses[i - 1], uses[i]));
             }

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <vector>
 
 #include "web/NumberTable.h"
+#include "web/SearchIndex.h"
 #include "web/Symbols.h"
 
 namespace web {
@@ -14,8 +16,10 @@ namespace web {
 /// numbers mean.
 class SearchTexts {
 public:
-    /// Page by page; empty for one without a text. The texts must outlive this.
-    explicit SearchTexts(const std::vector<text::Text>& texts);
+    /// Page by page; empty for one without a text. The texts must outlive this. The words go into
+    /// an index, behind what is put there before a page.
+    SearchTexts(const std::vector<text::Text>& texts, SearchIndex& index,
+                const std::function<void(std::size_t page)>& beforePage);
 
     /// How the numbers are written.
     SymbolSplit split() const { return split_; }
@@ -53,7 +57,8 @@ private:
     };
 
     std::uint32_t partOf(text::TextView text);
-    void read(text::TextView text, std::vector<Use>& uses);
+    void read(text::TextView text, std::size_t page, SearchIndex& index,
+              std::vector<std::uint32_t>& counts);
     using Pairs = NumberTable<std::uint64_t>;
     static constexpr unsigned halfOfPair = 32;
     static std::uint64_t pairOf(const Use& one, const Use& other) {
