@@ -73,16 +73,39 @@ void SiteLinks::append(Text& page, TextView html, int from, const Text& place) {
     page += html.substr(done);
 }
 
-/// The address itself where it leads to nothing of ours.
+/// Pages in one folder lead to each other by the same addresses, again and again.
 Text SiteLinks::addressFor(TextView address, int from, const Text& place) {
+    const Text name = from > 0 ? outline_.at(from).fileName : Text();
+    Text key = name.substr(0, name.find_last_of("/\\") + 1);
+    text::append(key, "\n", TextView(place).substr(0, place.rfind('/') + 1), "\n", address);
+    if (const auto known = known_.find(key); known != known_.end()) {
+        sources_.repeat(known->second.from, known->second.to);
+        return known->second.address;
+    }
+    bool isForAll = true;
+    const std::size_t before = sources_.askedCount();
+    Text made = newAddressFor(address, from, place, isForAll);
+    if (isForAll) {
+        known_.emplace(std::move(key), Known{made, before, sources_.askedCount()});
+    }
+    return made;
+}
+
+/// The address itself where it leads to nothing of ours. Only one that leads to its own page is
+/// another one on other pages in the same folder.
+Text SiteLinks::newAddressFor(TextView address, int from, const Text& place, bool& isForAll) {
     const Text plain = generate::plainAddress(address);
     const AddressTarget target = targets_.targetOf(from, plain);
-    if (target.kind == AddressTarget::Kind::page && target.page > 0) {
+    if (target.kind == AddressTarget::Kind::page) {
+        isForAll = target.page > 0 && target.rest.empty();
+        if (target.page == 0) {
+            return Text(address);
+        }
         if (!map_.hasPage(target.page)) {
             return "#ts-main"; // what has no page leads nowhere
         }
         const Text& page = map_.at(target.page).place;
-        const Text rest = escapedRest(restFor(target));
+        const Text rest = escapedRest(restFor(target, from));
         return page == place && !rest.empty() ? rest : relativeAddress(place, page) + rest;
     }
     if (target.kind == AddressTarget::Kind::file) {
@@ -97,11 +120,12 @@ Text SiteLinks::addressFor(TextView address, int from, const Text& place) {
 
 /// What follows the page in an address, with the place on it as it is spelt there: browsers tell
 /// letter case apart.
-Text SiteLinks::restFor(const AddressTarget& target) {
+Text SiteLinks::restFor(const AddressTarget& target, int from) {
     const std::size_t hash = target.rest.find('#');
     if (hash == TextView::npos) {
         return Text(target.rest);
     }
+    needsOthers_ = needsOthers_ || target.page != from;
     const auto [found, isNew] = anchors_.try_emplace(target.page);
     if (isNew) {
         found->second.add(outline_.at(target.page).title);

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <unordered_map>
+#include <utility>
+
 #include "generate/PageAnchors.h"
 #include "web/SiteMap.h"
 #include "web/SiteSources.h"
@@ -25,9 +28,20 @@ public:
     /// Whether the HTML appended since the last call sets colours of its own.
     bool takeHasColours();
 
+    /// Whether it leads to places on other pages, and so depends on their texts.
+    bool takeNeedsOthers() { return std::exchange(needsOthers_, false); }
+
 private:
+    struct Known {
+        text::Text address;
+        std::size_t from; ///< what was asked of the sources for it
+        std::size_t to;
+    };
+
     text::Text addressFor(text::TextView address, int from, const text::Text& place);
-    text::Text restFor(const generate::AddressTarget& target);
+    text::Text newAddressFor(text::TextView address, int from, const text::Text& place,
+                             bool& isForAll);
+    text::Text restFor(const generate::AddressTarget& target, int from);
     void lookAtStyle(text::TextView css, int from);
 
     const model::TopicOutline& outline_;
@@ -35,7 +49,9 @@ private:
     SiteSources& sources_;
     generate::PageTargets targets_;
     std::map<int, generate::PageAnchors> anchors_; ///< of pages to whose places links lead
+    std::unordered_map<text::Text, Known> known_;  ///< by folders and addresses
     bool hasColours_ = false;
+    bool needsOthers_ = false;
 };
 
 } // namespace web

@@ -1,5 +1,7 @@
 #include "web/SiteSources.h"
 
+#include <algorithm>
+
 #include "generate/PageAddress.h"
 #include "model/PagePath.h"
 #include "platform/Files.h"
@@ -38,6 +40,7 @@ SiteSources::SiteSources(const fs::path& projectFile, fs::path programFolder)
 
 std::optional<Text> SiteSources::want(const Text& place) {
     const auto [answer, isNew] = asked_.try_emplace(place);
+    questions_.push_back(&*answer);
     if (!isNew) {
         return answer->second;
     }
@@ -70,6 +73,26 @@ std::optional<Text> SiteSources::findPlace(const Text& place, fs::path& source) 
         }
     }
     return {};
+}
+
+void SiteSources::repeat(std::size_t from, std::size_t to) {
+    for (; from < to; ++from) {
+        questions_.push_back(questions_[from]);
+    }
+}
+
+std::vector<SiteSources::Asked> SiteSources::takeAsked() {
+    std::vector<const Answer*> lately(questions_.begin() + static_cast<std::ptrdiff_t>(taken_),
+                                      questions_.end());
+    taken_ = questions_.size();
+    std::sort(lately.begin(), lately.end(),
+              [](const Answer* a, const Answer* b) { return a->first < b->first; });
+    lately.erase(std::unique(lately.begin(), lately.end()), lately.end());
+    std::vector<Asked> asked;
+    for (const Answer* answer : lately) {
+        asked.push_back({answer->first, answer->second});
+    }
+    return asked;
 }
 
 const std::map<Text, fs::path>& SiteSources::collect() {

@@ -6,6 +6,7 @@
 #include "platform/Files.h"
 #include "text/Path.h"
 #include "web/Assets.h"
+#include "web/PageMemory.h"
 #include "web/SearchData.h"
 #include "web/SiteData.h"
 #include "web/SiteFolder.h"
@@ -18,6 +19,7 @@ using model::Project;
 using text::append;
 using text::lineBreak;
 using text::Text;
+using text::TextView;
 
 namespace {
 
@@ -48,33 +50,23 @@ public:
         folder_.add(Text(stylePlace), pages_.projectStyle() + Text(siteStyle));
         folder_.add(Text(scriptPlace), pages_.script());
         const Text sheet = sources_.contentsOf(links_.optionPlace(options_.cssFile));
-        pages_.setOnlyForLight(!sheet.empty() && sheet.find("prefers-color-scheme") == Text::npos);
+        isOnlyForLight_ = !sheet.empty() && sheet.find("prefers-color-scheme") == Text::npos;
+        pages_.setOnlyForLight(isOnlyForLight_);
     }
 
     void addPages() {
-        Text page;
+        PageMemory memory(PageMemory::frameOf(outline_, options_, isOnlyForLight_),
+                          folder_.contentsOf(Text(memoryPlace)).value_or(""));
+        addAround(memory);
         for (int position = 1; position <= map_.count(); ++position) {
             if (map_.hasPage(position)) {
-                pages_.makeTopic(page, position);
-                folder_.add(map_.at(position).place, page);
+                addTopic(memory, position);
             }
         }
-        if (map_.first() > 0) {
-            pages_.makeTopic(page, map_.first(), true);
-        } else {
-            page = pages_.contentsPage(frontPlace);
-        }
-        folder_.add(Text(frontPlace), page);
-        folder_.add(Text(contentsPlace), pages_.contentsPage(contentsPlace));
-        folder_.add(Text(keywordsPlace), pages_.keywordsPage());
+        folder_.add(Text(memoryPlace), memory.format());
     }
 
-    void addData() {
-        folder_.add("site/contents.js", contentsData(outline_, map_));
-        folder_.add("site/keywords.js", keywordsData(sortedKeywords(outline_, map_)));
-        folder_.add("site/contexts.js", contextsData(outline_, map_));
-        search_.addTo(folder_);
-    }
+    void addSearch() { search_.addTo(folder_); }
 
     /// To be called when all is known that pages and style name.
     void addSources() {
@@ -97,6 +89,58 @@ public:
     }
 
 private:
+    /// A page of a topic; the first one is also the front of the site.
+    void addTopic(PageMemory& memory, int position) {
+        const std::uint64_t hash = search_.hashOf(position);
+        const auto number = static_cast<std::size_t>(position);
+        const bool isSame = memory.isSame(number, hash, sources_);
+        bool isMade = false;
+        const auto add = [&](const Text& place, bool isFront) {
+            if (isSame && folder_.isAsWritten(place)) {
+                folder_.keep(place);
+                return;
+            }
+            pages_.makeTopic(page_, position, isFront);
+            folder_.add(place, page_);
+            isMade = true;
+        };
+        sources_.takeAsked();
+        links_.takeNeedsOthers();
+        add(map_.at(position).place, false);
+        if (position == map_.first()) {
+            add(Text(frontPlace), true);
+        }
+        if (isMade) {
+            memory.remember(number, links_.takeNeedsOthers() ? PageMemory::neverSame : hash,
+                            sources_.takeAsked());
+        }
+    }
+
+    /// What shows all topics, and nothing of their texts.
+    void addAround(PageMemory& memory) {
+        constexpr std::uint64_t hash = 1;
+        const bool isSame = memory.isSame(0, hash, sources_);
+        sources_.takeAsked();
+        const auto add = [&](TextView place, const auto& make) {
+            if (isSame && folder_.isAsWritten(Text(place))) {
+                folder_.keep(Text(place));
+            } else {
+                folder_.add(Text(place), make());
+            }
+        };
+        if (map_.first() == 0) {
+            add(frontPlace, [&] { return pages_.contentsPage(frontPlace); });
+        }
+        add(contentsPlace, [&] { return pages_.contentsPage(contentsPlace); });
+        add(keywordsPlace, [&] { return pages_.keywordsPage(); });
+        add("site/contents.js", [&] { return contentsData(outline_, map_); });
+        add("site/keywords.js", [&] { return keywordsData(sortedKeywords(outline_, map_)); });
+        add("site/contexts.js", [&] { return contextsData(outline_, map_); });
+        if (!isSame) {
+            memory.remember(0, hash, sources_.takeAsked());
+        }
+    }
+
     const model::TopicOutline& outline_;
     const model::ProjectOptions& options_;
     SiteMap map_;
@@ -105,6 +149,8 @@ private:
     SitePages pages_;
     SiteFolder& folder_;
     SearchData search_;
+    bool isOnlyForLight_ = false;
+    Text page_; ///< kept for its memory
 };
 
 } // namespace
@@ -135,7 +181,7 @@ SiteReport generateSite(const Project& project, const SiteRequest& request) {
     run.addPages();
     run.addSources();
     folder.writeAdded();
-    run.addData();
+    run.addSearch();
     folder.writeAdded();
     folder.finish();
     report.failures = run.faults(request.folder);

@@ -1,5 +1,6 @@
 #include "web/WebSite.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 #include "model/Variables.h"
@@ -42,6 +43,18 @@ protected:
                 for (const web::Posting& posting : word.postings) {
                     pages += ' ' + std::to_string(posting.page) + (posting.weight > 1 ? "!" : "");
                 }
+            }
+        }
+        return all;
+    }
+
+    /// All files of a site but what it knows of its last run.
+    static std::map<std::string, std::string> filesOf(const fs::path& site) {
+        std::map<std::string, std::string> all;
+        for (const fs::directory_entry& file : fs::recursive_directory_iterator(site)) {
+            const fs::path place = file.path().lexically_relative(site);
+            if (file.is_regular_file() && !place.string().starts_with("site/files.txt")) {
+                all[place.string()] = bytesOf(file.path());
             }
         }
         return all;
@@ -149,6 +162,72 @@ TEST_F(WebSite, OnlyWhatChangedIsWrittenAndOnlyOursIsRemoved) {
     EXPECT_EQ(page("html/mine.htm"), "mine");
 }
 
+TEST_F(WebSite, WhatIsNotMadeAgainIsWhatItWouldBecome) {
+    auto outline = test::outlineOf(
+        {topic(1, "Start \u00C4", "start.htm",
+               "<p>{{name}}<a href='two.htm#OWN'>2</a><img src='../images/q.png'>"),
+         topic(2, "Two", "two.htm", "<p id=own><img src='..\\images\\p.png'>"),
+         topic(2, "Three", "sub/three.htm",
+               "<a href='../start.htm'><img src='../../images/q.png'>"),
+         topic(1, "Four", "four.htm",
+               "<p style='background: url(../images/r.png)'><img src='../images/q.png'>")});
+    model::ProjectOptions options;
+    options.cssFile = "../s.css";
+    writeBytes(source / "s.css", "p {}");
+    const std::vector<std::pair<const char*, std::function<void()>>> edits = {
+        {"nothing", [] {}},
+        {"a text", [&] { outline.at(4).body += "<p>More"; }},
+        {"a place on another page", [&] { outline.at(2).body = "<p id=Own><b>"; }},
+        {"a picture that comes", [&] { writeBytes(source / "Images/q.png", "q"); }},
+        {"a picture with other letters", [&] { writeBytes(source / "Images/P.PNG", "p"); }},
+        {"the picture's page", [&] { outline.at(2).body += "<img src='../images/p.png'>"; }},
+        {"nobody wants it", [&] { outline.at(2).body = "<p>"; }},
+        {"a picture that goes", [&] { fs::remove(source / "Images/q.png"); }},
+        {"a variable",
+         [&] {
+             setVariables(options, {{"name", "new"}});
+         }},
+        {"a title", [&] { outline.at(2).title = "Zwei"; }},
+        {"a level", [&] { outline.at(3).level = "1"; }},
+        {"a description", [&] { outline.at(3).shortDescription = "About"; }},
+        {"a context", [&] { outline.at(3).contextNumber = "7", outline.at(3).contextId = "ID"; }},
+        {"a style",
+         [&] { writeBytes(source / "s.css", "@media (prefers-color-scheme: dark) {}"); }},
+        {"the copyright", [&] { options.copyrightText = "\u00A9", options.showCopyright = true; }},
+        {"the links", [&] { options.navigationButtons = {}; }},
+        {"the language", [&] { options.languageTag = "he"; }},
+        {"a page that goes", [&] { outline.at(3).fileName = ""; }},
+    };
+    for (const auto& [what, edit] : edits) {
+        edit();
+        generate(outline, options);
+        const auto again = filesOf(site);
+        fs::remove_all(site);
+        generate(outline, options);
+        EXPECT_EQ(again, filesOf(site)) << what;
+    }
+    outline.at(2).body = "<p>Edited";
+    const auto report = generate(outline, options).text;
+    EXPECT_NE(report.find("Files written: 5\r\n"), std::string::npos) << report;
+    writeBytes(site / "html/four.htm", "somebody's");
+    generate(outline, options);
+    EXPECT_TRUE(pageHas("html/four.htm", "<h1>Four</h1>"));
+}
+
+TEST_F(WebSite, ALinkInAPagesPlaceLeadsItNowhere) {
+    writeBytes(folder / "precious.txt", "x");
+    auto outline = test::flatOutline(2);
+    generate(outline);
+    fs::remove(site / "html/t1.htm");
+    fs::create_symlink(folder / "precious.txt", site / "html/t1.htm");
+    fs::remove(site / "html/t2.htm");
+    fs::create_hard_link(folder / "precious.txt", site / "html/t2.htm");
+    EXPECT_TRUE(generate(outline).failures.empty());
+    EXPECT_EQ(bytesOf(folder / "precious.txt"), "x");
+    EXPECT_TRUE(pageHas("html/t1.htm", "<h1>Topic 1</h1>"));
+    EXPECT_TRUE(pageHas("html/t2.htm", "<h1>Topic 2</h1>"));
+}
+
 TEST_F(WebSite, ASearchThatIsChangedHasTheWordsOfANewOne) {
     auto outline = test::flatOutline(30);
     for (int i = 1; i <= 30; ++i) {
@@ -157,8 +236,11 @@ TEST_F(WebSite, ASearchThatIsChangedHasTheWordsOfANewOne) {
         outline.at(i).keywords = "key" + std::to_string(i % 4);
     }
     generate(outline);
-    outline.at(7).body = "<p>Zebra, \u041F\u0440\u0438\u0432\u0435\u0442, aardvark \u4EAC; "
-                         "word9 word9 word9</p>";
+    outline.at(7).body =
+        "<p>Zebra, \u041F\u0440\u0438\u0432\u0435\u0442, aardvark \u4EAC; "
+        "word9 word9 word9 d'un l\u2019\u00E9t\u00E9 re\u00ADturn a''b o' 'o rock'n'roll x'\u6771 "
+        "\u6771'y x\u6771\u4EACz "
+        + std::string(60, 'l') + "'ong " + std::string(600, 'w') + "orse</p>";
     outline.at(30).keywords = "key9; key1";
     const std::string report = generate(outline).text;
     EXPECT_NE(report.find("Files unchanged: 36\r\n"), std::string::npos) << report;
