@@ -174,7 +174,7 @@ bool CodePageTable::joinMark(Text& text, char32_t mark) const {
     return true;
 }
 
-void CodePageTable::appendDecoded(Text& text, TextView& bytes) const {
+void CodePageTable::appendMarkOrPair(Text& text, TextView& bytes) const {
     const auto lead = static_cast<unsigned char>(bytes.front());
     char32_t character = characters_[lead];
     if (character == replacementCharacter && bytes.size() > 1 && !pairs_.empty()) {

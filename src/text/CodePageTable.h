@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "text/Text.h"
+#include "text/Unicode.h"
 
 namespace text {
 
@@ -25,7 +26,15 @@ public:
     /// Takes the first character from bytes that begin beyond ASCII and appends it to the text, or
     /// makes one of it and the text's last one. A byte with which no character begins is replaced
     /// alone.
-    void appendDecoded(Text& text, TextView& bytes) const;
+    void appendDecoded(Text& text, TextView& bytes) const {
+        const char32_t character = characters_[static_cast<unsigned char>(bytes.front())];
+        if (hasMarks_ || character == replacementCharacter) {
+            appendMarkOrPair(text, bytes);
+            return;
+        }
+        bytes.remove_prefix(1);
+        appendUtf8(text, character);
+    }
 
 private:
     static constexpr std::size_t byteCount = 256;
@@ -43,6 +52,7 @@ private:
     void addMarkedLetters();
     void correct(unsigned number);
     bool joinMark(Text& text, char32_t mark) const;
+    void appendMarkOrPair(Text& text, TextView& bytes) const;
 
     std::array<char32_t, byteCount> characters_{};    ///< of each byte that is one alone
     std::unordered_map<char32_t, std::string> bytes_; ///< beyond ASCII
