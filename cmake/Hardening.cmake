@@ -17,5 +17,6 @@ if(UNIX)
   # Tables that a fault could write to are filled at the start, and closed.
   add_link_options(-Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
 elseif(MINGW)
-  add_link_options(-Wl,--dynamicbase -Wl,--high-entropy-va -Wl,--nxcompat)
+  # What the guards call is a library here, which this option names.
+  add_link_options(-fstack-protector-strong -Wl,--dynamicbase -Wl,--high-entropy-va -Wl,--nxcompat)
 endif()
