@@ -30,7 +30,7 @@ protected:
 
     /// As a compiler prints them, without the folder.
     Lines messagesOf(const CompileOutcome& outcome) {
-        const std::string root = platform::utf8FromPath(folder.path()) + "/";
+        const std::string root = platform::utf8FromPath(folder.path() / "");
         const char* severities[] = {"note", "warning", "error"};
         Lines lines;
         for (const workshop::Message& message : outcome.messages) {

@@ -65,7 +65,7 @@ TEST(Completion, OffersWhatCanStandThere) {
 TEST(Completion, KnowsTheProjectsNames) {
     const test::TemporaryFolder folder;
     std::filesystem::create_directory(folder / "images");
-    for (const char* name : {"b.png", "\xC3\xA4.SVG", "notes.txt"}) {
+    for (const char8_t* name : {u8"b.png", u8"\u00E4.SVG", u8"notes.txt"}) {
         test::writeBytes(folder / "images" / name, "x");
     }
     model::Project project;

@@ -7,6 +7,7 @@
 #include "editor/ProjectPictures.h"
 #include "editor/TagStructure.h"
 #include "support/TestFiles.h"
+#include "text/Address.h"
 
 using namespace editor;
 using test::bytesOf;
@@ -149,20 +150,14 @@ TEST(ProjectPictures, TakesPicturesInAndNothingElse) {
     const test::Path project = folder / "project";
     std::filesystem::create_directories(project / "html");
     test::writeBytes(project / "html" / "a.htm", "page");
-    test::writeBytes(folder / "Schl\xC3\xBCssel #1.bmp", test::bitmap(4, 3));
+    test::writeBytes(folder / u8"Schl\u00FCssel #1.bmp", test::bitmap(4, 3));
     test::writeBytes(folder / "secret.png", "no picture");
     ProjectPictures pictures(project, text::CodePage());
-    const auto url = [](const test::Path& path) {
-        Text address = "file://" + Text(path);
-        for (std::size_t at = 0; (at = address.find_first_of(" #", at)) != Text::npos;) {
-            address.replace(at, 1, address[at] == ' ' ? "%20" : "%23");
-        }
-        return address;
-    };
-    const Text taken = pictures.picture(url(folder / "Schl\xC3\xBCssel #1.bmp"));
+    const auto url = [](const test::Path& path) { return text::fileAddress(Text(path)); };
+    const Text taken = pictures.picture(url(folder / u8"Schl\u00FCssel #1.bmp"));
     EXPECT_EQ(taken, "..\\images\\Schl\u00FCssel-1.bmp");
-    EXPECT_EQ(bytesOf(project / "images" / "Schl\xC3\xBCssel-1.bmp"), test::bitmap(4, 3));
-    EXPECT_EQ(pictures.picture(url(project / "images" / "Schl\xC3\xBCssel-1.bmp")), taken);
+    EXPECT_EQ(bytesOf(project / "images" / u8"Schl\u00FCssel-1.bmp"), test::bitmap(4, 3));
+    EXPECT_EQ(pictures.picture(url(project / "images" / u8"Schl\u00FCssel-1.bmp")), taken);
     EXPECT_EQ(pictures.freeName("Schl\u00FCssel 1", test::bitmap(5, 5)), "Schl\u00FCssel-1-2.bmp");
     EXPECT_EQ(pictures.picture(url(folder / "secret.png")), "");
     EXPECT_EQ(pictures.picture("data:image/gif;base64,R0lGODdhAgADAAAAACwAAAAA"),
@@ -182,7 +177,7 @@ TEST(ProjectPictures, NothingPastedReachesOutOfTheFolder) {
     test::writeBytes(folder / "outside" / "p.bmp", test::bitmap(4, 3));
     test::writeBytes(folder / "outside" / "a.htm", "page");
     test::writeBytes(project / "html" / "a.htm", "page");
-    const Text base = "file://" + Text(folder.path());
+    const Text base = text::fileAddress(Text(folder.path()));
     const Text folders[] = {"..",   "%2e%2e", ".",  "outside", "project",
                             "html", "images", "C:", "%00",     ""};
     const Text files[] = {"p.bmp", "p.bmp", "a.htm", "a.htm#../x", "..", "passwd"};

@@ -88,7 +88,7 @@ TEST(LivePage, MarksWhereTheCaretIsAndFindsWhatLiesBesideIt) {
     EXPECT_EQ(marked("a <i>b", "</i>"), "a <i>b</i>");
     EXPECT_EQ(marked("<p", ""), "<p");
 
-    const Text page = livePage("T", "<p>", {}, "/a\"b/\u00FC #1");
+    const Text page = livePage("T", "<p>", {}, u8"/a\"b/\u00FC #1");
     EXPECT_NE(page.find("<base href=\"file:///a%22b/%C3%BC%20%231/html/\">\r\n<title>T"),
               Text::npos);
 }

@@ -123,7 +123,8 @@ INSTANTIATE_TEST_SUITE_P(Projects, HelpRoundTrip,
                                          "tests/data/generated/parents/project.tsp",
                                          "tests/data/generated/one-topic/project.tsp"),
                          [](const auto& project) {
-                             std::string name = fs::path(project.param).parent_path().filename();
+                             std::string name =
+                                 fs::path(project.param).parent_path().filename().string();
                              std::erase(name, '-');
                              return name;
                          });

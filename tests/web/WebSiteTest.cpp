@@ -70,7 +70,7 @@ protected:
 } // namespace
 
 TEST_F(WebSite, LinksLeadToPagesHoweverTheyAreSpelt) {
-    writeBytes(source / "Images/Bild \u00E9.PNG", "x");
+    writeBytes(source / u8"Images/Bild \u00E9.PNG", "x");
     const auto report = generate(test::outlineOf(
         {topic(
              1, "Start", "start.htm",
