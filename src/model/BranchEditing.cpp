@@ -29,7 +29,7 @@ void shiftLevels(Project& project, TextView name, int by) {
     const UndoStep step(project, name);
     project.markChanged(statusChanged);
     for (const int position : currentBranch(project)) {
-        const int depth = std::max(project.outline().depth(position) + by, 1);
+        const int depth = project.outline().depth(position) + by;
         project.setField(position, &Topic::level, levelText(depth));
         project.markTopicChanged(position, statusChanged);
     }
@@ -189,6 +189,41 @@ bool moveTopics(Project& project, Positions& positions, int step) {
         std::for_each(positions.rbegin(), positions.rend(), move);
     }
     return true;
+}
+
+void gatherTopics(Project& project, Positions& positions, int behind) {
+    const UndoStep undo(project, "Move Topics");
+    project.markChanged(projectChanged);
+    markMoved(project, positions);
+    const auto carry = [&project](int& position, int target) {
+        while (position != target) {
+            const int next = position < target ? position + 1 : position - 1;
+            project.swapTopics(position, next);
+            position = next;
+        }
+    };
+    // Outwards from there, so that none passes another of them.
+    const auto below = std::upper_bound(positions.begin(), positions.end(), behind);
+    int target = behind;
+    std::for_each(std::make_reverse_iterator(below), positions.rend(),
+                  [&](int& position) { carry(position, target--); });
+    target = behind + 1;
+    std::for_each(below, positions.end(), [&](int& position) { carry(position, target++); });
+}
+
+void shiftTopics(Project& project, const Positions& positions, int levels) {
+    const UndoStep undo(project, "Change Level");
+    project.markChanged(projectChanged);
+    for (const int position : positions) {
+        const int depth = project.outline().depth(position);
+        const int deepest =
+            position == 1 ? 1 : std::min(project.outline().depth(position - 1) + 1, maxDepth);
+        const int shifted = std::clamp(depth + levels, 1, std::max(deepest, depth));
+        if (shifted != depth) {
+            project.setField(position, &Topic::level, levelText(shifted));
+            project.markTopicChanged(position, statusChanged);
+        }
+    }
 }
 
 void deleteTopics(Project& project, TextView name, const Positions& positions) {

@@ -36,6 +36,13 @@ void moveBranchDown(Project& project);
 /// done, when one of them stands at that end. Returns to where they went through `positions`.
 bool moveTopics(Project& project, Positions& positions, int step);
 
+/// Brings several topics together behind another one, 0 for before all, in their order. Returns to
+/// where they went through `positions`.
+void gatherTopics(Project& project, Positions& positions, int behind);
+
+/// Makes several topics deeper by so many levels, or less deep, each as far as it can be.
+void shiftTopics(Project& project, const Positions& positions, int levels);
+
 /// A project whose last topic is gone counts as unchanged.
 void deleteTopics(Project& project, text::TextView name, const Positions& positions);
 

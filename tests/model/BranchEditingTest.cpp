@@ -95,6 +95,29 @@ TEST_F(BranchEditing, SelectedTopicsMoveAndGo) {
     EXPECT_EQ(after([this] { deleteTopics(project, "x", {1, 2, 4}); }), "*1c");
 }
 
+TEST_F(BranchEditing, SeveralTopicsAreBroughtTogether) {
+    start({"1a", "1b", "1c", "1d", "1e"}, 2);
+    Positions positions;
+    const auto gathered = [&](Positions which, int behind) {
+        positions = std::move(which);
+        return after([&] { gatherTopics(project, positions, behind); }, true);
+    };
+    EXPECT_EQ(gathered({2, 5}, 3), "1a: 1c: *1b:M 1e:M 1d:");
+    EXPECT_EQ(positions, (Positions{3, 4}));
+    EXPECT_EQ(gathered({2, 3}, 5), "1a: 1d: 1e: *1b:M 1c:M");
+    EXPECT_EQ(gathered({2, 4, 5}, 0), "*1b:M 1d:M 1e:M 1a: 1c:");
+    EXPECT_EQ(positions, (Positions{1, 2, 3}));
+
+    start({"1a", "1b", "2c", "5d", "1e"}, 2);
+    EXPECT_EQ(after(
+                  [&] {
+                      shiftTopics(project, {1, 2, 3, 5}, 2);
+                  },
+                  true),
+              "1a: *2b:C 3c:C 5d: 3e:C");
+    EXPECT_EQ(after([&] { shiftTopics(project, {2, 3, 4}, -1); }, true), "1a: *1b: 1c:C 4d:C 1e:");
+}
+
 TEST_F(BranchEditing, CopiesComeBackWithNamesOfTheirOwn) {
     start({"1a", "2b", "1c"}, 1);
     project.setField(2, &Topic::contextId, "IDH_B");
@@ -107,6 +130,17 @@ TEST_F(BranchEditing, CopiesComeBackWithNamesOfTheirOwn) {
     EXPECT_EQ(project.outline().at(4).fileName, "b 1.htm");
     EXPECT_EQ(project.outline().at(4).contextId, "");
     EXPECT_EQ(project.outline().at(2).contextNumber, "7");
+
+    start({"1a", "2b", "3c", "6d", "9e"}, 5);
+    EXPECT_EQ(after([&] {
+                  pasteTopics(project, copiesOf(project.outline(), {1, 2}));
+              }),
+              "1a 2b 3c 6d 9e *9a 9b");
+    project.setCurrentIndex(1);
+    EXPECT_EQ(after([&] {
+                  pasteTopics(project, copiesOf(project.outline(), {3, 1}));
+              }),
+              "1a 2b 3c 6d 9e *1c 1a");
 
     TopicOutline full;
     for (int i = 0; i < TopicOutline::maxTopics - 1; ++i) {
