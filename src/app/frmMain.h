@@ -158,7 +158,7 @@ public:
     void mnuFileGenerateAgain_Click() { generation_.generateAgain(); }
     void mnuViewTopicPane_Click();
     void mnuViewEditBeside_Click();
-    void mnuViewNextPart_Click();
+    void mnuViewPart_Click(int step);
     void mnuViewStoreUnasked_Click();
     void mnuHelpContents_Click() { help_.showPage(helpContext()); }
     void mnuHelpIndex_Click() { help_.showIndex(); }
@@ -240,6 +240,8 @@ private:
     void editField(text::TextView name, const ui::TextBox& box, text::Text model::Topic::*field);
     void finishField();
     void showParts();
+    bool isInOutline() const;
+    model::Positions topicsDragged(int row) const;
     void showStartPage();
     void openExample();
     void showRows();

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "app/frmMain.h"
 #include "app/frmOptions.h"
 #include "app/frmSplash.h"
@@ -214,18 +216,35 @@ void frmMain::mnuViewEditBeside_Click() {
     }
 }
 
-/// From the list to the text, to the page, and to the list again.
-void frmMain::mnuViewNextPart_Click() {
+/// From the outline to the text, to the page, and to the outline again; or the other way round.
+void frmMain::mnuViewPart_Click(int step) {
+    enum Part { outline, editedText, page, parts };
     const bool hasText = pane_.hasEditor() && editor_.isOpen();
-    const bool inText = hasText && editor_.window()->txtBody.hasFocus();
-    const bool inList = lvLevels.hasFocus();
-    if (inList && hasText) {
+    const bool hasPage = pane_.isShown() && pane_.browser() != nullptr;
+    int part = outline;
+    if (hasPage && pane_.browser()->hasFocus()) {
+        part = page;
+    } else if (hasText && !isInOutline()) {
+        part = editedText;
+    }
+    do {
+        part = (part + step + parts) % parts;
+    } while ((part == editedText && !hasText) || (part == page && !hasPage));
+    if (part == editedText) {
         editor_.window()->txtBody.setFocus();
-    } else if ((inList || inText) && pane_.isShown() && pane_.browser() != nullptr) {
+    } else if (part == page) {
         pane_.browser()->setFocus();
     } else {
         lvLevels.setFocus();
     }
+}
+
+/// In the list or what stands above it.
+bool frmMain::isInOutline() const {
+    const ui::Control* const controls[] = {&lvLevels,    &txtFilter, &txtLevel,  &txtTitle,
+                                           &txtFilename, &txtHelpID, &txtHelpNum};
+    return std::any_of(std::begin(controls), std::end(controls),
+                       [](const ui::Control* control) { return control->hasFocus(); });
 }
 
 void frmMain::mnuViewStoreUnasked_Click() {

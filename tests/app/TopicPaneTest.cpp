@@ -159,6 +159,11 @@ TEST_F(frmMainTopicPane, TheEditorBesideTheOutlineHasItsOwnKeysAndItsOwnTopic) {
     EXPECT_TRUE(window->lvLevels.hasFocus());
     press("F6");
     EXPECT_TRUE(docked().txtBody.hasFocus());
+    press("Shift+F6");
+    EXPECT_TRUE(window->lvLevels.hasFocus());
+    enter(window->txtTitle);
+    press("F6");
+    EXPECT_TRUE(docked().txtBody.hasFocus());
     EXPECT_GT(placeOf(window->topicPane().pnlPage).height,
               placeOf(window->topicPane().pnlEditor).height / 2);
 
