@@ -19,8 +19,11 @@ void frmMain::topicChanged(int position) {
         lvLevels.redraw(); // others may share what they did not, or the other way round
     }
     lvLevels.rowChanged(position);
-    if (folds_.isAnyFolded()) {
-        showRows(); // the level may be another
+    if (folds_.isAnyFolded()) { // the level may be another
+        if (position == project_.currentIndex()) {
+            folds_.reveal(position);
+        }
+        showRows();
     }
     if (position == project_.currentIndex()) {
         fillFields(false);
@@ -128,16 +131,32 @@ void frmMain::openTopicEditor(int position) {
     }
 }
 
+/// The selected topics where the row is one of several, otherwise that one.
+model::Positions frmMain::topicsDragged(int row) const {
+    model::Positions rows = selectedTopics();
+    return std::find(rows.begin(), rows.end(), row) == rows.end() ? model::Positions{row} : rows;
+}
+
 void frmMain::lvLevels_RowDragged(int from, int to) {
+    model::Positions rows = topicsDragged(from);
     if (showTopic(from)) {
-        model::moveTopicTo(project_, to);
+        if (rows.size() == 1) {
+            model::moveTopicTo(project_, to);
+        } else {
+            model::gatherTopics(project_, rows, to > from ? to : to - 1);
+            lvLevels.selectAlso(rows);
+        }
     }
     updateCommands();
 }
 
 /// Level by level, as the commands do it, as one step.
 void frmMain::lvLevels_RowShifted(int row, int levels, bool withBranch) {
-    if (showTopic(row)) {
+    const model::Positions rows = topicsDragged(row);
+    if (showTopic(row) && rows.size() > 1) {
+        model::shiftTopics(project_, rows, levels);
+        lvLevels.selectAlso(rows);
+    } else if (project_.currentIndex() == row) {
         const model::UndoStep step(project_, "Change Level");
         const auto shift = levels > 0 ? (withBranch ? model::promoteBranch : model::promoteTopic)
                                       : (withBranch ? model::demoteBranch : model::demoteTopic);

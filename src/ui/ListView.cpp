@@ -26,13 +26,25 @@ struct ListView::Native : NativeWidget {
         QObject::connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged,
                          [this, &list](const QModelIndex& now) {
                              if (!byProgram && now.isValid()) {
-                                 list.ItemClick.raise(now.row() + 1);
+                                 raiseClick(list, now.row() + 1);
                              }
                          });
     }
     ~Native() override {
         byProgram = true;
         delete view; // before the model that it shows
+    }
+
+    /// Whoever hears of it selects that row alone; the others stay with it where it was selected
+    /// already, so that they can be dragged by any of them.
+    static void raiseClick(ListView& list, int row) {
+        const QPointer<ListWidget> alive(list.list().view);
+        const std::vector<int> selected = list.selectedRows();
+        list.ItemClick.raise(row);
+        const bool wasSelected = std::find(selected.begin(), selected.end(), row) != selected.end();
+        if (alive && wasSelected && alive->currentIndex().row() + 1 == row) {
+            list.selectAlso(selected);
+        }
     }
 
     ListModel model;

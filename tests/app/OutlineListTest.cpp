@@ -42,6 +42,33 @@ TEST_F(OutlineList, FoldsWithKeysAndUnfoldsWhatIsLookedAt) {
     EXPECT_EQ(shown(), "a \u00E4 c d");
 }
 
+TEST_F(OutlineList, FoldsGoWithTheirTopics) {
+    auto topics = titled({"x", "a", "\u00E4", "c", "d"});
+    topics.at(3).level = "..2";
+    topics.at(4).level = "....3";
+    load(std::move(topics));
+    clickRow(window->lvLevels, 2);
+    press("Left");
+    clickRow(window->lvLevels, 1);
+    press("Ins");
+    EXPECT_EQ(shown(), "x  a d");
+    window->lvLevels.setFocus();
+    press("Ctrl+Z");
+    EXPECT_EQ(shown(), "x a d");
+    clickRow(window->lvLevels, 1);
+    for (int steps = 0; steps < 3; ++steps) {
+        press("Alt+Down");
+    }
+    EXPECT_EQ(shown(), "a x d");
+    press("Alt+Right"); // now it lies below the folded one, and is still looked at
+    EXPECT_EQ(project().currentIndex(), 4);
+    EXPECT_EQ(shown(), "a \u00E4 c x d");
+    clickRow(window->lvLevels, 1);
+    press("Left");
+    press("Ctrl+Z"); // of another topic
+    EXPECT_EQ(shown(), "a x d");
+}
+
 TEST_F(OutlineList, ShowsWhatTheFilterFinds) {
     auto topics = project().outline();
     topics.at(1).contextNumber = "77";
@@ -183,6 +210,25 @@ TEST_F(OutlineList, SeveralTopicsGoTogetherAndComeBack) {
     EXPECT_EQ(titles(), "c: d:");
     press("Ctrl+Z");
     EXPECT_EQ(titles(), "c: d: a:M \u00E4:M");
+}
+
+TEST_F(OutlineList, SeveralTopicsAreDraggedTogether) {
+    const auto& list = window->lvLevels;
+    clickRow(list, 1);
+    press("Shift+Down");
+    dragRow(list, 1, 4, true); // by the one that is not current
+    EXPECT_EQ(titles(), "c: d: a:M \u00E4:M");
+    EXPECT_EQ(list.selectedRows(), (std::vector{3, 4}));
+    dragRow(list, 4, 1, false);
+    EXPECT_EQ(titles(), "a:M \u00E4:M c: d:");
+    shiftRow(list, 2, 2 * (indentOf(list, 2, 2) - indentOf(list, 1, 2)));
+    EXPECT_EQ(topic(1).level + topic(2).level, "1..2"); // as deep as they may be
+    press("Ctrl+Z");
+    press("Ctrl+Z");
+    EXPECT_EQ(titles(), "a: \u00E4: c: d:");
+    clickRow(list, 4); // of several it was none
+    dragRow(list, 4, 1, false);
+    EXPECT_EQ(titles(), "d:M a: \u00E4: c:");
 }
 
 TEST_F(OutlineList, ABranchIsCutPastedAndDeleted) {

@@ -93,8 +93,13 @@ Place markOf(const ListView& list, const std::function<void()>& drag) {
 QPoint pressed(const ListView& list, int row) {
     QTreeView& view = viewOf(list);
     const QPoint place = view.visualRect(indexOf(list, row, 2)).center();
-    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place);
+    QTest::mousePress(view.viewport(), Qt::LeftButton, {}, place);
     return place;
+}
+
+/// What a drag ends with is not for the row under it.
+void letGo(const ListView& list) {
+    QTest::mouseRelease(viewOf(list).viewport(), Qt::LeftButton, {}, QPoint(-1, -1));
 }
 
 } // namespace
@@ -102,15 +107,18 @@ QPoint pressed(const ListView& list, int row) {
 void dragRow(const ListView& list, int from, int onto, bool lowerHalf) {
     pressed(list, from);
     Drag(list, from, placeIn(list, onto, lowerHalf)).drop();
+    letGo(list);
 }
 
 Place dropMarkOf(const ListView& list, int from, int onto, bool lowerHalf) {
     pressed(list, from);
+    letGo(list);
     return markOf(list, [&] { const Drag drag(list, from, placeIn(list, onto, lowerHalf)); });
 }
 
 Place shiftMarkOf(const ListView& list, int row, int pixels) {
     const QPoint from = pressed(list, row);
+    letGo(list);
     return markOf(list, [&] { const Drag drag(list, row, from + QPoint(pixels, 0)); });
 }
 
@@ -118,6 +126,7 @@ void shiftRow(const ListView& list, int row, int pixels, bool withShift) {
     const QPoint from = pressed(list, row);
     const Qt::KeyboardModifiers keys = withShift ? Qt::ShiftModifier : Qt::NoModifier;
     Drag(list, row, from + QPoint(pixels, 0), keys).drop(keys);
+    letGo(list);
 }
 
 bool clickToEdit(const ListView& list, int row, int column) {
