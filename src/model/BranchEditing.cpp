@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "model/OutlineEditing.h"
 #include "model/PagePath.h"
 
 namespace model {
@@ -110,12 +111,10 @@ Positions branchOf(const TopicOutline& outline, int position) {
 }
 
 bool canPromoteBranch(const Project& project) {
-    const int position = project.currentIndex();
-    const TopicOutline& outline = project.outline();
     const Positions branch = currentBranch(project);
-    return position > 1 && outline.depth(position) <= outline.depth(position - 1)
-           && std::all_of(branch.begin(), branch.end(),
-                          [&outline](int each) { return outline.depth(each) < maxDepth; });
+    return canPromote(project) && std::all_of(branch.begin(), branch.end(), [&project](int each) {
+               return project.outline().depth(each) < maxDepth;
+           });
 }
 
 void promoteBranch(Project& project) {
@@ -125,7 +124,7 @@ void promoteBranch(Project& project) {
 }
 
 bool canDemoteBranch(const Project& project) {
-    return project.hasCurrent() && project.outline().depth(project.currentIndex()) > 1;
+    return canDemote(project);
 }
 
 void demoteBranch(Project& project) {
@@ -135,7 +134,7 @@ void demoteBranch(Project& project) {
 }
 
 bool canMoveBranchUp(const Project& project) {
-    return project.currentIndex() > 1;
+    return canMoveUp(project);
 }
 
 void moveBranchUp(Project& project) {

@@ -2,12 +2,14 @@
 
 #include <gtest/gtest.h>
 #include <random>
+#include <set>
 
 #include "editor/Escapes.h"
 #include "editor/ProjectPictures.h"
 #include "editor/TagStructure.h"
 #include "support/TestFiles.h"
 #include "text/Address.h"
+#include "text/HtmlReader.h"
 
 using namespace editor;
 using test::bytesOf;
@@ -143,6 +145,81 @@ TEST(PastedHtml, IsWellFormedWhateverComes) {
         deep += "<ul><li><b>";
     }
     EXPECT_LT(pasted(deep + "x").size(), 2000U);
+}
+
+TEST(PastedHtml, BringsNothingButPlainMarkUpOutOfDamagedClips) {
+    const std::set<Text> elements = {
+        "h1",  "h2", "h3",  "h4", "h5", "h6",  "p",    "ul",      "ol",         "li",
+        "dl",  "dt", "dd",  "b",  "i",  "u",   "tr",   "td",      "th",         "sub",
+        "sup", "a",  "img", "br", "hr", "pre", "code", "caption", "blockquote", "table"};
+    const std::set<Text> attributes = {"href",   "src",         "alt",     "width",  "height",
+                                       "border", "cellpadding", "colspan", "rowspan"};
+    constexpr TextView hostile[] = {
+        "<p onclick=x() style='background:url(http://x)'>",
+        "<a href=' JaVa&#115;cript&colon;x()' onmouseover=x>a</a>",
+        "<a href=\"java&Tab;script:x\">b</a><a href='vbscript:x'>c</a>",
+        "<a href='data:text/html,<script>x</script>'>d</a><a href='file:///etc/passwd'>e</a>",
+        "<img src=x onerror=x><img src='javascript:x'><svg/onload=x><p>in</svg>",
+        "<table><tr><td><table><tr><td>in<table><caption>c<td>",
+        "<!--",
+        "<!--[if mso]><p>",
+        "-->",
+        "<![CDATA[",
+        "<script>",
+        "</script",
+        "<title>",
+        "<p ",
+        "\"",
+        "'",
+        "&#0;&#x1F;&lt;script&gt;",
+        "<base href='//x'><meta http-equiv=refresh>",
+        "<p dir=rtl>\u05E9\u05DC\u05D5\u05DD \u200F1\u202E</p>",
+        "<style>p{}",
+        "<o:p>x</o:p>",
+        "<a href='http://x/\" onclick=\"x'>f</a>",
+        "<a href=\"http://x/' onclick='x\">g</a>",
+        "<img src='x/dot.png' alt=\"' onerror='x\" width='1\" onload=x'>"};
+    std::mt19937 random(23); // NOLINT: the same each time
+    const auto below = [&random](std::size_t limit) {
+        return random() % std::max(limit, std::size_t(1));
+    };
+    const std::string samples[] = {sample("browser.html"), sample("word-processor.html"),
+                                   sample("word-processor-fonts.html")};
+    for (int round = 0; round < 250; ++round) {
+        Text html = samples[below(std::size(samples))];
+        for (int change = 0; change < 6; ++change) {
+            const std::size_t at = below(html.size());
+            const std::size_t length = below(200);
+            switch (below(4)) {
+            case 0:
+                html.erase(at, length);
+                break;
+            case 1:
+                html.insert(below(html.size()), html.substr(at, length));
+                break;
+            case 2:
+                html[at] = "<>\"'&=/ "[below(8)];
+                break;
+            default:
+                html.insert(at, hostile[below(std::size(hostile))]);
+            }
+        }
+        const Text made = pasted(html);
+        ASSERT_TRUE(tagFaults(made).empty()) << html << '\n' << made;
+        for (text::HtmlReader reader(made); reader.next();) {
+            if (reader.isText()) {
+                continue;
+            }
+            ASSERT_TRUE(elements.contains(reader.lowerName())) << made;
+            for (const auto& [name, value] : reader.attributes()) {
+                const TextView address = name == "href" ? value.value_or("") : "http://";
+                ASSERT_TRUE(attributes.contains(text::lowerAscii(name))) << made;
+                ASSERT_TRUE(address.starts_with("http") || address.starts_with("mailto:")
+                            || address == "..\\html\\a.htm")
+                    << made;
+            }
+        }
+    }
 }
 
 TEST(ProjectPictures, TakesPicturesInAndNothingElse) {
