@@ -73,15 +73,20 @@ ReplaceCommand::replace(tools::PlaceSearch& search, std::span<const tools::Place
     });
     const bool reopens = isEdited && editor_.isOpen();
     const std::size_t caret = reopens ? editor_.window()->txtBody.selection().start : 0;
+    const bool hadFocus =
+        reopens && host_.window().focusedTextBox() == &editor_.window()->txtBody; // docked
     std::optional<tools::PlaceSearch::Replaced> replaced;
     host_.carryOut({isEdited ? EditorFate::isClosed : EditorFate::stays}, [&] {
         const ui::WaitCursor busy;
         replaced = search.replace(project_, places, with);
     });
-    if (replaced && reopens && !editor_.isOpen()) { // who came from there goes on there
+    if (replaced && reopens) { // who came from there goes on there
         editor_.show();
         ui::TextBox& body = editor_.window()->txtBody;
         body.select(std::min(caret, body.countedText().size()), 0);
+        if (hadFocus) {
+            body.setFocus();
+        }
     }
     return replaced;
 }

@@ -167,6 +167,19 @@ TEST_F(frmMainTopicPane, TheEditorBesideTheOutlineHasItsOwnKeysAndItsOwnTopic) {
     EXPECT_GT(placeOf(window->topicPane().pnlPage).height,
               placeOf(window->topicPane().pnlEditor).height / 2);
 
+    press("Ctrl+Shift+H");
+    auto& replacing = *openWindow<tools::frmReplace>();
+    type("third");
+    press("Return");
+    EXPECT_TRUE(waitFor([&] { return replacing.cmdReplace.isEnabled(); }));
+    press("Tab");
+    type("3rd");
+    click(replacing.cmdReplace);
+    replacing.close();
+    show(*window);
+    EXPECT_EQ(docked().txtBody.text(), "3rdtext");
+    EXPECT_TRUE(docked().txtBody.hasFocus()) << "the next letters belong there";
+
     press("Ctrl+W"); // from now on in a window of its own
     EXPECT_TRUE(window->lvLevels.hasFocus());
     EXPECT_TRUE(waitFor([this] { return window->editor() == nullptr; }));
