@@ -10,7 +10,7 @@ namespace editor {
 using ui::Prompter;
 
 dlgSnippets::dlgSnippets(ui::Window& owner, Snippets& snippets, text::TextView selected)
-    : Window(Kind::dialog, "dlgSnippets", &owner), lvNames(*this, {{"Snippet", 3000}}, rows_),
+    : Window(Kind::dialog, "dlgSnippets", &owner), lvNames(*this, {{"Snippet", 1500}}, rows_),
       snippets_(snippets), selected_(selected) {
     setCaption("Snippets");
     setHelpContext(ui::snippetHelp);
