@@ -194,6 +194,20 @@ TEST_F(ReplaceCommand, LinksFollowAPageInTheSameStep) {
     click(window->txtTitle); // which is another topic's page, and nothing leads here
 }
 
+TEST_F(ReplaceCommand, LinksStayWhereAnotherTopicHasThatPageToo) {
+    load(test::outlineOf({test::topic(1, "A", "a.htm", ""), test::topic(1, "B", "A.htm", ""),
+                          test::topic(1, "C", "c.htm", "<a href='a.htm'>x</a>")}));
+    rename("n.htm");
+    click(window->txtTitle); // and nothing is asked
+    EXPECT_EQ(topic(1).fileName + topic(3).body, "n.htm<a href='a.htm'>x</a>");
+    rename("a.htm");
+    click(window->txtTitle);
+    window->showTopic(2);
+    rename("n.htm");
+    click(window->txtTitle);
+    EXPECT_EQ(topic(3).body, "<a href='a.htm'>x</a>");
+}
+
 TEST_F(ReplaceCommand, NamesLinksThatWillLeadNowhere) {
     const ui::MessageBox usual{"Delete the Topic 'Caf\u00E9'?", "Delete Topic", Buttons::yesNo,
                                QuestionIcon::question};

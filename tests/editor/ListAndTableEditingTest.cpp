@@ -58,6 +58,8 @@ TEST(TableEditing, TabGoesFromCellToCellAndAddsARow) {
               "<td>|</td>\r\n<td></td>\r\n</tr>\r\n</table> rest");
     EXPECT_EQ(after(nextCell, "<table><tr><td><table><tr><td>in|<td>x</table><td>out</table>"),
               "<table><tr><td><table><tr><td>in<td>[x]</table><td>out</table>");
+    EXPECT_EQ(after(nextCell, "<table><tr><td>a|<tr></tr><tr><td>b</table>"),
+              "<table><tr><td>a<tr></tr><tr><td>[b]</table>");
     for (const char* none : {"x|", "<table>|</table>", "<table><tr><td>a</table>|"}) {
         EXPECT_EQ(after(nextCell, none), "(nothing)");
     }

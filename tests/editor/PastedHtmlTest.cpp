@@ -93,6 +93,7 @@ TEST(PastedHtml, SeesFormatsInStylesAndMendsWhatIsDamaged) {
          "<ul>\r\n<li>a</li>\r\n</ul>\r\n<p>text</p>\r\n<table border='1' cellpadding='6'>\r\n"
          "<tr>\r\n<td>cell</td>\r\n</tr>\r\n</table>"},
         {"<h2><b>Bold</b> <a href='java\nscript:x'>head</a></h2>", "<h2>Bold head</h2>"},
+        {"<a href='ht\ntps://x/&#10;a\t'>net</a>", "<a href='https://x/a'>net</a>"},
         {"<a href='file:///p/html/a.htm' title=x>in</a> <a href=\"http://x/'y\">out</a>",
          "<a href='..\\html\\a.htm'>in</a> <a href='http://x/&#39;y'>out</a>"},
         {"<img src=x.gif alt='lost &amp; found'><script>bad()</script><svg><p>no</svg>", "(text)"},
@@ -237,6 +238,9 @@ TEST(ProjectPictures, TakesPicturesInAndNothingElse) {
     EXPECT_EQ(pictures.picture(url(project / "images" / u8"Schl\u00FCssel-1.bmp")), taken);
     EXPECT_EQ(pictures.freeName("Schl\u00FCssel 1", test::bitmap(5, 5)), "Schl\u00FCssel-1-2.bmp");
     EXPECT_EQ(pictures.picture(url(folder / "secret.png")), "");
+    test::writeBytes(folder / "plain.bmp", test::bitmap(6, 6));
+    const test::Path here = relative(folder / "plain.bmp");
+    EXPECT_EQ(pictures.picture("file://" + Text(here.generic_string())), "") << "another machine's";
     EXPECT_EQ(pictures.picture("data:image/gif;base64,R0lGODdhAgADAAAAACwAAAAA"),
               "..\\images\\picture.gif");
     EXPECT_EQ(pictures.picture("data:image/png;base64,bm8gcGljdHVyZQ=="), "");

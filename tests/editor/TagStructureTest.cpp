@@ -36,6 +36,9 @@ TEST(TagStructure, NamesTagsThatAreNotClosedOrCross) {
     EXPECT_EQ(faults("<B>x"), "<B> <b> is never closed.\n");
     EXPECT_EQ(faults("<p><b>x</p></b>"), "<b> <b> is not closed before </p>.\n"
                                          "</b> </b> crosses the end of another element.\n");
+    EXPECT_EQ(faults("<p><b>x</p></b></b>"), "<b> <b> is not closed before </p>.\n"
+                                             "</b> </b> crosses the end of another element.\n"
+                                             "</b> </b> closes nothing.\n");
     EXPECT_EQ(faults("x</i><table><tr><td>a</table>"), "</i> </i> closes nothing.\n");
     EXPECT_EQ(faults("<a href='x>y</a>' title=\"<b>\">z</a>"), "");
     Text many;

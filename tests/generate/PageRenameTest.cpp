@@ -82,12 +82,18 @@ TEST_F(PageRename, ThereAndBackOrTakenBackIsTheSame) {
         EXPECT_EQ(topicsWith(links), 2U);
         EXPECT_EQ(links.back().line, 2U);
         followRenaming(project, links);
+        const text::Text there = project.outline().at(2).body;
         const auto back =
             linksToFollow(project.outline(), project.options(), {1, newName, oldName});
         followRenaming(project, back);
-        project.setField(2, &model::Topic::status, ""); // the letter tells of both
+        {
+            const model::UndoStep step(project, "Letter");
+            project.setField(2, &model::Topic::status, ""); // it tells of both
+        }
         EXPECT_EQ(test::projectFile(project.outline(), project.options()), before) << newName;
+        project.undo(); // the letter
         project.undo();
+        EXPECT_EQ(project.outline().at(2).body, there) << newName;
         project.undo();
         EXPECT_EQ(test::projectFile(project.outline(), project.options()), before) << newName;
     }

@@ -232,6 +232,17 @@ TEST_F(frmEditBody, KeepsItsPlacePerWindowState) {
     EXPECT_EQ(settings->get("Edit", "Height"), "7500");
 }
 
+TEST_F(frmEditBody, TagsCommentsAndReferencesAreColouredAndNothingElse) {
+    edit("x");
+    const std::pair<const char*, int> rows[] = {
+        {"<b title='a>b'>x", 15}, {"<!-- <b>\r\nb --> c", 5}, {"<p\r\nid=a>x", 5},
+        {"<!-- a -->\r\nb", 0},   {"\u00E4&amp; b", 6},       {"a & b", 0}};
+    for (const auto& [body, coloured] : rows) {
+        editor().txtBody.edit(body, 0);
+        EXPECT_EQ(lookOfLastLine(editor().txtBody).coloured, coloured) << body;
+    }
+}
+
 /// A picture in the text is a line without blanks. It would take time with the square of its length
 /// to break it at the blank in its tag, and to lay it out in colours.
 TEST_F(frmEditBody, AVeryLongLineIsBrokenAnywhereAndColouredAtItsBeginning) {
