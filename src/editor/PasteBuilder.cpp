@@ -180,6 +180,7 @@ RunFormat PasteBuilder::common(const RunFormat& a, const RunFormat& b) {
             a.bold && b.bold,
             a.italic && b.italic,
             a.underlined && b.underlined,
+            a.struck && b.struck,
             a.code && b.code,
             a.lowered && b.lowered,
             a.raised && b.raised};

@@ -70,9 +70,10 @@ private:
             tags.push_back({open + ">", "</a>"});
         }
         const std::pair<bool, Tag> all[] = {
-            {format.bold, {"<b>", "</b>"}},        {format.italic, {"<i>", "</i>"}},
-            {format.underlined, {"<u>", "</u>"}},  {format.code, {"<code>", "</code>"}},
-            {format.lowered, {"<sub>", "</sub>"}}, {format.raised, {"<sup>", "</sup>"}},
+            {format.struck, {"<s>", "</s>"}},     {format.bold, {"<b>", "</b>"}},
+            {format.italic, {"<i>", "</i>"}},     {format.underlined, {"<u>", "</u>"}},
+            {format.code, {"<code>", "</code>"}}, {format.lowered, {"<sub>", "</sub>"}},
+            {format.raised, {"<sup>", "</sup>"}},
         };
         for (const auto& [has, tag] : all) {
             if (has) {
@@ -187,6 +188,15 @@ bool holdsRuns(TextView tag) {
 Text markUpOf(const PastedNode& root) {
     Text made;
     appendContent(made, root);
+    return made;
+}
+
+Text blocksOf(const PastedNode& root) {
+    Text made;
+    for (const PastedNode& child : root.children) {
+        startLine(made);
+        appendBlock(made, child);
+    }
     return made;
 }
 

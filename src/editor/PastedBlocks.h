@@ -15,6 +15,7 @@ struct RunFormat {
     bool bold = false;
     bool italic = false;
     bool underlined = false;
+    bool struck = false;
     bool code = false;
     bool lowered = false;
     bool raised = false;
@@ -55,5 +56,8 @@ inline constexpr TextView tableStart = "<table border='1' cellpadding='6'>";
 /// The mark-up of what lies in a root block. A root of one paragraph gives what is in it, for the
 /// middle of a sentence.
 Text markUpOf(const PastedNode& root);
+
+/// The same with tags around every paragraph, for a whole text.
+Text blocksOf(const PastedNode& root);
 
 } // namespace editor

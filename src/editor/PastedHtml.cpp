@@ -292,6 +292,7 @@ private:
         made_.format.italic =
             made_.format.italic || isOneOf<5>(name, {"i", "em", "cite", "var", "dfn"});
         made_.format.underlined = made_.format.underlined || name == "u";
+        made_.format.struck = made_.format.struck || isOneOf<3>(name, {"s", "strike", "del"});
         made_.format.code = made_.format.code || isOneOf<4>(name, {"code", "tt", "kbd", "samp"});
         made_.format.lowered = made_.format.lowered || name == "sub";
         made_.format.raised = made_.format.raised || name == "sup";
@@ -315,6 +316,8 @@ private:
         if (!slant.empty()) {
             made_.format.italic = slant.starts_with("italic") || slant.starts_with("oblique");
         }
+        const Text line = property(style, "text-decoration");
+        made_.format.struck = made_.format.struck || line.find("line-through") != Text::npos;
         const Text height = property(style, "vertical-align");
         made_.format.raised = made_.format.raised || height == "super";
         made_.format.lowered = made_.format.lowered || height == "sub";
@@ -373,10 +376,7 @@ std::optional<Text> pastedMarkUp(TextView html, PasteTargets& targets) {
 }
 
 Text pageMarkUp(TextView html, PasteTargets& targets) {
-    const PastedNode root = PasteReader(html, targets).read();
-    const Text made = markUpOf(root);
-    const bool isBare = root.children.size() == 1 && root.children.front().is("p");
-    return isBare ? "<p>" + made + "</p>" : made;
+    return blocksOf(PasteReader(html, targets).read());
 }
 
 } // namespace editor

@@ -25,9 +25,9 @@ public:
 };
 
 /// Headings, paragraphs, lists, tables, quotations, links, pictures, code, bold, italic,
-/// underlined, raised and lowered text, well-formed and with no word of how it looked elsewhere.
-/// Pictures in the net become links to them, or nothing where they have no text. Nothing where the
-/// HTML says no more than its plain text does.
+/// underlined, struck, raised and lowered text, well-formed and with no word of how it looked
+/// elsewhere. Pictures in the net become links to them, or nothing where they have no text. Nothing
+/// where the HTML says no more than its plain text does.
 std::optional<Text> pastedMarkUp(TextView html, PasteTargets& targets);
 
 /// The same of a whole page, whatever it says: there is no text in a line without tags around it.

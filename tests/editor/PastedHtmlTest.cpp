@@ -87,6 +87,9 @@ TEST(PastedHtml, SeesFormatsInStylesAndMendsWhatIsDamaged) {
         {"<b style='font-weight:normal'><p>one</p><p>two &quot;\xC3\xA9&quot;</p></b>",
          "<p>one</p>\r\n<p>two &quot;\u00E9&quot;</p>"},
         {"a <span style=\"font-weight:700\">b <i>c</span> d</i>", "a <b>b <i>c</i></b> d"},
+        {"<s>a</s> <strike>b <u>\xC3\xA9</u></strike> <span style='text-decoration: underline "
+         "line-through'>d</span> <del>e",
+         "<s>a b <u>\u00E9</u> d e</s>"},
         {"<ul><li>a<ul><li>b</ul><li>c</ul>",
          "<ul>\r\n<li>a\r\n<ul>\r\n<li>b</li>\r\n</ul></li>\r\n<li>c</li>\r\n</ul>"},
         {"<li>a</li>text<td>cell",
