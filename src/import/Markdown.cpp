@@ -4,6 +4,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "import/CommonMark.h"
 #include "import/ForeignPage.h"
 #include "import/MarkdownTables.h"
 #include "text/HtmlReader.h"

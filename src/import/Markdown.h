@@ -10,8 +10,8 @@ struct MarkdownPage {
     text::Text html;  ///< without that heading; mark-up of the text's own stands as it stood
 };
 
-/// Reads CommonMark, and tables of lines with "|". A heading has an id that links on the web lead
-/// to: its words in small letters with "-" between.
+/// Reads CommonMark, tables of lines with "|", struck text and lists with boxes. A heading has an
+/// id that links on the web lead to: its words in small letters with "-" between.
 MarkdownPage readMarkdown(text::TextView markdown);
 
 /// Whether a file's name says that it is in Markdown.

@@ -1,10 +1,9 @@
 #include "import/MarkdownTables.h"
 
 #include <algorithm>
-#include <cmark.h>
-#include <cstdlib>
-#include <memory>
 #include <vector>
+
+#include "import/CommonMark.h"
 
 namespace importer {
 
@@ -14,6 +13,7 @@ using text::TextView;
 namespace {
 
 constexpr std::size_t mostColumns = 200;
+constexpr std::size_t mostCells = 200000; // of all tables; the rest stays text
 
 std::vector<TextView> linesOf(TextView text) {
     std::vector<TextView> lines;
@@ -112,17 +112,10 @@ private:
 
 } // namespace
 
-Text htmlOfCommonMark(TextView markdown) {
-    const std::unique_ptr<char, void (*)(void*)> html(
-        cmark_markdown_to_html(markdown.data(), markdown.size(),
-                               CMARK_OPT_UNSAFE | CMARK_OPT_VALIDATE_UTF8),
-        std::free);
-    return html ? Text(html.get()) : Text();
-}
-
 Text withHtmlTables(TextView markdown) {
     const std::vector<TextView> lines = linesOf(markdown);
     CodeFences fences;
+    std::size_t cells = 0;
     Text result;
     result.reserve(markdown.size());
     for (std::size_t i = 0; i < lines.size(); ++i) {
@@ -132,14 +125,19 @@ Text withHtmlTables(TextView markdown) {
                                             && i + 1 < lines.size() && isDivider(lines[i + 1])
                                         ? cellsOf(line).size()
                                         : 0;
-        if (columns == 0 || columns > mostColumns || cellsOf(lines[i + 1]).size() != columns) {
+        if (columns == 0 || columns > mostColumns || columns > mostCells - cells
+            || cellsOf(lines[i + 1]).size() != columns) {
             text::append(result, line, "\n");
             continue;
         }
         text::append(result, "\n", Text(indentOf(line), ' '), "<table>",
                      rowOf(line, "th", columns));
-        for (++i; i + 1 < lines.size() && lines[i + 1].find('|') != TextView::npos; ++i) {
+        cells += columns;
+        for (++i; i + 1 < lines.size() && lines[i + 1].find('|') != TextView::npos
+                  && columns <= mostCells - cells;
+             ++i) {
             result += rowOf(lines[i + 1], "td", columns);
+            cells += columns;
         }
         result += "</table>\n\n";
     }

@@ -4,9 +4,6 @@
 
 namespace importer {
 
-/// HTML of Markdown without tables.
-text::Text htmlOfCommonMark(text::TextView markdown);
-
 /// Markdown with HTML in place of its tables, which CommonMark does not know: a line of cells with
 /// "|" between, a line of "---" for each of them, and lines of cells.
 text::Text withHtmlTables(text::TextView markdown);

@@ -199,11 +199,17 @@ private:
         std::string bytes;
         const std::error_code error =
             platform::readFile(file, bytes, isMarkdownName(own) ? largestMarkdown : largestFile);
-        if (error || own.empty() || bytes.size() > mostBytes - bytesRead_) {
+        const bool isTooMuch = bytes.size() > mostBytes - bytesRead_;
+        Text text = error || isTooMuch    ? Text()
+                    : isMarkdownName(own) ? text::decodedSource(bytes, codePage).utf8
+                                          : text::decodedForeignPage(bytes, codePage);
+        const bool isText = text.find('\0') == Text::npos;
+        if (error || own.empty() || isTooMuch || !isText) {
             notes.push_back(text::oneLine(platform::utf8FromPath(file.filename())) + ": "
                             + (error         ? error.message()
                                : own.empty() ? "lies on another drive than the others"
-                                             : "all pages together are too large"));
+                               : isTooMuch   ? "all pages together are too large"
+                                             : "is no text"));
             return;
         }
         if (paths_.contains(pathKey(own))) {
@@ -212,14 +218,14 @@ private:
         bytesRead_ += bytes.size();
         Page page{own, own.substr(own.rfind('/') + 1)};
         if (isMarkdownName(own)) {
-            MarkdownPage made = readMarkdown(text::decodedSource(bytes, codePage).utf8);
+            MarkdownPage made = readMarkdown(text);
             page.title = std::move(made.title);
             page.html = std::move(made.html);
             for (int i = 1; i == 1 || paths_.contains(pathKey(page.path)); ++i) {
                 page.path = stemOf(own) + (i > 1 ? ' ' + std::to_string(i) : Text()) + ".htm";
             }
         } else {
-            page.html = text::decodedForeignPage(bytes, codePage);
+            page.html = std::move(text);
             page.title = titleOfPage(page.html);
             page.title = page.title.empty() ? firstHeading(page.html) : page.title;
             page.isCleaned = isOfWordProcessor(page.html);

@@ -25,6 +25,14 @@ protected:
         return folder / name;
     }
 
+    static Text repeated(const Text& part, int count) {
+        Text all;
+        for (int i = 0; i < count; ++i) {
+            all += part;
+        }
+        return all;
+    }
+
     HelpImportOutcome import(const std::vector<fs::path>& files, bool cuts = false) {
         Text problem;
         const auto source = openPages(files, 1252, problem);
@@ -186,6 +194,10 @@ TEST_F(PageImport, BringsNothingButPicturesAndOnlyIntoTheProject) {
     Text problem;
     EXPECT_EQ(openPages({folder / "in/docs/gone.md"}, 1252, problem), nullptr);
     EXPECT_FALSE(problem.empty());
+    for (const char* name : {"in/x.chm", "in/x.md"}) {
+        EXPECT_EQ(openPages({write(name, Text("ITSF\0\0\3", 7))}, 1252, problem), nullptr);
+        EXPECT_NE(problem.find(": is no text"), Text::npos);
+    }
     EXPECT_EQ(openPages({}, 1252, problem), nullptr);
 }
 
@@ -203,6 +215,14 @@ TEST_F(PageImport, TitlesAndCodePagesAreFoundOut) {
         {"", "file", "<p></p>"},
         {"# Gr\xFC\xDF\xA4\n\n\x80", "Grüß¤", "<p>€</p>"},
         {"\xEF\xBB\xBF# Gr\xC3\xBC\xC3\x9F\r\n\r\nline\r\nline", "Grüß", "<p>line line</p>"},
+        {"# ~~Old~~ T\n\n~~a **b** \xC3\xBC~~ ~~~c~~ ~~ d~~ [~~e~~](x:y)\n`~~f~~` ~~g\nh~~\n\n- [ "
+         "] i\n"
+         "- [x]  j\n- [X]k\n- [ ]",
+         "Old T",
+         "<p><s>a <b>b</b> ü</s> ~~~c~~ ~~ d~~ <s>e</s> <code>~~f~~</code> <s>g h</s></p>\r\n"
+         "<ul>\r\n<li>☐ i</li>\r\n<li>☑ j</li>\r\n<li>[X]k</li>\r\n<li>[ ]</li>\r\n</ul>"},
+        {"# T\n\n| ~~a~~ |\n|---|", "T",
+         "<table border='1' cellpadding='6'>\r\n<tr>\r\n<th><s>a</s></th>\r\n</tr>\r\n</table>"},
         {"# T\n| a |\n|---|\n| b | c\nnext", "T",
          "<table border='1' cellpadding='6'>\r\n<tr>\r\n<th>a</th>\r\n</tr>\r\n<tr>\r\n<td>b</td>"
          "\r\n</tr>\r\n</table>\r\n<p>next</p>"},
@@ -217,7 +237,10 @@ TEST_F(PageImport, TitlesAndCodePagesAreFoundOut) {
         EXPECT_EQ(body(1), each.body);
     }
     for (const Text& hostile : {Text(200000, '['), Text(200000, '>'), Text(100000, '|') + "\n|-|",
-                                Text(50000, '-') + "\n" + Text(50000, '`')}) {
+                                Text(50000, '-') + "\n" + Text(50000, '`'),
+                                repeated("~~a*~~b*", 50000), repeated("- [ ] ~~a\n  ", 500)}) {
         EXPECT_NO_THROW(readMarkdown(hostile));
     }
+    const Text head = repeated("|a", 200) + "\n" + repeated("|-", 200) + "\n";
+    EXPECT_LT(readMarkdown(head + repeated("|\n", 20000)).html.size(), 3000000U);
 }
