@@ -1,5 +1,8 @@
 #include "app/HelpImportCommand.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "app/FileKind.h"
 #include "app/StatusLine.h"
 #include "import/PageSource.h"
@@ -20,7 +23,30 @@ bool HelpImportCommand::takes(const fs::path& file) {
     return hasExtension(file, ".chm") || hasExtension(file, ".hhp");
 }
 
-void HelpImportCommand::open(const fs::path& file) {
+void HelpImportCommand::open(const std::vector<fs::path>& helps, std::vector<fs::path> pages) {
+    waitingHelps_.assign(helps.begin(), helps.end());
+    waitingPages_ = std::move(pages);
+    std::sort(waitingPages_.begin(), waitingPages_.end()); // they come as they were selected
+    openNext();
+}
+
+void HelpImportCommand::openNext() {
+    while (!waitingHelps_.empty()) {
+        const fs::path file = std::move(waitingHelps_.front());
+        waitingHelps_.pop_front();
+        if (auto source = openHelp(file)) {
+            choose(std::move(source), ui::helpImportHelp);
+            return;
+        }
+    }
+    if (!waitingPages_.empty()) {
+        if (auto source = openPages()) {
+            choose(std::move(source), ui::pageImportHelp);
+        }
+    }
+}
+
+std::unique_ptr<importer::HelpSource> HelpImportCommand::openHelp(const fs::path& file) {
     Text problem;
     std::unique_ptr<importer::HelpSource> source;
     {
@@ -31,24 +57,23 @@ void HelpImportCommand::open(const fs::path& file) {
         Prompter::current().tell(&host_.window(),
                                  {text::displayText(file.filename()) + ": " + problem,
                                   Text(importer::helpImportTitle), text::MessageIcon::exclamation});
-        return;
     }
-    choose(std::move(source), ui::helpImportHelp);
+    return source;
 }
 
-void HelpImportCommand::openPages(const std::vector<fs::path>& files) {
+std::unique_ptr<importer::HelpSource> HelpImportCommand::openPages() {
+    const std::vector<fs::path> pages = std::exchange(waitingPages_, {});
     Text problem;
     std::unique_ptr<importer::HelpSource> source;
     {
         const ui::WaitCursor busy;
-        source = importer::openPages(files, project_.options().codePage().number(), problem);
+        source = importer::openPages(pages, project_.options().codePage().number(), problem);
     }
     if (source == nullptr) {
         Prompter::current().tell(&host_.window(), {problem, Text(importer::pageImportTitle),
                                                    text::MessageIcon::exclamation});
-        return;
     }
-    choose(std::move(source), ui::pageImportHelp);
+    return source;
 }
 
 void HelpImportCommand::choose(std::unique_ptr<importer::HelpSource> source, ui::HelpContext help) {
@@ -60,7 +85,12 @@ void HelpImportCommand::choose(std::unique_ptr<importer::HelpSource> source, ui:
                                         isTopic ? current : 0,
                                         isTopic ? project_.outline().at(current).title : Text()});
     dialog_->setHelpContext(help);
-    dialog_->Closed.connect([this] { ui::Window::discard(std::move(dialog_)); });
+    dialog_->Closed.connect([this] {
+        ui::Window::discard(std::move(dialog_));
+        if (!isImporting_) {
+            openNext();
+        }
+    });
     dialog_->Chosen.connect([this](const importer::HelpImportChoice& choice) { import(choice); });
     dialog_->show();
 }
@@ -99,7 +129,9 @@ void HelpImportCommand::import(const importer::HelpImportChoice& choice) {
             outcome = importHelp(project_, dialog_->source(), dialog_->plan(), checked);
         }
         const bool isHelp = dialog_->source().hasNavigation;
+        isImporting_ = true;
         dialog_->close();
+        isImporting_ = false;
         host_.status().notice(summary(outcome));
         if (isHelp || !outcome.notes.empty() || !outcome.failures.empty()) {
             showReport(outcome);
@@ -110,7 +142,10 @@ void HelpImportCommand::import(const importer::HelpImportChoice& choice) {
 void HelpImportCommand::showReport(const importer::HelpImportOutcome& outcome) {
     report_ =
         std::make_unique<importer::frmImportReport>(host_.window(), outcome, project_.outline());
-    report_->Closed.connect([this] { ui::Window::discard(std::move(report_)); });
+    report_->Closed.connect([this] {
+        ui::Window::discard(std::move(report_));
+        openNext();
+    });
     report_->TopicWanted.connect([this](int position) {
         if (position <= project_.outline().count()) {
             host_.showTopic(position);

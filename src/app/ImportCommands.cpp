@@ -1,7 +1,5 @@
 #include "app/ImportCommands.h"
 
-#include <algorithm>
-
 #include "app/FileKind.h"
 #include "app/StatusLine.h"
 #include "import/PageSource.h"
@@ -42,12 +40,30 @@ void ImportCommands::rememberFolder(const fs::path& file) {
 }
 
 /// The file's default extension is that of the pattern.
+std::vector<fs::path> ImportCommands::choose(ui::FileQuestion::Kind kind, TextView title,
+                                             const char* pattern, const char* filter) {
+    std::vector<fs::path> files =
+        Prompter::current().chooseFiles(&host_.window(), {kind, Text(title), filter, 1, folder(),
+                                                          pattern, Text(pattern).substr(2)});
+    for (fs::path& file : files) {
+        file = platform::fullPath(file);
+    }
+    return files;
+}
+
 std::optional<fs::path> ImportCommands::chooseFile(TextView title, const char* pattern,
                                                    const char* filter) {
-    const auto file = Prompter::current().chooseFile(
-        &host_.window(), {ui::FileQuestion::Kind::open, Text(title), filter, 1, folder(), pattern,
-                          Text(pattern).substr(2)});
-    return file ? std::optional(platform::fullPath(*file)) : std::nullopt;
+    const auto files = choose(ui::FileQuestion::Kind::open, title, pattern, filter);
+    return files.empty() ? std::nullopt : std::optional(files.front());
+}
+
+std::vector<fs::path> ImportCommands::chooseFiles(TextView title, const char* pattern,
+                                                  const char* filter) {
+    auto files = choose(ui::FileQuestion::Kind::openSeveral, title, pattern, filter);
+    if (!files.empty()) {
+        rememberFolder(files.front());
+    }
+    return files;
 }
 
 void ImportCommands::importText() {
@@ -78,22 +94,23 @@ void ImportCommands::importTopics() {
 
 void ImportCommands::importHelp() {
     host_.carryOut({}, [this] {
-        if (const auto file = chooseFile(importer::helpImportTitle, "*.chm",
-                                         "Help and Workshop Projects (*.chm;*.hhp)|*.chm;*.hhp|"
-                                         "All Files (*.*)|*.*")) {
-            rememberFolder(*file);
-            helpImport_.open(*file);
+        const auto files = chooseFiles(importer::helpImportTitle, "*.chm",
+                                       "Help and Workshop Projects (*.chm;*.hhp)|*.chm;*.hhp|"
+                                       "All Files (*.*)|*.*");
+        if (!files.empty()) {
+            helpImport_.open(files, {});
         }
     });
 }
 
 void ImportCommands::importPages() {
     host_.carryOut({}, [this] {
-        if (const auto file = chooseFile(importer::pageImportTitle, "*.md",
-                                         "Markdown and HTML (*.md;*.markdown;*.htm;*.html)|"
-                                         "*.md;*.markdown;*.htm;*.html|All Files (*.*)|*.*")) {
-            rememberFolder(*file);
-            helpImport_.openPages({*file});
+        const auto files = chooseFiles(importer::pageImportTitle, "*.md",
+                                       "Markdown and HTML (*.md;*.markdown;*.htm;*.html)|"
+                                       "*.md;*.markdown;*.mkd;*.mdown;*.htm;*.html;*.xhtml|"
+                                       "All Files (*.*)|*.*");
+        if (!files.empty()) {
+            helpImport_.open({}, files);
         }
     });
 }
@@ -165,27 +182,21 @@ bool ImportCommands::takes(const fs::path& file) {
 
 void ImportCommands::importDropped(const std::vector<fs::path>& files) {
     std::vector<fs::path> pages;
-    for (const fs::path& file : files) {
+    std::vector<fs::path> helps;
+    for (const fs::path& each : files) {
+        const fs::path file = platform::fullPath(each);
         if (importer::isPageFile(file)) {
-            pages.push_back(platform::fullPath(file));
+            pages.push_back(file);
+        } else if (HelpImportCommand::takes(file)) {
+            helps.push_back(file);
         } else if (takes(file)) {
-            host_.carryOut({},
-                           [this, path = platform::fullPath(file)] { importDroppedFile(path); });
+            host_.carryOut({}, [this, &file] {
+                hasExtension(file, ".txt") ? importTextFile(file) : importVbFile(file);
+            });
         }
     }
-    if (!pages.empty()) {
-        std::sort(pages.begin(), pages.end()); // they come in the order of a selection
-        host_.carryOut({}, [this, &pages] { helpImport_.openPages(pages); });
-    }
-}
-
-void ImportCommands::importDroppedFile(const fs::path& file) {
-    if (HelpImportCommand::takes(file)) {
-        helpImport_.open(file);
-    } else if (hasExtension(file, ".txt")) {
-        importTextFile(file);
-    } else {
-        importVbFile(file);
+    if (!helps.empty() || !pages.empty()) {
+        host_.carryOut({}, [this, &helps, &pages] { helpImport_.open(helps, pages); });
     }
 }
 

@@ -24,8 +24,8 @@ public:
     // Ask for the file.
     void importText();
     void importVbProject();
-    void importHelp();   ///< of another tool, with a dialog that stays open
-    void importPages();  ///< in Markdown or HTML, with the same dialog
+    void importHelp();   ///< of other tools, with a dialog that stays open; asks for several
+    void importPages();  ///< in Markdown or HTML, with the same dialog; asks for several
     void importTopics(); ///< of another project of ours, with a dialog that stays open
 
     /// Imports those of the files that are texts, Visual Basic projects or help, in their order,
@@ -36,12 +36,16 @@ public:
 private:
     std::filesystem::path folder() const;
     void rememberFolder(const std::filesystem::path& file);
+    std::vector<std::filesystem::path> choose(ui::FileQuestion::Kind kind, text::TextView title,
+                                              const char* pattern, const char* filter);
     std::optional<std::filesystem::path> chooseFile(text::TextView title, const char* pattern,
                                                     const char* filter);
+    /// Remembers their folder.
+    std::vector<std::filesystem::path> chooseFiles(text::TextView title, const char* pattern,
+                                                   const char* filter);
     void importTextFile(const std::filesystem::path& file);
     void importVbForms(const std::filesystem::path& file);
     void importVbFile(const std::filesystem::path& file);
-    void importDroppedFile(const std::filesystem::path& file);
     void openDialog(const std::filesystem::path& file);
     void finish(const importer::ImportOutcome& outcome);
 

@@ -34,7 +34,7 @@ constexpr MainCommand commands[] = {
      run<&frmMain::mnuFileImportProject_Click>},
     {command, "mnuFileImportHelpFile", "From &Compiled Help or Workshop Project...", nullptr,
      nullptr, nullptr, nullptr, run<&frmMain::mnuFileImportHelpFile_Click>},
-    {command, "mnuFileImportPages", "From &Markdown or HTML Page...", nullptr, nullptr, nullptr,
+    {command, "mnuFileImportPages", "From &Markdown or HTML Pages...", nullptr, nullptr, nullptr,
      nullptr, run<&frmMain::mnuFileImportPages_Click>},
     {end},
     {separator, "mnuFileBar1"},

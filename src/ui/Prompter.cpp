@@ -109,13 +109,16 @@ Answer Prompter::ask(Window* window, const MessageBox& box) {
     }
 }
 
-std::optional<std::filesystem::path> Prompter::chooseFile(Window* window,
-                                                          const FileQuestion& question) {
+std::vector<std::filesystem::path> Prompter::chooseFiles(Window* window,
+                                                         const FileQuestion& question) {
     const bool save = question.kind == FileQuestion::Kind::save;
     QFileDialog dialog(window == nullptr ? nullptr : window->native().widget.data(),
                        toQt(question.title), existingFolder(question.folder));
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    if (question.kind == FileQuestion::Kind::openSeveral) {
+        dialog.setFileMode(QFileDialog::ExistingFiles);
+    }
     if (question.kind == FileQuestion::Kind::folder) {
         dialog.setFileMode(QFileDialog::Directory);
         dialog.setOption(QFileDialog::ShowDirsOnly);
@@ -130,10 +133,19 @@ std::optional<std::filesystem::path> Prompter::chooseFile(Window* window,
         dialog.setDirectory(pathToQt(question.fileName.parent_path()));
     }
     presetName(dialog, pathToQt(question.fileName.filename()));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
-        return {};
+    std::vector<std::filesystem::path> files;
+    if (dialog.exec() == QDialog::Accepted) {
+        for (const QString& file : dialog.selectedFiles()) {
+            files.push_back(pathFromQt(file));
+        }
     }
-    return pathFromQt(dialog.selectedFiles().first());
+    return files;
+}
+
+std::optional<std::filesystem::path> Prompter::chooseFile(Window* window,
+                                                          const FileQuestion& question) {
+    const std::vector<std::filesystem::path> files = chooseFiles(window, question);
+    return files.empty() ? std::nullopt : std::optional(files.front());
 }
 
 void Prompter::beep() {

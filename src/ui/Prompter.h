@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <vector>
 
 #include "text/Message.h"
 
@@ -30,7 +31,7 @@ struct MessageBox {
 };
 
 struct FileQuestion {
-    enum class Kind { open, save, folder };
+    enum class Kind { open, openSeveral, save, folder };
 
     Kind kind = Kind::open;
     Text title;
@@ -58,9 +59,13 @@ public:
     /// where nothing can be cancelled.
     virtual Answer ask(Window* window, const MessageBox& box);
 
-    /// Empty when cancelled. That a file is replaced was confirmed where the question wants that.
-    virtual std::optional<std::filesystem::path> chooseFile(Window* window,
-                                                            const FileQuestion& question);
+    /// Empty when cancelled; several, in no order, where the question asks for them. That a file
+    /// is replaced was confirmed where the question wants that.
+    virtual std::vector<std::filesystem::path> chooseFiles(Window* window,
+                                                           const FileQuestion& question);
+
+    /// The first of them.
+    std::optional<std::filesystem::path> chooseFile(Window* window, const FileQuestion& question);
     virtual void beep();
 
     /// Shows a web page, or begins a letter, in the program that the person uses for that.

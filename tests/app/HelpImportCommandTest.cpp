@@ -48,13 +48,22 @@ protected:
             std::move(answer));
     }
 
+    void expectPages(std::vector<fs::path> answer) {
+        prompter.expect(ui::FileQuestion{ui::FileQuestion::Kind::openSeveral, "Import Pages",
+                                         "Markdown and HTML (*.md;*.markdown;*.htm;*.html)|"
+                                         "*.md;*.markdown;*.mkd;*.mdown;*.htm;*.html;*.xhtml|"
+                                         "All Files (*.*)|*.*",
+                                         1, settings->path("Import", "File Path"), "*.md", "md"},
+                        std::move(answer));
+    }
+
     fs::path help = folder / "in/h.hhp";
 };
 
 } // namespace
 
 TEST_F(HelpImportCommand, ABranchBecomesANewProject) {
-    prompter.expect(ui::FileQuestion{ui::FileQuestion::Kind::open,
+    prompter.expect(ui::FileQuestion{ui::FileQuestion::Kind::openSeveral,
                                      "Import Compiled Help or Workshop Project",
                                      "Help and Workshop Projects (*.chm;*.hhp)|*.chm;*.hhp|"
                                      "All Files (*.*)|*.*",
@@ -144,18 +153,40 @@ TEST_F(HelpImportCommand, PagesAreChosenAndCutAtTheirHeadings) {
     EXPECT_EQ(titles(), "a: One:N Part:N");
     EXPECT_EQ(topic(2).body + topic(3).body, "<p>text</p><p>more</p>");
     EXPECT_EQ(openWindow<frmImportReport>(), nullptr); // there is nothing to tell
-    prompter.expect(ui::FileQuestion{ui::FileQuestion::Kind::open,
-                                     "Import Pages",
-                                     "Markdown and HTML (*.md;*.markdown;*.htm;*.html)|"
-                                     "*.md;*.markdown;*.htm;*.html|All Files (*.*)|*.*",
-                                     1,
-                                     {},
-                                     "*.md",
-                                     "md"},
-                    folder / "in/gone.md");
+    expectPages({folder / "in/gone.md"});
     prompter.expect({"gone.md: No such file or directory", "Import Pages", ui::Buttons::ok,
                      ui::QuestionIcon::exclamation});
     show(*window);
-    EXPECT_TRUE(choose(*window, {"File", "Import", "From Markdown or HTML Page..."}));
+    EXPECT_TRUE(choose(*window, {"File", "Import", "From Markdown or HTML Pages..."}));
     EXPECT_EQ(openWindow<frmHelpImport>(), nullptr);
+    test::writeBytes(folder / "in/two.md", "# Two\n\n[one](one.md)");
+    expectPages({folder / "in/two.md", folder / "in/one.md"}); // as they were clicked
+    EXPECT_TRUE(choose(*window, {"File", "Import", "From Markdown or HTML Pages..."}));
+    click(dialog().cmdOK);
+    EXPECT_EQ(titles(), "a: One:N Part:N One:N Two:N");
+    EXPECT_EQ(topic(5).body, "<p><a href='..\\html\\one 2.htm'>one</a></p>");
+    expectPages({});
+    EXPECT_TRUE(choose(*window, {"File", "Import", "From Markdown or HTML Pages..."}));
+    EXPECT_EQ(openWindow<frmHelpImport>(), nullptr);
+}
+
+TEST_F(HelpImportCommand, OneHelpComesAfterTheOther) {
+    load(titled({"x"}));
+    test::writeBytes(folder / "bad.chm", "ITSFxxxx");
+    test::writeBytes(folder / "page.md", "# Page");
+    prompter.expect({"bad.chm: is damaged: nothing could be unpacked from it",
+                     "Import Compiled Help or Workshop Project", ui::Buttons::ok,
+                     ui::QuestionIcon::exclamation});
+    EXPECT_TRUE(dropFiles(*window, {folder / "page.md", help, folder / "bad.chm", help}));
+    EXPECT_EQ(dialog().caption(), "Import from \"Old\"");
+    click(dialog().cmdOK);
+    EXPECT_EQ(titles(), "x: Ä a:N Ä b:N Ä c:N Ä d:N");
+    EXPECT_EQ(openWindow<frmHelpImport>(), nullptr); // first what came in
+    click(openWindow<frmImportReport>()->OKButton);
+    EXPECT_EQ(dialog().caption(), "Import from \"Old\"");
+    click(dialog().cmdCancel);
+    EXPECT_EQ(dialog().caption(), "Import from \"Page\"");
+    click(dialog().cmdOK);
+    EXPECT_EQ(openWindow<frmHelpImport>(), nullptr);
+    EXPECT_EQ(project().outline().count(), 6);
 }

@@ -25,7 +25,7 @@ TEST_F(frmMain, StartsEmptyWithTheDescribedMenus) {
     EXPECT_EQ(menuText(*window, {"File", "Import"}),
               "From &Text File\nFrom &Topicsmith File\nFrom &VB Project\n"
               "From &Compiled Help or Workshop Project...\n"
-              "From &Markdown or HTML Page...");
+              "From &Markdown or HTML Pages...");
     EXPECT_EQ(menuText(*window, {"File", "Generate Files"}),
               "Generate &Help Files\tCtrl+G\n(Generate &Again\tF8)\n"
               "Generate &Documentation\tCtrl+Shift+G\nGenerate &EPUB...\nGenerate &PDF...\n"

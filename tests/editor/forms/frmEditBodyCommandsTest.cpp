@@ -166,7 +166,7 @@ TEST_F(frmEditBodyCommands, ATextFileComesInAtTheCaret) {
     prompter.expect(question(folder.path()), folder / "texts" / "t.txt");
     EXPECT_TRUE(pressButton(editor(), "Import from File"));
     EXPECT_EQ(body(), "1\r\na\u00FC\r\n|b");
-    prompter.expect(question(folder / "texts"), {});
+    prompter.expect(question(folder / "texts"), std::nullopt);
     EXPECT_TRUE(choose(editor(), {"File", "Import"}));
     EXPECT_EQ(body(), "1\r\na\u00FC\r\n|b");
 }

@@ -106,9 +106,13 @@ void clickTab(const Control& tabStrip, int page) {
 namespace {
 
 /// The toolkit looks for the innermost widget that takes what is dragged.
-bool dropFile(QWidget* widget, const std::filesystem::path& file) {
+bool dropFiles(QWidget* widget, const std::vector<std::filesystem::path>& files) {
     QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(pathToQt(file))});
+    QList<QUrl> addresses;
+    for (const std::filesystem::path& file : files) {
+        addresses.push_back(QUrl::fromLocalFile(pathToQt(file)));
+    }
+    data.setUrls(addresses);
     const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
     bool copied = false;
     for (; widget != nullptr; widget = widget->isWindow() ? nullptr : widget->parentWidget()) {
@@ -132,13 +136,17 @@ bool dropFile(QWidget* widget, const std::filesystem::path& file) {
 
 } // namespace
 
+bool dropFiles(Window& window, const std::vector<std::filesystem::path>& files) {
+    return dropFiles(&widgetOf(window), files);
+}
+
 bool dropFile(Window& window, const std::filesystem::path& file) {
-    return dropFile(&widgetOf(window), file);
+    return dropFiles(window, {file});
 }
 
 bool dropFile(const Control& control, const std::filesystem::path& file) {
     auto* area = qobject_cast<QAbstractScrollArea*>(&widgetOf(control));
-    return dropFile(area == nullptr ? &widgetOf(control) : area->viewport(), file);
+    return dropFiles(area == nullptr ? &widgetOf(control) : area->viewport(), {file});
 }
 
 void type(const std::string& utf8) {

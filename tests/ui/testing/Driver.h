@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "ui/ListView.h"
 #include "ui/Prompter.h"
@@ -68,6 +69,7 @@ bool clickToEdit(const ListView& list, int row, int column);
 /// Drops a file from elsewhere on a window, or on a control in it, as by somebody who would rather
 /// have it moved. False when it is refused, or taken as anything but a copy.
 bool dropFile(Window& window, const std::filesystem::path& file);
+bool dropFiles(Window& window, const std::vector<std::filesystem::path>& files);
 bool dropFile(const Control& control, const std::filesystem::path& file);
 
 /// Types into what has the focus. Letters outside of ASCII are as good as others.
@@ -231,6 +233,7 @@ public:
 
     void expect(MessageBox box, Answer answer = Answer::ok);
     void expect(FileQuestion question, std::optional<std::filesystem::path> answer);
+    void expect(FileQuestion question, std::vector<std::filesystem::path> answer);
 
     /// Fails the test when a foreseen question did not come.
     void verify();
@@ -241,8 +244,8 @@ public:
     int takeBeeps() { return std::exchange(beeps_, 0); }
 
     Answer ask(Window* window, const MessageBox& box) override;
-    std::optional<std::filesystem::path> chooseFile(Window* window,
-                                                    const FileQuestion& question) override;
+    std::vector<std::filesystem::path> chooseFiles(Window* window,
+                                                   const FileQuestion& question) override;
     void beep() override { ++beeps_; }
     void openAddress(const std::string& address) override { addresses_.push_back(address); }
     const std::vector<std::string>& addresses() const { return addresses_; }
@@ -252,7 +255,7 @@ private:
         std::optional<MessageBox> box;
         Answer answer = Answer::ok;
         std::optional<FileQuestion> question;
-        std::optional<std::filesystem::path> file;
+        std::vector<std::filesystem::path> files;
     };
     std::deque<Step> steps_;
     int beeps_ = 0;

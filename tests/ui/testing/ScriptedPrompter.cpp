@@ -20,12 +20,11 @@ std::string described(const MessageBox& box) {
 
 std::string described(const FileQuestion& question) {
     std::ostringstream text;
-    text << (question.kind == FileQuestion::Kind::open   ? "open"
-             : question.kind == FileQuestion::Kind::save ? "save"
-                                                         : "folder")
-         << " dialog \"" << question.title << "\", filter \"" << question.filter << "\" "
-         << question.filterIndex << ", folder " << question.folder << ", name " << question.fileName
-         << ", extension \"" << question.defaultExtension << '"';
+    constexpr const char* kinds[] = {"open", "open several", "save", "folder"};
+    text << kinds[static_cast<std::size_t>(question.kind)] << " dialog \"" << question.title
+         << "\", filter \"" << question.filter << "\" " << question.filterIndex << ", folder "
+         << question.folder << ", name " << question.fileName << ", extension \""
+         << question.defaultExtension << '"';
     return text.str();
 }
 
@@ -45,6 +44,11 @@ void ScriptedPrompter::expect(MessageBox box, Answer answer) {
 }
 
 void ScriptedPrompter::expect(FileQuestion question, std::optional<std::filesystem::path> answer) {
+    expect(std::move(question),
+           answer ? std::vector{std::move(*answer)} : std::vector<std::filesystem::path>());
+}
+
+void ScriptedPrompter::expect(FileQuestion question, std::vector<std::filesystem::path> answer) {
     steps_.push_back({{}, Answer::ok, std::move(question), std::move(answer)});
 }
 
@@ -67,16 +71,16 @@ Answer ScriptedPrompter::ask(Window* /*window*/, const MessageBox& box) {
     return answer;
 }
 
-std::optional<std::filesystem::path> ScriptedPrompter::chooseFile(Window* /*window*/,
-                                                                  const FileQuestion& question) {
+std::vector<std::filesystem::path> ScriptedPrompter::chooseFiles(Window* /*window*/,
+                                                                 const FileQuestion& question) {
     if (steps_.empty() || steps_.front().question != question) {
         ADD_FAILURE() << "unforeseen " << described(question);
         return {};
     }
-    const auto file = steps_.front().file;
+    auto files = std::move(steps_.front().files);
     steps_.pop_front();
     Window::letEventsRun();
-    return file;
+    return files;
 }
 
 } // namespace ui::testing
