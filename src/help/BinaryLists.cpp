@@ -100,13 +100,15 @@ std::vector<BinaryEntry> readBinaryContents(const ChmFile& file) {
 
 std::vector<BinaryKeyword> readBinaryIndex(const ChmFile& file) {
     const std::string tree = file.read("/$WWKeywordLinks/BTree").value_or("");
+    constexpr std::size_t mostKeywords = 500000; // more than anybody looks through
     std::vector<BinaryKeyword> keywords;
     if (tree.size() < treeHead || numberAt(tree, 4, 2) != blockSize) {
         return keywords;
     }
     const std::size_t blocks = (tree.size() - treeHead) / blockSize;
     std::size_t left = blocks; // damaged ones could lead in circles
-    for (std::uint64_t block = 0; block < blocks && left > 0; --left) {
+    for (std::uint64_t block = 0; block < blocks && left > 0 && keywords.size() < mostKeywords;
+         --left) {
         std::string_view bytes =
             std::string_view(tree).substr(treeHead + block * blockSize, blockSize);
         std::uint64_t count = numberAt(bytes, 2, 2);

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <chm_lib.h>
 #include <cstdint>
@@ -16,8 +17,10 @@
 
 namespace {
 
-// A damaged file can claim any size.
-constexpr LONGUINT64 largestFile = LONGUINT64(64) << 20;
+// A damaged file can claim any size. An index of 64 MB, which is what a compiler reads, gives a
+// tree of keywords of up to 156 MB.
+constexpr LONGUINT64 largestFile = LONGUINT64(160) << 20;
+constexpr LONGINT64 largestPiece = LONGINT64(4) << 20;
 constexpr std::uint64_t largestWhole = std::uint64_t(512) << 20;
 constexpr platform::Limits limits = {
     .seconds = 30, .written = largestWhole, .memory = largestWhole + platform::largestFile};
@@ -50,12 +53,17 @@ bool unpack(chmFile* help, const std::string& path) {
         || unit.length > largestFile) {
         return false;
     }
-    std::string bytes(unit.length, '\0');
-    const LONGINT64 got =
-        chm_retrieve_object(help, &unit, reinterpret_cast<unsigned char*>(bytes.data()), 0,
-                            static_cast<LONGINT64>(bytes.size()));
-    if (got != static_cast<LONGINT64>(bytes.size())) {
-        return false;
+    // In pieces, so that a claim costs no more than what is there.
+    std::string bytes;
+    while (bytes.size() < unit.length) {
+        const std::size_t at = bytes.size();
+        const auto wanted = std::min(largestPiece, static_cast<LONGINT64>(unit.length - at));
+        bytes.resize(at + static_cast<std::size_t>(wanted));
+        if (chm_retrieve_object(help, &unit, reinterpret_cast<unsigned char*>(bytes.data()) + at,
+                                static_cast<LONGUINT64>(at), wanted)
+            != wanted) {
+            return false;
+        }
     }
     putNumber(path.size());
     putNumber(bytes.size());
