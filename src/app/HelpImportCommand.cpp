@@ -30,6 +30,13 @@ void HelpImportCommand::open(const std::vector<fs::path>& helps, std::vector<fs:
     openNext();
 }
 
+/// Unless something of the one before is still to be read.
+void HelpImportCommand::goOn() {
+    if (dialog_ == nullptr && report_ == nullptr) {
+        openNext();
+    }
+}
+
 void HelpImportCommand::openNext() {
     while (!waitingHelps_.empty()) {
         const fs::path file = std::move(waitingHelps_.front());
@@ -87,9 +94,7 @@ void HelpImportCommand::choose(std::unique_ptr<importer::HelpSource> source, ui:
     dialog_->setHelpContext(help);
     dialog_->Closed.connect([this] {
         ui::Window::discard(std::move(dialog_));
-        if (!isImporting_) {
-            openNext();
-        }
+        goOn();
     });
     dialog_->Chosen.connect([this](const importer::HelpImportChoice& choice) { import(choice); });
     dialog_->show();
@@ -129,9 +134,7 @@ void HelpImportCommand::import(const importer::HelpImportChoice& choice) {
             outcome = importHelp(project_, dialog_->source(), dialog_->plan(), checked);
         }
         const bool isHelp = dialog_->source().hasNavigation;
-        isImporting_ = true;
         dialog_->close();
-        isImporting_ = false;
         host_.status().notice(summary(outcome));
         if (isHelp || !outcome.notes.empty() || !outcome.failures.empty()) {
             showReport(outcome);
@@ -144,7 +147,7 @@ void HelpImportCommand::showReport(const importer::HelpImportOutcome& outcome) {
         std::make_unique<importer::frmImportReport>(host_.window(), outcome, project_.outline());
     report_->Closed.connect([this] {
         ui::Window::discard(std::move(report_));
-        openNext();
+        goOn();
     });
     report_->TopicWanted.connect([this](int position) {
         if (position <= project_.outline().count()) {

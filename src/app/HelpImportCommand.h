@@ -29,6 +29,7 @@ public:
     static bool takes(const std::filesystem::path& file);
 
 private:
+    void goOn();
     void openNext();
     std::unique_ptr<importer::HelpSource> openHelp(const std::filesystem::path& file);
     std::unique_ptr<importer::HelpSource> openPages();
@@ -42,7 +43,6 @@ private:
     ProjectSession& session_;
     std::deque<std::filesystem::path> waitingHelps_;
     std::vector<std::filesystem::path> waitingPages_;
-    bool isImporting_ = false;
     std::unique_ptr<importer::frmHelpImport> dialog_;
     std::unique_ptr<importer::frmImportReport> report_;
 };
