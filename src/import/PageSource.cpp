@@ -110,8 +110,8 @@ public:
             return {};
         }
         const Text key = pathKey(relative);
-        if (const auto page = paths_.find(key); page != paths_.end()) {
-            return read_[page->second].path;
+        if (const Page* page = pageAt(key)) {
+            return page->path;
         }
         const auto [known, isNew] = pictures_.try_emplace(key);
         if (isNew) {
@@ -181,8 +181,30 @@ private:
         return Text(name.substr(0, std::min(name.rfind('.'), name.size())));
     }
 
+    /// Sites that are made of Markdown know a page without its ending, and from their root, which
+    /// is a folder above these pages.
+    const Page* pageAt(const Text& key) const {
+        for (const TextView ending : {"", ".md", ".markdown", ".htm", ".html"}) {
+            if (const auto page = paths_.find(key + Text(ending)); page != paths_.end()) {
+                return &read_[page->second];
+            }
+        }
+        Text folder = pathKey('/' + platform::utf8FromPath(folder_));
+        std::replace(folder.begin(), folder.end(), '\\', '/');
+        for (std::size_t slash = 0; (slash = key.find('/', slash)) != Text::npos; ++slash) {
+            if (folder.ends_with('/' + key.substr(0, slash))) {
+                return pageAt(key.substr(slash + 1));
+            }
+        }
+        return nullptr;
+    }
+
     void tell(const Page& page, Text text) {
-        if (pageNotes.size() < mostNotes) {
+        const bool isKnown =
+            std::any_of(pageNotes.begin(), pageNotes.end(), [&](const SourceNote& note) {
+                return note.page == page.path && note.text == text;
+            });
+        if (!isKnown && pageNotes.size() < mostNotes) {
             pageNotes.push_back({page.path, std::move(text)});
         }
     }

@@ -201,6 +201,18 @@ TEST_F(PageImport, BringsNothingButPicturesAndOnlyIntoTheProject) {
     EXPECT_EQ(openPages({}, 1252, problem), nullptr);
 }
 
+TEST_F(PageImport, FindsPagesAsSitesNameThem) {
+    const auto outcome =
+        import({write("in/docs/a.md", "[1](b) [2](b#\u00DC) [3](/docs/b#x) [4](/in/docs/b.md) "
+                                      "[5](c) [6](c) [7](/else/b) [8](else/b)"),
+                write("in/docs/b.md", "# B")});
+    const Text link = "<a href='..\\html\\b.htm";
+    EXPECT_EQ(body(1), "<p>" + link + "'>1</a> " + link + "#%C3%9C'>2</a> " + link + "#x'>3</a> "
+                           + link + "'>4</a> 5 6 7 8</p>");
+    const Text said = told(outcome);
+    EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 3) << said;
+}
+
 TEST_F(PageImport, TitlesAndCodePagesAreFoundOut) {
     const struct {
         Text bytes;
