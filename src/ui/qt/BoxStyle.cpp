@@ -1,13 +1,21 @@
 #include "ui/qt/BoxStyle.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QProxyStyle>
+#include <QStyleOption>
 
 #include "ui/qt/Icons.h"
 
 namespace ui {
 
 namespace {
+
+/// Whether a style draws boxes that nobody could see: their usual frame is a little darker than
+/// what is around them.
+bool isDark(const QPalette& palette) {
+    return palette.color(QPalette::Base).lightness() < palette.color(QPalette::Text).lightness();
+}
 
 /// The desktop's style in all else.
 class BoxStyle : public QProxyStyle {
@@ -17,6 +25,24 @@ public:
         return hint == SH_DialogButtonBox_ButtonsHaveIcons
                    ? 0
                    : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        const bool isBox =
+            element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck;
+        if ((isBox || element == PE_IndicatorRadioButton) && isDark(option->palette)) {
+            const QRect frame = option->rect.adjusted(0, 0, -1, -1);
+            QColor ink = option->palette.color(QPalette::Text);
+            ink.setAlphaF(0.6F);
+            painter->save();
+            painter->setPen(ink);
+            painter->setBrush(Qt::NoBrush);
+            painter->setRenderHint(QPainter::Antialiasing, !isBox);
+            isBox ? painter->drawRect(frame) : painter->drawEllipse(frame);
+            painter->restore();
+        }
     }
 
     QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
