@@ -61,7 +61,7 @@ public:
     std::size_t size() const { return size_; }
     text::Text values() const { return "[" + values_ + "]"; }
 
-    static constexpr std::size_t usualSize = 7000;
+    static constexpr std::size_t usualSize = 2500;
 
 private:
     std::size_t size_ = 0;

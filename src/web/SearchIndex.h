@@ -71,7 +71,7 @@ public:
     using Term = std::pair<text::TextView, const Postings*>;
     std::vector<Term> terms() const; ///< in the order of the alphabet
 
-    static constexpr std::size_t pieceSize = 16000;
+    static constexpr std::size_t pieceSize = 8000;
 
 private:
     static constexpr std::uint32_t noTerm = UINT32_MAX;

@@ -14,7 +14,7 @@ using text::TextView;
 namespace {
 
 constexpr TextView title = "What the search of this web site was made of\n";
-constexpr std::uint64_t form = 2; ///< to be changed when the files of a search are made otherwise
+constexpr std::uint64_t form = 3; ///< to be changed when the files of a search are made otherwise
 
 std::uint64_t joined(std::uint64_t hash, TextView text) {
     return hashOf(hash + hashOf(text));

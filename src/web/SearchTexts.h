@@ -37,7 +37,7 @@ public:
     static constexpr std::size_t capital = 1; ///< the next word begins with a capital
     static constexpr std::size_t firstPart = 2;
 
-    static constexpr int rounds = 5; ///< in which parts that follow each other become one
+    static constexpr int rounds = 10; ///< in which parts that follow each other become one
 
 private:
     struct Part {
