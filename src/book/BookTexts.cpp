@@ -152,6 +152,9 @@ Text BookTexts::address(int position) const {
 }
 
 std::optional<Text> BookTexts::link(TextView given) {
+    if (shape_ == BookShape::onePage && !project_.options().documentationLinks) {
+        return {}; // as in the documentation
+    }
     const Text address = generate::plainAddress(given);
     const AddressTarget target = addresses_.targetOf(position_, address);
     if (target.kind == Kind::page && (target.page > 0 || position_ > 0)) {

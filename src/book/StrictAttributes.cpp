@@ -82,8 +82,9 @@ bool isOneOf(TextView value, std::initializer_list<TextView> values) {
 /// Collects the attributes of one tag.
 class Attributes {
 public:
-    Attributes(const text::HtmlReader& tag, const MarkupElement& element)
-        : tag_(tag), element_(element), style_(element.style) {}
+    Attributes(const text::HtmlReader& tag, const MarkupElement& element,
+               const StyleAddress& picture)
+        : tag_(tag), element_(element), picture_(picture), style_(element.style) {}
 
     Text make() {
         addGeneral();
@@ -99,7 +100,7 @@ public:
             }
         }
         if (const TextView own = value("style"); !own.empty()) {
-            addStyle(strictDeclarations(text::resolvedReferences(own)));
+            addStyle(strictDeclarations(text::resolvedReferences(own), picture_));
         }
         if (!style_.empty()) {
             add("style", style_);
@@ -200,14 +201,16 @@ private:
 
     const text::HtmlReader& tag_;
     const MarkupElement& element_;
+    const StyleAddress& picture_;
     Text style_;
     Text out_;
 };
 
 } // namespace
 
-Text strictAttributes(const text::HtmlReader& tag, const MarkupElement& element) {
-    return Attributes(tag, element).make();
+Text strictAttributes(const text::HtmlReader& tag, const MarkupElement& element,
+                      const StyleAddress& picture) {
+    return Attributes(tag, element, picture).make();
 }
 
 } // namespace book

@@ -59,6 +59,11 @@ public:
     }
 
 private:
+    Text attributes(const MarkupElement& element) {
+        return strictAttributes(reader_, element,
+                                [this](const Text& address) { return places_.picture(address); });
+    }
+
     /// Names of tags that are not written stand before the next words.
     void noteNames() {
         for (const char* attribute : {"id", "name"}) {
@@ -73,7 +78,7 @@ private:
 
     void pushOwn(const MarkupElement& element) {
         const Text name = element.kind == rows ? Text() : takeName();
-        push(element, name + strictAttributes(reader_, element));
+        push(element, name + attributes(element));
     }
 
     void open(const MarkupElement& element) {
@@ -92,7 +97,7 @@ private:
         case rule:
             if (makePlace(element)) {
                 phrases_.endAll();
-                append(out_, "\n<hr", takeName(), strictAttributes(reader_, element), "/>");
+                append(out_, "\n<hr", takeName(), attributes(element), "/>");
             }
             break;
         case item:
@@ -124,13 +129,13 @@ private:
             }
             append(startTag, " href=\"", escapedAttribute(*target), "\"");
         }
-        phrases_.open(element, startTag + strictAttributes(reader_, element) + ">");
+        phrases_.open(element, startTag + attributes(element) + ">");
     }
 
     void addToWords(const MarkupElement& element) {
         beginWords();
         if (element.kind == lineBreak) {
-            append(out_, "<", element.strictTag, strictAttributes(reader_, element), "/>");
+            append(out_, "<", element.strictTag, attributes(element), "/>");
             return;
         }
         const Text alternative = text::resolvedReferences(reader_.attribute("alt").value_or(""));
@@ -138,7 +143,7 @@ private:
         const auto target = address ? places_.picture(*address) : std::nullopt;
         if (target) {
             append(out_, "<img src=\"", escapedAttribute(*target), "\" alt=\"",
-                   escapedAttribute(alternative), "\"", strictAttributes(reader_, element), "/>");
+                   escapedAttribute(alternative), "\"", attributes(element), "/>");
         } else {
             out_ += escapedText(alternative);
         }

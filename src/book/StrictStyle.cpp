@@ -242,8 +242,8 @@ private:
 
 } // namespace
 
-Text strictDeclarations(TextView css) {
-    return declarations(withoutComments(css), {});
+Text strictDeclarations(TextView css, const StyleAddress& address) {
+    return declarations(withoutComments(css), address);
 }
 
 Text strictStyleSheet(TextView css, const StyleAddress& address) {

@@ -152,7 +152,9 @@ TEST_F(EpubTest, HoldsBeforeAnotherProgramsEyes) {
         "<a href='javascript:alert(1)'>j</a><a href='file:///etc/passwd'>f</a>"
         "<a href='../../etc/passwd'>f</a><a href='http://a b/'>w</a><a "
         "href='http://x:9/%zz%41'>w</a>"
-        "<img src='http://x.example/p.png' alt=p><img src='..\\images\\fake.png' alt='fake'>"));
+        "<img src='http://x.example/p.png' alt=p><img src='..\\images\\fake.png' alt='fake'>"
+        "<p style=\"background: url('../images/Image.jpg') no-repeat; color: red\">"
+        "<p style='background: url(http://x.example/p.png); color: blue'>"));
     ProjectOptions options;
     options.projectName = "B\u00FCcher & <i>mehr</i>";
     options.languageTag = "de-DE";
@@ -173,6 +175,12 @@ TEST_F(EpubTest, HoldsBeforeAnotherProgramsEyes) {
     const book::BookOutcome outcome = write("hostile.epub");
     EXPECT_TRUE(outcome.failures.empty());
     EXPECT_EQ(complaints("hostile.epub"), "");
+    const std::string last =
+        unpacked("hostile.epub", "book/t" + std::to_string(project.outline().count()) + ".xhtml");
+    EXPECT_NE(last.find("background:url(&quot;images/p1.jpg&quot;) no-repeat;color:red\""),
+              std::string::npos)
+        << last;
+    EXPECT_NE(last.find("style=\"color:blue\""), std::string::npos) << last;
     EXPECT_EQ(unpacked("hostile.epub", "book/author.css"),
               "p {color:red}\nh1 {background:url(\"images/p1.jpg\");margin:1px 2px}\n"
               "@media print {\np {color:#123}\n}\np:hover {content:\"x\"}\n.\u00E9 {color:blue}\n");
@@ -189,6 +197,23 @@ TEST_F(EpubTest, BooksShowWhatTheVariablesStandFor) {
     EXPECT_NE(unpacked("v.epub", "book/t1.xhtml").find(shown), std::string::npos);
     EXPECT_NE(book::PrintPage(project, test::programFolder()).html({}).find(shown),
               std::string::npos);
+}
+
+TEST_F(EpubTest, APrintedPageHasLinksWhereTheDocumentationHas) {
+    ProjectOptions options;
+    const auto outline = test::outlineOf(
+        {topic(1, "A", "a.htm", "<a href='b.htm'>b</a> <a href='http://x.example/'>x</a>"),
+         topic(1, "B", "b.htm")});
+    for (const bool hasLinks : {true, false}) {
+        options.documentationLinks = hasLinks;
+        project.replace(outline, options, folder / "p.tsp");
+        const Text page = book::PrintPage(project, test::programFolder()).html({});
+        EXPECT_EQ(page.find("<a href=\"#t2\">b</a>") != Text::npos, hasLinks) << page;
+        EXPECT_EQ(page.find("<a href=\"http://x.example/\">") != Text::npos, hasLinks) << page;
+        EXPECT_TRUE(write("l.epub").notes.empty());
+        EXPECT_NE(unpacked("l.epub", "book/t1.xhtml").find("<a href=\"t2.xhtml\">b</a>"),
+                  std::string::npos);
+    }
 }
 
 TEST_F(EpubTest, TheManualIsABook) {
