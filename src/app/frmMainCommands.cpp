@@ -210,6 +210,10 @@ void frmMain::mnuViewEditBeside_Click() {
     if (here && !pane_.isShown()) {
         mnuViewTopicPane_Click();
     }
+    constexpr int usefulHeight = 8400; // for some lines of text, and as many of the page
+    if (here && state() == ui::WindowState::normal && height() < usefulHeight) {
+        setSize(width(), std::min(usefulHeight, screenHeight()));
+    }
     pane_.setEditsHere(here);
     if (here && hasTopic()) {
         openTopicEditor(project_.currentIndex());
@@ -219,7 +223,7 @@ void frmMain::mnuViewEditBeside_Click() {
 /// From the outline to the text, to the page, and to the outline again; or the other way round.
 void frmMain::mnuViewPart_Click(int step) {
     enum Part { outline, editedText, page, parts };
-    const bool hasText = pane_.hasEditor() && editor_.isOpen();
+    const bool hasText = pane_.hasEditor() && hasTopic(); // after a command it may come back later
     const bool hasPage = pane_.isShown() && pane_.browser() != nullptr;
     int part = outline;
     if (hasPage && pane_.browser()->hasFocus()) {
@@ -231,7 +235,7 @@ void frmMain::mnuViewPart_Click(int step) {
         part = (part + step + parts) % parts;
     } while ((part == editedText && !hasText) || (part == page && !hasPage));
     if (part == editedText) {
-        editor_.window()->txtBody.setFocus();
+        openTopicEditor(project_.currentIndex());
     } else if (part == page) {
         pane_.browser()->setFocus();
     } else {
