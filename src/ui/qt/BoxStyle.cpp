@@ -33,15 +33,7 @@ public:
         const bool isBox =
             element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck;
         if ((isBox || element == PE_IndicatorRadioButton) && isDark(option->palette)) {
-            const QRect frame = option->rect.adjusted(0, 0, -1, -1);
-            QColor ink = option->palette.color(QPalette::Text);
-            ink.setAlphaF(0.6F);
-            painter->save();
-            painter->setPen(ink);
-            painter->setBrush(Qt::NoBrush);
-            painter->setRenderHint(QPainter::Antialiasing, !isBox);
-            isBox ? painter->drawRect(frame) : painter->drawEllipse(frame);
-            painter->restore();
+            outline(*painter, *option, isBox);
         }
     }
 
@@ -59,6 +51,19 @@ public:
         default:
             return QProxyStyle::standardIcon(which, option, widget);
         }
+    }
+
+private:
+    static void outline(QPainter& painter, const QStyleOption& option, bool isBox) {
+        QColor line = option.palette.color(QPalette::Text);
+        line.setAlphaF(option.state.testFlag(State_Enabled) ? 0.55F : 0.25F);
+        const QRectF place = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(line);
+        painter.setBrush(Qt::NoBrush);
+        isBox ? painter.drawRect(place) : painter.drawEllipse(place);
+        painter.restore();
     }
 };
 
