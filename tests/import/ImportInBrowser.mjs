@@ -10,9 +10,14 @@ import test, { after, before } from "node:test";
 const batch = process.env.TOPICSMITH_BATCH;
 const sources = process.env.TOPICSMITH_SOURCES;
 const { chromium } = createRequire(join(process.env.TOPICSMITH_WEB_MODULES, "node_modules", "x"))("playwright-core");
-// Where levels jump, a viewer's contents do not, nor do lists that generation makes of levels.
-const projects = [["help/topicsmith.tsp", /$/], ["one-topic", /$/], ["buttons", /<!-- HTML Topicsmith End Code.*/s], ["parents", /<!-- HTML Topicsmith End Code.*/s], ["text-links", /<!-- HTML Topicsmith End Code.*/s]]
-  .map(([name, leftOut]) => [name.includes("/") ? name : `tests/data/generated/${name}/project.tsp`, leftOut]);
+// Where levels jump, a viewer's contents do not, nor do lists that generation makes of levels: such projects are
+// compared without what generation adds, and once more as a whole with levels that do not jump.
+const added = /<!-- HTML Topicsmith End Code.*/s;
+const projects = [
+  { name: "help/topicsmith.tsp", leftOut: /$/ },
+  ...["one-topic", "buttons", "parents", "text-links"].map(name => ({ name: `tests/data/generated/${name}/project.tsp`, leftOut: /$/, isEven: true })),
+  ...["buttons", "parents", "text-links"].map(name => ({ name: `tests/data/generated/${name}/project.tsp`, leftOut: added })),
+];
 const folder = mkdtempSync(join(tmpdir(), "topicsmith-import-"));
 let browser, page;
 
@@ -60,10 +65,21 @@ function useOptionsOf(original, imported) {
   writeFileSync(imported, options.join("\r\n") + into.slice(into.indexOf("\r\n++\r\n")), "latin1");
 }
 
-for (const [project, leftOut] of projects) {
-  test(`${project} comes back as it was`, async () => {
+// Each topic at most one level below the one before.
+function evenLevels(file) {
+  let depth = 0;
+  const project = readFileSync(file, "latin1");
+  writeFileSync(file, project.replace(/(?<=\r\n\+\+\r\n)[^\r]*/g, level => {
+    depth = Math.min(Number(/\d/.exec(level) ?? 1), depth + 1); // a level that is none counts as the first
+    return "..".repeat(depth - 1) + depth;
+  }), "latin1");
+}
+
+for (const { name: project, leftOut, isEven } of projects) {
+  test(`${project}${leftOut === added ? ", without what is added," : ""} comes back as it was`, async () => {
     const first = mkdtempSync(join(folder, "first")), second = mkdtempSync(join(folder, "second"));
     cpSync(dirname(join(sources, project)), first, { recursive: true });
+    if (isEven) evenLevels(join(first, basename(project)));
     for (const [name, bytes] of [["html/help.css", "p { color: #123 }"], ["html/paper.jpg", "paper"], ["images/x.jpg", "x"]]) {
       mkdirSync(dirname(join(first, name)), { recursive: true });
       writeFileSync(join(first, name), bytes);
