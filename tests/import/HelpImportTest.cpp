@@ -1,58 +1,15 @@
-#include "import/HelpImport.h"
-
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <map>
 
 #include "compile/Compiler.h"
-#include "compile/Container.h"
-#include "import/ImportFixture.h"
+#include "import/HelpImportFixture.h"
 
 using namespace importer;
 using model::Topic;
+using test::item;
 using text::Text;
 namespace fs = std::filesystem;
-
-namespace {
-
-Text item(const Text& name, const Text& page) {
-    return "<LI><OBJECT type=\"text/sitemap\"><param name=\"Name\" value=\"" + name + "\">"
-           + (page.empty() ? Text() : "<param name=\"Local\" value=\"" + page + "\">")
-           + "</OBJECT>\n";
-}
-
-class HelpImport : public test::ImportFixture {
-protected:
-    void write(const fs::path& name, const Text& bytes) {
-        fs::create_directories((folder / "in" / name).parent_path());
-        test::writeBytes(folder / "in" / name, bytes);
-    }
-
-    /// A workshop's project of some files with such contents.
-    void writeProject(const Text& files, const Text& contents, const Text& rest = {}) {
-        write("h.hhp",
-              "[OPTIONS]\nContents file=h.hhc\nTitle=T\xE9st & Co\n" + rest + "[FILES]\n" + files);
-        write("h.hhc", "<UL>" + contents + "</UL>");
-    }
-
-    HelpImportOutcome import(const HelpImportChoice& choice = {}, bool cuts = false,
-                             const Text& only = "*", const char* file = "in/h.hhp") {
-        Text problem;
-        const auto source = HelpSource::open(folder / file, problem);
-        EXPECT_TRUE(source) << problem;
-        HelpPlan plan = source ? planImport(*source, cuts) : HelpPlan();
-        if (only != "*") {
-            wantOnly(plan, only);
-        }
-        return source ? importHelp(project, *source, plan, choice) : HelpImportOutcome();
-    }
-
-    bool hasNote(const HelpImportOutcome& outcome, const Text& part) const {
-        return told(outcome).find(part) != Text::npos;
-    }
-};
-
-} // namespace
+using HelpImport = test::HelpImportFixture;
 
 TEST_F(HelpImport, MakesAnOutlineOfAnyContents) {
     Text deep = item("Sub", "b/index.html");
@@ -316,89 +273,4 @@ TEST_F(HelpImport, GivesEachTopicOneContext) {
                              "IDH_X leads to no page", "IDH_C was left out"}) {
         EXPECT_TRUE(hasNote(outcome, note)) << note;
     }
-}
-
-TEST_F(HelpImport, WritesNothingOutsideOfTheProject) {
-    const Text page = "<img src=../../up.png><img src=/.git/hooks/x.png><img src=con.png>"
-                      "<img src=in/link.png><a href=p.tsp>p</a><a href=link/in.txt>l</a>"
-                      "<img src=ok.png><a href=html/a.htm.txt>t</a><a href=/.start>s</a>";
-    compile::Container container({});
-    for (const auto& [name, bytes] : std::map<Text, Text>{{"/a/b/p.htm", page},
-                                                          {"/up.png", "u"},
-                                                          {"/.git/hooks/x.png", "x"},
-                                                          {"/a/b/con.png", "c"},
-                                                          {"/a/b/p.tsp", "evil"},
-                                                          {"/a/b/link/in.txt", "l"},
-                                                          {"/a/b/ok.png", "ok"},
-                                                          {"/.start", "s"},
-                                                          {"/a/b/in/link.png", "i"},
-                                                          {"/../../climb.htm", "<p>c"}}) {
-        container.add(name, bytes);
-    }
-    test::writeBytes(folder / "h.chm", container.pack().value());
-    fs::create_directories(folder / "elsewhere");
-    fs::create_directories(folder / "out/a/b");
-    const bool canLink = test::makeLink(folder / "elsewhere", folder / "out/a/b/link");
-    import({}, false, "*", "h.chm");
-    EXPECT_TRUE(fs::exists(folder / "out/images/ok.png"));
-    EXPECT_FALSE(fs::exists(folder / "out/.git"));
-    EXPECT_FALSE(fs::exists(folder / "out/.start"));
-    EXPECT_FALSE(fs::exists(folder / "out/p.tsp"));
-    EXPECT_FALSE(fs::exists(folder / "out/images/con.png"));
-    EXPECT_TRUE(!canLink || fs::is_empty(folder / "elsewhere"));
-    for (const auto& entry : fs::directory_iterator(folder.path())) {
-        EXPECT_NE(entry.path().filename(), "climb.htm");
-    }
-    for (const Topic& topic : project.outline()) {
-        EXPECT_EQ(topic.fileName.find(".."), Text::npos);
-    }
-    EXPECT_EQ(fs::exists(folder / "in"), false);
-    // Nor does a workshop's project bring in what lies above its folder without its word.
-    writeProject("p.htm\n", item("P", "p.htm") + item("Up", "../secret.htm"));
-    write("p.htm", "<a href=../secret.htm>s</a><img src='../s.png'>");
-    test::writeBytes(folder / "secret.htm", "secret");
-    test::writeBytes(folder / "s.png", "secret");
-    model::Project fresh;
-    fresh.setProjectPath(folder / "out/p.tsp");
-    project = std::move(fresh);
-    import();
-    EXPECT_EQ(body(2), "<p></p>");
-    EXPECT_FALSE(fs::exists(folder / "out/images/s.png"));
-    // A file that it names above opens that folder, and none above.
-    write("up.htm", "<title>Up");
-    write("d/beside.htm", "<title>Beside</title><a href=../up.htm>u</a>");
-    write("d/e/h.hhp", "[FILES]\n../named.htm\n");
-    write("d/named.htm", "<title>Named</title><a href=beside.htm>b</a>");
-    model::Project third;
-    third.setProjectPath(folder / "out/p.tsp");
-    project = std::move(third);
-    import({}, false, "*", "in/d/e/h.hhp");
-    EXPECT_EQ(outline(), "1 Named [named.htm]\n1 Beside [beside.htm]\n");
-}
-
-TEST_F(HelpImport, EndsWithAnyInput) {
-    Text contents;
-    Text files;
-    constexpr int entries = 120000;
-    for (int i = 0; i < entries; ++i) {
-        contents += i % 3 == 0 ? "<UL>" : "";
-        contents += item("E" + std::to_string(i), i % 2 == 0 ? "p.htm" : "");
-        contents += i % 5 == 0 ? "</UL>" : "";
-    }
-    writeProject("p.htm\n", contents, "[MAP]\n#include \"h.hhp\"\n");
-    write("p.htm", Text(100000, '<') + "<a href='" + Text(100000, '%'));
-    const auto outcome = import();
-    EXPECT_EQ(project.outline().count(), model::TopicOutline::maxTopics);
-    EXPECT_GT(outcome.leftOut, 10000);
-    EXPECT_TRUE(hasNote(outcome, "more than 100000 entries"));
-    for (const Text& bytes :
-         {Text(), Text("x"), Text("ITSF"), Text(4000, '\xFF'), "ITSF" + contents}) {
-        write("bad", bytes);
-        Text problem;
-        EXPECT_EQ(HelpSource::open(folder / "in/bad", problem), nullptr);
-        EXPECT_FALSE(problem.empty());
-    }
-    Text problem;
-    EXPECT_EQ(HelpSource::open(folder / "missing", problem), nullptr);
-    EXPECT_EQ(HelpSource::open(folder.path(), problem), nullptr);
 }

@@ -229,10 +229,11 @@ TEST_F(PageImport, TitlesAndCodePagesAreFoundOut) {
         {"\xEF\xBB\xBF# Gr\xC3\xBC\xC3\x9F\r\n\r\nline\r\nline", "Grüß", "<p>line line</p>"},
         {"# ~~Old~~ T\n\n~~a **b** \xC3\xBC~~ ~~~c~~ ~~ d~~ [~~e~~](x:y)\n`~~f~~` ~~g\nh~~\n\n- [ "
          "] i\n"
-         "- [x]  j\n- [X]k\n- [ ]",
+         "- [x]  j\n- [X]k\n- [ ]\n- # [ ] l\n\nm ~~\nn~~",
          "Old T",
          "<p><s>a <b>b</b> ü</s> ~~~c~~ ~~ d~~ <s>e</s> <code>~~f~~</code> <s>g h</s></p>\r\n"
-         "<ul>\r\n<li>☐ i</li>\r\n<li>☑ j</li>\r\n<li>[X]k</li>\r\n<li>[ ]</li>\r\n</ul>"},
+         "<ul>\r\n<li>☐ i</li>\r\n<li>☑ j</li>\r\n<li>[X]k</li>\r\n<li>[ ]</li>\r\n<li>\r\n<h1>[ ] "
+         "l</h1></li>\r\n</ul>\r\n<p>m ~~ n~~</p>"},
         {"# T\n\n| ~~a~~ |\n|---|", "T",
          "<table border='1' cellpadding='6'>\r\n<tr>\r\n<th><s>a</s></th>\r\n</tr>\r\n</table>"},
         {"# T\n| a |\n|---|\n| b | c\nnext", "T",
