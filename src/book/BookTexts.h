@@ -60,6 +60,7 @@ public:
     std::optional<text::Text> link(text::TextView address) override;
     std::optional<text::Text> picture(text::TextView address) override;
     text::Text id(text::TextView name) override;
+    text::Text newName() override { return "m" + std::to_string(++newNames_); }
 
 private:
     using Anchor = std::pair<int, text::Text>; ///< a topic, and a name in small letters
@@ -78,6 +79,7 @@ private:
     std::set<text::Text> written_;         ///< of those, the ones that stand in the book already
     std::set<std::pair<int, text::Text>> noted_;
     int position_ = 0; ///< of the topic whose text is made strict
+    std::size_t newNames_ = 0;
 };
 
 } // namespace book

@@ -1,5 +1,6 @@
 #include "book/StrictMarkup.h"
 
+#include "book/ImageMaps.h"
 #include "book/StrictAttributes.h"
 #include "book/StrictBlocks.h"
 #include "text/HtmlReader.h"
@@ -23,7 +24,7 @@ class Strict : StrictBlocks {
 public:
     /// `root` is what the mark-up stands in.
     Strict(TextView html, MarkupPlaces& places, ElementKind root)
-        : StrictBlocks(root, 4 * html.size() + 10'000), reader_(html), places_(places),
+        : StrictBlocks(root, 4 * html.size() + 10'000), reader_(html), places_(places), maps_(html),
           isWords_(root == heading) {
         out_.reserve(html.size() + html.size() / 4);
     }
@@ -142,8 +143,11 @@ private:
         const auto address = reader_.attribute("src");
         const auto target = address ? places_.picture(*address) : std::nullopt;
         if (target) {
+            const ImageMaps::Strict map =
+                isWords_ ? ImageMaps::Strict() : maps_.of(reader_, places_);
             append(out_, "<img src=\"", escapedAttribute(*target), "\" alt=\"",
-                   escapedAttribute(alternative), "\"", attributes(element), "/>");
+                   escapedAttribute(alternative), "\"", attributes(element), map.attribute, "/>",
+                   map.map);
         } else {
             out_ += escapedText(alternative);
         }
@@ -226,6 +230,7 @@ private:
 
     HtmlReader reader_;
     MarkupPlaces& places_;
+    ImageMaps maps_;
     bool isWords_;
     bool inTitle_ = false;
 };

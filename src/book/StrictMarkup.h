@@ -24,6 +24,9 @@ public:
     /// The unique name of an element that the author called so, in letters of ASCII; empty when
     /// it gets none. Asked for every name, in the order of the text.
     virtual text::Text id(text::TextView name) = 0;
+
+    /// A unique name for what the author cannot lead to.
+    virtual text::Text newName() = 0;
 };
 
 /// Blocks and text, as they stand in the body of a page.

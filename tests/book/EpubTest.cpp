@@ -154,6 +154,9 @@ TEST_F(EpubTest, HoldsBeforeAnotherProgramsEyes) {
         "href='http://x:9/%zz%41'>w</a>"
         "<img src='http://x.example/p.png' alt=p><img src='..\\images\\fake.png' alt='fake'>"
         "<p style=\"background: url('../images/Image.jpg') no-repeat; color: red\">"
+        "<img src='../images/Image.jpg' usemap='#m'><map name=m><area href='#c' coords='0,0,9,9'>"
+        "<area shape=poly coords='1,2,3,4,5,6' href='http://x.example/'>"
+        "<area shape=default href='t1.htm' alt='\u00C4'></map>"
         "<p style='background: url(http://x.example/p.png); color: blue'>"));
     ProjectOptions options;
     options.projectName = "B\u00FCcher & <i>mehr</i>";

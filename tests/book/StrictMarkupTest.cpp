@@ -16,7 +16,11 @@ public:
     std::optional<Text> picture(TextView address) override {
         return address == "p.png" ? std::optional<Text>("1.png") : std::nullopt;
     }
+    Text newName() override { return "m" + std::to_string(++names_); }
     Text id(TextView name) override { return name == "x" || name == "y" ? Text(name) : Text(); }
+
+private:
+    int names_ = 0;
 };
 
 Text strict(TextView html) {
@@ -43,6 +47,24 @@ TEST(StrictMarkup, TagsAreClosedWhereTheyEnd) {
     EXPECT_EQ(strict("<h2><center>a</center></h2><h2>b<ul><li>c</ul>d"),
               "<h2>a</h2>\n<h2>b</h2>\n<ul>\n<li>c</li></ul>d");
     EXPECT_EQ(strict("<pre>a\r\n <p>b</pre>"), "<pre>a\n b</pre>");
+}
+
+TEST(StrictMarkup, PicturesLeadWhereTheirMapsSay) {
+    EXPECT_EQ(strict("<img src=p.png usemap='#\u00C4 1'><img src=p.png usemap='#\u00E4 1'>"
+                     "<MAP name='\u00E4 1'><area href=a.htm coords='0, 1 2,3' alt='\u00E9 &amp;'>x"
+                     "<area href=gone.htm coords=0,0,1,1><area href=a.htm coords=1,2,x,3>"
+                     "<area href=a.htm shape=circle coords=1,2><area href=a.htm shape=CIRCLE "
+                     "coords=1,2,3><area href=a.htm shape=polygon coords=1,2,3,4,5,6,>"
+                     "<area shape=default href=a.htm></map>"),
+              "<img src=\"1.png\" alt=\"\" usemap=\"#m1\"/><map name=\"m1\">"
+              "<area shape=\"rect\" coords=\"0,1,2,3\" href=\"a.xhtml\" alt=\"\u00E9 &amp;\"/>"
+              "<area shape=\"circle\" coords=\"1,2,3\" href=\"a.xhtml\" alt=\"a.xhtml\"/>"
+              "<area shape=\"poly\" coords=\"1,2,3,4,5,6\" href=\"a.xhtml\" alt=\"a.xhtml\"/>"
+              "<area shape=\"default\" href=\"a.xhtml\" alt=\"a.xhtml\"/></map>"
+              "<img src=\"1.png\" alt=\"\" usemap=\"#m1\"/>x");
+    EXPECT_EQ(
+        strict("<img src=p.png usemap='#a'><img src=p.png usemap='#b'><map name=a><area></map>"),
+        "<img src=\"1.png\" alt=\"\"/><img src=\"1.png\" alt=\"\"/>");
 }
 
 TEST(StrictMarkup, LettersAndAddressesAreThoseOfXml) {

@@ -30,9 +30,11 @@ public:
                    ? Text()
                    : "i" + std::to_string(known_.size());
     }
+    Text newName() override { return "m" + std::to_string(++names_); }
 
 private:
     std::set<Text> known_;
+    int names_ = 0;
 };
 
 bool mayHold(ElementKind outer, ElementKind inner) {
@@ -148,6 +150,17 @@ private:
         }
     }
 
+    void readMap() {
+        require(mayHold(open_.back().kind, ElementKind::phrase), "a map where it may not stand");
+        readAttributes();
+        require(take(">"), "a tag without an end");
+        while (take("<area")) {
+            readAttributes();
+            require(take("/>"), "an area without an end");
+        }
+        require(take("</map>"), "something else in a map");
+    }
+
     void readTag() {
         take("<");
         if (take("/")) {
@@ -157,6 +170,10 @@ private:
             return;
         }
         const TextView tag = takeName();
+        if (tag == "map") {
+            readMap();
+            return;
+        }
         const book::MarkupElement* element = book::findElement(tag);
         require(element != nullptr && element->strictTag == tag, "an old or unknown tag");
         require(mayHold(open_.back().kind, element->kind), "an element where it may not stand");
