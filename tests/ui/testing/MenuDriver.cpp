@@ -135,7 +135,7 @@ std::string takeOpenMenu() {
     if (menu == nullptr) {
         return {};
     }
-    const std::string text = textOf(*menu);
+    std::string text = textOf(*menu);
     menu->close();
     return text;
 }
