@@ -19,7 +19,8 @@ using text::TextView;
 namespace {
 
 constexpr TextView emptyBody = "<p></p>"; // an empty one would be generated as a reminder to write
-constexpr std::uint64_t mostBytes = std::uint64_t(64) << 20; // of all pages
+// Of all pages; ten times that is needed while they are made.
+constexpr std::uint64_t mostBytes = std::uint64_t(48) << 20;
 constexpr std::size_t mostNotes = 1000;
 
 void count(std::unordered_map<Text, std::size_t>& counts, const Text& key) {

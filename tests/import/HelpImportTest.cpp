@@ -199,6 +199,40 @@ TEST_F(HelpImport, LeavesOutEmptyFramesForScriptsAndTrailsOfLinks) {
     EXPECT_EQ(body(1), "<p>a</p><p>Alike</p>");
 }
 
+TEST_F(HelpImport, LeavesOutWhatThreeOfFivePagesRepeat) {
+    for (const int alike : {3, 2}) {
+        Text contents;
+        for (int i = 1; i <= 5; ++i) {
+            const Text page = std::to_string(i) + ".htm";
+            contents += item(page, page);
+            write(page, (i <= alike ? "<p>Of us</p><p>\xFC" : "<p>") + page + "</p>");
+        }
+        contents += item("6", "6.htm") + item("7", "7.htm");
+        write("6.htm", "<p>Of us</p><p>6</p>");
+        write("7.htm", alike == 3 ? "<p>Of us</p><p>7</p>" : "<p>7</p>");
+        writeProject("", contents);
+        import();
+        EXPECT_EQ(body(1), alike == 3 ? "<p>ü1.htm</p>" : "<p>Of us</p><p>ü1.htm</p>");
+        project.undo();
+    }
+}
+
+TEST_F(HelpImport, PutsABranchBehindWhatLiesInATopic) {
+    int position = 0;
+    for (const int depth : {1, 2, 1}) {
+        const Text name = "own" + std::to_string(++position);
+        project.insertTopic(position, test::topic(depth, name.c_str(), (name + ".htm").c_str()));
+    }
+    // A place of the page that it lies in is no topic, though topics lie in it.
+    writeProject("", item("P", "p.htm") + "<UL>" + item("Part", "p.htm#x") + "<UL>"
+                         + item("\xDC", "q.htm") + "</UL></UL>");
+    write("p.htm", "<p id=x>p");
+    write("q.htm", "<p>q");
+    import({1});
+    EXPECT_EQ(outline(), "1 own1 [own1.htm]\n..2 own2 [own2.htm]\n..2 P [p.htm]\n....3 Ü [q.htm]\n"
+                         "1 own3 [own3.htm]\n");
+}
+
 TEST_F(HelpImport, CutsPagesWhereContentsLeadIntoThem) {
     writeProject("",
                  item("P", "p.htm") + "<UL>" + item("One", "p.htm#one") + item("Two", "p.htm#two")
