@@ -157,8 +157,9 @@ private:
         if (element.kind == table && top().kind == caption) {
             closeTo(innermost(caption) - 1);
         }
-        const bool isHeadingOfTerm = element.kind == heading && top().kind == term;
-        if (isHeadingOfTerm || !makePlace(element)) {
+        // Which block is the innermost is known when the paragraph before is closed.
+        const auto isOfTerm = [&] { return element.kind == heading && top().kind == term; };
+        if (isOfTerm() || !makePlace(element) || isOfTerm()) {
             pushUnwritten(element);
         } else {
             pushOwn(element);

@@ -67,6 +67,11 @@ TEST(StrictMarkup, PicturesLeadWhereTheirMapsSay) {
         "<img src=\"1.png\" alt=\"\"/><img src=\"1.png\" alt=\"\"/>");
 }
 
+TEST(StrictMarkup, NoHeadingStandsInATerm) {
+    EXPECT_EQ(strict("<dl><dt><h1>a</h1>"), strict("<dl><dt>a"));
+    EXPECT_EQ(strict("<dl><dt><p>\u00C4<h1>b</h1>").find("<h1>"), Text::npos);
+}
+
 TEST(StrictMarkup, LettersAndAddressesAreThoseOfXml) {
     EXPECT_EQ(strict("\u00E9&eacute;&#233;&rarr;&none;<&>\x01\xFF"),
               "\u00E9\u00E9\u00E9\u2192&amp;none;&lt;&amp;&gt;\uFFFD");
