@@ -154,6 +154,10 @@ private:
     }
 
     void openBlock(const MarkupElement& element) {
+        const bool isInWords = top().kind == heading || top().kind == paragraph;
+        if (element.kind == table && innermost(caption) > 0 && isInWords) {
+            makePlace(element); // what the caption holds ends first
+        }
         if (element.kind == table && top().kind == caption) {
             closeTo(innermost(caption) - 1);
         }

@@ -67,8 +67,12 @@ TEST(StrictMarkup, PicturesLeadWhereTheirMapsSay) {
         "<img src=\"1.png\" alt=\"\"/><img src=\"1.png\" alt=\"\"/>");
 }
 
-TEST(StrictMarkup, NoHeadingStandsInATerm) {
+TEST(StrictMarkup, NoHeadingStandsInATermAndNoTableInACaption) {
     EXPECT_EQ(strict("<dl><dt><h1>a</h1>"), strict("<dl><dt>a"));
+    for (const char* tag : {"<h1>", "<p>", ""}) {
+        const Text tables = strict("<table><caption>" + Text(tag) + "\u00C4<table><tr><td>b");
+        EXPECT_LT(tables.find("</caption>"), tables.rfind("<table")) << tables;
+    }
     EXPECT_EQ(strict("<dl><dt><p>\u00C4<h1>b</h1>").find("<h1>"), Text::npos);
 }
 
