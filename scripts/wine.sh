@@ -1,5 +1,6 @@
 # Wine, without what it says about itself. Sourced after scripts/screen.sh.
 export WINEDEBUG=-all
+export LC_ALL=C.UTF-8 # in which names of files beyond ASCII are kept
 run=$PWD/cmake/windows/run-under-wine
 
 # start_wine FOLDER: its drive and registry are kept there. One server for the whole script: between two

@@ -59,9 +59,7 @@ std::optional<fs::path> FileFinder::entryOf(const fs::path& folder, const fs::pa
     const auto match = entries.find(keyOf(name));
     if (match == entries.end()) { // a folder that cannot be listed may hold it all the same
         std::error_code ignored;
-        const fs::file_status there = fs::status(folder / name, ignored);
-        const bool isReal = fs::is_regular_file(there) || fs::is_directory(there); // no device
-        return isReal ? std::optional(name) : std::nullopt;
+        return fs::exists(folder / name, ignored) ? std::optional(name) : std::nullopt;
     }
     const auto& same = match->second;
     const bool isThere = std::find(same.begin(), same.end(), name) != same.end();

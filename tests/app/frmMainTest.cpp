@@ -301,7 +301,7 @@ TEST_F(frmMain, ItsTitleNamesTheProject) {
     EXPECT_EQ(titleOf(*window), "HTML Topicsmith - 0.2");
     project().markChanged(model::projectChanged);
     EXPECT_EQ(titleOf(*window), "New.tsp* - HTML Topicsmith - 0.2");
-    project().replace(titled({"a"}), {}, folder / "\xC3\xA4[*].tsp");
+    project().replace(titled({"a"}), {}, folder / u8"\u00E4[*].tsp");
     EXPECT_EQ(titleOf(*window), "\xC3\xA4[*].tsp - HTML Topicsmith - 0.2");
     project().markChanged(model::projectChanged);
     EXPECT_EQ(titleOf(*window), "\xC3\xA4[*].tsp* - HTML Topicsmith - 0.2");

@@ -147,7 +147,7 @@ TEST_F(frmOptions, FilesAreChosenAndNamedAsTheProjectFindsThem) {
     };
     constexpr const char* styles = "Style Sheets (*.css)|*.css|All Files (*.*)|*.*";
     EXPECT_FALSE(dialog->cmdApply.isEnabled());
-    choose(dialog->cmdCSS, "Select Style Sheet", styles, folder / "project/look/\xC3\xA4.css");
+    choose(dialog->cmdCSS, "Select Style Sheet", styles, folder / u8"project/look/\u00E4.css");
     EXPECT_EQ(dialog->txtCSS.text(), "..\\look\\\u00E4.css");
     EXPECT_TRUE(dialog->cmdApply.isEnabled());
     choose(dialog->cmdBImage, "Select Background Image",
@@ -167,7 +167,7 @@ TEST_F(frmOptions, FilesAreChosenAndNamedAsTheProjectFindsThem) {
 
     prompter.expect(
         {ui::FileQuestion::Kind::open, "Select Style Sheet", styles, 1, folder / "project", {}},
-        folder / "project/\xCE\xA9.css");
+        folder / u8"project/\u03A9.css");
     prompter.expect({"The name of this file has characters that a project cannot hold.",
                      "Properties", ui::Buttons::ok, ui::QuestionIcon::exclamation});
     click(dialog->cmdCSS);

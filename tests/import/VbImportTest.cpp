@@ -118,7 +118,9 @@ TEST(FileFinder, KnowsBackslashesLetterCaseAndClimbing) {
     EXPECT_TRUE(finds("..\\APP\\my forms\\frm \u00FC"
                       "bersicht.frm",
                       file));
+#ifndef _WIN32 // where names are letters, never bytes
     EXPECT_TRUE(finds("FRM\xFC.FRM", unconverted));
+#endif
     EXPECT_FALSE(fs::exists(finder.find("C:\\app\\My Forms\\FRM.frm")));
     EXPECT_EQ(finder.find(""), folder / "app");
 }

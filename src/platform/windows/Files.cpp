@@ -338,6 +338,9 @@ std::error_code replaceFile(const fs::path& path, std::string_view bytes, Access
 }
 
 bool isFile(const fs::path& path) {
+    if (fullPath(path).native().starts_with(LR"(\\.\)")) {
+        return false; // a device, which is in every folder
+    }
     const DWORD attributes = GetFileAttributesW(systemName(path).c_str());
     return attributes == INVALID_FILE_ATTRIBUTES ? GetLastError() == ERROR_ACCESS_DENIED
                                                  : (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
