@@ -99,8 +99,11 @@ std::vector<BinaryEntry> readBinaryContents(const ChmFile& file) {
 }
 
 std::vector<BinaryKeyword> readBinaryIndex(const ChmFile& file) {
-    const std::string tree = file.read("/$WWKeywordLinks/BTree").value_or("");
+    constexpr const char* path = "/$WWKeywordLinks/BTree";
+    constexpr std::uint64_t largestTree = std::uint64_t(64) << 20;
     constexpr std::size_t mostKeywords = 500000; // more than anybody looks through
+    const std::string tree =
+        file.sizeOf(path) > largestTree ? std::string() : file.read(path).value_or("");
     std::vector<BinaryKeyword> keywords;
     if (tree.size() < treeHead || numberAt(tree, 4, 2) != blockSize) {
         return keywords;

@@ -18,8 +18,8 @@
 namespace {
 
 // A damaged file can claim any size. An index of 64 MB, which is what a compiler reads, gives a
-// tree of keywords of up to 156 MB.
-constexpr LONGUINT64 largestFile = LONGUINT64(160) << 20;
+// tree of long keywords of nearly 300 MB.
+constexpr LONGUINT64 largestFile = LONGUINT64(320) << 20;
 constexpr LONGINT64 largestPiece = LONGINT64(4) << 20;
 constexpr std::uint64_t largestWhole = std::uint64_t(512) << 20;
 constexpr platform::Limits limits = {
@@ -55,6 +55,7 @@ bool unpack(chmFile* help, const std::string& path) {
     }
     // In pieces, so that a claim costs no more than what is there.
     std::string bytes;
+    bytes.reserve(unit.length);
     while (bytes.size() < unit.length) {
         const std::size_t at = bytes.size();
         const auto wanted = std::min(largestPiece, static_cast<LONGINT64>(unit.length - at));

@@ -36,7 +36,9 @@ TEST_F(HostileHelp, WritesNothingOutsideOfTheProject) {
     EXPECT_TRUE(fs::exists(folder / "out/images/ok.png"));
     EXPECT_FALSE(fs::exists(folder / "out/.git"));
     EXPECT_FALSE(fs::exists(folder / "out/.start"));
-    EXPECT_FALSE(fs::exists(folder / "out/p.tsp"));
+    for (const auto& entry : fs::recursive_directory_iterator(folder / "out")) {
+        EXPECT_NE(entry.path().extension(), ".tsp");
+    }
     EXPECT_FALSE(fs::exists(folder / "out/images/con.png"));
     EXPECT_TRUE(!canLink || fs::is_empty(folder / "elsewhere"));
     for (const auto& entry : fs::directory_iterator(folder.path())) {
