@@ -40,10 +40,13 @@ std::string FullTextSearch::table(const SourceFiles& files, const HelpTopics& to
         return {};
     }
     if (!pagesWithLostWords_.empty()) {
-        messages.note({files.shown(files[pagesWithLostWords_.front()].relative)},
-                      "the full text search cannot find words with letters that code page "
-                          + std::to_string(options.codePage) + " lacks, on "
-                          + std::to_string(pagesWithLostWords_.size()) + " pages from here on");
+        messages.note(
+            {files.shown(files[pagesWithLostWords_.front()].relative)},
+            "the full text search cannot find words with letters that code page "
+                + std::to_string(options.codePage) + " lacks, on "
+                + (pagesWithLostWords_.size() == 1
+                       ? "this page"
+                       : std::to_string(pagesWithLostWords_.size()) + " pages from here on"));
     }
     SearchTableOptions table{options.codePage, options.language, {}};
     for (std::size_t i = 0; i < files.size(); ++i) {

@@ -83,7 +83,7 @@ TEST_F(SearchTest, FindsTheWordsOfPagesAndTitles) {
     const CompileOutcome outcome = compile("p.hhp");
     EXPECT_EQ(messagesOf(outcome),
               (Lines{"3.htm:0: note: the full text search cannot find words with letters that code "
-                     "page 1252 lacks, on 1 pages from here on"}));
+                     "page 1252 lacks, on this page"}));
     expectFound(outcome.output,
                 {{"aardvark", {"0.htm"}},
                  {"zero", {"0.htm", "1.htm"}}, // in one title and another page's text
