@@ -123,7 +123,8 @@ bool SearchUpdate::replaceTexts(const std::vector<std::size_t>& pages,
         for (auto text = packed.begin() + 1; text != packed.end(); ++text) {
             made.append(*text);
         }
-        if (made.size() > 2 * TextsFile::usualSize && packed.size() > 2) {
+        constexpr std::size_t most = 4 * TextsFile::usualSize; // texts pack less with old numbers
+        if (made.size() > most && packed.size() > 2) {
             return false;
         }
         textFiles_[file] = made.values();
