@@ -98,6 +98,9 @@ Text CodePage::decoded(TextView bytes) const {
     if (number_ == platform::utf8CodePage) {
         return wellFormed(bytes);
     }
+    if (table_->isOfSingleBytes()) {
+        return table_->decodedSingleBytes(bytes);
+    }
     Text text;
     text.reserve(bytes.size() + bytes.size() / 8);
     while (!bytes.empty()) {

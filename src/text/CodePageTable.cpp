@@ -1,5 +1,8 @@
 #include "text/CodePageTable.h"
 
+#include <algorithm>
+#include <bit>
+#include <cstring>
 #include <map>
 #include <mutex>
 #include <numeric>
@@ -20,18 +23,18 @@ constexpr std::array<char32_t, 32> westernSpecials = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 struct Correction {
-    unsigned codePage;
     std::string_view bytes;
+    unsigned codePage;
     char32_t character;
 };
 
 /// What a code page of Windows has, and one system or another does not know, or writes in another
 /// of two forms.
 constexpr Correction corrections[] = {
-    {950, "\xF9\xE9", 0x255E}, {950, "\xF9\xEA", 0x256A}, {950, "\xF9\xEB", 0x2561},
-    {950, "\xF9\xF9", 0x2550}, {1255, "\xCA", 0x05BA},    {28597, "\xA1", 0x2018},
-    {28597, "\xA2", 0x2019},   {28597, "\xA4", 0x20AC},   {28597, "\xA5", 0x20AF},
-    {28597, "\xAA", 0x037A},
+    {"\xF9\xE9", 950, 0x255E}, {"\xF9\xEA", 950, 0x256A}, {"\xF9\xEB", 950, 0x2561},
+    {"\xF9\xF9", 950, 0x2550}, {"\xCA", 1255, 0x05BA},    {"\xA1", 28597, 0x2018},
+    {"\xA2", 28597, 0x2019},   {"\xA4", 28597, 0x20AC},   {"\xA5", 28597, 0x20AF},
+    {"\xAA", 28597, 0x037A},
 };
 
 /// Whether the character is one that the code page has: some systems take a byte without one for a
@@ -174,7 +177,7 @@ bool CodePageTable::joinMark(Text& text, char32_t mark) const {
     return true;
 }
 
-void CodePageTable::appendMarkOrPair(Text& text, TextView& bytes) const {
+void CodePageTable::appendDecoded(Text& text, TextView& bytes) const {
     const auto lead = static_cast<unsigned char>(bytes.front());
     char32_t character = characters_[lead];
     if (character == replacementCharacter && bytes.size() > 1 && !pairs_.empty()) {
@@ -203,6 +206,59 @@ void CodePageTable::fill(unsigned number) {
     addMarkedLetters();
 }
 
+void CodePageTable::fillLetters() {
+    for (std::size_t byte = 0; byte < byteCount; ++byte) {
+        Text utf8;
+        appendUtf8(utf8, characters_[byte]);
+        letters_[byte].size = std::min(utf8.size(), letters_[byte].utf8.size());
+        utf8.copy(letters_[byte].utf8.data(), letters_[byte].size);
+    }
+}
+
+/// Writes the letters of bytes, each of which is one, and returns where they end. Eight bytes are
+/// copied at a time, as most are ASCII: so much may be written behind that end.
+char* CodePageTable::writeLetters(char* out, TextView bytes) const {
+    constexpr std::uint64_t highBitOfEach = 0x8080808080808080U;
+    std::uint64_t word = 0;
+    while (!bytes.empty()) {
+        if (bytes.size() >= sizeof word) {
+            std::memcpy(&word, bytes.data(), sizeof word);
+            std::memcpy(out, &word, sizeof word);
+            const std::uint64_t highBits = word & highBitOfEach;
+            if (highBits == 0) { // without waiting for where it ends
+                out += sizeof word;
+                bytes.remove_prefix(sizeof word);
+                continue;
+            }
+            const int plainBits = std::endian::native == std::endian::little
+                                      ? std::countr_zero(highBits)
+                                      : std::countl_zero(highBits);
+            const std::size_t plain = static_cast<std::size_t>(plainBits) / 8;
+            out += plain;
+            bytes.remove_prefix(plain);
+        }
+        const Letter& letter = letters_[static_cast<unsigned char>(bytes.front())];
+        std::memcpy(out, letter.utf8.data(), letter.utf8.size());
+        out += letter.size;
+        bytes.remove_prefix(1);
+    }
+    return out;
+}
+
+Text CodePageTable::decodedSingleBytes(TextView bytes) const {
+    constexpr std::size_t partSize = 4096;
+    constexpr std::size_t longest = 3;
+    char part[partSize * longest + sizeof(std::uint64_t)]; // not filled for nothing
+    Text text;
+    text.reserve(bytes.size() + bytes.size() / 8);
+    while (!bytes.empty()) {
+        const TextView taken = bytes.substr(0, partSize);
+        text.append(part, writeLetters(part, taken));
+        bytes.remove_prefix(taken.size());
+    }
+    return text;
+}
+
 const CodePageTable& CodePageTable::of(unsigned number) {
     static std::mutex guard;
     static std::map<unsigned, CodePageTable> tables;
@@ -210,6 +266,7 @@ const CodePageTable& CodePageTable::of(unsigned number) {
     const auto [place, isNew] = tables.try_emplace(number);
     if (isNew && number != platform::utf8CodePage) { // which lacks nothing
         place->second.fill(number);
+        place->second.fillLetters();
     }
     return place->second;
 }

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "text/Text.h"
-#include "text/Unicode.h"
 
 namespace text {
 
@@ -23,18 +22,16 @@ public:
         return known == bytes_.end() ? nullptr : &known->second;
     }
 
+    /// Whether each byte is a character, whatever stands before it.
+    bool isOfSingleBytes() const { return pairs_.empty() && !hasMarks_; }
+
+    /// Bytes of such a code page.
+    Text decodedSingleBytes(TextView bytes) const;
+
     /// Takes the first character from bytes that begin beyond ASCII and appends it to the text, or
     /// makes one of it and the text's last one. A byte with which no character begins is replaced
     /// alone.
-    void appendDecoded(Text& text, TextView& bytes) const {
-        const char32_t character = characters_[static_cast<unsigned char>(bytes.front())];
-        if (hasMarks_ || character == replacementCharacter) {
-            appendMarkOrPair(text, bytes);
-            return;
-        }
-        bytes.remove_prefix(1);
-        appendUtf8(text, character);
-    }
+    void appendDecoded(Text& text, TextView& bytes) const;
 
 private:
     static constexpr std::size_t byteCount = 256;
@@ -45,6 +42,8 @@ private:
     }
 
     void fill(unsigned number);
+    void fillLetters();
+    char* writeLetters(char* out, TextView bytes) const;
     void add(std::string_view encoded, char32_t character, unsigned number);
     void addWestern();
     void addByte(unsigned char byte, unsigned number);
@@ -52,8 +51,14 @@ private:
     void addMarkedLetters();
     void correct(unsigned number);
     bool joinMark(Text& text, char32_t mark) const;
-    void appendMarkOrPair(Text& text, TextView& bytes) const;
 
+    /// A character in UTF-8; none of a single byte takes more than three.
+    struct Letter {
+        std::array<char, 4> utf8{};
+        std::size_t size = 0;
+    };
+
+    std::array<Letter, byteCount> letters_{};
     std::array<char32_t, byteCount> characters_{};    ///< of each byte that is one alone
     std::unordered_map<char32_t, std::string> bytes_; ///< beyond ASCII
     std::vector<char32_t> pairs_; ///< characters of two bytes, 0 for none; empty where none has two
