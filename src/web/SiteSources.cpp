@@ -89,6 +89,7 @@ std::vector<SiteSources::Asked> SiteSources::takeAsked() {
               [](const Answer* a, const Answer* b) { return a->first < b->first; });
     lately.erase(std::unique(lately.begin(), lately.end()), lately.end());
     std::vector<Asked> asked;
+    asked.reserve(lately.size());
     for (const Answer* answer : lately) {
         asked.push_back({answer->first, answer->second});
     }

@@ -25,10 +25,11 @@ void takeMemoryInLargeSteps() {
     mallopt(M_TRIM_THRESHOLD, kept);
     mallopt(M_MMAP_THRESHOLD, largestInStep);
     void* const block = std::malloc(largestInStep / 2);
-    const auto start = (reinterpret_cast<std::uintptr_t>(block) + largePage - 1) & ~(largePage - 1);
-    const auto end = reinterpret_cast<std::uintptr_t>(sbrk(0));
+    const std::uintptr_t behindPage = reinterpret_cast<std::uintptr_t>(block) % largePage;
+    char* const start = static_cast<char*>(block) + (largePage - behindPage) % largePage;
+    const char* const end = static_cast<char*>(sbrk(0));
     if (block != nullptr && start < end) {
-        madvise(reinterpret_cast<void*>(start), end - start, MADV_HUGEPAGE); // or not
+        madvise(start, static_cast<std::size_t>(end - start), MADV_HUGEPAGE); // or not
     }
     std::free(block);
 }
