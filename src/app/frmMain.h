@@ -245,6 +245,7 @@ private:
     void showStartPage();
     void openExample();
     void showRows();
+    bool showFound();
     model::Positions selectedTopics() const;
     bool hasSeveral() const;
     model::Positions topicsToCopy() const;

@@ -247,8 +247,22 @@ void frmMain::txtFilter_KeyDown(ui::Key& key) {
         mnuViewFilter_Click();
     } else if (key.code == ui::KeyCode::enter || (key.plain() && key.code == ui::KeyCode::down)) {
         key.handled = true;
-        lvLevels.setFocus();
+        if (showFound()) {
+            lvLevels.setFocus();
+        }
     }
+}
+
+/// Commands should not mean a topic that nobody sees: one that was not looked for gives way to the
+/// first one that was. False when there is none, or the author stays.
+bool frmMain::showFound() {
+    const std::vector<bool> hidden = folds_.hidden();
+    const int current = project_.currentIndex();
+    if (current > 0 && !hidden[static_cast<std::size_t>(current) - 1]) {
+        return true;
+    }
+    const auto found = std::find(hidden.begin(), hidden.end(), false);
+    return found != hidden.end() && showTopic(static_cast<int>(found - hidden.begin()) + 1);
 }
 
 // ---- Branches, and several topics ----

@@ -86,9 +86,19 @@ TEST_F(OutlineList, ShowsWhatTheFilterFinds) {
         type(typed);
         EXPECT_EQ(shown(), found);
     }
+    window->showTopic(2);
+    press("Down");
+    EXPECT_TRUE(window->lvLevels.hasFocus());
+    EXPECT_EQ(project().currentIndex(), 3);
+    window->txtFilter.setFocus();
+    window->txtFilter.selectAll();
+    type("nowhere");
+    press("Down");
+    EXPECT_TRUE(window->txtFilter.hasFocus());
     press("Esc");
     EXPECT_EQ(shown(), "a \u00E4 c d");
     EXPECT_TRUE(window->lvLevels.hasFocus());
+    EXPECT_EQ(project().currentIndex(), 3);
 }
 
 TEST_F(OutlineList, TopicsAreRenamedInTheirPlace) {
