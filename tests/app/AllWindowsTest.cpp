@@ -128,6 +128,8 @@ TEST_F(AllWindows, ChangeTheirColoursWhileTheyAreOpen) {
         }
         SCOPED_TRACE(each->caption());
         show(*each);
+        each->close();
+        show(*each); // some styles draw a default button a shade differently the first time
         const std::string light = pictureOf(*each);
         setDarkColours(true);
         const std::string changed = pictureOf(*each);

@@ -39,6 +39,8 @@ void look(const QWidget& box, BoxLook& found) {
 } // namespace
 
 BoxLook lookAtBox(const std::function<void()>& ask) {
+    // Into a box of the system's own nobody sees from here.
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     BoxLook found;
     QTimer watch; // until the box is there
     QObject::connect(&watch, &QTimer::timeout, [&found] {
@@ -49,6 +51,7 @@ BoxLook lookAtBox(const std::function<void()>& ask) {
     });
     watch.start(10);
     ask();
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs, false);
     return found;
 }
 

@@ -70,18 +70,20 @@ QPoint placeIn(const ListView& list, int row, bool lowerHalf) {
     return {target.center().x(), lowerHalf ? target.bottom() - 1 : target.top() + 1};
 }
 
-/// What a drag draws, and takes away again.
+/// What a drag draws in the colour of marks, and takes away again; styles may show in another one
+/// over which row the pointer is.
 Place markOf(const ListView& list, const std::function<void()>& drag) {
     QWidget& viewport = *viewOf(list).viewport();
     const QImage before = viewport.grab().toImage();
     drag();
     const QImage during = viewport.grab().toImage();
+    const QRgb ink = viewport.palette().color(QPalette::Highlight).rgb();
     QDragLeaveEvent leave;
     QApplication::sendEvent(&viewport, &leave);
     QRect mark;
     for (int y = 0; y < before.height(); ++y) {
         for (int x = 0; x < before.width(); ++x) {
-            if (before.pixel(x, y) != during.pixel(x, y)) {
+            if (before.pixel(x, y) != during.pixel(x, y) && during.pixel(x, y) == ink) {
                 mark |= QRect(x, y, 1, 1);
             }
         }
