@@ -1,12 +1,11 @@
 #include <algorithm>
 #include <cstdint>
 #include <filesystem>
-#include <set>
 
 #include "Require.h"
+#include "SoundTopics.h"
 #include "import/ForeignPage.h"
 #include "import/HelpImport.h"
-#include "model/PagePath.h"
 #include "workshop/Sitemap.h"
 
 namespace {
@@ -56,13 +55,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const importer::HelpPlan plan = importer::planImport(help, cuts);
         const auto outcome = importer::importHelp(project, help, plan, {});
         require(outcome.filesWritten == 0, "a file came from nowhere");
-        std::set<std::string> names;
-        for (const model::Topic& topic : project.outline()) {
-            const int depth = model::levelDepth(topic.level);
-            require(depth >= 1 && depth <= model::maxDepth, "a level that there is not");
-            require(model::pageNameFault(topic.fileName).empty(), "a name that leads elsewhere");
-            require(names.insert(model::pageKey(topic.fileName)).second, "two pages of one name");
-        }
+        requireSoundTopics(project.outline());
     }
     const std::string html(bytes);
     require(importer::withoutDoubleQuotes(html).size() <= html.size() * 6, "quotes grow");

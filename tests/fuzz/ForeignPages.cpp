@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "Require.h"
+#include "SoundTopics.h"
 #include "import/HelpImport.h"
 #include "import/Markdown.h"
 #include "import/PageSource.h"
-#include "model/PagePath.h"
 #include "platform/Files.h"
 #include "text/CodePage.h"
 #include "text/HtmlReader.h"
@@ -99,12 +99,8 @@ void checkBody(TextView body, bool isWhole) {
 }
 
 void checkTopics(const model::Project& project, bool isWhole) {
-    std::set<std::string> names;
+    requireSoundTopics(project.outline());
     for (const model::Topic& topic : project.outline()) {
-        const int depth = model::levelDepth(topic.level);
-        require(depth >= 1 && depth <= model::maxDepth, "a level that there is not");
-        require(model::pageNameFault(topic.fileName).empty(), "a name that leads elsewhere");
-        require(names.insert(model::pageKey(topic.fileName)).second, "two pages of one name");
         require(text::isUtf8(topic.title) && text::isUtf8(topic.body), "no UTF-8");
         checkBody(topic.body, isWhole);
     }
