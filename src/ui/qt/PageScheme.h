@@ -25,8 +25,4 @@ inline QUrl pageUrl(int book, const QString& path, const QString& anchor) {
     return url;
 }
 
-/// Makes the protocol known. The browser only listens before it has been used for anything, so
-/// whoever uses it calls this first.
-void registerPageScheme();
-
 } // namespace ui

@@ -4,6 +4,7 @@
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
 #include <QWebEngineScript>
+#include <QWebEngineSettings>
 #include <QWebEngineUrlRequestInterceptor>
 #include <QWebEngineView>
 
@@ -213,6 +214,6 @@ private:
 
 extern "C" Q_DECL_EXPORT ui::BrowserView*
 topicsmithMakeBrowser(QWidget* parent, const std::function<void()>& refused) {
-    ui::registerPageScheme();
+    ui::prepareEngine();
     return new ui::WebBrowser(parent, refused);
 }

@@ -8,7 +8,6 @@
 #include <QWebEngineNewWindowRequest>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
-#include <QWebEngineUrlScheme>
 #include <QWebEngineView>
 
 #include "ui/qt/BrowserView.h"
@@ -165,21 +164,10 @@ private:
 
 } // namespace
 
-void registerPageScheme() {
-    static const bool done = [] {
-        QWebEngineUrlScheme scheme(pageScheme);
-        scheme.setSyntax(QWebEngineUrlScheme::Syntax::Host);
-        scheme.setFlags(QWebEngineUrlScheme::SecureScheme);
-        QWebEngineUrlScheme::registerScheme(scheme);
-        return true;
-    }();
-    static_cast<void>(done);
-}
-
 } // namespace ui
 
 extern "C" Q_DECL_EXPORT ui::PageBrowserView* topicsmithMakePageBrowser(QWidget* parent,
                                                                         const ui::PageHost& host) {
-    ui::registerPageScheme();
+    ui::prepareEngine();
     return new ui::WebPages(parent, host);
 }

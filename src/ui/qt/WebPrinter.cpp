@@ -68,6 +68,6 @@ QByteArray print(const PageHost& host, const QString& path, bool onLetter) {
 
 extern "C" Q_DECL_EXPORT void topicsmithPrintPage(const ui::PageHost& host, const QString& path,
                                                   bool onLetter, QByteArray& pdf) {
-    ui::registerPageScheme();
+    ui::prepareEngine();
     pdf = ui::print(host, path, onLetter);
 }

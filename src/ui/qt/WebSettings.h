@@ -1,18 +1,14 @@
 #pragma once
 
-#include <QWebEnginePage>
-#include <QWebEngineSettings>
+class QWebEnginePage;
 
 namespace ui {
 
+/// Whoever uses the engine calls this first: it listens only before it has been used for anything.
+/// Makes the protocol of pages that are no files known, and decides how pages are drawn.
+void prepareEngine();
+
 /// What no page may do, whoever wrote it.
-inline void lockDown(QWebEnginePage& page) {
-    QWebEngineSettings& settings = *page.settings();
-    settings.setAttribute(QWebEngineSettings::JavascriptEnabled, false);
-    settings.setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, false);
-    settings.setAttribute(QWebEngineSettings::PluginsEnabled, false);
-    settings.setAttribute(QWebEngineSettings::ErrorPageEnabled, false);
-    settings.setAttribute(QWebEngineSettings::FocusOnNavigationEnabled, false);
-}
+void lockDown(QWebEnginePage& page);
 
 } // namespace ui
