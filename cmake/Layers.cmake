@@ -12,6 +12,10 @@ else()
     # GCC bug 105651: a short literal assigned to a std::string sets it off.
     list(APPEND TOPICSMITH_WARNINGS -Wno-restrict)
   endif()
+  if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # Sources that are compiled together look like headers to this warning.
+    list(APPEND TOPICSMITH_WARNINGS -Wno-subobject-linkage)
+  endif()
   if(TOPICSMITH_SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # The sanitizers' own branches mislead these warnings.
     list(APPEND TOPICSMITH_WARNINGS -Wno-null-dereference -Wno-maybe-uninitialized)
@@ -21,15 +25,21 @@ endif()
 set(TOPICSMITH_LAYER_ROWS ${CMAKE_BINARY_DIR}/layers.txt)
 file(WRITE ${TOPICSMITH_LAYER_ROWS} "")
 
-# add_layer(NAME SOURCES file... [USES layer...] [FOLDER folder])
+# add_layer(NAME SOURCES file... [ALONE file...] [USES layer...] [FOLDER folder])
 # The target is called topicsmith_NAME. FOLDER is given where the folder below src/ has another name
-# than the layer: one folder is one library, whose files all belong to this row.
+# than the layer: one folder is one library, whose files all belong to this row. ALONE are those of
+# the sources that no build compiles together with others, as they have names of their own that a
+# neighbour has for something else, or as a warning is misled by what it sees together.
 function(add_layer name)
-  cmake_parse_arguments(LAYER "" "FOLDER" "SOURCES;USES" ${ARGN})
+  cmake_parse_arguments(LAYER "" "FOLDER" "SOURCES;ALONE;USES" ${ARGN})
   if(NOT LAYER_FOLDER)
     set(LAYER_FOLDER ${name})
   endif()
   list(TRANSFORM LAYER_SOURCES PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/${LAYER_FOLDER}/)
+  if(LAYER_ALONE)
+    list(TRANSFORM LAYER_ALONE PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/${LAYER_FOLDER}/)
+    set_source_files_properties(${LAYER_ALONE} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+  endif()
   add_library(topicsmith_${name} STATIC ${LAYER_SOURCES})
   target_include_directories(topicsmith_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_compile_options(topicsmith_${name} PRIVATE ${TOPICSMITH_WARNINGS})

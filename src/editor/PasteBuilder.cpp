@@ -39,7 +39,7 @@ void PasteBuilder::endParagraph() {
 }
 
 bool PasteBuilder::isBlankRun(const PastedNode& run) {
-    if (run.kind == Kind::lineBreak) {
+    if (run.kind == Kind::newLine) {
         return true;
     }
     Text text = run.text;
@@ -147,8 +147,7 @@ void PasteBuilder::addRun(PastedNode run) {
     run.format = formatHere();
     std::vector<PastedNode>& runs = block().children;
     const bool follows = !runs.empty() && runs.back().kind == Kind::text;
-    if (std::exchange(pendingBlank_, false) && !runs.empty()
-        && runs.back().kind != Kind::lineBreak) {
+    if (std::exchange(pendingBlank_, false) && !runs.empty() && runs.back().kind != Kind::newLine) {
         if (follows && runs.back().format == run.format) {
             runs.back().text += ' ';
         } else {
@@ -238,12 +237,12 @@ void PasteBuilder::addLineBreak() {
         addLines("\n");
     } else if (!holdsRuns(block().tag) || runs.empty()) {
         return;
-    } else if (runs.back().kind == Kind::lineBreak) {
+    } else if (runs.back().kind == Kind::newLine) {
         endParagraph();
     } else {
         pendingBlank_ = false;
         PastedNode run;
-        run.kind = Kind::lineBreak;
+        run.kind = Kind::newLine;
         addRun(std::move(run));
     }
 }

@@ -48,7 +48,7 @@ public:
         change(tagsOf(run.format));
         if (run.kind == Kind::picture) {
             appendPicture(made_, *run.picture);
-        } else if (run.kind == Kind::lineBreak) {
+        } else if (run.kind == Kind::newLine) {
             append(made_, "<br>", lineBreak);
         } else {
             made_ += escapedLetters(run.text);

@@ -32,7 +32,7 @@ struct PastedPicture {
 
 /// A block, or a run where `tag` is empty.
 struct PastedNode {
-    enum class Kind { block, text, lineBreak, picture, place };
+    enum class Kind { block, text, newLine, picture, place };
 
     Kind kind = Kind::block;
     Text tag;
