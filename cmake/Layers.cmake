@@ -15,6 +15,9 @@ else()
   if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # Sources that are compiled together look like headers to this warning.
     list(APPEND TOPICSMITH_WARNINGS -Wno-subobject-linkage)
+  elseif(CMAKE_UNITY_BUILD)
+    # A name may be a neighbour's constant. The static checks ask this of each source by itself.
+    list(APPEND TOPICSMITH_WARNINGS -Wno-shadow)
   endif()
   if(TOPICSMITH_SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # The sanitizers' own branches mislead these warnings.
