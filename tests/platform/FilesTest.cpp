@@ -46,3 +46,14 @@ TEST(Files, NamesMayBeLongAndInAnyScript) {
     EXPECT_EQ(bytesOf(place / "page.htm"), "page");
     EXPECT_TRUE(fs::equivalent(place / "p.tsp", place / ".." / place.filename() / "p.tsp"));
 }
+
+TEST(Files, ARootHoldsWhatLiesBelowItAndAFolderNothingElse) {
+    const test::TemporaryFolder folder;
+    const fs::path inner = folder / "inner";
+    fs::create_directory(inner);
+    writeBytes(inner / "file", "x");
+    writeBytes(folder / "inner file", "x");
+    EXPECT_FALSE(platform::leadsOutOf(inner.root_path(), inner / "file"));
+    EXPECT_FALSE(platform::leadsOutOf(inner, inner / "file"));
+    EXPECT_TRUE(platform::leadsOutOf(inner, folder / "inner file"));
+}

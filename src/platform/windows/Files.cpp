@@ -375,8 +375,11 @@ bool isSameFile(const fs::path& one, const fs::path& other) {
 bool leadsOutOf(const fs::path& folder, const fs::path& path) {
     const Handle root(openFile(folder, 0, OPEN_EXISTING, shareAll, FILE_FLAG_BACKUP_SEMANTICS));
     const Handle place(openFile(path, 0, OPEN_EXISTING, shareAll, FILE_FLAG_BACKUP_SEMANTICS));
-    const fs::path outer = root.isOpen() ? finalName(root) : std::wstring();
+    fs::path outer = root.isOpen() ? finalName(root) : std::wstring();
     const fs::path inner = place.isOpen() ? finalName(place) : std::wstring();
+    if (!outer.has_filename()) { // the root of a drive, whose name ends with a backslash
+        outer = outer.parent_path();
+    }
     return !outer.empty() && !inner.empty()
            && std::mismatch(outer.begin(), outer.end(), inner.begin(), inner.end()).first
                   != outer.end();
