@@ -3,6 +3,7 @@
 #include <charconv>
 
 #include "generate/TopicPage.h"
+#include "platform/Memory.h"
 #include "web/SearchTexts.h"
 #include "web/SearchUpdate.h"
 #include "web/SiteData.h"
@@ -67,7 +68,10 @@ SearchData::SearchData(const model::TopicOutline& outline, const SiteMap& map,
     if (before && differsLittle(*before)) {
         isUpdated_ = std::async([this, before] { return update(*before); });
     } else {
-        isPacked_ = std::async([this] { packAll(); });
+        isPacked_ = std::async([this] {
+            platform::takeThreadsMemoryInLargeSteps();
+            packAll();
+        });
     }
 }
 

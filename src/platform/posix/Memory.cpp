@@ -13,30 +13,55 @@ namespace platform {
 
 #ifdef __GLIBC__
 
-/// The first step is one of large pages where the system has them for who asks: filling thousands
-/// of small ones takes as long as the work.
-void takeMemoryInLargeSteps() {
+namespace {
+
+constexpr int step = 64 << 20;          ///< also what the library reserves for a thread, aligned
+constexpr int largestInStep = 32 << 20; ///< the library takes no more
+
+bool takesLargeSteps = false;
+
+std::uintptr_t roundedUp(std::uintptr_t address, std::uintptr_t unit) {
+    return address + (unit - address % unit) % unit;
+}
+
+/// Asks for large pages, where the system has them for who asks, in what lies behind the next block
+/// of memory: filling thousands of small ones takes as long as the work. `endOf` tells where the
+/// step ends that an address lies in.
+template <typename EndOf>
+void wantLargePages(const EndOf& endOf) {
     constexpr std::uintptr_t largePage = std::uintptr_t(2) << 20U;
-    constexpr int step = 64 << 20;
+    void* const block = std::malloc(largestInStep / 2);
+    const std::uintptr_t start = roundedUp(reinterpret_cast<std::uintptr_t>(block), largePage);
+    const std::uintptr_t end = endOf(start);
+    if (block != nullptr && start < end) {
+        madvise(reinterpret_cast<void*>(start), end - start, MADV_HUGEPAGE); // or not
+    }
+    std::free(block);
+}
+
+} // namespace
+
+/// Two threads do not wait for each other; more would keep memory that others could use.
+void takeMemoryInLargeSteps() {
     constexpr int kept = 1 << 30;
-    constexpr int largestInStep = 32 << 20; // the library takes no more
-    mallopt(M_ARENA_MAX, 1);
+    mallopt(M_ARENA_MAX, 2);
     mallopt(M_TOP_PAD, step);
     mallopt(M_TRIM_THRESHOLD, kept);
     mallopt(M_MMAP_THRESHOLD, largestInStep);
-    void* const block = std::malloc(largestInStep / 2);
-    const std::uintptr_t behindPage = reinterpret_cast<std::uintptr_t>(block) % largePage;
-    char* const start = static_cast<char*>(block) + (largePage - behindPage) % largePage;
-    const char* const end = static_cast<char*>(sbrk(0));
-    if (block != nullptr && start < end) {
-        madvise(start, static_cast<std::size_t>(end - start), MADV_HUGEPAGE); // or not
+    wantLargePages([](std::uintptr_t) { return reinterpret_cast<std::uintptr_t>(sbrk(0)); });
+    takesLargeSteps = true;
+}
+
+void takeThreadsMemoryInLargeSteps() {
+    if (takesLargeSteps) {
+        wantLargePages([](std::uintptr_t start) { return roundedUp(start, step); });
     }
-    std::free(block);
 }
 
 #else
 
 void takeMemoryInLargeSteps() {}
+void takeThreadsMemoryInLargeSteps() {}
 
 #endif
 

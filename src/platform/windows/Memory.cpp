@@ -2,6 +2,8 @@
 
 namespace platform {
 
-void takeMemoryInLargeSteps() {} // the system's own way does
+// The system's own way does.
+void takeMemoryInLargeSteps() {}
+void takeThreadsMemoryInLargeSteps() {}
 
 } // namespace platform
