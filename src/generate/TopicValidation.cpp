@@ -24,6 +24,12 @@ void addContextHeader(Text& report, ReportHeaders& headers) {
     }
 }
 
+/// Whether two of them are the same: where none are, no pairs have to be compared.
+bool haveEqual(std::vector<TextView> texts) {
+    std::sort(texts.begin(), texts.end());
+    return std::adjacent_find(texts.begin(), texts.end()) != texts.end();
+}
+
 /// One round over all pairs; true when it renamed something, so that the new names have to be
 /// compared in turn. `keys` holds every topic's page key.
 bool renameRound(Project& project, std::vector<Text>& keys, Text& report, ReportHeaders& headers) {
@@ -122,6 +128,11 @@ void renameDuplicateFiles(Project& project, Text& report, ReportHeaders& headers
     for (const Topic& topic : project.outline()) {
         keys.push_back(model::pageKey(topic.fileName));
     }
+    std::vector<TextView> names(keys.begin(), keys.end());
+    std::erase(names, TextView());
+    if (!haveEqual(std::move(names))) {
+        return;
+    }
     // Comes to an end: each renaming makes a name longer or its number larger.
     while (renameRound(project, keys, report, headers)) {
     }
@@ -138,6 +149,15 @@ void reportDuplicateContexts(const model::TopicOutline& outline, Text& report,
         if (!topic.contextId.empty()) {
             contexts.push_back({&topic, text::lowerCase(topic.contextId)});
         }
+    }
+    std::vector<TextView> ids;
+    std::vector<TextView> numbers;
+    for (const Context& context : contexts) {
+        ids.push_back(context.key);
+        numbers.push_back(context.topic->contextNumber);
+    }
+    if (!haveEqual(std::move(ids)) && !haveEqual(std::move(numbers))) {
+        return;
     }
     const auto message = [&](const char* kind, const Text& value, const Context& a,
                              const Context& b) {

@@ -111,4 +111,9 @@ TEST(TopicValidation, DuplicateContextsWithoutRenamedFilesGetABlankLine) {
     EXPECT_EQ(report,
               lines({"", "ERROR: Dup Context ID(IDH_\u00DC) in Topics 'Topic 1' and 'Topic 2'",
                      "ERROR: Dup Context # () in Topics 'Topic 1' and 'Topic 2'"}));
+
+    outline.at(2).contextId = "IDH_B";
+    Text numbersOnly;
+    reportDuplicateContexts(outline, numbersOnly, headers);
+    EXPECT_EQ(numbersOnly, lines({"ERROR: Dup Context # () in Topics 'Topic 1' and 'Topic 2'"}));
 }
