@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <filesystem>
 #include <map>
 #include <optional>
@@ -9,6 +10,7 @@
 
 #include "model/FileFailure.h"
 #include "text/Text.h"
+#include "web/SiteList.h"
 
 namespace web {
 
@@ -27,7 +29,7 @@ public:
     void addCopy(text::Text place, std::filesystem::path source);
 
     /// Whether a file is there as the last run wrote it, as far as time and size tell.
-    bool isAsWritten(const text::Text& place) const;
+    bool isAsWritten(text::TextView place) const { return !isClean_ && before_.isAsWritten(place); }
 
     /// What the last run wrote into a file; nothing when anything else is there.
     std::optional<text::Text> contentsOf(const text::Text& place) const;
@@ -48,15 +50,6 @@ public:
     model::FileFailures takeFailures() { return std::move(failures_); }
 
 private:
-    struct Entry {
-        std::uint64_t hash = 0; ///< of the contents
-        std::uint64_t size = 0;
-        std::int64_t time = 0; ///< when it was written
-
-        bool operator==(const Entry&) const = default;
-    };
-    using Entries = std::map<text::Text, Entry>;
-
     struct File {
         text::Text place;
         text::Text contents;
@@ -65,28 +58,31 @@ private:
         bool isOurs = false;          ///< may be written
     };
 
-    void readList();
-    void writeList(const Entries& entries);
+    void writeList(SiteList::Entries entries);
     void claim();
-    bool mayWrite(const text::Text& place, const std::filesystem::path& path);
-    bool isThere(const text::Text& place) const;
+    bool mayWrite(const text::Text& place);
+    bool isThere(const text::Text& place);
     void write(File& file);
-    std::optional<std::int64_t> writeContents(const File& file, const std::filesystem::path& path);
-    bool isAsListed(const text::Text& place, const std::filesystem::path& path) const;
-    bool staysInside(const std::filesystem::path& folder);
+    std::error_code writeContents(const File& file, const std::filesystem::path& path,
+                                  std::int64_t& time);
+    std::filesystem::path pathOf(text::TextView place) const;
+    bool isNewKey(text::TextView place);
+    bool staysInside(const text::Text& place);
     void fail(const std::filesystem::path& path, std::string reason);
-    void remove(const text::Text& place);
+    void remove(const SiteList::Line& line);
     void removeEmptyFolders(std::filesystem::path folder);
 
     std::filesystem::path folder_;
+    bool isClean_;
+    SiteList before_;
     std::vector<File> files_;
-    bool isForeign_ = false; ///< somebody else's file has the list's name
-    Entries before_;         ///< as the list had it; does not change, because other threads read it
-    Entries claimed_;        ///< and what this run may write
-    Entries now_;
-    std::set<text::Text> keys_; ///< of what is there now, for systems that do not tell case apart
-    std::map<std::filesystem::path, bool> staying_; ///< what staysInside() has found
-    std::set<text::Text> there_; ///< keys of what its folders held when it looked at them
+    std::set<text::Text> claimed_; ///< what this run may write, and the last one did not
+    SiteList::Entries now_;
+    std::deque<text::Text> keys_; ///< of what is there now, for systems that do not tell case apart
+    NumberTable<text::TextView> keyNumbers_;
+    std::map<text::Text, bool> staying_; ///< folders, and what staysInside() has found
+    std::set<text::Text> looked_;        ///< folders that isThere() has looked at
+    std::set<text::Text> there_;         ///< keys of what they held
     model::FileFailures failures_;
     int written_ = 0;
     int kept_ = 0;

@@ -27,8 +27,9 @@ namespace {
 Project repaired(const Project& project, Text& report) {
     Project copy;
     model::TopicOutline outline = project.outline();
-    for (int position = 1; position <= outline.count(); ++position) {
-        outline.at(position).body = model::shownBody(outline.at(position), project.options());
+    const std::vector<model::Variable> variables = model::shownVariables(project.options());
+    for (int position = 1; position <= outline.count() && !variables.empty(); ++position) {
+        outline.at(position).body = model::withVariables(outline.at(position).body, variables);
     }
     copy.replace(std::move(outline), project.options(), project.projectPath());
     generate::ReportHeaders headers;
@@ -174,8 +175,8 @@ SiteReport generateSite(const Project& project, const SiteRequest& request) {
     SiteReport report;
     append(report.text, "Output to:", lineBreak, text::displayText(frontPage(request.folder)),
            lineBreak);
-    const Project copy = repaired(project, report.text);
     SiteFolder folder(request.folder, request.isClean);
+    const Project copy = repaired(project, report.text);
     SiteRun run(copy, request, folder);
     run.addStyle();
     run.addPages();
