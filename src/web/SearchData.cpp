@@ -57,7 +57,8 @@ void TextsFile::append(TextView packed) {
 
 SearchData::SearchData(const model::TopicOutline& outline, const SiteMap& map,
                        const SiteFolder& folder)
-    : outline_(outline), map_(map), folder_(folder), state_(SearchState::of(outline, map)) {
+    : outline_(outline), map_(map), folder_(folder), state_(SearchState::of(outline, map)),
+      texts_(outline) {
     for (std::size_t page = 1; page < state_.pages.size(); ++page) {
         if (map_.hasPage(static_cast<int>(page))) {
             pages_.push_back(page);
@@ -144,15 +145,16 @@ bool SearchData::update(const SearchState& before) {
 }
 
 void SearchData::packAll() {
-    texts_ = textsOf(pages_);
+    const Texts& texts = texts_.all();
     SearchIndex index;
-    const SearchTexts packing(texts_, index, [&](std::size_t page) {
+    const SearchTexts packing(texts, index, [&](std::size_t page) {
         if (page > 0 && map_.hasPage(static_cast<int>(page))) {
+            texts_.make(page);
             addHeadings(index, page);
         }
     });
     std::vector<TextsFile> files;
-    for (std::size_t page = 1; page < texts_.size(); ++page) {
+    for (std::size_t page = 1; page < texts.size(); ++page) {
         const Text packed = packing.packed(page);
         if (files.empty() || files.back().size() + packed.size() > TextsFile::usualSize) {
             files.emplace_back();
@@ -165,13 +167,19 @@ void SearchData::packAll() {
     }
     made_.table = packing.table();
     state_.split = packing.split();
-    std::vector<IndexPiece> pieces = index.pieces(texts_.size() - 1);
+    std::vector<IndexPiece> pieces = index.pieces(texts.size() - 1);
     state_.wordFiles = pieces.size();
     for (std::size_t i = 0; i < pieces.size(); ++i) {
         made_.firstWords.push_back(pieces[i].first);
         made_.pieces[i] = std::move(pieces[i]);
     }
     changed_ = pages_;
+}
+
+void SearchData::shareWork() {
+    if (isPacked_.valid()) {
+        texts_.makeFromEnd(pages_);
+    }
 }
 
 void SearchData::finish() {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "model/TopicOutline.h"
+#include "web/PlainTexts.h"
 #include "web/SearchIndex.h"
 #include "web/SearchState.h"
 #include "web/SiteFolder.h"
@@ -21,6 +22,9 @@ public:
 
     /// A number that is another one when the text of a page is.
     std::uint64_t hashOf(int page) const { return state_.pages[static_cast<std::size_t>(page)]; }
+
+    /// Does a part of what the other thread has begun, where that is much.
+    void shareWork();
 
     /// Adds the files to the folder.
     void addTo(SiteFolder& folder);
@@ -48,7 +52,7 @@ private:
     SearchState state_;
     std::vector<std::size_t> pages_;   ///< all that there are
     std::vector<std::size_t> changed_; ///< those that differ from what is in the folder
-    Texts texts_;
+    PlainTexts texts_;
     Made made_;
     std::future<bool> isUpdated_;
     std::future<void> isPacked_;

@@ -67,6 +67,8 @@ public:
         folder_.add(Text(memoryPlace), memory.format());
     }
 
+    void shareSearch() { search_.shareWork(); }
+
     void addSearch() { search_.addTo(folder_); }
 
     /// To be called when all is known that pages and style name.
@@ -178,6 +180,7 @@ SiteReport generateSite(const Project& project, const SiteRequest& request) {
     SiteFolder folder(request.folder, request.isClean);
     const Project copy = repaired(project, report.text);
     SiteRun run(copy, request, folder);
+    run.shareSearch();
     run.addStyle();
     run.addPages();
     run.addSources();
