@@ -2,6 +2,7 @@
 
 #include <charconv>
 
+#include "platform/ContentsHash.h"
 #include "platform/Version.h"
 #include "web/Assets.h"
 #include "web/NumberTable.h"
@@ -17,7 +18,7 @@ constexpr TextView title = "What the search of this web site was made of\n";
 constexpr std::uint64_t form = 3; ///< to be changed when the files of a search are made otherwise
 
 std::uint64_t joined(std::uint64_t hash, TextView text) {
-    return hashOf(hash + hashOf(text));
+    return hashOf(hash + platform::contentsHash(text));
 }
 
 void appendNumbers(Text& text, const auto& numbers) {

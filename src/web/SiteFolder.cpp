@@ -4,6 +4,7 @@
 
 #include "generate/GeneratedFile.h"
 #include "model/PagePath.h"
+#include "platform/ContentsHash.h"
 #include "platform/FileState.h"
 #include "platform/Files.h"
 #include "text/Path.h"
@@ -41,8 +42,9 @@ std::error_code exchange(const fs::path& path, TextView contents) {
 
 } // namespace
 
-SiteFolder::SiteFolder(fs::path folder, bool isClean)
-    : folder_(std::move(folder)), isClean_(isClean), before_(folder_) {
+SiteFolder::SiteFolder(fs::path folder, const SiteList& list, bool isClean)
+    : folder_(std::move(folder)), isClean_(isClean), before_(list) {
+    before_.wait();
     isNewKey(listPlace);
     if (isClean) {
         for (const SiteList::Line& line : before_.lines()) {
@@ -117,12 +119,18 @@ bool SiteFolder::isThere(const Text& place) {
     return there_.contains(model::pageKey(place));
 }
 
+bool SiteFolder::isAsWritten(TextView place) const {
+    const SiteList::Line* const line = isClean_ ? nullptr : before_.find(place);
+    return line != nullptr && line->isAsWritten;
+}
+
 std::optional<Text> SiteFolder::contentsOf(const Text& place) const {
-    const SiteEntry* const listed = before_.find(place);
+    const SiteList::Line* const listed = before_.find(place);
     std::string contents;
     const bool isRead =
         !isClean_ && listed != nullptr && !platform::readFile(pathOf(place), contents);
-    return isRead && contents.size() == listed->size && hashOf(contents) == listed->hash
+    return isRead && contents.size() == listed->entry.size
+                   && platform::contentsHash(contents) == listed->entry.hash
                ? std::optional(std::move(contents))
                : std::nullopt;
 }
@@ -162,9 +170,9 @@ void SiteFolder::claim() {
 }
 
 void SiteFolder::write(File& file) {
-    const SiteEntry* const found = before_.find(file.place);
-    const SiteEntry listed = found != nullptr ? *found : SiteEntry();
-    SiteEntry entry = {hashOf(file.contents), file.contents.size()};
+    const SiteList::Line* const found = before_.find(file.place);
+    const SiteEntry listed = found != nullptr ? found->entry : SiteEntry();
+    SiteEntry entry = {platform::contentsHash(file.contents), file.contents.size()};
     std::error_code error;
     if (!file.source.empty()) { // one that has the same time and size is the same
         const auto facts = platform::fileFacts(file.source);
@@ -210,7 +218,7 @@ std::error_code SiteFolder::writeContents(const File& file, const fs::path& path
 /// One that somebody has changed since is theirs.
 void SiteFolder::remove(const SiteList::Line& line) {
     const fs::path path = pathOf(line.place);
-    if (!before_.isAsWritten(line.place) || platform::leadsOutOf(folder_, path)) {
+    if (!line.isAsWritten || platform::leadsOutOf(folder_, path)) {
         return;
     }
     std::error_code error;

@@ -19,8 +19,8 @@ namespace web {
 /// and files of others are never touched.
 class SiteFolder {
 public:
-    /// Reads the list. With `isClean`, nothing counts as written before.
-    SiteFolder(std::filesystem::path folder, bool isClean);
+    /// With `isClean`, nothing counts as written before. The list, of this folder, is not owned.
+    SiteFolder(std::filesystem::path folder, const SiteList& list, bool isClean);
 
     /// A file of the site, for writeAdded().
     void add(text::Text place, text::Text contents);
@@ -29,7 +29,7 @@ public:
     void addCopy(text::Text place, std::filesystem::path source);
 
     /// Whether a file is there as the last run wrote it, as far as time and size tell.
-    bool isAsWritten(text::TextView place) const { return !isClean_ && before_.isAsWritten(place); }
+    bool isAsWritten(text::TextView place) const;
 
     /// What the last run wrote into a file; nothing when anything else is there.
     std::optional<text::Text> contentsOf(const text::Text& place) const;
@@ -74,7 +74,7 @@ private:
 
     std::filesystem::path folder_;
     bool isClean_;
-    SiteList before_;
+    const SiteList& before_;
     std::vector<File> files_;
     std::set<text::Text> claimed_; ///< what this run may write, and the last one did not
     SiteList::Entries now_;

@@ -4,8 +4,8 @@
 #include <charconv>
 
 #include "model/PagePath.h"
-#include "platform/FileState.h"
 #include "platform/Files.h"
+#include "platform/FolderFacts.h"
 
 namespace web {
 
@@ -31,18 +31,21 @@ bool takeNumber(TextView& line, Number& number) {
 
 } // namespace
 
-SiteList::SiteList(const fs::path& folder) {
+SiteList::SiteList(fs::path folder)
+    : isRead_(std::async([this, place = std::move(folder)] { read(place); })) {}
+
+void SiteList::read(const fs::path& folder) {
     const bool isThere = !platform::readFile(model::pagePath(folder, listPlace), list_);
     isForeign_ = isThere && !list_.starts_with(title);
     if (isThere && !isForeign_) {
-        read(list_);
-        isLooked_ = std::async([this, folder] { lookAtFiles(folder); });
+        readLines();
+        lookAtFiles(folder);
     }
 }
 
 /// The list may come from anywhere: it must not name files outside of the folder.
-void SiteList::read(TextView list) {
-    while (!list.empty()) {
+void SiteList::readLines() {
+    for (TextView list = list_; !list.empty();) {
         const std::size_t end = std::min(list.find('\n'), list.size());
         TextView line = list.substr(0, end);
         list.remove_prefix(std::min(end + 1, list.size()));
@@ -56,24 +59,19 @@ void SiteList::read(TextView list) {
 }
 
 void SiteList::lookAtFiles(const fs::path& folder) {
+    const platform::FolderFacts files(folder);
+    Text place;
     for (Line& line : lines_) {
-        const auto facts = platform::fileFacts(model::pagePath(folder, line.place));
+        place = line.place;
+        const auto facts = files.of(place);
         line.isAsWritten =
             facts && facts->size == line.entry.size && facts->written.count() == line.entry.time;
     }
 }
 
-const SiteEntry* SiteList::find(TextView place) const {
+const SiteList::Line* SiteList::find(TextView place) const {
     const auto number = numbers_.find(place);
-    return number ? &lines_[*number].entry : nullptr;
-}
-
-bool SiteList::isAsWritten(TextView place) const {
-    const auto number = numbers_.find(place);
-    if (number) {
-        isLooked_.wait();
-    }
-    return number && lines_[*number].isAsWritten;
+    return number ? &lines_[*number] : nullptr;
 }
 
 bool SiteList::isSame(const Entries& entries) const {

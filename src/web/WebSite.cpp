@@ -177,8 +177,9 @@ SiteReport generateSite(const Project& project, const SiteRequest& request) {
     SiteReport report;
     append(report.text, "Output to:", lineBreak, text::displayText(frontPage(request.folder)),
            lineBreak);
-    SiteFolder folder(request.folder, request.isClean);
+    const auto list = request.list ? request.list : std::make_shared<SiteList>(request.folder);
     const Project copy = repaired(project, report.text);
+    SiteFolder folder(request.folder, *list, request.isClean);
     SiteRun run(copy, request, folder);
     run.shareSearch();
     run.addStyle();

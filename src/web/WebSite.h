@@ -1,7 +1,10 @@
 #pragma once
 
+#include <memory>
+
 #include "model/FileFailure.h"
 #include "model/Project.h"
+#include "web/SiteList.h"
 
 namespace web {
 
@@ -9,6 +12,9 @@ struct SiteRequest {
     std::filesystem::path folder;        ///< a full path; made where it is missing
     std::filesystem::path programFolder; ///< has the program's pictures
     bool isClean = false;                ///< what earlier runs wrote is removed first
+
+    /// Of the folder, where somebody has begun to read it while the project was loaded.
+    std::shared_ptr<const SiteList> list = nullptr;
 };
 
 struct SiteReport {

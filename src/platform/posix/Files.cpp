@@ -14,6 +14,7 @@
 #include "platform/InPlace.h"
 #include "platform/UnfinishedFile.h"
 #include "platform/posix/Permissions.h"
+#include "platform/posix/Status.h"
 
 namespace platform {
 namespace {
@@ -97,12 +98,6 @@ std::error_code requireRegular(const struct stat& status) {
         return failure(std::errc::is_a_directory);
     }
     return S_ISREG(status.st_mode) ? std::error_code() : failure(std::errc::not_supported);
-}
-
-FileFacts factsOf(const struct stat& status) {
-    return {status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size),
-            std::chrono::seconds(status.st_mtim.tv_sec)
-                + std::chrono::nanoseconds(status.st_mtim.tv_nsec)};
 }
 
 /// Whether what is written here would arrive under another name, too.
