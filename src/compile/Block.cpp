@@ -7,6 +7,7 @@
 #include "compile/LzxEncoder.h"
 #include "compile/LzxFormat.h"
 #include "compile/TreeCode.h"
+#include "text/CodeLengths.h"
 
 namespace compile {
 
@@ -61,9 +62,9 @@ private:
 };
 
 BlockCode::BlockCode(const Statistics& statistics, const Lengths& before) {
-    assignLengths(statistics.main, longestInMain, lengths_.main);
-    assignLengths(statistics.length, longestInMain, lengths_.length);
-    assignLengths(statistics.aligned, longestInAligned, aligned_);
+    text::assignLengths(statistics.main, longestInMain, lengths_.main);
+    text::assignLengths(statistics.length, longestInMain, lengths_.length);
+    text::assignLengths(statistics.aligned, longestInAligned, aligned_);
     trees_.push_back(partOf(before, lengths_, 0, firstTreePart));
     trees_.push_back(partOf(before, lengths_, firstTreePart, mainSymbols - firstTreePart));
     trees_.emplace_back(before.length, lengths_.length);

@@ -2,15 +2,8 @@
 
 #include <cstdint>
 #include <span>
-#include <vector>
 
 namespace compile {
-
-/// Lengths of a code for symbols of known frequencies, 0 for those that do not occur; none is
-/// longer than `limit`. The code is complete, as readers insist: where one symbol occurs alone,
-/// another gets a code, too.
-void assignLengths(std::span<const std::uint32_t> frequencies, unsigned limit,
-                   std::span<std::uint8_t> lengths);
 
 /// The codes that readers derive from the lengths: shorter ones first, then in the symbols' order.
 void assignCodes(std::span<const std::uint8_t> lengths, std::span<std::uint16_t> codes);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "compile/HuffmanCode.h"
+#include "text/CodeLengths.h"
 
 namespace compile {
 
@@ -47,7 +48,7 @@ TreeCode::TreeCode(std::span<const std::uint8_t> before, std::span<const std::ui
         }
         i += run;
     }
-    assignLengths(frequencies_, longestInTree, lengths_);
+    text::assignLengths(frequencies_, longestInTree, lengths_);
 }
 
 void TreeCode::add(unsigned symbol, std::size_t extra, unsigned extraBits) {

@@ -8,7 +8,7 @@
 #include <random>
 #include <thread>
 
-#include "compile/HuffmanCode.h"
+#include "text/CodeLengths.h"
 
 using namespace compile;
 
@@ -155,7 +155,7 @@ TEST(Huffman, CodesAreCompleteAndWithinTheLimit) {
                  {{1, 65535, 2, 0}, 7}};
     for (const auto& each : cases) {
         std::vector<std::uint8_t> lengths(each.frequencies.size());
-        assignLengths(each.frequencies, each.limit, lengths);
+        text::assignLengths(each.frequencies, each.limit, lengths);
         std::uint32_t used = 0;
         for (std::size_t i = 0; i < lengths.size(); ++i) {
             EXPECT_LE(lengths[i], each.limit);
