@@ -5,7 +5,7 @@ cmake_minimum_required(VERSION 3.25)
 set(source "#include \"web/Assets.h\"\n\nnamespace web {\n\n")
 
 # embed(NAME FILE...): the files one after the other, without what only people read: comments that
-# are lines of their own, and what lines begin with.
+# are lines of their own, what lines begin with and where most end, and blanks in styles.
 function(embed name)
   set(literals "")
   foreach(file IN LISTS ARGN)
@@ -14,6 +14,11 @@ function(embed name)
     string(REGEX REPLACE "\n//[^\n]*" "" text "${text}")
     string(REGEX REPLACE "\n/\\*[^*]*\\*/" "" text "${text}")
     string(REGEX REPLACE "\n\n+" "\n" text "${text}")
+    if(file MATCHES "css$")
+      string(REGEX REPLACE "([{},:;]) +" "\\1" text "${text}")
+      string(REGEX REPLACE " +([{}])" "\\1" text "${text}")
+    endif()
+    string(REGEX REPLACE "([{,;])\n" "\\1" text "${text}")
     string(HEX "${text}" bytes)
     string(REGEX REPLACE "(..)" "\\\\x\\1" bytes "${bytes}")
     string(APPEND literals "\n    \"${bytes}\"")

@@ -1,34 +1,23 @@
 // The search: words in the index are found by their beginnings, several words in quotes as they
 // stand. Only those pieces are loaded that a question needs.
-const plainLetters = { "\u00df": "ss", "\u00e6": "ae", "\u00f0": "d", "\u00f8": "o", "\u00fe": "th", "\u0111": "d", "\u0131": "i", "\u0142": "l", "\u0153": "oe", "\u03c2": "\u03c3" };
+const plainLetters = { "\xdf": "ss", "\xe6": "ae", "\xf0": "d", "\xf8": "o", "\xfe": "th", "\u0111": "d", "\u0131": "i", "\u0142": "l", "\u0153": "oe", "\u03c2": "\u03c3" };
 // As the program that made the index does it.
 function fold(text) {
-  text = text.toLowerCase().replace(/['\u2019\u00ad]/g, "");
+  text = text.toLowerCase().replace(/['\u2019\xad]/g, "");
   if (/^[ -~]*$/.test(text)) return text;
   return text.normalize("NFKD").replace(/[\u0300-\u036f\u0591-\u05bd\u05bf\u05c1\u05c2\u05c7\u064b-\u065f\u0670]/g, "")
-    .replace(/[\u00df\u00e6\u00f0\u00f8\u00fe\u0111\u0131\u0142\u0153\u03c2]/g, letter => plainLetters[letter]).normalize("NFC");
+    .replace(/[^ -~]/g, letter => plainLetters[letter] ?? letter).normalize("NFC");
 }
 
-// Reads numbers and letters.
+// Reads bits: each letter holds 16 of them, or 15 if it is one of the first.
 class Packed {
-  constructor(text, alone, pairs) { Object.assign(this, { text, alone, pairs, at: 0 }); }
-  get more() { return this.at < this.text.length; }
-  symbol() {
-    const code = this.text.charCodeAt(this.at++);
-    return code - 32 - (code > 34) - (code > 92);
-  }
-  number() {
-    const first = this.symbol();
-    if (first < this.alone) return first;
-    const second = this.symbol();
-    if (first < this.alone + this.pairs) return this.alone + (first - this.alone) * 93 + second;
-    return this.alone + this.pairs * 93 + ((first - this.alone - this.pairs) * 93 + second) * 93 + this.symbol();
-  }
-  letters(count) { return this.text.slice(this.at, this.at += count); }
+  constructor(text, codes) { Object.assign(this, { text, codes, at: 0, left: 0, group: 0 }); }
   bit() {
     if (!this.left) {
-      this.group = this.symbol() * 93 + this.symbol();
-      this.left = 13;
+      const letter = this.text.charCodeAt(this.at++);
+      this.group = letter - (letter < 0xe000 ? 128 : 2176);
+      this.left = this.group < 2176 ? 15 : 16;
+      if (this.left > 15) this.group += 2176;
     }
     return this.group >> --this.left & 1;
   }
@@ -37,35 +26,62 @@ class Packed {
     while (count--) number = number * 2 + this.bit();
     return number;
   }
+  gamma() {
+    let length = 0;
+    while (!this.bit()) length++;
+    return 2 ** length + this.bits(length);
+  }
+  rice(usual) {
+    let high = 0;
+    while (this.bit()) high++;
+    return high * 2 ** usual + this.bits(usual);
+  }
+  // One of those with codes of one bit, of two...
+  of(lengths) {
+    let code = 0;
+    for (const all of lengths) {
+      code = code * 2 + this.bit();
+      if (code < all.length) return all[code];
+      code -= all.length;
+    }
+  }
+  // A word that begins so.
+  word(word) {
+    for (;;) {
+      const all = this.codes[""], behind = this.codes[word.slice(-1) || "\x01"] ?? all;
+      let letter = this.of(behind);
+      if (letter === "\0" && behind !== all) letter = this.of(all);
+      if (letter === "\x01") return word;
+      word += letter === "\0" ? String.fromCharCode(this.bits(16)) : letter;
+    }
+  }
+  // One that shares its beginning with the one before.
+  next(before) { return this.word(before.slice(0, this.rice(2))); }
   // [page, weight] of each page that has a word.
   pages(all) {
-    let length = 0, usual = 0;
-    while (!this.bit()) length++;
-    let count = 2 ** length + this.bits(length);
+    let count = this.gamma(), usual = 0;
     while (count * 2 ** (usual + 1) <= all) usual++;
     const pages = [], often = this.bit(), isAlone = count === 1;
     for (let page = 0; count--;) {
-      let high = 0;
-      while (this.bit()) high++;
-      page += high * 2 ** usual + this.bits(usual) + 1;
+      page += this.rice(usual) + 1;
       pages.push([page, 1 + (often && (isAlone || this.bit()))]);
     }
     return pages;
-  }
-  // A word that shares its beginning with the one before.
-  word(before) {
-    const both = this.symbol();
-    const [shared, others] = both < 81 ? [both / 9 | 0, both % 9 + 1] : [this.number(), this.number()];
-    return before.slice(0, shared) + this.letters(others);
   }
 }
 
 let search = null; // the directory, and what was made of the pieces
 function openSearch() {
-  return search ??= load("search", "search0").then(directory => {
+  return search ??= load("search").then(directory => {
     const { letters, joined } = directory;
+    const codes = {};
+    for (const code of directory.codes.split("\t")) {
+      const [before, ...lengths] = code.split("\n");
+      codes[before] = lengths;
+    }
     return Object.assign(directory, {
-      wordRule: `[${joined}]+|(?:(?![${joined}])[${letters}])+(?:['\u2019\u00ad](?:(?![${joined}])[${letters}])+)*`,
+      codes,
+      wordRule: `[${joined}]+|(?:(?![${joined}])[${letters}])+(?:['\u2019\xad](?:(?![${joined}])[${letters}])+)*`,
       runRule: new RegExp(`^[${joined}]`, "u"), wordStart: new RegExp(`^(?![${joined}])[${letters}]`, "u"), wordEnd: new RegExp(`(?![${joined}])[${letters}]$`, "u"),
       pieces: [], pages: [], flat: [], titles: []
     });
@@ -74,13 +90,9 @@ function openSearch() {
 
 async function wordsOf(s, piece) {
   if (s.pieces[piece]) return s.pieces[piece];
-  const [spelled, pages] = await load("words/" + piece, "words" + piece);
-  const reader = new Packed(spelled, s.splits[0], s.splits[1]), bits = new Packed(pages);
+  const bits = new Packed(await load("words/" + piece), s.codes);
   const words = [];
-  for (let word = ""; reader.more;) {
-    word = reader.word(word);
-    words.push([word, bits.pages(s.count)]);
-  }
+  for (let word = bits.next(""); word; word = bits.next(word)) words.push([word, bits.pages(s.count)]);
   return s.pieces[piece] = words;
 }
 
@@ -146,47 +158,54 @@ async function textOf(s, page) {
   if (s.pages[page] !== undefined) return s.pages[page];
   let file = s.texts.length - 1;
   while (s.texts[file] > page) file--;
-  const [table, packed] = await Promise.all([openParts(s), load("texts/" + file, "texts" + file)]);
-  return s.pages[page] = unpacked(s, table, packed[page - s.texts[file]]);
+  const [table, packed] = await Promise.all([openParts(s), load("texts/" + file)]);
+  if (s.pages[page] !== undefined) return s.pages[page];
+  const bits = new Packed(packed, s.codes);
+  const next = s.texts[file + 1] ?? s.count + 1;
+  for (let each = s.texts[file]; each < next; each++) s.pages[each] = unpacked(s, table, bits);
+  return s.pages[page];
 }
-const openParts = s => s.table ??= load("parts", "parts0").then(text => {
-  const reader = new Packed(text, s.splits[2], s.splits[3]);
-  const table = [[""], [""]];
-  for (let tier = 0; tier < 3; tier++) {
-    let part = "";
-    for (let count = reader.number(); count--;) {
-      part = reader.word(part);
-      table.push([part, s.wordStart.test(part), s.wordEnd.test(part)]);
-    }
-    for (let count = reader.number(); count--;) table.push([null, reader.number(), reader.number()]);
-  }
-  const join = number => {
-    const part = table[number];
-    if (part[0] !== null) return part;
-    const one = join(part[1]), other = join(part[2]);
-    return table[number] = [one[0] + (one[2] && other[1] ? " " : "") + other[0], one[1], other[2]];
-  };
-  table.forEach((part, number) => join(number));
+const openParts = s => s.table ??= load("parts").then(packed => {
+  const bits = new Packed(packed, s.codes);
+  const counts = Array.from({ length: bits.gamma() }, () => [bits.gamma() - 1, bits.gamma() - 1]);
+  const table = counts.map(([spelled, joined]) => {
+    const parts = [];
+    while (parts.length < spelled + joined) parts.push({});
+    return parts;
+  });
+  counts.forEach(([spelled], length) => {
+    let text = "";
+    for (const part of table[length].slice(0, spelled)) part.text = text = bits.next(text);
+  });
+  counts.forEach(([spelled], length) => {
+    for (const part of table[length].slice(spelled)) Object.assign(part, { one: bits.of(table), other: bits.of(table) });
+  });
   return table;
 });
-function unpacked(s, table, packed) {
-  const reader = new Packed(packed, s.splits[2], s.splits[3]);
-  let text = "", isBehindWord = false, isCapital = false;
-  while (reader.more) {
-    const number = reader.number();
-    if (number === 1) { isCapital = true; continue; }
-    let [part, beginsWord, endsWord] = table[number];
-    if (number === 0) {
-      part = reader.letters(reader.number());
-      beginsWord = s.wordStart.test(part);
-      endsWord = s.wordEnd.test(part);
+// Finds out about a part what is not known before it is used.
+function filled(s, part) {
+  if (part.starts === undefined) {
+    if (part.one) {
+      const one = filled(s, part.one), other = filled(s, part.other);
+      part.text = one.text + (one.ends && other.starts ? " " : "") + other.text;
     }
-    if (isCapital) part = part[0].toUpperCase() + part.slice(1);
-    text += beginsWord && isBehindWord ? " " + part : part;
-    isBehindWord = endsWord;
+    part.starts = s.wordStart.test(part.text);
+    part.ends = s.wordEnd.test(part.text);
+  }
+  return part;
+}
+function unpacked(s, table, bits) {
+  let text = "", isBehindWord = false, isCapital = false;
+  for (;;) {
+    let part = bits.of(table);
+    if (part.text === "\x02") return text;
+    if (part.text === "\x01") { isCapital = true; continue; }
+    part = filled(s, part.text === "\0" ? { text: bits.word("") } : part);
+    const word = isCapital ? part.text[0].toUpperCase() + part.text.slice(1) : part.text;
+    text += part.starts && isBehindWord ? " " + word : word;
+    isBehindWord = part.ends;
     isCapital = false;
   }
-  return text;
 }
 
 // Whether a page really has what the index cannot tell: words that follow each other.
@@ -196,20 +215,14 @@ async function holds(s, page, part) {
 }
 const flatTitle = (s, page) => s.titles[page] ??= flatText(s, topics[page][1]);
 
-// The pages that answer a question, the best first.
+// The pages that may answer a question, the best first, and what they must hold.
 async function find(question) {
   const s = await openSearch();
   await loadTopics();
   const parts = partsOf(s, question);
-  if (!parts.length) return { parts, pages: [] };
   const scores = await Promise.all(parts.map(async part => {
     const last = part.units.length - 1;
-    let found = both(await Promise.all(part.units.map((unit, i) => pagesOfUnit(s, unit, !(part.isOpen && i === last)))));
-    if (last > 0 || part.units[0].run?.length > 2) {
-      const pages = [...found.keys()];
-      const held = await Promise.all(pages.map(page => holds(s, page, part)));
-      found = new Map(pages.filter((page, i) => held[i]).map(page => [page, found.get(page)]));
-    }
+    const found = both(await Promise.all(part.units.map((unit, i) => pagesOfUnit(s, unit, !(part.isOpen && i === last)))));
     const rarity = Math.log(1 + topics.length / (1 + found.size));
     for (const [page, weight] of found) {
       const title = flatTitle(s, page);
@@ -219,8 +232,21 @@ async function find(question) {
     }
     return found;
   }));
-  const pages = [...both(scores)].sort((a, b) => b[1] - a[1] || a[0] - b[0]).map(([page]) => page);
-  return { parts, pages };
+  const others = parts.length ? [...both(scores)].sort((a, b) => b[1] - a[1] || a[0] - b[0]).map(([page]) => page) : [];
+  const rows = parts.filter(part => part.units.length > 1 || part.units[0].run?.length > 2);
+  return { s, parts, rows, pages: rows.length ? [] : others.splice(0), others };
+}
+
+// Looks into texts until so many pages answer a question, or there are no others: those of a row
+// of frequent words are many, and nobody looks at most of them.
+async function confirm({ s, rows, pages, others }, count, isWanted) {
+  for (let looked = 0; pages.length < count && others.length && isWanted();) {
+    const step = Math.ceil(Math.min((count - pages.length) * (looked + 1) / (pages.length + 1), looked + count));
+    const some = others.splice(0, step);
+    looked += step;
+    const held = await Promise.all(some.map(async page => (await Promise.all(rows.map(part => holds(s, page, part)))).every(Boolean)));
+    pages.push(...some.filter((page, i) => held[i]));
+  }
 }
 
 // Where a text has words of a question: [start, end, part].
@@ -254,12 +280,14 @@ function marked(text, places, start, end) {
   return [...nodes, text.slice(start, end)];
 }
 
+const stops = ".!?\u3002\uff01\uff1f";
+const sentenceRule = RegExp(`[^\\n${stops}]+(?:[${stops}]+(?!\\s)[^\\n${stops}]+)*[${stops}]*`, "g");
 // The sentence of a page that answers best.
 async function sentence(s, page, parts) {
   const text = await textOf(s, page);
   const places = placesIn(s, text, parts);
   let best = [0, 0, -1];
-  for (const { 0: piece, index } of text.matchAll(/[^\n.!?\u3002\uff01\uff1f]+(?:[.!?\u3002\uff01\uff1f]+(?!\s)[^\n.!?\u3002\uff01\uff1f]+)*[.!?\u3002\uff01\uff1f]*/g)) {
+  for (const { 0: piece, index } of text.matchAll(sentenceRule)) {
     const end = index + piece.length;
     const count = new Set(places.filter(([from, to]) => from >= index && to <= end).map(place => place[2])).size;
     if (count > best[2]) best = [index, end, count];

@@ -1,22 +1,18 @@
 // What a page does when it is open: this file holds what the others share. They become one, behind
 // the labels that are shown to the reader.
 const root = new URL("../", document.currentScript.src).href;
-const waiting = {};
 
 // Data files call this: scripts are all that a page may load from a disk.
-window.topicsmith = (what, value, number = "") => {
-  for (const take of waiting[what + number] || []) take(value);
-  waiting[what + number] = value;
-};
+window.topicsmith = value => document.currentScript.take(value);
 
 const loading = {};
 // The value of a data file, loaded once.
-function load(path, key) {
+function load(path) {
   return loading[path] ??= new Promise((done, failed) => {
-    waiting[key] = [done];
     const script = document.createElement("script");
     script.src = root + "site/" + path + ".js";
     script.charset = "utf-8";
+    script.take = done;
     script.onerror = () => { delete loading[path]; failed(new Error(path)); };
     document.head.append(script);
   });
@@ -24,7 +20,7 @@ function load(path, key) {
 
 let topics = [];
 // [depth, title, address] by position, from 1.
-const loadTopics = () => load("contents", "contents").then(list => {
+const loadTopics = () => load("contents").then(list => {
   topics = [null, ...list];
   return topics;
 });

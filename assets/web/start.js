@@ -18,7 +18,7 @@ function makeSide() {
   };
 
   const tabs = {}, panels = {};
-  const makers = { contents: makeTree, index: makeIndex, results: panel => panel.replaceChildren() };
+  const makers = { contents: makeTree, index: makeIndex, results() {} };
   const names = { contents: labels.contents, index: labels.index, results: labels.results };
   const strip = make("div.ts-tabs", { role: "tablist", "aria-label": ways });
   side.append(strip);
@@ -61,29 +61,32 @@ function makeSide() {
     }
     if (kept.get("tab") !== "results") before = kept.get("tab", "contents");
     choose("results");
-    const found = await find(question).catch(() => null);
-    if (number !== asked) return;
-    hits.replaceChildren();
     if (!panels.results.contains(hits)) panels.results.replaceChildren(count, hits);
-    if (!found) {
+    const fail = () => {
+      if (number !== asked) return;
+      hits.replaceChildren();
       count.textContent = labels.noSearch;
-      return;
-    }
-    count.textContent = labels.results + ": " + found.pages.length;
-    showMore(question, found.parts, found.pages, 0);
+    };
+    return find(question).then(found => showMore(question, found, 0, number)).catch(fail);
   };
   // The sentences come when the reader does not go on typing: who does shall not wait for theirs.
-  const showMore = (question, parts, pages, from) => {
-    const number = asked, pause = new Promise(done => setTimeout(done, 120));
-    for (const page of pages.slice(from, from + shown)) {
+  const showMore = async (question, found, from, number) => {
+    const end = from + shown, isWanted = () => number === asked;
+    await confirm(found, end + 1, isWanted);
+    if (!isWanted()) return;
+    const { s, parts, pages, others } = found;
+    if (from) hits.lastChild.remove(); else hits.replaceChildren();
+    count.textContent = labels.results + ": " + pages.length + (others.length ? "+" : "");
+    const pause = new Promise(done => setTimeout(done, 200));
+    for (const page of pages.slice(from, end)) {
       const text = make("span");
       const title = topics[page][1];
       hits.append(make("li", {}, make("a", { href: addressOf(page) + "?find=" + encodeURIComponent(question) }, make("b", {}, title), text)));
-      pause.then(openSearch).then(s => number === asked ? sentence(s, page, parts) : []).then(nodes => text.replaceChildren(...nodes));
+      pause.then(() => isWanted() ? sentence(s, page, parts) : []).then(nodes => text.replaceChildren(...nodes));
     }
-    if (from + shown < pages.length) {
+    if (end < pages.length) {
       const more = make("button.ts-more", { type: "button" }, labels.more);
-      more.addEventListener("click", () => { more.parentElement.remove(); showMore(question, parts, pages, from + shown); });
+      more.addEventListener("click", () => { more.disabled = true; showMore(question, found, end, number); });
       hits.append(make("li", {}, more));
     }
   };
@@ -142,7 +145,7 @@ async function markFound(question) {
 
 // The page that an application asks for by a number or a name.
 async function openContext(number, name) {
-  const [numbers, names] = await load("contexts", "contexts");
+  const [numbers, names] = await load("contexts");
   await loadTopics();
   const value = /^\s*(0x[0-9a-f]+|[0-9]+)\s*$/i.test(number ?? "") ? String(Number(number)) : number?.trim().toLowerCase();
   const position = numbers[value] ?? names[name?.trim().toLowerCase()];

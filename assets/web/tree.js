@@ -86,7 +86,7 @@ function makeTree(panel) {
 }
 
 async function makeIndex(panel) {
-  const keywords = await load("keywords", "keywords");
+  const keywords = await load("keywords");
   const filter = make("input", { type: "search", placeholder: labels.filter, "aria-label": labels.filter });
   const list = make("ul.ts-index");
   const show = () => {

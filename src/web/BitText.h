@@ -1,23 +1,29 @@
 #pragma once
 
-#include "web/Symbols.h"
+#include <cstdint>
+
+#include "text/Text.h"
 
 namespace web {
 
-/// Bits as text in scripts: 13 for each two symbols.
+/// Bits as letters of UTF-16, two bytes each, for scripts: 15 bits make one of the first letters,
+/// and 16 one of the others. The letters have no halves of characters and nothing of ASCII.
+struct BitLetters {
+    static constexpr std::size_t shortOnes = 2176; ///< letters of 15 bits
+    static constexpr std::size_t first = 0x80;
+    static constexpr std::size_t halves = 0xD800;
+    static constexpr std::size_t behindHalves = 0xE000;
+};
+
 class BitText {
 public:
     void append(bool bit) { append(bit ? 1U : 0U, 1); }
 
-    /// The last bits of a number, which has no others; less than 32 of them.
+    /// The last bits of a number, which has no others; less than 33 of them.
     void append(std::size_t number, unsigned bits) {
         value_ = value_ << bits | number;
-        for (count_ += bits; count_ >= groupSize;) {
-            count_ -= groupSize;
-            const std::size_t group = value_ >> count_;
-            appendSymbol(text_, group / symbolCount);
-            appendSymbol(text_, group % symbolCount);
-            value_ &= (std::size_t(1) << count_) - 1;
+        for (count_ += bits; count_ >= longest;) {
+            appendLetter(value_ >> (count_ - longest));
         }
     }
 
@@ -43,25 +49,39 @@ public:
     /// With as many zeros behind as are needed.
     text::Text take() {
         if (count_ > 0) {
-            append(0, groupSize - count_);
+            append(0, longest - count_);
         }
+        value_ = 0;
+        count_ = 0;
         return std::move(text_);
     }
 
-    std::size_t size() const { return text_.size(); }
-
-    static constexpr unsigned groupSize = 13;
+    std::size_t size() const { return text_.size(); } ///< in bytes, of whole letters
 
 private:
+    static constexpr unsigned longest = 16;
+
+    void appendLetter(std::size_t group) {
+        const bool isShort = group >> 1U < BitLetters::shortOnes;
+        std::size_t letter = isShort ? group >> 1U : group - BitLetters::shortOnes;
+        letter += BitLetters::first;
+        letter += letter < BitLetters::halves ? 0 : BitLetters::behindHalves - BitLetters::halves;
+        constexpr std::size_t byte = 0x100;
+        text_ += static_cast<char>(letter % byte);
+        text_ += static_cast<char>(letter / byte);
+        count_ -= isShort ? longest - 1 : longest;
+        value_ &= (std::uint64_t(1) << count_) - 1;
+    }
+
     text::Text text_;
-    std::size_t value_ = 0;
+    std::uint64_t value_ = 0;
     unsigned count_ = 0;
 };
 
 /// Takes such numbers off a text. Behind its end, all bits are 1, which ends every number.
 class BitReader {
 public:
-    explicit BitReader(text::TextView text) : symbols_(text, {}) {}
+    explicit BitReader(text::TextView text) : text_(text) {}
 
     std::size_t takeBits(unsigned bits) {
         std::size_t number = 0;
@@ -99,14 +119,27 @@ private:
     static std::size_t mask(unsigned bits) { return (std::size_t(1) << bits) - 1; }
 
     void fill() {
-        left_ = BitText::groupSize;
-        isBehind_ = symbols_.atEnd();
-        group_ = symbols_.takeSymbol() * symbolCount;
-        group_ += symbols_.takeSymbol();
-        group_ = isBehind_ ? mask(left_) : group_;
+        constexpr unsigned longest = 16;
+        constexpr unsigned byte = 8;
+        left_ = longest;
+        isBehind_ = text_.size() < 2;
+        if (isBehind_) {
+            group_ = mask(longest);
+            return;
+        }
+        std::size_t letter = static_cast<unsigned char>(text_[0])
+                             | std::size_t(static_cast<unsigned char>(text_[1])) << byte;
+        text_.remove_prefix(2);
+        letter -= letter < BitLetters::halves ? 0 : BitLetters::behindHalves - BitLetters::halves;
+        group_ = letter - BitLetters::first;
+        if (group_ < BitLetters::shortOnes) {
+            --left_;
+        } else {
+            group_ += BitLetters::shortOnes;
+        }
     }
 
-    SymbolReader symbols_;
+    text::TextView text_;
     std::size_t group_ = 0;
     unsigned left_ = 0;
     bool isBehind_ = false;

@@ -1,35 +1,32 @@
 #pragma once
 
-#include "web/Symbols.h"
+#include "web/LetterCode.h"
 
 namespace web {
 
 /// Writes words that follow each other in the order of the alphabet: how many letters each shares
-/// with the one before, how many others it has, and those. Both lengths are one symbol where they
-/// are small.
+/// with the one before, and the others. An empty word ends them.
 class FrontCoder {
 public:
-    explicit FrontCoder(SymbolSplit split) : split_(split) {}
+    /// Counts the letters that append() would write.
+    void count(LetterCounts& counts, text::TextView word);
 
-    /// The word before must be there still.
-    void append(text::Text& out, text::TextView word);
+    void append(BitText& bits, const LetterCode& code, text::TextView word);
 
 private:
-    SymbolSplit split_;
-    text::TextView before_;
+    std::size_t goOn(text::TextView word);
+
+    Letters word_;
 };
 
 /// Reads them again.
 class FrontDecoder {
 public:
-    /// The next word; it stays until the next call.
-    const text::Text& take(SymbolReader& reader);
+    /// The next word.
+    text::Text take(BitReader& bits, const LetterCode& code);
 
 private:
-    text::Text word_;
+    Letters word_;
 };
-
-/// How long a text is for a script, which counts units of UTF-16.
-std::size_t scriptLength(text::TextView utf8);
 
 } // namespace web

@@ -4,7 +4,7 @@
 
 #include "generate/TopicPage.h"
 #include "platform/Memory.h"
-#include "web/SearchTexts.h"
+#include "web/PackedScript.h"
 #include "web/SearchUpdate.h"
 #include "web/SiteData.h"
 #include "workshop/WordLetters.h"
@@ -34,12 +34,6 @@ Text ranges(std::span<const workshop::LetterRange> letters) {
     return text;
 }
 
-Text call(TextView what, std::size_t number, TextView value) {
-    Text text = "topicsmith(\"";
-    append(text, what, "\",", value, ",", std::to_string(number), ");\n");
-    return text;
-}
-
 } // namespace
 
 Text wordsPlace(std::size_t number) {
@@ -48,11 +42,6 @@ Text wordsPlace(std::size_t number) {
 
 Text textsPlace(std::size_t number) {
     return "site/texts/" + std::to_string(number) + ".js";
-}
-
-void TextsFile::append(TextView packed) {
-    text::append(values_, values_.empty() ? "" : ",\n", scriptText(packed));
-    size_ += packed.size();
 }
 
 SearchData::SearchData(const model::TopicOutline& outline, const SiteMap& map,
@@ -135,11 +124,10 @@ bool SearchData::update(const SearchState& before) {
         if (!update.replace(changed_, index, texts)) {
             return false;
         }
-        made_ = {update.firstWords(), update.pieces(), update.textFiles(), {}};
+        made_ = {update.letterCode(), update.firstWords(), update.pieces(), update.textFiles(), {}};
     }
     state_.changes = before.changes + changed_.size();
     state_.wordFiles = before.wordFiles;
-    state_.split = before.split;
     state_.firstPages = before.firstPages;
     return true;
 }
@@ -153,27 +141,43 @@ void SearchData::packAll() {
             addHeadings(index, page);
         }
     });
-    std::vector<TextsFile> files;
-    for (std::size_t page = 1; page < texts.size(); ++page) {
-        const Text packed = packing.packed(page);
-        if (files.empty() || files.back().size() + packed.size() > TextsFile::usualSize) {
-            files.emplace_back();
-            state_.firstPages.push_back(page);
-        }
-        files.back().append(packed);
+    const std::vector<SearchIndex::Term> terms = index.terms();
+    LetterCounts counts;
+    packing.countLetters(counts);
+    FrontCoder coder;
+    for (const auto& [word, postings] : terms) {
+        coder.count(counts, word);
     }
-    for (std::size_t i = 0; i < files.size(); ++i) {
-        made_.textFiles[i] = files[i].values();
-    }
-    made_.table = packing.table();
-    state_.split = packing.split();
-    std::vector<IndexPiece> pieces = index.pieces(texts.size() - 1);
+    const LetterCode letters(counts);
+    made_.letterCode = letters.format();
+    made_.table = packing.table(letters);
+    packTexts(packing, letters);
+    std::vector<IndexPiece> pieces = SearchIndex::pieces(terms, texts.size() - 1, letters);
     state_.wordFiles = pieces.size();
     for (std::size_t i = 0; i < pieces.size(); ++i) {
         made_.firstWords.push_back(pieces[i].first);
         made_.pieces[i] = std::move(pieces[i]);
     }
     changed_ = pages_;
+}
+
+void SearchData::packTexts(const SearchTexts& packing, const LetterCode& letters) {
+    const Texts& texts = texts_.all();
+    constexpr std::size_t usualRatio = 5; // of a text to what it is packed
+    BitText file;
+    for (std::size_t page = 1; page < texts.size(); ++page) {
+        if (page == 1
+            || file.size() + texts[page].size() / usualRatio > SearchTexts::usualFileSize) {
+            if (page > 1) {
+                made_.textFiles[state_.firstPages.size() - 1] = file.take();
+            }
+            state_.firstPages.push_back(page);
+        }
+        packing.pack(page, letters, file);
+    }
+    if (!state_.firstPages.empty()) {
+        made_.textFiles[state_.firstPages.size() - 1] = file.take();
+    }
 }
 
 void SearchData::shareWork() {
@@ -191,7 +195,8 @@ void SearchData::finish() {
 }
 
 Text SearchData::directory() const {
-    Text value = "{letters:" + scriptText(ranges(workshop::wordLetters()))
+    Text value = "topicsmith({codes:" + scriptText(made_.letterCode)
+                 + ",\nletters:" + scriptText(ranges(workshop::wordLetters()))
                  + ",\njoined:" + scriptText(ranges(workshop::joinedScripts())) + ",\nwords:[";
     for (const Text& word : made_.firstWords) {
         append(value, &word == &made_.firstWords.front() ? "" : ",", scriptText(word));
@@ -200,11 +205,7 @@ Text SearchData::directory() const {
     for (const std::size_t& page : state_.firstPages) {
         append(value, &page == &state_.firstPages.front() ? "" : ",", std::to_string(page));
     }
-    constexpr SymbolSplit words = PieceWriter::split;
-    append(value, "],\nsplits:[", std::to_string(words.alone), ",", std::to_string(words.pairs));
-    append(value, ",", std::to_string(state_.split.alone), ",", std::to_string(state_.split.pairs),
-           "]}");
-    return value;
+    return value += "]});\n";
 }
 
 void SearchData::addTo(SiteFolder& folder) {
@@ -212,25 +213,23 @@ void SearchData::addTo(SiteFolder& folder) {
     if (changed_.empty()) {
         folder.keep(Text(searchPlace));
     } else {
-        folder.add(Text(searchPlace), call("search", 0, directory()));
+        folder.add(Text(searchPlace), directory());
     }
     if (made_.table) {
-        folder.add(Text(partsPlace), call("parts", 0, scriptText(*made_.table)));
+        folder.add(Text(partsPlace), packedScript(*made_.table));
     } else {
         folder.keep(Text(partsPlace));
     }
     for (std::size_t i = 0; i < state_.wordFiles; ++i) {
         if (const auto piece = made_.pieces.find(i); piece != made_.pieces.end()) {
-            folder.add(wordsPlace(i), call("words", i,
-                                           "[" + scriptText(piece->second.words) + ",\n"
-                                               + scriptText(piece->second.pages) + "]"));
+            folder.add(wordsPlace(i), packedScript(piece->second.bits));
         } else {
             folder.keep(wordsPlace(i));
         }
     }
     for (std::size_t i = 0; i < state_.firstPages.size(); ++i) {
         if (const auto file = made_.textFiles.find(i); file != made_.textFiles.end()) {
-            folder.add(textsPlace(i), call("texts", i, file->second));
+            folder.add(textsPlace(i), packedScript(file->second));
         } else {
             folder.keep(textsPlace(i));
         }

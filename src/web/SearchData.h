@@ -7,6 +7,7 @@
 #include "web/PlainTexts.h"
 #include "web/SearchIndex.h"
 #include "web/SearchState.h"
+#include "web/SearchTexts.h"
 #include "web/SiteFolder.h"
 #include "web/SiteMap.h"
 
@@ -32,6 +33,7 @@ public:
 private:
     using Texts = std::vector<text::Text>; ///< by page
     struct Made {                          ///< in files by their numbers
+        text::Text letterCode;
         std::vector<text::Text> firstWords;
         std::map<std::size_t, IndexPiece> pieces;
         std::map<std::size_t, text::Text> textFiles;
@@ -43,6 +45,7 @@ private:
     bool differsLittle(const SearchState& before);
     bool update(const SearchState& before);
     void packAll();
+    void packTexts(const SearchTexts& packing, const LetterCode& letters);
     void finish();
     text::Text directory() const;
 
@@ -56,20 +59,6 @@ private:
     Made made_;
     std::future<bool> isUpdated_;
     std::future<void> isPacked_;
-};
-
-/// The packed texts of some pages that follow each other.
-class TextsFile {
-public:
-    void append(text::TextView packed);
-    std::size_t size() const { return size_; }
-    text::Text values() const { return "[" + values_ + "]"; }
-
-    static constexpr std::size_t usualSize = 2500;
-
-private:
-    std::size_t size_ = 0;
-    text::Text values_;
 };
 
 // Where the files are.

@@ -100,10 +100,10 @@ void SearchIndex::count(std::uint32_t term, std::size_t page, std::uint32_t weig
 /// Whether any page has the word often, the distances from page to page, and for each page whether
 /// that one has it often, unless it is known.
 void PieceWriter::append(TextView word, const Postings& postings) {
-    if (piece_.words.empty()) {
-        piece_.first = word;
+    if (first_.empty()) {
+        first_ = word;
     }
-    coder_.append(piece_.words, word);
+    coder_.append(bits_, code_, word);
     const unsigned usual = usualBits(postings.size(), pageCount_);
     bits_.appendGamma(postings.size());
     const auto isOften = [](const Posting& posting) { return posting.weight >= oftenWeight; };
@@ -120,19 +120,18 @@ void PieceWriter::append(TextView word, const Postings& postings) {
 }
 
 IndexPiece PieceWriter::take() {
-    piece_.pages = bits_.take();
-    return std::move(piece_);
+    coder_.append(bits_, code_, {});
+    return {std::move(first_), bits_.take()};
 }
 
-std::optional<std::vector<IndexWord>> wordsOf(TextView words, TextView pages,
+std::optional<std::vector<IndexWord>> wordsOf(TextView text, const LetterCode& code,
                                               std::size_t pageCount) {
-    SymbolReader reader(words, PieceWriter::split);
-    BitReader bits(pages);
+    BitReader bits(text);
     FrontDecoder decoder;
     std::vector<IndexWord> all;
-    while (!reader.atEnd()) {
+    for (Text next = decoder.take(bits, code); !next.empty(); next = decoder.take(bits, code)) {
         IndexWord& word = all.emplace_back();
-        word.word = decoder.take(reader);
+        word.word = std::move(next);
         const std::size_t count = bits.takeGamma();
         if (count > pageCount) {
             return {};
@@ -165,13 +164,13 @@ std::vector<SearchIndex::Term> SearchIndex::terms() const {
     return sorted;
 }
 
-std::vector<IndexPiece> SearchIndex::pieces(std::size_t pageCount) const {
-    const std::vector<Term> sorted = terms();
+std::vector<IndexPiece> SearchIndex::pieces(const std::vector<Term>& terms, std::size_t pageCount,
+                                            const LetterCode& code) {
     std::vector<IndexPiece> pieces;
-    for (std::size_t i = 0; i < sorted.size();) {
-        PieceWriter writer(pageCount);
-        for (; i < sorted.size() && writer.size() < pieceSize; ++i) {
-            writer.append(sorted[i].first, *sorted[i].second);
+    for (std::size_t i = 0; i < terms.size();) {
+        PieceWriter writer(pageCount, code);
+        for (; i < terms.size() && writer.size() < pieceSize; ++i) {
+            writer.append(terms[i].first, *terms[i].second);
         }
         pieces.push_back(writer.take());
     }

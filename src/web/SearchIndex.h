@@ -4,7 +4,6 @@
 #include <optional>
 #include <vector>
 
-#include "web/BitText.h"
 #include "web/FrontCoder.h"
 #include "web/NumberTable.h"
 
@@ -20,28 +19,26 @@ using Postings = std::vector<Posting>;
 /// Words that follow each other in the order of the alphabet, and the pages that hold them.
 struct IndexPiece {
     text::Text first; ///< its first word
-    text::Text words; ///< as FrontCoder writes them
-    text::Text pages; ///< bits: for each word the count of its pages, and those
+    text::Text bits;  ///< for each word how FrontCoder writes it, the count of its pages, and those
 };
 
 /// Makes a piece of an index.
 class PieceWriter {
 public:
-    /// Of so many pages.
-    explicit PieceWriter(std::size_t pageCount) : pageCount_(pageCount) {}
+    /// Of so many pages; the code must outlive this.
+    PieceWriter(std::size_t pageCount, const LetterCode& code)
+        : pageCount_(pageCount), code_(code) {}
 
-    /// The word must be there still when the next one comes.
     void append(text::TextView word, const Postings& postings);
 
-    std::size_t size() const { return piece_.words.size() + bits_.size(); }
+    std::size_t size() const { return bits_.size(); }
     IndexPiece take();
-
-    static constexpr SymbolSplit split{68, 21};
 
 private:
     std::size_t pageCount_;
-    IndexPiece piece_;
-    FrontCoder coder_{split};
+    const LetterCode& code_;
+    text::Text first_;
+    FrontCoder coder_;
     BitText bits_;
 };
 
@@ -51,7 +48,7 @@ struct IndexWord {
 };
 
 /// The words of a piece; nothing when it was not made by a PieceWriter.
-std::optional<std::vector<IndexWord>> wordsOf(text::TextView words, text::TextView pages,
+std::optional<std::vector<IndexWord>> wordsOf(text::TextView bits, const LetterCode& code,
                                               std::size_t pageCount);
 
 /// Which pages hold which words, in pieces that follow each other in the order of the words.
@@ -65,13 +62,14 @@ public:
     /// which is its alone, is looked for once; PartJoiner::noNumber is none.
     void addWord(std::size_t page, text::TextView word, bool isRun, std::uint32_t number);
 
-    /// Of so many pages.
-    std::vector<IndexPiece> pieces(std::size_t pageCount) const;
-
     using Term = std::pair<text::TextView, const Postings*>;
     std::vector<Term> terms() const; ///< in the order of the alphabet
 
-    static constexpr std::size_t pieceSize = 8000;
+    /// Of so many pages; the words are all terms.
+    static std::vector<IndexPiece> pieces(const std::vector<Term>& terms, std::size_t pageCount,
+                                          const LetterCode& code);
+
+    static constexpr std::size_t pieceSize = 6000;
 
 private:
     static constexpr std::uint32_t noTerm = UINT32_MAX;

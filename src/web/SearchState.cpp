@@ -15,7 +15,7 @@ using text::TextView;
 namespace {
 
 constexpr TextView title = "What the search of this web site was made of\n";
-constexpr std::uint64_t form = 3; ///< to be changed when the files of a search are made otherwise
+constexpr std::uint64_t form = 4; ///< to be changed when the files of a search are made otherwise
 
 std::uint64_t joined(std::uint64_t hash, TextView text) {
     return hashOf(hash + platform::contentsHash(text));
@@ -62,15 +62,14 @@ SearchState SearchState::of(const model::TopicOutline& outline, const SiteMap& m
 
 Text SearchState::format() const {
     Text text(title);
-    appendNumbers(text,
-                  std::vector<std::uint64_t>{maker, changes, wordFiles, split.alone, split.pairs});
+    appendNumbers(text, std::vector<std::uint64_t>{maker, changes, wordFiles});
     appendNumbers(text, firstPages);
     appendNumbers(text, pages);
     return text;
 }
 
 std::optional<SearchState> SearchState::parse(TextView text) {
-    constexpr std::size_t numbers = 5;
+    constexpr std::size_t numbers = 3;
     SearchState state;
     std::vector<std::uint64_t> head;
     if (!text.starts_with(title)) {
@@ -84,9 +83,7 @@ std::optional<SearchState> SearchState::parse(TextView text) {
     state.maker = head[0];
     state.changes = head[1];
     state.wordFiles = head[2];
-    state.split = {head[3], head[4]};
-    return state.split.alone + state.split.pairs <= symbolCount ? std::optional(std::move(state))
-                                                                : std::nullopt;
+    return state;
 }
 
 } // namespace web

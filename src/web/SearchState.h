@@ -5,7 +5,6 @@
 
 #include "model/TopicOutline.h"
 #include "web/SiteMap.h"
-#include "web/Symbols.h"
 
 namespace web {
 
@@ -17,7 +16,6 @@ struct SearchState {
     std::uint64_t maker = 0;             ///< another one when the program makes other searches
     std::size_t changes = 0;             ///< pages packed anew since all were packed together
     std::size_t wordFiles = 0;           ///< how many files have words
-    SymbolSplit split;                   ///< of the texts
     std::vector<std::size_t> firstPages; ///< of each file of texts
     std::vector<std::uint64_t> pages;    ///< by position: a hash of what is searched
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <span>
 #include <utility>
 
 #include "text/Unicode.h"
@@ -15,7 +16,7 @@ using text::TextView;
 
 namespace {
 
-constexpr std::size_t mostParts = 17000; ///< in the table; all splits have numbers for them
+constexpr std::size_t mostParts = 17000; ///< in the table, which everybody loads who searches
 constexpr std::uint32_t often = 10;      ///< that a pair of parts becomes one
 
 /// Whether a part is worth a number: it has to stand in the table, too.
@@ -23,7 +24,8 @@ bool isWorthNumber(TextView part, std::size_t count) {
     constexpr std::size_t lengths = 2;
     constexpr std::size_t usualNumber = 2;
     const std::size_t inTable = part.size() * 2 / 3 + lengths;
-    return count * (part.size() + lengths) > inTable + count * usualNumber;
+    return !SearchTexts::isMark(part)
+           && count * (part.size() + lengths) > inTable + count * usualNumber;
 }
 
 } // namespace
@@ -205,112 +207,136 @@ void SearchTexts::foldCapitals() {
 }
 
 void SearchTexts::giveNumbers() {
+    std::size_t uses = 0;
+    std::size_t capitals = 0;
+    for (const std::vector<Use>& page : uses_) {
+        uses += page.size();
+        capitals += static_cast<std::size_t>(
+            std::count_if(page.begin(), page.end(), [](const Use& use) { return use.isCapital; }));
+    }
     for (std::uint32_t i = 0; i < parts_.size(); ++i) {
         if (isWorthNumber(parts_[i].text, parts_[i].count)) {
             numbered_.push_back(i);
         }
     }
-    std::sort(numbered_.begin(), numbered_.end(), [this](std::uint32_t a, std::uint32_t b) {
+    const auto isMoreFrequent = [this](std::uint32_t a, std::uint32_t b) {
         return parts_[a].count != parts_[b].count ? parts_[a].count > parts_[b].count
                                                   : isBefore(parts_[a].text, parts_[b].text);
-    });
-    numbered_.resize(std::min(numbered_.size(), mostParts));
-    chooseSplit();
-    for (const std::uint32_t part : numbered_) {
-        parts_[part].number = firstPart; // known to have one
-    }
-    // Within those of the same length, the order of the alphabet makes the table short.
-    const auto before = [this](std::uint32_t a, std::uint32_t b) {
-        const bool isFirst = isSpelled(a);
-        return isFirst != isSpelled(b) ? isFirst : isBefore(parts_[a].text, parts_[b].text);
     };
-    std::size_t start = 0;
-    for (const std::size_t number : {split_.belowTwo(), split_.belowThree(), split_.end()}) {
-        const std::size_t end = tierEnd(number);
-        std::sort(numbered_.begin() + static_cast<std::ptrdiff_t>(start),
-                  numbered_.begin() + static_cast<std::ptrdiff_t>(end), before);
-        start = end;
+    std::sort(numbered_.begin(), numbered_.end(), isMoreFrequent);
+    numbered_.resize(std::min(numbered_.size(), mostParts));
+    for (const std::uint32_t part : numbered_) {
+        uses -= parts_[part].count;
     }
-    for (std::size_t i = 0; i < numbered_.size(); ++i) {
-        Part& part = parts_[numbered_[i]];
-        part.number = firstPart + i;
-        appendNumber(part.symbols, part.number, split_);
+    literal_ = addMark(literal, uses);
+    capital_ = addMark(capital, capitals);
+    end_ = addMark(end, uses_.size());
+    for (const std::uint32_t mark : {literal_, capital_, end_}) {
+        numbered_.insert(std::upper_bound(numbered_.begin(), numbered_.end(), mark, isMoreFrequent),
+                         mark);
+    }
+    std::vector<std::uint32_t> frequencies;
+    for (const std::uint32_t part : numbered_) {
+        frequencies.push_back(static_cast<std::uint32_t>(parts_[part].count));
+        parts_[part].number = 0; // known to have one
+    }
+    code_ = PrefixCode::of(frequencies);
+    sortLengths();
+    for (std::uint32_t i = 0; i < numbered_.size(); ++i) {
+        parts_[numbered_[i]].number = i;
     }
 }
 
-/// Where in their order the parts end that have numbers below one.
-std::size_t SearchTexts::tierEnd(std::size_t number) const {
-    return std::min(number - firstPart, numbered_.size());
+std::uint32_t SearchTexts::addMark(TextView mark, std::size_t count) {
+    Part& part = parts_.emplace_back();
+    part.text = mark;
+    part.count = std::max<std::size_t>(count, 1);
+    return static_cast<std::uint32_t>(parts_.size() - 1);
+}
+
+/// Within those of the same length, the order of the alphabet makes the table short.
+void SearchTexts::sortLengths() {
+    auto first = numbered_.begin();
+    for (const std::size_t count : code_.counts()) {
+        const auto last = first + static_cast<std::ptrdiff_t>(count);
+        std::sort(first, last, [this](std::uint32_t a, std::uint32_t b) {
+            const bool isFirst = isSpelled(a);
+            return isFirst != isSpelled(b) ? isFirst : isBefore(parts_[a].text, parts_[b].text);
+        });
+        first = last;
+    }
 }
 
 bool SearchTexts::isSpelled(std::uint32_t part) const {
     const Part& known = parts_[part];
-    return !known.isJoined || parts_[known.one].number == 0 || parts_[known.other].number == 0;
+    return !known.isJoined || parts_[known.one].number == noNumber
+           || parts_[known.other].number == noNumber;
 }
 
-/// The one with which the texts are shortest. As few symbols as possible are left for numbers of
-/// three.
-void SearchTexts::chooseSplit() {
-    constexpr std::size_t fewest = 20;
-    const std::size_t threes = numbered_.size() < mostParts / 2 ? 1 : 2;
-    const std::size_t most = symbolCount - threes - 1;
-    std::vector<std::size_t> usesBefore = {0}; // of all parts before one
-    for (const std::uint32_t part : numbered_) {
-        usesBefore.push_back(usesBefore.back() + parts_[part].count);
-    }
-    const auto usesBelow = [&](std::size_t number) {
-        return usesBefore[std::min(number - firstPart, numbered_.size())];
-    };
-    std::size_t mostSaved = 0;
-    for (std::size_t alone = fewest; alone <= most; ++alone) {
-        const SymbolSplit split{alone, symbolCount - threes - alone};
-        const std::size_t saved = usesBelow(split.belowTwo()) + usesBelow(split.belowThree());
-        if (saved > mostSaved) {
-            mostSaved = saved;
-            split_ = split;
-        }
-    }
-}
-
-Text SearchTexts::table() const {
-    Text table;
-    std::size_t start = 0;
-    for (const std::size_t number : {split_.belowTwo(), split_.belowThree(), split_.end()}) {
-        const auto first = numbered_.begin() + static_cast<std::ptrdiff_t>(start);
-        const auto last = numbered_.begin() + static_cast<std::ptrdiff_t>(tierEnd(number));
+/// Calls a function with the parts of each length: those that are spelled, and the others.
+template <typename Function>
+void SearchTexts::forLengths(const Function& function) const {
+    std::span<const std::uint32_t> rest = numbered_;
+    for (const std::size_t count : code_.counts()) {
+        const auto parts = rest.first(count);
         const auto joined = std::partition_point(
-            first, last, [this](std::uint32_t part) { return isSpelled(part); });
-        FrontCoder coder(split_);
-        appendNumber(table, static_cast<std::size_t>(joined - first), split_);
-        for (auto part = first; part != joined; ++part) {
-            coder.append(table, parts_[*part].text);
-        }
-        appendNumber(table, static_cast<std::size_t>(last - joined), split_);
-        for (auto part = joined; part != last; ++part) {
-            appendNumber(table, parts_[parts_[*part].one].number, split_);
-            appendNumber(table, parts_[parts_[*part].other].number, split_);
-        }
-        start = tierEnd(number);
+            parts.begin(), parts.end(), [this](std::uint32_t part) { return isSpelled(part); });
+        const auto spelled = static_cast<std::size_t>(joined - parts.begin());
+        function(parts.first(spelled), parts.subspan(spelled));
+        rest = rest.subspan(count);
     }
-    return table;
 }
 
-Text SearchTexts::packed(std::size_t page) const {
-    Text packed;
+void SearchTexts::countLetters(LetterCounts& counts) const {
+    forLengths([&](const auto& spelled, const auto&) {
+        FrontCoder coder;
+        for (const std::uint32_t part : spelled) {
+            coder.count(counts, parts_[part].text);
+        }
+    });
+    for (const Part& part : parts_) {
+        if (part.number == noNumber && part.count > 0) {
+            counts.add(lettersOf(part.text), 0, static_cast<std::uint32_t>(part.count));
+        }
+    }
+}
+
+Text SearchTexts::table(const LetterCode& letters) const {
+    BitText table;
+    table.appendGamma(code_.counts().size());
+    forLengths([&](const auto& spelled, const auto& joined) {
+        table.appendGamma(spelled.size() + 1);
+        table.appendGamma(joined.size() + 1);
+    });
+    forLengths([&](const auto& spelled, const auto&) {
+        FrontCoder coder;
+        for (const std::uint32_t part : spelled) {
+            coder.append(table, letters, parts_[part].text);
+        }
+    });
+    forLengths([&](const auto&, const auto& joined) {
+        for (const std::uint32_t part : joined) {
+            code_.append(table, parts_[parts_[part].one].number);
+            code_.append(table, parts_[parts_[part].other].number);
+        }
+    });
+    return table.take();
+}
+
+void SearchTexts::pack(std::size_t page, const LetterCode& letters, BitText& bits) const {
     for (const Use& use : uses_[page]) {
         const Part& part = parts_[use.part];
         if (use.isCapital) {
-            appendNumber(packed, capital, split_);
+            code_.append(bits, parts_[capital_].number);
         }
-        if (part.number != 0) {
-            packed += part.symbols;
+        if (part.number != noNumber) {
+            code_.append(bits, part.number);
         } else {
-            appendNumber(packed, literal, split_);
-            appendNumber(packed, scriptLength(part.text), split_);
-            packed += part.text;
+            code_.append(bits, parts_[literal_].number);
+            letters.append(bits, lettersOf(part.text), 0);
         }
     }
-    return packed;
+    code_.append(bits, parts_[end_].number);
 }
 
 } // namespace web

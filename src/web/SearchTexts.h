@@ -6,7 +6,6 @@
 
 #include "web/NumberTable.h"
 #include "web/SearchIndex.h"
-#include "web/Symbols.h"
 
 namespace web {
 
@@ -21,33 +20,42 @@ public:
     SearchTexts(const std::vector<text::Text>& texts, SearchIndex& index,
                 const std::function<void(std::size_t page)>& beforePage);
 
-    /// How the numbers are written.
-    SymbolSplit split() const { return split_; }
+    /// Counts the letters that are written.
+    void countLetters(LetterCounts& counts) const;
 
-    /// The parts with numbers from `firstPart`, first those whose numbers have one symbol, then
-    /// those of two and of three: a count, and as many as FrontCoder writes them; a count, and as
-    /// many pairs of numbers of other parts.
-    text::Text table() const;
+    /// The parts in the order of their numbers. First, how many lengths their bits have, and for
+    /// each of them, from the shortest, how many parts are spelled and how many are two others,
+    /// both with one more; then those that are spelled, for each length as FrontCoder writes them;
+    /// then the numbers of both parts of the others.
+    text::Text table(const LetterCode& letters) const;
 
-    /// A text as numbers.
-    text::Text packed(std::size_t page) const;
+    /// Appends a text as numbers, and its end.
+    void pack(std::size_t page, const LetterCode& letters, BitText& bits) const;
 
-    // Numbers that stand for no part.
-    static constexpr std::size_t literal = 0; ///< a length and as many letters follow
-    static constexpr std::size_t capital = 1; ///< the next word begins with a capital
-    static constexpr std::size_t firstPart = 2;
+    // What stands for no part, in the table.
+    static constexpr text::TextView literal{"\0", 1}; ///< letters that are spelled follow
+    static constexpr text::TextView capital{"\1", 1}; ///< the next part begins with a capital
+    static constexpr text::TextView end{"\2", 1};     ///< of a text
 
-    static constexpr int rounds = 10; ///< in which parts that follow each other become one
+    static bool isMark(text::TextView part) {
+        return part.size() == 1 && part.front() <= end.front();
+    }
+
+    /// In bytes, of a file with the texts of pages that follow each other.
+    static constexpr std::size_t usualFileSize = 1600;
+
+    static constexpr int rounds = 6; ///< in which parts that follow each other become one
 
 private:
+    static constexpr std::uint32_t noNumber = UINT32_MAX; ///< of one that is spelled in texts
+
     struct Part {
         text::TextView text;
         bool beginsWord = false;
         bool endsWord = false;
         std::size_t count = 0;
-        std::size_t number = 0; ///< 0 for one that is written as it stands
-        text::Text symbols;     ///< of the number
-        bool isJoined = false;  ///< of two others
+        std::uint32_t number = noNumber;
+        bool isJoined = false; ///< of two others
         std::uint32_t one = 0;
         std::uint32_t other = 0;
     };
@@ -72,16 +80,21 @@ private:
     std::uint32_t joinedPart(std::uint32_t one, std::uint32_t other);
     void foldCapitals();
     void giveNumbers();
-    void chooseSplit();
+    std::uint32_t addMark(text::TextView mark, std::size_t count);
+    void sortLengths();
     bool isSpelled(std::uint32_t part) const;
-    std::size_t tierEnd(std::size_t number) const;
+    template <typename Function>
+    void forLengths(const Function& function) const;
 
     std::deque<text::Text> joined_; ///< texts of parts that are in no text as they stand
     std::vector<Part> parts_;
     NumberTable<text::TextView> partOfText_;
     std::vector<std::vector<Use>> uses_;  ///< by page
     std::vector<std::uint32_t> numbered_; ///< parts in the order of their numbers
-    SymbolSplit split_{60, 29};
+    PrefixCode code_;                     ///< of the numbers
+    std::uint32_t literal_ = 0;
+    std::uint32_t capital_ = 0;
+    std::uint32_t end_ = 0;
 };
 
 /// Whether a word begins with a capital that its other spelling can stand for.

@@ -2,9 +2,10 @@
 
 #include <algorithm>
 
+#include "web/PackedScript.h"
 #include "web/SearchData.h"
+#include "web/SearchTexts.h"
 #include "web/SiteData.h"
-#include "web/TextPacker.h"
 
 namespace web {
 
@@ -13,7 +14,7 @@ using text::TextView;
 
 bool SearchUpdate::replace(const std::vector<std::size_t>& pages, const SearchIndex& index,
                            const std::vector<Text>& texts) {
-    if (!readWords() || !replaceTexts(pages, texts)) {
+    if (!readLetters() || !readWords() || !replaceTexts(pages, texts)) {
         return false;
     }
     removePages(pages);
@@ -21,13 +22,24 @@ bool SearchUpdate::replace(const std::vector<std::size_t>& pages, const SearchIn
     return writeWords();
 }
 
+/// The first text of the directory.
+bool SearchUpdate::readLetters() {
+    const auto script = folder_.contentsOf(Text(searchPlace));
+    const std::vector<Text> texts = script ? scriptTexts(*script) : std::vector<Text>();
+    auto letters = texts.empty() ? std::nullopt : LetterCode::parse(texts.front());
+    if (!letters) {
+        return false;
+    }
+    letterCode_ = texts.front();
+    letters_ = std::move(*letters);
+    return true;
+}
+
 bool SearchUpdate::readWords() {
     for (std::size_t i = 0; i < state_.wordFiles; ++i) {
         const auto script = folder_.contentsOf(wordsPlace(i));
-        const std::vector<Text> texts = script ? scriptTexts(*script) : std::vector<Text>();
-        constexpr std::size_t expected = 3; // what it is, words, pages
-        auto words = texts.size() == expected ? wordsOf(texts[1], texts[2], state_.pages.size() - 1)
-                                              : std::nullopt;
+        const auto bits = script ? bitsIn(*script) : std::nullopt;
+        auto words = bits ? wordsOf(*bits, letters_, state_.pages.size() - 1) : std::nullopt;
         if (!words || words->empty()) {
             return false;
         }
@@ -80,7 +92,7 @@ bool SearchUpdate::writeWords() {
         if (!file.isChanged) {
             continue;
         }
-        PieceWriter writer(state_.pages.size() - 1);
+        PieceWriter writer(state_.pages.size() - 1, letters_);
         for (const IndexWord& word : file.words) {
             writer.append(word.word, word.postings);
         }
@@ -92,15 +104,43 @@ bool SearchUpdate::writeWords() {
     return true;
 }
 
+/// A file of texts with some of its pages' texts replaced.
+std::optional<Text> SearchUpdate::replaced(std::size_t file, const TextPacker& packer,
+                                           const std::vector<std::size_t>& pages,
+                                           const std::vector<Text>& texts) const {
+    const auto script = folder_.contentsOf(textsPlace(file));
+    const auto bits = script ? bitsIn(*script) : std::nullopt;
+    if (!bits) {
+        return {};
+    }
+    const std::vector<std::size_t>& firsts = state_.firstPages;
+    const std::size_t end = file + 1 < firsts.size() ? firsts[file + 1] : state_.pages.size();
+    BitReader old(*bits);
+    BitText made;
+    for (std::size_t page = firsts[file]; page < end; ++page) {
+        if (std::binary_search(pages.begin(), pages.end(), page)) {
+            BitText nowhere;
+            packer.copy(old, nowhere);
+            packer.pack(texts[page], made);
+        } else {
+            packer.copy(old, made);
+        }
+    }
+    constexpr std::size_t most = 4 * SearchTexts::usualFileSize; // texts pack less with old numbers
+    if (old.isBehind() || (made.size() > most && end - firsts[file] > 1)) {
+        return {};
+    }
+    return made.take();
+}
+
 bool SearchUpdate::replaceTexts(const std::vector<std::size_t>& pages,
                                 const std::vector<Text>& texts) {
     const auto script = folder_.contentsOf(Text(partsPlace));
-    const std::vector<Text> table = script ? scriptTexts(*script) : std::vector<Text>();
-    if (table.size() != 2) {
+    const auto table = script ? bitsIn(*script) : std::nullopt;
+    const TextPacker packer(table.value_or(TextView()), letters_);
+    if (!packer.isReady()) {
         return false;
     }
-    const TextPacker packer(table[1], state_.split);
-    std::map<std::size_t, std::vector<Text>> files; // behind what they are
     const std::vector<std::size_t>& firsts = state_.firstPages;
     for (const std::size_t page : pages) {
         const auto behind = std::upper_bound(firsts.begin(), firsts.end(), page);
@@ -108,26 +148,13 @@ bool SearchUpdate::replaceTexts(const std::vector<std::size_t>& pages,
             return false;
         }
         const auto file = static_cast<std::size_t>(behind - firsts.begin()) - 1;
-        if (!files.contains(file)) {
-            const auto old = folder_.contentsOf(textsPlace(file));
-            files[file] = old ? scriptTexts(*old) : std::vector<Text>();
+        if (!textFiles_.contains(file)) {
+            auto made = replaced(file, packer, pages, texts);
+            if (!made) {
+                return false;
+            }
+            textFiles_[file] = std::move(*made);
         }
-        const std::size_t at = page - firsts[file] + 1;
-        if (at >= files[file].size()) {
-            return false;
-        }
-        files[file][at] = packer.packed(texts[page]);
-    }
-    for (const auto& [file, packed] : files) {
-        TextsFile made;
-        for (auto text = packed.begin() + 1; text != packed.end(); ++text) {
-            made.append(*text);
-        }
-        constexpr std::size_t most = 4 * TextsFile::usualSize; // texts pack less with old numbers
-        if (made.size() > most && packed.size() > 2) {
-            return false;
-        }
-        textFiles_[file] = made.values();
     }
     return true;
 }

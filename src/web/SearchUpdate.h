@@ -3,6 +3,7 @@
 #include "web/SearchIndex.h"
 #include "web/SearchState.h"
 #include "web/SiteFolder.h"
+#include "web/TextPacker.h"
 
 namespace web {
 
@@ -21,6 +22,7 @@ public:
     bool replace(const std::vector<std::size_t>& pages, const SearchIndex& index,
                  const std::vector<text::Text>& texts);
 
+    const text::Text& letterCode() const { return letterCode_; }
     const std::vector<text::Text>& firstWords() const { return firstWords_; }
 
     /// The files of words and texts that are others now: numbers, and what they hold.
@@ -33,14 +35,20 @@ private:
         bool isChanged = false;
     };
 
+    bool readLetters();
     bool readWords();
     void removePages(const std::vector<std::size_t>& pages);
     void addWords(const SearchIndex& index);
     bool writeWords();
+    std::optional<text::Text> replaced(std::size_t file, const TextPacker& packer,
+                                       const std::vector<std::size_t>& pages,
+                                       const std::vector<text::Text>& texts) const;
     bool replaceTexts(const std::vector<std::size_t>& pages, const std::vector<text::Text>& texts);
 
     const SiteFolder& folder_;
     const SearchState& state_;
+    text::Text letterCode_;
+    LetterCode letters_;
     std::vector<File> files_;
     std::vector<text::Text> firstWords_;
     std::map<std::size_t, IndexPiece> pieces_;

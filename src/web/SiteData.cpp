@@ -102,7 +102,7 @@ std::vector<Text> scriptTexts(TextView script) {
 }
 
 Text contentsData(const model::TopicOutline& outline, const SiteMap& map) {
-    Text data = "topicsmith(\"contents\",[";
+    Text data = "topicsmith([";
     for (int position = 1; position <= map.count(); ++position) {
         const SitePage& page = map.at(position);
         append(data, position > 1 ? ",\n" : "\n", "[", std::to_string(outline.depth(position)), ",",
@@ -116,7 +116,7 @@ Text contentsData(const model::TopicOutline& outline, const SiteMap& map) {
 }
 
 Text keywordsData(const std::vector<Keyword>& keywords) {
-    Text data = "topicsmith(\"keywords\",[";
+    Text data = "topicsmith([";
     bool isFirst = true;
     for (const Keyword& keyword : keywords) {
         append(data, isFirst ? "\n" : ",\n", "[", scriptText(keyword.text));
@@ -144,7 +144,7 @@ Text contextsData(const model::TopicOutline& outline, const SiteMap& map) {
             names.emplace(text::lowerCase(topic.contextId), position);
         }
     }
-    Text data = "topicsmith(\"contexts\",[{";
+    Text data = "topicsmith([{";
     appendContexts(data, numbers);
     data += "},{";
     appendContexts(data, names);

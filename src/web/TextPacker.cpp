@@ -11,7 +11,6 @@ using text::TextView;
 
 namespace {
 
-constexpr int tiers = 3;
 constexpr unsigned halfOfPair = 32;
 
 std::uint64_t pairOf(std::size_t one, std::size_t other) {
@@ -20,29 +19,56 @@ std::uint64_t pairOf(std::size_t one, std::size_t other) {
 
 } // namespace
 
-TextPacker::TextPacker(TextView table, SymbolSplit split) : split_(split) {
-    SymbolReader reader(table, split);
-    std::size_t number = SearchTexts::firstPart;
-    for (int tier = 0; tier < tiers; ++tier) {
+TextPacker::TextPacker(TextView table, const LetterCode& letters) : letters_(letters) {
+    struct Counts {
+        std::size_t spelled;
+        std::size_t joined;
+    };
+    BitReader bits(table);
+    std::vector<Counts> counts;
+    std::vector<std::size_t> sums;
+    for (std::size_t lengths = bits.takeGamma(); lengths > 0 && !bits.isBehind(); --lengths) {
+        const std::size_t spelled = bits.takeGamma() - 1;
+        const std::size_t joined = bits.takeGamma() - 1;
+        counts.push_back({spelled, joined});
+        sums.push_back(spelled + joined);
+    }
+    if (bits.isBehind()) {
+        return;
+    }
+    code_ = PrefixCode(std::move(sums));
+    std::size_t number = 0;
+    for (const auto [spelled, joined] : counts) {
         FrontDecoder decoder;
-        for (std::size_t count = reader.takeNumber(); count > 0 && !reader.atEnd(); --count) {
-            if (spelled_.numberOf(kept_.emplace_back(decoder.take(reader))).isNew) {
-                numberOfSpelled_.push_back(number);
+        for (std::size_t i = 0; i < spelled; ++i) {
+            if (spelled_.numberOf(kept_.emplace_back(decoder.take(bits, letters))).isNew) {
+                numberOfSpelled_.push_back(number + i);
             }
-            ++number;
         }
-        for (std::size_t count = reader.takeNumber(); count > 0 && !reader.atEnd(); --count) {
-            const std::size_t one = reader.takeNumber();
-            if (pairs_.numberOf(pairOf(one, reader.takeNumber())).isNew) {
+        number += spelled + joined;
+    }
+    number = 0;
+    for (const auto [spelled, joined] : counts) {
+        number += spelled;
+        for (std::size_t i = 0; i < joined; ++i, ++number) {
+            const std::size_t one = code_.take(bits);
+            if (pairs_.numberOf(pairOf(one, code_.take(bits))).isNew) {
                 numberOfPair_.push_back(number);
             }
-            ++number;
         }
     }
+    literal_ = markOf(SearchTexts::literal);
+    capital_ = markOf(SearchTexts::capital);
+    end_ = markOf(SearchTexts::end);
+}
+
+std::size_t TextPacker::markOf(TextView mark) const {
+    return numberOfSpelled_[spelled_.find(mark).value_or(0)];
 }
 
 TextPacker::Use TextPacker::useOf(TextView part) const {
-    if (const auto found = spelled_.find(part)) {
+    const bool isMark = SearchTexts::isMark(part);
+    if (const auto found = isMark ? std::nullopt : spelled_.find(part)) {
         return {numberOfSpelled_[*found], false, part};
     }
     if (isCapitalised(part)) {
@@ -52,12 +78,12 @@ TextPacker::Use TextPacker::useOf(TextView part) const {
             return {numberOfSpelled_[*found], true, part};
         }
     }
-    return {SearchTexts::literal, false, part};
+    return {literal_, false, part};
 }
 
 void TextPacker::joinPairs(std::vector<Use>& uses) const {
-    const auto isPlain = [](const Use& use) {
-        return use.number != SearchTexts::literal && !use.isCapital;
+    const auto isPlain = [this](const Use& use) {
+        return use.number != literal_ && !use.isCapital;
     };
     std::size_t size = 0;
     for (std::size_t i = 0; i < uses.size(); ++i) {
@@ -73,7 +99,7 @@ void TextPacker::joinPairs(std::vector<Use>& uses) const {
     uses.resize(size);
 }
 
-Text TextPacker::packed(TextView text) const {
+void TextPacker::pack(TextView text, BitText& bits) const {
     std::vector<Use> uses;
     PartScanner scanner(text);
     while (scanner.next()) {
@@ -82,18 +108,31 @@ Text TextPacker::packed(TextView text) const {
     for (int round = 0; round < SearchTexts::rounds; ++round) {
         joinPairs(uses);
     }
-    Text packed;
     for (const Use& use : uses) {
         if (use.isCapital) {
-            appendNumber(packed, SearchTexts::capital, split_);
+            code_.append(bits, capital_);
         }
-        appendNumber(packed, use.number, split_);
-        if (use.number == SearchTexts::literal) {
-            appendNumber(packed, scriptLength(use.text), split_);
-            packed += use.text;
+        code_.append(bits, use.number);
+        if (use.number == literal_) {
+            letters_.append(bits, lettersOf(use.text), 0);
         }
     }
-    return packed;
+    code_.append(bits, end_);
+}
+
+void TextPacker::copy(BitReader& from, BitText& bits) const {
+    for (std::size_t number = literal_; number != end_ && !from.isBehind();) {
+        number = code_.take(from);
+        if (number >= code_.size()) {
+            return;
+        }
+        code_.append(bits, number);
+        if (number == literal_) {
+            Letters word;
+            letters_.take(from, word);
+            letters_.append(bits, word, 0);
+        }
+    }
 }
 
 } // namespace web

@@ -3,18 +3,24 @@
 #include <deque>
 #include <vector>
 
-#include "web/NumberTable.h"
-#include "web/Symbols.h"
+#include "web/LetterCode.h"
 
 namespace web {
 
 /// Packs further texts with the numbers that SearchTexts gave to the parts of others.
 class TextPacker {
 public:
-    /// What SearchTexts::table() returned, which must outlive this.
-    TextPacker(text::TextView table, SymbolSplit split);
+    /// What SearchTexts::table() returned; the code must outlive this.
+    TextPacker(text::TextView table, const LetterCode& letters);
 
-    text::Text packed(text::TextView text) const;
+    /// Whether there was such a table.
+    bool isReady() const { return code_.size() > 0; }
+
+    /// Appends a text as SearchTexts does.
+    void pack(text::TextView text, BitText& bits) const;
+
+    /// Takes a packed text, and appends it as it is.
+    void copy(BitReader& from, BitText& bits) const;
 
 private:
     /// A part with its number; one without is written as it stands.
@@ -24,15 +30,20 @@ private:
         text::TextView text;
     };
 
+    std::size_t markOf(text::TextView mark) const;
     Use useOf(text::TextView part) const;
     void joinPairs(std::vector<Use>& uses) const;
 
-    SymbolSplit split_;
+    const LetterCode& letters_;
+    PrefixCode code_;
     std::deque<text::Text> kept_;
     NumberTable<text::TextView> spelled_;
     std::vector<std::size_t> numberOfSpelled_;
     NumberTable<std::uint64_t> pairs_;
     std::vector<std::size_t> numberOfPair_;
+    std::size_t literal_ = 0;
+    std::size_t capital_ = 0;
+    std::size_t end_ = 0;
 };
 
 } // namespace web

@@ -60,6 +60,13 @@ export function drawnTopics() {
   });
 }
 
+// Forty topics, in most of which two words follow each other, with letters that are rare or halves of others.
+export function rareTopics() {
+  return drawnTopics().slice(0, 40).map((topic, i) => ({ ...topic, title: "Topic " + (i + 1), keywords: "",
+    body: `<p>rare${i} Rare${i} \u{1f600}x\ud83d\ude00 ${String.fromCodePoint(0x20000 + i * 97, 0x3400 + i * 97, 0xa000 + i)} \u007fend \u0416${i}\u00df.</p><p>${i % 3 ? "alpha beta" : "beta alpha"}.</p>`
+      + `<p>${Array.from({ length: 600 }, (_, n) => (i * 7919 + n * 104729).toString(36)).join(" ")}</p>` }));
+}
+
 // What is odd about names, letters and links.
 export const oddTopics = [
   { title: "Start & more", file: "start.htm", number: "10", name: "IDH_START", keywords: "begin; caf\u00e9",

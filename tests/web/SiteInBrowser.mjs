@@ -8,7 +8,7 @@ import { tmpdir } from "node:os";
 import { extname, join } from "node:path";
 import { pathToFileURL } from "node:url";
 import test, { after, before } from "node:test";
-import { drawnTopics, makeSite, Model, oddTopics, wordsIn, writeProject } from "./Project.mjs";
+import { drawnTopics, makeSite, Model, oddTopics, rareTopics, wordsIn, writeProject } from "./Project.mjs";
 
 const batch = process.env.TOPICSMITH_BATCH;
 const modules = createRequire(join(process.env.TOPICSMITH_WEB_MODULES, "node_modules", "x"));
@@ -17,7 +17,7 @@ const axe = readFileSync(modules.resolve("axe-core/axe.min.js"), "utf8");
 const manual = process.env.TOPICSMITH_MANUAL;
 
 const folder = mkdtempSync(join(tmpdir(), "topicsmith-web-"));
-const odd = join(folder, "odd site"), drawn = join(folder, "drawn"), redrawn = join(folder, "redrawn"), book = join(folder, "manual"), leftwards = join(folder, "leftwards");
+const odd = join(folder, "odd site"), drawn = join(folder, "drawn"), redrawn = join(folder, "redrawn"), book = join(folder, "manual"), rare = join(folder, "rare"), leftwards = join(folder, "leftwards");
 const types = { ".html": "text/html", ".htm": "text/html", ".js": "text/javascript", ".css": "text/css", ".png": "image/png" };
 const textsOf = site => readdirSync(join(site, "site", "texts")).map(name => readFileSync(join(site, "site", "texts", name), "utf8"));
 let browser, server, origin;
@@ -39,6 +39,8 @@ before(async () => {
   makeSite(batch, join(folder, "before.tsp"), redrawn);
   makeSite(batch, join(folder, "drawn.tsp"), redrawn);
   assert.notDeepEqual(textsOf(redrawn), textsOf(drawn)); // or it was not changed, but made anew
+  writeProject(join(folder, "rare.tsp"), rareTopics());
+  makeSite(batch, join(folder, "rare.tsp"), rare);
   makeSite(batch, manual, book);
   const hebrew = join(folder, "hebrew.tsp");
   execFileSync(batch, ["convert", join(folder, "drawn.tsp"), hebrew, "--format", "2", "--language", "he-IL"]);
@@ -89,7 +91,10 @@ async function askFor(page, question) {
   await page.waitForFunction(() => /: \d/.test(document.querySelector("#ts-results [role=status]")?.textContent ?? ""));
 }
 async function hits(page) {
-  for (let more; (more = await page.$(".ts-more"));) await more.click();
+  for (let more; (more = await page.$(".ts-more:enabled"));) {
+    await more.click();
+    await page.waitForSelector(".ts-more:disabled", { state: "detached" });
+  }
   return page.$$eval(".ts-hits a", links => links.map(link => link.href.split("/html/")[1].split("?")[0]));
 }
 
@@ -184,6 +189,27 @@ for (const [where, rootOf] of [["from the disk", onDisk], ["from a server", onSe
         await askFor(page, question);
         assert.deepEqual((await hits(page)).sort(), files, question);
       }
+    });
+  });
+
+  test(`texts are shown as they are, and no more are read than it takes ${where}`, async () => {
+    const topics = rareTopics();
+    await visit(rootOf(rare), "index.html", async page => {
+      for (const i of [0, 7, 22, 39]) {
+        await askFor(page, `rare${i}`);
+        await page.waitForSelector(".ts-hits mark");
+        assert.equal(await page.textContent(".ts-hits span"), topics[i].body.slice(3, topics[i].body.indexOf("</p>")));
+      }
+    });
+    await visit(rootOf(rare), "index.html", async page => {
+      const status = () => page.textContent("#ts-results [role=status]");
+      await askFor(page, "\"alpha beta\"");
+      assert.match(await status(), /: 11\+$/);
+      const read = await page.$$eval("script[src*='/texts/']", scripts => scripts.length);
+      assert.ok(read > 3 && read < textsOf(rare).length * 2 / 3, `${read} of ${textsOf(rare).length}`);
+      const found = await hits(page);
+      assert.deepEqual(found, topics.flatMap((topic, i) => i % 3 ? [`t${i + 1}.htm`] : []));
+      assert.match(await status(), /: 26$/);
     });
   });
 
