@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <bit>
 #include <cstdint>
 
 #include "text/Text.h"
@@ -83,66 +85,72 @@ class BitReader {
 public:
     explicit BitReader(text::TextView text) : text_(text) {}
 
-    std::size_t takeBits(unsigned bits) {
-        std::size_t number = 0;
-        while (bits > left_) {
-            bits -= left_;
-            number |= (group_ & mask(left_)) << bits;
+    /// The next bits, which stay; less than 33 of them.
+    std::size_t peek(unsigned bits) {
+        while (left_ < bits) {
             fill();
         }
-        left_ -= bits;
-        return number | (group_ >> left_ & mask(bits));
+        return value_ >> (left_ - bits) & ((std::uint64_t(1) << bits) - 1);
+    }
+
+    /// Of those that were looked at.
+    void skip(unsigned bits) { left_ -= bits; }
+
+    std::size_t takeBits(unsigned bits) {
+        const std::size_t number = peek(bits);
+        skip(bits);
+        return number;
     }
 
     std::size_t takeGamma() {
         constexpr unsigned most = 31;
-        unsigned bits = 0;
-        while (bits < most && !takeBit()) {
-            ++bits;
-        }
+        const auto ahead = static_cast<std::uint32_t>(peek(most + 1));
+        const unsigned bits = std::min(static_cast<unsigned>(std::countl_zero(ahead)), most);
+        skip(std::min(bits + 1, most));
         return std::size_t(1) << bits | takeBits(bits);
     }
 
     std::size_t takeRice(unsigned bits) {
+        constexpr unsigned most = 32;
         std::size_t high = 0;
-        while (!isBehind_ && takeBit()) {
-            ++high;
+        unsigned ones = most;
+        while (ones == most && !isBehind()) {
+            ones = static_cast<unsigned>(std::countl_one(static_cast<std::uint32_t>(peek(most))));
+            skip(std::min(ones + 1, most));
+            high += ones;
         }
         return high << bits | takeBits(bits);
     }
 
     bool takeBit() { return takeBits(1) != 0; }
 
-    bool isBehind() const { return isBehind_; }
+    bool isBehind() const { return left_ < leftBehind_; }
 
 private:
-    static std::size_t mask(unsigned bits) { return (std::size_t(1) << bits) - 1; }
-
     void fill() {
         constexpr unsigned longest = 16;
         constexpr unsigned byte = 8;
-        left_ = longest;
-        isBehind_ = text_.size() < 2;
-        if (isBehind_) {
-            group_ = mask(longest);
+        if (text_.size() < 2) {
+            value_ = value_ << longest | ((std::uint64_t(1) << longest) - 1);
+            left_ += longest;
+            leftBehind_ += longest;
             return;
         }
         std::size_t letter = static_cast<unsigned char>(text_[0])
                              | std::size_t(static_cast<unsigned char>(text_[1])) << byte;
         text_.remove_prefix(2);
         letter -= letter < BitLetters::halves ? 0 : BitLetters::behindHalves - BitLetters::halves;
-        group_ = letter - BitLetters::first;
-        if (group_ < BitLetters::shortOnes) {
-            --left_;
-        } else {
-            group_ += BitLetters::shortOnes;
-        }
+        const std::size_t group = letter - BitLetters::first;
+        const bool isShort = group < BitLetters::shortOnes;
+        const unsigned bits = isShort ? longest - 1 : longest;
+        value_ = value_ << bits | (isShort ? group : group + BitLetters::shortOnes);
+        left_ += bits;
     }
 
     text::TextView text_;
-    std::size_t group_ = 0;
-    unsigned left_ = 0;
-    bool isBehind_ = false;
+    std::uint64_t value_ = 0;
+    unsigned left_ = 0;       ///< bits of the value
+    unsigned leftBehind_ = 0; ///< of them, or of those that were taken, behind the end
 };
 
 } // namespace web

@@ -41,6 +41,13 @@ Letters lettersOf(TextView utf8) {
 }
 
 Text textOf(std::u16string_view letters) {
+    const auto isPlain = [](char16_t letter) { return letter < 0x80; };
+    if (std::all_of(letters.begin(), letters.end(), isPlain)) {
+        Text text(letters.size(), '\0');
+        std::transform(letters.begin(), letters.end(), text.begin(),
+                       [](char16_t letter) { return static_cast<char>(letter); });
+        return text;
+    }
     Text bytes(letters.size() * sizeof(char16_t), '\0');
     std::memcpy(bytes.data(), letters.data(), bytes.size());
     return text::utf8FromUtf16(bytes, std::endian::native == std::endian::big);
@@ -119,7 +126,7 @@ LetterCode::Behind LetterCode::behindOf(char16_t before, const Frequencies& freq
 }
 
 void LetterCode::add(Behind behind) {
-    behinds_.numberOf(behind.before);
+    numbersBehind_[behind.before] = static_cast<std::uint16_t>(all_.size());
     for (std::size_t i = 0; i < behind.letters.size(); ++i) {
         if (pairs_.numberOf(pairOf(all_.size(), behind.letters[i])).isNew) {
             numbers_.push_back(i);
@@ -176,11 +183,6 @@ std::optional<LetterCode> LetterCode::parse(TextView text) {
     return std::all_of(code.all_.begin(), code.all_.end(), isKnown) && code.all_.front().before == 0
                ? std::optional(std::move(code))
                : std::nullopt;
-}
-
-/// The number of what stands behind the last letter of a word.
-std::size_t LetterCode::numberBehind(std::u16string_view word) const {
-    return behinds_.find(word.empty() ? end : word.back()).value_or(0);
 }
 
 bool LetterCode::appendLetter(BitText& bits, std::size_t behind, char16_t letter) const {

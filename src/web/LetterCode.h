@@ -73,11 +73,13 @@ private:
     }
     static bool isLetter(char16_t letter);
     void add(Behind behind);
-    std::size_t numberBehind(std::u16string_view word) const;
+    std::size_t numberBehind(std::u16string_view word) const {
+        return numbersBehind_[word.empty() ? end : word.back()];
+    }
     bool appendLetter(BitText& bits, std::size_t behind, char16_t letter) const;
 
     std::vector<Behind> all_;
-    NumberTable<std::uint64_t> behinds_; ///< the letters that have others behind them
+    std::vector<std::uint16_t> numbersBehind_ = std::vector<std::uint16_t>(0x10000); ///< by letter
     NumberTable<std::uint64_t> pairs_;
     std::vector<std::size_t> numbers_; ///< of letters in their codes, by pairs
 };

@@ -30,12 +30,18 @@ PrefixCode::PrefixCode(std::vector<std::size_t> counts) : counts_(std::move(coun
         ++length;
         bits *= 2;
         for (std::size_t i = 0; i < count; ++i) {
+            if (length <= knownBits && (bits + 1) << (knownBits - length) <= known_.size()) {
+                const auto first =
+                    known_.begin() + static_cast<std::ptrdiff_t>(bits << (knownBits - length));
+                std::fill_n(first, std::size_t(1) << (knownBits - length),
+                            Known{static_cast<std::uint32_t>(codes_.size()), length});
+            }
             codes_.push_back({static_cast<std::uint32_t>(bits++), length});
         }
     }
 }
 
-std::size_t PrefixCode::take(BitReader& bits) const {
+std::size_t PrefixCode::takeLong(BitReader& bits) const {
     std::size_t before = 0;
     std::size_t code = 0; // behind those that are shorter
     for (const std::size_t count : counts_) {

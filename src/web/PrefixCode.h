@@ -27,7 +27,11 @@ public:
     }
 
     /// size() for bits that are none of the numbers.
-    std::size_t take(BitReader& bits) const;
+    std::size_t take(BitReader& bits) const {
+        const Known& known = known_[bits.peek(knownBits)];
+        bits.skip(known.length);
+        return known.length > 0 ? known.number : takeLong(bits);
+    }
 
 private:
     struct Code {
@@ -35,8 +39,18 @@ private:
         std::uint32_t length;
     };
 
+    struct Known {
+        std::uint32_t number = 0;
+        std::uint32_t length = 0; ///< 0 where it takes more bits
+    };
+
+    std::size_t takeLong(BitReader& bits) const;
+
+    static constexpr unsigned knownBits = 8;
+
     std::vector<std::size_t> counts_;
     std::vector<Code> codes_;
+    std::vector<Known> known_ = std::vector<Known>(1U << knownBits); ///< by the bits ahead
 };
 
 } // namespace web

@@ -25,6 +25,10 @@ unsigned usualBits(std::size_t count, std::size_t pageCount) {
     return usual;
 }
 
+bool isOften(const Posting& posting) {
+    return posting.weight >= oftenWeight;
+}
+
 } // namespace
 
 void SearchIndex::add(std::size_t page, TextView text, bool isHeading) {
@@ -97,6 +101,13 @@ void SearchIndex::count(std::uint32_t term, std::size_t page, std::uint32_t weig
     postings.back().weight += weight;
 }
 
+bool PieceWriter::isSame(const Postings& a, const Postings& b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](const Posting& one, const Posting& other) {
+                          return one.page == other.page && isOften(one) == isOften(other);
+                      });
+}
+
 /// Whether any page has the word often, the distances from page to page, and for each page whether
 /// that one has it often, unless it is known.
 void PieceWriter::append(TextView word, const Postings& postings) {
@@ -106,7 +117,6 @@ void PieceWriter::append(TextView word, const Postings& postings) {
     coder_.append(bits_, code_, word);
     const unsigned usual = usualBits(postings.size(), pageCount_);
     bits_.appendGamma(postings.size());
-    const auto isOften = [](const Posting& posting) { return posting.weight >= oftenWeight; };
     const bool hasOften = std::any_of(postings.begin(), postings.end(), isOften);
     bits_.append(hasOften);
     std::size_t last = 0;

@@ -34,6 +34,9 @@ public:
     std::size_t size() const { return bits_.size(); }
     IndexPiece take();
 
+    /// Whether a word with either is the same in a piece.
+    static bool isSame(const Postings& a, const Postings& b);
+
 private:
     std::size_t pageCount_;
     const LetterCode& code_;

@@ -17,8 +17,9 @@ bool SearchUpdate::replace(const std::vector<std::size_t>& pages, const SearchIn
     if (!readLetters() || !readWords() || !replaceTexts(pages, texts)) {
         return false;
     }
-    removePages(pages);
-    addWords(index);
+    const std::vector<SearchIndex::Term> terms = index.terms();
+    removePages(pages, terms);
+    addWords(terms);
     return writeWords();
 }
 
@@ -48,24 +49,37 @@ bool SearchUpdate::readWords() {
     return !files_.empty();
 }
 
-void SearchUpdate::removePages(const std::vector<std::size_t>& pages) {
+/// Takes the pages out where the index has others, or has them otherwise.
+void SearchUpdate::removePages(const std::vector<std::size_t>& pages,
+                               const std::vector<SearchIndex::Term>& terms) {
+    const auto isOfPages = [&](const Posting& posting) {
+        return std::binary_search(pages.begin(), pages.end(), posting.page);
+    };
     for (File& file : files_) {
         for (IndexWord& word : file.words) {
-            file.isChanged = std::erase_if(word.postings,
-                                           [&](const Posting& posting) {
-                                               return std::binary_search(pages.begin(), pages.end(),
-                                                                         posting.page);
-                                           })
-                                 > 0
-                             || file.isChanged;
+            Postings old;
+            std::copy_if(word.postings.begin(), word.postings.end(), std::back_inserter(old),
+                         isOfPages);
+            if (old.empty()) {
+                continue;
+            }
+            const auto term = std::lower_bound(
+                terms.begin(), terms.end(), TextView(word.word),
+                [](const SearchIndex::Term& a, TextView b) { return a.first < b; });
+            const bool isThere = term != terms.end() && term->first == word.word;
+            if (!isThere || !PieceWriter::isSame(old, *term->second)) {
+                std::erase_if(word.postings, isOfPages);
+                file.isChanged = true;
+            }
         }
     }
 }
 
-void SearchUpdate::addWords(const SearchIndex& index) {
+void SearchUpdate::addWords(const std::vector<SearchIndex::Term>& terms) {
     const auto isBehind = [](TextView word, const IndexWord& other) { return word < other.word; };
+    const auto isBefore = [](const Posting& a, const Posting& b) { return a.page < b.page; };
     auto file = files_.begin();
-    for (const auto& [word, postings] : index.terms()) {
+    for (const auto& [word, postings] : terms) {
         while (file + 1 != files_.end() && !isBehind(word, (file + 1)->words.front())) {
             ++file;
         }
@@ -74,10 +88,11 @@ void SearchUpdate::addWords(const SearchIndex& index) {
             at = file->words.insert(at, {Text(word), {}}) + 1;
         }
         Postings& all = (at - 1)->postings;
-        const auto middle = all.insert(all.end(), postings->begin(), postings->end());
-        std::inplace_merge(all.begin(), middle, all.end(),
-                           [](const Posting& a, const Posting& b) { return a.page < b.page; });
-        file->isChanged = true;
+        if (!std::binary_search(all.begin(), all.end(), postings->front(), isBefore)) {
+            const auto middle = all.insert(all.end(), postings->begin(), postings->end());
+            std::inplace_merge(all.begin(), middle, all.end(), isBefore);
+            file->isChanged = true;
+        }
     }
 }
 

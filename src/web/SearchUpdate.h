@@ -37,8 +37,9 @@ private:
 
     bool readLetters();
     bool readWords();
-    void removePages(const std::vector<std::size_t>& pages);
-    void addWords(const SearchIndex& index);
+    void removePages(const std::vector<std::size_t>& pages,
+                     const std::vector<SearchIndex::Term>& terms);
+    void addWords(const std::vector<SearchIndex::Term>& terms);
     bool writeWords();
     std::optional<text::Text> replaced(std::size_t file, const TextPacker& packer,
                                        const std::vector<std::size_t>& pages,

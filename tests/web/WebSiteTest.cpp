@@ -241,8 +241,8 @@ TEST_F(WebSite, ASearchThatIsChangedHasTheWordsOfANewOne) {
     generate(outline);
     outline.at(7).body =
         "<p>Zebra, \u041F\u0440\u0438\u0432\u0435\u0442, aardvark \u4EAC; "
-        "word9 word9 word9 d'un l\u2019\u00E9t\u00E9 re\u00ADturn a''b o' 'o rock'n'roll x'\u6771 "
-        "\u6771'y x\u6771\u4EACz "
+        "word9 word9 word9 all all all d'un l\u2019\u00E9t\u00E9 re\u00ADturn a''b o' 'o "
+        "rock'n'roll x'\u6771 \u6771'y x\u6771\u4EACz "
         + std::string(60, 'l') + "'ong " + std::string(600, 'w') + "orse</p>";
     outline.at(30).keywords = "key9; key1";
     const std::string report = generate(outline).text;
