@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "model/PagePath.h"
 #include "platform/Files.h"
 
 namespace book {
@@ -28,33 +27,10 @@ constexpr PictureKind kinds[] = {
 
 } // namespace
 
-BookPictures::BookPictures(const fs::path& projectFile, fs::path programFolder)
-    : project_(projectFile), folder_(projectFile.parent_path()),
-      programFolder_(std::move(programFolder)), files_(folder_) {}
-
 fs::path BookPictures::find(std::span<const Text> places) {
     for (const Text& place : places) {
-        if (fs::path file = findPlace(place); !file.empty()) {
-            return file;
-        }
-    }
-    return {};
-}
-
-fs::path BookPictures::findPlace(const Text& place) {
-    if (!model::pageNameFault(place).empty()) {
-        return {};
-    }
-    fs::path file = project_.empty() ? fs::path() : files_.find(place);
-    if (!file.empty() && platform::isFile(file)) {
-        const bool isOurs =
-            !platform::leadsOutOf(folder_, file) && !platform::isSameFile(file, project_);
-        return isOurs ? file : fs::path();
-    }
-    for (const char* name :
-         {model::topicPicture, model::homePicture, model::previousPicture, model::nextPicture}) {
-        if (model::pageKey(place) == model::pageKey(Text(model::imageFolderName) + '/' + name)) {
-            return programFolder_ / name;
+        if (auto found = files_.find(place)) {
+            return std::move(found->file);
         }
     }
     return {};

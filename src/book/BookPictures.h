@@ -5,7 +5,7 @@
 #include <map>
 #include <span>
 
-#include "text/FileFinder.h"
+#include "generate/OwnFiles.h"
 #include "text/Text.h"
 
 namespace book {
@@ -17,13 +17,12 @@ struct BookPicture {
     const char* mediaType; ///< as its first bytes have it, whatever it is called
 };
 
-/// The pictures that texts name. Only what lies in the project's folder is looked for: a project
-/// from elsewhere must not choose what a book shows.
+/// The pictures that texts name.
 class BookPictures {
 public:
-    /// A project without a file has no folder. `programFolder` has the pictures that a generation
-    /// copies.
-    BookPictures(const std::filesystem::path& projectFile, std::filesystem::path programFolder);
+    /// As for the files.
+    BookPictures(const std::filesystem::path& projectFile, std::filesystem::path programFolder)
+        : files_(projectFile, std::move(programFolder)) {}
 
     /// The picture at the first of some places from the project's folder that has a file; null,
     /// with a reason, for none that a book can show.
@@ -36,13 +35,9 @@ public:
     const std::deque<BookPicture>& all() const { return pictures_; }
 
 private:
-    std::filesystem::path findPlace(const text::Text& place);
     const BookPicture* add(const std::filesystem::path& file, const char*& problem);
 
-    std::filesystem::path project_;
-    std::filesystem::path folder_;
-    std::filesystem::path programFolder_;
-    text::FileFinder files_;
+    generate::OwnFiles files_;
     std::deque<BookPicture> pictures_;
     std::map<std::filesystem::path, const BookPicture*> known_;
 };

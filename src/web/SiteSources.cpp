@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "generate/PageAddress.h"
-#include "model/PagePath.h"
 #include "platform/Files.h"
 #include "text/Address.h"
 #include "text/Path.h"
@@ -34,45 +33,19 @@ Text placeFrom(const Text& place, const Text& address) {
 
 } // namespace
 
-SiteSources::SiteSources(const fs::path& projectFile, fs::path programFolder)
-    : project_(projectFile), folder_(projectFile.parent_path()),
-      programFolder_(std::move(programFolder)), files_(folder_) {}
-
 std::optional<Text> SiteSources::want(const Text& place) {
     const auto [answer, isNew] = asked_.try_emplace(place);
     questions_.push_back(&*answer);
     if (!isNew) {
         return answer->second;
     }
-    fs::path source;
-    answer->second = findPlace(place, source);
-    if (answer->second && wanted_.emplace(*answer->second, source).second) {
-        unread_.push_back(*answer->second);
-    }
-    return answer->second;
-}
-
-std::optional<Text> SiteSources::findPlace(const Text& place, fs::path& source) {
-    if (!model::pageNameFault(place).empty()) {
-        return {};
-    }
-    source = files_.find(place);
-    if (platform::isFile(source)) {
-        const bool isOurs =
-            !platform::leadsOutOf(folder_, source) && !platform::isSameFile(source, project_);
-        return isOurs ? std::optional(
-                   text::plainPath(text::displayText(source.lexically_relative(folder_))))
-                      : std::nullopt;
-    }
-    for (const char* name :
-         {model::topicPicture, model::homePicture, model::previousPicture, model::nextPicture}) {
-        Text usual = Text(model::imageFolderName) + '/' + name;
-        if (model::pageKey(place) == model::pageKey(usual)) {
-            source = programFolder_ / name;
-            return usual;
+    if (auto found = files_.find(place)) {
+        answer->second = found->place;
+        if (wanted_.emplace(found->place, std::move(found->file)).second) {
+            unread_.push_back(*answer->second);
         }
     }
-    return {};
+    return answer->second;
 }
 
 void SiteSources::repeat(std::size_t from, std::size_t to) {

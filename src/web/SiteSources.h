@@ -7,18 +7,17 @@
 #include <utility>
 #include <vector>
 
-#include "text/FileFinder.h"
+#include "generate/OwnFiles.h"
 #include "text/Text.h"
 
 namespace web {
 
-/// The author's own files that pages and style sheets name. Only what lies in the project's folder
-/// is looked for: a project from elsewhere must not choose what is published.
+/// The author's own files that pages and style sheets name.
 class SiteSources {
 public:
-    /// `programFolder` has the pictures of the program, for projects that
-    /// name them without having them.
-    SiteSources(const std::filesystem::path& projectFile, std::filesystem::path programFolder);
+    /// As for the files.
+    SiteSources(const std::filesystem::path& projectFile, std::filesystem::path programFolder)
+        : files_(projectFile, std::move(programFolder)) {}
 
     /// Wants a file, by its place from the project's folder, to be in the site. Returns the place
     /// where it will be, which may differ in letter case; nothing when there is no such file.
@@ -43,13 +42,9 @@ public:
     text::Text contentsOf(const text::Text& place) const;
 
 private:
-    std::optional<text::Text> findPlace(const text::Text& place, std::filesystem::path& source);
     void follow(const text::Text& place);
 
-    std::filesystem::path project_;
-    std::filesystem::path folder_;
-    std::filesystem::path programFolder_;
-    text::FileFinder files_;
+    generate::OwnFiles files_;
     std::map<text::Text, std::optional<text::Text>> asked_;
     std::map<text::Text, std::filesystem::path> wanted_;
     std::deque<text::Text> unread_;
