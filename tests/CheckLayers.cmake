@@ -45,7 +45,7 @@ macro(check_include file own include)
     fault("${file}: the toolkit stays out of the headers that other folders include")
   elseif(include MATCHES "<[a-z_/]+\\.h>" AND NOT own STREQUAL "platform"
          AND NOT "${file} ${include}" MATCHES "^help/UnpackMain\\.cpp #include <chm_lib\\.h>$"
-         AND NOT "${file} ${include}" MATCHES "^book/ZipFile\\.cpp #include <zlib\\.h>$"
+         AND NOT "${file} ${include}" MATCHES "^book/Compression\\.cpp #include <zlib\\.h>$"
          AND NOT "${file} ${include}" MATCHES "^import/CommonMark\\.cpp #include <cmark\\.h>$")
     fault("${file}: a header of the operating system: ${include}")
   endif()

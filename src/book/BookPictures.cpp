@@ -1,13 +1,17 @@
 #include "book/BookPictures.h"
 
-#include <string>
+#include <algorithm>
 
+#include "book/Bitmap.h"
+#include "book/StrictSvg.h"
 #include "platform/Files.h"
+#include "text/Unicode.h"
 
 namespace book {
 
 namespace fs = std::filesystem;
 using text::Text;
+using text::TextView;
 
 namespace {
 
@@ -49,7 +53,7 @@ const BookPicture* BookPictures::want(std::span<const Text> places, const char*&
 }
 
 const BookPicture* BookPictures::add(const fs::path& file, const char*& problem) {
-    constexpr std::size_t longestStart = 8;
+    constexpr std::size_t longestStart = 16;
     std::string start;
     if (platform::readPart(file, start, 0, longestStart)) {
         problem = "cannot be read";
@@ -57,12 +61,56 @@ const BookPicture* BookPictures::add(const fs::path& file, const char*& problem)
     }
     for (const PictureKind& kind : kinds) {
         if (start.starts_with(kind.start)) {
-            const Text name = "p" + std::to_string(pictures_.size() + 1) + kind.ending;
-            return &pictures_.emplace_back(BookPicture{name, file, kind.mediaType});
+            return append({{}, file, kind.mediaType, {}}, kind.ending);
         }
     }
-    problem = "is none of the kinds of pictures that books can show: GIF, JPEG and PNG";
-    return nullptr;
+    const bool isWebP =
+        start.starts_with("RIFF")
+        && TextView(start).substr(std::min<std::size_t>(start.size(), 8)).starts_with("WEBP");
+    if (isWebP && shape_ == BookShape::onePage) {
+        return append({{}, file, "image/webp", {}}, ".webp");
+    }
+    problem = isWebP ? "is a WebP picture, which many readers of books do not show; save it as "
+                       "PNG or JPEG"
+                     : "is none of the kinds of pictures that books can show: BMP, GIF, JPEG, PNG "
+                       "and SVG";
+    return isWebP ? nullptr : addOther(file, start, problem);
+}
+
+/// What browsers show, and readers of books only when it is made another one.
+const BookPicture* BookPictures::addOther(const fs::path& file, TextView start,
+                                          const char*& problem) {
+    constexpr std::uint64_t largest = std::uint64_t(256) << 20U;
+    constexpr std::uint64_t largestDrawing = std::uint64_t(16) << 20U;
+    constexpr TextView mark = "\xEF\xBB\xBF";
+    const TextView letters = start.substr(start.starts_with(mark) ? mark.size() : 0);
+    const bool isBitmap = start.starts_with("BM");
+    std::string bytes;
+    if ((!isBitmap && !text::trimmed(letters).starts_with('<'))
+        || platform::readFile(file, bytes, isBitmap ? largest : largestDrawing)
+        || (!isBitmap && bytes.find("<svg") == std::string::npos)) {
+        return nullptr;
+    }
+    if (shape_ == BookShape::onePage) {
+        return isBitmap ? append({{}, file, "image/bmp", {}}, ".bmp")
+                        : append({{}, file, "image/svg+xml", {}}, ".svg");
+    }
+    if (isBitmap) {
+        problem = "is a BMP picture that is damaged, or of a rare kind; save it as PNG";
+        auto png = pngOfBitmap(bytes);
+        return png ? append({{}, file, "image/png", std::move(*png)}, ".png") : nullptr;
+    }
+    problem =
+        "is an SVG picture that is not in UTF-8 or has entities of its own; save it otherwise, "
+        "or as PNG";
+    const bool isPlain = text::isUtf8(bytes) && bytes.find("<!ENTITY") == std::string::npos;
+    Text svg = isPlain ? strictSvg(bytes) : Text();
+    return svg.empty() ? nullptr : append({{}, file, "image/svg+xml", std::move(svg)}, ".svg");
+}
+
+const BookPicture* BookPictures::append(BookPicture picture, const char* ending) {
+    picture.name = "p" + std::to_string(pictures_.size() + 1) + ending;
+    return &pictures_.emplace_back(std::move(picture));
 }
 
 } // namespace book

@@ -46,9 +46,8 @@ std::vector<Text> noteLines(const Notes& notes, const Project& project) {
     return lines;
 }
 
-BookTexts::BookTexts(const model::Project& project, BookPictures& pictures, BookShape shape,
-                     Notes& notes)
-    : project_(project), pictures_(pictures), shape_(shape), notes_(notes),
+BookTexts::BookTexts(const model::Project& project, BookPictures& pictures, Notes& notes)
+    : project_(project), pictures_(pictures), shape_(pictures.shape()), notes_(notes),
       addresses_(project.outline()) {
     for (int position = 1; position <= project.outline().count(); ++position) {
         collectAnchors(position);

@@ -28,17 +28,11 @@ struct BookOutcome {
 /// The notes as the author reads them, a line each.
 std::vector<text::Text> noteLines(const Notes& notes, const model::Project& project);
 
-/// How a book is made up.
-enum class BookShape {
-    pages,  ///< each topic is a page of its own
-    onePage ///< all stand on one, below each other
-};
-
 /// The texts of a project's topics as strict mark-up, with addresses as they are in the book.
 class BookTexts : public MarkupPlaces {
 public:
     /// Nothing is owned. Notes go to the list.
-    BookTexts(const model::Project& project, BookPictures& pictures, BookShape shape, Notes& notes);
+    BookTexts(const model::Project& project, BookPictures& pictures, Notes& notes);
 
     /// The title of a topic as words in a heading, and as text in one line; never empty.
     text::Text heading(int position);

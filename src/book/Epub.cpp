@@ -74,9 +74,9 @@ Text writtenTime(std::int64_t seconds) {
 class Epub {
 public:
     Epub(const Project& project, const fs::path& programFolder, std::int64_t time)
-        : project_(project), pictures_(project.projectPath(), programFolder),
-          texts_(project, pictures_, BookShape::pages, outcome_.notes),
-          language_(project.options().language()), time_(time) {
+        : project_(project), pictures_(project.projectPath(), programFolder, BookShape::pages),
+          texts_(project, pictures_, outcome_.notes), language_(project.options().language()),
+          time_(time) {
         title_ = plainWords(project.options().projectName);
         if (title_.empty()) {
             title_ = text::displayText(project.projectPath().stem());
@@ -149,11 +149,13 @@ private:
     void addPictures() {
         for (const BookPicture& picture : pictures_.all()) {
             std::string bytes;
-            if (const std::error_code error = platform::readFile(picture.file, bytes)) {
-                generate::noteFailure(outcome_.failures, picture.file, error);
-                continue;
+            if (picture.converted.empty()) {
+                if (const std::error_code error = platform::readFile(picture.file, bytes)) {
+                    generate::noteFailure(outcome_.failures, picture.file, error);
+                    continue;
+                }
             }
-            zip_.add("book/images/" + picture.name, bytes);
+            zip_.add("book/images/" + picture.name, bytes.empty() ? picture.converted : bytes);
             addItem("image-" + picture.name, "images/" + picture.name, picture.mediaType);
         }
     }

@@ -46,8 +46,8 @@ img, tr, .topicsmith-row {break-inside:avoid}
 } // namespace
 
 PrintPage::PrintPage(const model::Project& project, const std::filesystem::path& programFolder)
-    : project_(project), pictures_(project.projectPath(), programFolder),
-      texts_(project, pictures_, BookShape::onePage, notes_),
+    : project_(project), pictures_(project.projectPath(), programFolder, BookShape::onePage),
+      texts_(project, pictures_, notes_),
       title_(plainWords(project.options().projectName + " Documentation")),
       style_(texts_.styleSheet()) {
     if (project.options().showCopyright) {

@@ -1,9 +1,9 @@
 #include "book/ZipFile.h"
 
 #include <limits>
-#include <optional>
 #include <utility>
-#include <zlib.h>
+
+#include "book/Compression.h"
 
 namespace book {
 
@@ -19,41 +19,19 @@ void appendNumber(std::string& bytes, std::uint64_t number, int size) {
     }
 }
 
-/// Without a head of its own; nothing when that would be larger.
-std::optional<std::string> compressed(std::string_view contents) {
-    z_stream stream{};
-    constexpr int rawWindow = -15;
-    constexpr int memory = 8;
-    if (contents.empty()
-        || deflateInit2(&stream, Z_BEST_COMPRESSION, Z_DEFLATED, rawWindow, memory,
-                        Z_DEFAULT_STRATEGY)
-               != Z_OK) {
-        return {};
-    }
-    std::string packed(contents.size(), '\0');
-    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(contents.data()));
-    stream.avail_in = static_cast<uInt>(contents.size());
-    stream.next_out = reinterpret_cast<Bytef*>(packed.data());
-    stream.avail_out = static_cast<uInt>(packed.size());
-    const bool isWhole = deflate(&stream, Z_FINISH) == Z_STREAM_END;
-    packed.resize(stream.total_out);
-    deflateEnd(&stream);
-    return isWhole ? std::optional(std::move(packed)) : std::nullopt;
-}
-
 /// What the head of a file and its entry in the directory share.
 std::string facts(std::string_view name, std::string_view contents, std::string_view packed,
                   bool isPacked) {
     constexpr int version = 20;
+    constexpr int isDeflated = 8;
     constexpr int firstDay = 0x21; // of 1980: there is no time without a date
-    const auto size = static_cast<uInt>(contents.size());
     std::string bytes;
     appendNumber(bytes, version, 2);
     appendNumber(bytes, 0, 2);
-    appendNumber(bytes, isPacked ? Z_DEFLATED : 0, 2);
+    appendNumber(bytes, isPacked ? isDeflated : 0, 2);
     appendNumber(bytes, 0, 2);
     appendNumber(bytes, firstDay, 2);
-    appendNumber(bytes, crc32(0, reinterpret_cast<const Bytef*>(contents.data()), size), 4);
+    appendNumber(bytes, checksum(contents), 4);
     appendNumber(bytes, packed.size(), 4);
     appendNumber(bytes, contents.size(), 4);
     appendNumber(bytes, name.size(), 2);
@@ -68,9 +46,10 @@ void ZipFile::add(std::string_view name, std::string_view contents, bool stored)
         isTooLarge_ = true;
         return;
     }
-    const auto packed = stored ? std::nullopt : compressed(contents);
-    const std::string_view data = packed ? *packed : contents;
-    const std::string shared = facts(name, contents, data, packed.has_value());
+    const std::string packed = stored ? std::string() : deflated(contents, Wrapping::none);
+    const bool isPacked = !packed.empty() && packed.size() <= contents.size();
+    const std::string_view data = isPacked ? packed : contents;
+    const std::string shared = facts(name, contents, data, isPacked);
     directory_.append("PK\1\2\x14\0", 6).append(shared);
     appendNumber(directory_, 0, 2 + 2 + 2); // no comment, the first disk, nothing special
     appendNumber(directory_, 0, 4);

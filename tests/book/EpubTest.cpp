@@ -202,6 +202,41 @@ TEST_F(EpubTest, BooksShowWhatTheVariablesStandFor) {
               std::string::npos);
 }
 
+TEST_F(EpubTest, ReadersOfBooksGetPicturesThatTheyShowAndPrintersAll) {
+    constexpr const char* svg = "<svg xmlns='http://www.w3.org/2000/svg' width='9' foo='1'><a/>";
+    const std::pair<const char*, std::string> files[] = {
+        {"a.bmp", test::bitmap(3, 2)},
+        {"b.bmp", "BM"},
+        {"c.svg", std::string(" <!DOCTYPE svg PUBLIC 'x' 'y'>") + svg},
+        {"d.svg", std::string("<!DOCTYPE svg [<!ENTITY a 'b'>]>") + svg},
+        {"e.svg", svg + std::string("\xE4")},
+        {"f.webp", "RIFF....WEBPVP8L"},
+        {"g.png", "no picture"}};
+    fs::create_directory(folder / "images");
+    Text body;
+    for (const auto& [name, bytes] : files) {
+        test::writeBytes(folder / "images" / name, bytes);
+        text::append(body, "<img src='../images/", name, "' alt=x>");
+    }
+    project.replace(test::outlineOf({topic(1, "A", "a.htm", body)}), {}, folder / "p.tsp");
+    const book::BookOutcome outcome = write("pictures.epub");
+    std::string noted;
+    for (const Text& line : book::noteLines(outcome.notes, project)) {
+        noted += line.substr(0, line.find(' ', line.find("picture"))) + "\n";
+    }
+    EXPECT_EQ(noted, "A: ../images/b.bmp: is a BMP picture\n"
+                     "A: ../images/d.svg: is an SVG picture\n"
+                     "A: ../images/e.svg: is an SVG picture\n"
+                     "A: ../images/f.webp: is a WebP picture,\n"
+                     "A: ../images/g.png: is none of the kinds of pictures\n");
+    EXPECT_EQ(complaints("pictures.epub"), "");
+    EXPECT_TRUE(unpacked("pictures.epub", "book/images/p1.png").starts_with("\x89PNG"));
+
+    book::PrintPage page(project, test::programFolder());
+    EXPECT_EQ(page.takeNotes().size(), 1U) << "a browser shows all but one";
+    EXPECT_EQ(page.picture("images/p3.svg"), files[2].second);
+}
+
 TEST_F(EpubTest, APrintedPageHasLinksWhereTheDocumentationHas) {
     ProjectOptions options;
     const auto outline = test::outlineOf(
