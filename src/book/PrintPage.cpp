@@ -4,6 +4,7 @@
 
 #include "generate/OutlineNumbers.h"
 #include "platform/Files.h"
+#include "text/Labels.h"
 
 namespace book {
 
@@ -24,12 +25,15 @@ h3 {font-size:13pt;margin:16pt 0 6pt 0}
 img {max-width:100%}
 pre {white-space:pre-wrap}
 table {border-collapse:collapse}
-td, th {padding:2pt 5pt;vertical-align:top;text-align:left}
+td, th {padding:2pt 5pt;vertical-align:top;text-align:start}
 )";
 
-/// Behind the author's: what the paper wants.
+/// Behind the author's: what the paper wants. The engine knows no break-after: a heading has room
+/// below it that stays on its page, and that the text uses as well.
 constexpr TextView ownStyle = R"(
-h1, h2, h3, h4, h5, h6 {break-after:avoid}
+h1, h2, h3, h4, h5, h6 {break-inside:avoid}
+h1::after, h2::after, h3::after, h4::after, h5::after, h6::after
+  {content:"";display:block;height:4em;margin-bottom:-4em}
 img, tr, .topicsmith-row {break-inside:avoid}
 .topicsmith-chapter {break-before:page}
 .topicsmith-topic {clear:both}
@@ -38,17 +42,23 @@ img, tr, .topicsmith-row {break-inside:avoid}
 .topicsmith-row a {color:inherit;text-decoration:none}
 .topicsmith-row.topicsmith-first {font-weight:bold;margin-top:7pt}
 .topicsmith-dots {flex:1;min-width:12pt;margin:0 4pt;border-bottom:1pt dotted #888}
-.topicsmith-page {width:3em;text-align:right;flex:none;font-weight:normal}
-.topicsmith-number {padding-right:0.8em}
+.topicsmith-page {width:3em;text-align:end;flex:none;font-weight:normal}
+.topicsmith-number {padding-inline-end:0.8em}
 .topicsmith-copyright {margin-top:18pt}
 )";
+
+/// That of the documentation, and in other languages than English just the name.
+Text titleOf(const ProjectOptions& options) {
+    const bool isEnglish = text::hasEnglishLabels(options.language().tag);
+    const Text name = plainWords(options.projectName);
+    return isEnglish || name.empty() ? plainWords(options.projectName + " Documentation") : name;
+}
 
 } // namespace
 
 PrintPage::PrintPage(const model::Project& project, const std::filesystem::path& programFolder)
     : project_(project), pictures_(project.projectPath(), programFolder, BookShape::onePage),
-      texts_(project, pictures_, notes_),
-      title_(plainWords(project.options().projectName + " Documentation")),
+      texts_(project, pictures_, notes_), title_(titleOf(project.options())),
       style_(texts_.styleSheet()) {
     if (project.options().showCopyright) {
         copyright_ = texts_.optionText(project.options().copyrightText);

@@ -152,4 +152,8 @@ const Labels& labelsOf(TextView languageTag) {
     return found != std::end(all) ? *found : *findLabels(defaultLanguage);
 }
 
+bool hasEnglishLabels(TextView languageTag) {
+    return TextView(labelsOf(languageTag).language) == "en";
+}
+
 } // namespace text

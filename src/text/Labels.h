@@ -26,4 +26,7 @@ struct Labels {
 /// Those for a tag of languages(); the default language's for others.
 const Labels& labelsOf(TextView languageTag);
 
+/// Whether English sentences fit between them.
+bool hasEnglishLabels(TextView languageTag);
+
 } // namespace text

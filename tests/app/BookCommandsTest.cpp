@@ -22,6 +22,7 @@ protected:
             text::Text body = "<p>See <a href=\"t3.htm#here\">there</a>.<b><div><ul><li>open";
             for (int line = 0; line < i * 5; ++line) {
                 body += "<p>Line " + std::to_string(line) + " with a caf\u00E9.</p>";
+                body += line % 7 == 6 ? "<h4>Within</h4>" : "";
             }
             body += "<img src='..\\images\\none.png' alt='no picture'><a name=here>here</a>";
             outline.append(test::topic((i - 1) % 3 + 1, "Topic \u65E5 X" + std::to_string(i) + "Y",
@@ -83,6 +84,15 @@ TEST_F(BookCommands, ThePagesOfThePdfAreThoseThatItsContentsSay) {
             bookmarks.find("<item page=\"" + std::to_string(number) + "\">Topic \u65E5 " + title),
             std::string::npos)
             << title;
+    }
+    const std::string all = said("pdftotext -layout book.pdf -");
+    for (std::size_t start = all.find('\f') + 1, end = 0; // behind the contents
+         (end = all.find('\f', start)) != std::string::npos; start = end + 1) {
+        const std::string text = all.substr(start, end - start);
+        const std::size_t foot = text.find_last_of(' '); // before the number
+        const std::size_t last = text.find_last_not_of(" \n", foot);
+        const std::string line = text.substr(text.rfind('\n', last) + 1, last);
+        EXPECT_TRUE(line.find("Within") == line.npos && line.find("Topic") == line.npos) << text;
     }
     EXPECT_TRUE(app::writePdf(project(), folder / "book.pdf", folder / "program").failures.empty());
     EXPECT_EQ(test::bytesOf(folder / "book.pdf"), bytes) << "another time, other bytes";
