@@ -60,7 +60,8 @@ std::vector<Text> BookTexts::pieces(int position) const {
     std::vector<Text> pieces = {model::shownBody(project_.outline().at(position), options)};
     const bool isOnPages = shape_ == BookShape::pages;
     if (isOnPages) {
-        generate::appendTopicLists(pieces.emplace_back(), project_.outline(), options, position);
+        generate::appendTopicLists(pieces.emplace_back(), project_.outline(), options, position,
+                                   generate::ListIntroduction::own);
     }
     if (position == 1) {
         pieces.push_back(options.additionalText);
@@ -204,6 +205,10 @@ Text BookTexts::id(TextView name) {
     const auto anchor = anchors_.find({position_, lowerName(name)});
     const bool isFirst = anchor != anchors_.end() && written_.insert(anchor->second).second;
     return isFirst ? anchor->second : Text();
+}
+
+bool BookTexts::isRightToLeft() const {
+    return text::isRightToLeft(project_.options().language());
 }
 
 void BookTexts::note(const Text& address, TextView problem) {

@@ -54,6 +54,7 @@ public:
     std::optional<text::Text> link(text::TextView address) override;
     std::optional<text::Text> picture(text::TextView address) override;
     text::Text id(text::TextView name) override;
+    bool isRightToLeft() const override;
     text::Text newName() override { return "m" + std::to_string(++newNames_); }
 
 private:

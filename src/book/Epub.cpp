@@ -26,7 +26,7 @@ h1 {font-size:1.5em;line-height:1.2;margin:0 0 0.8em 0}
 img {max-width:100%}
 pre {white-space:pre-wrap}
 table {border-collapse:collapse}
-td, th {padding:0.2em 0.5em;vertical-align:top;text-align:left}
+td, th {padding:0.2em 0.5em;vertical-align:top;text-align:start}
 .topicsmith-ruled td, .topicsmith-ruled th {border:1px solid}
 .copyright {font-size:smaller;margin-top:1.5em}
 )";

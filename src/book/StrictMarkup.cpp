@@ -1,5 +1,8 @@
 #include "book/StrictMarkup.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "book/ImageMaps.h"
 #include "book/StrictAttributes.h"
 #include "book/StrictBlocks.h"
@@ -61,8 +64,15 @@ public:
 
 private:
     Text attributes(const MarkupElement& element) {
-        return strictAttributes(reader_, element,
-                                [this](const Text& address) { return places_.picture(address); });
+        Text all = strictAttributes(
+            reader_, element, [this](const Text& address) { return places_.picture(address); });
+        constexpr TextView codes[] = {"pre", "code", "kbd", "samp"};
+        if (places_.isRightToLeft() && !reader_.attribute("dir")
+            && std::find(std::begin(codes), std::end(codes), element.strictTag)
+                   != std::end(codes)) {
+            all += " dir=\"auto\"";
+        }
+        return all;
     }
 
     /// Names of tags that are not written stand before the next words.

@@ -25,6 +25,9 @@ public:
     /// it gets none. Asked for every name, in the order of the text.
     virtual text::Text id(text::TextView name) = 0;
 
+    /// Whether the text around runs from right to left, as code never does.
+    virtual bool isRightToLeft() const { return false; }
+
     /// A unique name for what the author cannot lead to.
     virtual text::Text newName() = 0;
 };

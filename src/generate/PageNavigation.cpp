@@ -1,6 +1,7 @@
 #include "generate/PageNavigation.h"
 
 #include "model/ProjectFolders.h"
+#include "text/Labels.h"
 
 namespace generate {
 
@@ -15,9 +16,22 @@ using text::TextView;
 
 namespace {
 
-void appendListStart(Text& page, const Text& name) {
-    appendLine(page, "<p>The following ", name, " features and topics are discussed:</p>");
+/// `ownWord` is empty where the sentence is wanted.
+void appendListStart(Text& page, const Text& name, TextView ownWord) {
+    if (ownWord.empty()) {
+        appendLine(page, "<p>The following ", name, " features and topics are discussed:</p>");
+    } else {
+        appendLine(page, "<p>", ownWord, "</p>");
+    }
     appendLine(page, "<ul>");
+}
+
+/// English has the sentence everywhere.
+TextView ownListWord(const ProjectOptions& options, ListIntroduction introduction) {
+    const TextView language = options.language().tag;
+    return introduction == ListIntroduction::own && !text::hasEnglishLabels(language)
+               ? text::labelsOf(language).contents
+               : TextView();
 }
 
 void appendListItem(Text& page, const Topic& topic) {
@@ -31,8 +45,8 @@ void appendListEnd(Text& page) {
 
 /// Every chapter but the first topic. Its items stand on one line except behind a description.
 void appendOverview(Text& page, const TopicOutline& outline, const Text& projectName,
-                    ListedTopics& listed) {
-    appendListStart(page, projectName);
+                    TextView ownWord, ListedTopics& listed) {
+    appendListStart(page, projectName, ownWord);
     for (int position = 2; position <= outline.count(); ++position) {
         const Topic& topic = outline.at(position);
         if (topic.level != "1") {
@@ -48,10 +62,11 @@ void appendOverview(Text& page, const TopicOutline& outline, const Text& project
 }
 
 /// The topics below this one, as far as they are at the level of the first of them.
-void appendChildren(Text& page, const TopicOutline& outline, int parent, ListedTopics& listed) {
+void appendChildren(Text& page, const TopicOutline& outline, int parent, TextView ownWord,
+                    ListedTopics& listed) {
     const int depth = outline.depth(parent);
     const Text& childLevel = outline.at(parent + 1).level;
-    appendListStart(page, outline.at(parent).title);
+    appendListStart(page, outline.at(parent).title, ownWord);
     for (int position = parent + 1; position <= outline.count() && outline.depth(position) > depth;
          ++position) {
         const Topic& topic = outline.at(position);
@@ -193,16 +208,18 @@ private:
 } // namespace
 
 ListedTopics appendTopicLists(Text& page, const TopicOutline& outline,
-                              const ProjectOptions& options, int position) {
+                              const ProjectOptions& options, int position,
+                              ListIntroduction introduction) {
     ListedTopics listed;
     if (!options.navigationButtons[model::linksToChildren]) {
         return listed;
     }
+    const TextView ownWord = ownListWord(options, introduction);
     if (position == 1) {
-        appendOverview(page, outline, options.projectName, listed);
+        appendOverview(page, outline, options.projectName, ownWord, listed);
     }
     if (position < outline.count() && outline.depth(position + 1) > outline.depth(position)) {
-        appendChildren(page, outline, position, listed);
+        appendChildren(page, outline, position, ownWord, listed);
     }
     return listed;
 }

@@ -152,7 +152,8 @@ void SitePages::makeTopic(Text& page, int position, bool isFront) {
     links_.append(body_, topic.body, position, place);
     const bool hasColours = links_.takeHasColours();
     Text lists;
-    generate::appendTopicLists(lists, outline_, options_, position);
+    generate::appendTopicLists(lists, outline_, options_, position,
+                               generate::ListIntroduction::own);
     if (lists.find("<li>") != Text::npos) {
         append(body_, "\r\n<div class=\"ts-topics\">\r\n");
         links_.append(body_, lists, PageTargets::allPages, place);

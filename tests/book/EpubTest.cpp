@@ -254,6 +254,27 @@ TEST_F(EpubTest, APrintedPageHasLinksWhereTheDocumentationHas) {
     }
 }
 
+TEST_F(EpubTest, WhatIsOursFollowsTheLanguage) {
+    const auto outline =
+        test::outlineOf({topic(1, "A", "a.htm", "<pre>x</pre><code dir=rtl>y</code>"),
+                         topic(2, "B", "b.htm", "<kbd>z</kbd>")});
+    for (const bool isHebrew : {false, true}) {
+        ProjectOptions options;
+        options.projectName = "Name";
+        options.languageTag = isHebrew ? "he-IL" : "en-US";
+        project.replace(outline, options, folder / "p.tsp");
+        EXPECT_TRUE(write("l.epub").notes.empty());
+        const std::string page = unpacked("l.epub", "book/t1.xhtml");
+        EXPECT_EQ(page.find("<p>The following A features") == std::string::npos, isHebrew) << page;
+        EXPECT_EQ(page.find("<p>\u05EA\u05D5\u05DB\u05DF</p>") != std::string::npos, isHebrew);
+        EXPECT_EQ(page.find("<pre dir=\"auto\">") != std::string::npos, isHebrew) << page;
+        EXPECT_NE(page.find("<code dir=\"rtl\">"), std::string::npos);
+        EXPECT_EQ(book::PrintPage(project, test::programFolder()).title(),
+                  isHebrew ? "Name" : "Name Documentation");
+    }
+    EXPECT_EQ(complaints("l.epub"), "");
+}
+
 TEST_F(EpubTest, TheManualIsABook) {
     ASSERT_FALSE(loadProject(project, test::sourceFolder() / "help/topicsmith.tsp").readError);
     const book::BookOutcome outcome = write("manual.epub");

@@ -43,7 +43,10 @@ before(async () => {
   makeSite(batch, join(folder, "rare.tsp"), rare);
   makeSite(batch, manual, book);
   const hebrew = join(folder, "hebrew.tsp");
-  execFileSync(batch, ["convert", join(folder, "drawn.tsp"), hebrew, "--format", "2", "--language", "he-IL"]);
+  const coded = drawnTopics();
+  coded[2].body += "<pre>f(x) {</pre>";
+  writeProject(join(folder, "coded.tsp"), coded);
+  execFileSync(batch, ["convert", join(folder, "coded.tsp"), hebrew, "--format", "2", "--language", "he-IL"]);
   makeSite(batch, hebrew, leftwards);
   server = createServer((request, response) => {
     const path = join(folder, decodeURIComponent(new URL(request.url, "http://x").pathname));
@@ -268,6 +271,10 @@ test("what stands around the pages is in their language, and from right to left"
     const box = async place => (await page.$(place)).boundingBox();
     assert.ok((await box(".ts-side")).x > (await box("main")).x);
     assert.ok((await box("a[rel=prev]")).x > (await box("a[rel=next]")).x);
+    assert.equal(await page.$eval("main pre", code => getComputedStyle(code).direction), "ltr");
+    await page.goto(onDisk(leftwards) + "index.html");
+    await ready(page);
+    assert.equal(await page.textContent(".ts-topics > p"), "\u05ea\u05d5\u05db\u05df");
     assert.deepEqual(await page.$$eval("body *", all => all.map(each => each.ariaLabel ?? "").filter(label => /[a-z]/i.test(label))), []);
   });
 });
