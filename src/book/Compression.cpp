@@ -13,7 +13,7 @@ std::string deflated(std::string_view bytes, Wrapping wrapping) {
         != Z_OK) {
         return {};
     }
-    std::string packed(deflateBound(&stream, bytes.size()), '\0');
+    std::string packed(deflateBound(&stream, static_cast<uLong>(bytes.size())), '\0');
     stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
     stream.avail_in = static_cast<uInt>(bytes.size());
     stream.next_out = reinterpret_cast<Bytef*>(packed.data());
