@@ -280,8 +280,8 @@ function marked(text, places, start, end) {
   return [...nodes, text.slice(start, end)];
 }
 
-const stops = ".!?\u3002\uff01\uff1f";
-const sentenceRule = RegExp(`[^\\n${stops}]+(?:[${stops}]+(?!\\s)[^\\n${stops}]+)*[${stops}]*`, "g");
+const stops = ".!?\u061f\u3002\uff01\uff1f";
+const sentenceRule = RegExp(`[^\\n${stops}]+(?:[.!?]+(?!\\s)[^\\n${stops}]+)*[${stops}]*[\u300d\u300f]*`, "g");
 // The sentence of a page that answers best.
 async function sentence(s, page, parts) {
   const text = await textOf(s, page);

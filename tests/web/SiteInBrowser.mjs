@@ -235,6 +235,9 @@ for (const [where, rootOf] of [["from the disk", onDisk], ["from a server", onSe
       await askFor(page, "\"x n\"");
       await page.waitForSelector(".ts-hits mark");
       assert.equal(await page.textContent(".ts-hits span"), "if (a < b && c) { 'x\\n' }");
+      await askFor(page, "\u5927\u962a");
+      await page.waitForSelector(".ts-hits mark");
+      assert.equal(await page.textContent(".ts-hits span"), "\u5927\u962a\u306f\u5225\u306e\u90fd\u5e02\u3067\u3059\u3002");
     });
   });
 
@@ -292,6 +295,7 @@ test("a narrow, a dark and a printed page are readable", async () => {
     await page.emulateMedia({ media: "print" });
     assert.ok(!await page.isVisible(".ts-head"));
     assert.equal(await colour("main", "filter"), "none");
+    assert.equal(await colour("body", "backgroundColor"), "rgb(255, 255, 255)");
   }, { viewport: { width: 320, height: 600 }, colorScheme: "dark" });
 });
 
