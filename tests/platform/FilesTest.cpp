@@ -47,6 +47,30 @@ TEST(Files, NamesMayBeLongAndInAnyScript) {
     EXPECT_TRUE(fs::equivalent(place / "p.tsp", place / ".." / place.filename() / "p.tsp"));
 }
 
+TEST(Files, CreatingTouchesNothingThatIsThere) {
+    const test::TemporaryFolder folder;
+    platform::FileFacts facts;
+    EXPECT_FALSE(platform::createFile(folder / "new", "bytes", facts));
+    EXPECT_EQ(bytesOf(folder / "new"), "bytes");
+    EXPECT_EQ(facts, platform::fileFacts(folder / "new"));
+    EXPECT_EQ(facts.size, 5U);
+
+    fs::create_directory(folder / "folder");
+    const bool hasLink = test::makeLink(folder / "nowhere", folder / "link");
+    const auto time = fs::last_write_time(folder / "new");
+    for (const char* name : {"new", "folder", "link"}) {
+        if (hasLink || name != std::string_view("link")) {
+            EXPECT_EQ(platform::createFile(folder / name, "other", facts), std::errc::file_exists)
+                << name;
+        }
+    }
+    EXPECT_EQ(bytesOf(folder / "new"), "bytes");
+    EXPECT_EQ(fs::last_write_time(folder / "new"), time);
+    EXPECT_FALSE(fs::exists(folder / "nowhere")) << "a link leads to another file";
+    EXPECT_EQ(platform::createFile(folder / "missing/file", "x", facts),
+              std::errc::no_such_file_or_directory);
+}
+
 TEST(Files, ARootHoldsWhatLiesBelowItAndAFolderNothingElse) {
     const test::TemporaryFolder folder;
     const fs::path inner = folder / "inner";
