@@ -20,7 +20,8 @@ void SpellCommand::checkAll() {
         }
         ui::Window& window = host_.window();
         const auto checker =
-            tools::startSpelling(window, settings_, tools::dictionaryFolders(programFolder_));
+            tools::startSpelling(window, {settings_, tools::dictionaryFolders(programFolder_),
+                                          project_.options().languageTag});
         const auto outcome =
             checker == nullptr ? SpellChecker::Outcome::failed : checkTopics(*checker);
         tools::tellOutcome(window, outcome, checker.get());

@@ -116,8 +116,12 @@ ExitCode spell(BatchSession& session, const CommandLine& arguments) {
         return exitFailed;
     }
     const auto folders = tools::dictionaryFolders(session.programFolder);
-    const std::string language = arguments.has("--language") ? arguments.value("--language")
-                                                             : tools::defaultLanguage(folders);
+    const std::string& written = project.options().languageTag;
+    std::string language = arguments.has("--language") ? arguments.value("--language")
+                                                       : tools::languageFor(folders, written);
+    if (language.empty()) {
+        language = written; // to be named
+    }
     const auto dictionary = tools::Dictionary::open(folders, language);
     if (dictionary == nullptr) {
         session.console.failure(spellTitle, platform::pathFromUtf8(language),

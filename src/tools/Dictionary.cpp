@@ -7,6 +7,7 @@
 
 #include "platform/Files.h"
 #include "text/CodePage.h"
+#include "text/Language.h"
 #include "text/Text.h"
 
 namespace tools {
@@ -129,16 +130,25 @@ std::vector<fs::path> dictionaryFolders(const fs::path& programFolder) {
     return folders;
 }
 
-std::string defaultLanguage(const std::vector<fs::path>& folders) {
-    std::vector<std::string> languages = Dictionary::languages(folders);
-    const auto preferred = std::find(languages.begin(), languages.end(), "en_US");
-    if (preferred != languages.end()) {
-        return *preferred;
+std::string languageFor(const std::vector<fs::path>& folders, const std::string& languageTag) {
+    const std::vector<std::string> known = Dictionary::languages(folders);
+    const std::string language = languageTag.substr(0, languageTag.find('-'));
+    std::string name = languageTag;
+    std::replace(name.begin(), name.end(), '-', '_');
+    const auto firstThat = [&known](const auto& fits) {
+        const auto found = std::find_if(known.begin(), known.end(), fits);
+        return found != known.end() ? *found : std::string();
+    };
+    if (std::string same = firstThat([&](const std::string& each) { return each == name; });
+        !same.empty()) {
+        return same;
     }
-    if (languages.empty()) {
-        return {};
+    if (languageTag == text::defaultLanguage) {
+        return known.empty() ? std::string() : known.front();
     }
-    return languages.front();
+    return firstThat([&](const std::string& each) {
+        return each == language || each.starts_with(language + '_');
+    });
 }
 
 } // namespace tools

@@ -39,7 +39,10 @@ private:
 /// Where dictionaries are looked for: beside the program, then where the system keeps them.
 std::vector<std::filesystem::path> dictionaryFolders(const std::filesystem::path& programFolder);
 
-/// American English, or else the first that there is; empty without any.
-std::string defaultLanguage(const std::vector<std::filesystem::path>& folders);
+/// For help in a language of text::Language: the same region's, or else the first one of the same
+/// language ("de_DE" for "de-AT"). Help in the default language often does not say what it is
+/// written in: it gets what there is, American English before others. Empty where nothing fits.
+std::string languageFor(const std::vector<std::filesystem::path>& folders,
+                        const std::string& languageTag);
 
 } // namespace tools

@@ -64,8 +64,8 @@ protected:
             std::make_unique<importer::frmVbImport>(*window, importer::VbProject(), project()));
         all.push_back(std::make_unique<tools::frmFind>(*window, host, text));
         all.push_back(std::make_unique<tools::frmReplace>(*window, replaceHost, replaceMemory));
-        all.push_back(tools::dlgSpelling::create(*window, *settings,
-                                                 {test::sourceFolder() / "tests/data/spelling"}));
+        all.push_back(tools::dlgSpelling::create(
+            *window, {*settings, {test::sourceFolder() / "tests/data/spelling"}, "en-US"}));
         return all;
     }
 

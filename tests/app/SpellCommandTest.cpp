@@ -85,7 +85,7 @@ TEST_F(SpellCommand, CorrectsTheWholeProject) {
 
 TEST_F(SpellCommand, LeavesATextWithoutErrorsAlone) {
     EXPECT_TRUE(choose(*window, {"File", "Spell Check All"})); // nothing without topics
-    EXPECT_EQ(tools::startSpelling(*window, *settings, {folder.path()}), nullptr);
+    EXPECT_EQ(tools::startSpelling(*window, {*settings, {folder.path()}, "en-US"}), nullptr);
     load(titled({"the fox", "a tree"}));
     expectDone();
     EXPECT_TRUE(choose(*window, {"File", "Spell Check All"}));
@@ -125,6 +125,41 @@ TEST_F(SpellCommand, GoesOnInAnotherLanguage) {
         press("Down");
     }});
     EXPECT_EQ(settings->get("Spelling", "Language"), "xx_TEST");
+}
+
+TEST_F(SpellCommand, TakesTheDictionaryOfTheHelpsLanguage) {
+    const fs::path dictionaries = folder / "program" / "dictionaries";
+    for (const char* name : {"de_AT", "pl", "ru_RU"}) {
+        for (const char* kind : {".aff", ".dic"}) {
+            fs::copy(dictionaries / (std::string("xx_TEST") + kind),
+                     dictionaries / (std::string(name) + kind));
+        }
+    }
+    const std::vector<fs::path> folders{dictionaries};
+    EXPECT_EQ(tools::languageFor(folders, "ru-RU"), "ru_RU");
+    EXPECT_EQ(tools::languageFor(folders, "pl-PL"), "pl");
+    EXPECT_EQ(tools::languageFor(folders, "de-LI"), "de_AT");
+    EXPECT_EQ(tools::languageFor(folders, "p"), "");
+    EXPECT_EQ(tools::languageFor(folders, "en-US"), "de_AT"); // nobody said that it is English
+
+    settings->set("Spelling", "Language", "xx_LATIN");
+    load(titled({"f\u00FCks"}));
+    model::ProjectOptions options = project().options();
+    options.languageTag = "de-AT";
+    project().setOptions(options);
+    expectDone();
+    checkAll({[](dlgSpelling& dialog) {
+        EXPECT_EQ(dialog.icboLanguage.selectedKey(), "de_AT");
+        dialog.icboLanguage.setFocus();
+        press("End");
+        EXPECT_EQ(dialog.icboLanguage.selectedKey(), "xx_TEST");
+        click(dialog.cmdIgnore);
+    }});
+    EXPECT_EQ(settings->get("Spelling", "Language"), "xx_LATIN"); // of help that says nothing
+    EXPECT_EQ(tools::chosenDictionary({*settings, folders, "de-AT"}).language, "xx_TEST");
+    const auto other = tools::chosenDictionary({*settings, folders, "fr-FR"});
+    EXPECT_EQ(other.language, "xx_LATIN");
+    EXPECT_FALSE(other.fits); // nothing is underlined
 }
 
 TEST_F(SpellCommand, ChecksTheEditorsTextOrItsSelection) {

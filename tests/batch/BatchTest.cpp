@@ -167,13 +167,21 @@ TEST_F(BatchTest, SpellListsUnknownWords) {
     fs::copy(test::sourceFolder() / "tests/data/spelling", folder / "dictionaries");
     programFolder = folder.path();
     EXPECT_EQ(run({"spell", project, "--language", "xx_TEST"}), exitFailed);
-    EXPECT_EQ(output,
-              "1\ttitle\t1\tfoks\n1\tbody\t1\tFoks\n1\tbody\t2\tfoks\n2\tdescription\t1\tΩ\n");
+    const std::string found =
+        "1\ttitle\t1\tfoks\n1\tbody\t1\tFoks\n1\tbody\t2\tfoks\n2\tdescription\t1\tΩ\n";
+    EXPECT_EQ(output, found);
     EXPECT_EQ(run({"spell", "--language", "xx_TEST",
                    save("fine.tsp", test::outlineOf({topic(1, "The", "a.htm", "fox")}))}),
               exitDone);
     EXPECT_EQ(run({"spell", project, "--language", "xx_GREEK"}), exitFailed);
     EXPECT_EQ(errors, "Spell Check All: xx_GREEK: no dictionary for this language is installed\n");
+    for (const char* kind : {".aff", ".dic"}) {
+        fs::copy(folder / "dictionaries" / (std::string("xx_TEST") + kind),
+                 folder / "dictionaries" / (std::string("de_AT") + kind));
+    }
+    EXPECT_EQ(run({"convert", project, folder / "de.tsp", "--language", "de-AT"}), exitDone);
+    EXPECT_EQ(run({"spell", folder / "de.tsp"}), exitFailed);
+    EXPECT_EQ(output, found);
     EXPECT_EQ(run({"spell", project, "--language"}), exitUsage);
     test::writeBytes(folder / "words", "foks\nFoks\n");
     EXPECT_EQ(run({"spell", project, "--language=xx_TEST", "--words", folder / "words"}),

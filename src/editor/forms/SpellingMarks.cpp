@@ -2,16 +2,17 @@
 
 #include <algorithm>
 
-#include "tools/forms/SpellingSettings.h"
-
 namespace editor {
 
-bool LiveDictionary::open(const ui::Settings& settings,
-                          const std::vector<std::filesystem::path>& folders) {
+bool LiveDictionary::open(const tools::SpellingScope& scope) {
+    if (words_ && words_->languageTag != scope.languageTag) {
+        close();
+    }
     if (!words_) {
-        if (auto dictionary = tools::chosenDictionary(settings, folders).dictionary) {
-            words_.emplace(Words{std::move(dictionary),
-                                 tools::PersonalWords(tools::personalWordsFile(settings))});
+        if (tools::ChosenDictionary chosen = tools::chosenDictionary(scope); chosen.fits) {
+            words_.emplace(Words{std::move(chosen.dictionary),
+                                 tools::PersonalWords(tools::personalWordsFile(scope.settings)),
+                                 scope.languageTag});
         }
     }
     return words_.has_value();

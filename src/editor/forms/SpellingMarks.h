@@ -1,12 +1,11 @@
 #pragma once
 
-#include <filesystem>
 #include <memory>
 #include <optional>
 
 #include "tools/SpellingScan.h"
+#include "tools/forms/SpellingSettings.h"
 #include "ui/HtmlBox.h"
-#include "ui/Settings.h"
 #include "ui/Timer.h"
 
 namespace editor {
@@ -17,8 +16,8 @@ using text::Text;
 /// first needed, and kept as long as the program runs.
 class LiveDictionary {
 public:
-    /// False when there is no dictionary.
-    bool open(const ui::Settings& settings, const std::vector<std::filesystem::path>& folders);
+    /// False when no dictionary fits the help's language: then every word would be unknown.
+    bool open(const tools::SpellingScope& scope);
 
     /// Another language may have been chosen, or words added.
     void close() { words_.reset(); }
@@ -31,6 +30,7 @@ private:
     struct Words {
         std::unique_ptr<tools::Dictionary> dictionary;
         tools::PersonalWords personal;
+        std::string languageTag; ///< of the help
     };
     std::optional<Words> words_;
     std::set<std::string> ignored_;

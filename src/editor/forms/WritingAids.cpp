@@ -76,7 +76,9 @@ void WritingAids::look() {
     }
     parts_.body.setMarks(ui::MarkKind::fault, marks);
     WordsCounted.raise(visibleWordCount(text));
-    if (choice_.spelling && parts_.words.open(parts_.settings, parts_.dictionaryFolders)) {
+    if (choice_.spelling
+        && parts_.words.open(
+            {parts_.settings, parts_.dictionaryFolders, parts_.options.languageTag})) {
         spelling_.begin(text);
     } else {
         spelling_.clear();

@@ -2,6 +2,7 @@
 
 #include "editor/Completion.h"
 #include "editor/forms/SpellingMarks.h"
+#include "model/ProjectOptions.h"
 
 namespace editor {
 
@@ -27,6 +28,7 @@ public:
         ui::Settings& settings;
         LiveDictionary& words;
         std::vector<std::filesystem::path> dictionaryFolders;
+        const model::ProjectOptions& options; ///< which may change meanwhile
         KnownNames& names;
     };
     /// Nothing of it is owned.

@@ -27,7 +27,8 @@ frmEditBody::frmEditBody(ui::Window& owner, model::Project& project, ui::Setting
                          EditorMemory& memory, std::filesystem::path programFolder)
     : Window(Kind::main, windowName, &owner), project_(project), settings_(settings),
       memory_(memory), programFolder_(std::move(programFolder)),
-      aids_({txtBody, settings_, memory_.words, tools::dictionaryFolders(programFolder_), names_}) {
+      aids_({txtBody, settings_, memory_.words, tools::dictionaryFolders(programFolder_),
+             project_.options(), names_}) {
     setCaption("Edit Body");
     setHelpContext(ui::editorHelp);
     arrange();

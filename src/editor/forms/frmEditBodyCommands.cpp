@@ -322,7 +322,8 @@ void frmEditBody::mnuSpellCheck_Click() {
     const Text before = text;
     const Text place = project_.outline().at(project_.currentIndex()).title;
     const auto checker =
-        tools::startSpelling(*this, settings_, tools::dictionaryFolders(programFolder_));
+        tools::startSpelling(*this, {settings_, tools::dictionaryFolders(programFolder_),
+                                     project_.options().languageTag});
     using Outcome = tools::SpellChecker::Outcome;
     const Outcome outcome = checker == nullptr ? Outcome::failed : checker->check(text, place);
     // The word processor first: when it fails at its end, the text is to stay, too.

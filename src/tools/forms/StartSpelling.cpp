@@ -22,13 +22,12 @@ private:
 
 } // namespace
 
-std::unique_ptr<SpellChecker> startSpelling(ui::Window& owner, ui::Settings& settings,
-                                            const std::vector<std::filesystem::path>& folders) {
+std::unique_ptr<SpellChecker> startSpelling(ui::Window& owner, SpellingScope scope) {
     if (auto wordProcessor =
             WordProcessor::start(platform::createAutomation, std::make_unique<SystemClipboard>())) {
         return wordProcessor;
     }
-    return dlgSpelling::create(owner, settings, folders);
+    return dlgSpelling::create(owner, std::move(scope));
 }
 
 void tellOutcome(ui::Window& owner, SpellChecker::Outcome outcome, SpellChecker* checker) {

@@ -4,38 +4,33 @@
 
 #include "text/TextLines.h"
 #include "text/Unicode.h"
-#include "tools/forms/SpellingSettings.h"
 #include "ui/HelpContext.h"
 #include "ui/Prompter.h"
 
 namespace tools {
 
-namespace fs = std::filesystem;
-
 Text WordRows::cell(int row, int /*column*/) const {
     return words[static_cast<std::size_t>(row - 1)];
 }
 
-std::unique_ptr<dlgSpelling> dlgSpelling::create(ui::Window& owner, ui::Settings& settings,
-                                                 std::vector<fs::path> folders) {
-    auto [dictionary, language] = chosenDictionary(settings, folders);
-    if (dictionary == nullptr) {
+std::unique_ptr<dlgSpelling> dlgSpelling::create(ui::Window& owner, SpellingScope scope) {
+    ChosenDictionary chosen = chosenDictionary(scope);
+    if (chosen.dictionary == nullptr) {
         return nullptr;
     }
     return std::unique_ptr<dlgSpelling>(
-        new dlgSpelling(owner, settings, std::move(folders), std::move(dictionary), language));
+        new dlgSpelling(owner, std::move(scope), std::move(chosen.dictionary), chosen.language));
 }
 
-dlgSpelling::dlgSpelling(ui::Window& owner, ui::Settings& settings, std::vector<fs::path> folders,
+dlgSpelling::dlgSpelling(ui::Window& owner, SpellingScope scope,
                          std::unique_ptr<Dictionary> dictionary, const std::string& language)
-    : Window(Kind::dialog, "dlgSpelling", &owner), settings_(settings),
-      folders_(std::move(folders)), dictionary_(std::move(dictionary)),
-      personal_(personalWordsFile(settings)), spelling_(*dictionary_, personal_),
-      lvSuggestions(*this, {{"", 3000}}, rows_) {
+    : Window(Kind::dialog, "dlgSpelling", &owner), scope_(std::move(scope)),
+      dictionary_(std::move(dictionary)), personal_(personalWordsFile(scope_.settings)),
+      spelling_(*dictionary_, personal_), lvSuggestions(*this, {{"", 3000}}, rows_) {
     arrange();
     setCaption("Spelling");
     setHelpContext(ui::spellingHelp);
-    for (const std::string& known : Dictionary::languages(folders_)) {
+    for (const std::string& known : Dictionary::languages(scope_.folders)) {
         icboLanguage.add(known, known, "");
     }
     icboLanguage.select(language);
@@ -144,14 +139,14 @@ void dlgSpelling::lvSuggestions_DblClick(int row) {
 
 void dlgSpelling::icboLanguage_Change() {
     const Text language = icboLanguage.selectedKey();
-    std::unique_ptr<Dictionary> chosen = Dictionary::open(folders_, language);
+    std::unique_ptr<Dictionary> chosen = Dictionary::open(scope_.folders, language);
     if (chosen == nullptr) {
         ui::Prompter::current().beep();
         return;
     }
     spelling_.setDictionary(*chosen);
     dictionary_ = std::move(chosen);
-    chooseDictionary(settings_, language);
+    chooseDictionary(scope_, language);
     showNext();
     icboLanguage.setFocus(); // for another try
 }

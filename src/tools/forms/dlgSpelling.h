@@ -1,11 +1,10 @@
 #pragma once
 
 #include "tools/SpellChecker.h"
-#include "tools/Spelling.h"
+#include "tools/forms/SpellingSettings.h"
 #include "ui/Button.h"
 #include "ui/ImageCombo.h"
 #include "ui/ListView.h"
-#include "ui/Settings.h"
 #include "ui/Window.h"
 
 namespace tools {
@@ -23,18 +22,15 @@ public:
 /// Shows the unknown words of texts one by one and asks what to do with them. Where there is no
 /// word processor, this checks the spelling.
 class dlgSpelling : public ui::Window, public SpellChecker {
-    ui::Settings& settings_;
-    std::vector<std::filesystem::path> folders_;
+    SpellingScope scope_;
     std::unique_ptr<Dictionary> dictionary_;
     PersonalWords personal_;
     Spelling spelling_;
     WordRows rows_; // before the list, which shows it
 
 public:
-    /// Null when there is no dictionary in the folders. The settings are not owned; they know the
-    /// language chosen last.
-    static std::unique_ptr<dlgSpelling> create(ui::Window& owner, ui::Settings& settings,
-                                               std::vector<std::filesystem::path> folders);
+    /// Null when there is no dictionary in the folders.
+    static std::unique_ptr<dlgSpelling> create(ui::Window& owner, SpellingScope scope);
 
     Outcome check(Text& text, TextView place) override;
 
@@ -65,8 +61,7 @@ public:
     void cmdCancel_Click() { close(); }
 
 private:
-    dlgSpelling(ui::Window& owner, ui::Settings& settings,
-                std::vector<std::filesystem::path> folders, std::unique_ptr<Dictionary> dictionary,
+    dlgSpelling(ui::Window& owner, SpellingScope scope, std::unique_ptr<Dictionary> dictionary,
                 const std::string& language);
     void arrange();
     void showNext();
