@@ -32,10 +32,8 @@ void makeCurrent(const fs::path& folder) {
 
 /// Held by the window that has the project open.
 fs::path openMarkFile(const ui::Settings& settings, const fs::path& project) {
-    std::error_code error;
-    const fs::path file = fs::weakly_canonical(project, error);
     return settings.folder()
-           / ("open-" + std::to_string(fs::hash_value(error ? project : file)) + ".lock");
+           / ("open-" + std::to_string(fs::hash_value(platform::realPath(project))) + ".lock");
 }
 
 } // namespace

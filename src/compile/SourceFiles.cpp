@@ -32,8 +32,7 @@ bool isPageName(std::string_view path) {
 bool goesInCircles(const fs::path& folder, const fs::path& path) {
     std::set<fs::path> passed;
     for (fs::path each = path.parent_path();; each = each.parent_path()) {
-        std::error_code error;
-        if (!passed.insert(fs::canonical(each, error)).second) {
+        if (!passed.insert(platform::realPath(each)).second) {
             return true;
         }
         if (each == folder || !each.has_relative_path()) {
@@ -148,12 +147,8 @@ std::size_t SourceFiles::search(const std::string& relative, const std::string* 
 /// under, ways in circles and all too many ones are none.
 bool SourceFiles::isWithin(const fs::path& folder, const fs::path& path) {
     constexpr int mostNames = 64;
-    std::error_code error;
-    const fs::path root = fs::canonical(folder, error);
-    const fs::path real = error ? fs::path() : fs::canonical(path, error);
-    if (error) {
-        return false;
-    }
+    const fs::path root = platform::realPath(folder);
+    const fs::path real = platform::realPath(path);
     if (real == root / path.lexically_relative(folder)) {
         return true;
     }

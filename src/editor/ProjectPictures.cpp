@@ -82,10 +82,9 @@ std::error_code ProjectPictures::store(TextView name, std::string_view bytes) {
 }
 
 Text ProjectPictures::nameInFolder(const fs::path& file) const {
-    std::error_code ignored;
-    const fs::path folder = fs::weakly_canonical(projectFolder_ / model::imageFolderName, ignored);
+    const fs::path folder = platform::realPath(projectFolder_ / model::imageFolderName);
     const Text name = text::displayText(file.filename());
-    const bool inside = fs::weakly_canonical(file.parent_path(), ignored) == folder;
+    const bool inside = platform::realPath(file.parent_path()) == folder;
     return inside && codePage_.hasAll(name) ? name : Text();
 }
 
@@ -115,10 +114,9 @@ Text ProjectPictures::picture(TextView address) {
 
 Text ProjectPictures::page(TextView address) {
     const fs::path file = fileOf(address);
-    std::error_code ignored;
-    const fs::path folder = fs::weakly_canonical(projectFolder_ / model::pageFolderName, ignored);
+    const fs::path folder = platform::realPath(projectFolder_ / model::pageFolderName);
     if (file.empty() || projectFolder_.empty() || !platform::isFile(file)
-        || fs::weakly_canonical(file.parent_path(), ignored) != folder) {
+        || platform::realPath(file.parent_path()) != folder) {
         return {};
     }
     const std::size_t anchor = address.find('#');

@@ -2,6 +2,8 @@
 
 #include <thread>
 
+#include "platform/Files.h"
+
 namespace model {
 
 namespace fs = std::filesystem;
@@ -11,11 +13,7 @@ namespace {
 /// Hidden beside the project; not longer than names can be.
 fs::path lockFile(const fs::path& project) {
     constexpr std::size_t enough = 200;
-    std::error_code error;
-    fs::path file = fs::weakly_canonical(project, error); // one lock, whatever links lead to it
-    if (error) {
-        file = project;
-    }
+    const fs::path file = platform::realPath(project); // one lock, whatever links lead to it
     fs::path name(".");
     name += file.filename().native().substr(0, enough);
     name += ".lock";

@@ -84,6 +84,9 @@ bool isFile(const std::filesystem::path& path);
 /// Whether both names lead to one file, which is there.
 bool isSameFile(const std::filesystem::path& one, const std::filesystem::path& other);
 
+/// The path to which links lead. Of what is not there, its folder's with its name.
+std::filesystem::path realPath(const std::filesystem::path& path);
+
 /// Whether a file or folder in `folder` is one only by its name: links lead to another place. False
 /// when it is not there.
 bool leadsOutOf(const std::filesystem::path& folder, const std::filesystem::path& path);

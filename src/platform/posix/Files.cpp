@@ -344,6 +344,12 @@ bool isSameFile(const fs::path& one, const fs::path& other) {
     return fs::equivalent(one, other, ignored);
 }
 
+fs::path realPath(const fs::path& path) {
+    std::error_code error;
+    const fs::path real = fs::weakly_canonical(path, error);
+    return error ? path : real;
+}
+
 bool leadsOutOf(const fs::path& folder, const fs::path& path) {
     std::error_code error;
     const fs::path root = fs::canonical(folder, error);

@@ -76,15 +76,6 @@ bool belongsElsewhere(const fs::path& path) {
     return (facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0 && facts.nNumberOfLinks > 1;
 }
 
-/// The name that leads there without a link; empty when there is nothing.
-std::wstring finalName(const Handle& file) {
-    std::wstring name(GetFinalPathNameByHandleW(file.get(), nullptr, 0, 0), L'\0');
-    const DWORD length =
-        GetFinalPathNameByHandleW(file.get(), name.data(), static_cast<DWORD>(name.size()), 0);
-    name.resize(length < name.size() ? length : 0);
-    return name;
-}
-
 /// The file that a path stands for in the end.
 std::error_code followLinks(fs::path& path) {
     const DWORD attributes = GetFileAttributesW(systemName(path).c_str());
@@ -370,19 +361,6 @@ bool isSameFile(const fs::path& one, const fs::path& other) {
            && GetFileInformationByHandle(second.get(), &b) != FALSE
            && a.dwVolumeSerialNumber == b.dwVolumeSerialNumber
            && a.nFileIndexHigh == b.nFileIndexHigh && a.nFileIndexLow == b.nFileIndexLow;
-}
-
-bool leadsOutOf(const fs::path& folder, const fs::path& path) {
-    const Handle root(openFile(folder, 0, OPEN_EXISTING, shareAll, FILE_FLAG_BACKUP_SEMANTICS));
-    const Handle place(openFile(path, 0, OPEN_EXISTING, shareAll, FILE_FLAG_BACKUP_SEMANTICS));
-    fs::path outer = root.isOpen() ? finalName(root) : std::wstring();
-    const fs::path inner = place.isOpen() ? finalName(place) : std::wstring();
-    if (!outer.has_filename()) { // the root of a drive, whose name ends with a backslash
-        outer = outer.parent_path();
-    }
-    return !outer.empty() && !inner.empty()
-           && std::mismatch(outer.begin(), outer.end(), inner.begin(), inner.end()).first
-                  != outer.end();
 }
 
 std::error_code createFolder(const fs::path& path) {

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "platform/Files.h"
 #include "platform/windows/System.h"
 
@@ -38,6 +40,44 @@ std::wstring systemName(const fs::path& path) {
 
 std::string libraryName(const fs::path& path) {
     return utf8FromPath(longForm(fullPath(path).native()));
+}
+
+std::wstring finalName(const Handle& file) {
+    std::wstring name(GetFinalPathNameByHandleW(file.get(), nullptr, 0, 0), L'\0');
+    const DWORD length =
+        GetFinalPathNameByHandleW(file.get(), name.data(), static_cast<DWORD>(name.size()), 0);
+    name.resize(length < name.size() ? length : 0);
+    return name;
+}
+
+namespace {
+
+/// Empty when there is nothing.
+fs::path finalPath(const fs::path& path) {
+    const Handle there(openFile(path, 0, OPEN_EXISTING, shareAll, FILE_FLAG_BACKUP_SEMANTICS));
+    return there.isOpen() ? finalName(there) : std::wstring();
+}
+
+} // namespace
+
+fs::path realPath(const fs::path& path) {
+    if (fs::path real = finalPath(path); !real.empty()) {
+        return real;
+    }
+    const fs::path whole = fullPath(path);
+    const fs::path folder = whole.parent_path();
+    return folder.empty() || folder == whole ? whole : realPath(folder) / whole.filename();
+}
+
+bool leadsOutOf(const fs::path& folder, const fs::path& path) {
+    fs::path outer = finalPath(folder);
+    const fs::path inner = finalPath(path);
+    if (!outer.has_filename()) { // the root of a drive, whose name ends with a backslash
+        outer = outer.parent_path();
+    }
+    return !outer.empty() && !inner.empty()
+           && std::mismatch(outer.begin(), outer.end(), inner.begin(), inner.end()).first
+                  != outer.end();
 }
 
 fs::path programFolder() {

@@ -48,6 +48,9 @@ inline constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHAR
 HANDLE openFile(const std::filesystem::path& path, DWORD access, DWORD disposition,
                 DWORD share = shareAll, DWORD flags = FILE_ATTRIBUTE_NORMAL);
 
+/// The name that leads there without a link; empty when there is nothing.
+std::wstring finalName(const Handle& file);
+
 inline bool isFolder(const std::filesystem::path& path) {
     const DWORD attributes = GetFileAttributesW(systemName(path).c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
