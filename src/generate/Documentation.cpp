@@ -177,10 +177,9 @@ model::FileFailures generateDocumentation(const model::Project& project,
                                           const std::filesystem::path& file,
                                           const std::filesystem::path& imageFolder) {
     model::FileFailures failures;
-    writeGenerated(
-        file,
-        documentationPage(project.outline(), project.options(), text::attributeText(imageFolder)),
-        project.projectPath(), failures);
+    GeneratedFiles(project.projectPath(), failures)
+        .write(file, documentationPage(project.outline(), project.options(),
+                                       text::attributeText(imageFolder)));
     return failures;
 }
 

@@ -9,6 +9,12 @@ namespace generate {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+constexpr const char* isProject = "is the project itself";
+
+} // namespace
+
 fs::path siblingFile(const fs::path& path, std::string_view extension) {
     std::u8string name = path.filename().u8string();
     name.erase(std::min(name.find(u8'.'), name.size()));
@@ -24,7 +30,7 @@ bool haveSameName(const fs::path& one, const fs::path& other) {
 
 std::optional<model::FileFailure> outputFault(const fs::path& output, const fs::path& project) {
     if (output == project || platform::isSameFile(output, project)) {
-        return model::FileFailure{output, "is the project itself"};
+        return model::FileFailure{output, isProject};
     }
     return {};
 }
@@ -36,12 +42,14 @@ void noteFailure(model::FileFailures& failures, const fs::path& path,
     }
 }
 
-void writeGenerated(const fs::path& path, const text::Bytes& contents, const fs::path& project,
-                    model::FileFailures& failures) {
-    if (auto fault = outputFault(path, project)) {
-        failures.push_back(std::move(*fault));
+void GeneratedFiles::write(const fs::path& path, const text::Bytes& contents) {
+    const std::error_code error =
+        path == project_ ? platform::FileError::isSpared
+                         : platform::writeFile(path, contents.value, facts_ ? &*facts_ : nullptr);
+    if (error == platform::FileError::isSpared) {
+        failures_.push_back({path, isProject});
     } else {
-        noteFailure(failures, path, platform::writeFile(path, contents.value));
+        noteFailure(failures_, path, error);
     }
 }
 

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "model/FileFailure.h"
+#include "platform/FileState.h"
 #include "text/CodePage.h"
 
 namespace generate {
@@ -24,9 +25,19 @@ std::optional<model::FileFailure> outputFault(const std::filesystem::path& outpu
 void noteFailure(model::FileFailures& failures, const std::filesystem::path& path,
                  const std::error_code& error);
 
-/// Writes a file that can be made again, noting a failure. Whatever names and links say, it never
-/// takes the place of the project.
-void writeGenerated(const std::filesystem::path& path, const text::Bytes& contents,
-                    const std::filesystem::path& project, model::FileFailures& failures);
+/// Writes files that can be made again, noting failures. Whatever names and links say, none takes
+/// the place of the project.
+class GeneratedFiles {
+public:
+    GeneratedFiles(const std::filesystem::path& project, model::FileFailures& failures)
+        : project_(project), facts_(platform::fileFacts(project)), failures_(failures) {}
+
+    void write(const std::filesystem::path& path, const text::Bytes& contents);
+
+private:
+    const std::filesystem::path& project_;
+    std::optional<platform::FileFacts> facts_;
+    model::FileFailures& failures_;
+};
 
 } // namespace generate

@@ -125,9 +125,19 @@ private:
             report_.failures.push_back({path, std::string(fault) + " (topic "
                                                   + std::to_string(position)
                                                   + "); it is in no list of the workshop's"});
-        } else if (staysInside(path.parent_path())) {
+        } else if (pageStaysInside(path, fileName)) {
             writeText(path, page);
         }
+    }
+
+    /// The same for all pages whose names have the same folder in them.
+    bool pageStaysInside(const fs::path& path, const Text& fileName) {
+        Text folder = fileName.substr(0, fileName.find_last_of("/\\") + 1);
+        const auto [known, isNew] = stayingPages_.try_emplace(std::move(folder), false);
+        if (isNew) {
+            known->second = staysInside(path.parent_path());
+        }
+        return known->second;
     }
 
     /// Whether a folder is really one of the output's. One that is a link to elsewhere is named,
@@ -142,12 +152,8 @@ private:
         return place->second;
     }
 
-    void write(const fs::path& path, const text::Bytes& contents) {
-        writeGenerated(path, contents, project_.projectPath(), report_.failures);
-    }
-
     void writeText(const fs::path& path, TextView text) {
-        write(path, project_.options().codePage().encoded(text, text::Missing::reference));
+        files_.write(path, project_.options().codePage().encoded(text, text::Missing::reference));
     }
 
     /// The person may have given the workshop project the name of one of its companions.
@@ -166,14 +172,16 @@ private:
             noteFailure(report_.failures, source, error);
             return;
         }
-        write(folder_ / model::imageFolderName / name, picture);
+        files_.write(folder_ / model::imageFolderName / name, picture);
     }
 
     Project& project_;
     const GenerationRequest& request_;
     fs::path folder_;
-    std::map<fs::path, bool> staying_; ///< what staysInside() has found
+    std::map<fs::path, bool> staying_;  ///< what staysInside() has found
+    std::map<Text, bool> stayingPages_; ///< and for folders in names of pages
     GenerationReport report_;
+    GeneratedFiles files_{project_.projectPath(), report_.failures};
 };
 
 } // namespace

@@ -16,6 +16,11 @@ struct FileFacts {
     std::chrono::nanoseconds written{}; ///< since 1970
 
     bool operator==(const FileFacts&) const = default;
+
+    /// Whether both are of one file, as it was and as it is.
+    bool isSameFile(const FileFacts& other) const {
+        return volume == other.volume && number == other.number;
+    }
 };
 
 /// Of the file that the name leads to; nothing when there is none, or it cannot be looked at.

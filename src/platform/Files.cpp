@@ -9,8 +9,10 @@ namespace {
 class FileErrors : public std::error_category {
 public:
     const char* name() const noexcept override { return "files"; }
-    std::string message(int /*code*/) const override {
-        return "The folder does not allow new files";
+    std::string message(int code) const override {
+        return static_cast<FileError>(code) == FileError::isSpared
+                   ? "The file is to be left alone"
+                   : "The folder does not allow new files";
     }
 };
 

@@ -17,7 +17,8 @@ struct FileFacts;
 
 /// What the standard has no error for.
 enum class FileError {
-    folderIsClosed = 1 ///< the file may be written, but its folder does not let it be exchanged
+    folderIsClosed = 1, ///< the file may be written, but its folder does not let it be exchanged
+    isSpared            ///< a file that was to be left alone has this name
 };
 std::error_code make_error_code(FileError error);
 
@@ -37,8 +38,9 @@ std::error_code readPart(const std::filesystem::path& path, std::string& bytes,
 /// made again. Nothing but what has this name is written: a link in the file's place, and one of
 /// several names of a file, make way for a new file. A file that holds these bytes already is not
 /// written, so that its time tells when they came about; whether it could be written counts all the
-/// same.
-std::error_code writeFile(const std::filesystem::path& path, std::string_view bytes);
+/// same. The file of the facts `spared` stays, by whichever name or link the path leads to it.
+std::error_code writeFile(const std::filesystem::path& path, std::string_view bytes,
+                          const FileFacts* spared = nullptr);
 
 /// Creates a file where nothing has this name, and tells what the system knows of it then; with
 /// std::errc::file_exists, nothing was touched. Another failure can leave it incomplete.

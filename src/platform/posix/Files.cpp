@@ -105,6 +105,15 @@ bool belongsElsewhere(const struct stat& status) {
     return S_ISLNK(status.st_mode) || (S_ISREG(status.st_mode) && status.st_nlink > 1);
 }
 
+/// Whether a path leads to a file that is to be left alone.
+bool isSpared(const fs::path& path, const struct stat& status, const FileFacts* spared) {
+    if (spared == nullptr) {
+        return false;
+    }
+    const auto facts = S_ISLNK(status.st_mode) ? fileFacts(path) : std::optional(factsOf(status));
+    return facts && facts->isSameFile(*spared);
+}
+
 /// Whether an open file holds these bytes and no others; false also when it cannot be read.
 bool holds(const File& file, std::string_view bytes) {
     constexpr std::size_t pieceSize = std::size_t(1) << 16U;
@@ -195,9 +204,12 @@ std::error_code readPart(const fs::path& path, std::string& bytes, std::uint64_t
     return read(path, bytes, offset, count, std::numeric_limits<std::uint64_t>::max());
 }
 
-std::error_code writeFile(const fs::path& path, std::string_view bytes) {
+std::error_code writeFile(const fs::path& path, std::string_view bytes, const FileFacts* spared) {
     struct stat status {};
     const bool exists = ::lstat(path.c_str(), &status) == 0;
+    if (exists && isSpared(path, status, spared)) {
+        return FileError::isSpared;
+    }
     if (exists && belongsElsewhere(status) && ::unlink(path.c_str()) != 0) {
         return lastError();
     }

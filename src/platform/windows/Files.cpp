@@ -225,7 +225,11 @@ std::error_code readPart(const fs::path& path, std::string& bytes, std::uint64_t
     return read(path, bytes, offset, count, std::numeric_limits<std::uint64_t>::max());
 }
 
-std::error_code writeFile(const fs::path& path, std::string_view bytes) {
+std::error_code writeFile(const fs::path& path, std::string_view bytes, const FileFacts* spared) {
+    const auto facts = spared != nullptr ? fileFacts(path) : std::nullopt;
+    if (facts && facts->isSameFile(*spared)) {
+        return FileError::isSpared;
+    }
     if (belongsElsewhere(path) && DeleteFileW(systemName(path).c_str()) == FALSE
         && RemoveDirectoryW(systemName(path).c_str()) == FALSE) { // a link to a folder
         return lastError();
