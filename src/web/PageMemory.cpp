@@ -64,66 +64,61 @@ std::uint64_t PageMemory::frameOf(const model::TopicOutline& outline,
     return hash.value();
 }
 
-/// Each page is a line: its number, its hash, and for each file the place and what was found, with
-/// a tab behind each.
-PageMemory::PageMemory(std::uint64_t frame, TextView before) : frame_(frame) {
-    if (!before.starts_with(title)) {
+PageMemory::PageMemory(std::uint64_t frame, std::size_t lastPage, Text before)
+    : frame_(frame), before_(std::move(before)), linesBefore_(lastPage + 1), lines_(lastPage + 1) {
+    TextView rest = before_;
+    if (!rest.starts_with(title)) {
         return;
     }
-    before.remove_prefix(title.size());
-    if (numberOf(takeUntil(before, '\n')) != frame) {
+    rest.remove_prefix(title.size());
+    if (numberOf(takeUntil(rest, '\n')) != frame) {
         return;
     }
-    while (!before.empty()) {
-        TextView line = takeUntil(before, '\n');
-        Page& page = before_[numberOf(takeUntil(line, '\t'))];
-        page.hash = numberOf(takeUntil(line, '\t'));
-        while (!line.empty()) {
-            const TextView place = takeUntil(line, '\t');
-            page.files.push_back({Text(place), Text(takeUntil(line, '\t'))});
+    while (!rest.empty()) {
+        const TextView line = takeUntil(rest, '\n');
+        if (const std::uint64_t page = numberOf(line); page <= lastPage) {
+            linesBefore_[page] = line;
         }
     }
 }
 
 bool PageMemory::isSame(std::size_t page, std::uint64_t hash, SiteSources& sources) {
-    const auto found = before_.find(page);
-    if (found == before_.end() || hash == neverSame || found->second.hash != hash) {
+    TextView line = linesBefore_[page];
+    takeUntil(line, '\t');
+    if (hash == neverSame || numberOf(takeUntil(line, '\t')) != hash) {
         return false;
     }
     bool isSame = true;
-    for (const File& file : found->second.files) {
-        isSame = sources.want(file.place).value_or("") == file.found && isSame;
+    while (!line.empty()) {
+        const Text place(takeUntil(line, '\t'));
+        isSame = sources.want(place).value_or("") == takeUntil(line, '\t') && isSame;
     }
     if (isSame) {
-        now_[page] = found->second;
+        lines_[page] = linesBefore_[page];
     }
     return isSame;
 }
 
 void PageMemory::remember(std::size_t page, std::uint64_t hash,
                           const std::vector<SiteSources::Asked>& asked) {
-    Page made;
-    made.hash = hash;
+    Text line;
+    text::append(line, std::to_string(page), "\t", std::to_string(hash), "\t");
     for (const SiteSources::Asked& file : asked) {
         if (file.place.find_first_of("\t\n") != Text::npos) {
-            made.hash = neverSame; // no line can hold it
+            hash = neverSame; // no line can hold it
         }
-        made.files.push_back({file.place, file.found.value_or("")});
+        text::append(line, file.place, "\t", file.found.value_or(""), "\t");
     }
-    if (made.hash != neverSame) {
-        now_[page] = std::move(made);
+    if (hash != neverSame) {
+        lines_[page] = made_.emplace_back(std::move(line));
     }
 }
 
 Text PageMemory::format() const {
     Text text(title);
     text::append(text, std::to_string(frame_), "\n");
-    for (const auto& [number, page] : now_) {
-        text::append(text, std::to_string(number), "\t", std::to_string(page.hash), "\t");
-        for (const File& file : page.files) {
-            text::append(text, file.place, "\t", file.found, "\t");
-        }
-        text += '\n';
+    for (const TextView line : lines_) {
+        text::append(text, line, line.empty() ? "" : "\n");
     }
     return text;
 }

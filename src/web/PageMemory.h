@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
+#include <deque>
 #include <vector>
 
 #include "model/ProjectOptions.h"
@@ -22,8 +22,11 @@ public:
     static std::uint64_t frameOf(const model::TopicOutline& outline,
                                  const model::ProjectOptions& options, bool isOnlyForLight);
 
-    /// `before` is what format() gave in the last run; other texts, and other frames, know nothing.
-    PageMemory(std::uint64_t frame, text::TextView before);
+    /// Of pages with numbers up to `lastPage`. `before` is what format() gave in the last run;
+    /// other texts, and other frames, know nothing.
+    PageMemory(std::uint64_t frame, std::size_t lastPage, text::Text before);
+    PageMemory(const PageMemory&) = delete;
+    PageMemory& operator=(const PageMemory&) = delete;
 
     /// Whether a page would become what it was, with the hash of its text; it is remembered then.
     /// Wants the files that it names.
@@ -38,19 +41,15 @@ public:
     static constexpr std::uint64_t neverSame = 0; ///< as a hash
 
 private:
-    struct File {
-        text::Text place;
-        text::Text found; ///< empty for one that is not there
-    };
-    struct Page {
-        std::uint64_t hash = neverSame;
-        std::vector<File> files;
-    };
-    using Pages = std::map<std::size_t, Page>;
+    /// By page, empty for one of which nothing is known: its number, its hash, and for each file
+    /// the place and what was found, with a tab behind each.
+    using Lines = std::vector<text::TextView>;
 
     std::uint64_t frame_;
-    Pages before_;
-    Pages now_;
+    text::Text before_; ///< has lines of both
+    Lines linesBefore_;
+    std::deque<text::Text> made_; ///< has the others
+    Lines lines_;
 };
 
 } // namespace web

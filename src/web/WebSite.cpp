@@ -57,6 +57,7 @@ public:
 
     void addPages() {
         PageMemory memory(PageMemory::frameOf(outline_, options_, isOnlyForLight_),
+                          static_cast<std::size_t>(map_.count()),
                           folder_.contentsOf(Text(memoryPlace)).value_or(""));
         addAround(memory);
         for (int position = 1; position <= map_.count(); ++position) {
