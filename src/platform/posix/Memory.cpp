@@ -1,5 +1,6 @@
 #include "platform/Memory.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 
@@ -20,21 +21,25 @@ constexpr int largestInStep = 32 << 20; ///< the library takes no more
 
 bool takesLargeSteps = false;
 
-std::uintptr_t roundedUp(std::uintptr_t address, std::uintptr_t unit) {
-    return address + (unit - address % unit) % unit;
+/// How far it is to the next multiple of a unit.
+std::ptrdiff_t toNext(std::uintptr_t address, std::uintptr_t unit) {
+    return static_cast<std::ptrdiff_t>((unit - address % unit) % unit);
 }
 
 /// Asks for large pages, where the system has them for who asks, in what lies behind the next block
-/// of memory: filling thousands of small ones takes as long as the work. `endOf` tells where the
-/// step ends that an address lies in.
-template <typename EndOf>
-void wantLargePages(const EndOf& endOf) {
+/// of memory: filling thousands of small ones takes as long as the work. `roomBehind` tells how
+/// much of the step follows an address.
+template <typename RoomBehind>
+void wantLargePages(const RoomBehind& roomBehind) {
     constexpr std::uintptr_t largePage = std::uintptr_t(2) << 20U;
     void* const block = std::malloc(largestInStep / 2);
-    const std::uintptr_t start = roundedUp(reinterpret_cast<std::uintptr_t>(block), largePage);
-    const std::uintptr_t end = endOf(start);
-    if (block != nullptr && start < end) {
-        madvise(reinterpret_cast<void*>(start), end - start, MADV_HUGEPAGE); // or not
+    if (block != nullptr) {
+        char* const start =
+            static_cast<char*>(block) + toNext(reinterpret_cast<std::uintptr_t>(block), largePage);
+        const std::ptrdiff_t room = roomBehind(start);
+        if (room > 0) {
+            madvise(start, static_cast<std::size_t>(room), MADV_HUGEPAGE); // or not
+        }
     }
     std::free(block);
 }
@@ -48,13 +53,15 @@ void takeMemoryInLargeSteps() {
     mallopt(M_TOP_PAD, step);
     mallopt(M_TRIM_THRESHOLD, kept);
     mallopt(M_MMAP_THRESHOLD, largestInStep);
-    wantLargePages([](std::uintptr_t) { return reinterpret_cast<std::uintptr_t>(sbrk(0)); });
+    wantLargePages([](const char* start) { return static_cast<char*>(sbrk(0)) - start; });
     takesLargeSteps = true;
 }
 
 void takeThreadsMemoryInLargeSteps() {
     if (takesLargeSteps) {
-        wantLargePages([](std::uintptr_t start) { return roundedUp(start, step); });
+        wantLargePages([](const char* start) {
+            return toNext(reinterpret_cast<std::uintptr_t>(start), step);
+        });
     }
 }
 
