@@ -79,8 +79,9 @@ function openSearch() {
       const [before, ...lengths] = code.split("\n");
       codes[before] = lengths;
     }
+    let first = 0;
     return Object.assign(directory, {
-      codes,
+      codes, texts: directory.texts.map(more => first += more),
       wordRule: `[${joined}]+|(?:(?![${joined}])[${letters}])+(?:['\u2019\xad](?:(?![${joined}])[${letters}])+)*`,
       runRule: new RegExp(`^[${joined}]`, "u"), wordStart: new RegExp(`^(?![${joined}])[${letters}]`, "u"), wordEnd: new RegExp(`(?![${joined}])[${letters}]$`, "u"),
       pieces: [], pages: [], flat: [], titles: []

@@ -69,7 +69,8 @@ function makeSide() {
     };
     return find(question).then(found => showMore(question, found, 0, number)).catch(fail);
   };
-  // The sentences come when the reader does not go on typing: who does shall not wait for theirs.
+  // The sentences come when the reader does not go on typing, the first ones sooner: who does shall
+  // not wait for theirs.
   const showMore = async (question, found, from, number) => {
     const end = from + shown, isWanted = () => number === asked;
     await confirm(found, end + 1, isWanted);
@@ -77,12 +78,11 @@ function makeSide() {
     const { s, parts, pages, others } = found;
     if (from) hits.lastChild.remove(); else hits.replaceChildren();
     count.textContent = labels.results + ": " + pages.length + (others.length ? "+" : "");
-    const pause = new Promise(done => setTimeout(done, 200));
-    for (const page of pages.slice(from, end)) {
+    for (const [i, page] of pages.slice(from, end).entries()) {
       const text = make("span");
       const title = topics[page][1];
       hits.append(make("li", {}, make("a", { href: addressOf(page) + "?find=" + encodeURIComponent(question) }, make("b", {}, title), text)));
-      pause.then(() => isWanted() ? sentence(s, page, parts) : []).then(nodes => text.replaceChildren(...nodes));
+      new Promise(done => setTimeout(done, i < 3 ? 150 : 400)).then(() => isWanted() ? sentence(s, page, parts) : []).then(nodes => text.replaceChildren(...nodes));
     }
     if (end < pages.length) {
       const more = make("button.ts-more", { type: "button" }, labels.more);

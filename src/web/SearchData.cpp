@@ -202,8 +202,10 @@ Text SearchData::directory() const {
         append(value, &word == &made_.firstWords.front() ? "" : ",", scriptText(word));
     }
     append(value, "],\ncount:", std::to_string(map_.count()), ",\ntexts:[");
-    for (const std::size_t& page : state_.firstPages) {
-        append(value, &page == &state_.firstPages.front() ? "" : ",", std::to_string(page));
+    std::size_t before = 0;
+    for (const std::size_t page : state_.firstPages) {
+        append(value, before == 0 ? "" : ",", std::to_string(page - before));
+        before = page;
     }
     return value += "]});\n";
 }

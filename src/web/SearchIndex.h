@@ -72,7 +72,7 @@ public:
     static std::vector<IndexPiece> pieces(const std::vector<Term>& terms, std::size_t pageCount,
                                           const LetterCode& code);
 
-    static constexpr std::size_t pieceSize = 6000;
+    static constexpr std::size_t pieceSize = 4000;
 
 private:
     static constexpr std::uint32_t noTerm = UINT32_MAX;
