@@ -1,5 +1,7 @@
 #include "web/TextPacker.h"
 
+#include <numeric>
+
 #include "web/FrontCoder.h"
 #include "web/PartScanner.h"
 #include "web/SearchTexts.h"
@@ -33,7 +35,9 @@ TextPacker::TextPacker(TextView table, const LetterCode& letters) : letters_(let
         counts.push_back({spelled, joined});
         sums.push_back(spelled + joined);
     }
-    if (bits.isBehind()) {
+    constexpr std::size_t bitsOfByte = 8; // no part has less than a bit
+    const std::size_t parts = std::accumulate(sums.begin(), sums.end(), std::size_t(0));
+    if (bits.isBehind() || parts > table.size() * bitsOfByte) {
         return;
     }
     code_ = PrefixCode(std::move(sums));

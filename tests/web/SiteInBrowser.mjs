@@ -18,7 +18,7 @@ const manual = process.env.TOPICSMITH_MANUAL;
 
 const folder = mkdtempSync(join(tmpdir(), "topicsmith-web-"));
 const odd = join(folder, "odd site"), drawn = join(folder, "drawn"), redrawn = join(folder, "redrawn"), book = join(folder, "manual"), rare = join(folder, "rare"), leftwards = join(folder, "leftwards");
-const types = { ".html": "text/html", ".htm": "text/html", ".js": "text/javascript", ".css": "text/css", ".png": "image/png" };
+const types = { ".html": "text/html", ".htm": "text/html", ".js": "text/javascript; charset=utf-8", ".css": "text/css", ".png": "image/png" };
 const textsOf = site => readdirSync(join(site, "site", "texts")).map(name => readFileSync(join(site, "site", "texts", name), "utf8"));
 let browser, server, origin;
 
