@@ -1,7 +1,5 @@
 #include "app/CompileCommand.h"
 
-#include <algorithm>
-
 #include "generate/GeneratedFile.h"
 #include "generate/WorkshopName.h"
 #include "model/PagePath.h"
@@ -16,46 +14,6 @@ using ui::Prompter;
 namespace {
 
 constexpr const char* title = "Compile Help";
-constexpr const char* section = "Compile";
-
-/// Where a project's help went.
-struct KnownPlace {
-    fs::path project;
-    fs::path help;
-};
-
-constexpr int mostPlaces = 20;
-
-/// The first place's keys have no number.
-std::string keyOf(const char* name, int slot) {
-    return slot == 0 ? name : name + std::to_string(slot + 1);
-}
-
-/// The last one first.
-std::vector<KnownPlace> knownPlaces(const ui::Settings& settings) {
-    std::vector<KnownPlace> places;
-    for (int slot = 0; slot < mostPlaces; ++slot) {
-        const fs::path project = settings.path(section, keyOf("Project", slot));
-        if (project.empty()) {
-            break;
-        }
-        places.push_back({project, settings.path(section, keyOf("Help", slot))});
-    }
-    return places;
-}
-
-void rememberPlace(ui::Settings& settings, KnownPlace place) {
-    std::vector<KnownPlace> places = knownPlaces(settings);
-    std::erase_if(places,
-                  [&place](const KnownPlace& each) { return each.project == place.project; });
-    places.insert(places.begin(), std::move(place));
-    places.resize(std::min<std::size_t>(places.size(), mostPlaces));
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        const int slot = static_cast<int>(i);
-        settings.setPath(section, keyOf("Project", slot), places[i].project);
-        settings.setPath(section, keyOf("Help", slot), places[i].help);
-    }
-}
 
 } // namespace
 
@@ -63,37 +21,22 @@ CompileCommand::CompileCommand(CommandHost& host, const model::Project& project,
                                const ProjectSession& session, ui::Settings& settings,
                                GenerateCommands& generation, LastReport& lastReport)
     : host_(host), project_(project), session_(session), settings_(settings),
-      generation_(generation), lastReport_(lastReport) {}
-
-/// Where the project was compiled to last; empty for one that was not.
-fs::path CompileCommand::lastOutput() const {
-    for (const KnownPlace& place : knownPlaces(settings_)) {
-        if (place.project == project_.projectPath()) {
-            return place.help;
-        }
-    }
-    return {};
-}
-
-std::optional<fs::path> CompileCommand::chooseOutput() {
-    const fs::path last = lastOutput();
-    const fs::path proposed =
-        last.empty() ? generate::siblingFile(generate::proposedWorkshopName(project_), "chm")
-                     : last;
-    return Prompter::current().chooseFile(&host_.window(),
-                                          {ui::FileQuestion::Kind::save, "Compile Help To",
-                                           "Compiled Help (*.chm)|*.chm|All Files (*.*)|*.*", 1,
-                                           session_.folder(), proposed, "chm"});
-}
+      places_(settings, "Compile", "Help"), generation_(generation), lastReport_(lastReport) {}
 
 /// Empty when the author cancelled.
 fs::path CompileCommand::output(bool ask) {
-    fs::path last = lastOutput();
-    if (!ask && !last.empty()) {
-        return last;
-    }
-    const auto chosen = chooseOutput();
-    return chosen ? platform::fullPath(*chosen) : fs::path();
+    return places_.choose(
+        project_.projectPath(), host_.window(), ask, [this](const fs::path& last) {
+            return ui::FileQuestion{ui::FileQuestion::Kind::save,
+                                    "Compile Help To",
+                                    "Compiled Help (*.chm)|*.chm|All Files (*.*)|*.*",
+                                    1,
+                                    session_.folder(),
+                                    last.empty() ? generate::siblingFile(
+                                        generate::proposedWorkshopName(project_), "chm")
+                                                 : last,
+                                    "chm"};
+        });
 }
 
 void CompileCommand::compile(bool ask) {
@@ -116,7 +59,7 @@ void CompileCommand::compileTo(const fs::path& output) {
         lastReport_.show("Generation Report", ui::reportHelp, report.text);
         return;
     }
-    rememberPlace(settings_, {project_.projectPath(), output});
+    places_.remember(project_.projectPath(), output);
     start(workshopFile, output);
 }
 

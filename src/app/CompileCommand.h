@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "app/GenerateCommands.h"
+#include "app/OutputPlaces.h"
 #include "app/dlgCompile.h"
 #include "help/forms/frmHelp.h"
 
@@ -20,9 +21,7 @@ public:
     void compile(bool ask);
 
 private:
-    std::filesystem::path lastOutput() const;
     std::filesystem::path output(bool ask);
-    std::optional<std::filesystem::path> chooseOutput();
     void compileTo(const std::filesystem::path& output);
     void start(const std::filesystem::path& workshopFile, const std::filesystem::path& output);
     void showPlace(const workshop::Message& message);
@@ -32,6 +31,7 @@ private:
     const model::Project& project_;
     const ProjectSession& session_;
     ui::Settings& settings_;
+    OutputPlaces places_;
     GenerateCommands& generation_;
     LastReport& lastReport_;
     std::unique_ptr<dlgCompile> compilation_; ///< of the last one, as long as it is open

@@ -1,7 +1,6 @@
 #include "app/WebSiteCommand.h"
 
 #include "import/ImportOutcome.h"
-#include "platform/Files.h"
 #include "text/Address.h"
 #include "text/Path.h"
 #include "ui/WaitCursor.h"
@@ -15,7 +14,6 @@ using ui::Prompter;
 namespace {
 
 constexpr const char* title = "Generate Web Site";
-constexpr const char* section = "Web Site";
 
 } // namespace
 
@@ -23,30 +21,20 @@ WebSiteCommand::WebSiteCommand(CommandHost& host, const model::Project& project,
                                const ProjectSession& session, ui::Settings& settings,
                                GenerateCommands& generation, LastReport& lastReport,
                                fs::path programFolder)
-    : host_(host), project_(project), session_(session), settings_(settings),
+    : host_(host), project_(project), session_(session), places_(settings, "Web Site", "Folder"),
       generation_(generation), lastReport_(lastReport), programFolder_(std::move(programFolder)) {}
-
-/// Where the project's site went last; empty for one that has none.
-fs::path WebSiteCommand::lastFolder() const {
-    const fs::path project = settings_.path(section, "Project");
-    return !project.empty() && project == project_.projectPath() ? settings_.path(section, "Folder")
-                                                                 : fs::path();
-}
 
 /// Empty when the author cancelled.
 fs::path WebSiteCommand::folder(bool ask) {
-    fs::path last = lastFolder();
-    if (!ask && !last.empty()) {
-        return last;
-    }
-    const auto chosen =
-        Prompter::current().chooseFile(&host_.window(), {ui::FileQuestion::Kind::folder,
-                                                         "Folder for the Web Site",
-                                                         {},
-                                                         1,
-                                                         last.empty() ? session_.folder() : last,
-                                                         {}});
-    return chosen ? platform::fullPath(*chosen) : fs::path();
+    return places_.choose(project_.projectPath(), host_.window(), ask,
+                          [this](const fs::path& last) {
+                              return ui::FileQuestion{ui::FileQuestion::Kind::folder,
+                                                      "Folder for the Web Site",
+                                                      {},
+                                                      1,
+                                                      last.empty() ? session_.folder() : last,
+                                                      {}};
+                          });
 }
 
 void WebSiteCommand::generate(bool ask) {
@@ -64,8 +52,7 @@ void WebSiteCommand::generateInto(const fs::path& folder) {
         const ui::WaitCursor busy;
         report = web::generateSite(project_, {folder, programFolder_});
     }
-    settings_.setPath(section, "Project", project_.projectPath());
-    settings_.setPath(section, "Folder", folder);
+    places_.remember(project_.projectPath(), folder);
     if (!report.failures.empty()) {
         text::append(report.text, text::lineBreak, text::lineBreak,
                      "Not written:", text::lineBreak);

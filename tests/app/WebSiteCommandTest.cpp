@@ -66,4 +66,14 @@ TEST_F(WebSiteCommand, AsksOnceReportsAndOpensTheSite) {
     EXPECT_EQ(prompter.addresses().size(), 1U);
     expectFolder(site, std::nullopt);
     generate("Generate Web Site To...");
+
+    const fs::path other = folder / "other.tsp";
+    fs::copy_file(folder / "p.tsp", other);
+    ASSERT_TRUE(window->openFile(other));
+    expectFolder(folder.path(), folder / "other site");
+    expectEnd(folder / "other site", ui::Answer::no);
+    generate("Generate Web Site...");
+    ASSERT_TRUE(window->openFile(folder / "p.tsp"));
+    expectEnd(site, ui::Answer::no); // each project has its place
+    generate("Generate Web Site...");
 }
