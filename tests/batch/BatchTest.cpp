@@ -264,6 +264,21 @@ TEST_F(BatchTest, WithoutMemoryEachProgramSaysSoUnderItsName) {
               "topicsmith-hhc: not enough memory for p.hhp\n");
 }
 
+TEST_F(BatchTest, AWebSiteIsMadeAnewWhereThatIsWanted) {
+    const std::string project = save("p.tsp", test::flatOutline(2));
+    const std::string site = folder / "site";
+    EXPECT_EQ(run({"web", project, site}), exitDone) << errors;
+    const std::string first = test::bytesOf(folder / "site/html/t1.htm");
+    test::writeBytes(folder / "site/html/mine.htm", "mine");
+    EXPECT_EQ(run({"web", project, site}), exitDone) << errors;
+    EXPECT_NE(output.find("Files written: 0"), std::string::npos) << output;
+    EXPECT_EQ(run({"web", project, site, "--clean"}), exitDone) << errors;
+    EXPECT_EQ(output.find("Files written: 0"), std::string::npos) << output;
+    EXPECT_EQ(test::bytesOf(folder / "site/html/t1.htm"), first);
+    EXPECT_EQ(test::bytesOf(folder / "site/html/mine.htm"), "mine");
+    EXPECT_EQ(run({"web", project, folder.path()}), exitFailed) << "the project's own folder";
+}
+
 TEST_F(BatchTest, CompileGeneratesAndMakesAHelp) {
     model::ProjectOptions options;
     options.projectName = "Caf\u00E9";
