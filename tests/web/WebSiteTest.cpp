@@ -257,7 +257,18 @@ TEST_F(WebSite, ASearchThatIsChangedHasTheWordsOfANewOne) {
         outline.at(30).body += " only" + std::to_string(i * 7919);
     }
     generate(outline, {}, true);
+    const auto before = filesOf(site);
     outline.at(8).body = "All other.";
+    generate(outline);
+    int pieces = 0;
+    int kept = 0;
+    for (const auto& [name, bytes] : filesOf(site)) {
+        const bool isPiece = name.starts_with("site/words/") || name.starts_with("site/texts/");
+        pieces += isPiece ? 1 : 0;
+        kept += isPiece && before.contains(name) && before.at(name) == bytes ? 1 : 0;
+    }
+    EXPECT_GT(pieces, 4);
+    EXPECT_GE(kept, pieces / 2) << "an edit leaves the rest in its place";
     for (const char* file : {"site/words/0.js", "site/texts/0.js", "site/texts/1.js",
                              "site/state.txt", "site/parts.js"}) {
         std::string bytes = page(file);
