@@ -274,6 +274,22 @@ test("what stands around the pages is in their language, and from right to left"
     const box = async place => (await page.$(place)).boundingBox();
     assert.ok((await box(".ts-side")).x > (await box("main")).x);
     assert.ok((await box("a[rel=prev]")).x > (await box("a[rel=next]")).x);
+    await page.focus(".ts-tree [aria-current=page]");
+    await page.keyboard.press("ArrowRight");
+    const above = await page.evaluateHandle(() => document.activeElement);
+    assert.match(await above.getAttribute("href"), /t1\.htm$/);
+    for (const [key, isOpen] of [["ArrowRight", "false"], ["ArrowLeft", "true"]]) {
+      await page.keyboard.press(key);
+      assert.equal(await above.getAttribute("aria-expanded"), isOpen);
+    }
+    const { x, y, width } = await above.boundingBox();
+    await page.mouse.click(x + width - 8, y + 8);
+    assert.equal(await above.getAttribute("aria-expanded"), "false");
+    await page.focus(".ts-tabs [aria-selected=true]");
+    for (const [key, tab] of [["ArrowLeft", "\u05de\u05e4\u05ea\u05d7"], ["ArrowRight", "\u05ea\u05d5\u05db\u05df"]]) {
+      await page.keyboard.press(key);
+      assert.equal(await page.textContent(".ts-tabs [aria-selected=true]"), tab);
+    }
     assert.equal(await page.$eval("main pre", code => getComputedStyle(code).direction), "ltr");
     await page.goto(onDisk(leftwards) + "index.html");
     await ready(page);
