@@ -11,8 +11,8 @@ using namespace std::string_literals;
 
 string little(std::uint32_t number, int size) {
     string bytes;
-    for (int i = 0; i < size; ++i) {
-        bytes += static_cast<char>(number >> (8 * i));
+    for (; size > 0; --size, number >>= 8U) {
+        bytes += static_cast<char>(number);
     }
     return bytes;
 }
