@@ -18,11 +18,10 @@ void printUsage(std::ostream& stream) {
     stream << "  topicsmith-batch --help | --version\n"
               "\n"
               "Results go to standard output, messages to standard error.\n"
-              "Exit code: 0 done; 1 it could not be done, some file could not be written or read, "
-              "find\n"
-              "found nothing, spell or check found something, convert lost something, or with "
-              "--strict\n"
-              "anything was skipped, in conflict or damaged; 2 wrong usage.\n";
+              "Exit code: 0 done; 1 it could not be done, some file could not be written or read,\n"
+              "find or replace found nothing, no topic has the page that rename was given, spell,\n"
+              "check or verify found something, convert or export-topics lost something, or with\n"
+              "--strict anything was skipped, in conflict, damaged or warned of; 2 wrong usage.\n";
 }
 
 bool knows(const BatchCommand& command, std::string_view option) {

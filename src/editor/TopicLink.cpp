@@ -7,6 +7,7 @@
 #include "model/PagePath.h"
 #include "text/Address.h"
 #include "text/HtmlReader.h"
+#include "text/Unicode.h"
 
 namespace editor {
 
@@ -25,10 +26,10 @@ std::optional<TextView> anchorOf(const text::HtmlReader& reader) {
     return id || !reader.opens("a") ? id : reader.attribute("name");
 }
 
-/// A name of the letters and digits of a heading that are good in every address.
+/// A name of the letters and digits of a heading that are good in every address, without accents.
 Text anchorName(TextView heading) {
     Text name;
-    for (const char c : text::lowerCase(heading)) {
+    for (const char c : text::searchKey(heading)) {
         const bool isPlain = (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
         if (isPlain) {
             name += c;

@@ -38,6 +38,8 @@ TEST(TopicLink, OffersTopicsAndTheirHeadings) {
               "1 T|1#n one|1#m two|1#three+ three");
     EXPECT_EQ(headings("<h1>A b</h1><p id='A-B'><h2>a: b!</h2><h2>1. \u0416</h2><h2>\u0416</h2>"),
               "1 T|1#a-b-2+ A b|1#a-b-3+ a: b!|1#section-1+ 1. \u0416|1#section+ \u0416");
+    EXPECT_EQ(headings("<h1>Gr&ouml;\u00DFe f\u00FCr \u00C5</h1>"),
+              "1 T|1#grosse-fur-a+ Gr\u00F6\u00DFe f\u00FCr \u00C5");
 }
 
 TEST(TopicLink, FiltersByWords) {
@@ -63,11 +65,11 @@ TEST(TopicLink, WrapsTheSelectionAndWritesTheAnchor) {
     };
     EXPECT_EQ(insert(0, 21, 2, 2), "<h1>Top \u00E9</h1>\r\nsee <a href='..\\html\\it%27s "
                                    "%231.htm'>it</a> <h2>Low</h2>");
-    EXPECT_EQ(insert(4, 21, 2, 2), "<h1 id='top'>Top \u00E9</h1>\r\nsee <a href='#top'>it</a> "
+    EXPECT_EQ(insert(4, 21, 2, 2), "<h1 id='top-e'>Top \u00E9</h1>\r\nsee <a href='#top-e'>it</a> "
                                    "<h2>Low</h2>");
     EXPECT_EQ(insert(5, 21, 0, 2), "<h1>Top \u00E9</h1>\r\nsee <a href='#low'>Low</a>it "
                                    "<h2 id='low'>Low</h2>");
     EXPECT_EQ(insert(4, 21, 0, 1, "sub/t.htm"), "<h1>Top \u00E9</h1>\r\nsee <a href='..\\..\\html"
-                                                "\\u.htm#top'>Top \u00E9</a>it <h2>Low</h2>");
-    EXPECT_EQ(withAnchor(body, targets[4]), "<h1 id='top'>Top \u00E9</h1>\r\nsee it <h2>Low</h2>");
+                                                "\\u.htm#top-e'>Top \u00E9</a>it <h2>Low</h2>");
+    EXPECT_EQ(withAnchor(body, targets[4]), "<h1 id='top-e'>Top \u00E9</h1>\r\nsee it <h2>Low</h2>");
 }
