@@ -124,7 +124,6 @@ frmOptions::frmOptions(ui::Window& owner, const model::ProjectOptions& options,
     auto content = ui::Layout::column();
     content.add(tbsOptions, 1).add(std::move(buttons));
     setLayout(std::move(content));
-    setSize(10650, 5400);
     cmdOK.setDefault();
     icboLanguage.select(options_.languageTag);
     chkEveryCharacter.setChecked(options_.keepsEveryCharacter);
@@ -132,6 +131,7 @@ frmOptions::frmOptions(ui::Window& owner, const model::ProjectOptions& options,
     visitBoxes(Fill());
     txtCopyright.setEnabled(options_.showCopyright);
     setEdited(false);
+    setSizeForTexts(10650, 5400);
     watch();
     tbsOptions_Click();
     txtProjectName.setFocus();

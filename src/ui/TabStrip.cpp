@@ -9,6 +9,8 @@ namespace ui {
 
 TabStrip::TabStrip(Container& container) : Control(makeNative<QTabWidget>(container)) {
     auto& tabs = widgetOf<QTabWidget>(*this);
+    tabs.setUsesScrollButtons(false); // so that the window knows how wide all captions are
+    tabs.setElideMode(Qt::ElideRight);
     QObject::connect(&tabs, &QTabWidget::currentChanged, &tabs, [this, &tabs] {
         if (tabs.count() == pages_) { // the pages go before the strip does
             Click.raise();

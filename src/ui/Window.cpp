@@ -285,6 +285,19 @@ void Window::setSize(int width, int height) {
     native_->widget->resize(toPixels(width), toPixels(height));
 }
 
+void Window::setSizeForTexts(int width, int height) {
+    QWidget& widget = *native_->widget;
+    const QLayout& layout = *widget.layout();
+    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+    QSize size(toPixels(width), toPixels(height));
+    size.setWidth(std::min(std::max(size.width(), layout.sizeHint().width()), screen.width()));
+    if (layout.hasHeightForWidth()) {
+        const int needed = layout.minimumHeightForWidth(size.width());
+        size.setHeight(std::min(std::max(size.height(), needed), screen.height()));
+    }
+    widget.resize(size);
+}
+
 void Window::setMinimumSize(int width, int height) {
     native_->widget->setMinimumSize(toPixels(width), toPixels(height));
 }

@@ -79,6 +79,10 @@ public:
     int width() const;
     int height() const;
     void setSize(int width, int height);
+    /// The same for a window whose layout is complete, with more room where the texts need it in
+    /// the person's font, as far as the screen goes.
+    void setSizeForTexts(int width, int height);
+
     void setMinimumSize(int width, int height);
 
     // In twips, of the frame on the screen.

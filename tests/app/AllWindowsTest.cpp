@@ -119,6 +119,17 @@ TEST_F(AllWindows, TheMainWindowAndItsEditorTellAssistiveProgramsOfAllTheirParts
     EXPECT_EQ(namelessParts(*window->editor()->preview()), "");
 }
 
+TEST_F(AllWindows, HaveRoomForTheirTextsInALargeFont) {
+    inLargerFont(1.2, [this] {
+        for (const auto& each : windows()) {
+            SCOPED_TRACE(each->caption());
+            show(*each);
+            EXPECT_EQ(textsCutOff(*each), "");
+            each->close();
+        }
+    });
+}
+
 /// As the desktop does it in the evening.
 TEST_F(AllWindows, ChangeTheirColoursWhileTheyAreOpen) {
     const auto all = windows();

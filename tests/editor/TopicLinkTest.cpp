@@ -71,5 +71,6 @@ TEST(TopicLink, WrapsTheSelectionAndWritesTheAnchor) {
                                    "<h2 id='low'>Low</h2>");
     EXPECT_EQ(insert(4, 21, 0, 1, "sub/t.htm"), "<h1>Top \u00E9</h1>\r\nsee <a href='..\\..\\html"
                                                 "\\u.htm#top-e'>Top \u00E9</a>it <h2>Low</h2>");
-    EXPECT_EQ(withAnchor(body, targets[4]), "<h1 id='top-e'>Top \u00E9</h1>\r\nsee it <h2>Low</h2>");
+    EXPECT_EQ(withAnchor(body, targets[4]),
+              "<h1 id='top-e'>Top \u00E9</h1>\r\nsee it <h2>Low</h2>");
 }

@@ -17,7 +17,7 @@ dlgPictureName::dlgPictureName(ui::Window& owner, text::TextView taken, text::Te
     content.add(lblTaken).addSpace(90).add(lblName).add(txtName);
     content.addStretch().add(std::move(buttons));
     setLayout(std::move(content));
-    setSize(6300, 2400);
+    setSizeForTexts(6300, 2400);
     txtName.setText(proposed);
     txtName.selectAll();
     txtName.setFocus();

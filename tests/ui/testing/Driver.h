@@ -186,6 +186,13 @@ void setYesLast(bool last);
 /// As when the desktop changes its colours, or takes that back.
 void setDarkColours(bool dark);
 
+/// Acts with the texts of all windows in a font that is larger by this factor.
+void inLargerFont(double factor, const std::function<void()>& act);
+
+/// Texts of labels, buttons and tabs that have less room than they need, with those on pages that
+/// have to be chosen: one line each.
+std::string textsCutOff(Window& window);
+
 /// What a control is filled with, as "#rrggbb".
 std::string backgroundOf(const Control& control);
 
