@@ -120,14 +120,16 @@ TEST_F(AllWindows, TheMainWindowAndItsEditorTellAssistiveProgramsOfAllTheirParts
 }
 
 TEST_F(AllWindows, HaveRoomForTheirTextsInALargeFont) {
-    inLargerFont(1.2, [this] {
-        for (const auto& each : windows()) {
-            SCOPED_TRACE(each->caption());
-            show(*each);
-            EXPECT_EQ(textsCutOff(*each), "");
-            each->close();
-        }
-    });
+    for (const double factor : {1.2, 1.6}) {
+        inLargerFont(factor, [this] {
+            for (const auto& each : windows()) {
+                SCOPED_TRACE(each->caption());
+                show(*each);
+                EXPECT_EQ(textsCutOff(*each), "");
+                each->close();
+            }
+        });
+    }
 }
 
 /// As the desktop does it in the evening.

@@ -1,6 +1,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
+#include <QScreen>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
@@ -35,7 +36,8 @@ std::string textsCutOffOn(const QWidget& widget) {
         }
     }
     for (const QTabBar* bar : widget.findChildren<QTabBar*>()) {
-        if (bar->isVisible() && bar->width() < bar->sizeHint().width()) {
+        const bool couldBeWider = widget.window()->width() < bar->screen()->availableSize().width();
+        if (bar->isVisible() && couldBeWider && bar->width() < bar->sizeHint().width()) {
             add(bar->tabText(bar->count() - 1));
         }
     }
