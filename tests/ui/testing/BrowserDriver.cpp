@@ -28,7 +28,7 @@ QWebEngineView& viewOf(const Control& browser) {
 QString webText(const Control& browser) {
     auto text = std::make_shared<std::optional<QString>>();
     viewOf(browser).page()->toPlainText([text](const QString& found) { *text = found; });
-    if (!QTest::qWaitFor([text] { return text->has_value(); }, 10000)) {
+    if (!QTest::qWaitFor([text] { return text->has_value(); }, 30000)) {
         qFatal("the browser does not answer");
     }
     return **text;
