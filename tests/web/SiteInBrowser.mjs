@@ -296,6 +296,11 @@ test("what stands around the pages is in their language, and from right to left"
     assert.equal(await page.textContent(".ts-topics > p"), "\u05ea\u05d5\u05db\u05df");
     assert.deepEqual(await page.$$eval("body *", all => all.map(each => each.ariaLabel ?? "").filter(label => /[a-z]/i.test(label))), []);
   });
+  await visit(onDisk(leftwards), "html/t3.htm", async page => { // names as long as those of Russian help
+    await ready(page);
+    await page.$$eval(".ts-tabs button", tabs => tabs.forEach(tab => { tab.textContent = "\u0420\u0435\u0437\u0443\u043b\u044c\u0442\u0430\u0442\u044b"; }));
+    assert.ok(await page.$eval(".ts-side", side => side.scrollWidth <= side.clientWidth));
+  });
 });
 
 test("a narrow, a dark and a printed page are readable", async () => {
