@@ -55,9 +55,9 @@ protected:
     static std::map<std::string, std::string> filesOf(const fs::path& site) {
         std::map<std::string, std::string> all;
         for (const fs::directory_entry& file : fs::recursive_directory_iterator(site)) {
-            const fs::path place = file.path().lexically_relative(site);
-            if (file.is_regular_file() && !place.string().starts_with("site/files.txt")) {
-                all[place.string()] = bytesOf(file.path());
+            const std::string place = file.path().lexically_relative(site).generic_string();
+            if (file.is_regular_file() && place != "site/files.txt") {
+                all[place] = bytesOf(file.path());
             }
         }
         return all;
@@ -222,7 +222,7 @@ TEST_F(WebSite, ALinkInAPagesPlaceLeadsItNowhere) {
     auto outline = test::flatOutline(2);
     generate(outline);
     fs::remove(site / "html/t1.htm");
-    fs::create_symlink(folder / "precious.txt", site / "html/t1.htm");
+    static_cast<void>(test::makeLink(folder / "precious.txt", site / "html/t1.htm"));
     fs::remove(site / "html/t2.htm");
     fs::create_hard_link(folder / "precious.txt", site / "html/t2.htm");
     EXPECT_TRUE(generate(outline).failures.empty());
