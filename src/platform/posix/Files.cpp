@@ -356,21 +356,6 @@ bool isSameFile(const fs::path& one, const fs::path& other) {
     return fs::equivalent(one, other, ignored);
 }
 
-fs::path realPath(const fs::path& path) {
-    std::error_code error;
-    const fs::path real = fs::weakly_canonical(path, error);
-    return error ? path : real;
-}
-
-bool leadsOutOf(const fs::path& folder, const fs::path& path) {
-    std::error_code error;
-    const fs::path root = fs::canonical(folder, error);
-    const fs::path place = error ? fs::path() : fs::canonical(path, error);
-    return !error
-           && std::mismatch(root.begin(), root.end(), place.begin(), place.end()).first
-                  != root.end();
-}
-
 std::error_code createFolder(const fs::path& path) {
     std::error_code error;
     fs::create_directory(path, error);

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "platform/Files.h"
 
 namespace platform {
@@ -19,6 +21,21 @@ fs::path fullPath(const fs::path& path) {
 
 std::string libraryName(const fs::path& path) {
     return path.string();
+}
+
+fs::path realPath(const fs::path& path) {
+    std::error_code error;
+    const fs::path real = fs::weakly_canonical(path, error);
+    return error ? path : real;
+}
+
+bool leadsOutOf(const fs::path& folder, const fs::path& path) {
+    std::error_code error;
+    const fs::path root = fs::canonical(folder, error);
+    const fs::path place = error ? fs::path() : fs::canonical(path, error);
+    return !error
+           && std::mismatch(root.begin(), root.end(), place.begin(), place.end()).first
+                  != root.end();
 }
 
 } // namespace platform
