@@ -70,10 +70,11 @@ class Packed {
   }
 }
 
-let search = null; // the directory, and what was made of the pieces
+// The directory, to which comes what is made of the pieces.
 function openSearch() {
-  return search ??= load("search").then(directory => {
+  return load("search").then(directory => {
     const { letters, joined } = directory;
+    if (directory.pieces) return directory;
     const codes = {};
     for (const code of directory.codes.split("\t")) {
       const [before, ...lengths] = code.split("\n");
@@ -166,7 +167,8 @@ async function textOf(s, page) {
   for (let each = s.texts[file]; each < next; each++) s.pages[each] = unpacked(s, table, bits);
   return s.pages[page];
 }
-const openParts = s => s.table ??= load("parts").then(packed => {
+const openParts = s => load("parts").then(packed => {
+  if (s.table) return s.table;
   const bits = new Packed(packed, s.codes);
   const counts = Array.from({ length: bits.gamma() }, () => [bits.gamma() - 1, bits.gamma() - 1]);
   const table = counts.map(([spelled, joined]) => {
@@ -181,7 +183,7 @@ const openParts = s => s.table ??= load("parts").then(packed => {
   counts.forEach(([spelled], length) => {
     for (const part of table[length].slice(spelled)) Object.assign(part, { one: bits.of(table), other: bits.of(table) });
   });
-  return table;
+  return s.table = table;
 });
 // Finds out about a part what is not known before it is used.
 function filled(s, part) {

@@ -48,10 +48,13 @@ function make(name, attributes = {}, ...children) {
   return element;
 }
 
+// With one of these, keys are the browser's.
+const isPlain = event => !(event.ctrlKey || event.metaKey || event.altKey);
+
 // Lets the up and down keys walk through the links of a list.
 function walk(list, event) {
   const step = { ArrowDown: 1, ArrowUp: -1 }[event.key];
-  if (!step) return;
+  if (!step || !isPlain(event)) return;
   const links = [...list.querySelectorAll("a")].filter(link => link.offsetParent);
   const next = links[links.indexOf(document.activeElement) + step];
   if (next) next.focus();

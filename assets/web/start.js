@@ -30,6 +30,7 @@ function makeSide() {
     side.append(panels[key]);
   }
   strip.addEventListener("keydown", event => {
+    if (!isPlain(event)) return;
     const step = { ArrowRight: 1, ArrowLeft: -1 }[event.key] * (getComputedStyle(strip).direction === "rtl" ? -1 : 1);
     const keys = Object.keys(names);
     const key = keys[keys.indexOf(kept.get("tab", "contents")) + step];
@@ -105,8 +106,11 @@ function makeSide() {
     }
   });
   hits.addEventListener("keydown", event => walk(hits, event));
+  // Not all keyboards have a slash; those of other alphabets have no K, but its place.
   document.addEventListener("keydown", event => {
-    if (event.key !== "/" || event.ctrlKey || event.metaKey || event.altKey || event.target.closest("input, textarea, select, [contenteditable]")) return;
+    const { key, code, ctrlKey, metaKey, altKey, shiftKey, target } = event;
+    if (!(key === "/" ? isPlain(event) && !target.closest("select, :read-write")
+      : (key === "k" || code === "KeyK" && key > "~") && (ctrlKey || metaKey) && !altKey && !shiftKey)) return;
     input.focus();
     input.select();
     event.preventDefault();

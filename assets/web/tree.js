@@ -47,6 +47,7 @@ function makeTree(panel) {
     }
   });
   tree.addEventListener("keydown", event => {
+    if (!isPlain(event)) return;
     const item = event.target.closest("a");
     const all = items();
     const at = all.indexOf(item);

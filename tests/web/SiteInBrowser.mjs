@@ -87,11 +87,12 @@ async function visit(root, place, use, options = {}) {
 
 const ready = page => page.waitForSelector(".ts-tree a");
 const heading = page => page.textContent("h1");
-async function askFor(page, question) {
-  await page.evaluate(() => document.querySelectorAll(".ts-hits, .ts-side [role=status]").forEach(old => old.replaceChildren()));
+// Asks, and waits for what is said now, not for what was said before.
+async function askFor(page, question, answer = ": \\d") {
   await page.fill(".ts-head input", "");
+  await page.evaluate(() => document.querySelectorAll(".ts-hits, .ts-side [role=status]").forEach(old => old.replaceChildren()));
   await page.fill(".ts-head input", question);
-  await page.waitForFunction(() => /: \d/.test(document.querySelector("#ts-results [role=status]")?.textContent ?? ""));
+  await page.waitForFunction(rule => new RegExp(rule).test(document.querySelector("#ts-results [role=status]")?.textContent ?? ""), answer);
 }
 async function hits(page) {
   for (let more; (more = await page.$(".ts-more:enabled"));) {
@@ -253,6 +254,40 @@ for (const [where, rootOf] of [["from the disk", onDisk], ["from a server", onSe
   });
 }
 
+test("the search can be called without a slash, and the browser's keys stay its own", async () => {
+  await visit(onDisk(odd), "index.html", async page => {
+    await ready(page);
+    const press = (place, keys) => page.evaluate(([where, init]) => {
+      document.activeElement.blur();
+      const event = new KeyboardEvent("keydown", { bubbles: true, cancelable: true, ...init });
+      document.querySelector(where).dispatchEvent(event);
+      return [event.defaultPrevented, document.activeElement.type === "search"];
+    }, [place, keys]);
+    for (const keys of [{ key: "/", code: "Digit7", shiftKey: true }, { key: "k", code: "KeyV", ctrlKey: true }, { key: "\u043b", code: "KeyK", metaKey: true }]) {
+      assert.deepEqual(await press("main", keys), [true, true], JSON.stringify(keys));
+    }
+    await page.keyboard.type("caf");
+    await page.waitForSelector(".ts-hits a");
+    for (const [place, keys] of [["main", { key: "/", ctrlKey: true }], ["main", { key: "k", code: "KeyK" }], ["main", { key: "e", code: "KeyK", ctrlKey: true }], ["main", { key: "K", code: "KeyK", ctrlKey: true, shiftKey: true }],
+      [".ts-tree a", { key: "ArrowLeft", altKey: true }], [".ts-hits a", { key: "ArrowDown", metaKey: true }], [".ts-tabs button", { key: "ArrowRight", altKey: true }]]) {
+      assert.deepEqual(await press(place, keys), [false, false], JSON.stringify(keys));
+    }
+    assert.equal(await page.textContent(".ts-tabs [aria-selected=true]"), "Results");
+  });
+});
+
+test("the search answers again after a file of it could not be had", async () => {
+  await visit(onServer(odd), "index.html", async page => {
+    await ready(page);
+    for (const name of ["search", "parts"]) {
+      await page.route(`**/site/${name}.js`, route => route.abort("aborted"), { times: 1 });
+      await askFor(page, "\"x n\"", "^[^\\d]+$");
+    }
+    await askFor(page, "\"x n\"");
+    assert.equal((await hits(page)).length, 1);
+  });
+});
+
 test("everything can be reached without scripts", async () => {
   await visit(onDisk(odd), "index.html", async page => {
     await page.click("text=Contents");
@@ -306,7 +341,7 @@ test("what stands around the pages is in their language, and from right to left"
 test("a narrow, a dark and a printed page are readable", async () => {
   await visit(onDisk(odd), "html/start.htm", async page => {
     const colour = (element, name) => page.$eval(element, (e, n) => getComputedStyle(e)[n], name);
-    await ready(page).catch(() => {});
+    await page.waitForSelector(".ts-tree a", { state: "attached" });
     assert.ok(!await page.isVisible(".ts-side"));
     await page.click(".ts-menu");
     assert.ok(await page.isVisible(".ts-tree"));
@@ -322,7 +357,7 @@ test("a narrow, a dark and a printed page are readable", async () => {
 
 async function barriers(page) {
   await page.evaluate(axe);
-  const result = await page.evaluate(() => window.axe.run({ preload: false }));
+  const result = await page.evaluate(() => window.axe.run({ preload: false, resultTypes: ["violations"] }));
   return result.violations.map(fault => `${fault.id}: ${fault.nodes.map(node => node.html).join(" ")}`);
 }
 
