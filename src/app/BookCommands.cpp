@@ -68,16 +68,15 @@ void BookCommands::report(const Kind& kind, const fs::path& file,
         }
     }
     Text failed;
-    for (const model::FileFailure& failure : outcome.failures) {
+    if (outcome.failures.empty()) {
+        text::append(text, lineBreak, "Generation Complete.");
+    } else {
+        const model::FileFailure& failure = outcome.failures.front(); // for one file
         text::append(failed, text::displayText(failure.path.filename()), ": ", failure.reason);
         text::append(text, lineBreak, "Not written: ", text::displayText(failure.path), ": ",
                      failure.reason);
-        break; // one is enough for a file to be missing
     }
     host_.status().setTrouble(Trouble::output, failed);
-    if (outcome.failures.empty()) {
-        text::append(text, lineBreak, "Generation Complete.");
-    }
     lastReport_.show(kind.title, kind.help, text);
 }
 

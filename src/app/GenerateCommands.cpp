@@ -125,7 +125,8 @@ GenerateCommands::generateInto(const fs::path& workshopFile, const char* command
         generate::generateHelp(project_, {workshopFile, programFolder_, save, show});
     host_.status().setTrouble(Trouble::output, unwrittenFiles(report.failures));
     if (!report.failures.empty()) {
-        text::append(report.text, text::lineBreak, text::lineBreak, "Not written:");
+        text::append(report.text, text::lineBreak, text::lineBreak,
+                     "Not written:", text::lineBreak);
         importer::appendLines(report.text, report.failures);
     }
     return report;

@@ -4,19 +4,17 @@
 #include <utility>
 
 #include "generate/PageRename.h"
+#include "import/ImportOutcome.h"
 #include "model/PagePath.h"
 #include "ui/Prompter.h"
 
 namespace app {
 
 using generate::PageLink;
+using importer::counted;
 using text::Text;
 
 namespace {
-
-Text counted(std::size_t count, const char* noun) {
-    return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
-}
 
 /// "3 links in 2 topics".
 Text countedLinks(const std::vector<PageLink>& links) {

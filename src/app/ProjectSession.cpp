@@ -327,11 +327,13 @@ bool ProjectSession::openRecentFile(int slot) {
 void ProjectSession::addRecentFile(const fs::path& path) {
     recentFiles_.add(path);
     recentFilesChanged();
+    saveRecentFiles(); // the program may end otherwise than by Exit
 }
 
 void ProjectSession::removeRecentFile(const fs::path& path) {
     recentFiles_.remove(path);
     recentFilesChanged();
+    saveRecentFiles();
 }
 
 void ProjectSession::loadRecentFiles() {

@@ -54,9 +54,7 @@ void TopicPane::setShown(bool shown) {
 }
 
 void TopicPane::setEditsHere(bool here) {
-    if (pnlEditor.isShown()) {
-        settings_.setNumber(section, editorHeightKey, splParts.firstWidth());
-    }
+    storeSettings();
     editsHere_ = here;
     settings_.setNumber(section, editsHereKey, here ? 1 : 0);
     editor_.setDock(hasEditor() ? &pnlEditor : nullptr);

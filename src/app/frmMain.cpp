@@ -159,7 +159,7 @@ void frmMain::Resize() {
     }
     constexpr int margin = 180;
     constexpr int gap = 60;
-    constexpr int statusHeight = 270;
+    const int statusHeight = std::max(270, lblStatus.minimumHeight());
     const int bottom = height() - contentTop() - statusHeight;
     const int listWidth = width() - 375;
     const int listHeight = height() - 1785;
@@ -171,9 +171,18 @@ void frmMain::Resize() {
     showParts();
     constexpr int captions = 420;
     const int startWidth = pane_.isShown() ? splParts.firstWidth() : listWidth;
-    startPage.place(margin + gap, listTop + captions, startWidth - 2 * gap,
-                    bottom - listTop - captions - gap);
+    const int startHeight = bottom - listTop - captions - gap;
+    startPage.place(margin + gap, listTop + captions, startWidth - 2 * gap, startHeight);
     lblStatus.place(margin, bottom, listWidth, statusHeight);
+    growForStart(startPage.heightFor(startWidth - 2 * gap) - startHeight);
+}
+
+/// The size of the first start is meant for usual fonts; in a large one, what can be done first
+/// needs more. Another size is the author's.
+void frmMain::growForStart(int missing) {
+    if (height() == firstHeight_ && startPage.isShown() && missing > 0) {
+        setSize(width(), std::min(height() + missing, screenHeight()));
+    }
 }
 
 /// The pane comes when the window is made wide enough for both, and goes again unless a text is
@@ -212,10 +221,8 @@ void frmMain::splParts_Moved() {
 
 void frmMain::restoreWindow() {
     ui::restoreSize(*this, settings_, "Main", 9650, 5980);
-    const int state = settings_.number("Main", "Window State", 0);
-    if (state == 1 || state == 2) {
-        setState(static_cast<ui::WindowState>(state));
-    }
+    firstHeight_ = settings_.number("Main", "Height", 0) == 0 ? height() : 0;
+    ui::restoreState(*this, settings_, "Main");
     std::istringstream stored(settings_.get("Main", "Column Widths"));
     std::vector<int> widths;
     for (int width = 0; stored >> width;) {

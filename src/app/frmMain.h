@@ -243,6 +243,7 @@ private:
     bool isInOutline() const;
     model::Positions topicsDragged(int row) const;
     void showStartPage();
+    void growForStart(int missing);
     void openExample();
     void showRows();
     bool showFound();
@@ -259,6 +260,7 @@ private:
     void showNeighbour(int step);
     void editNeighbour(int step);
 
+    int firstHeight_ = 0; ///< at the first start, until the window has another; 0 at others
     ui::Clipboard clipboard_;
     std::vector<model::Topic> copied_; ///< to be pasted; never on the system's clipboard
     ui::CommandSet commands_{*this, mainCommands(), &lvLevels};

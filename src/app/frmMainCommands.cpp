@@ -10,6 +10,7 @@
 #include "model/Rereading.h"
 #include "text/Address.h"
 #include "text/Path.h"
+#include "ui/WindowPlace.h"
 
 // What the main window does when a command is chosen.
 namespace app {
@@ -145,7 +146,7 @@ void frmMain::mnuFileProperties_Click() {
 
 bool frmMain::canCopy() const {
     const ui::TextBox* box = focusedTextBox();
-    return box != nullptr && box->isEnabled() && box->selection().length > 0;
+    return box != nullptr && box->isEnabled() && box->hasSelection();
 }
 
 bool frmMain::canCut() const {
@@ -178,14 +179,8 @@ void frmMain::mnuEditDelete_Click() {
     const ui::Answer answer = Prompter::current().ask(
         this, {"Delete the Topic '" + (title.empty() ? "<No Title>" : title) + "'?", "Delete Topic",
                ui::Buttons::yesNo, ui::QuestionIcon::question});
-    if (answer != ui::Answer::yes || !links_.mayDelete()) {
-        return;
-    }
-    if (editor_.hasEdits()) {
-        editor_.window()->mnuFileSave_Click(); // so that they can come back with the topic
-    }
-    if (editor_.close()) {
-        model::deleteTopic(project_);
+    if (answer == ui::Answer::yes && links_.mayDelete()) {
+        removeTopics("Delete Topic", {project_.currentIndex()});
     }
 }
 
@@ -196,10 +191,13 @@ void frmMain::mnuViewTopicPane_Click() {
         return;
     }
     pane_.setWanted(show);
-    if (show && width() < widthForPane) {
+    if (show && width() < widthForPane && screenWidth() >= widthForPane) {
         setSize(std::min(usualWidthForPane, screenWidth()), height());
     }
     showParts();
+    if (show && !pane_.isShown()) {
+        status_.notice("The screen is too narrow for the page beside the outline");
+    }
 }
 
 void frmMain::mnuViewEditBeside_Click() {
@@ -211,8 +209,8 @@ void frmMain::mnuViewEditBeside_Click() {
         mnuViewTopicPane_Click();
     }
     constexpr int usefulHeight = 8400; // for some lines of text, and as many of the page
-    if (here && state() == ui::WindowState::normal && height() < usefulHeight) {
-        setSize(width(), std::min(usefulHeight, screenHeight()));
+    if (here && pane_.isShown() && state() == ui::WindowState::normal && height() < usefulHeight) {
+        setSize(width(), std::min(usefulHeight, ui::largestHeight()));
     }
     pane_.setEditsHere(here);
     if (here && hasTopic()) {

@@ -97,7 +97,7 @@ public:
                         "another language, choose that language and have them read again."};
     ui::Label lblVariables{
         pnlVariables,
-        "One variable a line, such as version=1.2. Where the text of a topic has {{version}}, "
+        "One &variable a line, such as version=1.2. Where the text of a topic has {{version}}, "
         "pages, books, documentation and preview have 1.2. In a value, {{today}} is the day on "
         "which they are made. The file is then of a kind that earlier versions of this program "
         "cannot open.",

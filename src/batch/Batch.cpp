@@ -1,6 +1,7 @@
 #include "batch/Batch.h"
 
 #include <algorithm>
+#include <charconv>
 #include <iterator>
 #include <sstream>
 
@@ -38,7 +39,7 @@ std::string parse(const BatchCommand& command, const Arguments& arguments, Comma
             wordsOnly = true;
         } else if (wordsOnly || !argument->starts_with("--")) {
             line.words.push_back(*argument);
-        } else if (knows(command, *argument)) {
+        } else if (!argument->ends_with('=') && knows(command, *argument)) {
             line.options[*argument];
         } else if (const std::size_t equals = argument->find('=');
                    equals != std::string::npos && knows(command, argument->substr(0, equals + 1))) {
@@ -87,6 +88,13 @@ ExitCode usageError(BatchSession& session, const std::string& problem) {
     session.console.err() << session.program << ": " << problem << "\n\n";
     printUsage(session.console.err());
     return exitUsage;
+}
+
+int numberFrom(std::string_view argument) {
+    int number = 0;
+    const char* end = argument.data() + argument.size();
+    const auto [rest, error] = std::from_chars(argument.data(), end, number);
+    return error == std::errc() && rest == end && number > 0 ? number : 0;
 }
 
 ExitCode runBatch(BatchSession& session, const Arguments& arguments) {

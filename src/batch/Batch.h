@@ -75,6 +75,9 @@ std::span<const BatchCommand> batchCommands();
 /// Says what is wrong with the command line, and how it should be.
 ExitCode usageError(BatchSession& session, const std::string& problem);
 
+/// The number from 1 on that an argument is; 0 for anything else.
+int numberFrom(std::string_view argument);
+
 /// Runs the command that the arguments (without the program's name) ask for.
 ExitCode runBatch(BatchSession& session, const Arguments& arguments);
 

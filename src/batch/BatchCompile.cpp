@@ -1,7 +1,5 @@
 #include "batch/BatchCompile.h"
 
-#include <charconv>
-
 #include "batch/BatchGenerate.h"
 #include "batch/BatchProject.h"
 #include "compile/Compiler.h"
@@ -30,7 +28,7 @@ void printMessages(BatchSession& session, const std::vector<workshop::Message>& 
         }
         text::append(lines, " ", nameOf(message.severity), ": ", message.text, "\n");
     }
-    session.console.err() << lines << std::flush;
+    session.console.messages(lines);
 }
 
 /// Tells a person at a terminal how far the work is.
@@ -72,14 +70,6 @@ bool isWorkshopProject(const fs::path& path) {
     return text::equalIgnoringCase(platform::utf8FromPath(path.extension()), ".hhp");
 }
 
-/// False for a value that is no number.
-bool readJobs(const CommandLine& arguments, unsigned& jobs) {
-    const std::string value = arguments.value("--jobs");
-    const char* end = value.data() + value.size();
-    const auto [rest, error] = std::from_chars(value.data(), end, jobs);
-    return error == std::errc() && rest == end && jobs > 0;
-}
-
 /// Generates the sources beside the output and compiles them.
 ExitCode compileOwn(BatchSession& session, const CommandLine& arguments,
                     compile::CompileOptions& options, bool isQuiet) {
@@ -108,7 +98,8 @@ ExitCode compileOwn(BatchSession& session, const CommandLine& arguments,
 
 ExitCode compileHelp(BatchSession& session, const CommandLine& arguments) {
     compile::CompileOptions options;
-    if (arguments.has("--jobs") && !readJobs(arguments, options.jobs)) {
+    options.jobs = static_cast<unsigned>(numberFrom(arguments.value("--jobs")));
+    if (arguments.has("--jobs") && options.jobs == 0) {
         return usageError(session, "compile expects a number of jobs from 1");
     }
     const bool isQuiet = arguments.has("--quiet");

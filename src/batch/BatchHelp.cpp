@@ -1,23 +1,8 @@
 #include "batch/BatchHelp.h"
 
-#include <algorithm>
-
 #include "help/HelpCheck.h"
 
 namespace batch {
-
-namespace {
-
-/// Names in a foreign file may hold anything.
-std::string onOneLine(std::string text) {
-    const auto isControl = [](char c) {
-        return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
-    };
-    std::replace_if(text.begin(), text.end(), isControl, '?');
-    return text;
-}
-
-} // namespace
 
 ExitCode verify(BatchSession& session, const CommandLine& arguments) {
     const std::filesystem::path help = arguments.path(0);
@@ -29,7 +14,7 @@ ExitCode verify(BatchSession& session, const CommandLine& arguments) {
         return exitFailed;
     }
     for (const std::string& fault : *faults) {
-        session.console.out() << onOneLine(fault) << '\n';
+        session.console.result(text::oneLine(fault)); // names may hold anything
     }
     return faults->empty() ? exitDone : exitFailed;
 }

@@ -1,6 +1,5 @@
 #include "batch/BatchImports.h"
 
-#include <charconv>
 #include <set>
 
 #include "batch/BatchProject.h"
@@ -58,14 +57,6 @@ ExitCode runImport(BatchSession& session, const CommandLine& arguments, text::Te
     return critical ? exitFailed : codeFor(arguments, importer::isWhole(outcome));
 }
 
-/// A position from 1; 0 for anything else.
-int positionOf(const std::string& argument) {
-    int position = 0;
-    const char* end = argument.data() + argument.size();
-    const auto [rest, error] = std::from_chars(argument.data(), end, position);
-    return error == std::errc() && rest == end && position > 0 ? position : 0;
-}
-
 /// True for a sound project file with fewer topics.
 bool lacksPosition(const fs::path& source, int position) {
     const importer::FileTopics listed = importer::readFileTopics(source);
@@ -86,7 +77,7 @@ ExitCode importText(BatchSession& session, const CommandLine& arguments) {
 ExitCode importTopics(BatchSession& session, const CommandLine& arguments) {
     std::set<int> wanted;
     for (std::size_t i = 2; i < arguments.size(); ++i) {
-        const int position = positionOf(arguments[i]);
+        const int position = numberFrom(arguments[i]);
         if (position == 0) {
             return usageError(session, "\"" + arguments[i] + "\" is no position");
         }
@@ -112,7 +103,7 @@ ExitCode importSource(BatchSession& session, const CommandLine& arguments, text:
                       Project& project, const importer::HelpSource& source) {
     importer::HelpImportChoice choice;
     choice.leavesOutRepeated = !arguments.has("--keep-repeated");
-    choice.under = arguments.has("--under") ? positionOf(arguments.value("--under")) : 0;
+    choice.under = arguments.has("--under") ? numberFrom(arguments.value("--under")) : 0;
     if (choice.under > project.outline().count()) {
         session.console.failure(title, arguments.path(0),
                                 "has no topic " + std::to_string(choice.under));
@@ -143,7 +134,7 @@ ExitCode importSource(BatchSession& session, const CommandLine& arguments, text:
 template <typename Open>
 ExitCode importWith(BatchSession& session, const CommandLine& arguments, text::TextView title,
                     const Open& open) {
-    if (arguments.has("--under") && positionOf(arguments.value("--under")) == 0) {
+    if (arguments.has("--under") && numberFrom(arguments.value("--under")) == 0) {
         return usageError(session, "\"" + arguments.value("--under") + "\" is no position");
     }
     Project project;

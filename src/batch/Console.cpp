@@ -3,44 +3,55 @@
 #include <algorithm>
 
 #include "platform/Files.h"
+#include "text/Unicode.h"
 
 namespace batch {
 namespace {
 
 /// Without carriage returns, and with question marks for characters that would steer a terminal.
-std::string shown(std::string utf8) {
-    std::erase(utf8, '\r');
-    std::replace_if(
-        utf8.begin(), utf8.end(),
-        [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\n' && c != '\t'; }, '?');
-    return utf8;
-}
-
-std::string shownText(text::TextView text) {
-    return shown(text::Text(text));
+std::string shown(text::TextView utf8) {
+    constexpr char32_t firstLetter = 0xA0; // behind ASCII and the second row of controls
+    std::string result;
+    result.reserve(utf8.size());
+    while (!utf8.empty()) {
+        const text::TextView before = utf8;
+        const char32_t character = text::takeUtf8(utf8);
+        const bool steers = (character < ' ' && character != '\n' && character != '\t')
+                            || (character > '~' && character < firstLetter);
+        if (!steers) {
+            result += before.substr(0, before.size() - utf8.size());
+        } else if (character != '\r') {
+            result += '?';
+        }
+    }
+    return result;
 }
 
 /// A path on one line, so that no name can pass for another message.
 std::string shownPath(const std::filesystem::path& path) {
     std::string line = platform::utf8FromPath(path);
     std::replace(line.begin(), line.end(), '\n', '?');
-    return shown(std::move(line));
+    return shown(line);
 }
 
 } // namespace
 
 void Console::result(text::TextView text) {
-    out_ << shownText(text) << '\n';
+    out_ << shown(text) << '\n';
 }
 
 void Console::message(const text::Message& message) {
-    err_ << (message.title.empty() ? "HTML Topicsmith" : shownText(message.title)) << ": "
-         << shownText(message.text) << '\n';
+    err_ << (message.title.empty() ? "HTML Topicsmith" : shown(message.title)) << ": "
+         << shown(message.text) << '\n';
+}
+
+void Console::messages(text::TextView lines) {
+    err_ << shown(lines) << std::flush;
 }
 
 void Console::failure(std::string_view title, const std::filesystem::path& path,
                       std::string_view reason) {
-    err_ << title << ": " << shownPath(path) << ": " << reason << '\n';
+    err_ << title << ": " << shownPath(path) << ": " << shown(reason) << '\n';
 }
 
 void Console::failures(std::string_view title, const model::FileFailures& failures) {

@@ -24,6 +24,9 @@ public:
     /// "title: text".
     void message(const text::Message& message);
 
+    /// Lines that end with line feeds and say themselves what they are about.
+    void messages(text::TextView lines);
+
     /// Names a file and what went wrong with it, under the title of the command.
     void failure(std::string_view title, const std::filesystem::path& path,
                  std::string_view reason);

@@ -17,6 +17,10 @@ using std::string_view;
 constexpr std::size_t fileHead = 14;
 constexpr std::uint32_t coreHead = 12; ///< the oldest one, with short numbers
 constexpr std::int64_t mostPoints = 40'000'000;
+// Of runs, which leave out what nobody drew: with more points than these, a few bytes would only
+// take memory.
+constexpr std::int64_t pointsOfAny = 1'000'000;
+constexpr std::int64_t pointsOfByte = 4096;
 
 enum Packing : std::uint32_t { plain, runsOfBytes, runsOfHalves, masks, masksWithAlpha = 6 };
 
@@ -91,7 +95,7 @@ public:
                && std::find(sizes.begin(), sizes.end(), bits_) != sizes.end() && isKnown
                && std::all_of(channels_.begin(), channels_.end(),
                               [](Channel c) { return c.isWhole(); })
-               && (isPacked ? !isDownwards_
+               && (isPacked ? !isDownwards_ && width_ * height_ <= mostPointsOfRuns()
                             : std::uint64_t(rowSize()) * std::uint64_t(height_)
                                   <= bytes_.size() - start_);
     }
@@ -102,6 +106,9 @@ private:
     void readColours(int size, std::uint32_t count);
     void readChannels();
     std::size_t rowSize() const { return (std::size_t(width_) * bits_ + 31) / 32 * 4; }
+    std::int64_t mostPointsOfRuns() const {
+        return pointsOfAny + pointsOfByte * static_cast<std::int64_t>(bytes_.size() - start_);
+    }
     std::string unpacked() const;
     string_view row(std::int64_t fromTop) const;
     void appendRow(std::string& points, string_view row, bool withAlpha) const;

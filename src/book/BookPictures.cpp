@@ -46,10 +46,12 @@ const BookPicture* BookPictures::want(std::span<const Text> places, const char*&
         problem = "is no file in the project's folder";
         return nullptr;
     }
-    if (const auto known = known_.find(file); known != known_.end() && known->second != nullptr) {
-        return known->second;
+    const auto [known, isNew] = known_.try_emplace(file);
+    if (isNew) {
+        known->second.picture = add(file, known->second.problem);
     }
-    return known_[file] = add(file, problem);
+    problem = known->second.problem;
+    return known->second.picture;
 }
 
 const BookPicture* BookPictures::add(const fs::path& file, const char*& problem) {

@@ -47,6 +47,11 @@ public:
     const std::deque<BookPicture>& all() const { return pictures_; }
 
 private:
+    struct Known {
+        const BookPicture* picture = nullptr;
+        const char* problem = nullptr; ///< of one that no book can show
+    };
+
     const BookPicture* add(const std::filesystem::path& file, const char*& problem);
     const BookPicture* addOther(const std::filesystem::path& file, text::TextView start,
                                 const char*& problem);
@@ -55,7 +60,7 @@ private:
     generate::OwnFiles files_;
     BookShape shape_;
     std::deque<BookPicture> pictures_;
-    std::map<std::filesystem::path, const BookPicture*> known_;
+    std::map<std::filesystem::path, Known> known_; ///< all files that were asked for
 };
 
 } // namespace book

@@ -11,8 +11,8 @@
 #include "model/PagePath.h"
 #include "model/Variables.h"
 #include "platform/Files.h"
-#include "text/Address.h"
 #include "text/CodePage.h"
+#include "text/ForeignText.h"
 #include "text/HtmlReader.h"
 
 namespace book {
@@ -134,14 +134,12 @@ Text BookTexts::styleSheet() {
         note(name, "is no style sheet in the project's folder");
         return {};
     }
-    const Text css = text::isUtf8(bytes.value) ? bytes.value
-                                               : project_.options().codePage().decoded(bytes.value);
+    const Text css = text::decodedSource(bytes.value, project_.options().codePage().number()).utf8;
     const Text& place = places.front();
     return strictStyleSheet(css, [&](const Text& address) -> std::optional<Text> {
         const char* problem = nullptr;
-        const Text beside[] = {text::plainPath(place + "/../" + address)};
-        const bool isOurs = address.find(':') == Text::npos && !address.starts_with('/');
-        const BookPicture* picture = isOurs ? pictures_.want(beside, problem) : nullptr;
+        const Text beside[] = {generate::placeBeside(place, address)};
+        const BookPicture* picture = beside->empty() ? nullptr : pictures_.want(beside, problem);
         return picture != nullptr ? std::optional("images/" + picture->name) : std::nullopt;
     });
 }

@@ -11,8 +11,7 @@ using text::TextView;
 namespace {
 
 bool isNameCharacter(char character) {
-    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z')
-           || (character >= '0' && character <= '9') || character == '-' || character == '_';
+    return text::isAsciiLetterOrDigit(character) || character == '-' || character == '_';
 }
 
 /// Without comments, also one that never ends.

@@ -85,8 +85,7 @@ bool reachesOut(TextView value) {
 
 bool isName(TextView id) {
     const auto isOfName = [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9')
-               || c == '_' || c == '-' || c == '.';
+        return text::isAsciiLetterOrDigit(c) || c == '_' || c == '-' || c == '.';
     };
     const char first = id.empty() ? '-' : id.front();
     return first != '-' && first != '.' && (first < '0' || first > '9')

@@ -4,6 +4,8 @@
 #include <map>
 #include <numeric>
 
+#include "text/Unicode.h"
+
 namespace compile {
 
 namespace {
@@ -49,7 +51,7 @@ bool addIndexFile(const SitemapSource& index, KeywordIndex& keywords) {
 
 std::vector<std::string> keywordLevels(std::string_view keyword) {
     constexpr std::size_t deepest = 10; // that readers take
-    keyword = keyword.substr(0, longest);
+    keyword = text::wholeCharacters(keyword, longest);
     std::vector<std::string> levels;
     while (!keyword.empty()) {
         const std::size_t end = levels.size() + 1 < deepest ? keyword.find(divider) : keyword.npos;

@@ -31,7 +31,6 @@ struct KeywordEntry {
 class KeywordIndex {
 public:
     void add(KeywordEntry entry);
-    bool empty() const { return root_.below.empty(); }
 
     /// Those above an entry are there too, be it without a target.
     std::vector<KeywordEntry> take();

@@ -21,7 +21,8 @@ struct SitemapSource {
     bool isAsItShouldBe = false;                 ///< it can be packed as it stands
 };
 
-/// Reads the sitemap that a project names; `kind` names it in messages.
+/// Reads the sitemap that a project names at a place; without a name, and where it cannot be had,
+/// an empty one.
 SitemapSource readSitemapFile(const workshop::Line& option, const Place& place, unsigned codePage,
                               SourceFiles& files, Messages& messages);
 

@@ -8,6 +8,7 @@
 #include "text/Address.h"
 #include "text/CodePage.h"
 #include "text/ForeignText.h"
+#include "text/Path.h"
 #include "workshop/Encoding.h"
 
 namespace compile {
@@ -17,16 +18,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::string_view climb = "../";
-
-bool hasEnding(std::string_view path, std::string_view lowerEnding) {
-    return path.size() > lowerEnding.size()
-           && text::startsWithIgnoringCase(path.substr(path.size() - lowerEnding.size()),
-                                           lowerEnding);
-}
-
-bool isPageName(std::string_view path) {
-    return hasEnding(path, ".htm") || hasEnding(path, ".html") || hasEnding(path, ".xhtml");
-}
 
 /// Whether a path comes through one place twice, as links to folders above them make it.
 bool goesInCircles(const fs::path& folder, const fs::path& path) {
@@ -164,7 +155,7 @@ std::size_t SourceFiles::found(const fs::path& folder, const fs::path& path,
     relative = relative.empty() ? asked : relative;
     const auto [place, isNew] = onDisk_.emplace(relative, files_.size());
     if (isNew) {
-        files_.push_back({path, relative, packedName(relative), isPageName(relative)});
+        files_.push_back({path, relative, packedName(relative), text::isPageName(relative)});
     }
     return place->second;
 }
@@ -333,7 +324,7 @@ void SourceFiles::read(std::size_t index) {
     }
     if (files_[index].isPage) {
         readPageFile(index, bytes);
-    } else if (hasEnding(name, ".css")) {
+    } else if (text::hasEnding(name, ".css")) {
         followAddresses(index, workshop::readStyleSheet(bytes), {});
     }
 }

@@ -31,8 +31,11 @@ public:
           copied_(std::move(copied)), findings_(findings),
           reached_(static_cast<std::size_t>(outline.count()) + 1) {}
 
-    /// Looks at all addresses in HTML that stands on the page of a topic or on all pages.
-    void checkHtml(int position, TextView html) {
+    enum class Origin { author, outline };
+
+    /// Looks at all addresses in HTML that stands on the page of a topic or on all pages. What is
+    /// made of the outline leads to the pages as they will be named.
+    void checkHtml(int position, TextView html, Origin origin = Origin::author) {
         text::HtmlReader reader(html);
         while (reader.next()) {
             for (const Text& anchor : anchorsOf(reader)) {
@@ -43,13 +46,14 @@ public:
                     continue;
                 }
                 if (const auto address = reader.attribute(place.attribute)) {
-                    checkAddress(position, plainAddress(*address), place.kind);
+                    checkAddress(position, plainAddress(*address), place.kind, origin);
                 }
             }
         }
     }
 
-    void checkAddress(int position, const Text& address, FindingKind kind) {
+    void checkAddress(int position, const Text& address, FindingKind kind,
+                      Origin origin = Origin::author) {
         if (!seen_.insert({position, address}).second) {
             return;
         }
@@ -65,6 +69,9 @@ public:
             if (target.page > 0) { // a page name with "#" is a fault of its own
                 reach(position, target.page);
                 noteAnchor(position, target, address);
+                if (origin == Origin::author) {
+                    checkSharing(position, target.page, address, kind);
+                }
             }
             return;
         case AddressTarget::Kind::file:
@@ -102,13 +109,23 @@ private:
         Text address;
     };
 
-    void add(int position, FindingKind kind, const Text& address, const char* problem) {
+    void add(int position, FindingKind kind, const Text& address, const Text& problem) {
         findings_.push_back({position, kind, text::oneLine(address) + ": " + problem});
     }
 
     void reach(int from, int page) {
         if (page != from) {
             reached_[static_cast<std::size_t>(page)] = true;
+        }
+    }
+
+    /// Of topics with one page all but the first get another name when help is generated.
+    void checkSharing(int position, int page, const Text& address, FindingKind kind) {
+        const int sharer = targets_.sharerOf(page);
+        if (sharer > 0 && page != position) {
+            add(position, kind, address,
+                "leads to topic " + std::to_string(page) + ", though topic "
+                    + std::to_string(sharer) + " has the same page");
         }
     }
 
@@ -200,13 +217,13 @@ void checkLinks(const model::TopicOutline& outline, const model::ProjectOptions&
         checker.checkHtml(allPages, options.copyrightText);
     }
     for (int position = 1; position <= outline.count(); ++position) {
-        Text lists;
-        appendTopicLists(lists, outline, options, position);
         checker.checkHtml(position, model::shownBody(outline.at(position), options));
-        checker.checkHtml(position, lists);
         if (position == 1) {
             checker.checkHtml(position, options.additionalText);
         }
+        Text lists;
+        appendTopicLists(lists, outline, options, position);
+        checker.checkHtml(position, lists, LinkChecker::Origin::outline);
     }
     checker.finish();
 }

@@ -23,8 +23,15 @@ constexpr AddressPlace places[] = {
     {"embed", "src", FindingKind::link},
     {"bgsound", "src", FindingKind::link},
     {"object", "data", FindingKind::link},
+    {"audio", "src", FindingKind::link},
+    {"video", "src", FindingKind::link},
+    {"source", "src", FindingKind::link},
+    {"track", "src", FindingKind::link},
     {"img", "src", FindingKind::picture},
     {"img", "lowsrc", FindingKind::picture},
+    {"img", "dynsrc", FindingKind::picture},
+    {"input", "src", FindingKind::picture},
+    {"video", "poster", FindingKind::picture},
     {"body", "background", FindingKind::picture},
     {"table", "background", FindingKind::picture},
     {"tr", "background", FindingKind::picture},
@@ -61,6 +68,13 @@ Text pathFromPage(TextView pageName, TextView path) {
 
 Text plainPlace(TextView path) {
     return text::plainPath(Text(model::pageFolderName) + '/' + Text(path));
+}
+
+Text placeBeside(const Text& place, TextView address) {
+    const TextView path = address.substr(0, address.find_first_of("#?"));
+    const bool isElsewhere = path.empty() || path.find(':') != TextView::npos
+                             || path.starts_with('/') || path.starts_with('\\');
+    return isElsewhere ? Text() : text::plainPath(place + "/../" + unescapedAddress(path));
 }
 
 Text placeKey(TextView path) {

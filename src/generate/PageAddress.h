@@ -34,6 +34,10 @@ text::Text pathFromPage(text::TextView pageName, text::TextView path);
 /// with ".." when it leads out of there.
 text::Text plainPlace(text::TextView path);
 
+/// The place of a file that a style sheet or a page at another place names, both from the project's
+/// folder; empty for an address that leads elsewhere.
+text::Text placeBeside(const text::Text& place, text::TextView address);
+
 /// The same for all paths that lead to one page.
 text::Text placeKey(text::TextView path);
 

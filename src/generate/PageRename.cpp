@@ -1,7 +1,6 @@
 #include "generate/PageRename.h"
 
 #include <algorithm>
-#include <array>
 #include <set>
 
 #include "generate/PageAddress.h"
@@ -116,8 +115,7 @@ public:
     std::vector<PageLink> links;
 
     void search(int topic, PageLink::Text where, TextView html) {
-        std::size_t line = 1;
-        std::size_t counted = 0;
+        const auto first = static_cast<std::ptrdiff_t>(links.size());
         text::HtmlReader reader(html);
         while (reader.next()) {
             for (const AddressPlace& place : addressPlaces()) {
@@ -129,18 +127,29 @@ public:
                 auto renamed = renamedAddress(topic, html, *value);
                 if (renamed && *renamed != *value) {
                     const auto start = static_cast<std::size_t>(value->data() - html.data());
-                    line += static_cast<std::size_t>(
-                        std::count(html.begin() + static_cast<std::ptrdiff_t>(counted),
-                                   html.begin() + static_cast<std::ptrdiff_t>(start), '\n'));
-                    counted = start;
-                    links.push_back({topic, where, start, value->size(), line, Text(*value),
-                                     std::move(*renamed)});
+                    links.push_back(
+                        {topic, where, start, value->size(), 1, Text(*value), std::move(*renamed)});
                 }
             }
         }
+        const std::span<PageLink> found(links.begin() + first, links.end());
+        std::sort(found.begin(), found.end(), // a tag may have its addresses in any order
+                  [](const PageLink& a, const PageLink& b) { return a.start < b.start; });
+        countLines(html, found);
     }
 
 private:
+    static void countLines(TextView html, std::span<PageLink> ordered) {
+        std::size_t line = 1;
+        std::size_t counted = 0;
+        for (PageLink& link : ordered) {
+            const TextView passed = html.substr(counted, link.start - counted);
+            line += static_cast<std::size_t>(std::count(passed.begin(), passed.end(), '\n'));
+            counted = link.start;
+            link.line = line;
+        }
+    }
+
     Text pageOf(int topic, bool renamed) const {
         if (topic == renaming_.position) {
             return renamed ? renaming_.newName : renaming_.oldName;
@@ -150,8 +159,9 @@ private:
 
     /// What an address becomes; nothing when it stays.
     std::optional<Text> renamedAddress(int topic, TextView html, TextView value) const {
-        if (!protocolOf(plainAddress(value)).empty()
-            || slashes.find(value.front()) != TextView::npos) {
+        const Text address = plainAddress(value);
+        if (address.empty() || !protocolOf(address).empty()
+            || slashes.find(address.front()) != TextView::npos) {
             return {};
         }
         const std::size_t end = pathLength(value);

@@ -23,8 +23,17 @@ bool isOfThisComputer(TextView address) {
 
 PageTargets::PageTargets(const model::TopicOutline& outline) : outline_(outline) {
     for (int position = 1; position <= outline.count(); ++position) {
-        pages_.emplace(placeKey(outline.at(position).fileName), position);
+        const Text& name = outline.at(position).fileName;
+        const auto [first, isNew] = pages_.emplace(placeKey(name), position);
+        if (!isNew && !name.empty()) {
+            sharers_.emplace(first->second, position);
+        }
     }
+}
+
+int PageTargets::sharerOf(int page) const {
+    const auto found = sharers_.find(page);
+    return found == sharers_.end() ? 0 : found->second;
 }
 
 AddressTarget PageTargets::targetOf(int position, const Text& address) const {

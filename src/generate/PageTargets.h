@@ -35,6 +35,9 @@ public:
     /// name holds "#" counts, too.
     AddressTarget targetOf(int position, const text::Text& address) const;
 
+    /// The next topic with the page of this one, to which addresses lead in its stead; 0 for none.
+    int sharerOf(int page) const;
+
     /// The places at which a file may be that a path on the page of a topic leads to, from the
     /// output folder without detours. They begin with ".." where they lead out of there.
     std::vector<text::Text> filePlaces(int position, text::TextView path) const;
@@ -45,6 +48,7 @@ private:
 
     const model::TopicOutline& outline_;
     std::map<text::Text, int> pages_; ///< positions by place key; the first of those that share it
+    std::map<int, int> sharers_;      ///< the second of those, by the first
 };
 
 } // namespace generate

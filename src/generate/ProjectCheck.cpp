@@ -11,6 +11,7 @@
 #include "text/Address.h"
 #include "text/CharacterReferences.h"
 #include "text/CodePage.h"
+#include "text/Unicode.h"
 
 namespace generate {
 
@@ -77,10 +78,9 @@ public:
             if (const std::size_t length =
                     codePage_.encodedSize(TextView(workshop).substr(start, end - start));
                 length > longestWorkshopLine) {
-                constexpr std::size_t shown = 60;
-                add(FindingKind::workshopLine, "a line of " + std::to_string(length)
-                                                   + " characters: " + workshop.substr(start, shown)
-                                                   + "...");
+                const TextView shown = text::wholeCharacters(TextView(workshop).substr(start), 60);
+                add(FindingKind::workshopLine,
+                    "a line of " + std::to_string(length) + " characters: " + Text(shown) + "...");
             }
             start = end + text::lineBreak.size();
         }

@@ -10,7 +10,7 @@ namespace generate {
 
 /// What the help workshop or a reader of the help would stumble over.
 enum class FindingKind {
-    link,         ///< leads to a page, file or place that does not exist
+    link,         ///< leads to a page, file or place that does not exist, or that topics share
     picture,      ///< is not there
     unreached,    ///< topics that no text and no list of topics leads to
     empty,        ///< topics without a text

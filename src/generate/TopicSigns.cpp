@@ -147,8 +147,10 @@ std::vector<TopicSigns::Address> TopicSigns::addressesOf(const Topic& topic) {
 
 /// A page of the outline needs no file. Only what lies in the output folder is looked for.
 bool TopicSigns::exists(const Address& address) const {
-    if (folder_.empty()
-        || std::find(copied_.begin(), copied_.end(), address.key) != copied_.end()) {
+    if (std::find(copied_.begin(), copied_.end(), address.key) != copied_.end()) {
+        return true;
+    }
+    if (folder_.empty()) {
         return address.isPicture;
     }
     if (address.place.starts_with("..") || !model::pageNameFault(address.place).empty()) {

@@ -10,6 +10,7 @@
 #include "text/Address.h"
 #include "text/CodePage.h"
 #include "text/ForeignText.h"
+#include "text/Path.h"
 #include "text/Text.h"
 #include "workshop/Encoding.h"
 
@@ -20,14 +21,8 @@ namespace {
 /// What comes behind so much is not searched: it would not fit into memory.
 constexpr std::size_t mostPageBytes = std::size_t(256) << 20;
 
-bool hasEnding(std::string_view path, std::string_view lowerEnding) {
-    return path.size() >= lowerEnding.size()
-           && text::startsWithIgnoringCase(path.substr(path.size() - lowerEnding.size()),
-                                           lowerEnding);
-}
-
 bool hasPageEnding(std::string_view path) {
-    return hasEnding(path, ".htm") || hasEnding(path, ".html");
+    return text::hasEnding(path, ".htm") || text::hasEnding(path, ".html");
 }
 
 bool isAddress(std::string_view text) {
@@ -39,10 +34,6 @@ bool isAddress(std::string_view text) {
 
 bool isPlain(std::string_view bytes) {
     return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return (byte & 0x80) == 0; });
-}
-
-std::string withoutAnchor(const std::string& page) {
-    return page.substr(0, page.find('#'));
 }
 
 } // namespace
@@ -344,6 +335,10 @@ std::string HelpBook::wordOn(const std::string& page, const HelpQuestion& questi
     return held != words.end() ? *held : words.empty() ? std::string() : words.front();
 }
 
+std::string withoutAnchor(const std::string& page) {
+    return page.substr(0, page.find('#'));
+}
+
 bool leadsElsewhere(std::string_view address) {
     return address.starts_with("//") || address.find("::") != std::string_view::npos
            || isAddress(address);
@@ -358,7 +353,7 @@ std::optional<BookLink> linkToOtherBook(std::string_view address) {
                                          [address](std::string_view protocol) {
                                              return text::startsWithIgnoringCase(address, protocol);
                                          });
-    if (end == std::string_view::npos || (!hasProtocol && !hasEnding(place, ".chm"))) {
+    if (end == std::string_view::npos || (!hasProtocol && !text::hasEnding(place, ".chm"))) {
         return {};
     }
     std::string page(address.substr(end + divider.size()));

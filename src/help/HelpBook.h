@@ -111,6 +111,9 @@ private:
     std::optional<std::unique_ptr<IndexSearch>> search_; ///< null where there is none
 };
 
+/// A page without "#…".
+std::string withoutAnchor(const std::string& page);
+
 /// Whether an address is none of a file in the same help.
 bool leadsElsewhere(std::string_view address);
 

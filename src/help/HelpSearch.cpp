@@ -73,8 +73,8 @@ private:
 void forEachPlace(const SearchTerm& term, std::string_view text,
                   const std::function<bool(std::size_t)>& use) {
     const std::string_view word = term.text;
-    for (std::size_t at = text.find(word); at != std::string_view::npos;
-         at = text.find(word, at + word.size())) {
+    std::size_t next = 0;
+    for (std::size_t at = 0; (at = text.find(word, next)) != std::string_view::npos;) {
         const std::size_t end = at + word.size();
         const bool begins = at == 0 || isBetweenWords(text[at - 1], word.front());
         const bool ends =
@@ -82,6 +82,7 @@ void forEachPlace(const SearchTerm& term, std::string_view text,
         if (begins && ends && !use(at)) {
             return;
         }
+        next = begins && ends ? end : at + 1; // a place may begin in what is none
     }
 }
 

@@ -1,5 +1,6 @@
 #include "help/HelpBook.h"
 #include "import/HelpSource.h"
+#include "text/Path.h"
 
 namespace importer {
 
@@ -17,16 +18,6 @@ bool isInternal(TextView path) {
     return path.starts_with("#") || path.starts_with("$") || path.ends_with('/');
 }
 
-/// As the author chooses it for a topic.
-Text imageOf(const help::ContentsEntry& entry) {
-    constexpr int leaf = 11;
-    constexpr int newLeaf = 12;
-    return entry.picture == leaf      ? "Leaf"
-           : entry.picture == newLeaf ? "New Leaf"
-           : entry.isNew              ? "New"
-                                      : "Auto";
-}
-
 class CompiledSource : public HelpSource {
 public:
     explicit CompiledSource(std::unique_ptr<help::HelpBook> book) : book_(std::move(book)) {
@@ -37,7 +28,7 @@ public:
         for (const std::string& path : book_->file().paths()) {
             const Text spelt = plain(path);
             paths_.emplace(help::packedKey(spelt), spelt);
-            if (isPageName(spelt) && !isInternal(spelt)) {
+            if (text::isPageName(spelt) && !isInternal(spelt)) {
                 pages.push_back(spelt);
             }
         }
@@ -66,13 +57,10 @@ public:
 private:
     void readLists() {
         for (const help::ContentsEntry& entry : book_->contents()) {
-            if (contents.size() == mostEntries) {
-                notes.push_back("The contents have more than " + std::to_string(mostEntries)
-                                + " entries; the rest was not read");
+            if (!addContents({entry.depth, entry.target.title, plain(entry.target.page),
+                              imageOf(entry.picture, entry.isNew)})) {
                 break;
             }
-            contents.push_back(
-                {entry.depth, entry.target.title, plain(entry.target.page), imageOf(entry)});
         }
         for (help::HelpBook::Keyword& each : book_->fileKeywords()) {
             if (keywords.size() < mostEntries) {

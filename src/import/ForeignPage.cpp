@@ -190,17 +190,22 @@ bool says(TextView heading, TextView title) {
 /// The items of lists that generation puts behind a topic's text, as far as they describe a page.
 std::vector<ListedPage> listedBehind(TextView page) {
     constexpr TextView item = "<li><a href=\"";
+    constexpr TextView linkEnd = "</a>";
+    constexpr TextView dash = " - ";
     std::vector<ListedPage> listed;
     std::size_t at = page.rfind(model::blockEnd);
     while (at != TextView::npos && (at = page.find(item, at)) != TextView::npos) {
         at += item.size();
         const TextView address = page.substr(at, page.find('"', at) - at);
-        const std::size_t end = std::min(page.find("</a>", at), page.size());
-        TextView rest = page.substr(std::min(end + 4, page.size()));
-        rest.remove_prefix(std::min(rest.find_first_not_of("\r\n"), rest.size()));
-        if (rest.starts_with(" - ")) {
-            rest = rest.substr(3, std::min(rest.find_first_of("\r\n"), rest.size()) - 3);
-            listed.push_back({Text(address), Text(rest)});
+        at = page.find(linkEnd, at);
+        if (at == TextView::npos) {
+            break;
+        }
+        at = std::min(page.find_first_not_of("\r\n", at + linkEnd.size()), page.size());
+        if (page.substr(at).starts_with(dash)) {
+            const std::size_t start = at + dash.size();
+            at = std::min(page.find_first_of("\r\n", start), page.size());
+            listed.push_back({Text(address), Text(page.substr(start, at - start))});
         }
     }
     return listed;

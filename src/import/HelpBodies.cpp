@@ -10,6 +10,7 @@
 #include "model/ProjectFolders.h"
 #include "text/Address.h"
 #include "text/HtmlReader.h"
+#include "text/Path.h"
 
 namespace importer {
 
@@ -292,7 +293,7 @@ std::optional<Text> HelpBodies::newAddress(std::size_t topic, const Text& addres
             topicAt(*path + Text(address.substr(std::min(address.find('#'), address.size()))))) {
         return linkTo(topic, *target, address);
     }
-    if (isPageName(*path)) {
+    if (text::isPageName(*path)) {
         note(topic, "leads to " + *path + ", which did not come in", false);
         return {};
     }

@@ -6,7 +6,7 @@
 
 #include "import/ForeignPage.h"
 #include "import/ImportOutcome.h"
-#include "text/HtmlReader.h"
+#include "text/Path.h"
 
 namespace importer {
 
@@ -102,7 +102,7 @@ private:
     void addHome() {
         const auto home =
             source_.homePage.empty() ? std::nullopt : source_.find(withoutAnchor(source_.homePage));
-        if (home && isPageName(*home) && used_.insert(pathKey(*home)).second) {
+        if (home && text::isPageName(*home) && used_.insert(pathKey(*home)).second) {
             add({1, titleOf(*home), *home, {}, {}, source_.sizeOf(*home)});
         }
     }

@@ -11,16 +11,6 @@ namespace importer {
 using text::Text;
 using text::TextView;
 
-namespace {
-
-bool hasEnding(TextView path, TextView lowerEnding) {
-    return path.size() > lowerEnding.size()
-           && text::startsWithIgnoringCase(path.substr(path.size() - lowerEnding.size()),
-                                           lowerEnding);
-}
-
-} // namespace
-
 TextView folderOf(TextView path) {
     const std::size_t slash = path.find_last_of("/\\");
     return path.substr(0, slash == TextView::npos ? 0 : slash + 1);
@@ -43,6 +33,16 @@ std::optional<Text> HelpSource::readText(const Text& path) const {
     return bytes ? std::optional(text::decodedForeignPage(*bytes, codePage)) : std::nullopt;
 }
 
+bool HelpSource::addContents(SourceEntry entry) {
+    if (contents.size() == mostEntries) {
+        notes.push_back("The contents have more than " + std::to_string(mostEntries)
+                        + " entries; the rest was not read");
+        return false;
+    }
+    contents.push_back(std::move(entry));
+    return true;
+}
+
 std::optional<Text> HelpSource::target(TextView page, TextView address) const {
     const TextView path = withoutAnchor(address);
     if (path.empty() || leadsElsewhere(address)) {
@@ -59,8 +59,10 @@ std::optional<Text> HelpSource::target(TextView page, TextView address) const {
     return {};
 }
 
-bool isPageName(TextView path) {
-    return hasEnding(path, ".htm") || hasEnding(path, ".html") || hasEnding(path, ".xhtml");
+Text imageOf(int picture, bool isNew) {
+    constexpr int leaf = 11;
+    constexpr int newLeaf = 12;
+    return picture == leaf ? "Leaf" : picture == newLeaf ? "New Leaf" : isNew ? "New" : "Auto";
 }
 
 TextView withoutAnchor(TextView page) {

@@ -92,6 +92,9 @@ public:
 
 protected:
     HelpSource() = default;
+
+    /// Appends a line of the contents; false, and noted, when there are too many.
+    bool addContents(SourceEntry entry);
 };
 
 std::unique_ptr<HelpSource> openCompiledHelp(const std::filesystem::path& file,
@@ -99,8 +102,9 @@ std::unique_ptr<HelpSource> openCompiledHelp(const std::filesystem::path& file,
 std::unique_ptr<HelpSource> openWorkshopProject(const std::filesystem::path& file,
                                                 text::Text& problem);
 
-/// Whether a path has the ending of a page.
-bool isPageName(text::TextView path);
+/// The picture of an entry as an author chooses it for a topic: from its number in the contents, 0
+/// where these name none, and from their mark for what is new.
+text::Text imageOf(int picture, bool isNew);
 
 /// A path or address up to its "#" or "?", and what comes behind "#".
 text::TextView withoutAnchor(text::TextView page);

@@ -8,6 +8,7 @@
 #include "import/ForeignPage.h"
 #include "import/MarkdownTables.h"
 #include "text/HtmlReader.h"
+#include "text/Path.h"
 
 namespace importer {
 
@@ -113,10 +114,8 @@ MarkdownPage readMarkdown(TextView markdown) {
 
 bool isMarkdownName(TextView path) {
     constexpr TextView endings[] = {".md", ".markdown", ".mkd", ".mdown"};
-    return std::any_of(std::begin(endings), std::end(endings), [path](TextView ending) {
-        return path.size() > ending.size()
-               && text::startsWithIgnoringCase(path.substr(path.size() - ending.size()), ending);
-    });
+    return std::any_of(std::begin(endings), std::end(endings),
+                       [path](TextView ending) { return text::hasEnding(path, ending); });
 }
 
 } // namespace importer

@@ -56,6 +56,7 @@ std::vector<std::size_t> startsOf(TextView body, const std::vector<Text>& anchor
 Text balanced(TextView html) {
     Text result;
     std::vector<Text> open;
+    std::unordered_map<Text, std::size_t> counts; // of those by their names
     std::size_t copied = 0;
     HtmlReader reader(html);
     while (reader.next()) {
@@ -65,15 +66,18 @@ Text balanced(TextView html) {
         }
         if (!reader.closes()) {
             open.push_back(name);
+            ++counts[name];
             continue;
         }
-        const auto partner = std::find(open.rbegin(), open.rend(), name);
-        if (partner == open.rend()) {
+        if (counts[name] == 0) {
             const std::size_t start = reader.offset() - 2;
             result += html.substr(copied, start - copied);
             copied = reader.end();
-        } else {
-            open.erase(partner.base() - 1, open.end());
+            continue;
+        }
+        for (bool isPartner = false; !isPartner; open.pop_back()) {
+            isPartner = open.back() == name;
+            --counts[open.back()];
         }
     }
     result += html.substr(copied);

@@ -27,6 +27,7 @@ Text firstHeading(TextView html) {
             if (!heading.empty()) {
                 return heading;
             }
+            start = Text::npos;
         }
     }
     return {};

@@ -15,6 +15,7 @@
 #include "text/FileFinder.h"
 #include "text/ForeignText.h"
 #include "text/HtmlReader.h"
+#include "text/Path.h"
 
 namespace importer {
 
@@ -151,7 +152,7 @@ public:
             return unpack(page, address);
         }
         const auto found = target(page.path, address);
-        if (!found || isPageName(*found)) {
+        if (!found || text::isPageName(*found)) {
             tell(page, "names the picture " + Text(address) + ", which "
                            + (leadsElsewhere(address) ? "lies elsewhere" : "is not there"));
             return {};
@@ -169,7 +170,7 @@ public:
             return Text(address);
         }
         const auto found = target(page.path, address);
-        if (!found || !isPageName(*found)) {
+        if (!found || !text::isPageName(*found)) {
             tell(page, "leads to " + Text(address) + ", " + Text(missing));
             return {};
         }
@@ -381,7 +382,7 @@ std::unique_ptr<HelpSource> openPages(const std::vector<fs::path>& files, unsign
 
 bool isPageFile(const fs::path& file) {
     const Text name = platform::utf8FromPath(file.filename());
-    return isMarkdownName(name) || isPageName(name);
+    return isMarkdownName(name) || text::isPageName(name);
 }
 
 } // namespace importer

@@ -20,8 +20,7 @@ constexpr int unmatched = -1;
 constexpr int mostEdits = 2000;
 
 bool isWordCharacter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9')
-           || (static_cast<unsigned char>(c) & 0x80U) != 0;
+    return text::isAsciiLetterOrDigit(c) || (static_cast<unsigned char>(c) & 0x80U) != 0;
 }
 
 /// Words, and each other character for itself.

@@ -8,6 +8,7 @@
 #include "text/Address.h"
 #include "text/FileFinder.h"
 #include "text/ForeignText.h"
+#include "text/Path.h"
 #include "text/Unicode.h"
 #include "workshop/HelpProject.h"
 #include "workshop/PageFacts.h"
@@ -26,16 +27,6 @@ constexpr TextView climb = "../";
 /// What pages lead to is followed no further.
 constexpr std::size_t mostPages = 10000;
 constexpr std::uint64_t mostPageBytes = std::uint64_t(64) << 20;
-
-Text imageOf(const workshop::SitemapEntry& entry) {
-    constexpr int leaf = 11;
-    constexpr int newLeaf = 12;
-    const int picture = workshop::pictureOf(entry);
-    return picture == leaf      ? "Leaf"
-           : picture == newLeaf ? "New Leaf"
-           : entry.isNew        ? "New"
-                                : "Auto";
-}
 
 class WorkshopSource : public HelpSource {
 public:
@@ -156,9 +147,9 @@ private:
 
     void addPage(TextView page, bool isNamed) {
         const auto found = find(withoutAnchor(page));
-        if (found && isPageName(*found) && known_.insert(pathKey(*found)).second) {
+        if (found && text::isPageName(*found) && known_.insert(pathKey(*found)).second) {
             pages.push_back(*found);
-        } else if (!found && isNamed && isPageName(page)) {
+        } else if (!found && isNamed && text::isPageName(page)) {
             missing_.insert(Text(page));
         }
     }
@@ -183,14 +174,11 @@ private:
         allowFolderOf(project_.options.contentsFile.text);
         allowFolderOf(project_.options.indexFile.text);
         for (const workshop::SitemapEntry& entry : sitemap(project_.options.contentsFile.text)) {
-            if (contents.size() == mostEntries) {
-                notes.push_back("The contents have more than " + std::to_string(mostEntries)
-                                + " entries; the rest was not read");
+            const Text page = entry.targets.empty() ? Text() : entry.targets.front().page;
+            if (!addContents({entry.depth, entry.name, page.empty() ? Text() : pageOf(page),
+                              imageOf(workshop::pictureOf(entry), entry.isNew)})) {
                 break;
             }
-            const Text page = entry.targets.empty() ? Text() : entry.targets.front().page;
-            contents.push_back(
-                {entry.depth, entry.name, page.empty() ? Text() : pageOf(page), imageOf(entry)});
             addPage(contents.back().page, false);
         }
         for (const Text& page : missing_) {
@@ -225,7 +213,8 @@ private:
             }
             const Text page = pages[i];
             for (const workshop::PageText& address : workshop::readPage(*html).addresses) {
-                if (const auto found = target(page, address.text); found && isPageName(*found)) {
+                if (const auto found = target(page, address.text);
+                    found && text::isPageName(*found)) {
                     addPage(*found, false);
                 }
             }

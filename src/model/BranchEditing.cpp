@@ -1,7 +1,10 @@
 #include "model/BranchEditing.h"
 
 #include <algorithm>
+#include <functional>
+#include <numeric>
 #include <set>
+#include <utility>
 
 #include "model/OutlineEditing.h"
 #include "model/PagePath.h"
@@ -36,16 +39,44 @@ void shiftLevels(Project& project, TextView name, int by) {
     }
 }
 
-/// Moves topics that are not current, one by one, past those that are to move: so the current one
-/// stays current all the time.
-void moveBlock(Project& project, int from, int count, int to) {
-    for (int i = 0; i < count; ++i) {
-        const int source = from < to ? from : from + i;
-        const int target = from < to ? to : to + i;
-        Topic topic = project.outline().at(source);
-        project.removeTopic(source);
-        project.insertTopic(target, std::move(topic));
+/// All positions.
+Positions orderOf(const TopicOutline& outline) {
+    Positions order(static_cast<std::size_t>(outline.count()));
+    std::iota(order.begin(), order.end(), 1);
+    return order;
+}
+
+/// Gives each place the topic whose position `order` has there. Topics are exchanged, each swap
+/// bringing one to its place: so the current one stays current, those who watch keep what they know
+/// of each, and there are never more swaps than topics. The current one is moved first, and once,
+/// as a window has most to do for it.
+void rearrange(Project& project, Positions order) {
+    const auto from = [&order](int place) -> int& {
+        return order[static_cast<std::size_t>(place) - 1];
+    };
+    const auto fillFrom = [&](int start) {
+        int place = start; // holds the topic that was at the start, until that place is its own
+        while (from(place) != start) {
+            const int next = std::exchange(from(place), place);
+            project.exchangeTopics(place, next);
+            place = next;
+        }
+        from(place) = place;
+    };
+    const auto current = std::find(order.begin(), order.end(), project.currentIndex());
+    if (current != order.end()) {
+        fillFrom(static_cast<int>(current - order.begin()) + 1);
     }
+    for (int start = 1; start <= project.outline().count(); ++start) {
+        fillFrom(start);
+    }
+}
+
+/// Two runs of topics, the first before `middle` and the second from there on, change places.
+void exchangeRuns(Project& project, int first, int middle, int end) {
+    Positions order = orderOf(project.outline());
+    std::rotate(order.begin() + first - 1, order.begin() + middle - 1, order.begin() + end);
+    rearrange(project, std::move(order));
 }
 
 void markMoved(Project& project, const Positions& positions) {
@@ -103,10 +134,8 @@ int branchEnd(const TopicOutline& outline, int position) {
 }
 
 Positions branchOf(const TopicOutline& outline, int position) {
-    Positions positions;
-    for (int i = position; i <= branchEnd(outline, position); ++i) {
-        positions.push_back(i);
-    }
+    Positions positions(static_cast<std::size_t>(branchEnd(outline, position) - position + 1));
+    std::iota(positions.begin(), positions.end(), position);
     return positions;
 }
 
@@ -147,7 +176,7 @@ void moveBranchUp(Project& project) {
     const int end = branchEnd(project.outline(), position);
     project.markChanged(statusMoved);
     markMoved(project, branchOf(project.outline(), position));
-    moveBlock(project, start, position - start, end);
+    exchangeRuns(project, start, position, end);
 }
 
 bool canMoveBranchDown(const Project& project) {
@@ -165,7 +194,7 @@ void moveBranchDown(Project& project) {
     const int end = branchEnd(project.outline(), next);
     project.markChanged(statusMoved);
     markMoved(project, branchOf(project.outline(), position));
-    moveBlock(project, next, end - next + 1, position);
+    exchangeRuns(project, position, next, end);
 }
 
 bool moveTopics(Project& project, Positions& positions, int step) {
@@ -179,7 +208,7 @@ bool moveTopics(Project& project, Positions& positions, int step) {
     project.markChanged(projectChanged);
     markMoved(project, positions);
     const auto move = [&project, step](int& position) {
-        project.swapTopics(position, position + step);
+        project.exchangeTopics(position, position + step);
         position += step;
     };
     if (step < 0) {
@@ -194,20 +223,15 @@ void gatherTopics(Project& project, Positions& positions, int behind) {
     const UndoStep undo(project, "Move Topics");
     project.markChanged(projectChanged);
     markMoved(project, positions);
-    const auto carry = [&project](int& position, int target) {
-        while (position != target) {
-            const int next = position < target ? position + 1 : position - 1;
-            project.swapTopics(position, next);
-            position = next;
-        }
+    const auto isOne = [&positions](int position) {
+        return std::binary_search(positions.begin(), positions.end(), position);
     };
-    // Outwards from there, so that none passes another of them.
-    const auto below = std::upper_bound(positions.begin(), positions.end(), behind);
-    int target = behind;
-    std::for_each(std::make_reverse_iterator(below), positions.rend(),
-                  [&](int& position) { carry(position, target--); });
-    target = behind + 1;
-    std::for_each(below, positions.end(), [&](int& position) { carry(position, target++); });
+    Positions order = orderOf(project.outline());
+    const auto middle = order.begin() + behind;
+    const auto first = std::stable_partition(order.begin(), middle, std::not_fn(isOne));
+    std::stable_partition(middle, order.end(), isOne);
+    std::iota(positions.begin(), positions.end(), static_cast<int>(first - order.begin()) + 1);
+    rearrange(project, std::move(order));
 }
 
 void shiftTopics(Project& project, const Positions& positions, int levels) {

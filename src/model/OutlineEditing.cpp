@@ -35,18 +35,6 @@ bool addTopic(Project& project) {
     return true;
 }
 
-void deleteTopic(Project& project) {
-    if (!project.hasCurrent()) {
-        return;
-    }
-    const UndoStep step(project, "Delete Topic");
-    project.markChanged(projectChanged);
-    project.removeTopic(project.currentIndex());
-    if (project.outline().empty()) {
-        project.markSaved();
-    }
-}
-
 bool canPromote(const Project& project) {
     return project.currentIndex() > 1 && currentDepth(project) < maxDepth
            && currentDepth(project) <= project.outline().depth(project.currentIndex() - 1);
@@ -91,13 +79,16 @@ void moveTopicDown(Project& project) {
 }
 
 void moveTopicTo(Project& project, int position) {
-    if (!project.hasCurrent() || position < 1 || position > project.outline().count()) {
+    const int from = project.currentIndex();
+    if (!project.hasCurrent() || position < 1 || position > project.outline().count()
+        || position == from) {
         return;
     }
-    const UndoStep step(project, "Move Topic");
-    while (project.currentIndex() != position) {
-        const int from = project.currentIndex();
-        project.swapTopics(from, from < position ? from + 1 : from - 1);
+    const UndoStep undo(project, "Move Topic");
+    project.swapTopics(from, position); // at once: a window has most to do for the current one
+    const int step = from < position ? 1 : -1;
+    for (int place = from; place + step != position; place += step) {
+        project.swapTopics(place, place + step); // the one that made way goes back beside it
     }
 }
 

@@ -10,9 +10,6 @@ namespace model {
 /// False when the outline is full.
 bool addTopic(Project& project);
 
-/// A project whose last topic is gone counts as unchanged.
-void deleteTopic(Project& project);
-
 /// Promoting moves a topic one level deeper, at most one below the topic before it; demoting moves
 /// it one level up, whatever follows. Its subtopics stay where they are.
 bool canPromote(const Project& project);

@@ -1,7 +1,6 @@
 #include "model/PagePath.h"
 
 #include <algorithm>
-#include <charconv>
 
 #include "model/Helper.h"
 #include "text/Path.h"

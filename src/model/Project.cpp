@@ -121,6 +121,10 @@ Topic Project::removeAt(int position) {
 
 void Project::swapTopics(int a, int b) {
     markChanged(statusMoved);
+    exchangeTopics(a, b);
+}
+
+void Project::exchangeTopics(int a, int b) {
     ProjectChange change = SwapChange{a, b};
     apply(change);
     history_.record(std::move(change));

@@ -108,6 +108,9 @@ public:
     /// letter travels with it.
     void swapTopics(int a, int b);
 
+    /// The same, and no topic is marked: for commands that move others than the current one.
+    void exchangeTopics(int a, int b);
+
     /// The project counts as changed, and the current topic, if there is one, gets the letter of
     /// the code (see StatusCode) unless it has been changed since the last generation already.
     void markChanged(int code);

@@ -99,14 +99,18 @@ Text withDay(TextView value, std::chrono::sys_days day) {
     Text made;
     for (std::size_t found = 0; (found = value.find(todayStart)) != TextView::npos;) {
         const TextView rest = value.substr(found + todayStart.size());
-        const std::size_t end = rest.find(nameEnd);
-        if (end == TextView::npos || (end > 0 && rest.front() != ':')) {
+        const bool hasForm = rest.starts_with(':');
+        const std::size_t end = hasForm ? rest.find(nameEnd) : 0;
+        if (end == TextView::npos) {
+            break; // no other has an end, either
+        }
+        if (!hasForm && !rest.starts_with(nameEnd)) {
             append(made, value.substr(0, found + todayStart.size()));
             value = rest;
             continue;
         }
         append(made, value.substr(0, found),
-               dateAs(end > 0 ? rest.substr(1, end - 1) : usualDate, day));
+               dateAs(hasForm ? rest.substr(1, end - 1) : usualDate, day));
         value = rest.substr(end + nameEnd.size());
     }
     return made + Text(value);

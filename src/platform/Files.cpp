@@ -1,6 +1,9 @@
 #include "platform/Files.h"
 
-#include "platform/InPlace.h"
+#include <limits>
+
+#include "platform/FileBytes.h"
+#include "platform/FileState.h"
 
 namespace platform {
 
@@ -21,6 +24,22 @@ public:
 std::error_code make_error_code(FileError error) {
     static const FileErrors category;
     return {static_cast<int>(error), category};
+}
+
+std::error_code readFile(const std::filesystem::path& path, std::string& bytes,
+                         std::uint64_t most) {
+    return readBytes(path, bytes, 0, std::string::npos, most);
+}
+
+std::error_code readPart(const std::filesystem::path& path, std::string& bytes,
+                         std::uint64_t offset, std::size_t count) {
+    return readBytes(path, bytes, offset, count, std::numeric_limits<std::uint64_t>::max());
+}
+
+bool isSameFile(const std::filesystem::path& one, const std::filesystem::path& other) {
+    const auto first = fileFacts(one);
+    const auto second = fileFacts(other);
+    return first && second && first->isSameFile(*second);
 }
 
 std::error_code overwriteFile(const std::filesystem::path& path, std::string_view bytes,

@@ -111,8 +111,8 @@ char32_t numberedCharacter(TextView digits) {
     const char* end = digits.data() + digits.size();
     const auto [rest, error] = std::from_chars(digits.data(), end, number, isHexadecimal ? 16 : 10);
     constexpr std::uint32_t last = 0x10FFFF;
-    const bool isHalf = number >= 0xD800 && number <= 0xDFFF;
-    if (error != std::errc() || rest != end || number > last || isHalf) {
+    const bool isNone = number == 0 || (number >= 0xD800 && number <= 0xDFFF);
+    if (error != std::errc() || rest != end || number > last || isNone) {
         return unknownCharacter;
     }
     const bool isOfCodePage = number >= 0x80 && number <= 0x9F;

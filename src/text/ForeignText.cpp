@@ -15,6 +15,7 @@ namespace {
 constexpr unsigned westernCodePage = CodePage::western;
 constexpr unsigned shiftedCodePage = 50220; // ISO-2022-JP: all its bytes look like ASCII
 constexpr unsigned unixJapanese = 51932;    // EUC-JP: some of its letters have three bytes
+constexpr unsigned shiftedJapanese = 932;   // Shift_JIS
 
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 
@@ -75,14 +76,65 @@ std::optional<std::string> markedText(std::string_view bytes) {
     return {};
 }
 
+/// Appends the letter of a row and cell, both from 0, as Shift_JIS spells it: two rows to a first
+/// byte, with gaps for half-width letters and for one byte that is none.
+void appendShifted(std::string& shifted, int row, int cell) {
+    constexpr int rowsBeforeGap = 62;
+    constexpr int cellsBeforeGap = 63;
+    const bool isOdd = row % 2 != 0;
+    shifted += static_cast<char>(row / 2 + (row < rowsBeforeGap ? 0x81 : 0xC1));
+    shifted +=
+        static_cast<char>(isOdd ? cell + 0x9F : cell + (cell < cellsBeforeGap ? 0x40 : 0x41));
+}
+
+/// EUC-JP, spelt as Shift_JIS for the table that is the same on all systems. Theirs disagree about
+/// dashes, tildes and signs of currencies.
+std::string fromUnixJapanese(std::string_view bytes) {
+    constexpr unsigned char first = 0xA1; // of the letters in rows and cells
+    constexpr unsigned char last = 0xFE;
+    constexpr unsigned char lastKatakana = 0xDF;
+    constexpr char beforeKatakana = '\x8E';
+    constexpr char beforeRare = '\x8F'; // letters that Shift_JIS lacks
+    std::string decoded;
+    std::string shifted;
+    const auto isWithin = [bytes](std::size_t at, unsigned char end) {
+        const auto byte = at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : 0U;
+        return byte >= first && byte <= end;
+    };
+    const auto appendDecoded = [&decoded, &shifted] {
+        decoded += CodePage(shiftedJapanese).decoded(shifted);
+        shifted.clear();
+    };
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        if (isAscii(bytes.substr(i, 1))) {
+            shifted += bytes[i];
+        } else if (bytes[i] == beforeKatakana && isWithin(i + 1, lastKatakana)) {
+            shifted += bytes[++i];
+        } else if (bytes[i] == beforeRare && isWithin(i + 1, last) && isWithin(i + 2, last)) {
+            appendDecoded();
+            decoded += platform::utf8FromCodePage(bytes.substr(i, 3), unixJapanese);
+            i += 2;
+        } else if (isWithin(i, last) && isWithin(i + 1, last)) {
+            appendShifted(shifted, static_cast<unsigned char>(bytes[i]) - first,
+                          static_cast<unsigned char>(bytes[i + 1]) - first);
+            ++i;
+        } else {
+            appendDecoded();
+            decoded += "\uFFFD";
+        }
+    }
+    appendDecoded();
+    return decoded;
+}
+
 std::string fromCodePage(std::string_view bytes, unsigned codePage) {
     const bool isUtf8Already = codePage == platform::utf8CodePage && isUtf8(bytes);
     if (isUtf8Already || (codePage != shiftedCodePage && isAscii(bytes))) {
         return std::string(bytes);
     }
-    const bool isTable = codePage != shiftedCodePage && codePage != unixJapanese;
-    return isTable ? CodePage(codePage).decoded(bytes)
-                   : platform::utf8FromCodePage(bytes, codePage);
+    return codePage == unixJapanese      ? fromUnixJapanese(bytes)
+           : codePage == shiftedCodePage ? platform::utf8FromCodePage(bytes, codePage)
+                                         : CodePage(codePage).decoded(bytes);
 }
 
 } // namespace

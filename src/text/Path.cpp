@@ -16,6 +16,15 @@ Text displayText(const std::filesystem::path& path) {
     return platform::utf8FromPath(path);
 }
 
+bool hasEnding(TextView path, TextView lowerEnding) {
+    return path.size() > lowerEnding.size()
+           && startsWithIgnoringCase(path.substr(path.size() - lowerEnding.size()), lowerEnding);
+}
+
+bool isPageName(TextView path) {
+    return hasEnding(path, ".htm") || hasEnding(path, ".html") || hasEnding(path, ".xhtml");
+}
+
 Text attributeText(const std::filesystem::path& folder) {
     const Text text = displayText(folder);
     Text attribute;

@@ -14,6 +14,13 @@ std::filesystem::path nativePath(TextView text);
 /// A path as text to show.
 Text displayText(const std::filesystem::path& path);
 
+/// Whether a path has something in front of an ending, which is given in small letters, as in
+/// ".css".
+bool hasEnding(TextView path, TextView lowerEnding);
+
+/// Whether a path has the ending of a page in HTML.
+bool isPageName(TextView path);
+
 /// A folder as it may stand in an attribute of a page, without a slash at its end.
 Text attributeText(const std::filesystem::path& folder);
 

@@ -166,6 +166,14 @@ std::size_t asciiLength(std::string_view bytes) {
     return static_cast<std::size_t>(at - bytes.data());
 }
 
+std::string_view wholeCharacters(std::string_view utf8, std::size_t most) {
+    std::size_t size = std::min(utf8.size(), most);
+    while (size > 0 && size < utf8.size() && continuesCharacter(utf8[size])) {
+        --size;
+    }
+    return utf8.substr(0, size);
+}
+
 std::size_t characterCount(std::string_view utf8) {
     return static_cast<std::size_t>(std::count_if(
         utf8.begin(), utf8.end(), [](char byte) { return !continuesCharacter(byte); }));

@@ -30,6 +30,9 @@ inline bool continuesCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
+/// The beginning of UTF-8 with at most so many bytes; no character is cut.
+std::string_view wholeCharacters(std::string_view utf8, std::size_t most);
+
 /// How many characters UTF-8 holds.
 std::size_t characterCount(std::string_view utf8);
 

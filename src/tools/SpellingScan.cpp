@@ -1,5 +1,7 @@
 #include "tools/SpellingScan.h"
 
+#include <algorithm>
+
 namespace tools {
 
 namespace {
@@ -7,12 +9,13 @@ namespace {
 /// A tag that is still being written: its words are none yet.
 bool isInUnfinishedTag(TextView text, std::size_t word) {
     constexpr std::size_t longest = 500;
-    const TextView before = text.substr(0, word);
+    const std::size_t start = word - std::min(word, longest);
+    const TextView before = text.substr(start, word - start);
     const std::size_t mark = before.find_last_of("<>\n");
-    if (mark == TextView::npos || word - mark > longest || before[mark] != '<') {
+    if (mark == TextView::npos || before[mark] != '<') {
         return false;
     }
-    const char next = text[mark + 1];
+    const char next = text[start + mark + 1];
     return next == '/' || (next >= 'a' && next <= 'z') || (next >= 'A' && next <= 'Z');
 }
 

@@ -7,8 +7,8 @@
 
 namespace ui {
 
-/// Shows one HTML file, in Windows-1252, and stays with it. Scripts do not run, and nothing is
-/// fetched but files below one folder.
+/// Shows one HTML file, in Windows-1252 unless it says otherwise, and stays with it. Scripts do not
+/// run, and nothing is fetched but files below one folder.
 class Browser : public Control {
 public:
     explicit Browser(Container& container);

@@ -10,11 +10,12 @@ Button::Button(Container& container, TextView caption)
     : Control(makeNative<QPushButton>(container)) {
     auto& button = widgetOf<QPushButton>(*this);
     button.setText(toQt(caption));
+    button.setAutoDefault(true); // Enter presses the one with the focus, in main windows too
     QObject::connect(&button, &QPushButton::clicked, [this] { Click.raise(); });
 }
 
-void Button::setPlainCaption(const std::string& utf8) {
-    widgetOf<QPushButton>(*this).setText(QString::fromStdString(utf8).replace('&', "&&"));
+void Button::setPlainCaption(TextView caption) {
+    widgetOf<QPushButton>(*this).setText(toQt(caption).replace('&', "&&"));
 }
 
 void Button::setDefault() {

@@ -5,6 +5,7 @@
 
 namespace ui {
 
+/// A "&" in the caption marks the letter that presses it.
 class Button : public Control {
 public:
     Button(Container& container, TextView caption);
@@ -12,10 +13,10 @@ public:
     /// Enter presses it, in a dialog whose focused control wants no Enter.
     void setDefault();
 
-    /// A text of its own, in UTF-8, in which "&" is nothing special.
-    void setPlainCaption(const std::string& utf8);
+    /// A caption in which "&" is nothing special.
+    void setPlainCaption(TextView caption);
 
-    Event<> Click;
+    Event<> Click; ///< by mouse or key
 };
 
 } // namespace ui

@@ -5,6 +5,7 @@
 
 namespace ui {
 
+/// A "&" in the caption marks the letter that ticks it.
 class CheckBox : public Control {
 public:
     CheckBox(Container& container, TextView caption);
@@ -12,7 +13,7 @@ public:
     bool checked() const;
     void setChecked(bool checked);
 
-    Event<> Click;
+    Event<> Click; ///< the box has been ticked, or the tick taken away
 };
 
 } // namespace ui

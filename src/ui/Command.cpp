@@ -48,8 +48,8 @@ void Command::setCaption(TextView caption) {
     native_->action->setText(toQt(caption));
 }
 
-void Command::setPlainCaption(const std::string& utf8) {
-    native_->action->setText(QString::fromStdString(utf8).replace('&', "&&"));
+void Command::setPlainCaption(TextView caption) {
+    native_->action->setText(toQt(caption).replace('&', "&&"));
 }
 
 void Command::setImage(TextView name) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "ui/Control.h"
 #include "ui/Event.h"
 
@@ -20,7 +18,7 @@ struct CommandLook {
 };
 
 /// Something that a person can choose from a menu, a toolbar or by its shortcut. One command is
-/// shared by all places that offer it; it must outlive none of them.
+/// shared by all places that offer it. It goes with its window at the latest.
 class Command {
 public:
     Command(Window& window, CommandLook look);
@@ -37,8 +35,8 @@ public:
     /// Shows with a tick whether what it stands for is on.
     void setChecked(bool checked);
 
-    /// A text of its own, in UTF-8, in which "&" is nothing special.
-    void setPlainCaption(const std::string& utf8);
+    /// A caption in which "&" is nothing special.
+    void setPlainCaption(TextView caption);
 
     void setImage(TextView name);
     void setToolTip(TextView text);

@@ -121,7 +121,7 @@ void CommandSet::run(std::size_t index) {
         running_ = plainCaption(entries_[index].command->look().caption);
         BeforeRun.raise();
         const std::function<void()> command = entries_[index].run;
-        command();
+        guarded(command); // what follows is due in any case
     }
     if (alive.expired()) {
         return; // the command has closed the window

@@ -6,76 +6,19 @@
 #include <QPlainTextEdit>
 #include <QTextBlock>
 #include <QToolTip>
-#include <QUrl>
 
 #include "text/TextLines.h"
 #include "ui/qt/ChoiceList.h"
+#include "ui/qt/PositionCount.h"
 #include "ui/qt/TextBoxNative.h"
 #include "ui/qt/TextHooks.h"
 #include "ui/qt/TextMarks.h"
 
 namespace ui {
 
-namespace {
-
-std::vector<std::filesystem::path> filesOf(const QMimeData& data) {
-    std::vector<std::filesystem::path> files;
-    for (const QUrl& url : data.urls()) {
-        if (url.isLocalFile()) {
-            files.push_back(pathFromQt(url.toLocalFile()));
-        }
-    }
-    return files;
-}
-
-/// Goes through a document and the text of its box at the same time, forward only.
-class PositionCount {
-public:
-    explicit PositionCount(const QString& raw) : raw_(raw) {}
-
-    int positionAt(std::size_t offset) {
-        while (position_ < raw_.size() && offset_ < offset) {
-            step();
-        }
-        return static_cast<int>(position_);
-    }
-
-    std::size_t offsetAt(int position) {
-        while (position_ < raw_.size() && position_ < position) {
-            step();
-        }
-        return offset_;
-    }
-
-private:
-    void step() {
-        const QChar character = raw_[position_];
-        const bool wide = character.isHighSurrogate();
-        if (character == QChar::ParagraphSeparator || character == QChar(u'\n')) {
-            offset_ += text::lineBreak.size();
-        } else {
-            offset_ += wide ? 4 : utf8Size(character.unicode());
-        }
-        position_ += wide ? 2 : 1;
-    }
-
-    static std::size_t utf8Size(char16_t unit) {
-        if (unit < 0x80) {
-            return 1;
-        }
-        return unit < 0x800 ? 2 : 3;
-    }
-
-    const QString& raw_;
-    qsizetype position_ = 0;
-    std::size_t offset_ = 0;
-};
-
-} // namespace
-
 Incoming incomingFrom(const QMimeData& data) {
     Incoming incoming;
-    incoming.files = filesOf(data);
+    incoming.files = filesIn(data);
     incoming.html = data.hasHtml() ? fromQt(data.html()) : Text();
     incoming.text = data.hasText() ? text::withLineBreaks(fromQt(data.text())) : Text();
     if (data.hasImage() && incoming.files.empty()) {
@@ -124,7 +67,7 @@ struct HtmlBox::Hooks : TextHooks {
             return data.hasText() || data.hasImage() || data.hasHtml();
         }
         bool taken = false;
-        guarded([&] { taken = owner.takesFiles && owner.takesFiles(filesOf(data)); });
+        guarded([&] { taken = owner.takesFiles && owner.takesFiles(filesIn(data)); });
         return taken;
     }
 

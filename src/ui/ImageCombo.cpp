@@ -14,10 +14,12 @@ class ComboWidget : public QComboBox {
 public:
     using QComboBox::QComboBox;
 
+    bool keepsEnter = false;
+
 protected:
-    /// Enter confirms a choice, which is made already; it is no press of a dialog's button.
     void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+        const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if (!keepsEnter || !isEnter) {
             QComboBox::keyPressEvent(event);
         }
     }
@@ -35,6 +37,10 @@ ImageCombo::ImageCombo(Container& container) : Control(makeNative<ComboWidget>(c
 
 void ImageCombo::add(TextView key, TextView text, TextView image) {
     widgetOf<QComboBox>(*this).addItem(imageNamed(image), toQt(text), toQt(key));
+}
+
+void ImageCombo::keepEnter() {
+    widgetOf<ComboWidget>(*this).keepsEnter = true;
 }
 
 Text ImageCombo::selectedKey() const {

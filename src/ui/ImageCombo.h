@@ -16,6 +16,9 @@ public:
     Text selectedKey() const;
     void select(TextView key);
 
+    /// Enter confirms a choice that has acted already, and presses no button of the dialog.
+    void keepEnter();
+
     Event<> Change;
 
 private:

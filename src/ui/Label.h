@@ -4,6 +4,7 @@
 
 namespace ui {
 
+/// A text in a window, of one line unless it is wrapped.
 class Label : public Control {
 public:
     /// A "&" in the caption marks the letter that takes the focus to `labelled`.

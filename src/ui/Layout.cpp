@@ -95,4 +95,10 @@ void Panel::setLayout(Layout layout) {
     layout.applyTo(native());
 }
 
+int Panel::heightFor(int width) const {
+    const QLayout& layout = *native().widget->layout();
+    return toTwips(layout.hasHeightForWidth() ? layout.minimumHeightForWidth(toPixels(width))
+                                              : layout.minimumSize().height());
+}
+
 } // namespace ui

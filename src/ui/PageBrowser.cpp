@@ -7,6 +7,18 @@
 
 namespace ui {
 
+std::function<std::optional<QByteArray>(const QString& path)> readerOf(PageSource& source) {
+    return [&source](const QString& path) {
+        std::optional<QByteArray> bytes;
+        guarded([&] {
+            if (const auto found = source.read(path.toStdString())) {
+                bytes = QByteArray::fromStdString(*found);
+            }
+        });
+        return bytes;
+    };
+}
+
 struct PageBrowser::Native : NativeWidget {
     Native(QWidget* parent, PageBrowser& owner, PageSource& source) : NativeWidget(nullptr) {
         if (const auto makeBrowser =
@@ -19,17 +31,8 @@ struct PageBrowser::Native : NativeWidget {
     }
 
     static PageHost hostOf(PageBrowser& owner, PageSource& source) {
-        const auto read = [&source](const QString& path) {
-            std::optional<QByteArray> bytes;
-            guarded([&] {
-                if (const auto found = source.read(path.toStdString())) {
-                    bytes = QByteArray::fromStdString(*found);
-                }
-            });
-            return bytes;
-        };
         return {
-            read, [&owner] { owner.Moved.raise(); },
+            readerOf(source), [&owner] { owner.Moved.raise(); },
             [&owner](const QString& address) { owner.OutsideClick.raise(address.toStdString()); }};
     }
 

@@ -1,6 +1,5 @@
 #include "ui/PagePrinter.h"
 
-#include "ui/Event.h"
 #include "ui/qt/BrowserView.h"
 
 namespace ui {
@@ -17,16 +16,7 @@ std::string PagePrinter::print(PageSource& source, const std::string& place, Pap
     if (printPage == nullptr) {
         return {};
     }
-    const PageHost host = {[&source](const QString& path) {
-                               std::optional<QByteArray> bytes;
-                               guarded([&] {
-                                   if (const auto found = source.read(path.toStdString())) {
-                                       bytes = QByteArray::fromStdString(*found);
-                                   }
-                               });
-                               return bytes;
-                           },
-                           [] {}, [](const QString&) {}};
+    const PageHost host = {readerOf(source), [] {}, [](const QString&) {}};
     QByteArray pdf;
     printPage(host, QString::fromStdString(place), paper == Paper::letter, pdf);
     return pdf.toStdString();

@@ -12,6 +12,10 @@ public:
     NativeWidget& client() override { return native(); }
     void setLayout(Layout layout);
 
+    /// What its layout needs at least at a width, both in twips: wrapped texts count with all their
+    /// lines.
+    int heightFor(int width) const;
+
 protected:
     using Control::Control;
 };

@@ -17,7 +17,8 @@ public:
     Toolbar(const Toolbar&) = delete;
     Toolbar& operator=(const Toolbar&) = delete;
 
-    /// The button has the command's key, image and tool tip, and chooses the command.
+    /// The button has the command's key, image and tool tip, and chooses the command, which is not
+    /// owned: nothing may be set on the button when it has gone.
     void add(Command& command);
     void addSeparator();
 

@@ -138,11 +138,6 @@ void Window::setCaption(TextView caption) {
     native_->showTitle();
 }
 
-void Window::setUnicodeCaption(const std::string& utf8) {
-    native_->caption = QString::fromStdString(utf8);
-    native_->showTitle();
-}
-
 Text Window::caption() const {
     return fromQt(native_->caption);
 }

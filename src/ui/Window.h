@@ -27,7 +27,6 @@ public:
     NativeWidget& native() const;
 
     void setCaption(TextView caption);
-    void setUnicodeCaption(const std::string& utf8);
     Text caption() const;
 
     /// What is open in the window, shown before the caption; empty for nothing.

@@ -13,7 +13,7 @@ using text::TextView;
 namespace {
 
 constexpr TextView title = "What the pages of this web site were made of\n";
-constexpr std::uint64_t form = 1; ///< to be changed when pages are made otherwise
+constexpr std::uint64_t form = 2; ///< to be changed when pages are made otherwise
 
 class Hash {
 public:

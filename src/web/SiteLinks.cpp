@@ -5,7 +5,6 @@
 #include "generate/PageAddress.h"
 #include "text/Address.h"
 #include "text/HtmlReader.h"
-#include "workshop/PageFacts.h"
 
 namespace web {
 
@@ -30,11 +29,11 @@ Text escapedRest(TextView rest) {
     return escaped;
 }
 
+/// Whether an attribute, named in small letters, does; old editors write styles in capitals.
 bool setsColour(TextView name, TextView value) {
+    const Text style = name == "style" ? text::lowerAscii(value) : Text();
     return name == "color" || name == "bgcolor" || name == "background"
-           || (name == "style"
-               && (value.find("color") != TextView::npos
-                   || value.find("background") != TextView::npos));
+           || style.find("color") != Text::npos || style.find("background") != Text::npos;
 }
 
 bool isAddressPlace(TextView tag, TextView attribute) {
@@ -62,6 +61,10 @@ void SiteLinks::append(Text& page, TextView html, int from, const Text& place) {
             hasColours_ = hasColours_ || setsColour(name, value.value_or(""));
             if (value && name == "style") {
                 lookAtStyle(*value, from);
+            } else if (value && name == "srcset") {
+                const std::size_t start = reader.offset() - 1;
+                wantAll(workshop::readPage(html.substr(start, reader.end() - start)).addresses,
+                        from);
             } else if (value && isAddressPlace(tag, name)) {
                 const auto start = static_cast<std::size_t>(value->data() - html.data());
                 text::append(page, html.substr(done, start - done),
@@ -136,8 +139,12 @@ Text SiteLinks::restFor(const AddressTarget& target, int from) {
 }
 
 void SiteLinks::lookAtStyle(TextView css, int from) {
-    for (const workshop::PageText& address :
-         workshop::readStyleSheet(text::resolvedReferences(css))) {
+    wantAll(workshop::readStyleSheet(text::resolvedReferences(css)), from);
+}
+
+/// Files whose addresses stay as they stand.
+void SiteLinks::wantAll(const std::vector<workshop::PageText>& addresses, int from) {
+    for (const workshop::PageText& address : addresses) {
         const AddressTarget target = targets_.targetOf(from, address.text);
         if (target.kind == AddressTarget::Kind::file) {
             for (const Text& file : targets_.filePlaces(from, target.path)) {

@@ -6,6 +6,7 @@
 #include "generate/PageAnchors.h"
 #include "web/SiteMap.h"
 #include "web/SiteSources.h"
+#include "workshop/PageFacts.h"
 
 namespace web {
 
@@ -43,6 +44,7 @@ private:
                              bool& isForAll);
     text::Text restFor(const generate::AddressTarget& target, int from);
     void lookAtStyle(text::TextView css, int from);
+    void wantAll(const std::vector<workshop::PageText>& addresses, int from);
 
     const model::TopicOutline& outline_;
     const SiteMap& map_;

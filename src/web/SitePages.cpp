@@ -120,10 +120,17 @@ void SitePages::appendWayHere(Text& page, int position) const {
     appendLine(page, "</ol></nav>");
 }
 
-void SitePages::appendHeading(Text& page, const Topic& topic) const {
+void SitePages::appendHeading(Text& page, int position) {
+    const Text& title = outline_.at(position).title;
     // A title may hold mark-up; one that does not may still hold what only looks like it.
-    const bool isHtml = topic.title.find('<') != Text::npos && topic.title.find('>') != Text::npos;
-    appendLine(page, "<h1>", isHtml ? topic.title : escapedHtml(plainLine(topic.title)), "</h1>");
+    const bool isHtml = title.find('<') != Text::npos && title.find('>') != Text::npos;
+    page += "<h1>";
+    if (isHtml) {
+        links_.append(page, title, position, map_.at(position).place);
+    } else {
+        page += escapedHtml(plainLine(title));
+    }
+    appendLine(page, "</h1>");
 }
 
 void SitePages::appendSteps(Text& page, int position) const {
@@ -147,7 +154,7 @@ void SitePages::makeTopic(Text& page, int position, bool isFront) {
     const Text& place = map_.at(position).place;
     body_.clear();
     appendWayHere(body_, position);
-    appendHeading(body_, topic);
+    appendHeading(body_, position);
     links_.takeHasColours();
     links_.append(body_, topic.body, position, place);
     const bool hasColours = links_.takeHasColours();

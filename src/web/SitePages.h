@@ -45,7 +45,7 @@ private:
     void appendFrame(text::Text& page, const Head& head) const;
     void appendFoot(text::Text& page, text::TextView place);
     void appendWayHere(text::Text& page, int position) const;
-    void appendHeading(text::Text& page, const model::Topic& topic) const;
+    void appendHeading(text::Text& page, int position);
     void appendSteps(text::Text& page, int position) const;
     void appendTree(text::Text& page, text::TextView place) const;
     text::Text linkTo(int position, text::TextView fromPlace, text::TextView attributes = {}) const;

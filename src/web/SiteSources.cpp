@@ -4,7 +4,6 @@
 
 #include "generate/PageAddress.h"
 #include "platform/Files.h"
-#include "text/Address.h"
 #include "text/Path.h"
 #include "workshop/PageFacts.h"
 
@@ -12,24 +11,10 @@ namespace web {
 
 namespace fs = std::filesystem;
 using text::Text;
-using text::TextView;
 
 namespace {
 
 constexpr std::uint64_t largestRead = std::uint64_t(16) << 20U;
-
-bool endsWith(const Text& place, TextView ending) {
-    return text::lowerCase(place).ends_with(ending);
-}
-
-/// A place that a file at another one names; empty when it is none of the project's.
-Text placeFrom(const Text& place, const Text& address) {
-    const TextView path = TextView(address).substr(0, address.find_first_of("#?"));
-    const bool isElsewhere = path.empty() || path.find(':') != TextView::npos
-                             || path.starts_with('/') || path.starts_with('\\');
-    return isElsewhere ? Text()
-                       : text::plainPath(place + "/../" + generate::unescapedAddress(path));
-}
 
 } // namespace
 
@@ -85,15 +70,15 @@ Text SiteSources::contentsOf(const Text& place) const {
 }
 
 void SiteSources::follow(const Text& place) {
-    const bool isStyle = endsWith(place, ".css");
-    if (!isStyle && !endsWith(place, ".htm") && !endsWith(place, ".html")) {
+    const bool isStyle = text::hasEnding(place, ".css");
+    if (!isStyle && !text::hasEnding(place, ".htm") && !text::hasEnding(place, ".html")) {
         return;
     }
     const Text contents = contentsOf(place);
     const auto addresses =
         isStyle ? workshop::readStyleSheet(contents) : workshop::readPage(contents).addresses;
     for (const workshop::PageText& address : addresses) {
-        if (const Text named = placeFrom(place, address.text); !named.empty()) {
+        if (const Text named = generate::placeBeside(place, address.text); !named.empty()) {
             want(named);
         }
     }

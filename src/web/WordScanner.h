@@ -53,7 +53,6 @@ public:
     bool next();
 
     text::TextView word() const { return word_; }
-    std::size_t offset() const { return static_cast<std::size_t>(word_.data() - text_.data()); }
 
     /// Of letters that are words by themselves.
     bool isRun() const { return isRun_; }

@@ -15,10 +15,10 @@
 /// are written, with either slash.
 namespace workshop {
 
-/// A text and where it stands.
 /// What may stand around the names and values of a line.
 inline constexpr std::string_view lineBlanks = " \t";
 
+/// A text and where it stands.
 struct Line {
     std::string text;
     int line = 0;          ///< 0 where the project does not say anything

@@ -54,6 +54,7 @@ public:
                 takeTag();
             }
         }
+        endHeading();
         facts_.title.text = collapsed(text::resolvedReferences(facts_.title.text));
         return std::move(facts_);
     }
@@ -120,15 +121,21 @@ private:
     }
 
     void takeHeading(const std::string& name, bool opens) {
-        const bool isHeading = text::headingLevel(name) > 0;
-        if (isHeading && inHeading_) {
+        if (text::headingLevel(name) == 0) {
+            return;
+        }
+        endHeading();
+        if (opens) {
+            facts_.headings.push_back({static_cast<unsigned>(name[1] - '0'), {}, value("id")});
+        }
+        inHeading_ = opens;
+    }
+
+    void endHeading() {
+        if (inHeading_) {
             Heading& heading = facts_.headings.back();
             heading.text = collapsed(text::resolvedReferences(heading.text));
         }
-        if (isHeading && opens) {
-            facts_.headings.push_back({static_cast<unsigned>(name[1] - '0'), {}, value("id")});
-        }
-        inHeading_ = isHeading ? opens : inHeading_;
     }
 
     void takeAnchors(const std::string& name) {

@@ -9,6 +9,7 @@
 #include "text/CharacterReferences.h"
 #include "text/CodePage.h"
 #include "text/HtmlReader.h"
+#include "text/Unicode.h"
 #include "workshop/LineCounter.h"
 
 namespace workshop {
@@ -20,7 +21,7 @@ using text::equalIgnoringCase;
 // What a damaged or hostile file must not go beyond.
 constexpr int deepest = 30;
 constexpr std::size_t mostEntries = 500000;
-constexpr std::size_t longestText = 1024;
+constexpr std::size_t longestText = 1024;    // in bytes, references resolved
 constexpr std::size_t mostParameters = 1000; // of one object
 
 constexpr std::string_view replacementCharacter = "\uFFFD";
@@ -169,7 +170,8 @@ private:
         const std::string_view all = whole(*value);
         sitemap_.isStrict =
             sitemap_.isStrict && isQuoted(*name) && isQuoted(*value) && all == *value;
-        const std::string text = resolved(all.substr(0, longestText), codePage_);
+        const std::string full = resolved(all, codePage_);
+        const std::string text(text::wholeCharacters(full, longestText));
         if (object_ == Object::entry) {
             takeOfEntry(*name, text);
         } else if (sitemap_.properties.size() < mostParameters) {

@@ -72,7 +72,7 @@ std::optional<WindowType> readWindowType(std::string_view line) {
         return {};
     }
     auto given = fields(line.substr(equals + 1));
-    constexpr std::size_t fieldCount = 21;
+    constexpr std::size_t fieldCount = 20;
     given.resize(std::max(given.size(), fieldCount));
     std::size_t next = 0;
     for (std::string WindowType::*text :

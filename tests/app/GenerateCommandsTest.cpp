@@ -121,6 +121,21 @@ TEST_F(GenerateCommands, GenerationRepairsReportsAndSaves) {
     EXPECT_TRUE(project().dataChanged());
 }
 
+TEST_F(GenerateCommands, WhatCouldNotBeWrittenStandsBelowTheReport) {
+    test::writeBytes(folder / "a.tsp", test::projectFile(titled({"a"}), {}));
+    open(folder / "a.tsp");
+    fs::create_directory(folder / "a.hhk");
+    prompter.expect(FileQuestion{FileQuestion::Kind::save, "Generate Help Workshop Files",
+                                 workshopFilter, 1, folder.path(), "a.hhp", "hhp", false},
+                    folder / "a.hhp");
+    EXPECT_TRUE(choose(*window, {"File", "Generate Files", "Generate Help Files"}));
+    const std::string report = openWindow<app::dlgReport>()->txtReport.text();
+    EXPECT_NE(report.find("Generation Complete.\r\n\r\nNot written:\r\n"
+                          + std::string(folder / "a.hhk") + ": "),
+              std::string::npos)
+        << report;
+}
+
 TEST_F(GenerateCommands, GenerationAsksOnceBeforeItOverwritesEditedPages) {
     test::writeBytes(folder / "a.tsp", test::projectFile(titled({"a", "b", "c"}), {}));
     open(folder / "a.tsp");

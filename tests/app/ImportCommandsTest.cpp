@@ -161,7 +161,7 @@ TEST_F(ImportCommands, VisualBasicFormsAreChosen) {
     file("a.frm", "Begin VB.Form frmA\nCaption=Old \xC3\x9C\nEnd\n");
     file("b.frm", "Begin VB.Form frmB\nCaption=B\nEnd\nfrmC.Show");
     file("c.frm", "Begin VB.Form frmC\nEnd\n");
-    const auto import = [this](const char* rows, const std::function<void(ui::Window&)>& act) {
+    const auto importForms = [this](const char* rows, const std::function<void(ui::Window&)>& act) {
         expectOpen("Create Help Topics From VB Project Files", "*.vbp",
                    "VB Project Files (*.vbp)|*.vbp|All Files (*.*)|*.*",
                    file("x.vbp", "Form=a.frm\nForm=b.frm\nForm=c.frm\nForm=d.frm"), folder.path());
@@ -179,167 +179,164 @@ TEST_F(ImportCommands, VisualBasicFormsAreChosen) {
         EXPECT_TRUE(choose(*window, {"File", "Import", "From VB Project"}));
     };
     settings->setPath("Import", "File Path", folder.path());
-    import("- Old \xC3\x9C: is there already\nx B: \n- frmC: has no caption\n"
-           "x : No such file or directory\n",
-           [](ui::Window& dialog) {
-               clickBox(dynamic_cast<importer::frmVbImport&>(dialog).lvRows, 3);
-    press("Enter");
-});
-EXPECT_EQ(titles(), "Old \xC3\x9C:N B:N frmC:N");
-EXPECT_NE(topic(2).body.find("<a href='frmC.htm'>frmC</a>"), std::string::npos);
-closeReport();
-    import("- Old \xC3\x9C: is there already\n- B: is there already\n- frmC: is there already\n"
-           "x : No such file or directory\n",
-           [](ui::Window&) { press("Esc");
-    });
+    importForms("- Old \xC3\x9C: is there already\nx B: \n- frmC: has no caption\n"
+                "x : No such file or directory\n",
+                [](ui::Window& dialog) {
+                    clickBox(dynamic_cast<importer::frmVbImport&>(dialog).lvRows, 3);
+                    press("Enter");
+                });
     EXPECT_EQ(titles(), "Old \xC3\x9C:N B:N frmC:N");
+    EXPECT_NE(topic(2).body.find("<a href='frmC.htm'>frmC</a>"), std::string::npos);
+    closeReport();
+    importForms(
+        "- Old \xC3\x9C: is there already\n- B: is there already\n- frmC: is there already\n"
+        "x : No such file or directory\n",
+        [](ui::Window&) { press("Esc"); });
+    EXPECT_EQ(titles(), "Old \xC3\x9C:N B:N frmC:N");
+}
+
+TEST_F(ImportCommands, TopicsOfAnotherProjectAreChosen) {
+    load(titled({"a"}));
+    settings->setPath("Open", "File Path", folder / "opened");
+    expectTopicImport(otherProject({"x", "y", "z"}), folder / "opened");
+    EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
+    EXPECT_EQ(settings->path("Import", "File Path"), folder.path());
+    importer::frmImport& dialog = *openWindow<importer::frmImport>();
+    EXPECT_EQ(dialog.caption(), "Import from HTML Topicsmith File");
+    EXPECT_EQ(cellText(dialog.lvRows, 1, 0) + cellText(dialog.lvRows, 3, 0), "xz");
+    clickBox(dialog.lvRows, 2);
+    clickBox(dialog.lvRows, 3);
+    clickBox(dialog.lvRows, 3);
+    EXPECT_FALSE(isTicked(dialog.lvRows, 1));
+    EXPECT_TRUE(isTicked(dialog.lvRows, 2));
+    EXPECT_FALSE(isTicked(dialog.lvRows, 3));
+    press("Up"); // the keys reach the list, too
+    press("Up");
+    press("Space");
+    EXPECT_TRUE(isTicked(dialog.lvRows, 1));
+    click(window->txtTitle); // not modal
+    show(dialog);
+    press("Enter");
+    EXPECT_EQ(openWindow<importer::frmImport>(), nullptr);
+    EXPECT_EQ(titles(), "a:N x:N y:N");
+    EXPECT_EQ(status(), "p.tsp     2 topics imported");
+}
+
+TEST_F(ImportCommands, TopicsStayOutWithCancelAndOnceTheFileIsGone) {
+    load(titled({"a"}));
+    const fs::path other = otherProject({"x", "y"});
+    expectTopicImport(other);
+    EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
+    click(openWindow<importer::frmImport>()->cmdAll);
+    EXPECT_TRUE(isTicked(openWindow<importer::frmImport>()->lvRows, 2));
+    click(openWindow<importer::frmImport>()->cmdCancel);
+    EXPECT_EQ(openWindow<importer::frmImport>(), nullptr);
+
+    expectTopicImport(other, folder.path());
+    EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
+    click(openWindow<importer::frmImport>()->cmdAll);
+    fs::remove(other);
+    click(openWindow<importer::frmImport>()->cmdOK);
+    EXPECT_EQ(openWindow<importer::frmImport>(), nullptr);
+    EXPECT_EQ(titles(), "a:");
+    EXPECT_FALSE(project().dataChanged());
+}
+
+TEST_F(ImportCommands, AForeignOrDamagedFileIsToldTwice) {
+    load(titled({"a"}));
+    const auto expectStop = [this](const char* text) {
+        prompter.expect({text, "Error", Buttons::ok, QuestionIcon::critical});
+    };
+    expectTopicImport(file("own.tsp", test::projectFile(titled({"x"}), {})));
+    expectStop("Corrupted Input File, Loading Stopped");
+    EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
+    expectStop("Corrupted Input File, Loading Stopped");
+    click(openWindow<importer::frmImport>()->cmdOK);
+    expectTopicImport(file("foreign.tsp", "x"), folder.path());
+    expectStop("Unknown File Format, Loading Stopped");
+    EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
+    EXPECT_EQ(cellText(openWindow<importer::frmImport>()->lvRows, 1, 0), "");
+    press("Escape");
+    EXPECT_EQ(openWindow<importer::frmImport>(), nullptr);
+    EXPECT_EQ(titles(), "a:");
+}
+
+TEST_F(ImportCommands, SynchronisingAsksForAProjectAndNeedsATopic) {
+    prompter.expect({"You need to have at least 1 Help Topic to Synchronize with", ""});
+    EXPECT_TRUE(choose(*window, {"File", "Synchronize Files"}));
+    load(titled({"a"}));
+    expectSynchronise(std::nullopt);
+    EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
+    project().setProjectPath(folder / "name.of.it");
+    expectSynchronise(std::nullopt, "name.tsp");
+    EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
+    project().setProjectPath(folder / "nameless");
+    expectSynchronise(std::nullopt, "tsp");
+    EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
+    EXPECT_EQ(titles(), "a:");
+}
+
+TEST_F(ImportCommands, SynchronisingTakesEditsAndTellsConflicts) {
+    generateAndEdit({"a", "b", "c"});
+    fs::remove(folder / "html/c.htm");
+    window->showTopic(2);
+    enter(window->txtTitle);
+    type("!");
+    expectSynchronise(folder / "any.tsp");
+    prompter.expect({"File \"b.htm\" has a difference content from Stored Body.  Synchronization "
+                     "is not possible",
+                     "Synch Conflict", Buttons::ok, QuestionIcon::exclamation});
+    EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
+    EXPECT_EQ(titles(), "a:S b!:C c:");
+    EXPECT_EQ(topic(1).body + topic(2).body, "editedtext");
+    EXPECT_EQ(project().currentIndex(), 2);
+    EXPECT_EQ(status(),
+              "p.tsp     1 topic taken back, 1 conflict, 1 page missing or damaged: c.htm "
+              "(No such file or directory)");
+}
+
+TEST_F(ImportCommands, ManyConflictsFitIntoAReport) {
+    generateAndEdit({"a", "b", "c", "d"});
+    for (int position = 1; position <= 4; ++position) {
+        project().setField(position, &model::Topic::status, "C");
     }
-
-    TEST_F(ImportCommands, TopicsOfAnotherProjectAreChosen) {
-        load(titled({"a"}));
-        settings->setPath("Open", "File Path", folder / "opened");
-        expectTopicImport(otherProject({"x", "y", "z"}), folder / "opened");
-        EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
-        EXPECT_EQ(settings->path("Import", "File Path"), folder.path());
-        importer::frmImport& dialog = *openWindow<importer::frmImport>();
-        EXPECT_EQ(dialog.caption(), "Import from HTML Topicsmith File");
-        EXPECT_EQ(cellText(dialog.lvRows, 1, 0) + cellText(dialog.lvRows, 3, 0), "xz");
-        clickBox(dialog.lvRows, 2);
-        clickBox(dialog.lvRows, 3);
-        clickBox(dialog.lvRows, 3);
-        EXPECT_FALSE(isTicked(dialog.lvRows, 1));
-        EXPECT_TRUE(isTicked(dialog.lvRows, 2));
-        EXPECT_FALSE(isTicked(dialog.lvRows, 3));
-        press("Up"); // the keys reach the list, too
-        press("Up");
-        press("Space");
-        EXPECT_TRUE(isTicked(dialog.lvRows, 1));
-        click(window->txtTitle); // not modal
-        show(dialog);
-        press("Enter");
-        EXPECT_EQ(openWindow<importer::frmImport>(), nullptr);
-        EXPECT_EQ(titles(), "a:N x:N y:N");
-        EXPECT_EQ(status(), "p.tsp     2 topics imported");
+    const auto conflict = [](char page) {
+        return std::string("File \"") + page
+               + ".htm\" has a difference content from Stored Body.  Synchronization is not "
+                 "possible";
+    };
+    const auto expectConflict = [&](char page) {
+        prompter.expect({conflict(page), "Synch Conflict", Buttons::ok, QuestionIcon::exclamation});
+    };
+    const ui::MessageBox offer{"There are 3 more conflicts.  Show all of them in a report?",
+                               "Synch Conflict",
+                               Buttons::yesNo,
+                               QuestionIcon::question,
+                               "&Report",
+                               "One &by One"};
+    expectSynchronise(folder / "any.tsp");
+    expectConflict('a');
+    prompter.expect(offer, ui::Answer::no);
+    for (const char page : {'b', 'c', 'd'}) {
+        expectConflict(page);
     }
+    EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
+    EXPECT_EQ(openWindow<app::dlgReport>(), nullptr);
 
-    TEST_F(ImportCommands, TopicsStayOutWithCancelAndOnceTheFileIsGone) {
-        load(titled({"a"}));
-        const fs::path other = otherProject({"x", "y"});
-        expectTopicImport(other);
-        EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
-        click(openWindow<importer::frmImport>()->cmdAll);
-        EXPECT_TRUE(isTicked(openWindow<importer::frmImport>()->lvRows, 2));
-        click(openWindow<importer::frmImport>()->cmdCancel);
-        EXPECT_EQ(openWindow<importer::frmImport>(), nullptr);
+    expectSynchronise(folder / "any.tsp");
+    expectConflict('a');
+    prompter.expect(offer, ui::Answer::yes);
+    EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
+    EXPECT_EQ(status(), "p.tsp     No topics taken back, 4 conflicts");
+    EXPECT_EQ(closeReport(), "Synchronization Report\nNo topics taken back, 4 conflicts\r\n\r\n"
+                                 + conflict('a') + "\r\n" + conflict('b') + "\r\n" + conflict('c')
+                                 + "\r\n" + conflict('d') + "\r\n");
+}
 
-        expectTopicImport(other, folder.path());
-        EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
-        click(openWindow<importer::frmImport>()->cmdAll);
-        fs::remove(other);
-        click(openWindow<importer::frmImport>()->cmdOK);
-        EXPECT_EQ(openWindow<importer::frmImport>(), nullptr);
-        EXPECT_EQ(titles(), "a:");
-        EXPECT_FALSE(project().dataChanged());
-    }
-
-    TEST_F(ImportCommands, AForeignOrDamagedFileIsToldTwice) {
-        load(titled({"a"}));
-        const auto expectStop = [this](const char* text) {
-            prompter.expect({text, "Error", Buttons::ok, QuestionIcon::critical});
-        };
-        expectTopicImport(file("own.tsp", test::projectFile(titled({"x"}), {})));
-        expectStop("Corrupted Input File, Loading Stopped");
-        EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
-        expectStop("Corrupted Input File, Loading Stopped");
-        click(openWindow<importer::frmImport>()->cmdOK);
-        expectTopicImport(file("foreign.tsp", "x"), folder.path());
-        expectStop("Unknown File Format, Loading Stopped");
-        EXPECT_TRUE(choose(*window, {"File", "Import", "From Topicsmith File"}));
-        EXPECT_EQ(cellText(openWindow<importer::frmImport>()->lvRows, 1, 0), "");
-        press("Escape");
-        EXPECT_EQ(openWindow<importer::frmImport>(), nullptr);
-        EXPECT_EQ(titles(), "a:");
-    }
-
-    TEST_F(ImportCommands, SynchronisingAsksForAProjectAndNeedsATopic) {
-        prompter.expect({"You need to have at least 1 Help Topic to Synchronize with", ""});
-        EXPECT_TRUE(choose(*window, {"File", "Synchronize Files"}));
-        load(titled({"a"}));
-        expectSynchronise(std::nullopt);
-        EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
-        project().setProjectPath(folder / "name.of.it");
-        expectSynchronise(std::nullopt, "name.tsp");
-        EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
-        project().setProjectPath(folder / "nameless");
-        expectSynchronise(std::nullopt, "tsp");
-        EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
-        EXPECT_EQ(titles(), "a:");
-    }
-
-    TEST_F(ImportCommands, SynchronisingTakesEditsAndTellsConflicts) {
-        generateAndEdit({"a", "b", "c"});
-        fs::remove(folder / "html/c.htm");
-        window->showTopic(2);
-        enter(window->txtTitle);
-        type("!");
-        expectSynchronise(folder / "any.tsp");
-        prompter.expect(
-            {"File \"b.htm\" has a difference content from Stored Body.  Synchronization "
-             "is not possible",
-             "Synch Conflict", Buttons::ok, QuestionIcon::exclamation});
-        EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
-        EXPECT_EQ(titles(), "a:S b!:C c:");
-        EXPECT_EQ(topic(1).body + topic(2).body, "editedtext");
-        EXPECT_EQ(project().currentIndex(), 2);
-        EXPECT_EQ(status(),
-                  "p.tsp     1 topic taken back, 1 conflict, 1 page missing or damaged: c.htm "
-                  "(No such file or directory)");
-    }
-
-    TEST_F(ImportCommands, ManyConflictsFitIntoAReport) {
-        generateAndEdit({"a", "b", "c", "d"});
-        for (int position = 1; position <= 4; ++position) {
-            project().setField(position, &model::Topic::status, "C");
-        }
-        const auto conflict = [](char page) {
-            return std::string("File \"") + page
-                   + ".htm\" has a difference content from Stored Body.  Synchronization is not "
-                     "possible";
-        };
-        const auto expectConflict = [&](char page) {
-            prompter.expect(
-                {conflict(page), "Synch Conflict", Buttons::ok, QuestionIcon::exclamation});
-        };
-        const ui::MessageBox offer{"There are 3 more conflicts.  Show all of them in a report?",
-                                   "Synch Conflict",
-                                   Buttons::yesNo,
-                                   QuestionIcon::question,
-                                   "&Report",
-                                   "One &by One"};
-        expectSynchronise(folder / "any.tsp");
-        expectConflict('a');
-        prompter.expect(offer, ui::Answer::no);
-        for (const char page : {'b', 'c', 'd'}) {
-            expectConflict(page);
-        }
-        EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
-        EXPECT_EQ(openWindow<app::dlgReport>(), nullptr);
-
-        expectSynchronise(folder / "any.tsp");
-        expectConflict('a');
-        prompter.expect(offer, ui::Answer::yes);
-        EXPECT_TRUE(pressButton(*window, "Synchronize Files"));
-        EXPECT_EQ(status(), "p.tsp     No topics taken back, 4 conflicts");
-        EXPECT_EQ(closeReport(), "Synchronization Report\nNo topics taken back, 4 conflicts\r\n\r\n"
-                                     + conflict('a') + "\r\n" + conflict('b') + "\r\n"
-                                     + conflict('c') + "\r\n" + conflict('d') + "\r\n");
-    }
-
-    TEST_F(ImportCommands, SkippedFormsAreListedWithTheirNames) {
-        file("a.frm",
-             "VERSION 5.00\nBegin VB.Form frmBlank\nEnd\nAttribute VB_Name = \"frmBlank\"\n");
-        dropFile(*window, file("app.vbp", "Title=App\nForm=a.frm\nForm=sub\\gone.frm"));
-        EXPECT_EQ(closeReport(), "Import Report\n1 topic imported, 2 forms skipped\r\n\r\n"
-                                 "a.frm: frmBlank has no caption\r\n"
-                                 "sub/gone.frm: No such file or directory\r\n");
-    }
+TEST_F(ImportCommands, SkippedFormsAreListedWithTheirNames) {
+    file("a.frm", "VERSION 5.00\nBegin VB.Form frmBlank\nEnd\nAttribute VB_Name = \"frmBlank\"\n");
+    dropFile(*window, file("app.vbp", "Title=App\nForm=a.frm\nForm=sub\\gone.frm"));
+    EXPECT_EQ(closeReport(), "Import Report\n1 topic imported, 2 forms skipped\r\n\r\n"
+                             "a.frm: frmBlank has no caption\r\n"
+                             "sub/gone.frm: No such file or directory\r\n");
+}

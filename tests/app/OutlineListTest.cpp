@@ -67,6 +67,10 @@ TEST_F(OutlineList, FoldsGoWithTheirTopics) {
     press("Left");
     press("Ctrl+Z"); // of another topic
     EXPECT_EQ(shown(), "a x d");
+    press("Alt+Shift+Up");
+    EXPECT_EQ(shown(), "x a d");
+    press("Ctrl+Z");
+    EXPECT_EQ(shown(), "a x d");
 }
 
 TEST_F(OutlineList, ShowsWhatTheFilterFinds) {
@@ -259,7 +263,8 @@ TEST_F(OutlineList, AnEmptyOutlineOffersAStart) {
     project().markSaved();
     EXPECT_TRUE(choose(*window, {"File", "New"}));
     EXPECT_TRUE(window->startPage.isShown());
-    click(window->startPage.cmdExample);
+    window->startPage.cmdExample.setFocus();
+    press("Return");
     EXPECT_FALSE(window->startPage.isShown());
     EXPECT_EQ(project().outline().count(), 6);
     EXPECT_FALSE(project().dataChanged());

@@ -192,12 +192,14 @@ TEST_F(ProjectCommands, AFailingSaveKeepsTheChangedLookAndTheOldFile) {
 TEST_F(ProjectCommands, AMissingFileLeavesTheRecentList) {
     open(projectFile("a.tsp", {"x"}));
     open(projectFile("b.tsp", {"x"}));
+    EXPECT_EQ(settings->path("MRUFiles", "1"), folder / "a.tsp"); // should nobody come to Exit
     fs::remove(folder / "a.tsp");
     prompter.expect({"File \"" + std::string(folder / "a.tsp") + "\" Not Found", "File Open Error",
                      Buttons::ok, QuestionIcon::information});
     window->mnuFileMRU_Click(1);
     prompter.verify();
     EXPECT_EQ(recent(), "b.tsp ");
+    EXPECT_EQ(settings->path("MRUFiles", "1"), "");
     EXPECT_EQ(titles(), "");
     EXPECT_FALSE(project().hasFile()); // what comes back there later is not overwritten
     window->mnuFileMRU_Click(0);

@@ -122,6 +122,8 @@ TEST_F(SpellCommand, GoesOnInAnotherLanguage) {
         EXPECT_EQ(context(dialog), "[fox]");
         dialog.icboLanguage.setFocus();
         EXPECT_EQ(dialog.icboLanguage.selectedKey(), "xx_LATIN");
+        press("Return"); // changes no word
+        EXPECT_EQ(context(dialog), "[fox]");
         press("Down");
     }});
     EXPECT_EQ(settings->get("Spelling", "Language"), "xx_TEST");

@@ -221,6 +221,14 @@ TEST_F(frmMain, TheListExplainsStatusLetters) {
     EXPECT_EQ(cellToolTip(window->lvLevels, 1, 1), "<p>M: moved since help was last generated</p>");
     project().setField(1, &model::Topic::title, "The <b> tag");
     EXPECT_EQ(cellToolTip(window->lvLevels, 1, 2), "<p>The &lt;b&gt; tag</p>");
+    project().setField(1, &model::Topic::contextId, "X");
+    EXPECT_EQ(cellToolTip(window->lvLevels, 1, 1),
+              "<p>M: moved since help was last generated<br>X: a context string without a number"
+              "</p>");
+    const std::string shown(299, 'x'); // no letter is cut
+    project().setField(1, &model::Topic::title, shown + "\u00FC and more");
+    EXPECT_EQ(cellText(window->lvLevels, 1, 2), shown);
+    EXPECT_EQ(cellToolTip(window->lvLevels, 1, 2), "<p>" + shown + "</p>");
 }
 
 TEST_F(frmMain, CutCopyAndPasteActOnTheFocusedField) {
@@ -252,6 +260,7 @@ TEST_F(frmMain, CutCopyAndPasteActOnTheFocusedField) {
 
 TEST_F(frmMain, KeepsItsSizesPerWindowState) {
     EXPECT_EQ(window->width(), 9645); // 9650 in whole pixels
+    EXPECT_EQ(window->height(), 5985);
     EXPECT_EQ(placeOf(window->lvLevels).width, window->width() / 15 - 25);
     EXPECT_EQ(placeOf(window->lvLevels).height, window->height() / 15 - 119);
     window->setSize(100, 100);

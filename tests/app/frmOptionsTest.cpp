@@ -100,7 +100,10 @@ TEST_F(frmOptions, EveryControlEditsItsOption) {
     open(expected);
     clickTab(dialog->tbsOptions, 2);
     click(dialog->optNavType[0]);
-    click(dialog->cmdOK);
+    clickTab(dialog->tbsOptions, 4);
+    dialog->icboLanguage.setFocus();
+    press("Return"); // in a list of choices, too
+    EXPECT_FALSE(dialog->isVisible());
     expected.navigationType = model::NavigationType::textLinks;
     EXPECT_EQ(applied, expected);
 }

@@ -168,9 +168,10 @@ TEST_F(EpubTest, HoldsBeforeAnotherProgramsEyes) {
     fs::create_directory(folder / "images");
     test::writeBytes(folder / "images/fake.png", "no picture");
     test::writeBytes(folder / "odd.css",
-                     "@import 'x.css';@charset \"x\";<!-- p {color:red;direction:rtl;x} -->"
+                     "\xEF\xBB\xBF@media all {u {color:red}}@import 'x.css';@charset \"x\";<!-- p "
+                     "{color:red;direction:rtl;x} -->"
                      "h1, h2 {background:url(images/Image.jpg) url('gone.png')}"
-                     "h1 {background:URL( 'images/Image.jpg' );margin:1px 2px}"
+                     "h1 {background:URL( 'images/Imag%65.jpg?1#a' );margin:1px 2px}"
                      "@media print {p {color:#123} q} @page {size:a4} .a..b {x:y} {a:b} "
                      "p:hover{content:\"x\"} /* } */ .\u00E9 {color:blue} p > {b:c} "
                      "a[href=x {b:c} i {color:red");
@@ -185,7 +186,8 @@ TEST_F(EpubTest, HoldsBeforeAnotherProgramsEyes) {
         << last;
     EXPECT_NE(last.find("style=\"color:blue\""), std::string::npos) << last;
     EXPECT_EQ(unpacked("hostile.epub", "book/author.css"),
-              "p {color:red}\nh1 {background:url(\"images/p1.jpg\");margin:1px 2px}\n"
+              "@media all {\nu {color:red}\n}\np {color:red}\nh1 "
+              "{background:url(\"images/p1.jpg\");margin:1px 2px}\n"
               "@media print {\np {color:#123}\n}\np:hover {content:\"x\"}\n.\u00E9 {color:blue}\n");
 }
 
@@ -218,7 +220,9 @@ TEST_F(EpubTest, ReadersOfBooksGetPicturesThatTheyShowAndPrintersAll) {
         test::writeBytes(folder / "images" / name, bytes);
         text::append(body, "<img src='../images/", name, "' alt=x>");
     }
-    project.replace(test::outlineOf({topic(1, "A", "a.htm", body)}), {}, folder / "p.tsp");
+    project.replace(test::outlineOf({topic(1, "A", "a.htm", body),
+                                     topic(1, "B", "b.htm", "<img src='../images/d.svg'>")}),
+                    {}, folder / "p.tsp");
     const book::BookOutcome outcome = write("pictures.epub");
     std::string noted;
     for (const Text& line : book::noteLines(outcome.notes, project)) {
@@ -228,7 +232,8 @@ TEST_F(EpubTest, ReadersOfBooksGetPicturesThatTheyShowAndPrintersAll) {
                      "A: ../images/d.svg: is an SVG picture\n"
                      "A: ../images/e.svg: is an SVG picture\n"
                      "A: ../images/f.webp: is a WebP picture,\n"
-                     "A: ../images/g.png: is none of the kinds of pictures\n");
+                     "A: ../images/g.png: is none of the kinds of pictures\n"
+                     "B: ../images/d.svg: is an SVG picture\n");
     EXPECT_EQ(complaints("pictures.epub"), "");
     EXPECT_TRUE(unpacked("pictures.epub", "book/images/p1.png").starts_with("\x89PNG"));
 

@@ -107,6 +107,8 @@ TEST(Bitmap, DamageIsNoPictureAndTakesNoMemory) {
         EXPECT_EQ(contentsOf(bitmap(width, height, 8, 1, colours4, runs)), "");
         EXPECT_EQ(contentsOf(bitmap(width, height, 24, 0, "", string(64, 'x'))), "");
     }
+    EXPECT_EQ(contentsOf(bitmap(5000, 5000, 8, 1, colours4, runs)), "") << "so few runs";
+    EXPECT_NE(contentsOf(bitmap(900, 900, 8, 1, colours4, "\0\1"s)), "") << "nothing is drawn";
     EXPECT_EQ(contentsOf(bitmap(3, -3, 8, 1, colours4, runs)), "") << "runs only go upwards";
     EXPECT_EQ(contentsOf(bitmap(1, 1, 0, 4, "", "\x89PNG")), "") << "another picture inside";
     EXPECT_EQ(contentsOf(bitmap(1, 1, 32, 3, little(5, 4) + little(2, 4) + little(8, 4), "1234")),

@@ -187,6 +187,12 @@ TEST_F(CompilerTest, KeywordsTooLongWithThoseAboveThemStandWithoutThese) {
     ASSERT_EQ(entries.size(), 4U);
     EXPECT_EQ(entries[1].depth, 1);
     EXPECT_EQ(entries[2].depth, 2);
+
+    // One that is too long alone is cut, and no letter with it.
+    write("long.htm",
+          "<title>L</title><param name=keyword value=k" + std::string(600, '\xE9') + ">");
+    write("long.hhp", "[OPTIONS]\nAuto Index=Yes\n[FILES]\nlong.htm\n");
+    EXPECT_EQ(messagesOf(compile("long.hhp")), Lines());
 }
 
 TEST_F(CompilerTest, HeadersLieBesideTheirIncludersAndNumberPopups) {

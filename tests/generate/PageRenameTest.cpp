@@ -45,9 +45,10 @@ TEST_F(PageRename, ChangesWhatLeadsThereAndNothingElse) {
               "<area href='n&amp;amp;.htm?q '><img src='n&amp;amp;.htm'>");
     EXPECT_EQ(after("<a href=set%20up.htm>", "it's 1.htm"), "<a href=it%27s%201.htm>");
     EXPECT_EQ(after("<a href='./x/../set up.htm'>", "it's.htm"), "<a href='./x/../it%27s.htm'>");
-    const text::Text others = "set up.htm <a href='set up.html'> <a href='x/set up.htm'> <a "
-                              "href='http://x/set up.htm'> <a href='/set up.htm'> <a href='#set "
-                              "up.htm'> <!-- <a href='set up.htm'> --> <a title='set up.htm'>";
+    const text::Text others =
+        "set up.htm <a href='set up.html'> <a href='x/set up.htm'> <a "
+        "href='http://x/set up.htm'> <a href='/set up.htm'> <a href=' /set up.htm'> <a href='#set "
+        "up.htm'> <!-- <a href='set up.htm'> --> <a title='set up.htm'>";
     EXPECT_EQ(after(others, "n.htm"), others);
 }
 
@@ -64,6 +65,13 @@ TEST_F(PageRename, FindsTheWayToAnotherFolder) {
     EXPECT_EQ(renamed("n.htm", 1),
               "<a href='b.htm'><a href='n.htm#x'><img src='../images/i.png'><a "
               "href='#x'><a href='http://x'>");
+}
+
+TEST_F(PageRename, ATagMayNameItsAddressesInAnyOrder) {
+    EXPECT_EQ(after("<img lowsrc='set up.htm#1'\n alt='' src='set up.htm'><img src='set up.htm' "
+                    "lowsrc='set up.htm'>",
+                    "n.htm"),
+              "<img lowsrc='n.htm#1'\n alt='' src='n.htm'><img src='n.htm' lowsrc='n.htm'>");
 }
 
 TEST_F(PageRename, ThereAndBackOrTakenBackIsTheSame) {

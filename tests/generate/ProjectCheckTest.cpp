@@ -91,6 +91,19 @@ TEST_F(ProjectCheck, TheLanguageDecidesWhichLettersThereAre) {
               }));
 }
 
+TEST_F(ProjectCheck, LongLinesAreShownInWholeLetters) {
+    options.languageTag = "ru-RU";
+    Text name;
+    for (int i = 0; i < 1020; ++i) {
+        name += "\u0416";
+    }
+    outline.at(2).fileName = name + ".htm";
+    const Lines lines = check();
+    ASSERT_FALSE(lines.empty());
+    EXPECT_EQ(lines.front(), "0 workshop line: a line of 1029 characters: html\\"
+                                 + name.substr(0, 2 * 27) + "...");
+}
+
 TEST_F(ProjectCheck, TopicsNeedATitleAndPagesAName) {
     outline.at(2).title = "\r\n ";
     for (const char* name : {".htm", "sub\\ .htm"}) {
@@ -114,6 +127,27 @@ TEST_F(ProjectCheck, FindsWhatIsGivenTwice) {
               (Lines{"3 file name: NEXT.htm: topic 2 has the same page",
                      "3 context: 7: topic 2 has it, too", "3 context: idh_x: topic 2 has it, too",
                      "3 unreached: no text and no list of topics leads here"}));
+}
+
+TEST_F(ProjectCheck, LinksToAPageThatTopicsShareMayBeMeantForAnother) {
+    outline.append(
+        topic(1, "Again", "NEXT.htm", "<a href='next.htm'>1</a><a href='#x' id=x>2</a>"));
+    outline.append(topic(1, "And again", "next.HTM", "text"));
+    outline.at(2).body = "<a href='next.htm#y' id=y>its own</a>";
+    options.additionalText = "<a href='next.htm'>in the list of topics, too</a>";
+    const auto sharing = [this](const Text& body) {
+        Lines lines = checkBody(body);
+        std::erase_if(lines, [](const Text& line) { return line.find(" link: ") == Text::npos; });
+        return lines;
+    };
+    EXPECT_EQ(
+        sharing("<a href='..\\html\\Next.htm'>1</a>"),
+        (Lines{"1 link: ..\\html\\Next.htm: leads to topic 2, though topic 3 has the same page",
+               "1 link: next.htm: leads to topic 2, though topic 3 has the same page",
+               "3 link: next.htm: leads to topic 2, though topic 3 has the same page"}));
+    options.additionalText.clear();
+    EXPECT_EQ(sharing("x"),
+              (Lines{"3 link: next.htm: leads to topic 2, though topic 3 has the same page"}));
 }
 
 TEST_F(ProjectCheck, KnowsWhereLinksLead) {

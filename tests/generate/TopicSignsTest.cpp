@@ -34,8 +34,9 @@ TEST(TopicSigns, FollowWhatIsEdited) {
     EXPECT_EQ(signs.problems(1), "");
     EXPECT_EQ(signs.problems(3), "");
 
-    outline.at(3).body = "<img src=\"../images/there.gif\"><IMG SRC=../images/gr\u00FC"
-                         "n.gif><a href='http://x'><img src='../../out.gif'>";
+    outline.at(3).body =
+        "<img src=\"../images/there.gif\"><IMG SRC=../images/gr\u00FC"
+        "n.gif><a href='http://x'><img src='../../out.gif'><a href='../Images/image.jpg'>";
     EXPECT_FALSE(signs.changed(3));
     EXPECT_EQ(signs.problems(3), "../images/gr\u00FC"
                                  "n.gif: the picture is missing\n"

@@ -4,6 +4,7 @@
 #include <random>
 
 #include "generate/GenerationRun.h"
+#include "help/ContentsPlace.h"
 #include "support/HelpCompiler.h"
 #include "support/TestFiles.h"
 #include "text/CodePage.h"
@@ -282,4 +283,18 @@ TEST(Link, ToAnotherHelpFileIsTakenApart) {
     EXPECT_EQ(linkToOtherBook("ms-its:../../other.chm::a.htm")->file, "other.chm");
     EXPECT_EQ(linkToOtherBook("Über.chm::/a.htm")->file, fs::path(u8"Über.chm"));
     EXPECT_FALSE(linkToOtherBook("http://x/::y"));
+}
+
+TEST(ContentsPlace, IsThatOfThePartThenOfThePage) {
+    std::vector<ContentsEntry> contents;
+    for (const char* page : {"", "/a.htm", "/b.htm#x", "/b.htm#y", "/a.htm", "/B.htm"}) {
+        contents.push_back({1, {"entry", page}});
+    }
+    EXPECT_EQ(entryOf(contents, "/b.htm#y", 3), 4);
+    EXPECT_EQ(entryOf(contents, "/b.htm", 0), 6) << "letter case does not count";
+    EXPECT_EQ(entryOf(contents, "/b.htm#z", 0), 3);
+    EXPECT_EQ(entryOf(contents, "/b.htm#z", 4), 4) << "the selected one is as good";
+    EXPECT_EQ(entryOf(contents, "/a.htm", 5), 5);
+    EXPECT_EQ(entryOf(contents, "/a.htm", 6), 2);
+    EXPECT_EQ(entryOf(contents, "/c.htm", 2), 0);
 }

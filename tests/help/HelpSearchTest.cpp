@@ -34,7 +34,7 @@ std::string manyWords() {
 TEST_F(HelpSearch, AnswersTheSameWithAnIndexAndWithout) {
     const Files pages = {
         {"a.htm", "<title>Setting up</title>The printer settings. Caf\xE9 don't; the end of a c++ "
-                  "page, version 3.14"},
+                  "page, version 3.14. Aha ha ha"},
         {"b.htm",
          "<title>Printers</title>All settings of the printer, the settings page, settings. cafe"},
         {"c.htm",
@@ -57,6 +57,7 @@ TEST_F(HelpSearch, AnswersTheSameWithAnIndexAndWithout) {
         {"\"printer settings\"", {a}}, // as they stand
         {"\"printer setting\"", {}},
         {"\"the settings page\"", {b}},
+        {"\"ha ha\"", {a}}, // though it begins within a word before
         {"printer AND caf\u00E9", {a}},
         {"printer NOT caf\u00E9", {b}},
         {"set AND NOT printer", {c}},

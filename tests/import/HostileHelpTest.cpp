@@ -2,7 +2,11 @@
 #include <map>
 
 #include "compile/Container.h"
+#include "import/ForeignPage.h"
 #include "import/HelpImportFixture.h"
+#include "import/PageCutter.h"
+#include "import/PageHeadings.h"
+#include "model/ProtectedBlock.h"
 
 using namespace importer;
 using model::Topic;
@@ -96,4 +100,37 @@ TEST_F(HostileHelp, EndsWithAnyInput) {
     Text problem;
     EXPECT_EQ(HelpSource::open(folder / "missing", problem), nullptr);
     EXPECT_EQ(HelpSource::open(folder.path(), problem), nullptr);
+}
+
+TEST(HostilePage, GivesNoMoreThanItHolds) {
+    Text page;
+    model::appendProtectedBlock(page, "<p>b", text::CodePage());
+    constexpr int items = 2000;
+    for (const char* item : {"<li><a href=\"a.htm\"></a> - ", "<li><a href=\"a.htm\">"}) {
+        Text listing = page;
+        for (int i = 0; i < items; ++i) {
+            listing += item;
+        }
+        std::size_t size = 0;
+        for (const ListedPage& each : readForeignPage(listing + "</a> - x", 1252).listed) {
+            size += each.address.size() + each.description.size();
+        }
+        EXPECT_GT(size, 0U);
+        EXPECT_LT(size, listing.size());
+    }
+}
+
+/// In a time that grows with its length, or this takes hours.
+TEST(HostilePage, IsReadAndCutHoweverManyTagsAreOpen) {
+    constexpr std::size_t tags = 200'000;
+    const auto repeated = [](const Text& tag) {
+        Text all;
+        for (std::size_t i = 0; i < tags; ++i) {
+            all += tag;
+        }
+        return all;
+    };
+    const Text cut = cutAt(repeated("<b>") + repeated("</i>"), {}).front();
+    EXPECT_TRUE(cut == repeated("<b>") + repeated("</b>"));
+    EXPECT_EQ(firstHeading(repeated("<h1>") + repeated("</h1>") + "<h2>x</h2>"), "x");
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/OutlineEditing.h"
 #include "support/TestFiles.h"
 
 using namespace model;
@@ -108,6 +109,10 @@ TEST_F(BranchEditing, SeveralTopicsAreBroughtTogether) {
     EXPECT_EQ(gathered({2, 4, 5}, 0), "*1b:M 1d:M 1e:M 1a: 1c:");
     EXPECT_EQ(positions, (Positions{1, 2, 3}));
 
+    start({"1a", "1b", "1c", "1d"}, 2); // which makes way and has not moved itself
+    EXPECT_EQ(gathered({1, 3}, 4), "*1b: 1d: 1a:M 1c:M");
+    EXPECT_EQ(after([&] { moveTopics(project, positions, -1); }, true), "1a: 1c:M 1d:M *1b:");
+
     start({"1a", "1b", "2c", "5d", "1e"}, 2);
     EXPECT_EQ(after(
                   [&] {
@@ -116,6 +121,35 @@ TEST_F(BranchEditing, SeveralTopicsAreBroughtTogether) {
                   true),
               "1a: *2b:C 3c:C 5d: 3e:C");
     EXPECT_EQ(after([&] { shiftTopics(project, {2, 3, 4}, -1); }, true), "1a: *1b: 1c:C 4d:C 1e:");
+}
+
+TEST_F(BranchEditing, ManyTopicsMoveWithNoMoreSwapsThanThereAreTopics) {
+    struct Count : ProjectObserver {
+        void topicsSwapped(int, int) override { ++swaps; }
+        void currentTopicMoved(int) override { ++moves; }
+        void topicRemoved(int) override { ADD_FAILURE() << "what is known of it would be lost"; }
+        int swaps = 0;
+        int moves = 0; // of the current one
+    };
+    project.replace(test::flatOutline(TopicOutline::maxTopics), {}, "p.tsp");
+    Count count;
+    project.setObserver(&count);
+    Positions positions;
+    for (int position = 1; position <= TopicOutline::maxTopics; position += 2) {
+        positions.push_back(position);
+    }
+    gatherTopics(project, positions, TopicOutline::maxTopics);
+    EXPECT_LT(std::exchange(count.swaps, 0), TopicOutline::maxTopics);
+    moveBranchUp(project);
+    moveBranchDown(project);
+    EXPECT_LT(std::exchange(count.swaps, 0), 10);
+    EXPECT_EQ(std::exchange(count.moves, 0), 3);
+    for (const int position : {TopicOutline::maxTopics, 1}) {
+        moveTopicTo(project, position);
+        EXPECT_LT(std::exchange(count.swaps, 0), TopicOutline::maxTopics);
+        EXPECT_EQ(std::exchange(count.moves, 0), 1);
+    }
+    project.setObserver(nullptr);
 }
 
 TEST_F(BranchEditing, CopiesComeBackWithNamesOfTheirOwn) {

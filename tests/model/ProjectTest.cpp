@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
+#include "model/BranchEditing.h"
 #include "model/OutlineEditing.h"
 #include "model/Rereading.h"
 #include "support/TestFiles.h"
@@ -130,7 +131,7 @@ TEST(Project, WhateverWasDoneCanBeTakenBackAndDoneAgain) {
                 break;
             case 2:
                 if (project.outline().count() > 1) { // the last one counts as unchanged by rule
-                    deleteTopic(project);
+                    deleteTopics(project, "Delete Topic", {project.currentIndex()});
                 }
                 break;
             case 3:

@@ -70,6 +70,20 @@ TEST(Files, CreatingTouchesNothingThatIsThere) {
               std::errc::no_such_file_or_directory);
 }
 
+TEST(Files, AFolderIsTheSameByAllItsNames) {
+    const test::TemporaryFolder folder;
+    const fs::path inner = folder / "inner";
+    fs::create_directories(inner / "below");
+    writeBytes(inner / "file", "x");
+    for (const fs::path& name : {inner / "", inner / ".", inner / "below" / ".."}) {
+        EXPECT_TRUE(platform::isSameFile(inner, name)) << name;
+        EXPECT_EQ(platform::fullPath(name).lexically_normal(), platform::fullPath(name)) << name;
+    }
+    EXPECT_TRUE(platform::isSameFile(inner / "file", inner / "below/../file"));
+    EXPECT_FALSE(platform::isSameFile(inner, inner / "below"));
+    EXPECT_FALSE(platform::isSameFile(inner / "missing", inner / "missing"));
+}
+
 TEST(Files, ARootHoldsWhatLiesBelowItAndAFolderNothingElse) {
     const test::TemporaryFolder folder;
     const fs::path inner = folder / "inner";

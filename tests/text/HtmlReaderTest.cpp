@@ -48,6 +48,6 @@ TEST(HtmlReader, ReadsAttributes) {
 }
 
 TEST(HtmlReader, ResolvesReferences) {
-    EXPECT_EQ(resolvedReferences("&eacute;&#937; &lt;&amp;amp; &unknown; & &#xD800;"),
-              "éΩ <&amp; &unknown; & &#xD800;");
+    EXPECT_EQ(resolvedReferences("&eacute;&#937; &lt;&amp;amp; &unknown; & &#xD800; &#0;"),
+              "éΩ <&amp; &unknown; & &#xD800; &#0;");
 }

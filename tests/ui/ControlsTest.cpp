@@ -5,9 +5,9 @@
 #include <gtest/gtest.h>
 
 #include "support/TestFiles.h"
+#include "ui/CommandSet.h"
 #include "ui/ImageCombo.h"
 #include "ui/Settings.h"
-#include "ui/Toolbar.h"
 #include "ui/TypingSteps.h"
 #include "ui/WindowPlace.h"
 #include "ui/testing/Driver.h"
@@ -26,7 +26,7 @@ protected:
 
 TEST_F(Controls, OffsetsInABoxOfManyLinesAreThoseOfItsText) {
     TextBox box(window, TextBox::Lines::many);
-    const text::Text text = "ab\r\n\r\nc\u00A0\u0416\U0001F600\r\n";
+    const text::Text text = "ab\r\n\r\nc\u00A0\u0416\u20AC\U0001F600\r\n";
     box.setText(text);
     for (std::size_t start = 0; start <= text.size(); ++start) {
         for (std::size_t length = 0; start + length <= text.size(); ++length) {
@@ -50,7 +50,7 @@ TEST_F(Controls, OffsetsInABoxOfManyLinesAreThoseOfItsText) {
     box.select(4, 2);
     box.replaceSelection("x\r\ny");
     EXPECT_EQ(changes, 1);
-    EXPECT_EQ(box.text(), "ab\r\nx\r\nyc\u00A0\u0416\U0001F600\r\n");
+    EXPECT_EQ(box.text(), "ab\r\nx\r\nyc\u00A0\u0416\u20AC\U0001F600\r\n");
     box.setText("set");
     EXPECT_EQ(changes, 1); // the program's own doing
 }
@@ -158,6 +158,26 @@ TEST_F(Controls, AnExceptionEndsWhereTheEventWasRaised) {
     prompter.expect({"Something unexpected went wrong.\n\nno more room", "", ui::Buttons::ok,
                      ui::QuestionIcon::critical});
     event.raise();
+}
+
+TEST_F(Controls, ACommandThatFailsIsOverAllTheSame) {
+    struct Form : ui::Window {
+        Form() : Window(Kind::main, "form") {}
+        void fail() { throw std::runtime_error("no more room"); }
+    };
+    using Row = ui::CommandRow<Form>;
+    const Row rows[] = {
+        {.name = "fail", .caption = "Fail", .run = ui::runHandler<Form, &Form::fail>}};
+    Form form;
+    ui::CommandSet commands(form, std::span<const Row>(rows));
+    bool isOver = false;
+    commands.AfterRun.connect([&isOver] { isOver = true; });
+    ScriptedPrompter prompter;
+    prompter.expect({"Something unexpected went wrong.\n\nno more room", "", ui::Buttons::ok,
+                     ui::QuestionIcon::critical});
+    commands.find("fail")->Click.raise();
+    EXPECT_TRUE(isOver);
+    EXPECT_EQ(commands.running(), "");
 }
 
 TEST_F(Controls, AWindowStaysAsLongAsOneOfItsHandlersMayRun) {

@@ -74,32 +74,50 @@ protected:
 
 TEST_F(WebSite, LinksLeadToPagesHoweverTheyAreSpelt) {
     writeBytes(source / u8"Images/Bild \u00E9.PNG", "x");
+    writeBytes(source / "Images/film.MP4", "x");
+    writeBytes(source / "Images/d.png", "x");
+    writeBytes(source / "Images/wide.png", "x");
     const auto report = generate(test::outlineOf(
         {topic(
              1, "Start", "start.htm",
              "<a href='..\\html\\C# Caf\u00E9.htm'>1</a><A HREF=\"SUB/Deep.HTM#An &amp; Aus\">2</a>"
              "<a href='C%23%20Caf%C3%A9.htm#x'>3</a><a href='#here'>4</a>"
-             "<img src='..\\images\\bild \u00E9.png'><a href='https://example.org/a\\b'>5</a>"
+             "<img src='..\\images\\bild \u00E9.png'><video><source src='..\\images\\film.mp4'>"
+             "</video><a href='https://example.org/a\\b'>5</a>"
              "<a href='missing.htm'>6</a><p title='..\\html\\start.htm'>7"
              "<b id='Own'><a href='#OWN'>9</a><a href='sub\\deep.htm#way%20in'>10</a>"),
          topic(2, "Caf\u00E9 &amp; C#", "C# Caf\u00E9.htm"),
-         topic(3, "A < B", "sub\\deep.htm", "<a href='../start.htm'>8</a><a name='Way In'>")}));
+         topic(3, "A < B", "sub\\deep.htm", "<a href='../start.htm'>8</a><a name='Way In'>"),
+         topic(1, "D <img src='..\\images\\d.png'>", "d.htm",
+               "<img srcset='http://x.example/1.png, ../Images/wide.png 2x'>")}));
     EXPECT_TRUE(report.failures.empty());
     const std::string start = page("html/start.htm");
     for (const char* wanted :
          {"<a href='C%23%20Caf%C3%A9.htm'>1</a><A HREF=\"sub/deep.htm#An%20&amp;%20Aus\">2</a>",
           "<a href='C%23%20Caf%C3%A9.htm#x'>3</a><a href='#here'>4</a>",
-          "<img src='../Images/Bild%20%C3%A9.PNG'><a href='https://example.org/a\\b'>5</a>",
+          "<img src='../Images/Bild%20%C3%A9.PNG'><video><source src='../Images/film.MP4'>"
+          "</video><a href='https://example.org/a\\b'>5</a>",
           "<a href='missing.htm'>6</a><p title='..\\html\\start.htm'>7",
           "<a href='#Own'>9</a><a href='sub/deep.htm#Way%20In'>10</a>",
           "<link rel=\"next\" href=\"C%23%20Caf%C3%A9.htm\">"}) {
         EXPECT_NE(start.find(wanted), std::string::npos) << wanted << '\n' << start;
     }
-    EXPECT_TRUE(has(fs::path(u8"Images/Bild é.PNG")));
+    EXPECT_TRUE(has(fs::path(u8"Images/Bild é.PNG")) && has("Images/film.MP4"));
     EXPECT_TRUE(pageHas(u8"html/C# Café.htm", "<title>Caf\u00E9 &amp; C# - Help</title>"));
     EXPECT_TRUE(pageHas("html/sub/deep.htm", "<h1>A &lt; B</h1>\r\n<a href='../start.htm'>8</a>"));
     EXPECT_TRUE(pageHas("html/sub/deep.htm", "<link rel=\"up\" href=\"../C%23%20Caf%C3%A9.htm\">"));
+    EXPECT_TRUE(pageHas("html/d.htm", "<h1>D <img src='../Images/d.png'></h1>"));
+    EXPECT_TRUE(has("Images/d.png") && has("Images/wide.png"));
     EXPECT_TRUE(pageHas("index.html", "<base href=\"html/start.htm\">"));
+}
+
+TEST_F(WebSite, PagesWithColoursOfTheirOwnStayAsOnPaper) {
+    generate(test::outlineOf({topic(1, "A", "a.htm", "<p style='margin: 0'>"),
+                              topic(1, "B", "b.htm", "<P STYLE='COLOR: #000080'>"),
+                              topic(1, "C", "c.htm", "<td BGCOLOR=white>")}));
+    EXPECT_FALSE(pageHas("html/a.htm", "class=\"ts-paper\""));
+    EXPECT_TRUE(pageHas("html/b.htm", "class=\"ts-paper\""));
+    EXPECT_TRUE(pageHas("html/c.htm", "class=\"ts-paper\""));
 }
 
 TEST_F(WebSite, ShowsWhatTheVariablesStandFor) {

@@ -31,7 +31,8 @@ TEST(PageFacts, NamesWhatAPageNeeds) {
         "<img src=\"h 1.png\" srcset=\"i.png 1x, j.png 2x,k.png\">\n"
         "<h2 id=part>A <b>big</b>\n part</h2>\n"
         "<object classid=\"clsid:1e2a7bd0-dab9-11d0-b93a-00c04fc99f9e\">\n"
-        "<param name=\"Keyword\" value=\"k&#228;se;l\"><param name=\"ALink Name\" value=\"al\">");
+        "<param name=\"Keyword\" value=\"k&#228;se;l\"><param name=\"ALink Name\" value=\"al\">\n"
+        "<h3>Cut &amp;\n off");
     EXPECT_EQ(facts.title.text, "Caf\u00E9 & more");
     EXPECT_EQ(facts.title.line, 1);
     EXPECT_EQ(facts.base, "sub/");
@@ -42,7 +43,8 @@ TEST(PageFacts, NamesWhatAPageNeeds) {
     EXPECT_EQ(joined(facts.repeatedAnchors), "z 9");
     EXPECT_EQ(joined(facts.keywords), "one, two 7 | three 7 | k\u00E4se 14 | l 14");
     EXPECT_EQ(joined(facts.associativeLinks), "al 14");
-    ASSERT_EQ(facts.headings.size(), 1U);
+    ASSERT_EQ(facts.headings.size(), 2U);
+    EXPECT_EQ(facts.headings[1].text, "Cut & off");
     EXPECT_EQ(facts.headings[0].text, "A big part");
     EXPECT_EQ(facts.headings[0].anchor, "part");
 }

@@ -47,6 +47,27 @@ TEST(Sitemap, IsReadAsItIsInTheWild) {
     EXPECT_FALSE(map.isStrict);
 }
 
+/// References take more bytes than the letters that they stand for.
+TEST(Sitemap, LongTextsAreCutBetweenLetters) {
+    const auto nameIn = [](const std::string& value, unsigned codePage) {
+        const Sitemap map = readSitemap(
+            "<object type=\"text/sitemap\"><param name=\"Name\" value=\"" + value + "\"></object>",
+            codePage);
+        return map.entries.at(0).name;
+    };
+    std::string references;
+    std::string letters;
+    for (int i = 0; i < 300; ++i) {
+        references += "&#1078;";
+        letters += "\u0436";
+    }
+    for (const unsigned codePage : {plainReferences, 1251U}) {
+        EXPECT_EQ(nameIn(references, codePage), letters);
+        EXPECT_EQ(nameIn("x" + letters + letters, codePage),
+                  "x" + (letters + letters).substr(0, 1022));
+    }
+}
+
 TEST(Sitemap, TakesReferencesForBytesOfItsCodePage) {
     const Sitemap map = readSitemap("<object type=\"text/sitemap\"><param name=\"Name\" "
                                     "value=\"&Acirc;&#226;&aring;&#1078;&quot;\"></object>",

@@ -75,12 +75,13 @@ void dlgSnippets::showText() {
 }
 
 void dlgSnippets::txtName_KeyDown(ui::Key& key) {
-    const bool up = key.code == ui::KeyCode::up;
-    if (up || key.code == ui::KeyCode::down) {
-        key.handled = true;
-        lvNames.select(std::clamp(lvNames.selected() + (up ? -1 : 1), 1, rows_.rowCount()));
-        showText();
+    const bool isUp = key.code == ui::KeyCode::up;
+    if (!key.plain() || (!isUp && key.code != ui::KeyCode::down) || rows_.rowCount() == 0) {
+        return;
     }
+    key.handled = true;
+    lvNames.select(std::clamp(lvNames.selected() + (isUp ? -1 : 1), 1, rows_.rowCount()));
+    showText();
 }
 
 void dlgSnippets::lvNames_ItemClick(int /*row*/) {

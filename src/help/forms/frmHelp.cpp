@@ -1,5 +1,6 @@
 #include "help/forms/frmHelp.h"
 
+#include "help/ContentsPlace.h"
 #include "help/HitMarks.h"
 #include "platform/Files.h"
 #include "text/Path.h"
@@ -20,10 +21,6 @@ constexpr const char* partWidthKey = "Contents Width";
 constexpr int usualPartWidth = 4500;
 constexpr int indexPage = 1;
 constexpr int searchPage = 2;
-
-std::string pathOf(const std::string& place) {
-    return place.substr(0, place.find('#'));
-}
 
 } // namespace
 
@@ -127,7 +124,7 @@ bool frmHelp::openBook(const fs::path& file) {
         return false;
     }
     book_ = std::move(book);
-    setUnicodeCaption(book_->title() + " - Help");
+    setCaption(book_->title() + " - Help");
     brwPage.reset();
     fillContents();
     tvIndex.setItems({});
@@ -151,11 +148,7 @@ bool frmHelp::openBook(const fs::path& file) {
 void frmHelp::mnuReload_Click() {
     const std::string page = brwPage.shown();
     const fs::path file = book_->path();
-    if (openBook(file)) {
-        go(page);
-    } else {
-        tellUnreadable(file);
-    }
+    openBook(file) ? go(page) : tellUnreadable(file);
 }
 
 void frmHelp::mnuPrint_Click() {
@@ -206,7 +199,7 @@ void frmHelp::go(const std::string& page, const std::string& marked) {
         brwPage_OutsideClick(page);
         return;
     }
-    markedPage_ = marked.empty() ? std::string() : page.substr(0, page.find('#'));
+    markedPage_ = marked.empty() ? std::string() : withoutAnchor(page);
     brwPage.mark(marked);
     brwPage.show(page);
 }
@@ -292,8 +285,9 @@ void frmHelp::tvIndex_DblClick(int item) {
 }
 
 void frmHelp::txtSearch_KeyDown(ui::Key& key) {
-    if (key.code == ui::KeyCode::enter) {
-        cmdSearch_Click();
+    if (key.code == ui::KeyCode::enter) { // a second one opens what the first has found
+        const bool isAnswered = txtSearch.text() == asked_ && tvFound.selected() > 0;
+        isAnswered ? tvFound_ItemClick(tvFound.selected()) : cmdSearch_Click();
         key.handled = true;
     } else if (key.code == ui::KeyCode::down && key.plain()) {
         tvFound.setFocus();
@@ -305,7 +299,8 @@ void frmHelp::cmdSearch_Click() {
     if (!hasBook()) {
         return;
     }
-    question_ = HelpQuestion(txtSearch.text());
+    asked_ = txtSearch.text();
+    question_ = HelpQuestion(asked_);
     {
         const ui::WaitCursor busy;
         found_ = book_->search(question_);
@@ -332,31 +327,8 @@ void frmHelp::tvFound_ItemClick(int item) {
 void frmHelp::brwPage_Moved() {
     commands_.update();
     if (hasBook()) {
-        tvContents.select(entryOf(brwPage.shown(), tvContents.selected()));
+        tvContents.select(entryOf(book_->contents(), brwPage.shown(), tvContents.selected()));
     }
-}
-
-/// The entry that leads to a place, or at least to its page; 0 for none. `selected` goes before
-/// others that are as good.
-int frmHelp::entryOf(const std::string& place, int selected) const {
-    const auto& contents = book_->contents();
-    const int count = static_cast<int>(contents.size());
-    for (const bool exactly : {true, false}) {
-        const auto leadsThere = [&](int item) {
-            const std::string& page = contents[static_cast<std::size_t>(item) - 1].target.page;
-            return exactly ? packedKey(page) == packedKey(place)
-                           : packedKey(pathOf(page)) == packedKey(pathOf(place));
-        };
-        if (selected > 0 && leadsThere(selected)) {
-            return selected;
-        }
-        for (int item = 1; item <= count; ++item) {
-            if (leadsThere(item)) {
-                return item;
-            }
-        }
-    }
-    return 0;
 }
 
 /// A page of another help file beside this one is shown; the web is for another program.

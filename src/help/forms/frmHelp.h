@@ -97,7 +97,6 @@ private:
     void fillContents();
     void fillIndex();
     void tellUnreadable(const std::filesystem::path& file);
-    int entryOf(const std::string& place, int selected) const;
     void goWithin(const std::string& page);
     void go(const std::string& page, const std::string& marked = {});
 
@@ -105,6 +104,7 @@ private:
     std::vector<HelpTarget> indexTargets_; ///< of the rows in the index
     std::vector<int> indexRows_;           ///< the row of each entry
     std::vector<HelpTarget> found_;
+    text::Text asked_;          ///< the text that the found topics answer
     HelpQuestion question_{""}; ///< the last one
     std::string markedPage_;    ///< on which the hits of the question are coloured; empty for none
     bool indexFilled_ = false;

@@ -4,6 +4,7 @@
 
 #include "import/ImportOutcome.h"
 #include "import/PageHeadings.h"
+#include "text/Path.h"
 #include "ui/HelpContext.h"
 #include "ui/ShowHelp.h"
 #include "ui/WaitCursor.h"
@@ -125,7 +126,7 @@ std::optional<std::string> frmHelpImport::read(const std::string& path) {
     if (!found) {
         return {};
     }
-    if (!isPageName(*found)) {
+    if (!text::isPageName(*found)) {
         return source_->read(*found);
     }
     const auto html = source_->readText(*found);

@@ -4,14 +4,13 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
-#include <limits>
 #include <new>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
+#include "platform/FileBytes.h"
 #include "platform/FileState.h"
-#include "platform/InPlace.h"
 #include "platform/UnfinishedFile.h"
 #include "platform/posix/Permissions.h"
 #include "platform/posix/Status.h"
@@ -165,9 +164,10 @@ std::error_code exchangeError(bool exists) {
     return exists && isFoldersFault(errno) ? FileError::folderIsClosed : lastError();
 }
 
-/// Fails when the file holds more than `most`.
-std::error_code read(const fs::path& path, std::string& bytes, std::uint64_t offset,
-                     std::size_t count, std::uint64_t most) {
+} // namespace
+
+std::error_code readBytes(const fs::path& path, std::string& bytes, std::uint64_t offset,
+                          std::size_t count, std::uint64_t most) {
     bytes.clear();
     const File file(path, O_RDONLY);
     struct stat status {};
@@ -191,17 +191,6 @@ std::error_code read(const fs::path& path, std::string& bytes, std::uint64_t off
         bytes.clear();
     }
     return error;
-}
-
-} // namespace
-
-std::error_code readFile(const fs::path& path, std::string& bytes, std::uint64_t most) {
-    return read(path, bytes, 0, std::string::npos, most);
-}
-
-std::error_code readPart(const fs::path& path, std::string& bytes, std::uint64_t offset,
-                         std::size_t count) {
-    return read(path, bytes, offset, count, std::numeric_limits<std::uint64_t>::max());
 }
 
 std::error_code writeFile(const fs::path& path, std::string_view bytes, const FileFacts* spared) {
@@ -349,11 +338,6 @@ bool isFile(const fs::path& path) {
 std::optional<FileFacts> fileFacts(const fs::path& path) {
     struct stat status {};
     return ::stat(path.c_str(), &status) == 0 ? std::optional(factsOf(status)) : std::nullopt;
-}
-
-bool isSameFile(const fs::path& one, const fs::path& other) {
-    std::error_code ignored;
-    return fs::equivalent(one, other, ignored);
 }
 
 std::error_code createFolder(const fs::path& path) {

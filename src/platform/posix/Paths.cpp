@@ -15,8 +15,14 @@ fs::path fullPath(const fs::path& path) {
     if (absolute == absolute.lexically_normal()) {
         return absolute;
     }
-    const fs::path folder = fs::weakly_canonical(absolute.parent_path(), error);
-    return error ? absolute : folder / absolute.filename();
+    const fs::path name = absolute.filename();
+    const bool isDetour = name == "." || name == "..";
+    const fs::path resolved =
+        fs::weakly_canonical(isDetour ? absolute : absolute.parent_path(), error);
+    if (error) {
+        return absolute;
+    }
+    return isDetour ? resolved : resolved / name;
 }
 
 std::string libraryName(const fs::path& path) {

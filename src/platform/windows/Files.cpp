@@ -2,11 +2,10 @@
 
 #include <aclapi.h>
 #include <algorithm>
-#include <limits>
 #include <new>
 
+#include "platform/FileBytes.h"
 #include "platform/FileState.h"
-#include "platform/InPlace.h"
 #include "platform/UnfinishedFile.h"
 #include "platform/windows/System.h"
 
@@ -178,9 +177,15 @@ bool needsNoWriting(const fs::path& path, std::string_view bytes) {
     return true;
 }
 
-/// Fails when the file holds more than `most`.
-std::error_code read(const fs::path& path, std::string& bytes, std::uint64_t offset,
-                     std::size_t count, std::uint64_t most) {
+} // namespace
+
+HANDLE openFile(const fs::path& path, DWORD access, DWORD disposition, DWORD share, DWORD flags) {
+    return CreateFileW(systemName(path).c_str(), access, share, nullptr, disposition, flags,
+                       nullptr);
+}
+
+std::error_code readBytes(const fs::path& path, std::string& bytes, std::uint64_t offset,
+                          std::size_t count, std::uint64_t most) {
     bytes.clear();
     const Handle file(openFile(path, GENERIC_READ, OPEN_EXISTING));
     if (!file.isOpen()) {
@@ -207,22 +212,6 @@ std::error_code read(const fs::path& path, std::string& bytes, std::uint64_t off
         bytes.clear();
     }
     return error;
-}
-
-} // namespace
-
-HANDLE openFile(const fs::path& path, DWORD access, DWORD disposition, DWORD share, DWORD flags) {
-    return CreateFileW(systemName(path).c_str(), access, share, nullptr, disposition, flags,
-                       nullptr);
-}
-
-std::error_code readFile(const fs::path& path, std::string& bytes, std::uint64_t most) {
-    return read(path, bytes, 0, std::string::npos, most);
-}
-
-std::error_code readPart(const fs::path& path, std::string& bytes, std::uint64_t offset,
-                         std::size_t count) {
-    return read(path, bytes, offset, count, std::numeric_limits<std::uint64_t>::max());
 }
 
 std::error_code writeFile(const fs::path& path, std::string_view bytes, const FileFacts* spared) {
@@ -342,7 +331,7 @@ bool isFile(const fs::path& path) {
 }
 
 std::optional<FileFacts> fileFacts(const fs::path& path) {
-    const Handle file(openFile(path, 0, OPEN_EXISTING));
+    const Handle file(openFile(path, 0, OPEN_EXISTING, shareAll, FILE_FLAG_BACKUP_SEMANTICS));
     BY_HANDLE_FILE_INFORMATION facts{};
     if (!file.isOpen() || GetFileInformationByHandle(file.get(), &facts) == FALSE) {
         return {};
@@ -354,17 +343,6 @@ std::optional<FileFacts> fileFacts(const fs::path& path) {
     return FileFacts{facts.dwVolumeSerialNumber, joined(facts.nFileIndexHigh, facts.nFileIndexLow),
                      joined(facts.nFileSizeHigh, facts.nFileSizeLow),
                      std::chrono::nanoseconds(100 * static_cast<std::int64_t>(written - to1970))};
-}
-
-bool isSameFile(const fs::path& one, const fs::path& other) {
-    const Handle first(openFile(one, 0, OPEN_EXISTING));
-    const Handle second(openFile(other, 0, OPEN_EXISTING));
-    BY_HANDLE_FILE_INFORMATION a{};
-    BY_HANDLE_FILE_INFORMATION b{};
-    return first.isOpen() && second.isOpen() && GetFileInformationByHandle(first.get(), &a) != FALSE
-           && GetFileInformationByHandle(second.get(), &b) != FALSE
-           && a.dwVolumeSerialNumber == b.dwVolumeSerialNumber
-           && a.nFileIndexHigh == b.nFileIndexHigh && a.nFileIndexLow == b.nFileIndexLow;
 }
 
 std::error_code createFolder(const fs::path& path) {

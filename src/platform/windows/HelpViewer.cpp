@@ -3,6 +3,9 @@
 #include <string>
 #include <windows.h>
 
+#include "platform/Files.h"
+#include "platform/Unicode.h"
+
 namespace platform {
 
 namespace {
@@ -23,16 +26,9 @@ HtmlHelpFunction htmlHelp() {
     return reinterpret_cast<HtmlHelpFunction>(reinterpret_cast<void*>(function));
 }
 
-/// In the system's code page; empty when it has not all of the characters.
-std::string narrow(const std::wstring& wide) {
-    const int size = static_cast<int>(wide.size());
-    std::string text(wide.size() * 4, '\0');
-    BOOL isLossy = FALSE;
-    const int length =
-        WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide.data(), size, text.data(),
-                            static_cast<int>(text.size()), nullptr, &isLossy);
-    text.resize(isLossy == FALSE ? static_cast<std::size_t>(length) : 0);
-    return text;
+/// In the system's code page, which may be UTF-8; empty when it has not all of the characters.
+std::string narrow(const std::filesystem::path& path) {
+    return codePageFromUtf8(utf8FromPath(path), GetACP()).value_or("");
 }
 
 /// The file's name as old programs know it, where its volume keeps such names.
@@ -54,7 +50,7 @@ bool show(const std::filesystem::path& helpFile, UINT command, DWORD_PTR data) {
     if (function == nullptr || isElsewhere(helpFile)) {
         return false;
     }
-    std::string name = narrow(helpFile.native());
+    std::string name = narrow(helpFile);
     if (name.empty()) {
         name = narrow(shortName(helpFile));
     }

@@ -24,9 +24,10 @@ HANDLE handleOf(std::intptr_t handle) {
 }
 
 /// The list of what a program inherits: without it, it would be everything that happens to be open.
+/// Each stands in it once.
 class Inherited {
 public:
-    explicit Inherited(std::array<HANDLE, 3> handles) : handles_(handles) {
+    explicit Inherited(std::array<HANDLE, 2> handles) : handles_(handles) {
         SIZE_T size = 0;
         InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
         bytes_.resize(size);
@@ -46,7 +47,7 @@ public:
     }
 
 private:
-    std::array<HANDLE, 3> handles_;
+    std::array<HANDLE, 2> handles_;
     std::string bytes_;
     bool isReady_ = false;
 };
@@ -206,7 +207,7 @@ bool runOnFile(const fs::path& program, const fs::path& file, const fs::path& ou
     if (!nothing.isOpen() || !result.isOpen()) {
         return false;
     }
-    Inherited inherited({nothing.get(), result.get(), nothing.get()});
+    Inherited inherited({nothing.get(), result.get()});
     STARTUPINFOEXW start{};
     start.StartupInfo.cb = sizeof start;
     start.StartupInfo.dwFlags = STARTF_USESTDHANDLES;

@@ -34,6 +34,7 @@ dlgSpelling::dlgSpelling(ui::Window& owner, SpellingScope scope,
         icboLanguage.add(known, known, "");
     }
     icboLanguage.select(language);
+    icboLanguage.keepEnter();
     UI_ON(lvSuggestions, ItemClick);
     UI_ON(lvSuggestions, DblClick);
     UI_ON(icboLanguage, Change);

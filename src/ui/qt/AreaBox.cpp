@@ -10,6 +10,7 @@
 
 #include "ui/qt/HtmlColours.h"
 #include "ui/qt/LineIndent.h"
+#include "ui/qt/PositionCount.h"
 #include "ui/qt/TextBoxNative.h"
 
 namespace ui {
@@ -206,11 +207,9 @@ struct AreaBox : TextBox::Native {
     Selection selection() const override {
         const QTextCursor cursor = area_.textCursor();
         const QString raw = area_.document()->toRawText();
-        const auto sizeOf = [&raw](int from, int to) {
-            return countedSize(QStringView(raw).mid(from, to - from));
-        };
-        return {sizeOf(0, cursor.selectionStart()),
-                sizeOf(cursor.selectionStart(), cursor.selectionEnd())};
+        PositionCount count(raw);
+        const std::size_t start = count.offsetAt(cursor.selectionStart());
+        return {start, count.offsetAt(cursor.selectionEnd()) - start};
     }
 
     bool hasSelection() const override { return area_.textCursor().hasSelection(); }
@@ -224,8 +223,9 @@ struct AreaBox : TextBox::Native {
     void select(std::size_t start, std::size_t length) override {
         QTextCursor cursor = area_.textCursor();
         const QString raw = area_.document()->toRawText();
-        cursor.setPosition(positionOf(raw, start));
-        cursor.setPosition(positionOf(raw, start + length), QTextCursor::KeepAnchor);
+        PositionCount count(raw);
+        cursor.setPosition(count.positionAt(start));
+        cursor.setPosition(count.positionAt(start + length), QTextCursor::KeepAnchor);
         area_.setTextCursor(cursor);
     }
 
@@ -256,7 +256,8 @@ struct AreaBox : TextBox::Native {
             cursor.insertText(after.mid(change.start, change.inserted));
             cursor.endEditBlock();
         }
-        cursor.setPosition(positionOf(area_.document()->toRawText(), caret));
+        const QString raw = area_.document()->toRawText();
+        cursor.setPosition(PositionCount(raw).positionAt(caret));
         area_.setTextCursor(cursor);
         area_.ensureCursorVisible();
     }
@@ -351,28 +352,6 @@ private:
 
     static Text withLineBreaks(QString raw) {
         return fromQt(raw.replace(QChar::ParagraphSeparator, QStringLiteral("\r\n")));
-    }
-
-    /// A line break is one character of the document and two bytes of the text.
-    static std::size_t countedSize(QStringView raw) {
-        // The separator has three bytes in UTF-8.
-        return utf8Length(raw)
-               - static_cast<std::size_t>(raw.count(QChar(QChar::ParagraphSeparator)));
-    }
-
-    /// An offset within a character or line break is before it.
-    static int positionOf(QStringView raw, std::size_t offset) {
-        std::size_t counted = 0;
-        qsizetype position = 0;
-        while (position < raw.size()) {
-            const qsizetype next = raw[position].isHighSurrogate() ? 2 : 1;
-            counted += countedSize(raw.mid(position, next));
-            if (counted > offset) {
-                break;
-            }
-            position += next;
-        }
-        return static_cast<int>(std::min(position, raw.size()));
     }
 
     TextArea& area_;

@@ -48,6 +48,8 @@ public:
             return imageNamed("BoxWarning");
         case SP_MessageBoxCritical:
             return imageNamed("BoxFailure");
+        case SP_ToolBarHorizontalExtensionButton: // the usual one is black, also in dark colours
+            return imageNamed("More");
         default:
             return QProxyStyle::standardIcon(which, option, widget);
         }

@@ -9,6 +9,8 @@
 
 namespace ui {
 
+class PageSource;
+
 /// What the embedded browser does. It is a library of its own, loaded when it is first needed: its
 /// size would be felt at every start.
 class BrowserView {
@@ -30,6 +32,9 @@ struct PageHost {
     std::function<void()> moved;                         ///< another page is shown
     std::function<void(const QString& address)> outside; ///< a link leads elsewhere
 };
+
+/// For PageHost::read: the pages of a source.
+std::function<std::optional<QByteArray>(const QString& path)> readerOf(PageSource& source);
 
 /// Shows pages that are no files of their own; links from one to another work.
 class PageBrowserView {

@@ -4,6 +4,7 @@
 
 #include <QMimeData>
 
+#include "text/Unicode.h"
 #include "ui/Twips.h"
 #include "ui/qt/Native.h"
 
@@ -11,12 +12,14 @@ namespace ui {
 
 namespace {
 
-/// More of a text is of no use in one row.
-constexpr std::size_t shownLength = 300;
+/// As much of a text as is of use in one row.
+Text beginning(const Text& text) {
+    return Text(text::wholeCharacters(text, 300));
+}
 
 /// The toolkit takes what looks like HTML for HTML, and a topic may well be about it.
 QString plainToolTip(const Text& text) {
-    const QString plain = toQt(text.substr(0, shownLength)).toHtmlEscaped();
+    const QString plain = toQt(beginning(text)).toHtmlEscaped().replace('\n', "<br>");
     return plain.isEmpty() ? plain : "<p>" + plain + "</p>";
 }
 
@@ -65,7 +68,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     const int row = index.row() + 1;
     switch (role) {
     case Qt::DisplayRole:
-        return toQt(text::oneLine(source_.cell(row, index.column()).substr(0, shownLength)));
+        return toQt(text::oneLine(beginning(source_.cell(row, index.column()))));
     case Qt::EditRole:
         return toQt(source_.cell(row, index.column()));
     case foldRole: {

@@ -1,6 +1,8 @@
 #include "ui/qt/Native.h"
 
 #include <QDir>
+#include <QMimeData>
+#include <QUrl>
 
 namespace ui {
 
@@ -53,6 +55,16 @@ std::filesystem::path pathFromQt(const QString& path) {
     return QFile::encodeName(path).toStdString();
 }
 #endif
+
+std::vector<std::filesystem::path> filesIn(const QMimeData& data) {
+    std::vector<std::filesystem::path> files;
+    for (const QUrl& url : data.urls()) {
+        if (url.isLocalFile()) {
+            files.push_back(pathFromQt(url.toLocalFile()));
+        }
+    }
+    return files;
+}
 
 Key keyOf(const QKeyEvent& event) {
     Key key;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <vector>
 
 #include <QKeyEvent>
 #include <QPointer>
@@ -10,6 +11,8 @@
 #include "text/Text.h"
 #include "ui/Control.h"
 #include "ui/Key.h"
+
+class QMimeData;
 
 /// What the files of this layer share about the toolkit. Nothing outside src/ui includes it.
 namespace ui {
@@ -35,6 +38,9 @@ qsizetype unitsWithin(QStringView text, std::size_t length);
 
 QString pathToQt(const std::filesystem::path& path);
 std::filesystem::path pathFromQt(const QString& path);
+
+/// The files of this machine among what is pasted or dragged.
+std::vector<std::filesystem::path> filesIn(const QMimeData& data);
 
 Key keyOf(const QKeyEvent& event);
 

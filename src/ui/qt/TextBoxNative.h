@@ -1,11 +1,8 @@
 #pragma once
 
-#include <algorithm>
-
 #include <QFocusEvent>
 #include <QInputMethodEvent>
 #include <QMimeData>
-#include <QUrl>
 
 #include "ui/TextBox.h"
 #include "ui/TypingSteps.h"
@@ -62,11 +59,7 @@ struct TextBox::Native : NativeWidget {
     static bool isUndoOrRedo(const QKeyEvent& event);
 
     /// Files that are dropped are for the window; as text they would be addresses.
-    static bool bringsFiles(const QMimeData& data) {
-        const QList<QUrl> urls = data.urls();
-        return std::any_of(urls.begin(), urls.end(),
-                           [](const QUrl& url) { return url.isLocalFile(); });
-    }
+    static bool bringsFiles(const QMimeData& data) { return !filesIn(data).empty(); }
 
     static QString typing() { return QStringLiteral("Typing"); }
 

@@ -84,26 +84,17 @@ protected:
     void dropEvent(QDropEvent* event) override {
         if (takeCopy(*event)) {
             // After the drop is over: the handler may ask something, and the source waits.
-            QTimer::singleShot(
-                0, this, [this, files = filesIn(*event)] { owner_.FilesDropped.raise(files); });
+            QTimer::singleShot(0, this, [this, files = filesIn(*event->mimeData())] {
+                owner_.FilesDropped.raise(files);
+            });
         }
     }
 
 private:
-    static std::vector<std::filesystem::path> filesIn(const QDropEvent& event) {
-        std::vector<std::filesystem::path> files;
-        for (const QUrl& url : event.mimeData()->urls()) {
-            if (url.isLocalFile()) {
-                files.push_back(pathFromQt(url.toLocalFile()));
-            }
-        }
-        return files;
-    }
-
     /// Always as a copy: whoever moves a file deletes it when the window has taken it.
     bool takeCopy(QDropEvent& event) const {
         bool taken = false;
-        guarded([&] { taken = owner_.takesFiles(filesIn(event)); });
+        guarded([&] { taken = owner_.takesFiles(filesIn(*event.mimeData())); });
         taken = taken && event.possibleActions().testFlag(Qt::CopyAction);
         event.setDropAction(taken ? Qt::CopyAction : Qt::IgnoreAction);
         event.setAccepted(taken);

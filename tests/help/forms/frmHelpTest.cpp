@@ -93,6 +93,9 @@ TEST_F(frmHelp, IndexAndSearchFindPages) {
     type("hunspell dictionary");
     press("Return");
     EXPECT_EQ(treeText(shown().tvFound).substr(0, 23), "*Checking the spelling\n");
+    press("Return");
+    EXPECT_TRUE(shows("Hunspell"));
+    clickItem(shown().tvContents, "Levels");
     clickItem(shown().tvFound, "Checking the spelling");
     EXPECT_TRUE(shows("Hunspell"));
     EXPECT_EQ(shown().lblFound.caption().substr(1), " topics found");

@@ -18,11 +18,11 @@ Child::Child(const std::filesystem::path& program, const std::vector<std::string
     posix_spawn_file_actions_init(&quiet);
     posix_spawn_file_actions_addopen(&quiet, STDOUT_FILENO, "/dev/null", 1, 0);
     pid_t child = 0;
-    EXPECT_EQ(posix_spawn(&child, program.c_str(), &quiet, nullptr,
-                          const_cast<char* const*>(words.data()), environ),
-              0);
+    const int error = posix_spawn(&child, program.c_str(), &quiet, nullptr,
+                                  const_cast<char* const*>(words.data()), environ);
+    EXPECT_EQ(error, 0);
     posix_spawn_file_actions_destroy(&quiet);
-    process_ = child;
+    process_ = error == 0 ? child : -1;
 }
 
 Child::~Child() {

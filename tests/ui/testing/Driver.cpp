@@ -1,6 +1,7 @@
 #include "ui/testing/Driver.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 #include <QAbstractButton>
@@ -12,6 +13,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QStackedWidget>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -199,26 +201,47 @@ std::string unnamedControls(Window& window) {
     return unnamed.join('\n').toStdString();
 }
 
+namespace {
+
+/// The page of tabs that a widget is on; null for none.
+const QWidget* pageOf(const QWidget* widget) {
+    const QWidget* page = nullptr;
+    for (; widget != nullptr && qobject_cast<const QTabWidget*>(widget) == nullptr;
+         widget = widget->parentWidget()) {
+        // The toolkit puts pages on a stack of its own.
+        page = qobject_cast<const QStackedWidget*>(widget) == nullptr ? widget : page;
+    }
+    return widget == nullptr ? nullptr : page;
+}
+
+} // namespace
+
 std::string doubledMnemonics(Window& window) {
-    std::set<QString> seen;
+    std::map<QString, std::set<const QWidget*>> seen; // letters, and the pages that have them
     QString doubled;
-    const auto look = [&](const QString& caption) {
+    const auto look = [&](const QString& caption, const QWidget* widget) {
         const QString key = QKeySequence::mnemonic(caption).toString();
-        if (!key.isEmpty() && !seen.insert(key).second) {
+        if (key.isEmpty()) {
+            return;
+        }
+        const QWidget* page = pageOf(widget);
+        auto& pages = seen[key];
+        const bool isElsewhere = page == nullptr ? !pages.empty() : pages.contains(nullptr);
+        if (isElsewhere || !pages.insert(page).second) {
             doubled += key + ' ';
         }
     };
     for (const QLabel* label : widgetOf(window).findChildren<QLabel*>()) {
-        look(label->text());
+        look(label->text(), label);
     }
     for (const QAbstractButton* button : widgetOf(window).findChildren<QAbstractButton*>()) {
         if (qobject_cast<const QToolButton*>(button) == nullptr) {
-            look(button->text());
+            look(button->text(), button);
         }
     }
     for (const QMenuBar* bar : widgetOf(window).findChildren<QMenuBar*>()) {
         for (const QAction* action : bar->actions()) {
-            look(action->text());
+            look(action->text(), bar);
         }
     }
     return doubled.toStdString();

@@ -215,7 +215,8 @@ std::string spokenCell(const ListView& list, int row, int column);
 /// All that a window shows, as a file of a picture; the caret does not blink meanwhile.
 std::string pictureOf(Window& window);
 
-/// The letters of a window's labels and menus that are given twice.
+/// The letters of a window's labels, buttons and menus that are given twice among those that can be
+/// seen together: pages of tabs cannot.
 std::string doubledMnemonics(Window& window);
 
 /// Whether the window shows the changed mark.
