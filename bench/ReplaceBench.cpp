@@ -10,13 +10,14 @@ namespace {
 model::Project& largeProject() {
     static model::Project project;
     if (project.outline().count() == 0) {
-        project.replace(bench::sampleOutline(500, 200 * 1024), bench::sampleOptions(), "bench.tsp");
+        project.replace(bench::sampleOutline(500, std::size_t(200) * 1024), bench::sampleOptions(),
+                        "bench.tsp");
     }
     return project;
 }
 
 /// What stands in every hundredth line: some 10,000 places in all.
-tools::PlaceSearch searchFor(tools::PatternQuestion pattern, bool visibleOnly) {
+tools::PlaceSearch searchFor(const tools::PatternQuestion& pattern, bool visibleOnly) {
     text::Text problem;
     tools::PlaceQuestion question;
     question.visibleOnly = visibleOnly;

@@ -19,11 +19,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr std::size_t kilobyte = 1024;
+
 fs::path largeProject() {
     static const fs::path file = [] {
-        const fs::path path = fs::temp_directory_path() / "window_bench.tsp";
+        fs::path path = fs::temp_directory_path() / "window_bench.tsp";
         model::Project project;
-        project.replace(bench::sampleOutline(500, 200 * 1024), bench::sampleOptions(), path);
+        project.replace(bench::sampleOutline(500, 200 * kilobyte), bench::sampleOptions(), path);
         if (model::saveProject(project, path)) {
             std::abort();
         }
@@ -34,7 +36,7 @@ fs::path largeProject() {
 
 /// Settings of nobody: what the measurement before has stored is forgotten.
 fs::path emptySettings() {
-    const fs::path file = fs::temp_directory_path() / "window_bench.ini";
+    fs::path file = fs::temp_directory_path() / "window_bench.ini";
     fs::remove(file);
     return file;
 }
@@ -98,7 +100,7 @@ void signsOfAKey(benchmark::State& state) {
         }
     }
 }
-BENCHMARK(signsOfAKey)->Arg(4 * 1024)->Arg(200 * 1024)->Unit(benchmark::kMicrosecond);
+BENCHMARK(signsOfAKey)->Arg(4 << 10)->Arg(200 << 10)->Unit(benchmark::kMicrosecond);
 
 /// The key as a whole, drawn.
 void keyInFileName(benchmark::State& state) {
@@ -120,7 +122,7 @@ BENCHMARK(keyInFileName)->Unit(benchmark::kMicrosecond);
 
 /// The topic editor with a body in lines of ordinary length.
 struct OpenEditor {
-    explicit OpenEditor(std::size_t bytes = 1024 * 1024)
+    explicit OpenEditor(std::size_t bytes = 1024 * kilobyte)
         : settings(emptySettings()), window(settings, bench::programFolder()) {
         model::TopicOutline outline = bench::sampleOutline(1, bytes);
         window.project().replace(std::move(outline), {}, "bench.tsp");
@@ -147,7 +149,7 @@ BENCHMARK(typeIntoMegabyte)->Unit(benchmark::kMicrosecond);
 
 /// With all marks in place; what the aids do in pauses is measured below.
 void typeIntoMarkedBody(benchmark::State& state) {
-    OpenEditor open(200 * 1024);
+    OpenEditor open(200 * kilobyte);
     std::vector<ui::TextMark> marks;
     for (std::size_t at = 0; at + 10 < open.body().countedText().size(); at += 200) {
         marks.push_back({at, 5});
@@ -203,7 +205,7 @@ std::string summary(std::vector<double> times) {
 void typeBesidePage(benchmark::State& state) {
     const fs::path file = fs::temp_directory_path() / "window_bench_page.tsp";
     model::Project project;
-    project.replace(bench::sampleOutline(1, 200 * 1024), bench::sampleOptions(), file);
+    project.replace(bench::sampleOutline(1, 200 * kilobyte), bench::sampleOptions(), file);
     if (model::saveProject(project, file)) {
         state.SkipWithError("the sample cannot be saved");
         return;
@@ -258,7 +260,7 @@ text::Text bodyOf(std::size_t bytes) {
 
 /// In a pause of typing, as a whole.
 void lookForFaults(benchmark::State& state) {
-    const text::Text body = bodyOf(200 * 1024);
+    const text::Text body = bodyOf(200 * kilobyte);
     for (auto _ : state) {
         benchmark::DoNotOptimize(editor::tagFaults(body));
         benchmark::DoNotOptimize(editor::visibleWordCount(body));
@@ -268,7 +270,7 @@ BENCHMARK(lookForFaults)->Unit(benchmark::kMicrosecond);
 
 /// When the caret rests at a tag.
 void findPair(benchmark::State& state) {
-    const text::Text body = bodyOf(200 * 1024);
+    const text::Text body = bodyOf(200 * kilobyte);
     for (auto _ : state) {
         benchmark::DoNotOptimize(editor::tagPairAt(body, body.size() - 2));
     }
@@ -277,7 +279,7 @@ BENCHMARK(findPair)->Unit(benchmark::kMicrosecond);
 
 /// With the key that ends "</".
 void closeTag(benchmark::State& state) {
-    OpenEditor open(200 * 1024);
+    OpenEditor open(200 * kilobyte);
     editor::frmEditBody& editor = *open.window.editor();
     for (auto _ : state) {
         editor.txtBody.replaceSelection("</");
@@ -290,13 +292,14 @@ BENCHMARK(closeTag)->Unit(benchmark::kMicrosecond);
 /// In a pause, so many words at once.
 void spellSomeWords(benchmark::State& state) {
     const auto folders = tools::dictionaryFolders(bench::programFolder());
-    const auto dictionary = tools::Dictionary::open(folders, tools::defaultLanguage(folders));
+    const auto dictionary =
+        tools::Dictionary::open(folders, tools::languageFor(folders, text::defaultLanguage));
     if (dictionary == nullptr) {
         state.SkipWithError("no dictionary");
         return;
     }
     const tools::PersonalWords none{{}};
-    const text::Text body = bodyOf(200 * 1024);
+    const text::Text body = bodyOf(200 * kilobyte);
     std::optional<tools::SpellingScan> scan;
     bool more = false;
     for (auto _ : state) {
