@@ -19,10 +19,6 @@ else()
     # A name may be a neighbour's constant. The static checks ask this of each source by itself.
     list(APPEND TOPICSMITH_WARNINGS -Wno-shadow)
   endif()
-  if(TOPICSMITH_SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # The sanitizers' own branches mislead these warnings.
-    list(APPEND TOPICSMITH_WARNINGS -Wno-null-dereference -Wno-maybe-uninitialized)
-  endif()
 endif()
 
 set(TOPICSMITH_LAYER_ROWS ${CMAKE_BINARY_DIR}/layers.txt)

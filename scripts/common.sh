@@ -31,7 +31,7 @@ BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev qt6-webengine-dev
 
 # The embedded browser does not start for root otherwise.
 [ "$(id -u)" -ne 0 ] || export QTWEBENGINE_DISABLE_SANDBOX=1
-# clang and its run-time library for the fuzz targets, other readers of compiled help and another
+# clang and its run-time library for the build with sanitizers, other readers of compiled help and another
 # compiler of it (fp-utils), judges of electronic books and of PDF files; the last line for the Debian
 # package.
 TEST_PACKAGES=(libgtest-dev clang libclang-rt-14-dev libmspack-dev p7zip-full python3-chm fp-utils

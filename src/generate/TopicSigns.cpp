@@ -60,13 +60,13 @@ void TopicSigns::reset(const model::ProjectOptions& options) {
 }
 
 void TopicSigns::inserted(int position) {
-    const auto place = facts_.begin() + position - 1;
+    const auto place = facts_.begin() + (position - 1);
     countFacts(*facts_.insert(place, factsOf(outline_.at(position), {})), 1);
 }
 
 void TopicSigns::removed(int position) {
     countFacts(facts_[indexOf(position)], -1);
-    facts_.erase(facts_.begin() + position - 1);
+    facts_.erase(facts_.begin() + (position - 1));
 }
 
 void TopicSigns::swapped(int a, int b) {

@@ -29,7 +29,7 @@ protected:
         EXPECT_TRUE(choose(*window, {"File", "Generate Files", caption}));
         prompter.verify();
         ASSERT_NE(openWindow<app::dlgCompile>(), nullptr);
-        EXPECT_TRUE(waitFor([this] { return openWindow<app::dlgCompile>()->cmdOpen.isEnabled(); }));
+        EXPECT_TRUE(waitFor([] { return openWindow<app::dlgCompile>()->cmdOpen.isEnabled(); }));
     }
 };
 
@@ -55,7 +55,7 @@ TEST_F(CompileCommand, CompilesLeadsToTopicsAndOpensTheHelp) {
     click(dialog.cmdOpen);
     ASSERT_NE(openWindow<help::frmHelp>(), nullptr);
     EXPECT_EQ(openWindow<help::frmHelp>()->book()->path(), folder / "out.chm");
-    EXPECT_TRUE(waitFor([this] {
+    EXPECT_TRUE(waitFor([] {
         return openWindow<help::frmHelp>()->brwPage.shown() == "/html/b.htm";
     })) << openWindow<help::frmHelp>()->brwPage.shown();
 
@@ -71,7 +71,7 @@ TEST_F(CompileCommand, GoesToEachProjectsOwnPlaceUnlessShiftIsHeld) {
     const auto press = [this](bool withShift) {
         EXPECT_TRUE(pressButton(*window, "Compile Help", withShift));
         prompter.verify();
-        EXPECT_TRUE(waitFor([this] { return openWindow<app::dlgCompile>()->cmdOpen.isEnabled(); }));
+        EXPECT_TRUE(waitFor([] { return openWindow<app::dlgCompile>()->cmdOpen.isEnabled(); }));
         return openWindow<app::dlgCompile>()->outcome()->output;
     };
     constexpr int projects = 21;

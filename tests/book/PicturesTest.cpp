@@ -130,7 +130,7 @@ TEST(Bitmap, DamageIsNoPictureAndTakesNoMemory) {
 TEST(StrictSvg, DrawsWithoutScriptsAndOtherFiles) {
     constexpr const char* head = "<svg xmlns=\"http://www.w3.org/2000/svg\" "
                                  "xmlns:xlink=\"http://www.w3.org/1999/xlink\"";
-    const auto drawn = [head](const string& inside) {
+    const auto drawn = [](const string& inside) {
         const string svg = book::strictSvg("\xEF\xBB\xBF<?xml version='1.0'?><!-- <svg> -->"
                                            "<!DOCTYPE svg PUBLIC '-//x' 'http://x.example/'>"
                                            "<svg version='1.1' onload='a()'>"

@@ -1,4 +1,3 @@
-# Included by the tests and by the fuzz targets, which are built apart from them.
 find_library(MSPACK_LIBRARY mspack REQUIRED)
 find_path(MSPACK_HEADERS mspack.h REQUIRED)
 add_library(strict_reader STATIC ${CMAKE_CURRENT_LIST_DIR}/StrictReader.cpp)

@@ -12,8 +12,8 @@ namespace {
 
 // What a page tells comes from a library without type information, which a sanitizer asks for; so
 // nothing is called here that the toolkit has written out in a header.
-[[gnu::no_sanitize("vptr")]] void collectNameless(QAccessibleInterface& part, const QString& path,
-                                                  QString& found) {
+__attribute__((no_sanitize("vptr"))) void collectNameless(QAccessibleInterface& part,
+                                                          const QString& path, QString& found) {
     const QAccessible::State state = part.state();
     const QAccessible::Role role = part.role();
     if (state.invisible) {
