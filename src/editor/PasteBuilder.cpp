@@ -42,11 +42,19 @@ bool PasteBuilder::isBlankRun(const PastedNode& run) {
     if (run.kind == Kind::newLine) {
         return true;
     }
-    Text text = run.text;
-    for (std::size_t at = 0; (at = text.find("\u00A0")) != Text::npos;) {
-        text.erase(at, 2);
+    if (run.kind != Kind::text) {
+        return false;
     }
-    return run.kind == Kind::text && text.find_first_not_of(" \r\n") == Text::npos;
+    constexpr TextView hardBlank = "\u00A0";
+    TextView rest = run.text;
+    while (!rest.empty()) {
+        const bool isHard = rest.starts_with(hardBlank);
+        if (!isHard && TextView(" \r\n").find(rest.front()) == TextView::npos) {
+            return false;
+        }
+        rest.remove_prefix(isHard ? hardBlank.size() : 1);
+    }
+    return true;
 }
 
 void PasteBuilder::closeBlocks(std::size_t left) {
@@ -96,8 +104,7 @@ void PasteBuilder::reopenLast(TextView tag) {
 
 void PasteBuilder::openBlock(TextView tag, int columns, int rows) {
     endParagraph();
-    constexpr std::size_t mostBlocks = 40;
-    if (blocks_.size() >= mostBlocks) {
+    if (isDeep()) {
         return;
     }
     openFrameOf(tag);
@@ -111,6 +118,9 @@ void PasteBuilder::openBlock(TextView tag, int columns, int rows) {
 
 void PasteBuilder::openListItem(int level, TextView list) {
     endParagraph();
+    if (isDeep()) {
+        return;
+    }
     for (int depth = 1; depth < level; ++depth) {
         const std::vector<PastedNode>& children = block().children;
         const bool isOrdered = !children.empty() && children.back().is("ol");

@@ -38,7 +38,8 @@ public:
     /// A place stands before the run that comes next.
     void addPlace(Text name) { places_.push_back(std::move(name)); }
 
-    /// Goes on in the list that was the last block, or opens one, as deep in others as is said.
+    /// Goes on in the list that was the last block, or opens one, as deep in others as is said;
+    /// nothing is opened where `openBlock` would not.
     void openListItem(int level, TextView list);
 
     /// Whether there was more than text that looks like any other.
@@ -47,6 +48,9 @@ public:
     PastedNode take(); ///< once, at the end
 
 private:
+    static constexpr std::size_t mostBlocks = 40;
+
+    bool isDeep() const { return blocks_.size() >= mostBlocks; }
     PastedNode& block() { return *blocks_.back(); }
     void open(TextView tag);
     void openFrameOf(TextView tag);

@@ -85,9 +85,10 @@ std::error_code Snippets::change(TextView name, std::optional<TextView> text) {
     if (const std::error_code error = read(snippets)) {
         return error; // what cannot be read is not written over
     }
-    std::erase_if(snippets, [name](const Snippet& snippet) { return snippet.name == name; });
+    Text line = text::oneLine(name);
+    std::erase_if(snippets, [&line](const Snippet& snippet) { return snippet.name == line; });
     if (text) {
-        snippets.push_back({text::oneLine(name), Text(*text)});
+        snippets.push_back({std::move(line), Text(*text)});
     }
     Text file;
     for (const Snippet& snippet : snippets) {

@@ -149,6 +149,17 @@ TEST(PastedHtml, IsWellFormedWhateverComes) {
         deep += "<ul><li><b>";
     }
     EXPECT_LT(pasted(deep + "x").size(), 2000U);
+    // More elements than are counted: the ends of the items' paragraphs are not seen.
+    Text items;
+    for (int i = 0; i < 10'000; ++i) {
+        items += i < 300 ? "<b>" : "<p style='mso-list:l0 level9 lfo1'>x";
+    }
+    EXPECT_NE(pasted(items), "");
+    Text blanks;
+    for (int i = 0; i < 500'000; ++i) {
+        blanks += "\u00A0";
+    }
+    EXPECT_EQ(pasted("<h1>a</h1><p>" + blanks + "</p>"), "<h1>a</h1>");
 }
 
 TEST(PastedHtml, BringsNothingButPlainMarkUpOutOfDamagedClips) {
