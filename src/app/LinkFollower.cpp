@@ -91,14 +91,16 @@ void LinkFollower::finishTyping() {
     generate::followRenaming(project_, links);
 }
 
-bool LinkFollower::mayDelete() {
-    const auto links = generate::linksTo(project_, project_.currentIndex());
+bool LinkFollower::mayDelete(const model::Positions& topics) {
+    const auto links = generate::linksThatBreak(project_, topics);
+    const Text what = topics.size() == 1 ? "topic" : "topics";
     return links.empty()
-           || ui::Prompter::current().ask(
-                  &host_.window(),
-                  {countedLinks(links) + " will lead nowhere:\n" + named(links, project_.outline())
-                       + "\n\nDelete the topic all the same?",
-                   "Delete Topic", ui::Buttons::yesNo, ui::QuestionIcon::exclamation})
+           || ui::Prompter::current().ask(&host_.window(),
+                                          {countedLinks(links) + " will lead nowhere:\n"
+                                               + named(links, project_.outline())
+                                               + "\n\nDelete the " + what + " all the same?",
+                                           topics.size() == 1 ? "Delete Topic" : "Delete Topics",
+                                           ui::Buttons::yesNo, ui::QuestionIcon::exclamation})
                   == ui::Answer::yes;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/CommandHost.h"
+#include "model/BranchEditing.h"
 #include "model/Project.h"
 
 namespace app {
@@ -21,9 +22,9 @@ public:
     /// The project is another one.
     void forget() { position_ = 0; }
 
-    /// Names the links to the current topic's page, if there are any. False when the author would
-    /// rather keep the topic.
-    bool mayDelete();
+    /// Names the links that will lead nowhere without some topics, if there are any. False when the
+    /// author would rather keep the topics.
+    bool mayDelete(const model::Positions& topics);
 
 private:
     bool hasOldPage(int exceptFor) const;

@@ -179,7 +179,7 @@ void frmMain::mnuEditDelete_Click() {
     const ui::Answer answer = Prompter::current().ask(
         this, {"Delete the Topic '" + (title.empty() ? "<No Title>" : title) + "'?", "Delete Topic",
                ui::Buttons::yesNo, ui::QuestionIcon::question});
-    if (answer == ui::Answer::yes && links_.mayDelete()) {
+    if (answer == ui::Answer::yes && links_.mayDelete({project_.currentIndex()})) {
         removeTopics("Delete Topic", {project_.currentIndex()});
     }
 }

@@ -313,7 +313,7 @@ void frmMain::deleteAsked(TextView name, const Text& what, const model::Position
     const ui::Answer answer =
         Prompter::current().ask(this, {"Delete " + what + "?", "Delete Topics", ui::Buttons::yesNo,
                                        ui::QuestionIcon::question});
-    if (answer == ui::Answer::yes) {
+    if (answer == ui::Answer::yes && links_.mayDelete(positions)) {
         removeTopics(name, positions);
     }
 }

@@ -1,6 +1,8 @@
 #include "generate/PageRename.h"
 
 #include <algorithm>
+#include <functional>
+#include <optional>
 #include <set>
 
 #include "generate/PageAddress.h"
@@ -83,6 +85,14 @@ std::size_t pathLength(TextView value) {
     return at;
 }
 
+/// The path in an address that may be one of the project's; empty for any other.
+Text projectPath(TextView value) {
+    const Text address = plainAddress(value);
+    const bool isElsewhere = address.empty() || !protocolOf(address).empty()
+                             || slashes.find(address.front()) != TextView::npos;
+    return isElsewhere ? Text() : plainAddress(value.substr(0, pathLength(value)));
+}
+
 /// The way from a page to a place; both count from the page folder.
 Text pathBetween(TextView page, TextView place) {
     const Text from = text::plainPath(folderOf(page));
@@ -106,66 +116,68 @@ Text pathBetween(TextView page, TextView place) {
     return path + Text(rest);
 }
 
-class LinkFinder {
+/// What an address that stands in a text on a topic's page becomes; nothing when it stays.
+using Become = std::function<std::optional<Text>(int topic, TextView html, TextView value)>;
+
+void countLines(TextView html, std::span<PageLink> ordered) {
+    std::size_t line = 1;
+    std::size_t counted = 0;
+    for (PageLink& link : ordered) {
+        const TextView passed = html.substr(counted, link.start - counted);
+        line += static_cast<std::size_t>(std::count(passed.begin(), passed.end(), '\n'));
+        counted = link.start;
+        link.line = line;
+    }
+}
+
+void search(std::vector<PageLink>& links, int topic, PageLink::Text where, TextView html,
+            const Become& become) {
+    const auto first = static_cast<std::ptrdiff_t>(links.size());
+    text::HtmlReader reader(html);
+    while (reader.next()) {
+        for (const AddressPlace& place : addressPlaces()) {
+            const auto value =
+                reader.opens(place.tag) ? reader.attribute(place.attribute) : std::nullopt;
+            if (!value || value->empty()) {
+                continue;
+            }
+            auto renamed = become(topic, html, *value);
+            if (renamed && *renamed != *value) {
+                const auto start = static_cast<std::size_t>(value->data() - html.data());
+                links.push_back(
+                    {topic, where, start, value->size(), 1, Text(*value), std::move(*renamed)});
+            }
+        }
+    }
+    const std::span<PageLink> found(links.begin() + first, links.end());
+    std::sort(found.begin(), found.end(), // a tag may have its addresses in any order
+              [](const PageLink& a, const PageLink& b) { return a.start < b.start; });
+    countLines(html, found);
+}
+
+/// The addresses in all texts that become others, in the order of the topics.
+std::vector<PageLink> linksThatBecome(const model::TopicOutline& outline,
+                                      const model::ProjectOptions& options, const Become& become) {
+    std::vector<PageLink> links;
+    search(links, 0, PageLink::Text::copyright, options.copyrightText, become);
+    for (int position = 1; position <= outline.count(); ++position) {
+        search(links, position, PageLink::Text::body, outline.at(position).body, become);
+        if (position == 1) {
+            search(links, position, PageLink::Text::additionalCode, options.additionalText, become);
+        }
+    }
+    return links;
+}
+
+/// What addresses become when a page gets another name.
+class Renamer {
 public:
-    LinkFinder(const model::TopicOutline& outline, const PageRenaming& renaming)
+    Renamer(const model::TopicOutline& outline, const PageRenaming& renaming)
         : outline_(outline), renaming_(renaming), oldKey_(placeKey(renaming.oldName)),
           moves_(folderKey(renaming.oldName) != folderKey(renaming.newName)) {}
 
-    std::vector<PageLink> links;
-
-    void search(int topic, PageLink::Text where, TextView html) {
-        const auto first = static_cast<std::ptrdiff_t>(links.size());
-        text::HtmlReader reader(html);
-        while (reader.next()) {
-            for (const AddressPlace& place : addressPlaces()) {
-                const auto value =
-                    reader.opens(place.tag) ? reader.attribute(place.attribute) : std::nullopt;
-                if (!value || value->empty()) {
-                    continue;
-                }
-                auto renamed = renamedAddress(topic, html, *value);
-                if (renamed && *renamed != *value) {
-                    const auto start = static_cast<std::size_t>(value->data() - html.data());
-                    links.push_back(
-                        {topic, where, start, value->size(), 1, Text(*value), std::move(*renamed)});
-                }
-            }
-        }
-        const std::span<PageLink> found(links.begin() + first, links.end());
-        std::sort(found.begin(), found.end(), // a tag may have its addresses in any order
-                  [](const PageLink& a, const PageLink& b) { return a.start < b.start; });
-        countLines(html, found);
-    }
-
-private:
-    static void countLines(TextView html, std::span<PageLink> ordered) {
-        std::size_t line = 1;
-        std::size_t counted = 0;
-        for (PageLink& link : ordered) {
-            const TextView passed = html.substr(counted, link.start - counted);
-            line += static_cast<std::size_t>(std::count(passed.begin(), passed.end(), '\n'));
-            counted = link.start;
-            link.line = line;
-        }
-    }
-
-    Text pageOf(int topic, bool renamed) const {
-        if (topic == renaming_.position) {
-            return renamed ? renaming_.newName : renaming_.oldName;
-        }
-        return topic > 0 ? outline_.at(topic).fileName : Text();
-    }
-
-    /// What an address becomes; nothing when it stays.
-    std::optional<Text> renamedAddress(int topic, TextView html, TextView value) const {
-        const Text address = plainAddress(value);
-        if (address.empty() || !protocolOf(address).empty()
-            || slashes.find(address.front()) != TextView::npos) {
-            return {};
-        }
-        const std::size_t end = pathLength(value);
-        const Text path = plainAddress(value.substr(0, end));
+    std::optional<Text> operator()(int topic, TextView html, TextView value) const {
+        const Text path = projectPath(value);
         if (path.empty()) {
             return {};
         }
@@ -183,8 +195,17 @@ private:
         spelling.quote = around == '"' || around == '\'' ? around : '\0';
         // Without need, that is: then the author, or a program, writes them always.
         spelling.escapes = !isWritten && plainAddress(spelled(plain, spelling)) != path;
+        const std::size_t end = pathLength(value);
         const Text target = leadsHere ? renaming_.newName : targetOf(pathFromPage(before, plain));
         return newPath(topic, value.substr(0, end), target, spelling) + Text(value.substr(end));
+    }
+
+private:
+    Text pageOf(int topic, bool renamed) const {
+        if (topic == renaming_.position) {
+            return renamed ? renaming_.newName : renaming_.oldName;
+        }
+        return topic > 0 ? outline_.at(topic).fileName : Text();
     }
 
     /// A place that counts from the page folder.
@@ -243,26 +264,45 @@ Text withLinks(Text text, std::span<const PageLink> links) {
 std::vector<PageLink> linksToFollow(const model::TopicOutline& outline,
                                     const model::ProjectOptions& options,
                                     const PageRenaming& renaming) {
-    LinkFinder finder(outline, renaming);
-    finder.search(0, PageLink::Text::copyright, options.copyrightText);
-    for (int position = 1; position <= outline.count(); ++position) {
-        finder.search(position, PageLink::Text::body, outline.at(position).body);
-        if (position == 1) {
-            finder.search(position, PageLink::Text::additionalCode, options.additionalText);
-        }
-    }
-    return std::move(finder.links);
+    return linksThatBecome(outline, options, Renamer(outline, renaming));
 }
 
-std::vector<PageLink> linksTo(const model::Project& project, int position) {
-    const Text& name = project.outline().at(position).fileName;
-    if (!model::pageNameFault(name).empty()) {
+std::vector<PageLink> linksThatBreak(const model::Project& project,
+                                     std::span<const int> positions) {
+    const model::TopicOutline& outline = project.outline();
+    std::vector<bool> stays(static_cast<std::size_t>(outline.count()) + 1, true);
+    for (const int position : positions) {
+        stays[static_cast<std::size_t>(position)] = false;
+    }
+    const auto staysAt = [&stays](int topic) { return stays[static_cast<std::size_t>(topic)]; };
+    std::set<Text> gone;
+    for (const int position : positions) {
+        const Text& name = outline.at(position).fileName;
+        if (model::pageNameFault(name).empty()) {
+            gone.insert(placeKey(name));
+        }
+    }
+    for (int position = 1; position <= outline.count(); ++position) {
+        if (staysAt(position)) {
+            gone.erase(placeKey(outline.at(position).fileName));
+        }
+    }
+    if (gone.empty()) {
         return {};
     }
-    const Text another = name + "x"; // any other in the same folder
-    auto links = linksToFollow(project.outline(), project.options(), {position, name, another});
-    std::erase_if(links, [position](const PageLink& link) { return link.topic == position; });
-    return links;
+    return linksThatBecome(
+        outline, project.options(),
+        [&](int topic, TextView /*html*/, TextView value) -> std::optional<Text> {
+            const Text path = staysAt(topic) ? projectPath(value) : Text();
+            if (path.empty()) {
+                return {};
+            }
+            const Text page = topic > 0 ? outline.at(topic).fileName : Text();
+            const bool breaks =
+                gone.contains(placeKey(pathFromPage(page, path)))
+                || gone.contains(placeKey(pathFromPage(page, unescapedAddress(path))));
+            return breaks ? std::optional(Text()) : std::nullopt;
+        });
 }
 
 std::size_t topicsWith(std::span<const PageLink> links) {

@@ -36,8 +36,9 @@ std::vector<PageLink> linksToFollow(const model::TopicOutline& outline,
                                     const model::ProjectOptions& options,
                                     const PageRenaming& renaming);
 
-/// Those that lead to a topic's page from others' pages.
-std::vector<PageLink> linksTo(const model::Project& project, int position);
+/// Those that will lead nowhere when topics go: on the pages of others, to pages that no other
+/// topic has. They become nothing.
+std::vector<PageLink> linksThatBreak(const model::Project& project, std::span<const int> positions);
 
 /// On how many topics' pages they stand; those on all pages do not count.
 std::size_t topicsWith(std::span<const PageLink> links);

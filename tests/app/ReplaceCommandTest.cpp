@@ -224,3 +224,18 @@ TEST_F(ReplaceCommand, NamesLinksThatWillLeadNowhere) {
     press("Del");
     EXPECT_EQ(titles(), "B: C:");
 }
+
+TEST_F(ReplaceCommand, NamesLinksThatBreakWithABranch) {
+    load(test::outlineOf({test::topic(1, "A", "a.htm", "<a href='b.htm'>x</a>"),
+                          test::topic(2, "B", "b.htm", "<a href='a.htm'>x</a>"),
+                          test::topic(1, "C", "c.htm", "<a href='b.htm'>x</a>")}));
+    prompter.expect({"Delete the Topic 'A' and the Topic Below It?", "Delete Topics",
+                     Buttons::yesNo, QuestionIcon::question},
+                    Answer::yes);
+    prompter.expect({"1 link in 1 topic will lead nowhere:\n\nC, line 1: b.htm\n\nDelete the "
+                     "topics all the same?",
+                     "Delete Topics", Buttons::yesNo, QuestionIcon::exclamation},
+                    Answer::no);
+    window->mnuBranchDelete_Click();
+    EXPECT_EQ(titles(), "A: B: C:");
+}

@@ -114,8 +114,21 @@ TEST_F(PageRename, NamesWhatIsInTheWay) {
     EXPECT_NE(renamingFault(project, 1, "x/../b.htm"), "");
     EXPECT_NE(renamingFault(project, 1, "../c.htm"), "");
     EXPECT_NE(renamingFault(project, 1, "\u0416.htm"), "");
-    EXPECT_EQ(linksTo(project, 1).size(), 2U);
-    EXPECT_TRUE(linksTo(project, 2).empty());
-    project.setField(1, &model::Topic::body, "<a href='set up.htm'>");
-    EXPECT_EQ(linksTo(project, 1).size(), 2U) << "a link to itself goes with it";
+}
+
+TEST_F(PageRename, KnowsWhichLinksBreakWhenTopicsGo) {
+    load("<a href='set up.htm'><a href='set%20up.htm#a'><a href='http://x/set up.htm'>");
+    const auto broken = [this](std::vector<int> positions) {
+        return linksThatBreak(project, positions).size();
+    };
+    EXPECT_EQ(broken({1}), 2U);
+    EXPECT_EQ(broken({2}), 0U);
+    project.setField(1, &model::Topic::body, "<a href='set up.htm'><a href='b.htm'>");
+    EXPECT_EQ(broken({1}), 2U) << "a link to itself goes with it";
+    EXPECT_EQ(broken({2}), 1U);
+    EXPECT_EQ(broken({1, 2}), 0U) << "so do links between those that go";
+    project.insertTopic(3, test::topic(1, "", "c.htm", "<img src='b.htm'><a href='SET UP.HTM'>"));
+    EXPECT_EQ(broken({1, 2}), 2U);
+    project.setField(3, &model::Topic::fileName, "B.htm");
+    EXPECT_EQ(broken({1, 2}), 1U) << "another topic has that page";
 }
