@@ -28,10 +28,7 @@ FindBar::FindBar(ui::Container& container, ui::HtmlBox& body) : Panel(container)
     UI_ON(cmdReplace, Click);
     UI_ON(cmdReplaceAll, Click);
     UI_ON(cmdClose, Click);
-    pause_.Tick.connect([this] {
-        from_ = body_.selection().start;
-        look(false);
-    });
+    pause_.Tick.connect([this] { catchUp(); });
 }
 
 void FindBar::arrange() {
@@ -81,6 +78,13 @@ void FindBar::textChanged() {
     if (open_) {
         pause_.start(patience);
     }
+}
+
+/// The places are again those of the text as it is now.
+void FindBar::catchUp() {
+    pause_.stop();
+    from_ = body_.selection().start;
+    look(false);
 }
 
 void FindBar::findAll(const Text& text) {
@@ -140,6 +144,9 @@ void FindBar::showCount() {
 }
 
 void FindBar::go(int step) {
+    if (pause_.isRunning()) {
+        catchUp();
+    }
     if (places_.empty()) {
         ui::Prompter::current().beep();
         return;
@@ -198,6 +205,9 @@ std::vector<Text> FindBar::replacements(const Text& text) {
 
 /// The place that is selected, and goes on to the next; another one is selected first.
 void FindBar::cmdReplace_Click() {
+    if (pause_.isRunning()) {
+        catchUp();
+    }
     const ui::Selection now = body_.selection();
     const auto place =
         std::find_if(places_.begin(), places_.end(), [&now](const ui::TextMark& candidate) {

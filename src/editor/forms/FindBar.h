@@ -63,6 +63,7 @@ public:
 private:
     void arrange();
     void look(bool showFirst);
+    void catchUp();
     void findAll(const Text& text);
     void showCount();
     void select(std::size_t place);

@@ -141,6 +141,18 @@ TEST_F(WritingAidsInWindow, TheBarFindsAndReplacesInTheText) {
     EXPECT_EQ(doubledMnemonics(editor()), "");
 }
 
+TEST_F(WritingAidsInWindow, TheBarFindsInWhatHasJustBeenTyped) {
+    edit("\u00E4 one one");
+    press("Ctrl+F");
+    type("one");
+    editor().txtBody.setFocus();
+    editor().txtBody.select(0, 0);
+    type("xx ");
+    press("F3"); // before anybody has searched again
+    EXPECT_EQ(editor().txtBody.selection().start, 6U);
+    EXPECT_EQ(editor().txtBody.selectedText(), "one");
+}
+
 TEST_F(WritingAidsInWindow, KeepSnippetsAndLeadToTheNeighbours) {
     edit("\u00E4<b>x</b>");
     editor().txtBody.select(2, 8);
