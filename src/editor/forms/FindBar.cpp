@@ -235,7 +235,8 @@ void FindBar::cmdReplace_Click() {
 void FindBar::cmdReplaceAll_Click() {
     const Text text = body_.countedText();
     findAll(text);
-    const std::vector<Text> made = replacements(text);
+    // With a problem these are not all.
+    const std::vector<Text> made = problem_.empty() ? replacements(text) : std::vector<Text>();
     if (made.empty() || made.size() != places_.size()) {
         showCount();
         ui::Prompter::current().beep();

@@ -153,6 +153,18 @@ TEST_F(WritingAidsInWindow, TheBarFindsInWhatHasJustBeenTyped) {
     EXPECT_EQ(editor().txtBody.selectedText(), "one");
 }
 
+TEST_F(WritingAidsInWindow, TheBarReplacesAllOrNothing) {
+    const std::string text = "\u00E4x" + std::string(5000, 'a') + "!";
+    edit(text);
+    press("Ctrl+F");
+    click(editor().barFind.chkExpression);
+    editor().barFind.txtFind.setText("x|(a+)+$"); // needs too many steps behind the x
+    click(editor().barFind.cmdReplaceAll);
+    EXPECT_EQ(editor().txtBody.text(), text);
+    EXPECT_EQ(editor().barFind.lblCount.caption(), "Not possible");
+    EXPECT_EQ(prompter.takeBeeps(), 1);
+}
+
 TEST_F(WritingAidsInWindow, KeepSnippetsAndLeadToTheNeighbours) {
     edit("\u00E4<b>x</b>");
     editor().txtBody.select(2, 8);
