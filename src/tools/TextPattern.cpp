@@ -39,6 +39,11 @@ bool isLetterOrDigit(char c) {
            || (static_cast<unsigned char>(c) & 0x80U) != 0;
 }
 
+/// A place that is not the first.
+bool cutsLineBreak(TextView text, std::size_t place) {
+    return text.substr(place - 1, text::lineBreak.size()) == text::lineBreak;
+}
+
 /// The expression that matches just this.
 Text quoted(TextView text) {
     Text expression;
@@ -223,13 +228,20 @@ bool PatternSearch::matchFrom(std::size_t from, std::size_t last, bool notEmptyT
         ended_ = true;
         return false;
     }
+    const std::size_t least = std::exchange(end_, places[1]);
     start_ = places[0];
-    end_ = places[1];
     wasEmpty_ = start_ == end_;
+    if (!wasEmpty_) {
+        start_ -= start_ > least && cutsLineBreak(text_, start_) ? 1U : 0U;
+        end_ += cutsLineBreak(text_, end_) ? 1U : 0U;
+    }
     return true;
 }
 
 TextView PatternSearch::group(unsigned number) const {
+    if (number == 0) {
+        return text_.substr(start(), length());
+    }
     const PCRE2_SIZE* places = pcre2_get_ovector_pointer(pattern_.native_->data);
     if (number >= pcre2_get_ovector_count(pattern_.native_->data)) {
         return {};

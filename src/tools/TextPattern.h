@@ -50,7 +50,8 @@ private:
     std::unique_ptr<Native> native_;
 };
 
-/// Goes through a text from match to match. Matches do not overlap; they can be empty.
+/// Goes through a text from match to match. Matches do not overlap; they can be empty. One that
+/// begins or ends in the midst of a line break ("\n" of CR LF) has all of it.
 class PatternSearch {
 public:
     /// Whether a line begins before the text, or ends behind it, and whether the text is known to

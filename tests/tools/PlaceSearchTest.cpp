@@ -112,6 +112,8 @@ TEST_F(Replacing, ExpressionsSeeLinesAndCanBeEmpty) {
         lines.push_back(place.line);
     }
     EXPECT_EQ(lines, (std::vector<std::size_t>{1, 3, 4, 6})) << "whichever ends they have";
+    EXPECT_EQ(findInBody(body, {"\\s", expression}), "1b3+2 1b8+2 1b10+2");
+    EXPECT_EQ(replaced("\u00E4\r\nb", {"\\n", expression}, "<br>$0"), "\u00E4<br>\r\nb");
     EXPECT_EQ(replaced(body, {"^", expression}, "> "), "> one\r\n> two\r\n> \r\n> x");
     Text far(10000, '\xA9'); // beyond the places that are tried at once
     for (std::size_t i = 0; i < far.size(); i += 2) {
