@@ -5,14 +5,12 @@
 namespace editor {
 
 bool LiveDictionary::open(const tools::SpellingScope& scope) {
-    if (words_ && words_->languageTag != scope.languageTag) {
-        close();
-    }
-    if (!words_) {
+    if (languageTag_ != scope.languageTag) { // also where none was found: looking reads files
+        languageTag_ = scope.languageTag;
+        words_.reset();
         if (tools::ChosenDictionary chosen = tools::chosenDictionary(scope); chosen.fits) {
             words_.emplace(Words{std::move(chosen.dictionary),
-                                 tools::PersonalWords(tools::personalWordsFile(scope.settings)),
-                                 scope.languageTag});
+                                 tools::PersonalWords(tools::personalWordsFile(scope.settings))});
         }
     }
     return words_.has_value();

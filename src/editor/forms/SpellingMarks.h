@@ -13,14 +13,14 @@ namespace editor {
 using text::Text;
 
 /// The dictionary and the person's words for spelling while typing. They are read when they are
-/// first needed, and kept as long as the program runs.
+/// first needed, and kept until they are forgotten, or another language is asked for.
 class LiveDictionary {
 public:
     /// False when no dictionary fits the help's language: then every word would be unknown.
     bool open(const tools::SpellingScope& scope);
 
-    /// Another language may have been chosen, or words added.
-    void close() { words_.reset(); }
+    /// Another dictionary may have been chosen, or words added: open() reads anew.
+    void forget() { languageTag_.reset(); }
 
     tools::Dictionary& dictionary() { return *words_->dictionary; }
     tools::PersonalWords& personal() { return words_->personal; }
@@ -30,9 +30,9 @@ private:
     struct Words {
         std::unique_ptr<tools::Dictionary> dictionary;
         tools::PersonalWords personal;
-        std::string languageTag; ///< of the help
     };
-    std::optional<Words> words_;
+    std::optional<std::string> languageTag_; ///< of the help for which was looked last
+    std::optional<Words> words_;             ///< nothing where none fits
     std::set<std::string> ignored_;
 };
 

@@ -61,7 +61,7 @@ void WritingAids::caretMoved() {
 }
 
 void WritingAids::wordsChanged() {
-    parts_.words.close();
+    parts_.words.forget();
     spelling_.clear();
     textChanged();
 }
