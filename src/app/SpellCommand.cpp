@@ -8,9 +8,9 @@ namespace app {
 
 using tools::SpellChecker;
 
-SpellCommand::SpellCommand(CommandHost& host, model::Project& project, ui::Settings& settings,
-                           std::filesystem::path programFolder)
-    : host_(host), project_(project), settings_(settings),
+SpellCommand::SpellCommand(CommandHost& host, model::Project& project, TopicEditor& editor,
+                           ui::Settings& settings, std::filesystem::path programFolder)
+    : host_(host), project_(project), editor_(editor), settings_(settings),
       programFolder_(std::move(programFolder)) {}
 
 void SpellCommand::checkAll() {
@@ -24,6 +24,7 @@ void SpellCommand::checkAll() {
                                           project_.options().languageTag});
         const auto outcome =
             checker == nullptr ? SpellChecker::Outcome::failed : checkTopics(*checker);
+        editor_.forgetWords();
         tools::tellOutcome(window, outcome, checker.get());
     });
 }

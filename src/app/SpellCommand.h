@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "app/CommandHost.h"
+#include "app/TopicEditor.h"
 #include "model/Project.h"
 #include "tools/SpellChecker.h"
 #include "ui/Settings.h"
@@ -13,8 +14,8 @@ namespace app {
 class SpellCommand {
 public:
     /// Nothing is owned. Dictionaries are looked for in the folder, too.
-    SpellCommand(CommandHost& host, model::Project& project, ui::Settings& settings,
-                 std::filesystem::path programFolder);
+    SpellCommand(CommandHost& host, model::Project& project, TopicEditor& editor,
+                 ui::Settings& settings, std::filesystem::path programFolder);
 
     void checkAll();
 
@@ -24,6 +25,7 @@ private:
 
     CommandHost& host_;
     model::Project& project_;
+    TopicEditor& editor_;
     ui::Settings& settings_;
     std::filesystem::path programFolder_;
 };

@@ -42,6 +42,9 @@ public:
     /// A template may have been edited.
     void forgetTemplates() { memory_.templates.clear(); }
 
+    /// Words may have been added, or another dictionary chosen.
+    void forgetWords() { memory_.words.forget(); }
+
     ui::Event<> Edited;     ///< or closed, and what was not saved in it is not wanted
     ui::Event<> Changed;    ///< as Edited, for whoever shows the text
     ui::Event<> CaretMoved; ///< in the text

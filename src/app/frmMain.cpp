@@ -28,7 +28,7 @@ frmMain::frmMain(ui::Settings& settings, const fs::path& programFolder)
       compilation_(*this, project_, session_, settings, generation_, lastReport_),
       webSite_(*this, project_, session_, settings, generation_, lastReport_, programFolder),
       imports_(*this, project_, session_, settings, lastReport_),
-      spelling_(*this, project_, settings, programFolder) {
+      spelling_(*this, project_, editor_, settings, programFolder) {
     arrange();
     fillMenus();
     connectControls();

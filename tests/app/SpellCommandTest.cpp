@@ -114,6 +114,30 @@ TEST_F(SpellCommand, IgnoresAddsAndCancels) {
     EXPECT_EQ(test::bytesOf(folder / "personal words.txt"), "qick\n");
 }
 
+TEST_F(SpellCommand, TheEditorKnowsWhatWasAdded) {
+    auto outline = titled({"fox"});
+    outline.at(1).body = "caf\u00E9 qick foks";
+    load(std::move(outline));
+    const auto marked = [this] {
+        window->openTopicEditor(1);
+        const ui::HtmlBox& body = window->editor()->txtBody;
+        waitFor([&body] { return !body.marks(ui::MarkKind::misspelt).empty(); });
+        std::string words;
+        for (const ui::TextMark& mark : body.marks(ui::MarkKind::misspelt)) {
+            words += '[' + body.countedText().substr(mark.start, mark.length) + ']';
+        }
+        return words;
+    };
+    EXPECT_EQ(marked(), "[qick][foks]");
+    expectDone();
+    checkAll({[](dlgSpelling& dialog) {
+        EXPECT_EQ(context(dialog), "caf\u00E9 [qick] foks");
+        click(dialog.cmdAdd);
+        click(dialog.cmdIgnore);
+    }});
+    EXPECT_EQ(marked(), "[foks]");
+}
+
 TEST_F(SpellCommand, GoesOnInAnotherLanguage) {
     load(titled({"fox"}));
     settings->set("Spelling", "Language", "xx_LATIN");
