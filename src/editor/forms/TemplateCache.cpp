@@ -10,12 +10,13 @@ namespace editor {
 std::optional<text::Text> TemplateCache::text(text::TextView fileName,
                                               const text::CodePage& codePage) {
     const std::filesystem::path path = platform::fullPath(text::nativePath(fileName));
-    if (text_.empty() || path != path_) {
+    if (text_.empty() || path != path_ || codePage != codePage_) {
         text::Text read;
         if (text::readTextFile(path, codePage.number(), read)) {
             return {};
         }
         path_ = path;
+        codePage_ = codePage;
         text_ = codePage.withLetters(read);
     }
     return text_;

@@ -7,8 +7,8 @@
 
 namespace editor {
 
-/// The page template that new bodies start from. It is read once, and again when another file is
-/// asked for.
+/// The page template that new bodies start from. It is read once, and again when another file or
+/// code page is asked for.
 class TemplateCache {
 public:
     /// The whole file as it stands; nothing when there is no such file. A name without a folder is
@@ -19,6 +19,7 @@ public:
 
 private:
     std::filesystem::path path_;
+    text::CodePage codePage_; ///< in which it was read
     text::Text text_;
 };
 

@@ -83,12 +83,19 @@ TEST_F(frmEditBodyCommands, EmptyBodiesStartFromTheTemplate) {
     expectCloseQuestion(Answer::no);
     editor().close();
     settle();
-    std::filesystem::remove(folder / "page.txt"); // it was read once
+    options.languageTag = "ru-RU";
+    project().setOptions(options);
     openFirst();
-    EXPECT_EQ(editor().txtBody.text(), "<p>\u00E4\r\n");
+    EXPECT_EQ(editor().txtBody.text(), "<p>\u0434\r\n");
+    expectCloseQuestion(Answer::no);
+    editor().close();
+    settle();
+    std::filesystem::remove(folder / "page.txt"); // it was read once for each code page
+    openFirst();
+    EXPECT_EQ(editor().txtBody.text(), "<p>\u0434\r\n");
     expectCloseQuestion(Answer::yes);
     editor().close();
-    EXPECT_EQ(topic(1).body, "<p>\u00E4\r\n");
+    EXPECT_EQ(topic(1).body, "<p>\u0434\r\n");
 }
 
 TEST_F(frmEditBodyCommands, PicturesAndLinksComeFromTheProjectsFolders) {
