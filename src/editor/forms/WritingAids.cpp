@@ -1,5 +1,7 @@
 #include "editor/forms/WritingAids.h"
 
+#include <utility>
+
 #include "editor/TagStructure.h"
 
 namespace editor {
@@ -128,19 +130,21 @@ void WritingAids::closeTag() {
 
 /// Who types the end tag to its end does not want its letters twice. Words may begin like it, too.
 bool WritingAids::repeatsClosing(TextView letters) {
+    const Text due = std::exchange(closing_, {});
     const ui::CaretPlace now = parts_.body.caretPlace();
     const bool follows = now.line == closedAt_.line && now.column == closedAt_.column + 1;
-    const bool goesOn = !closing_.empty() && !letters.empty() && follows;
-    const std::size_t caret = parts_.body.selection().start;
-    if (goesOn && closing_.starts_with(letters)) {
-        closing_.erase(0, letters.size());
+    if (due.empty() || letters.empty() || !follows) {
+        return false;
+    }
+    const std::size_t caret = parts_.body.selection().start; // reads the whole text
+    if (due.starts_with(letters)) {
+        closing_ = due.substr(letters.size());
         repeated_ += letters;
         parts_.body.select(caret - letters.size(), letters.size());
         parts_.body.replaceSelection({});
         return true;
     }
-    closing_.clear();
-    if (goesOn && !repeated_.empty()) {
+    if (!repeated_.empty()) {
         parts_.body.select(caret - letters.size(), letters.size());
         parts_.body.replaceSelection(repeated_ + Text(letters));
     }
