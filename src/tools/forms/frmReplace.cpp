@@ -228,7 +228,7 @@ void frmReplace::searchTopic() {
     } else if (outcome == PlaceSearch::Outcome::tooComplex) {
         endSearch("The expression needs too many steps. " + found());
     } else {
-        lblState.setCaption("Searching topic " + std::to_string(nextTopic_) + " of "
+        lblState.setCaption("Searching topic " + std::to_string(topic) + " of "
                             + std::to_string(topics.count()) + ": " + found());
     }
 }
