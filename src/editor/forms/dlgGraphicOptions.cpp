@@ -57,17 +57,13 @@ void dlgGraphicOptions::fill() {
     chkHorizontal.setChecked(options.spacedHorizontally);
     txtHorizontal.setText(std::to_string(options.horizontalSpacing));
     enableFields();
-    selectAll(txtBorder);
+    txtBorder.selectAll();
 }
 
 void dlgGraphicOptions::enableFields() {
     cboAlignment.setEnabled(chkAlignment.checked());
     txtVertical.setEnabled(chkVertical.checked());
     txtHorizontal.setEnabled(chkHorizontal.checked());
-}
-
-void dlgGraphicOptions::selectAll(ui::TextBox& box) {
-    box.selectAll();
 }
 
 void dlgGraphicOptions::OKButton_Click() {

@@ -35,9 +35,9 @@ public:
     void chkAlignment_Click() { enableFields(); }
     void chkVertical_Click() { enableFields(); }
     void chkHorizontal_Click() { enableFields(); }
-    void txtBorder_GotFocus() { selectAll(txtBorder); }
-    void txtVertical_GotFocus() { selectAll(txtVertical); }
-    void txtHorizontal_GotFocus() { selectAll(txtHorizontal); }
+    void txtBorder_GotFocus() { txtBorder.selectAll(); }
+    void txtVertical_GotFocus() { txtVertical.selectAll(); }
+    void txtHorizontal_GotFocus() { txtHorizontal.selectAll(); }
     void OKButton_Click();
     void CancelButton_Click() { close(); }
 
@@ -45,7 +45,6 @@ private:
     void arrange();
     void fill();
     void enableFields();
-    static void selectAll(ui::TextBox& box);
 };
 
 } // namespace editor

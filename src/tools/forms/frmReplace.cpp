@@ -6,7 +6,6 @@
 #include "ui/HelpContext.h"
 #include "ui/Prompter.h"
 #include "ui/ShowHelp.h"
-#include "ui/WaitCursor.h"
 
 namespace tools {
 
