@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "editor/MarkUp.h"
 #include "editor/PictureFile.h"
 #include "editor/PreviewPage.h"
@@ -307,8 +309,8 @@ void frmEditBody::mnuTagWeblink_Click() {
 
 void frmEditBody::mnuSpellCheck_Click() {
     ui::TextBox* box = focusedTextBox();
-    if (box == nullptr) {
-        box = &txtBody;
+    if (const auto boxes = fields(); std::find(boxes.begin(), boxes.end(), box) == boxes.end()) {
+        box = &txtBody; // not what the find bar looks for
     }
     const bool whole = !box->hasSelection();
     if (whole) {
