@@ -84,13 +84,10 @@ std::unique_ptr<importer::HelpSource> HelpImportCommand::openPages() {
 }
 
 void HelpImportCommand::choose(std::unique_ptr<importer::HelpSource> source, ui::HelpContext help) {
-    const int current = project_.currentIndex();
-    const bool isTopic = current >= 1 && current <= project_.outline().count();
     dialog_ = std::make_unique<importer::frmHelpImport>(
         host_.window(), std::move(source),
         importer::frmHelpImport::Target{model::TopicOutline::maxTopics - project_.outline().count(),
-                                        isTopic ? current : 0,
-                                        isTopic ? project_.outline().at(current).title : Text()});
+                                        [this] { return std::max(project_.currentIndex(), 0); }});
     dialog_->setHelpContext(help);
     dialog_->Closed.connect([this] {
         ui::Window::discard(std::move(dialog_));
@@ -124,14 +121,10 @@ void HelpImportCommand::import(const importer::HelpImportChoice& choice) {
         if (!hasFolder()) {
             return;
         }
-        importer::HelpImportChoice checked = choice;
-        if (checked.under > project_.outline().count()) {
-            checked.under = 0; // the topic has gone meanwhile
-        }
         importer::HelpImportOutcome outcome;
         {
             const ui::WaitCursor busy;
-            outcome = importHelp(project_, dialog_->source(), dialog_->plan(), checked);
+            outcome = importHelp(project_, dialog_->source(), dialog_->plan(), choice);
         }
         const bool isHelp = dialog_->source().hasNavigation;
         dialog_->close();

@@ -68,8 +68,7 @@ frmHelpImport::frmHelpImport(ui::Window& owner, std::unique_ptr<HelpSource> sour
     if (!source_->parts.empty()) {
         chkCut.setEnabled(source_->parts.size() > source_->contents.size());
     }
-    chkUnder.setEnabled(target_.under > 0);
-    chkUnder.setToolTip(target_.underTitle);
+    chkUnder.setEnabled(target_.current() > 0);
     arrange();
     connectControls();
     lvTopics.setFocus();
@@ -190,7 +189,7 @@ void frmHelpImport::showCount() {
 }
 
 void frmHelpImport::cmdOK_Click() {
-    Chosen.raise({chkUnder.checked() ? target_.under : 0, chkRepeated.checked()});
+    Chosen.raise({chkUnder.checked() ? target_.current() : 0, chkRepeated.checked()});
 }
 
 void frmHelpImport::cmdHelp_Click() {

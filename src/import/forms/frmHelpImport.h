@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "import/HelpImport.h"
 #include "ui/Button.h"
 #include "ui/CheckBox.h"
@@ -36,9 +38,8 @@ class frmHelpImport : public ui::Window, private ui::PageSource {
 public:
     /// Where the topics may go.
     struct Target {
-        int room = 0;  ///< how many the project can take
-        int under = 0; ///< the current topic; 0 for none
-        text::Text underTitle = {};
+        int room = 0;                 ///< how many the project can take
+        std::function<int()> current; ///< the current topic when it is asked; 0 for none
     };
 
     frmHelpImport(ui::Window& owner, std::unique_ptr<HelpSource> source, Target target);
