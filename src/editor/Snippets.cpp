@@ -85,10 +85,10 @@ std::error_code Snippets::change(TextView name, std::optional<TextView> text) {
     if (const std::error_code error = read(snippets)) {
         return error; // what cannot be read is not written over
     }
-    Text line = text::oneLine(name);
-    std::erase_if(snippets, [&line](const Snippet& snippet) { return snippet.name == line; });
+    Text key = text::oneLine(name);
+    std::erase_if(snippets, [&key](const Snippet& snippet) { return snippet.name == key; });
     if (text) {
-        snippets.push_back({std::move(line), Text(*text)});
+        snippets.push_back({std::move(key), Text(*text)});
     }
     Text file;
     for (const Snippet& snippet : snippets) {
