@@ -79,7 +79,7 @@ typed() {
 }
 film_end() {
     rm "$scratch/film/one.png"
-    convert -delay 12 -loop 0 "$scratch/film/"*.png -resize 800x +dither -colors 48 +remap -layers Optimize \
+    convert -delay 12 -loop 0 "$scratch/film/"*.png -resize 800x +dither -colors 48 +remap -fuzz 3% -layers Optimize \
         "$pictures/$film_name.gif"
     rm -r "$scratch/film"
     step "$film_name.gif"
