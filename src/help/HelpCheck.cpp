@@ -14,17 +14,13 @@
 #include "text/Address.h"
 #include "text/CodePage.h"
 #include "text/ForeignText.h"
+#include "text/Path.h"
 #include "workshop/Encoding.h"
 #include "workshop/PageFacts.h"
 
 namespace help {
 
 namespace {
-
-bool isPage(const std::string& path) {
-    const std::string key = packedKey(path);
-    return key.ends_with(".htm") || key.ends_with(".html");
-}
 
 class Check {
 public:
@@ -76,7 +72,7 @@ private:
 
 void Check::readPages() {
     for (const std::string& path : book_.file().paths()) {
-        if (!isPage(path)) {
+        if (!text::isPageName(path)) {
             continue;
         }
         const std::string bytes = book_.file().read(path).value_or("");

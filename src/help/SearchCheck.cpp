@@ -7,6 +7,7 @@
 #include "help/TopicReader.h"
 #include "text/Address.h"
 #include "text/CodePage.h"
+#include "text/Path.h"
 #include "workshop/SearchWords.h"
 
 namespace help {
@@ -119,9 +120,8 @@ void Check::checkPages() {
     std::sort(found.begin(), found.end());
     workshop::SearchWords words(table_.codePage());
     for (const std::string& path : file_.paths()) {
-        const std::string key = packedKey(path);
-        if (!(key.ends_with(".htm") || key.ends_with(".html"))
-            || std::binary_search(found.begin(), found.end(), key)) {
+        if (!text::isPageName(path)
+            || std::binary_search(found.begin(), found.end(), packedKey(path))) {
             continue;
         }
         const HelpPage page = readHelpPage(file_.read(path).value_or(""), facts_.codePage);

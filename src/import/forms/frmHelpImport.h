@@ -38,8 +38,9 @@ class frmHelpImport : public ui::Window, private ui::PageSource {
 public:
     /// Where the topics may go.
     struct Target {
-        int room = 0;                 ///< how many the project can take
-        std::function<int()> current; ///< the current topic when it is asked; 0 for none
+        int room = 0; ///< how many the project can take
+        /// The current topic when it is asked; 0 for none.
+        std::function<int()> current = [] { return 0; };
     };
 
     frmHelpImport(ui::Window& owner, std::unique_ptr<HelpSource> source, Target target);
